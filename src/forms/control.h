@@ -1,0 +1,79 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "forms/color.h"
+#include "forms/property.h"
+
+namespace forms {
+
+class Control;
+class Form;
+
+// The keys that a rule may take; every other key is a character.
+enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown };
+
+// The one watcher of a control: its widget.
+class ControlObserver {
+ public:
+  virtual ~ControlObserver() = default;
+  virtual void ControlChanged(Control& control, Aspect aspect) = 0;
+};
+
+// What a person sees and touches, without a window. Properties are set by the rules and show at once; the slots
+// (`Enter`, `Leave`, `KeyDown`, those of the derived controls) are the rules' handlers; the `Do` members are what
+// a person does, called by views, the console and tests alike.
+class Control : public Observable {
+ public:
+  Property<bool> Visible{*this, true};
+  Property<bool> Enabled{*this, true};
+  Property<std::string> ToolTip{*this};
+  Property<std::optional<Color>> ForeColor{*this};
+  Property<std::optional<Color>> BackColor{*this};
+  std::string Tag;
+
+  // The panel that this control lies on: hidden or disabled with it.
+  Control* Container = nullptr;
+
+  std::function<void()> Enter;
+  std::function<void()> Leave;
+  // True when the rule used the key up.
+  std::function<bool(Key)> KeyDown;
+
+  // The name under which the form registered it: "Text1(3)", "DialogButtons1.OK".
+  const std::string& Name() const { return name_; }
+  Form* Owner() const { return form_; }
+
+  // Visible and enabled, and so is every panel that it lies on.
+  bool Shown() const;
+  bool Usable() const;
+
+  // True when the focus may rest on it.
+  virtual bool TakesFocus() const { return true; }
+
+  void SetFocus();
+  bool HasFocus() const;
+
+  // True when a rule, here or on the form, used the key up.
+  bool DoKey(Key key);
+
+  void Watch(ControlObserver* observer) { observer_ = observer; }
+  void Changed(Aspect aspect) override;
+
+ protected:
+  friend class Form;
+
+  static void Fire(const std::function<void()>& slot);
+
+  // Registers the parts of a composed control ("DialogButtons1.OK") with the form.
+  virtual void RegisterParts(Form& form);
+
+ private:
+  std::string name_;
+  Form* form_ = nullptr;
+  ControlObserver* observer_ = nullptr;
+};
+
+}  // namespace forms

@@ -1,0 +1,97 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+#include "forms/button.h"
+#include "forms/text.h"
+
+namespace forms {
+
+void Form::Add(const std::string& name, Control& control) {
+  control.name_ = name;
+  control.form_ = this;
+  controls_.push_back(&control);
+  control.RegisterParts(*this);
+}
+
+Control* Form::Find(std::string_view name) const {
+  const auto found = std::ranges::find_if(
+      controls_, [&](const Control* control) { return EqualsIgnoringCase(control->Name(), name); });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::Load() {
+  if (!loaded_) {
+    loaded_ = true;
+    OnLoad();
+  }
+}
+
+void Form::Close() {
+  if (closed_) {
+    return;
+  }
+  closed_ = true;
+  if (observer_ != nullptr) {
+    observer_->FormClosed();
+  }
+}
+
+void Form::SetFocus(Control& control) {
+  if (active_ == &control && !leaving_) {
+    return;
+  }
+  active_ = &control;
+  leaving_ = false;
+  Changed(Aspect::Focus);
+  Control::Fire(control.Enter);
+}
+
+bool Form::DoClose() {
+  if (!closed_ && QueryClose()) {
+    Close();
+  }
+  return closed_;
+}
+
+// While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
+bool Form::DoFocus(Control& control) {
+  if (active_ == &control) {
+    return true;
+  }
+  if (active_ != nullptr) {
+    leaving_ = true;
+    Control::Fire(active_->Leave);
+    const bool kept = !leaving_;
+    leaving_ = false;
+    if (kept || closed_) {
+      return active_ == &control;
+    }
+  }
+  if (!control.Usable() || !control.TakesFocus()) {
+    return false;
+  }
+  active_ = &control;
+  Changed(Aspect::Focus);
+  Control::Fire(control.Enter);
+  return active_ == &control;
+}
+
+bool Form::DoKey(Key key) {
+  if (OnKey(key)) {
+    return true;
+  }
+  if (key == Key::Esc && cancel_button_ != nullptr) {
+    cancel_button_->DoClick();
+    return true;
+  }
+  return false;
+}
+
+void Form::Changed(Aspect aspect) {
+  if (observer_ != nullptr) {
+    observer_->FormChanged(aspect);
+  }
+}
+
+}  // namespace forms

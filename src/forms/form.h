@@ -1,0 +1,95 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace forms {
+
+// The one watcher of a form: its window.
+class FormObserver {
+ public:
+  virtual ~FormObserver() = default;
+  virtual void FormChanged(Aspect aspect) = 0;
+  virtual void FormClosed() = 0;
+};
+
+// A screen without a window: its controls, known by name, its rules, and how it closes.
+//
+// Life: constructed by its caller, inputs set as members, shown through `User::Show`, which calls `Load` and returns
+// when the form is closed; the outcome is then read from its members.
+class Form : public Observable {
+ public:
+  Property<std::string> Caption{*this};
+
+  explicit Form(std::string name) : name_(std::move(name)) {}
+
+  // The class's name: "patScreen_SM".
+  const std::string& Name() const { return name_; }
+
+  // Makes a control known; reading order is the order of registration.
+  void Add(const std::string& name, Control& control);
+  template <typename T, std::size_t N>
+  void Add(const std::string& name, std::array<T, N>& controls) {
+    for (std::size_t i = 0; i < N; ++i) {
+      Add(name + "(" + std::to_string(i) + ")", controls[i]);
+    }
+  }
+  // Nullptr when no control has that name; case does not matter.
+  Control* Find(std::string_view name) const;
+  const std::vector<Control*>& Controls() const { return controls_; }
+  void SetCancelButton(class Button* button) { cancel_button_ = button; }
+
+  // A public property by its text, for callers that know the form by name alone.
+  struct NamedProperty {
+    std::function<std::string()> get;
+    std::function<void(const std::string&)> set;
+  };
+  std::map<std::string, NamedProperty, std::less<>> Properties;
+
+  void Load();
+  bool Loaded() const { return loaded_; }
+  bool Closed() const { return closed_; }
+  // Closes without asking.
+  void Close();
+
+  Control* ActiveControl() const { return active_; }
+  // By a rule: the focus goes there, and `Leave` of the control before it does not run.
+  void SetFocus(Control& control);
+
+  // The close box, or the cancel button's default: asks `QueryClose`. True when the form closed.
+  bool DoClose();
+  // Moves the focus as a person does: `Leave`, then `Enter`. False when a rule kept the focus elsewhere.
+  bool DoFocus(Control& control);
+  // Keys that no control used: F9 and the like for the form's own rules, Esc for the cancel button.
+  bool DoKey(Key key);
+  // Some of the work that waits until the person pauses; false when there is none left.
+  virtual bool DoIdle() { return false; }
+
+  void Watch(FormObserver* observer) { observer_ = observer; }
+  void Changed(Aspect aspect) override;
+
+ protected:
+  // Reads what the form shows; runs once, before the form is seen.
+  virtual void OnLoad() {}
+  // Whether the form may close: the place to ask about unsaved changes.
+  virtual bool QueryClose() { return true; }
+  virtual bool OnKey(Key /*key*/) { return false; }
+
+ private:
+  std::string name_;
+  std::vector<Control*> controls_;
+  class Button* cancel_button_ = nullptr;
+  Control* active_ = nullptr;
+  FormObserver* observer_ = nullptr;
+  bool loaded_ = false;
+  bool closed_ = false;
+  bool leaving_ = false;
+};
+
+}  // namespace forms

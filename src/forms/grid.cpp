@@ -1,0 +1,106 @@
+#include "forms/grid.h"
+
+#include <algorithm>
+
+namespace forms {
+
+std::string TableRows::Text(int row, int column) const {
+  const auto& cells = rows[static_cast<std::size_t>(row)].cells;
+  return static_cast<std::size_t>(column) < cells.size() ? cells[static_cast<std::size_t>(column)] : std::string();
+}
+
+int Grid::ColumnIndex(std::string_view caption) const {
+  const auto& columns = Columns.get();
+  auto found = std::ranges::find(columns, caption, &GridColumn::caption);
+  if (found == columns.end()) {
+    found = std::ranges::find(columns, caption, &GridColumn::key);
+  }
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
+
+std::vector<int> Grid::VisibleColumns() const {
+  std::vector<int> visible;
+  for (std::size_t i = 0; i < Columns->size(); ++i) {
+    if (Columns.get()[i].visible) {
+      visible.push_back(static_cast<int>(i));
+    }
+  }
+  return visible;
+}
+
+bool Grid::FetchMore() {
+  const bool more = Rows.get()->FetchMore();
+  if (more) {
+    Refresh();
+  }
+  return more;
+}
+
+void Grid::ClearFilters() {
+  auto columns = Columns.get();
+  for (GridColumn& column : columns) {
+    column.filter.clear();
+  }
+  Columns = std::move(columns);
+}
+
+bool Grid::DoRow(int row) {
+  if (!Usable() || row < 0 || row >= RowCount()) {
+    return false;
+  }
+  if (!(Row == row)) {
+    Row = row;
+    Fire(RowColChange);
+  }
+  return true;
+}
+
+bool Grid::DoOpenRow() {
+  if (!Usable() || Row < 0 || Row >= RowCount()) {
+    return false;
+  }
+  Fire(DblClick);
+  return true;
+}
+
+bool Grid::DoCell(int column, const std::string& text) {
+  if (!Usable() || Row < 0 || column < 0 || column >= static_cast<int>(Columns->size()) ||
+      !Columns.get()[static_cast<std::size_t>(column)].editable) {
+    return false;
+  }
+  if (CellEdited && !CellEdited(column, text)) {
+    return true;
+  }
+  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr) {
+    auto& cells = table->rows[static_cast<std::size_t>(Row.get())].cells;
+    cells.resize(std::max(cells.size(), static_cast<std::size_t>(column) + 1));
+    cells[static_cast<std::size_t>(column)] = text;
+  }
+  Refresh();
+  return true;
+}
+
+bool Grid::DoFilter(int column, std::string text) {
+  if (!Usable() || !FilterBar || column < 0 || column >= static_cast<int>(Columns->size())) {
+    return false;
+  }
+  auto columns = Columns.get();
+  columns[static_cast<std::size_t>(column)].filter = std::move(text);
+  Columns = std::move(columns);
+  Fire(FilterChanged);
+  return true;
+}
+
+bool Grid::DoSort(int column) {
+  if (!Usable() || column < 0 || column >= static_cast<int>(Columns->size())) {
+    return false;
+  }
+  SortDescending = SortColumn == column && !SortDescending;
+  SortColumn = column;
+  if (HeadClick) {
+    HeadClick(column);
+  }
+  return true;
+}
+
+}  // namespace forms

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace forms {
+
+// An entry of a list: its text, columns separated by tabs, and the number that the rules keep with it.
+struct ListItem {
+  std::string text;
+  std::int32_t data = 0;
+
+  friend bool operator==(const ListItem&, const ListItem&) = default;
+};
+
+// A list of entries of which one may be current.
+class ListBox : public Control {
+ public:
+  Property<std::vector<ListItem>> Items{*this, {}, Aspect::Items};
+  // -1 for none.
+  Property<int> ListIndex{*this, -1, Aspect::Value};
+
+  // A person made an entry current.
+  std::function<void()> Click;
+  std::function<void()> DblClick;
+
+  // Nullptr when no entry is current.
+  const ListItem* Current() const;
+  // -1 when no entry carries that number.
+  int IndexOfData(std::int32_t data) const;
+  void Clear();
+
+  // False when there is no such entry.
+  bool DoPick(int index);
+  void DoOpen() { Fire(DblClick); }
+};
+
+// A list that drops down from its box; the box may take typing.
+class ComboBox : public ListBox {
+ public:
+  Property<std::string> Text{*this, {}, Aspect::Value};
+  Property<bool> Editable{*this, false};
+
+  // A person typed into the box.
+  std::function<void()> Change;
+
+  void Changed(Aspect aspect) override;
+  void DoEdit(std::string text);
+};
+
+}  // namespace forms

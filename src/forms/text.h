@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace forms {
+
+// Bytes that are no UTF-8 become U+FFFD.
+std::u32string ToUtf32(std::string_view utf8);
+std::string ToUtf8(std::u32string_view text);
+
+std::size_t CharacterCount(std::string_view utf8);
+// The first `count` characters.
+std::string Left(std::string_view utf8, std::size_t count);
+
+// Without the blanks, tabs and line breaks at both ends.
+std::string_view Trim(std::string_view text);
+
+// Case mapping by Unicode's simple mappings as the C locale database knows them for Latin, Greek and Cyrillic.
+std::string ToUpper(std::string_view utf8);
+std::string ToLower(std::string_view utf8);
+// First letter of each word upper, the others lower.
+std::string ToProper(std::string_view utf8);
+
+bool EqualsIgnoringCase(std::string_view left, std::string_view right);
+
+}  // namespace forms

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "forms/control.h"
+
+namespace forms {
+
+// A field of text, UTF-8.
+class TextBox : public Control {
+ public:
+  Property<std::string> Text{*this, {}, Aspect::Value};
+  // In characters; 0 is unlimited. It bounds what is typed, never what the rules assign.
+  Property<int> MaxLength{*this, 0};
+  Property<bool> ReadOnly{*this, false};
+  // Shown in place of every character when not 0.
+  Property<char> PasswordChar{*this, '\0'};
+  Property<bool> MultiLine{*this, false};
+  // An entry mask: '#' a digit, 'A' a letter, '&' any character, everything else stands for itself and is put in
+  // as the person types past it.
+  Property<std::string> Mask{*this};
+
+  // Set whenever `Text` becomes different, by whomever; cleared by a record binding when the field equals the row.
+  bool DataChanged = false;
+
+  // A person changed the text.
+  std::function<void()> Change;
+  // A character about to be typed; the one to take in its place, or 0 to drop it.
+  std::function<char32_t(char32_t)> KeyPress;
+
+  // The character that the read-only state, the key filter and the mask's next place let through, or 0.
+  char32_t FilterKey(char32_t character, std::size_t position);
+
+  void DoType(std::string_view text);
+  void DoAppend(std::string_view text);
+  // The text as a widget holds it after the person edited it there with keys that passed the filter.
+  void DoEdit(std::string text);
+
+  void Changed(Aspect aspect) override;
+
+ private:
+  void TypeInto(std::u32string text, std::string_view typed);
+};
+
+// A `TextBox` whose text carries formats: HTML as the person and the rules see it.
+class RichTextBox : public TextBox {};
+
+}  // namespace forms

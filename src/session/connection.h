@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/value.h"
+
+namespace session {
+
+// The database refused a statement. The one root of its failures.
+class DatabaseError : public std::runtime_error {
+ public:
+  DatabaseError(const std::string& what, std::string statement, int code)
+      : std::runtime_error(what), statement_(std::move(statement)), code_(code) {}
+
+  const std::string& Statement() const { return statement_; }
+  // The engine's own number.
+  int Code() const { return code_; }
+
+ private:
+  std::string statement_;
+  int code_;
+};
+
+enum class FieldType { Integer, Double, Currency, Text, DateTime, Guid, Blob };
+
+struct Field {
+  std::string name;
+  FieldType type = FieldType::Text;
+  int defined_size = 0;  // characters of a text column; 0 is unlimited
+};
+
+// The rows of a statement, read forward. Rows are fetched as they are asked for. A recordset must not outlive its
+// connection.
+class Recordset {
+ public:
+  virtual ~Recordset() = default;
+
+  virtual const std::vector<Field>& Fields() const = 0;
+  virtual bool Eof() const = 0;
+  // Throws DatabaseError.
+  virtual void MoveNext() = 0;
+  // Of the current row.
+  virtual Value Get(std::size_t field) const = 0;
+
+  // By column name, without regard to case; throws DatabaseError for a column that is not there.
+  Value operator[](std::string_view name) const;
+  // -1 when there is no such column.
+  int FieldIndex(std::string_view name) const;
+  // At most `count` rows from the current one on; the recordset stands behind them.
+  std::vector<std::vector<Value>> GetRows(std::size_t count);
+};
+
+class Connection {
+ public:
+  virtual ~Connection() = default;
+
+  // Runs prepared statement text, several statements parted by ";" too; the rows are those of the last statement
+  // that has any. Throws DatabaseError.
+  virtual std::unique_ptr<Recordset> Execute(const std::string& sql) = 0;
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+  // Ends the statement that is running, from whichever thread; it throws DatabaseError where it ran.
+  virtual void Cancel() = 0;
+};
+
+// Rolls back at its end unless committed.
+class Transaction {
+ public:
+  explicit Transaction(Connection& connection);
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction();
+
+  void Commit();
+
+ private:
+  Connection& connection_;
+  bool open_ = true;
+};
+
+}  // namespace session
