@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entry/editing_screen.h"
+#include "entry/look_up_list.h"
+#include "forms/form.h"
+
+// The public classes by the names of their members, with values as text: how the console, the reference host and a
+// late-bound client reach them.
+namespace entry {
+
+struct IgnoringCase {
+  using is_transparent = void;
+  bool operator()(std::string_view left, std::string_view right) const;
+};
+
+// Truth values are "True" and "False"; "1", "-1", "on" and "true" are read as true.
+using Arguments = std::map<std::string, std::string, IgnoringCase>;
+
+struct Parameter {
+  std::string name;
+  bool by_reference = false;
+};
+
+struct Method {
+  std::string name;
+  std::vector<Parameter> parameters;
+  // By-reference arguments are changed in place, ones left out are added; gives the method's own value, empty for none.
+  std::function<std::string(Arguments&)> invoke;
+};
+
+struct Dispatch {
+  std::string class_name;
+  std::vector<Method> methods;  // in the order of declaration
+  std::map<std::string, forms::Form::NamedProperty, IgnoringCase> properties;
+
+  // Nullptr when there is no such method.
+  const Method* Find(std::string_view name) const;
+};
+
+// The members of an instance, which must outlive what is returned.
+Dispatch DispatchOf(EditingScreen& screen);
+Dispatch DispatchOf(LookUpList& list);
+
+}  // namespace entry

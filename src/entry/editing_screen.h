@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "entry/global_slots.h"
+#include "forms/user.h"
+#include "session/screens.h"
+
+namespace entry {
+
+// What a plan adjustment is worked out from, and its outcome.
+struct PlanAdjustment {
+  std::int32_t employer_id = 0;
+  std::int32_t carrier_id = 0;
+  std::int32_t group_id = 0;
+  std::string treatment_code;
+  forms::Currency office_fee;
+  forms::Currency allowed_fee;
+  forms::Currency plan_calculation_fee;
+  double coverage_percent = 0;
+  forms::Currency plan_payment;
+  forms::Currency provider_adjustment;
+  forms::Currency patient_portion;
+  bool allow_edit_payment = false;
+};
+
+// The editing screens' public class: every method opens one modal screen and returns when it closes. A record ID is
+// a number or "NEW"; the ID that comes back is the saved record's, and stays as given when nothing was saved. Every
+// method tells the person, and changes nothing, while `PV` is not assigned.
+class EditingScreen : public IGlobal {
+ public:
+  explicit EditingScreen(forms::User& user) : user_(user) {}
+
+  std::int32_t ExtraID = 0;
+  HostObject frmOwner;
+  HostObject StartForm;
+  // The login that a new employee is entered for; 0 for none.
+  std::int32_t NewEmployeePasswordID = 0;
+
+  bool Edit_AdjustPlan_Info(PlanAdjustment& adjustment);
+  bool Edit_PPO_Adjustment();
+  std::int32_t Select_Coverage(std::int32_t employer_id, bool must_select, std::int32_t hide_el_id);
+  bool Edit_Patient_Coverage(std::int32_t patient_id);
+  bool Location_Edit_Screen();
+  bool PatientLocation_Setup(std::int32_t patient_id);
+  bool LoginLocation_Setup(std::int32_t password_id);
+  void SetPrinter(const Printer& printer);
+  Printer GetPrinter() const;
+  void Show_InsPlan_Screen(std::int32_t employer_id, std::int32_t carrier_id, std::int32_t group_id,
+                           const std::string& title, std::int32_t help_id);
+  // Kept for the hosts that call it; does nothing.
+  void Employer_Start(std::string& tmp, std::string& patient_id, std::string& form_tag, std::string& subscriber_id,
+                      std::string& subscriber_el_id, session::EmployerStartTab start_tab);
+  void Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id);
+  void Recall_Master_Start(std::string& temporary_number, std::string& recall_id, bool& canceled, bool& data_saved);
+  void Ins_Company_Start(std::string& carrier_id);
+  void Pharmacy_Start(std::string& typed_id, std::string& pharmacy_id);
+  // `id` is "NEW", "EMERGENCY" or a patient's; `typed_name` is what was typed at the name prompt. `save_and_book`
+  // offers the choice on the way in and tells it on the way out.
+  void Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book);
+  // `id` comes back as the record's ID, "CANCEL_AND_CLOSE" or "ALREADY_OPEN".
+  void PaTable_Edit_Start(const std::string& person_type, std::string& id);
+  bool eReminder_PersonalSetup(std::int32_t patient_id);
+
+ private:
+  forms::User& user_;
+};
+
+}  // namespace entry

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/form.h"
+#include "session/screens.h"
+
+namespace entry {
+
+// The class names of every form that can be opened by name.
+std::vector<std::string> FormNames();
+
+// A new form of that class, its inputs at their defaults; nullptr when there is no such class. Case does not matter.
+std::unique_ptr<forms::Form> MakeForm(std::string_view name, const session::ScreenContext& context);
+
+// The screens as they reach one another, for a host that opens forms by name.
+std::unique_ptr<session::Screens> MakeScreens(session::Session& session, forms::User& user);
+
+}  // namespace entry

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "session/session.h"
+
+namespace entry {
+
+// An object of the host that the component only keeps and gives back.
+using HostObject = std::shared_ptr<void>;
+
+// The four objects that a host hands over, one slot each for the whole component: what is assigned through one
+// instance of either class is seen through every other. An empty pointer clears a slot.
+class IGlobal {
+ public:
+  virtual ~IGlobal() = default;
+
+  const HostObject& DAC() const;
+  void SetDAC(HostObject object);
+  const HostObject& GIC() const;
+  void SetGIC(HostObject object);
+  const HostObject& GC() const;
+  void SetGC(HostObject object);
+  const std::shared_ptr<session::Session>& PV() const;
+  void SetPV(std::shared_ptr<session::Session> session);
+};
+
+// The printer that the host passes in and out for the screens' printing.
+struct Printer {
+  std::string name;
+  std::string device_mode;
+  std::string device_names;
+
+  friend bool operator==(const Printer&, const Printer&) = default;
+};
+
+}  // namespace entry
