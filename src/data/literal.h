@@ -13,9 +13,6 @@ namespace data {
 
 // A text value: 'O''Brien'.
 std::string Literal(std::string_view text);
-inline std::string Literal(const char* text) {
-  return Literal(std::string_view(text));
-}
 std::string Literal(std::int32_t number);
 std::string Literal(forms::Currency amount);
 // #01/02/1980#
@@ -23,7 +20,7 @@ std::string Literal(forms::Date date);
 // #01/02/1980 14:05:00#
 std::string Literal(forms::DateTime time);
 // By what the value holds; null is "Null". A GUID is written as text.
-std::string Literal(const session::Value& value);
+std::string ValueLiteral(const session::Value& value);
 
 // A "Like" pattern for what begins with, or contains, the text; wildcards in the text stand for themselves.
 std::string LikeBeginning(std::string_view text);
