@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "practice/practice.h"
+
+namespace host {
+
+struct DemoOptions {
+  std::int32_t patients = 2000;  // in each office
+  std::uint64_t seed = 1;
+  PracticeOptions practice;
+};
+
+// Makes a practice as it might be after some years of work: families, providers, employees with logins, employers and
+// their plans, coverages, recalls, transactions. Rows follow from seed and size alone. "admin" with the password
+// "admin" is a supervisor, "front" with "front" works at the front desk and may not change provider or referral names.
+// Throws session::DatabaseError, also when there is a practice already.
+Practice MakeDemo(const std::string& url, const DemoOptions& options);
+
+}  // namespace host

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "practice/logins.h"
+#include "practice/practice.h"
+#include "practice/record_locks.h"
+#include "session/session.h"
+
+namespace host {
+
+// Where a session runs. The console gives it a standing clock and keeps what it would have started.
+struct Surroundings {
+  std::function<forms::DateTime()> clock;
+  std::string data_folder;
+  std::string program_folder;
+  std::function<bool(const std::string& command_line)> start_program;
+};
+// The machine's clock and programs.
+Surroundings ThisMachine(std::string data_folder, std::string program_folder);
+
+struct HandOff {
+  std::string id_column;
+  std::string table;
+  std::int32_t id = 0;
+};
+
+// What the host hands to the screens: a practice, seen from one office by one user.
+class HostSession : public session::Session {
+ public:
+  HostSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings);
+
+  // Hears of every record that was handed off.
+  std::function<void(const HandOff&)> OnHandOff;
+
+  Practice& OfPractice() { return practice_; }
+  // The host's own way into the office's tables; overrides in a derived class do not hear of it.
+  OfficeDatabase& Office() { return database_; }
+  LoginRights& User() { return user_; }
+  const std::string& CurrentPersonType() const { return person_type_; }
+
+  std::int32_t DatabaseKind() const override { return database_.DatabaseKind(); }
+  std::int32_t CurrentOfficeID() const override { return database_.CurrentOfficeID(); }
+  std::string PrepareSQL(const std::string& sql, int flag) const override { return database_.PrepareSQL(sql, flag); }
+  session::Connection& Connection() override { return database_.Connection(); }
+  bool KeepsRowGuids(std::string_view table) const override { return database_.KeepsRowGuids(table); }
+
+  std::string UserName() const override { return user_.Name(); }
+  bool HasRight(std::string_view keyword) const override { return user_.Has(keyword); }
+
+  std::string OfficeSetting(std::string_view section, std::string_view key) const override;
+  std::string UserOption(std::string_view section, std::string_view key) const override;
+  void SetUserOption(std::string_view section, std::string_view key, std::string_view value) override;
+
+  void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override;
+  void SetCurrentPersonType(std::string_view key) override { person_type_ = key; }
+  void Log(const session::LogEntry& entry) override;
+  bool HoldRecord(std::string_view table, std::int32_t id) override { return locks_.Hold(table, id); }
+  void ReleaseRecord(std::string_view table, std::int32_t id) override { locks_.Release(table, id); }
+  bool HeldByAnother(std::string_view table, std::int32_t id) const override { return locks_.HeldByAnother(table, id); }
+  session::AccountFigures AccountOf(std::int32_t person) const override;
+
+  forms::DateTime Now() const override { return surroundings_.clock(); }
+  std::string DataFolder() const override { return surroundings_.data_folder; }
+  std::string ProgramFolder() const override { return surroundings_.program_folder; }
+  bool StartProgram(const std::string& command_line) override { return surroundings_.start_program(command_line); }
+
+ private:
+  Practice& practice_;
+  mutable OfficeDatabase database_;
+  LoginRights user_;
+  Surroundings surroundings_;
+  RecordLocks locks_;
+  std::string person_type_;
+};
+
+}  // namespace host

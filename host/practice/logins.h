@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/session.h"
+
+namespace host {
+
+inline constexpr std::string_view kSupervisorRight = "TAVO-SUP-RIG";
+
+// A guarded action.
+struct Right {
+  std::string_view keyword;
+  std::string_view label;
+  bool front_desk = false;  // among the rights that a new employee is given
+};
+// Every right an office can give, in the order of the rights grid.
+std::span<const Right> RightsCatalogue();
+
+// Who sits at the keyboard. A supervisor has every right.
+class LoginRights {
+ public:
+  LoginRights() = default;
+  explicit LoginRights(std::string name, bool supervisor = false) : name_(std::move(name)) {
+    if (supervisor) Grant(kSupervisorRight);
+  }
+
+  const std::string& Name() const { return name_; }
+  bool Supervisor() const { return keywords_.contains(kSupervisorRight); }
+  // Keywords are compared without regard to case.
+  bool Has(std::string_view keyword) const { return Supervisor() || keywords_.contains(keyword); }
+  void Grant(std::string_view keyword) { keywords_.emplace(keyword); }
+  void Revoke(std::string_view keyword);
+
+ private:
+  struct IgnoringCase {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const;
+  };
+
+  std::string name_;
+  std::set<std::string, IgnoringCase> keywords_;
+};
+
+struct LoginResult {
+  std::int32_t login = 0;     // PWMID
+  std::int32_t person = 0;    // the employee's pID, 0 when the login stands for nobody
+  std::int32_t location = 0;  // the location it opens in
+  LoginRights rights;         // at that location
+};
+
+// How much work one guess at a password costs. Tests take the least.
+enum class HashCost { Interactive, Least };
+
+// At most 128 characters, salt and cost included.
+std::string HashPassword(std::string_view password, HashCost cost = HashCost::Interactive);
+bool PasswordMatches(std::string_view hash, std::string_view password);
+
+struct NewLogin {
+  std::string name;
+  std::string password_hash;
+  std::int32_t person = 0;
+  std::vector<std::int32_t> locations;  // the first is the primary one; rights are the same at all of them
+  std::vector<std::string> rights;
+};
+// The new PWMID.
+std::int32_t AddLogin(session::Database& database, const NewLogin& login);
+void SetPassword(session::Database& database, std::int32_t login, std::string_view hash);
+
+// Opens a session's login at a location, 0 for its primary one. Nothing when name and password do not belong
+// together or the location is not granted to the login.
+std::optional<LoginResult> LogIn(session::Database& database, std::string_view name, std::string_view password,
+                                 std::int32_t location = 0);
+
+}  // namespace host

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "practice/machine.h"
+#include "session/session.h"
+
+namespace host {
+
+// The records that one session holds against all others on its practice, of this process or another. What a dead
+// process held is free. Throws session::DatabaseError.
+class RecordLocks {
+ public:
+  RecordLocks(session::Database& database, std::string user, ProcessIdentity process = ThisProcess());
+  RecordLocks(const RecordLocks&) = delete;
+  RecordLocks& operator=(const RecordLocks&) = delete;
+  // Releases what is held.
+  ~RecordLocks();
+
+  // False when another session holds the record. Each hold needs its release. Tables are named without regard to case.
+  bool Hold(std::string_view table, std::int32_t id);
+  void Release(std::string_view table, std::int32_t id);
+  bool HeldByAnother(std::string_view table, std::int32_t id) const;
+
+ private:
+  using Key = std::pair<std::string, std::int32_t>;
+
+  session::Database& database_;
+  std::string user_;
+  ProcessIdentity process_;
+  std::int32_t session_;  // tells apart the sessions of one process
+  std::map<Key, int> held_;
+};
+
+}  // namespace host

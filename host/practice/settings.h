@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "session/session.h"
+
+namespace host {
+
+inline constexpr std::string_view kOfficeDefaults = "DEFAULT_OFFICE_SETUP";
+// The provider of a new patient; "OFF_PRA_PRO" is the practice's own.
+inline constexpr std::string_view kDefaultProvider = "OFF_DEF_PRO";
+
+// Sections and keys are compared without regard to case. An absent one is empty.
+std::string ReadOfficeSetting(session::Database& database, std::string_view section, std::string_view key);
+void WriteOfficeSetting(session::Database& database, std::string_view section, std::string_view key,
+                        std::string_view value);
+std::string ReadUserOption(session::Database& database, std::string_view user, std::string_view section,
+                           std::string_view key);
+void WriteUserOption(session::Database& database, std::string_view user, std::string_view section, std::string_view key,
+                     std::string_view value);
+
+}  // namespace host
