@@ -1,0 +1,173 @@
+#include "practice/machine.h"
+
+#include <ctime>
+#include <string_view>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <thread>
+#include <vector>
+#endif
+
+namespace host {
+
+#ifdef _WIN32
+
+namespace {
+
+// 0 when the process is not running.
+std::int64_t StartOf(HANDLE process) {
+  FILETIME created{}, exited{}, kernel{}, user{};
+  DWORD exit_code = 0;
+  if (!GetExitCodeProcess(process, &exit_code) || exit_code != STILL_ACTIVE ||
+      !GetProcessTimes(process, &created, &exited, &kernel, &user)) {
+    return 0;
+  }
+  return (static_cast<std::int64_t>(created.dwHighDateTime) << 32) | created.dwLowDateTime;
+}
+
+std::string MachineName() {
+  char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD size = sizeof name;
+  return GetComputerNameA(name, &size) ? std::string(name, size) : std::string();
+}
+
+}  // namespace
+
+ProcessIdentity ThisProcess() {
+  return {MachineName(), static_cast<std::int64_t>(GetCurrentProcessId()), StartOf(GetCurrentProcess())};
+}
+
+bool MayBeAlive(const ProcessIdentity& process) {
+  if (process.machine != MachineName()) {
+    return true;
+  }
+  const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
+  if (handle == nullptr) {
+    return false;
+  }
+  const bool alive = StartOf(handle) == process.started;
+  CloseHandle(handle);
+  return alive;
+}
+
+bool StartProcess(const std::string& command_line) {
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  std::string line = command_line;
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+    return false;
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return true;
+}
+
+#else
+
+namespace {
+
+// 0 when the process is not running.
+std::int64_t StartOf(std::int64_t number) {
+  std::ifstream file("/proc/" + std::to_string(number) + "/stat");
+  std::string line;
+  if (!std::getline(file, line)) {
+    return 0;
+  }
+  // The second field, the program's name, may hold anything; the third is the state, the 22nd the start.
+  std::istringstream rest(line.substr(line.rfind(')') + 1));
+  std::string field;
+  rest >> field;
+  if (field == "Z" || field == "X") {
+    return 0;
+  }
+  for (int position = 4; position < 22; ++position) {
+    rest >> field;
+  }
+  std::int64_t start = 0;
+  rest >> start;
+  return start;
+}
+
+std::string MachineName() {
+  std::array<char, 256> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 ? std::string(name.data()) : std::string();
+}
+
+std::vector<std::string> SplitWords(std::string_view line) {
+  std::vector<std::string> words;
+  bool in_word = false;
+  bool quoted = false;
+  for (const char c : line) {
+    if (c == ' ' && !quoted) {
+      in_word = false;
+      continue;
+    }
+    if (!in_word) {
+      words.emplace_back();
+      in_word = true;
+    }
+    if (c == '"') {
+      quoted = !quoted;
+    } else {
+      words.back() += c;
+    }
+  }
+  return words;
+}
+
+}  // namespace
+
+ProcessIdentity ThisProcess() {
+  const auto number = static_cast<std::int64_t>(getpid());
+  return {MachineName(), number, StartOf(number)};
+}
+
+bool MayBeAlive(const ProcessIdentity& process) {
+  return process.machine != MachineName() || StartOf(process.number) == process.started;
+}
+
+bool StartProcess(const std::string& command_line) {
+  auto words = SplitWords(command_line);
+  if (words.empty()) {
+    return false;
+  }
+  std::vector<char*> arguments;
+  for (auto& word : words) {
+    arguments.push_back(word.data());
+  }
+  arguments.push_back(nullptr);
+  pid_t child = 0;
+  if (posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0) {
+    return false;
+  }
+  std::thread([child] { waitpid(child, nullptr, 0); }).detach();
+  return true;
+}
+
+#endif
+
+forms::DateTime LocalNow() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  using namespace std::chrono;
+  const year_month_day day{year(local.tm_year + 1900), month(static_cast<unsigned>(local.tm_mon + 1)),
+                           std::chrono::day(static_cast<unsigned>(local.tm_mday))};
+  return forms::AtMidnight(day) + hours(local.tm_hour) + minutes(local.tm_min) + seconds(local.tm_sec);
+}
+
+}  // namespace host
