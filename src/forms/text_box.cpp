@@ -1,5 +1,7 @@
 #include "forms/text_box.h"
 
+#include <algorithm>
+
 #include "forms/text.h"
 
 namespace forms {
@@ -40,11 +42,45 @@ char32_t TextBox::FilterKey(char32_t character, std::size_t position) {
 }
 
 void TextBox::DoType(std::string_view text) {
-  TypeInto({}, text);
+  if (text.empty()) {
+    if (!ReadOnly) {
+      DoEdit({});
+    }
+    return;
+  }
+  TypeKeys(0, text);
 }
 
 void TextBox::DoAppend(std::string_view text) {
-  TypeInto(ToUtf32(Text.get()), text);
+  TypeKeys(CharacterCount(Text.get()), text);
+}
+
+std::optional<std::size_t> TextBox::DoTypeOver(std::size_t from, std::size_t to, std::string_view typed) {
+  std::u32string text = ToUtf32(Text.get());
+  to = std::min(to, text.size());
+  from = std::min(from, to);
+  const std::u32string behind = text.substr(to);
+  text.resize(from);
+  const auto limit = static_cast<std::size_t>(MaxLength.get());
+  const std::string& mask = Mask;
+  bool taken = false;
+  for (const char32_t wanted : ToUtf32(typed)) {
+    const char32_t character = FilterKey(wanted, text.size());
+    if (character == 0 || (limit != 0 && text.size() + behind.size() >= limit)) {
+      continue;
+    }
+    while (behind.empty() && text.size() < mask.size() && !IsPlace(mask[text.size()]) &&
+           static_cast<char32_t>(mask[text.size()]) != character) {
+      text.push_back(static_cast<char32_t>(mask[text.size()]));
+    }
+    text.push_back(character);
+    taken = true;
+  }
+  if (!taken) {
+    return std::nullopt;
+  }
+  DoEdit(ToUtf8(text + behind));
+  return text.size();
 }
 
 void TextBox::DoEdit(std::string text) {
@@ -62,25 +98,13 @@ void TextBox::Changed(Aspect aspect) {
   Control::Changed(aspect);
 }
 
-// The first character that passes the filter replaces what was there, as typing over a selection does.
-void TextBox::TypeInto(std::u32string text, std::string_view typed) {
-  if (typed.empty() && text.empty() && !ReadOnly) {
-    DoEdit({});
-    return;
-  }
-  const std::string& mask = Mask;
-  for (const char32_t wanted : ToUtf32(typed)) {
-    const char32_t character = FilterKey(wanted, text.size());
-    const auto limit = static_cast<std::size_t>(MaxLength.get());
-    if (character == 0 || (limit != 0 && text.size() >= limit)) {
-      continue;
+// Key by key: the first character that passes the filter replaces what stood there from `from` on.
+void TextBox::TypeKeys(std::size_t from, std::string_view text) {
+  std::size_t to = CharacterCount(Text.get());
+  for (const char32_t character : ToUtf32(text)) {
+    if (const auto caret = DoTypeOver(from, to, ToUtf8({&character, 1}))) {
+      from = to = *caret;
     }
-    while (text.size() < mask.size() && !IsPlace(mask[text.size()]) &&
-           static_cast<char32_t>(mask[text.size()]) != character) {
-      text.push_back(static_cast<char32_t>(mask[text.size()]));
-    }
-    text.push_back(character);
-    DoEdit(ToUtf8(text));
   }
 }
 

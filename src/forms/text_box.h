@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,15 +34,20 @@ class TextBox : public Control {
   // The character that the read-only state, the key filter and the mask's next place let through, or 0.
   char32_t FilterKey(char32_t character, std::size_t position);
 
+  bool TakesEnter() const override { return true; }
+
   void DoType(std::string_view text);
   void DoAppend(std::string_view text);
+  // Types over the characters from `from` up to `to`, as one edit. Where the caret stands then; nothing when no
+  // character was let through.
+  std::optional<std::size_t> DoTypeOver(std::size_t from, std::size_t to, std::string_view text);
   // The text as a widget holds it after the person edited it there with keys that passed the filter.
   void DoEdit(std::string text);
 
   void Changed(Aspect aspect) override;
 
  private:
-  void TypeInto(std::u32string text, std::string_view typed);
+  void TypeKeys(std::size_t from, std::string_view text);
 };
 
 // A `TextBox` whose text carries formats: HTML as the person and the rules see it.
