@@ -1,17 +1,11 @@
 #include "forms/button.h"
 
-#include "forms/form.h"
-
 namespace forms {
 
 void Button::DoClick() {
-  if (!Usable()) {
-    return;
+  if (DoFocus()) {
+    Fire(Click);
   }
-  if (TakesFocus() && Owner() != nullptr && !Owner()->DoFocus(*this)) {
-    return;
-  }
-  Fire(Click);
 }
 
 }  // namespace forms

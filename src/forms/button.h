@@ -16,6 +16,7 @@ class Button : public Control {
 
   std::function<void()> Click;
 
+  bool TakesEnter() const override { return true; }
   // Takes the focus first: a field that keeps the focus by its rule keeps the button from acting.
   void DoClick();
 };

@@ -1,17 +1,12 @@
 #include "forms/check_box.h"
 
-#include "forms/form.h"
-
 namespace forms {
 
 bool CheckBox::DoCheck(CheckState state) {
   if (state == CheckState::Mixed && !ThreeState) {
     return false;
   }
-  if (!Usable() || (Owner() != nullptr && !Owner()->DoFocus(*this))) {
-    return true;
-  }
-  if (!(Value == state)) {
+  if (DoFocus() && !(Value == state)) {
     Value = state;
     Fire(Click);
   }
@@ -24,15 +19,17 @@ void CheckBox::Changed(Aspect aspect) {
 }
 
 void OptionButton::DoChoose() {
-  if (!Usable() || (Owner() != nullptr && !Owner()->DoFocus(*this)) || Value) {
-    return;
-  }
-  if (group_ != nullptr) {
-    group_->Choose(*this);
-  } else {
+  if (DoFocus() && !Value) {
     Value = true;
+    Fire(Click);
   }
-  Fire(Click);
+}
+
+void OptionButton::Changed(Aspect aspect) {
+  if (aspect == Aspect::Value && Value && group_ != nullptr) {
+    group_->TurnOthersOff(*this);
+  }
+  Control::Changed(aspect);
 }
 
 OptionGroup::OptionGroup(std::initializer_list<OptionButton*> buttons) : buttons_(buttons) {
@@ -41,9 +38,11 @@ OptionGroup::OptionGroup(std::initializer_list<OptionButton*> buttons) : buttons
   }
 }
 
-void OptionGroup::Choose(OptionButton& button) {
+void OptionGroup::TurnOthersOff(const OptionButton& button) {
   for (OptionButton* other : buttons_) {
-    other->Value = other == &button;
+    if (other != &button) {
+      other->Value = false;
+    }
   }
 }
 

@@ -22,6 +22,7 @@ class CheckBox : public Control {
   // A person changed the state.
   std::function<void()> Click;
 
+  bool TakesEnter() const override { return true; }
   // False when the box has no such state for a person.
   bool DoCheck(CheckState state);
   void Changed(Aspect aspect) override;
@@ -35,7 +36,9 @@ class OptionButton : public Control {
 
   std::function<void()> Click;
 
+  bool TakesEnter() const override { return true; }
   void DoChoose();
+  void Changed(Aspect aspect) override;
 
  private:
   friend class OptionGroup;
@@ -46,12 +49,16 @@ class OptionButton : public Control {
 class OptionGroup {
  public:
   explicit OptionGroup(std::initializer_list<OptionButton*> buttons);
+  OptionGroup(const OptionGroup&) = delete;
+  OptionGroup& operator=(const OptionGroup&) = delete;
 
-  void Choose(OptionButton& button);
   // The position of the button that is on; -1 for none.
   int Chosen() const;
 
  private:
+  friend class OptionButton;
+  void TurnOthersOff(const OptionButton& button);
+
   std::vector<OptionButton*> buttons_;
 };
 

@@ -22,6 +22,10 @@ bool Control::HasFocus() const {
   return form_ != nullptr && form_->ActiveControl() == this;
 }
 
+bool Control::DoFocus() {
+  return Usable() && (!TakesFocus() || form_ == nullptr || form_->DoFocus(*this));
+}
+
 bool Control::DoKey(Key key) {
   if (KeyDown && KeyDown(key)) {
     return true;

@@ -52,10 +52,15 @@ class Control : public Observable {
 
   // True when the focus may rest on it.
   virtual bool TakesFocus() const { return true; }
+  // True when Enter there goes on to the next field or acts on the control itself, and not on the form's default
+  // button.
+  virtual bool TakesEnter() const { return false; }
 
   void SetFocus();
   bool HasFocus() const;
 
+  // A person comes to act on it: true when it is usable and the focus, where it takes any, is now here.
+  bool DoFocus();
   // True when a rule, here or on the form, used the key up.
   bool DoKey(Key key);
 

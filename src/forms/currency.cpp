@@ -13,10 +13,6 @@ namespace {
 
 constexpr std::size_t kDecimals = 4;
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool TakeFront(std::string_view& text, char wanted) {
   if (text.empty() || text.front() != wanted) {
     return false;

@@ -149,7 +149,7 @@ std::optional<DateTime> ParseIso(std::string_view text) {
     return std::nullopt;
   }
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (kShape[i] == '0' ? text[i] < '0' || text[i] > '9' : text[i] != kShape[i]) {
+    if (kShape[i] == '0' ? !IsDigit(text[i]) : text[i] != kShape[i]) {
       return std::nullopt;
     }
   }

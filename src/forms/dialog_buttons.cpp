@@ -19,6 +19,7 @@ void DialogButtons::RegisterParts(Form& form) {
   form.Add(Name() + ".Extra", Extra);
   form.Add(Name() + ".Cancel", Cancel);
   form.Add(Name() + ".Help", Help);
+  form.SetDefaultButton(&OK);
   form.SetCancelButton(&Cancel);
 }
 

@@ -59,17 +59,17 @@ bool Form::DoFocus(Control& control) {
   if (active_ == &control) {
     return true;
   }
+  if (!control.Usable() || !control.TakesFocus()) {
+    return false;
+  }
   if (active_ != nullptr) {
     leaving_ = true;
     Control::Fire(active_->Leave);
-    const bool kept = !leaving_;
+    const bool moved_by_rule = !leaving_;
     leaving_ = false;
-    if (kept || closed_) {
+    if (moved_by_rule || closed_ || !control.Usable()) {
       return active_ == &control;
     }
-  }
-  if (!control.Usable() || !control.TakesFocus()) {
-    return false;
   }
   active_ = &control;
   Changed(Aspect::Focus);
@@ -81,11 +81,16 @@ bool Form::DoKey(Key key) {
   if (OnKey(key)) {
     return true;
   }
-  if (key == Key::Esc && cancel_button_ != nullptr) {
-    cancel_button_->DoClick();
-    return true;
+  Button* pressed = nullptr;
+  if (key == Key::Esc) {
+    pressed = cancel_button_;
+  } else if (key == Key::Enter && (active_ == nullptr || !active_->TakesEnter())) {
+    pressed = default_button_;
   }
-  return false;
+  if (pressed != nullptr) {
+    pressed->DoClick();
+  }
+  return pressed != nullptr;
 }
 
 void Form::Changed(Aspect aspect) {

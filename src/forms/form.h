@@ -43,6 +43,8 @@ class Form : public Observable {
   // Nullptr when no control has that name; case does not matter.
   Control* Find(std::string_view name) const;
   const std::vector<Control*>& Controls() const { return controls_; }
+  // Pressed by Enter where the focus is on a control that has no use for it, and by Esc.
+  void SetDefaultButton(class Button* button) { default_button_ = button; }
   void SetCancelButton(class Button* button) { cancel_button_ = button; }
 
   // A public property by its text, for callers that know the form by name alone.
@@ -66,7 +68,7 @@ class Form : public Observable {
   bool DoClose();
   // Moves the focus as a person does: `Leave`, then `Enter`. False when a rule kept the focus elsewhere.
   bool DoFocus(Control& control);
-  // Keys that no control used: F9 and the like for the form's own rules, Esc for the cancel button.
+  // Keys that no control used: F9 and the like for the form's own rules, Enter and Esc for its buttons.
   bool DoKey(Key key);
   // Some of the work that waits until the person pauses; false when there is none left.
   virtual bool DoIdle() { return false; }
@@ -84,6 +86,7 @@ class Form : public Observable {
  private:
   std::string name_;
   std::vector<Control*> controls_;
+  class Button* default_button_ = nullptr;
   class Button* cancel_button_ = nullptr;
   Control* active_ = nullptr;
   FormObserver* observer_ = nullptr;

@@ -28,6 +28,18 @@ std::vector<int> Grid::VisibleColumns() const {
   return visible;
 }
 
+bool Grid::Offers(int column) const {
+  return column >= 0 && column < static_cast<int>(Columns->size()) && Column(column).visible;
+}
+
+bool Grid::Accepts(int column, const std::string& text) const {
+  const GridColumn& edited = Column(column);
+  if (edited.kind == GridColumn::Kind::Check) {
+    return text == "0" || text == "1";
+  }
+  return edited.kind != GridColumn::Kind::DropDown || std::ranges::find(edited.choices, text) != edited.choices.end();
+}
+
 bool Grid::FetchMore() {
   const bool more = Rows.get()->FetchMore();
   if (more) {
@@ -45,10 +57,10 @@ void Grid::ClearFilters() {
 }
 
 bool Grid::DoRow(int row) {
-  if (!Usable() || row < 0 || row >= RowCount()) {
+  if (row < 0 || row >= RowCount()) {
     return false;
   }
-  if (!(Row == row)) {
+  if (DoFocus() && !(Row == row)) {
     Row = row;
     Fire(RowColChange);
   }
@@ -56,22 +68,23 @@ bool Grid::DoRow(int row) {
 }
 
 bool Grid::DoOpenRow() {
-  if (!Usable() || Row < 0 || Row >= RowCount()) {
+  if (!HasRow()) {
     return false;
   }
-  Fire(DblClick);
+  if (DoFocus()) {
+    Fire(DblClick);
+  }
   return true;
 }
 
 bool Grid::DoCell(int column, const std::string& text) {
-  if (!Usable() || Row < 0 || column < 0 || column >= static_cast<int>(Columns->size()) ||
-      !Columns.get()[static_cast<std::size_t>(column)].editable) {
+  if (!HasRow() || !Offers(column) || !Column(column).editable || !Accepts(column, text)) {
     return false;
   }
-  if (CellEdited && !CellEdited(column, text)) {
+  if (!DoFocus() || (CellEdited && !CellEdited(column, text))) {
     return true;
   }
-  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr) {
+  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr && HasRow()) {
     auto& cells = table->rows[static_cast<std::size_t>(Row.get())].cells;
     cells.resize(std::max(cells.size(), static_cast<std::size_t>(column) + 1));
     cells[static_cast<std::size_t>(column)] = text;
@@ -81,19 +94,24 @@ bool Grid::DoCell(int column, const std::string& text) {
 }
 
 bool Grid::DoFilter(int column, std::string text) {
-  if (!Usable() || !FilterBar || column < 0 || column >= static_cast<int>(Columns->size())) {
+  if (!FilterBar || !Offers(column)) {
     return false;
   }
-  auto columns = Columns.get();
-  columns[static_cast<std::size_t>(column)].filter = std::move(text);
-  Columns = std::move(columns);
-  Fire(FilterChanged);
+  if (DoFocus() && Column(column).filter != text) {
+    auto columns = Columns.get();
+    columns[static_cast<std::size_t>(column)].filter = std::move(text);
+    Columns = std::move(columns);
+    Fire(FilterChanged);
+  }
   return true;
 }
 
 bool Grid::DoSort(int column) {
-  if (!Usable() || column < 0 || column >= static_cast<int>(Columns->size())) {
+  if (!Offers(column)) {
     return false;
+  }
+  if (!DoFocus()) {
+    return true;
   }
   SortDescending = SortColumn == column && !SortDescending;
   SortColumn = column;

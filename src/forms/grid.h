@@ -92,12 +92,18 @@ class Grid : public Control {
   bool FetchMore();
   void ClearFilters();
 
-  // The `Do` members are false when there is no such row, column or way to act on it.
+  // The `Do` members are false when a person sees no such row, column or choice there, or cannot edit the cell.
   bool DoRow(int row);
   bool DoOpenRow();
   bool DoCell(int column, const std::string& text);
   bool DoFilter(int column, std::string text);
   bool DoSort(int column);
+
+ private:
+  const GridColumn& Column(int column) const { return Columns.get()[static_cast<std::size_t>(column)]; }
+  bool HasRow() const { return Row >= 0 && Row < RowCount(); }
+  bool Offers(int column) const;
+  bool Accepts(int column, const std::string& text) const;
 };
 
 }  // namespace forms

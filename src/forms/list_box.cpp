@@ -6,7 +6,8 @@ namespace forms {
 
 const ListItem* ListBox::Current() const {
   const int index = ListIndex;
-  return index >= 0 && index < static_cast<int>(Items->size()) ? &Items.get()[static_cast<std::size_t>(index)] : nullptr;
+  return index >= 0 && index < static_cast<int>(Items->size()) ? &Items.get()[static_cast<std::size_t>(index)]
+                                                               : nullptr;
 }
 
 int ListBox::IndexOfData(std::int32_t data) const {
@@ -24,22 +25,32 @@ bool ListBox::DoPick(int index) {
   if (index < 0 || index >= static_cast<int>(Items->size())) {
     return false;
   }
-  ListIndex = index;
-  Fire(Click);
+  if (DoFocus()) {
+    ListIndex = index;
+    Fire(Click);
+  }
   return true;
+}
+
+void ListBox::DoOpen() {
+  if (Current() != nullptr && DoFocus()) {
+    Fire(DblClick);
+  }
 }
 
 void ComboBox::Changed(Aspect aspect) {
   const ListItem* current = Current();
-  if (aspect == Aspect::Value && current != nullptr && !(Text == current->text)) {
-    Text = current->text;  // tells the widget in its turn
-    return;
+  if (aspect == Aspect::Value && ListIndex != shown_index_) {
+    shown_index_ = ListIndex;
+    Text = current != nullptr ? current->text : std::string();
+  } else if (aspect == Aspect::Value && current != nullptr && !(Text == current->text)) {
+    shown_index_ = -1;
+    ListIndex = -1;
   }
   ListBox::Changed(aspect);
 }
 
 void ComboBox::DoEdit(std::string text) {
-  ListIndex = -1;
   if (!(Text == text)) {
     Text = std::move(text);
     Fire(Change);

@@ -36,10 +36,12 @@ class ListBox : public Control {
 
   // False when there is no such entry.
   bool DoPick(int index);
-  void DoOpen() { Fire(DblClick); }
+  // A double click on the current entry.
+  void DoOpen();
 };
 
-// A list that drops down from its box; the box may take typing.
+// A list that drops down from its box; the box may take typing. An entry made current gives the box its text, and
+// none an empty one; another text in the box leaves no entry current.
 class ComboBox : public ListBox {
  public:
   Property<std::string> Text{*this, {}, Aspect::Value};
@@ -48,8 +50,12 @@ class ComboBox : public ListBox {
   // A person typed into the box.
   std::function<void()> Change;
 
+  bool TakesEnter() const override { return true; }
   void Changed(Aspect aspect) override;
   void DoEdit(std::string text);
+
+ private:
+  int shown_index_ = -1;
 };
 
 }  // namespace forms

@@ -28,7 +28,7 @@ class TabStrip : public Control {
     if (index < 0 || index >= static_cast<int>(Tabs->size())) {
       return false;
     }
-    if (!(CurrTab == index)) {
+    if (DoFocus() && !(CurrTab == index)) {
       CurrTab = index;
       Fire(Switch);
     }
@@ -49,7 +49,7 @@ class Slider : public Control {
     if (value < Min || value > Max) {
       return false;
     }
-    if (!(Value == value)) {
+    if (DoFocus() && !(Value == value)) {
       Value = value;
       Fire(Change);
     }

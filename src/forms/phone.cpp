@@ -9,10 +9,6 @@ namespace {
 
 constexpr std::size_t kNumberLength = 10;
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool IsExtension(std::string_view text) {
   const std::size_t digits = text.find_first_of("0123456789");
   if (digits == std::string_view::npos || !std::ranges::all_of(text.substr(digits), IsDigit)) {

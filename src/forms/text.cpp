@@ -1,6 +1,7 @@
 #include "forms/text.h"
 
 #include <array>
+#include <cstdint>
 
 namespace forms {
 namespace {
@@ -26,34 +27,45 @@ bool IsScalar(char32_t c, std::size_t length) {
   return c >= kLeast.at(length) && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
 }
 
+// Capitals, every `step`-th of first to last, and how far behind each its small letter stands.
+struct CapitalRange {
+  char32_t first;
+  char32_t last;
+  std::int32_t distance;
+  char32_t step = 1;
+
+  bool Holds(char32_t c) const { return c >= first && c <= last && (c - first) % step == 0; }
+};
+
+char32_t Moved(char32_t c, std::int32_t distance) {
+  return static_cast<char32_t>(static_cast<std::int32_t>(c) + distance);
+}
+
+// Within a range a letter and its capital take the same number of bytes in UTF-8.
+constexpr auto kCapitals = std::to_array<CapitalRange>({
+    {U'A', U'Z', 32},       {0xC0, 0xD6, 32},     {0xD8, 0xDE, 32},     {0x100, 0x12E, 1, 2}, {0x132, 0x136, 1, 2},
+    {0x139, 0x147, 1, 2},   {0x14A, 0x176, 1, 2}, {0x178, 0x178, -121}, {0x179, 0x17D, 1, 2}, {0x218, 0x21A, 1, 2},
+    {0x386, 0x386, 38},     {0x388, 0x38A, 37},   {0x38C, 0x38C, 64},   {0x38E, 0x38F, 63},   {0x391, 0x3A1, 32},
+    {0x3A3, 0x3AB, 32},     {0x400, 0x40F, 80},   {0x410, 0x42F, 32},   {0x490, 0x492, 1, 2}, {0x1E00, 0x1E94, 1, 2},
+    {0x1EA0, 0x1EFE, 1, 2},
+});
+
 char32_t Upper(char32_t c) {
-  if ((c >= U'a' && c <= U'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7) || (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) ||
-      (c >= 0x430 && c <= 0x44F)) {
-    return c - 32;
+  for (const CapitalRange& range : kCapitals) {
+    if (const char32_t capital = Moved(c, -range.distance); range.Holds(capital)) {
+      return capital;
+    }
   }
-  if (c >= 0x450 && c <= 0x45F) {
-    return c - 80;
-  }
-  if (c == 0xFF) {
-    return 0x178;
-  }
-  const bool odd_is_lower = (c >= 0x100 && c <= 0x137 && c != 0x130 && c != 0x131) || (c >= 0x14A && c <= 0x177);
-  const bool even_is_lower = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-  return (odd_is_lower && c % 2 == 1) || (even_is_lower && c % 2 == 0) ? c - 1 : c;
+  return c;
 }
 
 char32_t Lower(char32_t c) {
-  if ((c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) ||
-      (c >= 0x410 && c <= 0x42F)) {
-    return c + 32;
+  for (const CapitalRange& range : kCapitals) {
+    if (range.Holds(c)) {
+      return Moved(c, range.distance);
+    }
   }
-  if (c >= 0x400 && c <= 0x40F) {
-    return c + 80;
-  }
-  if (c == 0x178) {
-    return 0xFF;
-  }
-  return c != Upper(c + 1) || c + 1 == Upper(c + 1) ? c : c + 1;
+  return c;
 }
 
 template <typename Map>
@@ -65,8 +77,8 @@ std::string Mapped(std::string_view utf8, Map map) {
   return ToUtf8(text);
 }
 
-bool IsLetterOrDigit(char32_t c) {
-  return (c >= U'0' && c <= U'9') || c == U'\'' || Upper(c) != c || Lower(c) != c || c > 0x17F;
+bool ContinuesWord(char32_t c) {
+  return c == U'\'' || (c >= U'0' && c <= U'9') || (Lower(c) >= U'a' && Lower(c) <= U'z') || c >= 0xC0;
 }
 
 }  // namespace
@@ -115,11 +127,7 @@ std::string ToUtf8(std::u32string_view text) {
 }
 
 std::size_t CharacterCount(std::string_view utf8) {
-  std::size_t count = 0;
-  for (const char c : utf8) {
-    count += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U ? 1 : 0;
-  }
-  return count;
+  return ToUtf32(utf8).size();
 }
 
 std::string Left(std::string_view utf8, std::size_t count) {
@@ -150,7 +158,7 @@ std::string ToProper(std::string_view utf8) {
   bool in_word = false;
   return Mapped(utf8, [&in_word](char32_t c) {
     const char32_t mapped = in_word ? Lower(c) : Upper(c);
-    in_word = IsLetterOrDigit(c);
+    in_word = ContinuesWord(c);
     return mapped;
   });
 }

@@ -10,6 +10,11 @@ namespace forms {
 std::u32string ToUtf32(std::string_view utf8);
 std::string ToUtf8(std::u32string_view text);
 
+// One of 0 to 9.
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 std::size_t CharacterCount(std::string_view utf8);
 // The first `count` characters.
 std::string Left(std::string_view utf8, std::size_t count);
@@ -17,10 +22,10 @@ std::string Left(std::string_view utf8, std::size_t count);
 // Without the blanks, tabs and line breaks at both ends.
 std::string_view Trim(std::string_view text);
 
-// Case mapping by Unicode's simple mappings as the C locale database knows them for Latin, Greek and Cyrillic.
+// Case of Latin, Greek and Cyrillic letters, one character for one, wherever the program runs; others stay.
 std::string ToUpper(std::string_view utf8);
 std::string ToLower(std::string_view utf8);
-// First letter of each word upper, the others lower.
+// First letter of each word upper, the others lower; an apostrophe stands within a word.
 std::string ToProper(std::string_view utf8);
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
