@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace host {
+
+// A batch of statements in the screens' dialect as SQLite reads it. Text literals ('...' and "...") and bracketed
+// names keep their content. What is no statement of the dialect is passed on, for the engine to refuse.
+//
+// Of the dialect: #dates#, "DELETE * FROM", "TOP n", "DISTINCTROW", TRUE and FALSE, "+" on text, "Like" with classes
+// ("[%]") and letters beyond ASCII without regard to case, "@@IDENTITY", the row-GUID insert, "UPDATE ... SET" of
+// qualified columns and with joins, "OUTER APPLY", "if not exists (...) create table", INFORMATION_SCHEMA's tables and
+// columns, database and owner prefixes.
+std::string PrepareSqlite(std::string_view statement);
+
+}  // namespace host

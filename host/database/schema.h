@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+// The tables of a practice database, as data. Engines make them from here; nothing else lists them.
+namespace host {
+
+enum class ColumnType { Int, SmallInt, Money, Real, Text, Memo, DateTime, Guid };
+
+struct Column {
+  std::string_view name;
+  ColumnType type = ColumnType::Int;
+  int size = 0;                    // characters of a Text column
+  std::string_view default_value;  // as a statement writes it; empty is null
+  int since = 1;                   // the schema version that brought it
+};
+
+struct Index {
+  std::string_view columns;  // "pLASNAM, pFIRNAM"
+  std::string_view where;    // the rows that stand in it; empty is all
+  bool unique = false;       // within an office
+  int since = 1;
+};
+
+// Every table also has `OfficeID`, and `UniqueID` where the practice keeps row GUIDs and `row_guid` is set. An insert
+// that leaves the key out is given the next one; keys are unique within an office and are never handed out twice.
+struct Table {
+  std::string_view name;
+  std::string_view key;
+  std::vector<Column> columns;  // the key is the first
+  std::vector<Index> indexes;
+  bool row_guid = false;
+  int since = 1;
+};
+
+// The version that a new database has.
+inline constexpr int kSchemaVersion = 2;
+
+const std::vector<Table>& PracticeTables();
+// By name without regard to case; null when there is none.
+const Table* FindTable(std::string_view name);
+// Whether a column of this name holds text. Column names mean the same in every table.
+bool IsTextColumn(std::string_view name);
+
+// Tables that only the host reads and writes:
+//
+// SchemaTable         one row: SchVersion, SchKind (database kind), SchOffice (office of rows that name none),
+//                     SchRowGuids (0 or 1)
+// IdentityTable       the last key handed out: TableName, LastID
+// OfficeSettingTable  OSID; OSSection, OSKey, OSValue
+// UserOptionTable     UOID; UOPWMID (the login), UOSection, UOKey, UOValue
+// PickListTable       PLID; PLKind ("SEXTITLE", "FEESCHED", "MEDALERT", "MEDSPEC", "BILTTL", "PROTITLE"), PLCode, PLDes
+// LogTable            LogID; LogKind ("CM", "CHANGE", "INS_LOG"), LogCat, LogPid, LogText, LogWho, LogDat
+// RecordLockTable     RLID; RLTable, RLRecID, RLWho, RLOwner (the process that holds it), RLDat
+// AccountTable        AccID; AccPid, AccBal, AccPlaBal, AccPla (0 none, 1 own, 2 family budget plan)
+//
+// `SchemaTable` and `IdentityTable` have no `OfficeID`.
+
+}  // namespace host

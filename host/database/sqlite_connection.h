@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "session/connection.h"
+
+namespace host {
+
+class SqliteFile;
+
+// A practice database in a SQLite file. Statements are SQLite's own (see PrepareSqlite).
+//
+// Values come by the declared type of their column: an int64 of an int, smallint or bit, Currency of money, text,
+// DateTime, Guid; of an expression by what it yields. Money is stored as a real and rounded to four decimals.
+// A moment is stored in the one form that sorts: "1980-01-02" at midnight, "1980-01-02 14:05:00" otherwise.
+//
+// A select outside a transaction reads through a handle of its own, so that a list that is half read neither holds
+// up a save nor shows the rows read after it as they were when it was opened.
+class SqliteConnection final : public session::Connection {
+ public:
+  // Makes the file when it is not there; ":memory:" is a database that lives as long as the connection. Throws
+  // session::DatabaseError.
+  explicit SqliteConnection(const std::string& path);
+  SqliteConnection(const SqliteConnection&) = delete;
+  SqliteConnection& operator=(const SqliteConnection&) = delete;
+  ~SqliteConnection() override;
+
+  std::unique_ptr<session::Recordset> Execute(const std::string& sql) override;
+  void BeginTrans() override;
+  void CommitTrans() override;
+  void RollbackTrans() override;
+  void Cancel() override;
+
+ private:
+  std::shared_ptr<SqliteFile> file_;
+};
+
+}  // namespace host
