@@ -23,8 +23,12 @@ struct PracticeDatabase {
   bool KeepsRowGuids(std::string_view table) const;
 };
 
-// Opens the database of a URL: "sqlite:PATH" ("sqlite::memory:" lives as long as it is open). A new one is made with
-// `options`, an older one brought up to date. Throws session::DatabaseError, for an engine that is not built in too.
-PracticeDatabase OpenDatabase(const std::string& url, const CreationOptions& options = {});
+// The database at a URL: "sqlite:PATH", or "sqlite::memory:", which lives as long as it is open. Both throw
+// session::DatabaseError, for an engine that is not built in too.
+//
+// Makes a new one; there must be none.
+PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options = {});
+// Opens an existing one and brings an older one up to date.
+PracticeDatabase OpenDatabase(const std::string& url);
 
 }  // namespace host

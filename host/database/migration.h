@@ -8,14 +8,17 @@ namespace host {
 // What a practice database is made with and keeps for good.
 struct CreationOptions {
   int kind = 1;            // the database kind that the session reports
-  int default_office = 1;  // the office of rows that are inserted without one
+  int office = 1;          // the office of rows that are inserted without one
+  int offices = 1;         // offices 1 to this are set up
   bool row_guids = false;  // link and master tables carry `UniqueID`
 };
 
-// Makes the tables in an empty database, or brings those of an older version up to `version`, in one transaction, and
-// returns what the database was made with (`options` when it is new). Throws session::DatabaseError when the database
-// is newer than this program or is no practice database.
-CreationOptions CreateOrMigrate(session::Connection& connection, const CreationOptions& options = {},
-                                int version = kSchemaVersion);
+// Makes the tables in an empty database, in one transaction. Throws session::DatabaseError, also when there is
+// something in the database already. `version` is for tests of what an older program has made.
+void CreateSchema(session::Connection& connection, const CreationOptions& options, int version = kSchemaVersion);
+
+// Brings the tables of an older version up to date, in one transaction, and returns what the database was made with.
+// Throws session::DatabaseError, also when the database is newer than this program or holds no practice.
+CreationOptions MigrateSchema(session::Connection& connection);
 
 }  // namespace host

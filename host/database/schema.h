@@ -17,9 +17,9 @@ struct Column {
 };
 
 struct Index {
-  std::string_view columns;  // "pLASNAM, pFIRNAM"
-  std::string_view where;    // the rows that stand in it; empty is all
-  bool unique = false;       // within an office
+  std::string_view columns;     // "pLASNAM, pFIRNAM"
+  std::string_view where = {};  // the rows that stand in it; empty is all
+  bool unique = false;          // within an office
   int since = 1;
 };
 
@@ -29,7 +29,7 @@ struct Table {
   std::string_view name;
   std::string_view key;
   std::vector<Column> columns;  // the key is the first
-  std::vector<Index> indexes;
+  std::vector<Index> indexes = {};
   bool row_guid = false;
   int since = 1;
 };
@@ -45,11 +45,11 @@ bool IsTextColumn(std::string_view name);
 
 // Tables that only the host reads and writes:
 //
-// SchemaTable         one row: SchVersion, SchKind (database kind), SchOffice (office of rows that name none),
+// SchemaTable         one row: SchVersion, and what the database was made with: SchKind, SchOffice, SchOffices,
 //                     SchRowGuids (0 or 1)
 // IdentityTable       the last key handed out: TableName, LastID
 // OfficeSettingTable  OSID; OSSection, OSKey, OSValue
-// UserOptionTable     UOID; UOPWMID (the login), UOSection, UOKey, UOValue
+// UserOptionTable     UOID; UOUseNam (the login name), UOSection, UOKey, UOValue
 // PickListTable       PLID; PLKind ("SEXTITLE", "FEESCHED", "MEDALERT", "MEDSPEC", "BILTTL", "PROTITLE"), PLCode, PLDes
 // LogTable            LogID; LogKind ("CM", "CHANGE", "INS_LOG"), LogCat, LogPid, LogText, LogWho, LogDat
 // RecordLockTable     RLID; RLTable, RLRecID, RLWho, RLOwner (the process that holds it), RLDat

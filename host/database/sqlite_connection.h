@@ -9,6 +9,8 @@ namespace host {
 
 class SqliteFile;
 
+enum class OpenMode { Existing, OrNew };
+
 // A practice database in a SQLite file. Statements are SQLite's own (see PrepareSqlite).
 //
 // Values come by the declared type of their column: an int64 of an int, smallint or bit, Currency of money, text,
@@ -19,9 +21,8 @@ class SqliteFile;
 // up a save nor shows the rows read after it as they were when it was opened.
 class SqliteConnection final : public session::Connection {
  public:
-  // Makes the file when it is not there; ":memory:" is a database that lives as long as the connection. Throws
-  // session::DatabaseError.
-  explicit SqliteConnection(const std::string& path);
+  // ":memory:" is a database that lives as long as the connection. Throws session::DatabaseError.
+  explicit SqliteConnection(const std::string& path, OpenMode mode = OpenMode::OrNew);
   SqliteConnection(const SqliteConnection&) = delete;
   SqliteConnection& operator=(const SqliteConnection&) = delete;
   ~SqliteConnection() override;
