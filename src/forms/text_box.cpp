@@ -42,17 +42,19 @@ char32_t TextBox::FilterKey(char32_t character, std::size_t position) {
 }
 
 void TextBox::DoType(std::string_view text) {
-  if (text.empty()) {
-    if (!ReadOnly) {
-      DoEdit({});
-    }
+  if (!DoFocus()) {
     return;
+  }
+  if (text.empty() && !ReadOnly) {
+    DoEdit({});
   }
   TypeKeys(0, text);
 }
 
 void TextBox::DoAppend(std::string_view text) {
-  TypeKeys(CharacterCount(Text.get()), text);
+  if (DoFocus()) {
+    TypeKeys(CharacterCount(Text.get()), text);
+  }
 }
 
 std::optional<std::size_t> TextBox::DoTypeOver(std::size_t from, std::size_t to, std::string_view typed) {
