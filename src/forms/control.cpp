@@ -12,6 +12,10 @@ bool Control::Usable() const {
   return Visible && Enabled && (Container == nullptr || Container->Usable());
 }
 
+bool Control::LiesOn(const Control& panel) const {
+  return Container != nullptr && (Container == &panel || Container->LiesOn(panel));
+}
+
 void Control::SetFocus() {
   if (form_ != nullptr) {
     form_->SetFocus(*this);

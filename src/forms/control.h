@@ -49,6 +49,7 @@ class Control : public Observable {
   // Visible and enabled, and so is every panel that it lies on.
   bool Shown() const;
   bool Usable() const;
+  bool LiesOn(const Control& panel) const;
 
   // True when the focus may rest on it.
   virtual bool TakesFocus() const { return true; }

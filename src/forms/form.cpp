@@ -41,10 +41,8 @@ void Form::SetFocus(Control& control) {
   if (active_ == &control && !leaving_) {
     return;
   }
-  active_ = &control;
   leaving_ = false;
-  Changed(Aspect::Focus);
-  Control::Fire(control.Enter);
+  Rest(control);
 }
 
 bool Form::DoClose() {
@@ -54,7 +52,6 @@ bool Form::DoClose() {
   return closed_;
 }
 
-// While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
 bool Form::DoFocus(Control& control) {
   if (active_ == &control) {
     return true;
@@ -62,19 +59,27 @@ bool Form::DoFocus(Control& control) {
   if (!control.Usable() || !control.TakesFocus()) {
     return false;
   }
-  if (active_ != nullptr) {
-    leaving_ = true;
-    Control::Fire(active_->Leave);
-    const bool moved_by_rule = !leaving_;
-    leaving_ = false;
-    if (moved_by_rule || closed_ || !control.Usable()) {
-      return active_ == &control;
-    }
+  if (!DoLeave() || closed_ || !control.Usable()) {
+    return active_ == &control;
   }
-  active_ = &control;
-  Changed(Aspect::Focus);
-  Control::Fire(control.Enter);
+  Rest(control);
   return active_ == &control;
+}
+
+// While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
+bool Form::DoLeave() {
+  if (active_ == nullptr) {
+    return true;
+  }
+  Control* const left = active_;
+  leaving_ = true;
+  Control::Fire(left->Leave);
+  const bool moved_by_rule = !leaving_;
+  leaving_ = false;
+  if (!moved_by_rule) {
+    active_ = nullptr;
+  }
+  return !moved_by_rule;
 }
 
 bool Form::DoKey(Key key) {
@@ -91,6 +96,13 @@ bool Form::DoKey(Key key) {
     pressed->DoClick();
   }
   return pressed != nullptr;
+}
+
+void Form::Rest(Control& control) {
+  active_ = &control;
+  Changed(Aspect::Focus);
+  OnFocus(control);
+  Control::Fire(control.Enter);
 }
 
 void Form::Changed(Aspect aspect) {

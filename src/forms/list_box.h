@@ -24,9 +24,11 @@ class ListBox : public Control {
   // -1 for none.
   Property<int> ListIndex{*this, -1, Aspect::Value};
 
-  // A person made an entry current.
+  // A person chose an entry.
   std::function<void()> Click;
   std::function<void()> DblClick;
+  // A character typed while the list has the focus; U+0008 is the backspace key.
+  std::function<void(char32_t)> KeyPress;
 
   // Nullptr when no entry is current.
   const ListItem* Current() const;
@@ -34,8 +36,10 @@ class ListBox : public Control {
   int IndexOfData(std::int32_t data) const;
   void Clear();
 
-  // False when there is no such entry.
+  // Chooses an entry, as a click does, or only makes it current, as the arrow keys do. False when there is no such
+  // entry.
   bool DoPick(int index);
+  bool DoHighlight(int index);
   // A double click on the current entry.
   void DoOpen();
 };

@@ -38,7 +38,7 @@ inline constexpr std::string_view kSkipListIfNew = "SKIP LIST IF NEW";
 
 // What a list is asked for, and what it answers.
 struct ListRequest {
-  std::string title;         // empty: the kind's default
+  std::string title;          // empty: the kind's default
   std::int32_t selected = 0;  // the record to start on
   bool allow_delete = true;
   bool multi_select = false;

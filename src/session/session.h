@@ -32,8 +32,8 @@ enum class LogKind {
 
 struct LogEntry {
   LogKind kind = LogKind::Comment;
-  std::string category;      // "LogEmp", "LogInsCo", "LogIP"; the kind of answer for "INS_LOG"
-  std::int32_t person = 0;   // whose comment log
+  std::string category;     // "LogEmp", "LogInsCo", "LogIP"; the kind of answer for "INS_LOG"
+  std::int32_t person = 0;  // whose comment log
   std::string text;
 };
 

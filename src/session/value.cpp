@@ -14,7 +14,8 @@ std::string ToText(double number) {
 }
 
 std::string DateText(forms::DateTime time) {
-  return time == forms::AtMidnight(forms::DateOf(time)) ? forms::FormatIso(forms::DateOf(time)) : forms::FormatIso(time);
+  return time == forms::AtMidnight(forms::DateOf(time)) ? forms::FormatIso(forms::DateOf(time))
+                                                        : forms::FormatIso(time);
 }
 
 struct TextOf {
@@ -25,9 +26,7 @@ struct TextOf {
   std::string operator()(const std::string& text) const { return text; }
   std::string operator()(forms::DateTime time) const { return DateText(time); }
   std::string operator()(const Guid& guid) const { return session::ToText(guid); }
-  std::string operator()(const Blob& blob) const {
-    return {reinterpret_cast<const char*>(blob.data()), blob.size()};
-  }
+  std::string operator()(const Blob& blob) const { return {reinterpret_cast<const char*>(blob.data()), blob.size()}; }
 };
 
 }  // namespace

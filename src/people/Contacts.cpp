@@ -1,0 +1,170 @@
+#include "people/Contacts.h"
+
+#include <algorithm>
+
+#include "data/literal.h"
+#include "forms/text.h"
+
+namespace people {
+namespace {
+
+constexpr std::string_view kFirstPhone = "Pho1";
+constexpr std::array<std::string_view, 6> kLabels = {"Phone", "Phone 2", "Fax", "Cell", "Pager", "E-Mail"};
+
+// The code as the columns are spelled; an unknown one becomes the first phone.
+std::string KnownCode(std::string_view code) {
+  const auto known =
+      std::ranges::find_if(kContactCodes, [&](std::string_view c) { return forms::EqualsIgnoringCase(c, code); });
+  return std::string(known == kContactCodes.end() ? kFirstPhone : *known);
+}
+
+std::string Column(Side side, std::string_view code) {
+  return std::string(Prefix(side)) + std::string(code);
+}
+
+// The column that mirrors the selected contact: "pHomPho".
+std::string VisibleColumn(Side side) {
+  return Column(side, "Pho");
+}
+
+}  // namespace
+
+std::string_view Prefix(Side side) {
+  return side == Side::Home ? "pHom" : "pBus";
+}
+
+std::string_view SideLabel(Side side) {
+  return side == Side::Home ? "Home " : "Work ";
+}
+
+std::string ContactLabel(std::string& code) {
+  const std::string upper = forms::ToUpper(code);
+  for (const Side side : kSides) {
+    for (std::size_t i = 0; i < kContactCodes.size(); ++i) {
+      if (upper == forms::ToUpper(Column(side, kContactCodes.at(i)))) {
+        return std::string(kLabels.at(i));
+      }
+    }
+  }
+  code = kFirstPhone;
+  return std::string(kLabels.front());
+}
+
+std::string NamePromptText(bool ids_allowed) {
+  std::string text = ids_allowed ? "Enter name or ID number below." : "Enter name below.";
+  text +=
+      "\rExample:"
+      "\r      John Smith  (First-Name Last-Name)"
+      "\ror Smith, John  (Last-Name, First-Name)";
+  return ids_allowed ? text + "\ror 3412  (ID for existing patient)" : text;
+}
+
+void Contacts::Read(std::int32_t person) {
+  const auto row = statements_.Select("SELECT * FROM PATable WHERE pID=" + data::Literal(person) +
+                                      statements_.Office(" AND (OfficeID = ", ")"));
+  sides_.clear();
+  for (const Side side : kSides) {
+    SideRow& contacts = sides_[side];
+    const auto text = [&](const std::string& column) {
+      return row->Eof() ? std::string() : session::ToText((*row)[column]);
+    };
+    const auto size = [&](const std::string& column) {
+      const int field = row->FieldIndex(column);
+      return field < 0 ? 0 : row->Fields()[static_cast<std::size_t>(field)].defined_size;
+    };
+    contacts.selected = text(Column(side, "Con"));
+    contacts.visible = text(VisibleColumn(side));
+    visible_sizes_[side] = size(VisibleColumn(side));
+    for (const std::string_view code : kContactCodes) {
+      contacts.values.emplace(code, text(Column(side, code)));
+      contacts.sizes.emplace(code, size(Column(side, code)));
+    }
+  }
+}
+
+void Contacts::Setup(std::int32_t person) {
+  Read(person);
+  for (const Side side : kSides) {
+    SideRow& contacts = sides_[side];
+    if (!contacts.selected.empty()) {
+      continue;
+    }
+    contacts.selected = kFirstPhone;
+    SetValue(side, kFirstPhone, Cut(side, kFirstPhone, contacts.visible));
+    const std::string prefix(Prefix(side));
+    statements_.Execute("UPDATE PATable SET " + prefix + "Con='" + contacts.selected + "', " + prefix +
+                        "Pho1=" + data::Literal(Value(side, kFirstPhone)) + Where(person));
+  }
+}
+
+std::string Contacts::SideCaption(Side side) const {
+  std::string code = Column(side, Selected(side));
+  return std::string(SideLabel(side)) + ContactLabel(code);
+}
+
+const std::string& Contacts::Value(Side side, std::string_view code) const {
+  return sides_.at(side).values.find(KnownCode(code))->second;
+}
+
+int Contacts::DefinedSize(Side side, std::string_view code) const {
+  return sides_.at(side).sizes.find(KnownCode(code))->second;
+}
+
+void Contacts::Select(Side side, std::string_view code) {
+  sides_[side].selected = KnownCode(code);
+}
+
+void Contacts::SetValue(Side side, std::string_view code, std::string value) {
+  sides_[side].values.find(KnownCode(code))->second = std::move(value);
+}
+
+void Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visible) {
+  const auto row = statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" +
+                                      data::Literal(person) + statements_.Office());
+  for (const Side side : kSides) {
+    SideRow& contacts = sides_[side];
+    contacts.selected = KnownCode(contacts.selected);
+    if (!row->Eof()) {
+      if (const std::string stored = session::ToText((*row)[Column(side, "Con")]); !stored.empty()) {
+        contacts.selected = KnownCode(stored);
+      }
+    }
+    const std::string& code = contacts.selected;
+    SetValue(side, code, Cut(side, code, visible.at(side)));
+    statements_.Execute("UPDATE PATABLE SET " + std::string(Prefix(side)) + "Con='" + code + "', " +
+                        Column(side, code) + "=" + data::Literal(Value(side, code)) + Where(person));
+  }
+  SaveVisible(person);
+}
+
+void Contacts::SaveAll(std::int32_t person) {
+  for (const Side side : kSides) {
+    std::string set = std::string(Prefix(side)) + "Con='" + KnownCode(Selected(side)) + "'";
+    for (const std::string_view code : kContactCodes) {
+      set += ", " + Column(side, code) + "=" + data::Literal(Cut(side, code, Value(side, code)));
+    }
+    statements_.Execute("UPDATE PATABLE SET " + set + Where(person));
+  }
+  SaveVisible(person);
+}
+
+std::string Contacts::Cut(Side side, std::string_view code, std::string_view value) const {
+  const int size = DefinedSize(side, code);
+  return size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : std::string(value);
+}
+
+std::string Contacts::Where(std::int32_t person) const {
+  return " WHERE pID=" + data::Literal(person) + statements_.Office(" AND (OfficeID = ", ")");
+}
+
+void Contacts::SaveVisible(std::int32_t person) {
+  const auto visible = [this](Side side) {
+    const std::string& value = Value(side, Selected(side));
+    const int size = visible_sizes_.at(side);
+    return data::Literal(size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : value);
+  };
+  statements_.Execute("UPDATE PATABLE SET pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work) +
+                      " WHERE (pID=" + data::Literal(person) + ")" + statements_.Office());
+}
+
+}  // namespace people

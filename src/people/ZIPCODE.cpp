@@ -1,0 +1,305 @@
+#include "people/ZIPCODE.h"
+
+#include "data/attempt.h"
+#include "data/literal.h"
+#include "forms/text.h"
+
+namespace people {
+namespace {
+
+constexpr std::string_view kTitle = "City State, Zip Code";
+constexpr std::string_view kStop = "STOP";
+constexpr std::string_view kZipCharacters = "0123456789-";
+
+void CutTrailingComma(std::string& city) {
+  if (city.ends_with(',')) {
+    city.pop_back();
+  }
+  city = forms::Trim(city);
+}
+
+Place SplitUs(std::string_view text) {
+  const std::size_t blank = text.rfind(' ');
+  if (blank == std::string_view::npos) {
+    return {.city = std::string(text)};
+  }
+  Place place{.city = std::string(forms::Trim(text.substr(0, blank)))};
+  const std::string_view candidate = forms::Trim(text.substr(blank));
+  if (const std::size_t first = candidate.find_first_of(kZipCharacters); first != std::string_view::npos) {
+    const std::size_t end = candidate.find_first_not_of(kZipCharacters, first);
+    place.zip = candidate.substr(first, end == std::string_view::npos ? end : end - first);
+  }
+  std::string& city = place.city;
+  if (candidate == place.zip && city.size() > 4 && city[city.size() - 3] == ' ') {
+    place.state = city.substr(city.size() - 2);
+    city.erase(city.size() - 3);
+  }
+  return place;
+}
+
+Place SplitNonUs(std::string_view text) {
+  const std::size_t blank = text.rfind(' ');
+  Place place{.city = std::string(text)};
+  if (blank != std::string_view::npos && forms::CharacterCount(text.substr(blank + 1)) == 2) {
+    place.state = forms::ToUpper(forms::Trim(text.substr(blank + 1)));
+    place.city = forms::Trim(text.substr(0, blank));
+  }
+  place.city = forms::ToProper(place.city);
+  return place;
+}
+
+}  // namespace
+
+Place SplitPlace(std::string_view text, bool non_us) {
+  text = forms::Trim(text);
+  if (text.empty()) {
+    return {};
+  }
+  Place place = non_us ? SplitNonUs(text) : SplitUs(text);
+  CutTrailingComma(place.city);
+  return place;
+}
+
+void ZIPCODE::Attach(forms::Form& form, const Boxes& boxes) {
+  boxes_.emplace(boxes);
+  form.Add("ZipCode_Panel", ZipCode_Panel);
+  form.Add("ZIPCode_Combo", ZIPCode_Combo);
+  form.Add("ZipCode_Cmd_Panel", ZipCode_Cmd_Panel);
+  form.Add("ZipCode_Cmd", ZipCode_Cmd);
+  ZipCode_Panel.Visible = false;
+  ZIPCode_Combo.Container = &ZipCode_Panel;
+  ZipCode_Cmd_Panel.Container = &ZipCode_Panel;
+  for (forms::Button& button : ZipCode_Cmd) {
+    button.Container = &ZipCode_Cmd_Panel;
+  }
+  ZipCode_Cmd[kAdd].Caption = "&Add";
+  ZipCode_Cmd[kEdit].Caption = "&Edit";
+  ZipCode_Cmd[kDelete].Caption = "&Delete";
+  ZipCode_Cmd[kAdd].ToolTip = "Add the city, state and ZIP on the screen to the list";
+  ZipCode_Cmd[kAdd].Click = [this] { Add(); };
+  ZipCode_Cmd[kEdit].Click = [this] { Edit(); };
+  ZipCode_Cmd[kDelete].Click = [this] { Delete(); };
+  ZIPCode_Combo.Click = [this] { Pick(); };
+  ZIPCode_Combo.KeyDown = [this](forms::Key key) { return OnListKey(key); };
+  ZIPCode_Combo.KeyPress = [this](char32_t character) { OnListCharacter(character); };
+}
+
+std::optional<std::int32_t> ZIPCODE::Find(const Place& place) const {
+  const auto id =
+      statements_.SelectValue("SELECT ZipCodID FROM ZipCodTable WHERE (ZipCodCit=" + data::Literal(place.city) +
+                              ") AND (ZipCodSta=" + data::Literal(place.state) +
+                              ") AND (ZipCodZip=" + data::Literal(place.zip) + ")" + statements_.Office() + ";");
+  return session::IsNull(id) ? std::nullopt : std::optional(session::ToId(id));
+}
+
+void ZIPCODE::Show(Opener opener) {
+  opener_ = opener;
+  ZipCode_Panel.Tag = opener == Opener::City ? "CITY" : "";
+  ZipCode_Panel.Visible = true;
+  Fill(OpenerBox().Text.get());
+  ZIPCode_Combo.SetFocus();
+}
+
+void ZIPCODE::Fill(std::string_view typed) {
+  if (ZIPCode_Combo.Tag.starts_with(kStop) || ZIPCode_Combo.Tag.ends_with(kStop)) {
+    return;
+  }
+  const std::string tag = ZIPCode_Combo.Tag;
+  ZIPCode_Combo.Tag += kStop;
+  const bool city = opener_ == Opener::City;
+  const std::string column = city ? "ZipCodCit" : "ZipCodZip";
+  std::vector<forms::ListItem> items;
+  bool leads = false;
+  data::Attempt(context_.user, [&] {
+    const auto rows =
+        statements_.Select("Select Top " + std::string(city ? "200" : "20") + " * from ZipCodTable where " + column +
+                           ">=" + data::Literal(typed) + statements_.Office() + " order by " +
+                           (city ? "ZipCodCit,ZipCodZip" : "ZipCodZip,ZipCodCit") + ";");
+    if (!rows->Eof()) {
+      const std::string first = session::ToText((*rows)[column]);
+      leads = forms::EqualsIgnoringCase(forms::Left(first, forms::CharacterCount(typed)), typed);
+    }
+    for (; !rows->Eof(); rows->MoveNext()) {
+      items.push_back({session::ToText((*rows)["ZipCodCit"]) + "\t" + session::ToText((*rows)["ZipCodSta"]) + "\t" +
+                           session::ToText((*rows)["ZipCodZip"]),
+                       session::ToId((*rows)["ZipCodID"])});
+    }
+  });
+  ZIPCode_Combo.Clear();
+  ZIPCode_Combo.Items = std::move(items);
+  // Enter takes the first entry only when it completes what was typed.
+  ZIPCode_Combo.ListIndex = leads && !typed.empty() ? 0 : -1;
+  ZIPCode_Combo.Tag = tag;
+}
+
+void ZIPCODE::Hide() {
+  ZipCode_Panel.Visible = false;
+}
+
+bool ZIPCODE::Add() {
+  SplitTyped();
+  const Place place = OnScreen();
+  if (context_.user.Ask({.text = "Add [ " + place.Text() + " ] to database",
+                         .title = std::string(kTitle),
+                         .buttons = forms::kYesNo,
+                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+    return false;
+  }
+  return data::Attempt(context_.user, [&] {
+    const auto known = Find(place);
+    const std::int32_t id = known ? *known
+                                  : statements_.Insert("ZipCodTable", {{"ZipCodCit", data::Literal(place.city)},
+                                                                       {"ZipCodSta", data::Literal(place.state)},
+                                                                       {"ZipCodZip", data::Literal(place.zip)}});
+    if (const auto stored = Read(id)) {
+      PutOnScreen(*stored);
+    }
+    Hide();
+  });
+}
+
+bool ZIPCODE::Edit() {
+  const forms::ListItem* current = ZIPCode_Combo.Current();
+  if (current == nullptr) {
+    return false;
+  }
+  const std::int32_t id = current->data;
+  std::optional<Place> place;
+  if (!data::Attempt(context_.user, [&] { place = Read(id); }) || !place ||
+      context_.user.Ask({.text = "Edit [ " + place->Text() + " ] ?",
+                         .title = std::string(kTitle),
+                         .buttons = forms::kYesNo,
+                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+    return false;
+  }
+  const auto typed = context_.user.Input({.prompt = "City, state and ZIP code:",
+                                          .title = std::string(kTitle),
+                                          .text = place->city + " " + place->state + " " + place->zip});
+  if (!typed || context_.user.Ask({.text = "Update City, State, and Zipcode?",
+                                   .title = "City, State, and Zipcode",
+                                   .buttons = forms::kYesNo,
+                                   .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+    return false;
+  }
+  return data::Attempt(context_.user, [&] {
+    const Place changed = SplitPlace(*typed, NonUs());
+    statements_.Update("ZipCodTable",
+                       {{"ZipCodCit", data::Literal(changed.city)},
+                        {"ZipCodSta", data::Literal(changed.state)},
+                        {"ZipCodZip", data::Literal(changed.zip)}},
+                       "ZipCodID", id);
+    Fill(OpenerBox().Text.get());
+    ZIPCode_Combo.ListIndex = ZIPCode_Combo.IndexOfData(id);
+  });
+}
+
+bool ZIPCODE::Delete() {
+  const forms::ListItem* current = ZIPCode_Combo.Current();
+  if (current == nullptr) {
+    return false;
+  }
+  const std::int32_t id = current->data;
+  std::optional<Place> place;
+  if (!data::Attempt(context_.user, [&] { place = Read(id); }) || !place ||
+      context_.user.Ask({.text = "Delete [ " + place->Text() + " ] ?",
+                         .title = std::string(kTitle),
+                         .buttons = forms::kYesNo,
+                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+    return false;
+  }
+  return data::Attempt(context_.user, [&] {
+    statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(id) + statements_.Office() + ";");
+    Fill(OpenerBox().Text.get());
+  });
+}
+
+Place ZIPCODE::OnScreen() const {
+  return {boxes_->city.Text, boxes_->state.Text, boxes_->zip.Text};
+}
+
+void ZIPCODE::PutOnScreen(const Place& place) {
+  boxes_->city.Text = place.city;
+  boxes_->state.Text = place.state;
+  boxes_->zip.Text = place.zip;
+}
+
+std::optional<Place> ZIPCODE::Read(std::int32_t id) const {
+  const auto row =
+      statements_.Select("SELECT * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(id) + statements_.Office() + ";");
+  if (row->Eof()) {
+    return std::nullopt;
+  }
+  return Place{session::ToText((*row)["ZipCodCit"]), session::ToText((*row)["ZipCodSta"]),
+               session::ToText((*row)["ZipCodZip"])};
+}
+
+void ZIPCODE::Pick() {
+  const forms::ListItem* current = ZIPCode_Combo.Current();
+  if (current == nullptr) {
+    return;
+  }
+  data::Attempt(context_.user, [&] {
+    if (const auto place = Read(current->data)) {
+      PutOnScreen(*place);
+    }
+  });
+  Hide();
+  if (AfterPick != nullptr) {
+    AfterPick->SetFocus();
+  }
+}
+
+// A whole place typed into the city box goes into its three boxes.
+void ZIPCODE::SplitTyped() {
+  if (const Place place = SplitPlace(boxes_->city.Text.get(), NonUs()); !place.state.empty() && !place.zip.empty()) {
+    PutOnScreen(place);
+  }
+}
+
+bool ZIPCODE::OnListKey(forms::Key key) {
+  switch (key) {
+    case forms::Key::Enter:
+      if (ZIPCode_Combo.Current() != nullptr) {
+        Pick();
+      } else {
+        SplitTyped();
+        Hide();
+        boxes_->state.SetFocus();
+      }
+      return true;
+    case forms::Key::Esc:
+      Hide();
+      OpenerBox().SetFocus();
+      return true;
+    case forms::Key::Insert:
+      Add();
+      return true;
+    case forms::Key::Delete:
+      if (ZIPCode_Combo.Current() != nullptr && (!BeforeDeleteKey || BeforeDeleteKey())) {
+        Delete();
+      }
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The list has the focus while the person goes on typing into the box above it.
+void ZIPCODE::OnListCharacter(char32_t character) {
+  constexpr char32_t kBackspace = 8;
+  forms::TextBox& box = OpenerBox();
+  if (character == kBackspace) {
+    const std::size_t count = forms::CharacterCount(box.Text.get());
+    box.DoEdit(forms::Left(box.Text.get(), count == 0 ? 0 : count - 1));
+  } else {
+    const char32_t taken = box.FilterKey(character, forms::CharacterCount(box.Text.get()));
+    box.DoEdit(taken == 0 ? box.Text.get() : box.Text.get() + forms::ToUtf8(std::u32string_view(&taken, 1)));
+  }
+}
+
+bool ZIPCODE::NonUs() const {
+  const std::string setting = context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE");
+  return forms::EqualsIgnoringCase(setting, "TRUE") || setting == "1" || setting == "-1";
+}
+
+}  // namespace people

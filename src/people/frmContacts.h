@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "forms/check_box.h"
+#include "forms/dialog_buttons.h"
+#include "forms/form.h"
+#include "forms/label.h"
+#include "forms/text_box.h"
+#include "people/Contacts.h"
+#include "session/screens.h"
+
+namespace people {
+
+// The six contacts of each side of a saved person, and which of them each side shows.
+class frmContacts : public forms::Form {
+ public:
+  // `read_only`: another user holds the person's row.
+  frmContacts(const session::ScreenContext& context, std::int32_t person, bool read_only);
+
+  std::array<forms::OptionButton, 6> optHome;
+  std::array<forms::OptionButton, 6> optWork;
+  std::array<forms::TextBox, 6> txtHome;
+  std::array<forms::TextBox, 6> txtWork;
+  forms::DialogButtons DialogButtons1;
+
+  // The contacts were written.
+  bool Saved = false;
+
+ protected:
+  void OnLoad() override;
+  bool QueryClose() override;
+
+ private:
+  bool Unsaved() const;
+  bool Save();
+
+  session::ScreenContext context_;
+  std::int32_t person_;
+  bool read_only_;
+  Contacts contacts_;
+  forms::OptionGroup home_;
+  forms::OptionGroup work_;
+  std::array<int, 2> shown_at_first_{};
+};
+
+}  // namespace people

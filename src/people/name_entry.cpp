@@ -1,0 +1,119 @@
+#include "people/name_entry.h"
+
+#include <charconv>
+#include <optional>
+
+#include "data/attempt.h"
+#include "data/literal.h"
+#include "data/statements.h"
+#include "forms/text.h"
+#include "people/Contacts.h"
+#include "people/frmDatabaseSearch.h"
+
+namespace people {
+namespace {
+
+std::string Quoted(const session::Database& database, std::string_view beginning) {
+  std::string literal = data::LikeBeginning(beginning);
+  if (database.DatabaseKind() != session::kFileDatabase) {
+    return literal;
+  }
+  // The file database's statements put text into double quotes.
+  std::string quoted = "\"";
+  for (std::size_t i = 1; i + 1 < literal.size(); ++i) {
+    quoted.append(literal[i] == '"' ? 2 : 1, literal[i]);
+    if (literal[i] == '\'') {
+      ++i;  // a doubled quote
+    }
+  }
+  return quoted + "\"";
+}
+
+std::string NameCondition(const session::Database& database, const TypedName& name) {
+  return "pLASNAM Like " + Quoted(database, name.last) + " and pFIRNAM Like " + Quoted(database, name.first);
+}
+
+NameEntry Open(const session::ScreenContext& context, std::string id, const std::string& typed) {
+  NameEntry entry;
+  const std::string asked = id;
+  entry.save_and_book = true;
+  context.screens.Load_PatInfo_Small(id, typed, entry.save_and_book);
+  if (id == session::kNew) {
+    entry.save_and_book = false;
+    return entry;
+  }
+  entry.outcome = asked == session::kNew ? EntryOutcome::Added : EntryOutcome::Edited;
+  entry.patient = session::ToId(session::Value(id));
+  return entry;
+}
+
+}  // namespace
+
+TypedName ParseName(std::string_view text) {
+  text = forms::Trim(text);
+  if (const std::size_t comma = text.find(','); comma != std::string_view::npos) {
+    return {std::string(forms::Trim(text.substr(0, comma))), std::string(forms::Trim(text.substr(comma + 1)))};
+  }
+  const std::size_t blank = text.rfind(' ');
+  if (blank == std::string_view::npos) {
+    return {std::string(text), {}};
+  }
+  return {std::string(text.substr(blank + 1)), std::string(forms::Trim(text.substr(0, blank)))};
+}
+
+std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {
+  text = forms::Trim(text);
+  std::int32_t id = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, id);
+  if (!text.empty() && error == std::errc() && stop == end) {
+    return id;
+  }
+  return ParseName(text);
+}
+
+std::string NameSearch(const session::Database& database, std::string_view text, bool family_heads) {
+  const TypedName name = ParseName(text);
+  std::string condition = NameCondition(database, name);
+  if (text.find(',') == std::string_view::npos && !name.first.empty()) {
+    condition = "((" + condition + ") or (" + NameCondition(database, {name.first, name.last}) + "))";
+  }
+  if (family_heads) {
+    condition += " and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')";
+  }
+  if (database.DatabaseKind() == session::kOfficeScoped) {
+    condition += " AND (OfficeID=" + data::Literal(database.CurrentOfficeID()) + ")";
+  }
+  return "Select * from Patable where " + condition + " order by pLasNam, pFirNam";
+}
+
+NameEntry EnterPatient(const session::ScreenContext& context) {
+  const auto typed = context.user.Input({.prompt = NamePromptText(true)});
+  if (!typed || forms::Trim(*typed).empty()) {
+    return {};
+  }
+  const std::string text(forms::Trim(*typed));
+  const auto entered = ParseNameOrId(text);
+  if (const auto* id = std::get_if<std::int32_t>(&entered)) {
+    return Open(context, std::to_string(*id), {});
+  }
+  frmDatabaseSearch search(context);
+  search.SearchText = text;
+  int found = 0;
+  if (!data::Attempt(context.user, [&] { found = search.Search(); })) {
+    return {};
+  }
+  if (found > 0) {
+    context.user.Show(search);
+    if (search.SelectedID != 0) {
+      return Open(context, std::to_string(search.SelectedID), {});
+    }
+    return search.NewWanted ? Open(context, std::string(session::kNew), text) : NameEntry{};
+  }
+  const auto add = context.user.Ask({.text = "[ " + text + " ] " + " was not found in the database." + " Add as new?",
+                                     .buttons = forms::kYesNo,
+                                     .icon = forms::Icon::Question});
+  return add == forms::Answer::Yes ? Open(context, std::string(session::kNew), text) : NameEntry{};
+}
+
+}  // namespace people

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "session/screens.h"
+
+namespace people {
+
+struct TypedName {
+  std::string last;
+  std::string first;
+
+  friend bool operator==(const TypedName&, const TypedName&) = default;
+};
+
+// "Smith, John" and "John Smith" alike. Without a comma the last word is the last name and the words before it the
+// first name; one word is a last name.
+TypedName ParseName(std::string_view text);
+
+// A typed ID or name; text that is a whole number is an ID.
+std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text);
+
+// The statement that finds the persons whose names begin so. A name typed without a comma is looked for in the
+// reversed word order too.
+std::string NameSearch(const session::Database& database, std::string_view text, bool family_heads);
+
+enum class EntryOutcome { None, Edited, Added };
+struct NameEntry {
+  EntryOutcome outcome = EntryOutcome::None;
+  std::int32_t patient = 0;    // 0 for none
+  bool save_and_book = false;  // the choice made on the screen
+};
+
+// The way in to a patient: asks for a name or ID, finds or offers to add the patient, and opens the quick screen.
+NameEntry EnterPatient(const session::ScreenContext& context);
+
+}  // namespace people
