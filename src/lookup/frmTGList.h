@@ -1,0 +1,133 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/statements.h"
+#include "forms/button.h"
+#include "forms/check_box.h"
+#include "forms/dialog_buttons.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/label.h"
+#include "forms/panels.h"
+#include "forms/tool_bar.h"
+#include "lookup/list_statement.h"
+#include "lookup/recordset_rows.h"
+#include "session/screens.h"
+
+namespace lookup {
+
+// The list window: the rows of one statement, to filter, sort and choose from.
+class frmTGList : public forms::Form {
+ public:
+  explicit frmTGList(const session::ScreenContext& context);
+
+  // Inputs, set before it is shown.
+  std::shared_ptr<void> OwnerForm;
+  std::string SortBy;
+  std::int32_t ShowMode = 0;
+  bool AllowEdit = true;
+  bool AllowDelete = false;
+  bool MultiSelect = false;
+  bool ShowFacilityOptions = false;
+  bool No_Double_Click = false;
+  std::string ListName;
+  std::string Title;  // names the list while it loads and in messages; the caption where there is none
+  std::string LayoutKey;
+  std::int32_t StartingID = 0;
+  // Begins with "SKIP LIST IF NEW" to be answered "NEW" without a list.
+  std::string Request;
+
+  // "DISTINCTROW" becomes "DISTINCT" unless the database is a file.
+  void SetSQL(std::string sql);
+  const std::string& SQL() const { return sql_; }
+
+  // Opens the editing screen of this kind with "NEW" or a record's ID and gives the ID that it saved, empty when it
+  // saved nothing. Without it New answers "NEW" to the caller and nothing can be edited.
+  std::function<std::string(const std::string& id)> EditRecord;
+  // Takes a navigation command once the list has closed.
+  std::function<void(const std::string& command)> GoTo;
+
+  // Shows the list unless the request skips it, and gives the result.
+  const std::string& ShowList();
+
+  // The chosen ID as text, "NEW" or "CANCEL_AND_CLOSE".
+  std::string Result{session::kCancelAndClose};
+  // The chosen row's name column.
+  std::string Select_String;
+  // A cell of the chosen row.
+  std::string Chosen(std::string_view caption) const;
+
+  forms::MenuItem MnuFileSel, MnuFileSort, MnuFileResDef, MnuFileExit;
+  forms::ToolBar ToolStrip;
+  forms::OptionButton optFiltLeft, optFiltMid;
+  forms::CheckBox chkAutoClearFilter;
+  forms::Grid DotNetGrid;
+  forms::Label RowLabel, SQLLabel;
+  forms::Label IDFld, NamFld;  // the captions of the ID and of the name column
+  forms::Timer Timer1;         // one-shot; its tag carries a deferred command
+  forms::DialogButtons DialogButtons1;
+
+  // Works in idle time until every row has arrived.
+  bool DoIdle() override;
+
+ protected:
+  void OnLoad() override;
+
+ private:
+  void RegisterControls();
+  void RegisterProperties();
+  void WireHandlers();
+  void ReadOptions();
+  void WriteOption(std::string_view key, bool set);
+  void FilterModeChanged();
+  void AutoClearChanged();
+
+  void Setup_ToolBar();
+  void ShowToolButtons();
+  void ShowSeparators();
+  void ToolStrip_ItemClicked(const std::string& key);
+
+  void DotNetGrid_AddRecord();
+  void DotNetGrid_DblClick();
+  void DotNetGrid_FilterChanged();
+  void DotNetGrid_RowColChange();
+  bool DotNetGrid_KeyDown(forms::Key key);
+  void DotNetGrid_HeadClick(int column);
+  void Timer1_Elapsed();
+
+  // Where an ID is awaited it becomes current when its row arrives, and the first row when it does not.
+  bool Requery(const std::vector<std::string>& conditions, const std::string& sort, std::int32_t await_id);
+  void RowsArrived();
+  void SetGridLayout();
+  void ShowCount();
+  void EnableCommands();
+  // Nothing when names were filtered in two ways.
+  std::optional<std::vector<std::string>> FilterConditions() const;
+  void ClearFilter();
+  void Choose();
+  void Open(const std::string& id);
+  std::int32_t CurrentID() const;
+  const std::string& TitleText() const { return Title.empty() ? Caption.get() : Title; }
+
+  session::ScreenContext context_;
+  data::Statements statements_;
+  forms::OptionGroup filter_modes_{&optFiltLeft, &optFiltMid};
+
+  std::string sql_;
+  ListStatement statement_;
+  std::shared_ptr<RecordsetRows> rows_;
+  std::vector<std::string> conditions_;  // of the rows that are shown
+  std::string sort_;
+  int sort_column_ = -1;  // as the grid stood for the rows that are shown
+  bool sort_descending_ = false;
+  std::int32_t awaited_id_ = 0;
+  int searched_ = 0;  // rows that were compared with the awaited ID
+};
+
+}  // namespace lookup

@@ -1,0 +1,106 @@
+#include <algorithm>
+
+#include "data/attempt.h"
+#include "data/literal.h"
+#include "forms/text.h"
+#include "lookup/frmTGList.h"
+#include "lookup/name_filter.h"
+
+namespace lookup {
+namespace {
+
+constexpr std::string_view kOptions = "SESC_LUL";
+constexpr std::string_view kSearchAnywhere = "FILTER_SRCH_ANY";
+constexpr std::string_view kAutoClear = "FILTER_AUTO_CLEAR";
+
+bool IsSet(std::string_view option) {
+  return option == "1" || option == "-1" || forms::EqualsIgnoringCase(option, "True");
+}
+
+// The cell of a list of persons that a caption stands for; nullptr for any other column.
+std::string* NameCell(NameFilter& names, std::string_view caption) {
+  if (caption == "Name") {
+    return &names.name;
+  }
+  if (caption == "Last Name") {
+    return &names.last_name;
+  }
+  return caption == "First Name" ? &names.first_name : nullptr;
+}
+
+}  // namespace
+
+void frmTGList::ReadOptions() {
+  data::Attempt(context_.user, [this] {
+    optFiltMid.Value = IsSet(context_.session.UserOption(kOptions, kSearchAnywhere));
+    const bool auto_clear = IsSet(context_.session.UserOption(kOptions, kAutoClear));
+    chkAutoClearFilter.Value = auto_clear ? forms::CheckState::On : forms::CheckState::Off;
+  });
+  optFiltLeft.Value = !optFiltMid.Value;
+}
+
+void frmTGList::WriteOption(std::string_view key, bool set) {
+  data::Attempt(context_.user, [&] { context_.session.SetUserOption(kOptions, key, set ? "1" : "0"); });
+}
+
+// The rows that stand filtered are filtered anew.
+void frmTGList::FilterModeChanged() {
+  WriteOption(kSearchAnywhere, optFiltMid.Value);
+  if (std::ranges::any_of(DotNetGrid.Columns.get(), [](const auto& column) { return !column.filter.empty(); })) {
+    DotNetGrid_FilterChanged();
+  }
+}
+
+void frmTGList::AutoClearChanged() {
+  WriteOption(kAutoClear, chkAutoClearFilter.Value == forms::CheckState::On);
+}
+
+void frmTGList::DotNetGrid_FilterChanged() {
+  const auto conditions = FilterConditions();
+  if (!conditions) {
+    context_.user.Tell(std::string(kDifferentNames));
+    ClearFilter();
+    return;
+  }
+  if (*conditions != conditions_) {
+    Requery(*conditions, sort_, 0);
+  }
+  if (chkAutoClearFilter.Value == forms::CheckState::On) {
+    DotNetGrid.ClearFilters();
+  }
+}
+
+void frmTGList::ClearFilter() {
+  DotNetGrid.ClearFilters();
+  if (!conditions_.empty()) {
+    Requery({}, sort_, CurrentID());
+  }
+}
+
+std::optional<std::vector<std::string>> frmTGList::FilterConditions() const {
+  const bool anywhere = optFiltMid.Value;
+  const bool of_persons = DotNetGrid.ColumnIndex("Last Name") >= 0 && DotNetGrid.ColumnIndex("First Name") >= 0;
+  NameFilter names;
+  std::vector<std::string> conditions;
+  for (const forms::GridColumn& column : DotNetGrid.Columns.get()) {
+    if (forms::Trim(column.filter).empty()) {
+      continue;
+    }
+    if (std::string* cell = of_persons ? NameCell(names, column.caption) : nullptr; cell != nullptr) {
+      *cell = column.filter;
+    } else {
+      conditions.push_back("((" + statement_.Expression(column.caption) + ") like " +
+                           (anywhere ? data::LikeContaining(column.filter) : data::LikeBeginning(column.filter)) + ")");
+    }
+  }
+  if (names.Clashes()) {
+    return std::nullopt;
+  }
+  const NameColumns columns = {statement_.Expression("Last Name"), statement_.Expression("First Name")};
+  if (std::string condition = NameCondition(names, columns, anywhere); !condition.empty()) {
+    conditions.insert(conditions.begin(), std::move(condition));
+  }
+  return conditions;
+}
+
+}  // namespace lookup

@@ -1,0 +1,110 @@
+#include <algorithm>
+#include <array>
+
+#include "lookup/frmTGList.h"
+
+namespace lookup {
+namespace {
+
+struct Tool {
+  const char* key;
+  const char* caption;  // empty for a separator
+  const char* icon;
+};
+
+constexpr std::array<Tool, 21> kTools = {{
+    {"New", "New", "New_32.png"},
+    {"Edit", "Edit", "Edit_32.png"},
+    {"Delete", "Delete", "Delete_32.png"},
+    {"TopSep1", "", ""},
+    {"RemFilt", "Remove Filter", "Rem_Filter_32.png"},
+    {"TopSep2", "", ""},
+    {"Print", "Print List", "Print_32.png"},
+    {"TopSep3", "", ""},
+    {"Patient", "Goto Patient", "Pat_Info_32.png"},
+    {"Trans", "Goto Transaction", "Trans_32.png"},
+    {"TransHis", "Goto Transaction History", "Trans_Hist_32.png"},
+    {"FamTab", "Goto Family Table", "Fam_Table_32.png"},
+    {"Aging", "Goto Aging Table", "Aging_32.png"},
+    {"Notes", "Goto Notes", "Notes_32.png"},
+    {"PrintEnv", "Print Envelope", "PrintEnv_32.png"},
+    {"Label", "Print Label", "Print_Labels_32.png"},
+    {"LtrQ", "Quick Letter", "Q_Letter_32.png"},
+    {"Image", "Goto Image", "Image_32.png"},
+    {"TopSep4", "", ""},
+    {"LinkG", "Link to Electronic Payer", "Link_32.png"},
+    {"UnLinkG", "Un-link from Electronic Payer", "Unlink_32.png"},
+}};
+
+constexpr std::string_view kDeferred = "GOTO,";
+
+}  // namespace
+
+void frmTGList::Setup_ToolBar() {
+  for (const Tool& tool : kTools) {
+    if (*tool.caption == '\0') {
+      ToolStrip.AddSeparator(tool.key);
+    } else {
+      ToolStrip.Add(tool.key, tool.caption, tool.icon).Visible = false;
+    }
+  }
+  ToolStrip.ItemClicked = [this](const std::string& key) { ToolStrip_ItemClicked(key); };
+}
+
+// Without an editing screen New is the caller's to carry out; Edit is nobody's.
+void frmTGList::ShowToolButtons() {
+  ToolStrip["New"].Visible = AllowEdit;
+  ToolStrip["Edit"].Visible = AllowEdit && EditRecord != nullptr;
+  ToolStrip["Delete"].Visible = AllowEdit && AllowDelete;
+  ToolStrip["RemFilt"].Visible = true;
+  ShowSeparators();
+}
+
+// A separator stands only between buttons that are shown.
+void frmTGList::ShowSeparators() {
+  forms::ToolBar::Item* waiting = nullptr;
+  bool button_before = false;
+  for (forms::ToolBar::Item& item : ToolStrip.Items()) {
+    if (item.separator) {
+      item.button.Visible = false;
+      if (button_before) {
+        waiting = &item;
+      }
+    } else if (item.button.Visible) {
+      if (waiting != nullptr) {
+        waiting->button.Visible = true;
+        waiting = nullptr;
+      }
+      button_before = true;
+    }
+  }
+}
+
+void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
+  if (key == "New") {
+    DotNetGrid_AddRecord();
+  } else if (key == "Edit") {
+    Open(std::to_string(CurrentID()));
+  } else if (key == "Delete") {
+    context_.user.Tell("Deleting from the " + TitleText() + " is not built yet.\r\n\r\nNothing was changed.");
+  } else if (key == "RemFilt") {
+    ClearFilter();
+  } else {
+    Timer1.Tag = std::string(kDeferred) + key;
+    Timer1.Enabled = true;
+  }
+}
+
+void frmTGList::Timer1_Elapsed() {
+  Timer1.Enabled = false;
+  if (!Timer1.Tag.starts_with(kDeferred)) {
+    return;
+  }
+  const std::string command = Timer1.Tag.substr(kDeferred.size());
+  Close();
+  if (GoTo) {
+    GoTo(command);
+  }
+}
+
+}  // namespace lookup

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "lookup/list_catalogue.h"
+#include "session/screens.h"
+
+namespace lookup {
+
+// How a caller wants a list shown.
+struct LookUpOptions {
+  std::string title;          // empty: the kind's default
+  std::int32_t selected = 0;  // the record to start on
+  ListNarrowing narrowing;
+  std::int32_t show_mode = 0;
+  bool multi_select = false;
+  bool no_double_click = false;
+  bool show_facility_options = false;
+  bool skip_list_if_new = false;  // the employee list is answered "NEW" without being shown
+};
+
+struct LookUpResult {
+  std::string answer{session::kCancelAndClose};  // the chosen ID, "NEW" or "CANCEL_AND_CLOSE"
+  std::optional<session::ListChoice> choice;     // when a record was chosen
+};
+
+// Shows a list, one of `session::LookUpListTypes`, and tells the host the choice. Any other type shows nothing.
+LookUpResult ShowLookUpList(const session::ScreenContext& context, std::int32_t type, const LookUpOptions& options);
+
+// Nothing when cancelled. An empty title is the list's own.
+std::optional<session::PickedText> ShowPickList(const session::ScreenContext& context, session::PickList list,
+                                                std::string_view title);
+
+}  // namespace lookup

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lookup {
+
+// What a person typed into the filter cells of a list of persons.
+struct NameFilter {
+  std::string name;  // "Last, First", the first letters of the last name, or "First Last"
+  std::string last_name;
+  std::string first_name;
+
+  bool Empty() const { return name.empty() && last_name.empty() && first_name.empty(); }
+  // Filtered in both ways at once, which is refused.
+  bool Clashes() const { return !name.empty() && !(last_name.empty() && first_name.empty()); }
+};
+
+inline constexpr std::string_view kDifferentNames =
+    "You have filtered this list by different types of names. Please enter the Name column's filter in "
+    "'Last Name, First Name' format or type the first few characters of the first and last name in the First Name "
+    "and Last Name columns.";
+
+// The expressions that the list selects its names from.
+struct NameColumns {
+  std::string last_name;   // "PATABLE.pLASNAM"
+  std::string first_name;  // "PATABLE.pFIRNAM"
+};
+
+// "(((PATABLE.pLASNAM) like 'Smi%') AND ((PATABLE.pFIRNAM) like 'J%'))", with the half that was not typed left out;
+// `anywhere` finds the letters inside the names too. A name of several words without a comma matches as first and
+// last name, parted at its first or its last blank, or as a last name of several words. Empty for an empty filter.
+std::string NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere);
+
+}  // namespace lookup

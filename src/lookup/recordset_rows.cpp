@@ -1,0 +1,63 @@
+#include "lookup/recordset_rows.h"
+
+namespace lookup {
+namespace {
+
+constexpr int kRowsAPage = 256;
+constexpr int kRowsAtOnce = 500;
+
+}  // namespace
+
+RecordsetRows::RecordsetRows(std::unique_ptr<session::Recordset> recordset)
+    : recordset_(std::move(recordset)), fields_(recordset_->Fields()) {}
+
+void RecordsetRows::Fetch(int count) {
+  if (recordset_ == nullptr) {
+    return;
+  }
+  for (; count > 0 && !recordset_->Eof(); --count) {
+    AddRow();
+    recordset_->MoveNext();
+  }
+  if (recordset_->Eof()) {
+    recordset_.reset();
+  }
+  if (Arrived) {
+    Arrived();
+  }
+}
+
+bool RecordsetRows::FetchMore() {
+  const int before = count_;
+  try {
+    Fetch(kRowsAtOnce);
+  } catch (const session::DatabaseError& error) {
+    recordset_.reset();
+    if (Failed) {
+      Failed(error);
+    }
+  }
+  return count_ > before;
+}
+
+void RecordsetRows::AddRow() {
+  if (count_ % kRowsAPage == 0) {
+    pages_.emplace_back();
+  }
+  Page& page = pages_.back();
+  for (std::size_t field = 0; field < fields_.size(); ++field) {
+    page.text += session::ToText(recordset_->Get(field));
+    page.ends.push_back(static_cast<std::uint32_t>(page.text.size()));
+  }
+  ++count_;
+}
+
+std::string RecordsetRows::Text(int row, int column) const {
+  const Page& page = pages_[static_cast<std::size_t>(row / kRowsAPage)];
+  const std::size_t cell =
+      static_cast<std::size_t>(row % kRowsAPage) * fields_.size() + static_cast<std::size_t>(column);
+  const std::size_t begin = cell == 0 ? 0 : page.ends[cell - 1];
+  return page.text.substr(begin, page.ends[cell] - begin);
+}
+
+}  // namespace lookup

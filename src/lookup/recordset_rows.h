@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/grid.h"
+#include "session/connection.h"
+
+namespace lookup {
+
+// The rows of a recordset as a grid's cells, fetched piece by piece and kept as text.
+class RecordsetRows : public forms::GridRows {
+ public:
+  explicit RecordsetRows(std::unique_ptr<session::Recordset> recordset);
+
+  // After every piece; `FetchMore` reports here what the database refused, and stops.
+  std::function<void()> Arrived;
+  std::function<void(const session::DatabaseError&)> Failed;
+
+  const std::vector<session::Field>& Fields() const { return fields_; }
+  // Every row has arrived.
+  bool Complete() const { return recordset_ == nullptr; }
+
+  // At most `count` rows more. Throws DatabaseError.
+  void Fetch(int count);
+
+  int Count() const override { return count_; }
+  std::string Text(int row, int column) const override;
+  bool FetchMore() override;
+
+ private:
+  // The cells of some rows one behind the other, and where each ends.
+  struct Page {
+    std::string text;
+    std::vector<std::uint32_t> ends;
+  };
+
+  void AddRow();
+
+  std::unique_ptr<session::Recordset> recordset_;
+  std::vector<session::Field> fields_;
+  std::vector<Page> pages_;
+  int count_ = 0;
+};
+
+}  // namespace lookup

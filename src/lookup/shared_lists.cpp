@@ -1,0 +1,169 @@
+#include "lookup/shared_lists.h"
+
+#include <stdexcept>
+
+#include "data/literal.h"
+
+namespace lookup {
+namespace {
+
+using data::Statements;
+
+struct PersonKind {
+  const char* key;
+  const char* title;
+  const char* list_name;
+  const char* layout_key;
+  const char* condition;
+  bool deletable;
+};
+
+// Patients are referred in by referral sources and out to physicians: that list holds both.
+PersonKind PersonKindOf(session::LookUpListTypes type) {
+  switch (type) {
+    case session::lulProvider:
+      return {"pTypDoc", "Provider List", "Provider", "frmTGList_PROV", "PATABLE.pTypDoc>='1'", true};
+    case session::lulPhysician1:
+      return {"pTypPhy1", "Physician List", "Physician1", "frmTGList_PHY1", "PATABLE.pTypPhy>='1'", false};
+    case session::lulPhysician2:
+      return {"pTypPhy2", "Physician List", "Physician2", "frmTGList_PHY2", "PATABLE.pTypPhy>='1'", false};
+    case session::lulReferInOut:
+      return {"pTypPhyRefOut",
+              "Refer In/Out List",
+              "ReferInOut",
+              "frmTGList_RFIO",
+              "PATABLE.pTypPhy>='1' or PATABLE.pTypRef>='1'",
+              false};
+    case session::lulReferral:
+      return {"pTypRef", "Referred By List", "Referral", "frmTGList_REFE", "PATABLE.pTypRef>='1'", false};
+    case session::lulFamilyHead:
+      return {"pTypPat",
+              "Family Head List",
+              "FamilyHead",
+              "frmTGList_FAMH",
+              "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
+              "PATABLE.pTypPat >= '1'",
+              true};
+    default:
+      throw std::out_of_range("no list of persons");
+  }
+}
+
+void AddDelete(ListDefinition& list, const ListNarrowing& narrowing) {
+  if (narrowing.allow_delete) {
+    list.window_texts.emplace_back("Delete");
+  }
+}
+
+}  // namespace
+
+// Sorted by the names themselves, not by their sum, so that an index on them gives the rows one by one.
+ListDefinition PersonList(session::LookUpListTypes type, const Statements& statements, const ListNarrowing& narrowing) {
+  const PersonKind kind = PersonKindOf(type);
+  ListDefinition list;
+  list.kind_key = kind.key;
+  list.title = kind.title;
+  list.window_texts = {kind.list_name, "ID Num", "Name", "[First Name]", "[Last Name]", "[ID Num]"};
+  if (kind.deletable) {
+    AddDelete(list, narrowing);
+  }
+  std::string condition = "(" + std::string(kind.condition) + ")";
+  if (type == session::lulFamilyHead && narrowing.family_head_including != 0) {
+    condition = "(" + condition + " or PATABLE.pID = " + data::Literal(narrowing.family_head_including) + ")";
+  }
+  list.sql =
+      "SELECT PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
+      "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], " +
+      std::string(type == session::lulFamilyHead ? "PATABLE.pTTL" : "PATABLE.pProTTL") +
+      " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
+      "PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD1 AS [Address 1], PATABLE.pADD2 AS [Address 2], "
+      "PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num] "
+      "FROM PATABLE WHERE " +
+      condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
+  list.sort = "[Last Name], [First Name]";
+  list.layout_key = kind.layout_key;
+  list.hand_off_column = "pID";
+  list.hand_off_table = "PaTable";
+  return list;
+}
+
+ListDefinition InsuranceCompanyList(const Statements& statements, const ListNarrowing& narrowing) {
+  ListDefinition list;
+  list.title = "Insurance Company List";
+  list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
+  AddDelete(list, narrowing);
+  list.sql =
+      "SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
+      "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, "
+      "InsCoTable.InsCoZip AS Zip, InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoTel2 AS [Phone 2], "
+      "InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoInd AS [ID Num] "
+      "FROM InsCoTable WHERE (InsCoTable.InsCoInd <> 0)" +
+      statements.Office(" and (InsCoTable.OfficeID = ", ") ");
+  list.sort = "[Insurance Company]";
+  list.layout_key = "frmTGList_INSC";
+  list.hand_off_column = "InsCoID";
+  list.hand_off_table = "InsCoTable";
+  return list;
+}
+
+ListDefinition EmployerList(const Statements& statements, const ListNarrowing& narrowing) {
+  ListDefinition list;
+  list.title = "Employer List";
+  list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
+  AddDelete(list, narrowing);
+  list.sql =
+      "SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], EmpTable.EmpAdd2 AS [Address 2], "
+      "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
+      "EmpTable.EmpInd AS [ID Num] "
+      "FROM EmpTable WHERE (EmpTable.EmpInd <> 0)" +
+      statements.Office(" and (EmpTable.OfficeID = ", ") ");
+  list.sort = "[Employer Name]";
+  list.layout_key = "frmTGList_EMPR";
+  list.hand_off_column = "EmpInd";
+  list.hand_off_table = "EmpTable";
+  return list;
+}
+
+ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& narrowing) {
+  ListDefinition list;
+  list.title = "Group Plan List";
+  list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
+                       "[Group Number]", "[Plan Name]", "[ID Num]"};
+  AddDelete(list, narrowing);
+  list.sql =
+      "SELECT InsCoTable.InsCoNam AS [Insurance Company], GroPlaTable.GroPlaNam AS [Plan Name], "
+      "GroPlaTable.GroPlaGroNum AS [Group Number], GroPlaTable.GroPlaCat AS Category, "
+      "GroPlaTable.GroPlaInd AS [ID Num] "
+      "FROM GroPlaTable LEFT JOIN InsCoTable ON GroPlaTable.GroPlaInsID = InsCoTable.InsCoInd" +
+      statements.OfficeJoin(" and (GroPlaTable.OfficeID = InsCoTable.OfficeID)") +
+      " WHERE (GroPlaTable.GroPlaInd <> 0)";
+  if (narrowing.group_plan_company != 0) {
+    list.sql += " and (GroPlaTable.GroPlaInsID = " + data::Literal(narrowing.group_plan_company) + ")";
+  }
+  list.sql += statements.Office(" and (GroPlaTable.OfficeID = ", ") ");
+  list.sort = "[Insurance Company], [Plan Name]";
+  list.layout_key = "frmTGList_GRPL";
+  list.hand_off_column = "GroPlaInd";
+  list.hand_off_table = "GroPlaTable";
+  return list;
+}
+
+ListDefinition PharmacyList(const Statements& statements, const ListNarrowing& narrowing) {
+  ListDefinition list;
+  list.title = "Pharmacy List";
+  list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
+  AddDelete(list, narrowing);
+  list.sql =
+      "SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], PhaTable.PhaAdd2 AS [Address 2], "
+      "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "
+      "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num] "
+      "FROM PhaTable WHERE (PhaTable.PhaID <> 0)" +
+      statements.Office(" and (PhaTable.OfficeID = ", ") ");
+  list.sort = "[Pharmacy Name]";
+  list.layout_key = "frmTGList_PHAR";
+  list.hand_off_column = "PhaID";
+  list.hand_off_table = "PhaTable";
+  return list;
+}
+
+}  // namespace lookup
