@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
+#include "entry/component_screens.h"
 #include "entry/global_slots.h"
 #include "forms/user.h"
 #include "session/screens.h"
@@ -45,8 +47,6 @@ class EditingScreen : public IGlobal {
   bool Location_Edit_Screen();
   bool PatientLocation_Setup(std::int32_t patient_id);
   bool LoginLocation_Setup(std::int32_t password_id);
-  void SetPrinter(const Printer& printer);
-  Printer GetPrinter() const;
   void Show_InsPlan_Screen(std::int32_t employer_id, std::int32_t carrier_id, std::int32_t group_id,
                            const std::string& title, std::int32_t help_id);
   // Kept for the hosts that call it; does nothing.
@@ -64,6 +64,10 @@ class EditingScreen : public IGlobal {
   bool eReminder_PersonalSetup(std::int32_t patient_id);
 
  private:
+  // Opens over the session; tells the person when none was handed over.
+  void Open(const std::function<void(ComponentScreens&)>& screen);
+  bool OpenNotBuilt(std::string_view form, std::string_view what);
+
   forms::User& user_;
 };
 

@@ -10,6 +10,15 @@ namespace entry {
 // An object of the host that the component only keeps and gives back.
 using HostObject = std::shared_ptr<void>;
 
+// The printer that screens print on, as the host knows it.
+struct Printer {
+  std::string name;
+  std::string device_mode;
+  std::string device_names;
+
+  friend bool operator==(const Printer&, const Printer&) = default;
+};
+
 // The four objects that a host hands over, one slot each for the whole component: what is assigned through one
 // instance of either class is seen through every other. An empty pointer clears a slot.
 class IGlobal {
@@ -24,15 +33,10 @@ class IGlobal {
   void SetGC(HostObject object);
   const std::shared_ptr<session::Session>& PV() const;
   void SetPV(std::shared_ptr<session::Session> session);
-};
 
-// The printer that the host passes in and out for the screens' printing.
-struct Printer {
-  std::string name;
-  std::string device_mode;
-  std::string device_names;
-
-  friend bool operator==(const Printer&, const Printer&) = default;
+  // The printer that the host passes in and out for the screens' printing; one for the component.
+  void SetPrinter(Printer printer);
+  const Printer& GetPrinter() const;
 };
 
 }  // namespace entry

@@ -47,8 +47,6 @@ class LookUpList : public IGlobal {
   std::function<void(bool& handled)> CheckEvent;
 
   void ShowList(bool InsLLCanMultiSel = false, HostObject fOwner = {});
-  void SetPrinter(const Printer& printer);
-  Printer GetPrinter() const;
 
  private:
   forms::User& user_;

@@ -20,14 +20,10 @@ forms::OptionGroup Group(std::array<forms::OptionButton, 6>& options) {
 
 }  // namespace
 
-frmContacts::frmContacts(const session::ScreenContext& context, std::int32_t person, bool read_only)
-    : Form("frmContacts"),
-      context_(context),
-      person_(person),
-      read_only_(read_only),
-      contacts_(context.session),
-      home_(Group(optHome)),
-      work_(Group(optWork)) {
+frmContacts::frmContacts(const session::ScreenContext& context)
+    : Form("frmContacts"), context_(context), contacts_(context.session), home_(Group(optHome)), work_(Group(optWork)) {
+  Properties["pID"] = {[this] { return std::to_string(pID); },
+                       [this](const std::string& id) { pID = session::ToId(session::Value(id)); }};
   Caption = "Contact Information";
   Each([this](std::size_t i, std::string_view) {
     Add("optHome(" + std::to_string(i) + ")", optHome.at(i));
@@ -48,7 +44,7 @@ frmContacts::frmContacts(const session::ScreenContext& context, std::int32_t per
 }
 
 void frmContacts::OnLoad() {
-  if (!data::Attempt(context_.user, [this] { contacts_.Read(person_); })) {
+  if (!data::Attempt(context_.user, [this] { contacts_.Read(pID); })) {
     Close();
     return;
   }
@@ -56,10 +52,10 @@ void frmContacts::OnLoad() {
     Each([&](std::size_t i, std::string_view code) {
       std::string column = std::string(Prefix(side)) + std::string(code);
       options.at(i).Caption = std::string(SideLabel(side)) + ContactLabel(column);
-      options.at(i).Enabled = !read_only_;
+      options.at(i).Enabled = !ReadOnly;
       boxes.at(i).Text = contacts_.Value(side, code);
       boxes.at(i).MaxLength = contacts_.DefinedSize(side, code);
-      boxes.at(i).ReadOnly = read_only_;
+      boxes.at(i).ReadOnly = ReadOnly;
       boxes.at(i).DataChanged = false;
       if (code == contacts_.Selected(side)) {
         options.at(i).Value = true;
@@ -95,7 +91,7 @@ bool frmContacts::Save() {
       contacts_.Select(Side::Work, code);
     }
   });
-  Saved = data::Attempt(context_.user, [this] { contacts_.SaveAll(person_); });
+  Saved = data::Attempt(context_.user, [this] { contacts_.SaveAll(pID); });
   return Saved;
 }
 

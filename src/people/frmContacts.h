@@ -16,8 +16,11 @@ namespace people {
 // The six contacts of each side of a saved person, and which of them each side shows.
 class frmContacts : public forms::Form {
  public:
-  // `read_only`: another user holds the person's row.
-  frmContacts(const session::ScreenContext& context, std::int32_t person, bool read_only);
+  explicit frmContacts(const session::ScreenContext& context);
+
+  std::int32_t pID = 0;
+  // Another user holds the person's row.
+  bool ReadOnly = false;
 
   std::array<forms::OptionButton, 6> optHome;
   std::array<forms::OptionButton, 6> optWork;
@@ -37,8 +40,6 @@ class frmContacts : public forms::Form {
   bool Save();
 
   session::ScreenContext context_;
-  std::int32_t person_;
-  bool read_only_;
   Contacts contacts_;
   forms::OptionGroup home_;
   forms::OptionGroup work_;

@@ -302,7 +302,9 @@ void patScreen_SM::EditContacts() {
       return;
     }
   }
-  frmContacts dialog(context_, pID, read_only_);
+  frmContacts dialog(context_);
+  dialog.pID = pID;
+  dialog.ReadOnly = read_only_;
   context_.user.Show(dialog);
   if (dialog.Saved) {
     data::Attempt(context_.user, [this] { ShowContacts(); });

@@ -1,0 +1,64 @@
+#include "entry/global_slots.h"
+
+#include <utility>
+
+namespace entry {
+namespace {
+
+struct Slots {
+  HostObject dac;
+  HostObject gic;
+  HostObject gc;
+  std::shared_ptr<session::Session> pv;
+  Printer printer;
+};
+
+// One for the component, for as long as it is loaded: the host's contract asks for it.
+Slots& TheSlots() {
+  static Slots slots;
+  return slots;
+}
+
+}  // namespace
+
+const HostObject& IGlobal::DAC() const {
+  return TheSlots().dac;
+}
+
+void IGlobal::SetDAC(HostObject object) {
+  TheSlots().dac = std::move(object);
+}
+
+const HostObject& IGlobal::GIC() const {
+  return TheSlots().gic;
+}
+
+void IGlobal::SetGIC(HostObject object) {
+  TheSlots().gic = std::move(object);
+}
+
+const HostObject& IGlobal::GC() const {
+  return TheSlots().gc;
+}
+
+void IGlobal::SetGC(HostObject object) {
+  TheSlots().gc = std::move(object);
+}
+
+const std::shared_ptr<session::Session>& IGlobal::PV() const {
+  return TheSlots().pv;
+}
+
+void IGlobal::SetPV(std::shared_ptr<session::Session> session) {
+  TheSlots().pv = std::move(session);
+}
+
+void IGlobal::SetPrinter(Printer printer) {
+  TheSlots().printer = std::move(printer);
+}
+
+const Printer& IGlobal::GetPrinter() const {
+  return TheSlots().printer;
+}
+
+}  // namespace entry

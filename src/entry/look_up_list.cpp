@@ -1,0 +1,42 @@
+#include "entry/look_up_list.h"
+
+#include <utility>
+
+#include "entry/component_screens.h"
+#include "lookup/look_up.h"
+
+namespace entry {
+
+void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
+  const std::string title = std::exchange(ListTitle, {});
+  const std::shared_ptr<session::Session> session = PV();
+  if (session == nullptr) {
+    user_.Tell("The host has not handed over its session (PV).", std::string(forms::kSuiteTitle),
+               forms::Icon::Critical);
+    return;
+  }
+  if (fOwner != nullptr) {
+    frmOwner = std::move(fOwner);
+  }
+  lookup::LookUpOptions options;
+  options.title = title;
+  options.selected = SelectedID;
+  options.narrowing.allow_delete = AllowDelete;
+  options.narrowing.group_plan_company = GroupPlanCompanyID;
+  options.narrowing.family_head_including = FamHeadIncPatID;
+  options.show_mode = ShowMode;
+  options.multi_select = MultiSel || InsLLCanMultiSel;
+  options.no_double_click = No_Double_Click;
+  options.show_facility_options = ShowFacilityOptions;
+  options.skip_list_if_new = Skip_List_IF_New;
+  ComponentScreens screens(*session, user_);
+  const lookup::LookUpResult result = lookup::ShowLookUpList(screens.Context(), ListType, options);
+  if (result.choice) {
+    SelectedID = result.choice->id;
+    Select_String = result.choice->text;
+  } else if (result.answer == session::kNew) {
+    Select_String = result.answer;
+  }
+}
+
+}  // namespace entry
