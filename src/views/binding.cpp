@@ -1,0 +1,61 @@
+#include "views/binding.h"
+
+#include "views/form_dialog.h"
+
+namespace views {
+namespace {
+
+wxColour ToWx(const std::optional<forms::Color>& color) {
+  return color ? wxColour(color->red, color->green, color->blue) : wxNullColour;
+}
+
+}  // namespace
+
+wxString ToWx(std::string_view utf8) {
+  return wxString::FromUTF8(utf8.data(), utf8.size());
+}
+
+std::string FromWx(const wxString& text) {
+  return text.utf8_string();
+}
+
+Binding::Binding(forms::Control& control, wxWindow& widget) : control_(control), widget_(widget) {
+  widget_.SetName(views::ToWx(control.Name()));
+  control_.Watch(this);
+}
+
+Binding::~Binding() {
+  control_.Watch(nullptr);
+}
+
+FormDialog& Binding::Dialog() const {
+  return FormDialog::Of(widget_);
+}
+
+void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) {
+  if (aspect == forms::Aspect::State) {
+    ShowState();
+  }
+  Refresh(aspect);
+}
+
+void Binding::ShowState() {
+  if (widget_.IsShown() != control_.Visible) {
+    widget_.Show(control_.Visible);
+    Dialog().LayOutSoon();
+  }
+  widget_.Enable(control_.Enabled);
+  if (widget_.GetToolTipText() != views::ToWx(control_.ToolTip.get())) {
+    widget_.SetToolTip(views::ToWx(control_.ToolTip.get()));
+  }
+  const wxColour fore = ToWx(control_.ForeColor.get());
+  const wxColour back = ToWx(control_.BackColor.get());
+  if (fore.IsOk() || widget_.UseForegroundColour()) {
+    widget_.SetForegroundColour(fore);
+  }
+  if (back.IsOk() || widget_.UseBackgroundColour()) {
+    widget_.SetBackgroundColour(back);
+  }
+}
+
+}  // namespace views

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include <string>
+#include <string_view>
+
+#include "forms/control.h"
+
+namespace views {
+
+class FormDialog;
+
+wxString ToWx(std::string_view utf8);
+std::string FromWx(const wxString& text);
+
+// Ties a control to the widget that shows it. What every control has (whether it is seen and usable, tip, colours)
+// is shown here, the rest in `Refresh`. Owned by the dialog that the widget is in.
+class Binding : public forms::ControlObserver {
+ public:
+  // Gives the widget the control's name.
+  Binding(forms::Control& control, wxWindow& widget);
+  Binding(const Binding&) = delete;
+  Binding& operator=(const Binding&) = delete;
+  ~Binding() override;
+
+  forms::Control& Control() const { return control_; }
+  wxWindow& Widget() const { return widget_; }
+  FormDialog& Dialog() const;
+
+  // Where the focus goes when a rule gives it to the control.
+  virtual wxWindow& FocusWidget() const { return widget_; }
+  // The widget has its own use for a key that no rule took.
+  virtual bool Uses(forms::Key /*key*/) const { return false; }
+
+  void ControlChanged(forms::Control& control, forms::Aspect aspect) final;
+
+ protected:
+  virtual void Refresh(forms::Aspect /*aspect*/) {}
+
+ private:
+  void ShowState();
+
+  forms::Control& control_;
+  wxWindow& widget_;
+};
+
+}  // namespace views

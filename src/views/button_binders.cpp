@@ -1,0 +1,193 @@
+#include "views/button_binders.h"
+
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/statline.h>
+
+#include "views/form_dialog.h"
+#include "views/pictures.h"
+
+namespace views {
+namespace {
+
+// What a person reads on a button that shows its picture alone.
+void ShowPicture(FormDialog& dialog, const forms::Button& control, wxAnyButton& widget) {
+  const wxBitmapBundle picture = dialog.Pictures().Find(control.Picture);
+  if (picture.IsOk()) {
+    widget.SetBitmap(picture, widget.GetLabel().empty() ? wxLEFT : wxTOP);
+  }
+}
+
+class ButtonBinding : public Binding {
+ public:
+  // A caption of the view's own stays; without one the form's is shown.
+  ButtonBinding(forms::Button& control, wxButton& widget)
+      : Binding(control, widget), button_(control), widget_(widget), own_caption_(!widget.GetLabel().empty()) {
+    widget_.Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+      if (Dialog().SyncFocus()) {
+        button_.DoClick();
+      }
+    });
+  }
+
+  bool Uses(forms::Key key) const override { return key == forms::Key::Enter; }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect != forms::Aspect::State) {
+      return;
+    }
+    if (!own_caption_ && widget_.GetLabel() != ToWx(button_.Caption.get())) {
+      widget_.SetLabel(ToWx(button_.Caption.get()));
+      Dialog().LayOutSoon();
+    }
+    ShowPicture(Dialog(), button_, widget_);
+  }
+
+ private:
+  forms::Button& button_;
+  wxButton& widget_;
+  bool own_caption_;
+};
+
+class PictureBinding : public Binding {
+ public:
+  PictureBinding(forms::PictureBox& control, wxStaticBitmap& widget)
+      : Binding(control, widget), picture_(control), widget_(widget) {
+    widget_.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) {
+      if (Dialog().SyncFocus()) {
+        picture_.DoClick();
+      }
+    });
+  }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::State) {
+      widget_.SetBitmap(Dialog().Pictures().Find(picture_.Picture));
+      widget_.SetCursor(picture_.Click ? wxCursor(wxCURSOR_HAND) : wxNullCursor);
+    }
+  }
+
+ private:
+  forms::PictureBox& picture_;
+  wxStaticBitmap& widget_;
+};
+
+// A picture with the caption as its tip; in the bar's first group, the commands used most, with the caption below.
+class ToolBinding : public Binding {
+ public:
+  ToolBinding(forms::Button& control, wxButton& widget, bool captioned)
+      : Binding(control, widget), button_(control), widget_(widget), captioned_(captioned) {
+    widget_.DisableFocusFromKeyboard();
+    widget_.Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+      if (Dialog().SyncFocus()) {
+        button_.DoClick();
+      }
+    });
+  }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect != forms::Aspect::State) {
+      return;
+    }
+    const wxString caption = ToWx(button_.Caption.get());
+    const bool pictured = Dialog().Pictures().Find(button_.Picture).IsOk();
+    widget_.SetLabel(captioned_ || !pictured ? caption : wxString());
+    if (button_.ToolTip->empty()) {
+      widget_.SetToolTip(wxControl::RemoveMnemonics(caption));
+    }
+    ShowPicture(Dialog(), button_, widget_);
+  }
+
+ private:
+  forms::Button& button_;
+  wxButton& widget_;
+  bool captioned_;
+};
+
+}  // namespace
+
+wxButton* MakeButton(wxWindow* parent, forms::Button& control) {
+  auto* button = new wxButton(parent, wxID_ANY, {});
+  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  return button;
+}
+
+wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
+  auto* button =
+      new wxButton(parent, wxID_ANY, wxString::FromUTF8("\u2026"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+  button->DisableFocusFromKeyboard();
+  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  return button;
+}
+
+wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control) {
+  auto* picture = new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle());
+  FormDialog::Of(*parent).Attach<PictureBinding>(control, *picture);
+  return picture;
+}
+
+wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
+  auto* bar = new wxPanel(parent);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  bar->SetSizer(row);
+  auto& dialog = FormDialog::Of(*parent);
+  bool first_group = true;
+  for (forms::ToolBar::Item& item : control.Items()) {
+    if (item.separator) {
+      auto* line = new wxStaticLine(bar, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLI_VERTICAL);
+      dialog.Attach<Binding>(item.button, *line);
+      line->SetName(ToWx(control.Name() + "." + item.key));
+      row->Add(line, wxSizerFlags().Expand().Border(wxALL, bar->FromDIP(4)));
+      first_group = false;
+    } else {
+      auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT);
+      dialog.Attach<ToolBinding>(item.button, *button, first_group);
+      row->Add(button, wxSizerFlags().Expand());
+    }
+  }
+  dialog.Attach<Binding>(control, *bar);
+  return bar;
+}
+
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands) {
+  auto* button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+  button->SetName("menu " + wxControl::RemoveMnemonics(caption));
+  button->DisableFocusFromKeyboard();
+  button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {
+    if (!FormDialog::Of(*button).SyncFocus()) {
+      return;
+    }
+    wxMenu menu;
+    std::map<int, forms::MenuItem*> by_id;
+    for (forms::MenuItem* command : commands) {
+      if (command->Visible) {
+        wxMenuItem* item = menu.Append(wxID_ANY, ToWx(command->Caption.get()));
+        item->Enable(command->Usable());
+        by_id[item->GetId()] = command;
+      }
+    }
+    const int chosen = button->GetPopupMenuSelectionFromUser(menu, wxPoint(0, button->GetSize().y));
+    if (const auto command = by_id.find(chosen); command != by_id.end()) {
+      command->second->DoClick();
+    }
+  });
+  return button;
+}
+
+wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control) {
+  auto* bar = new wxPanel(parent);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  bar->SetSizer(row);
+  row->AddStretchSpacer();
+  auto& dialog = FormDialog::Of(*parent);
+  for (forms::Button* button : {&control.OK, &control.Extra, &control.Cancel, &control.Help}) {
+    row->Add(MakeButton(bar, *button), wxSizerFlags().Border(wxLEFT, bar->FromDIP(6)));
+  }
+  dialog.Attach<Binding>(control, *bar);
+  return bar;
+}
+
+}  // namespace views

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <wx/button.h>
+#include <wx/panel.h>
+#include <wx/statbmp.h>
+
+#include <vector>
+
+#include "forms/button.h"
+#include "forms/dialog_buttons.h"
+#include "forms/tool_bar.h"
+
+namespace views {
+
+wxButton* MakeButton(wxWindow* parent, forms::Button& control);
+// The small grey button behind a field that opens its list; the Tab key passes it by, F9 in the field does the same.
+wxButton* MakePickButton(wxWindow* parent, forms::Button& control);
+wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control);
+wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
+// A button that opens a menu of the commands.
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands);
+// OK, the screen's own button, Cancel and Help, at the right.
+wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control);
+
+}  // namespace views

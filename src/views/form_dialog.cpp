@@ -1,0 +1,267 @@
+#include "views/form_dialog.h"
+
+#include <wx/display.h>
+#include <wx/sizer.h>
+#include <wx/tokenzr.h>
+
+#include "forms/button.h"
+#include "forms/dialog_buttons.h"
+
+namespace views {
+namespace {
+
+constexpr std::string_view kPlacesSection = "SESC_SCREENS";
+
+// A place to type or choose in.
+bool IsField(const forms::Control& control) {
+  return control.TakesFocus() && control.Usable() && dynamic_cast<const forms::Button*>(&control) == nullptr;
+}
+
+std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
+  if (event.HasAnyModifiers()) {
+    return std::nullopt;
+  }
+  switch (event.GetKeyCode()) {
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+      return forms::Key::Enter;
+    case WXK_ESCAPE:
+      return forms::Key::Esc;
+    case WXK_TAB:
+      return forms::Key::Tab;
+    case WXK_F9:
+      return forms::Key::F9;
+    case WXK_DELETE:
+      return forms::Key::Delete;
+    case WXK_INSERT:
+      return forms::Key::Insert;
+    case WXK_UP:
+      return forms::Key::Up;
+    case WXK_DOWN:
+      return forms::Key::Down;
+    case WXK_PAGEUP:
+      return forms::Key::PageUp;
+    case WXK_PAGEDOWN:
+      return forms::Key::PageDown;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places)
+    : wxDialog(parent, wxID_ANY, ToWx(form.Caption.get()), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      form_(form),
+      pictures_(pictures),
+      places_(places) {
+  SetName(ToWx(form.Name()));
+  form_.Watch(this);
+  Bind(wxEVT_CHAR_HOOK, &FormDialog::OnKey, this);
+  Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+    event.Skip();
+    CallAfter([this] { SyncFocus(); });
+  });
+  Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+    event.Veto(event.CanVeto());
+    form_.DoClose();
+  });
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    if (!covered_ && !form_.Closed() && form_.DoIdle()) {
+      event.RequestMore();
+    }
+  });
+}
+
+FormDialog::~FormDialog() {
+  form_.Watch(nullptr);
+  bindings_.clear();
+}
+
+FormDialog& FormDialog::Of(wxWindow& widget) {
+  return dynamic_cast<FormDialog&>(*wxGetTopLevelParent(&widget));
+}
+
+Binding* FormDialog::Find(const forms::Control& control) const {
+  const auto found = by_control_.find(&control);
+  return found == by_control_.end() ? nullptr : found->second;
+}
+
+void FormDialog::Run() {
+  if (form_.Closed()) {
+    return;
+  }
+  FitContents();
+  RestorePlace();
+  if (form_.ActiveControl() == nullptr) {
+    for (const auto& binding : bindings_) {
+      if (IsField(binding->Control())) {
+        form_.DoFocus(binding->Control());
+        break;
+      }
+    }
+  }
+  CallAfter([this] { ShowFocus(); });
+  if (!form_.Closed()) {
+    ShowModal();
+  }
+  SavePlace();
+}
+
+bool FormDialog::SyncFocus() {
+  const Binding* focused = Focused();
+  if (focused == nullptr || form_.Closed() || covered_ || !focused->Control().TakesFocus() ||
+      focused->Control().HasFocus()) {
+    return true;
+  }
+  const bool moved = form_.DoFocus(focused->Control());
+  ShowFocus();
+  return moved;
+}
+
+void FormDialog::LayOutSoon() {
+  if (!layout_pending_) {
+    layout_pending_ = true;
+    CallAfter([this] {
+      layout_pending_ = false;
+      FitContents();
+    });
+  }
+}
+
+void FormDialog::FormChanged(forms::Aspect aspect) {
+  if (aspect == forms::Aspect::Focus) {
+    CallAfter([this] { ShowFocus(); });
+  } else {
+    SetTitle(ToWx(form_.Caption.get()));
+  }
+}
+
+void FormDialog::FormClosed() {
+  if (IsModal()) {
+    EndModal(wxID_OK);
+  }
+}
+
+void FormDialog::OnKey(wxKeyEvent& event) {
+  if (!SyncFocus()) {
+    return;
+  }
+  const auto key = KeyOf(event);
+  const bool used = key ? UseKey(Focused(), *key) : UseMnemonic(event);
+  if (!used) {
+    event.Skip();
+  }
+}
+
+// The rules first, then the widget, then what a key does in every form.
+bool FormDialog::UseKey(Binding* binding, forms::Key key) {
+  if (binding != nullptr ? binding->Control().DoKey(key) : form_.DoKey(key)) {
+    return true;
+  }
+  if (binding != nullptr && binding->Uses(key)) {
+    return false;
+  }
+  if (key == forms::Key::Esc) {
+    form_.DoClose();
+    return true;
+  }
+  if (key == forms::Key::Enter && binding != nullptr && IsField(binding->Control())) {
+    ToNextField(*binding);
+    return true;
+  }
+  return false;
+}
+
+bool FormDialog::UseMnemonic(const wxKeyEvent& event) {
+  const auto found = mnemonics_.find(wxToupper(event.GetUnicodeKey()));
+  if (event.GetModifiers() != wxMOD_ALT || found == mnemonics_.end()) {
+    return false;
+  }
+  Binding* binding = Find(*found->second);
+  if (binding != nullptr && binding->Control().Usable()) {
+    binding->FocusWidget().SetFocus();
+  }
+  return true;
+}
+
+// Behind the last field come the dialog buttons.
+void FormDialog::ToNextField(const Binding& from) {
+  bool behind = false;
+  for (const auto& binding : bindings_) {
+    const forms::Control& control = binding->Control();
+    const bool closing = dynamic_cast<const forms::DialogButtons*>(control.Container) != nullptr;
+    if (behind && (IsField(control) || (closing && control.Usable()))) {
+      binding->FocusWidget().SetFocus();
+      return;
+    }
+    behind = behind || binding.get() == &from;
+  }
+}
+
+void FormDialog::ShowFocus() {
+  const forms::Control* active = form_.ActiveControl();
+  Binding* binding = active == nullptr ? nullptr : Find(*active);
+  if (binding != nullptr && binding != Focused() && active->Usable()) {
+    binding->FocusWidget().SetFocus();
+  }
+}
+
+Binding* FormDialog::Focused() const {
+  for (const wxWindow* window = FindFocus(); window != nullptr && window != this; window = window->GetParent()) {
+    for (const auto& binding : bindings_) {
+      if (&binding->Widget() == window) {
+        return binding.get();
+      }
+    }
+  }
+  return nullptr;
+}
+
+void FormDialog::FitContents() {
+  if (GetSizer() == nullptr) {
+    return;
+  }
+  const wxSize least = GetSizer()->ComputeFittingClientSize(this);
+  SetMinClientSize(least);
+  const wxSize now = GetClientSize();
+  SetClientSize(std::max(now.x, least.x), std::max(now.y, least.y));
+  Layout();
+}
+
+void FormDialog::RestorePlace() {
+  long numbers[4] = {0, 0, 0, 0};
+  wxStringTokenizer parts(places_ == nullptr ? wxString() : ToWx(places_->UserOption(kPlacesSection, form_.Name())),
+                          ",");
+  for (long& number : numbers) {
+    if (!parts.GetNextToken().ToLong(&number)) {
+      CentreOnParent();
+      return;
+    }
+  }
+  const wxPoint corner = FromDIP(wxPoint(static_cast<int>(numbers[0]), static_cast<int>(numbers[1])));
+  wxSize size = FromDIP(wxSize(static_cast<int>(numbers[2]), static_cast<int>(numbers[3])));
+  size.IncTo(GetMinSize());
+  if (wxDisplay::GetFromPoint(corner) == wxNOT_FOUND) {
+    SetSize(size);
+    CentreOnParent();
+  } else {
+    SetSize(wxRect(corner, size));
+  }
+}
+
+void FormDialog::SavePlace() {
+  if (places_ == nullptr) {
+    return;
+  }
+  const wxPoint corner = ToDIP(GetPosition());
+  const wxSize size = ToDIP(GetSize());
+  try {
+    places_->SetUserOption(kPlacesSection, form_.Name(),
+                           FromWx(wxString::Format("%d,%d,%d,%d", corner.x, corner.y, size.x, size.y)));
+  } catch (const session::DatabaseError&) {  // NOLINT(bugprone-empty-catch): the next time it opens in the middle
+  }
+}
+
+}  // namespace views

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <wx/dialog.h>
+
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "forms/form.h"
+#include "session/session.h"
+#include "views/binding.h"
+#include "views/pictures.h"
+
+namespace views {
+
+// The window of a form: title, focus, keys, idle work, closing, and the place that it had when it was last closed.
+// A view fills it with widgets, bound in the order in which a person tabs through them.
+class FormDialog : public wxDialog, private forms::FormObserver {
+ public:
+  // `places` keeps where windows stood, by user; nullptr when nobody is logged in.
+  FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
+  ~FormDialog() override;
+
+  // The dialog that a widget is in.
+  static FormDialog& Of(wxWindow& widget);
+
+  forms::Form& Form() const { return form_; }
+  const views::Pictures& Pictures() const { return pictures_; }
+
+  // Makes a binding of type T, shows its control as it is, and keeps it.
+  template <typename T, typename... Args>
+  T& Attach(Args&&... args) {
+    auto made = std::make_unique<T>(std::forward<Args>(args)...);
+    T& binding = *made;
+    bindings_.push_back(std::move(made));
+    by_control_[&binding.Control()] = &binding;
+    for (const auto aspect : {forms::Aspect::State, forms::Aspect::Items, forms::Aspect::Value}) {
+      binding.ControlChanged(binding.Control(), aspect);
+    }
+    return binding;
+  }
+  // Keeps a watcher that has no widget.
+  void Keep(std::unique_ptr<forms::ControlObserver> watcher) { watchers_.push_back(std::move(watcher)); }
+  // Nullptr for a control that the view does not show.
+  Binding* Find(const forms::Control& control) const;
+
+  // Alt and that letter go to the control.
+  void SetMnemonic(wxUniChar letter, const forms::Control& control) { mnemonics_[wxToupper(letter)] = &control; }
+
+  // Shows the form and returns when it is closed.
+  void Run();
+
+  // Makes the form's focus that of the widgets; false when a rule kept it elsewhere. Called before the form is told
+  // of a key or a click, so that `Leave` and `Enter` run first.
+  bool SyncFocus();
+  // Lays the window out again, after the rules that are running.
+  void LayOutSoon();
+  // While something modal stands before it, a dialog does no idle work and lets no time pass.
+  void SetCovered(bool covered) { covered_ = covered; }
+  bool Covered() const { return covered_; }
+
+ private:
+  void FormChanged(forms::Aspect aspect) override;
+  void FormClosed() override;
+
+  void OnKey(wxKeyEvent& event);
+  bool UseKey(Binding* binding, forms::Key key);
+  bool UseMnemonic(const wxKeyEvent& event);
+  void ToNextField(const Binding& from);
+  void ShowFocus();
+  Binding* Focused() const;
+  void FitContents();
+  void RestorePlace();
+  void SavePlace();
+
+  forms::Form& form_;
+  const views::Pictures& pictures_;
+  session::Settings* places_;
+  std::vector<std::unique_ptr<Binding>> bindings_;
+  std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
+  std::map<const forms::Control*, Binding*> by_control_;
+  std::map<wxChar, const forms::Control*> mnemonics_;
+  bool covered_ = false;
+  bool layout_pending_ = false;
+};
+
+}  // namespace views

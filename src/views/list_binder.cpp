@@ -1,0 +1,209 @@
+#include <wx/listctrl.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+#include <wx/tokenzr.h>
+
+#include "forms/text.h"
+#include "views/choice_binders.h"
+#include "views/form_dialog.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+// Asks the control for the entries that it paints.
+class EntryList : public wxListCtrl {
+ public:
+  EntryList(wxWindow* parent, const forms::ListBox& list)
+      : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                   wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER),
+        list_(list) {}
+
+  wxString OnGetItemText(long item, long column) const override {
+    const auto& items = list_.Items.get();
+    if (static_cast<std::size_t>(item) >= items.size()) {
+      return {};
+    }
+    wxStringTokenizer cells(ToWx(items[static_cast<std::size_t>(item)].text), "\t", wxTOKEN_RET_EMPTY_ALL);
+    wxString cell;
+    for (long i = 0; i <= column; ++i) {
+      cell = cells.GetNextToken();
+    }
+    return cell;
+  }
+
+ private:
+  const forms::ListBox& list_;
+};
+
+// The generic list keeps its entries in a window of its own.
+wxWindow& EntriesOf(wxListCtrl& list) {
+  return list.GetChildren().empty() ? list : *list.GetChildren().front();
+}
+
+void ShowCount(wxListCtrl& widget, const forms::ListBox& list) {
+  widget.SetItemCount(static_cast<long>(list.Items->size()));
+  widget.Refresh();
+}
+
+void ShowCurrent(wxListCtrl& widget, const forms::ListBox& list) {
+  const long shown = widget.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+  const long wanted = list.ListIndex;
+  if (shown != wanted && shown >= 0) {
+    widget.SetItemState(shown, 0, wxLIST_STATE_SELECTED);
+  }
+  if (wanted >= 0 && wanted < widget.GetItemCount()) {
+    constexpr long kBoth = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+    widget.SetItemState(wanted, kBoth, kBoth);
+    widget.EnsureVisible(wanted);
+  }
+}
+
+// The mouse button let go over an entry chooses it.
+void OnEntryClick(wxListCtrl& widget, const FormDialog& dialog, forms::ListBox& list) {
+  EntriesOf(widget).Bind(wxEVT_LEFT_UP, [&](wxMouseEvent& event) {
+    event.Skip();
+    int where = 0;
+    const long item = widget.HitTest(event.GetPosition(), where);
+    if (item != wxNOT_FOUND) {
+      dialog.GetEventHandler()->CallAfter([&list, item] { list.DoPick(static_cast<int>(item)); });
+    }
+  });
+}
+
+class ListBinding : public Binding {
+ public:
+  ListBinding(forms::ListBox& control, wxListCtrl& widget) : Binding(control, widget), list_(control), widget_(widget) {
+    widget_.Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) {
+      const auto item = static_cast<int>(event.GetIndex());
+      if (!showing_ && item != list_.ListIndex && Dialog().SyncFocus()) {
+        list_.DoHighlight(item);
+      }
+    });
+    widget_.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { list_.DoOpen(); });
+    OnEntryClick(widget_, Dialog(), list_);
+    EntriesOf(widget_).Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
+      const wxChar character = event.GetKeyCode() == WXK_BACK ? wxChar(WXK_BACK) : event.GetUnicodeKey();
+      const bool typed = character == WXK_BACK || (character >= WXK_SPACE && character != WXK_DELETE);
+      if (list_.KeyPress && typed && !event.ControlDown() && !event.AltDown()) {
+        list_.KeyPress(static_cast<char32_t>(character));
+      } else {
+        event.Skip();
+      }
+    });
+  }
+
+  wxWindow& FocusWidget() const override { return EntriesOf(widget_); }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    showing_ = true;
+    if (aspect == forms::Aspect::Items) {
+      ShowCount(widget_, list_);
+    }
+    if (aspect != forms::Aspect::State) {
+      ShowCurrent(widget_, list_);
+    }
+    showing_ = false;
+  }
+
+ private:
+  forms::ListBox& list_;
+  wxListCtrl& widget_;
+  bool showing_ = false;
+};
+
+class SearchBinding : public Binding {
+ public:
+  SearchBinding(forms::ComboBox& control, wxPanel& widget, wxTextCtrl& box, wxListCtrl& list)
+      : Binding(control, widget), combo_(control), box_(box), list_(list) {
+    box_.SetName(widget.GetName() + ".text");
+    list_.SetName(widget.GetName() + ".list");
+    box_.Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+      if (Dialog().SyncFocus()) {
+        combo_.DoEdit(FromWx(box_.GetValue()));
+        ScrollToTyped();
+      }
+    });
+    box_.Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+      const int step = event.GetKeyCode() == WXK_DOWN ? 1 : event.GetKeyCode() == WXK_UP ? -1 : 0;
+      if (step == 0) {
+        event.Skip();
+      } else if (Dialog().SyncFocus()) {
+        combo_.DoHighlight(std::max(0, (combo_.ListIndex < 0 ? typed_place_ - 1 : combo_.ListIndex.get()) + step));
+      }
+    });
+    OnEntryClick(list_, Dialog(), combo_);
+  }
+
+  wxWindow& FocusWidget() const override { return box_; }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::Items) {
+      ShowCount(list_, combo_);
+    }
+    if (aspect != forms::Aspect::State) {
+      if (box_.GetValue() != ToWx(combo_.Text.get())) {
+        box_.ChangeValue(ToWx(combo_.Text.get()));
+        box_.SelectAll();
+      }
+      ShowCurrent(list_, combo_);
+    }
+  }
+
+ private:
+  // What is typed makes no entry current, or Enter could not take a new name.
+  void ScrollToTyped() {
+    const std::size_t length = forms::CharacterCount(combo_.Text.get());
+    const auto& items = combo_.Items.get();
+    const auto found = std::ranges::find_if(items, [&](const forms::ListItem& item) {
+      return forms::EqualsIgnoringCase(forms::Left(item.text, length), combo_.Text.get());
+    });
+    typed_place_ = found == items.end() ? 0 : static_cast<int>(found - items.begin());
+    if (found != items.end()) {
+      list_.EnsureVisible(static_cast<long>(items.size()) - 1);
+      list_.EnsureVisible(typed_place_);
+    }
+  }
+
+  forms::ComboBox& combo_;
+  wxTextCtrl& box_;
+  wxListCtrl& list_;
+  int typed_place_ = 0;
+};
+
+wxListCtrl* MakeEntries(wxWindow* parent, const forms::ListBox& control, const std::vector<int>& columns, int lines) {
+  auto* list = new EntryList(parent, control);
+  int width = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, list) + list->FromDIP(8);
+  for (const int characters : columns) {
+    const int column = FieldWidth(*list, characters + 2);
+    list->AppendColumn({}, wxLIST_FORMAT_LEFT, column);
+    width += column;
+  }
+  list->SetInitialSize(wxSize(width, (list->GetCharHeight() + list->FromDIP(6)) * lines));
+  return list;
+}
+
+}  // namespace
+
+wxListCtrl* MakeListBox(wxWindow* parent, forms::ListBox& control, const std::vector<int>& columns, int lines) {
+  wxListCtrl* list = MakeEntries(parent, control, columns, lines);
+  FormDialog::Of(*parent).Attach<ListBinding>(control, *list);
+  return list;
+}
+
+wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characters, int lines) {
+  auto* panel = new wxPanel(parent);
+  auto* box = new wxTextCtrl(panel, wxID_ANY);
+  wxListCtrl* list = MakeEntries(panel, control, {characters}, lines);
+  list->DisableFocusFromKeyboard();
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(box, wxSizerFlags().Expand());
+  column->Add(list, wxSizerFlags(1).Expand());
+  panel->SetSizer(column);
+  FormDialog::Of(*parent).Attach<SearchBinding>(control, *panel, *box, *list);
+  return panel;
+}
+
+}  // namespace views

@@ -1,0 +1,38 @@
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/choice_binders.h"
+#include "views/grid_binder.h"
+#include "views/lookup/lookup_views.h"
+#include "views/panel_binders.h"
+#include "views/text_binders.h"
+
+namespace views {
+
+void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
+  const int gap = dialog.FromDIP(8);
+  const auto beside = wxSizerFlags().CenterVertical().Border(wxRIGHT, 2 * gap);
+  auto* page = new wxBoxSizer(wxVERTICAL);
+
+  auto* commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->Add(
+      MakeMenuButton(&dialog, "L&ist", {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFileResDef, &form.MnuFileExit}),
+      wxSizerFlags().Expand());
+  commands->Add(MakeToolBar(&dialog, form.ToolStrip), wxSizerFlags(1).Expand());
+  page->Add(commands, wxSizerFlags().Expand().Border(wxALL, gap / 2));
+  page->Add(MakeGrid(&dialog, form.DotNetGrid, 16), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
+
+  auto* options = new wxBoxSizer(wxHORIZONTAL);
+  options->Add(MakeOption(&dialog, form.optFiltLeft, true), beside);
+  options->Add(MakeOption(&dialog, form.optFiltMid, false), beside);
+  options->Add(MakeCheckBox(&dialog, form.chkAutoClearFilter), beside);
+  options->AddStretchSpacer();
+  options->Add(MakeLabel(&dialog, form.RowLabel), wxSizerFlags().CenterVertical());
+  page->Add(options, wxSizerFlags().Expand().Border(wxALL, gap));
+  page->Add(MakeDialogButtons(&dialog, form.DialogButtons1),
+            wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  RunTimer(dialog, form.Timer1);
+  dialog.SetSizer(page);
+}
+
+}  // namespace views

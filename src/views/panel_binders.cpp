@@ -1,0 +1,87 @@
+#include "views/panel_binders.h"
+
+#include <wx/sizer.h>
+#include <wx/timer.h>
+
+#include "views/form_dialog.h"
+
+namespace views {
+namespace {
+
+class DropBinding : public Binding {
+ public:
+  DropBinding(forms::Panel& control, wxPanel& widget, std::function<const forms::Control&()> anchor)
+      : Binding(control, widget), anchor_(std::move(anchor)) {}
+
+ protected:
+  void Refresh(forms::Aspect /*aspect*/) override {
+    const Binding* under = Control().Visible ? Dialog().Find(anchor_()) : nullptr;
+    if (under == nullptr) {
+      return;
+    }
+    wxWindow& panel = Widget();
+    const wxWindow& field = under->Widget();
+    const wxSize room = panel.GetParent()->GetClientSize();
+    const wxPoint top = panel.GetParent()->ScreenToClient(field.GetScreenPosition());
+    wxPoint corner(top.x, top.y + field.GetSize().y);
+    if (corner.y + panel.GetSize().y > room.y && top.y >= panel.GetSize().y) {
+      corner.y = top.y - panel.GetSize().y;
+    }
+    corner.x = std::max(0, std::min(corner.x, room.x - panel.GetSize().x));
+    panel.Move(corner);
+    panel.Raise();
+  }
+
+ private:
+  std::function<const forms::Control&()> anchor_;
+};
+
+// No time passes while something modal stands before the dialog.
+class TimerRunner : public forms::ControlObserver {
+ public:
+  TimerRunner(forms::Timer& control, const FormDialog& dialog) : timer_(control) {
+    ticks_.SetOwner(&ticks_);
+    ticks_.Bind(wxEVT_TIMER, [this, &dialog](wxTimerEvent&) {
+      if (!dialog.Covered()) {
+        timer_.DoElapse();
+      }
+    });
+    timer_.Watch(this);
+    ControlChanged(timer_, forms::Aspect::State);
+  }
+  TimerRunner(const TimerRunner&) = delete;
+  TimerRunner& operator=(const TimerRunner&) = delete;
+  ~TimerRunner() override { timer_.Watch(nullptr); }
+
+  void ControlChanged(forms::Control& /*control*/, forms::Aspect /*aspect*/) override {
+    if (!timer_.Enabled) {
+      ticks_.Stop();
+    } else if (!ticks_.IsRunning() || ticks_.GetInterval() != timer_.Interval) {
+      ticks_.Start(std::max(1, timer_.Interval.get()));
+    }
+  }
+
+ private:
+  forms::Timer& timer_;
+  wxTimer ticks_;
+};
+
+}  // namespace
+
+wxPanel* MakePanel(wxWindow* parent, forms::Panel& control) {
+  auto* panel = new wxPanel(parent);
+  FormDialog::Of(*parent).Attach<Binding>(control, *panel);
+  return panel;
+}
+
+wxPanel* MakeDropPanel(wxWindow* parent, forms::Panel& control, std::function<const forms::Control&()> anchor) {
+  auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_RAISED);
+  FormDialog::Of(*parent).Attach<DropBinding>(control, *panel, std::move(anchor));
+  return panel;
+}
+
+void RunTimer(FormDialog& dialog, forms::Timer& control) {
+  dialog.Keep(std::make_unique<TimerRunner>(control, dialog));
+}
+
+}  // namespace views

@@ -1,0 +1,18 @@
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/grid_binder.h"
+#include "views/people/people_views.h"
+
+namespace views {
+
+void LayOut_frmDatabaseSearch(FormDialog& dialog, people::frmDatabaseSearch& form) {
+  const int gap = dialog.FromDIP(8);
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(MakeGrid(&dialog, form.Name_List, 12), wxSizerFlags(1).Expand().Border(wxALL, gap));
+  page->Add(MakeDialogButtons(&dialog, form.DialogButtons1),
+            wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  dialog.SetSizer(page);
+}
+
+}  // namespace views

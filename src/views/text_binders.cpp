@@ -1,0 +1,181 @@
+#include "views/text_binders.h"
+
+#include <wx/clipbrd.h>
+
+#include <algorithm>
+
+#include "forms/text.h"
+#include "views/form_dialog.h"
+
+namespace views {
+namespace {
+
+// A widget's line break is one character, the system's are two.
+wxString WithLineFeeds(const std::string& text) {
+  wxString lines = ToWx(text);
+  lines.Replace("\r\n", "\n");
+  lines.Replace("\r", "\n");
+  return lines;
+}
+
+wxString WithBothBreaks(wxString text) {
+  text.Replace("\n", "\r\n");
+  return text;
+}
+
+class TextBinding : public Binding {
+ public:
+  TextBinding(forms::TextBox& control, wxTextCtrl& widget) : Binding(control, widget), box_(control), text_(widget) {
+    text_.Bind(wxEVT_CHAR, &TextBinding::OnCharacter, this);
+    text_.Bind(wxEVT_TEXT_PASTE, &TextBinding::OnPaste, this);
+    text_.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnChanged(); });
+  }
+
+  bool Uses(forms::Key key) const override { return key == forms::Key::Enter && text_.IsMultiLine(); }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    text_.SetEditable(!box_.ReadOnly);
+    const wxString wanted = WithLineFeeds(box_.Text);
+    if (aspect == forms::Aspect::Value && text_.GetValue() != wanted) {
+      const long caret = text_.GetInsertionPoint();
+      text_.ChangeValue(wanted);
+      text_.SetInsertionPoint(std::min(caret, text_.GetLastPosition()));
+    }
+  }
+
+ private:
+  void OnCharacter(wxKeyEvent& event) {
+    const wxChar character = event.GetUnicodeKey();
+    if (character < WXK_SPACE || character == WXK_DELETE || event.ControlDown() != event.AltDown()) {
+      event.Skip();
+      return;
+    }
+    Dialog().SyncFocus();
+    long from = 0;
+    long to = 0;
+    text_.GetSelection(&from, &to);
+    Put(from, to, wxString(character));
+  }
+
+  void OnPaste(wxCommandEvent& /*event*/) {
+    wxTextDataObject data;
+    const wxClipboardLocker clipboard;
+    if (!clipboard || !wxTheClipboard->GetData(data)) {
+      return;
+    }
+    wxString pasted = WithLineFeeds(FromWx(data.GetText()));
+    if (!text_.IsMultiLine()) {
+      pasted.Replace("\n", " ");
+    }
+    long from = 0;
+    long to = 0;
+    text_.GetSelection(&from, &to);
+    Put(from, to, pasted);
+  }
+
+  // What came past the keyboard and the clipboard: characters taken away, or put in by a drop or an input method.
+  void OnChanged() {
+    const wxString before = WithLineFeeds(box_.Text);
+    const wxString after = text_.GetValue();
+    const std::size_t shorter = std::min(before.length(), after.length());
+    std::size_t head = 0;
+    while (head < shorter && before[head] == after[head]) {
+      ++head;
+    }
+    std::size_t tail = 0;
+    while (tail < shorter - head && before[before.length() - 1 - tail] == after[after.length() - 1 - tail]) {
+      ++tail;
+    }
+    const wxString put_in = after.Mid(head, after.length() - tail - head);
+    if (put_in.empty()) {
+      box_.DoEdit(FromWx(WithBothBreaks(after)));
+      return;
+    }
+    text_.ChangeValue(before);
+    Put(static_cast<long>(head), static_cast<long>(before.length() - tail), put_in);
+  }
+
+  // Types over the widget's characters from `from` up to `to`.
+  void Put(long from, long to, const wxString& typed) {
+    const wxString shown = text_.GetValue();
+    const auto in_text = [&](long position) {
+      const auto place = static_cast<std::size_t>(position);
+      return text_.IsMultiLine() ? place + static_cast<std::size_t>(shown.Left(place).Freq('\n')) : place;
+    };
+    const auto caret = box_.DoTypeOver(in_text(from), in_text(to), FromWx(WithBothBreaks(typed)));
+    if (caret) {
+      const std::u32string before = forms::ToUtf32(box_.Text.get()).substr(0, *caret);
+      const auto breaks = text_.IsMultiLine() ? std::ranges::count(before, U'\r') : 0;
+      text_.SetInsertionPoint(static_cast<long>(before.size()) - breaks);
+    } else if (text_.GetValue() == shown) {
+      text_.SetSelection(from, to);
+    }
+  }
+
+  forms::TextBox& box_;
+  wxTextCtrl& text_;
+};
+
+class LabelBinding : public Binding {
+ public:
+  LabelBinding(forms::Label& control, wxStaticText& widget, const forms::Control* field)
+      : Binding(control, widget), label_(control), text_(widget), field_(field) {
+    text_.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { label_.DoClick(); });
+  }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect != forms::Aspect::Value) {
+      return;
+    }
+    const wxString wanted = WithLineFeeds(label_.Caption);
+    const wxString shown = field_ == nullptr ? wxControl::EscapeMnemonics(wanted) : wanted;
+    if (text_.GetLabel() == shown) {
+      return;
+    }
+    text_.SetLabel(shown);
+    const int mnemonic = wxControl::FindAccelIndex(shown);
+    if (field_ != nullptr && mnemonic != wxNOT_FOUND) {
+      Dialog().SetMnemonic(wxControl::RemoveMnemonics(shown)[static_cast<std::size_t>(mnemonic)], *field_);
+    }
+    Dialog().LayOutSoon();
+  }
+
+ private:
+  forms::Label& label_;
+  wxStaticText& text_;
+  const forms::Control* field_;
+};
+
+}  // namespace
+
+int FieldWidth(const wxWindow& window, int characters) {
+  return window.GetTextExtent(wxString('0', static_cast<std::size_t>(characters))).x;
+}
+
+wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines) {
+  long style = control.MultiLine ? wxTE_MULTILINE : wxTE_PROCESS_ENTER;
+  if (control.PasswordChar != '\0') {
+    style |= wxTE_PASSWORD;
+  }
+  auto* text = new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, style);
+  const int height = control.MultiLine ? text->GetCharHeight() * lines : -1;
+  text->SetInitialSize(text->GetSizeFromTextSize(FieldWidth(*text, characters), height));
+  FormDialog::Of(*parent).Attach<TextBinding>(control, *text);
+  return text;
+}
+
+wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control) {
+  auto* text = new wxStaticText(parent, wxID_ANY, {});
+  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, nullptr);
+  return text;
+}
+
+wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control, const forms::Control& field) {
+  auto* text = new wxStaticText(parent, wxID_ANY, {});
+  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, &field);
+  return text;
+}
+
+}  // namespace views

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "forms/label.h"
+#include "forms/text_box.h"
+
+namespace views {
+
+// A field `characters` wide; a multi-line one is `lines` high.
+wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines = 1);
+// A text as it is: '&' is one.
+wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control);
+// The caption before a field: Alt and the letter after '&' go to the field.
+wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control, const forms::Control& field);
+
+// The width of so many digits in a window's own font, with a field's borders.
+int FieldWidth(const wxWindow& window, int characters);
+
+}  // namespace views

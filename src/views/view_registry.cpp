@@ -1,0 +1,34 @@
+#include "views/view_registry.h"
+
+#include "views/lookup/lookup_views.h"
+#include "views/people/people_views.h"
+
+namespace views {
+
+ViewRegistry ViewRegistry::Standard() {
+  ViewRegistry registry;
+  registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
+  registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
+  registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
+  registry.Add<lookup::frmTGList>("frmTGList", LayOut_frmTGList);
+  return registry;
+}
+
+bool ViewRegistry::LayOut(FormDialog& dialog) const {
+  const auto view = views_.find(dialog.Form().Name());
+  if (view == views_.end()) {
+    return false;
+  }
+  view->second(dialog);
+  return true;
+}
+
+std::vector<std::string> ViewRegistry::Names() const {
+  std::vector<std::string> names;
+  for (const auto& [name, view] : views_) {
+    names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace views

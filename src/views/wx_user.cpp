@@ -1,0 +1,113 @@
+#include "views/wx_user.h"
+
+#include <wx/colordlg.h>
+#include <wx/dirdlg.h>
+#include <wx/filedlg.h>
+
+#include <stdexcept>
+
+#include "views/questions.h"
+#include "views/wait_window.h"
+
+namespace views {
+
+WxUser::WxUser(ViewRegistry registry, Pictures pictures)
+    : registry_(std::move(registry)), pictures_(std::move(pictures)) {}
+
+WxUser::~WxUser() = default;
+
+forms::Answer WxUser::Ask(const forms::Message& message) {
+  MessageDialog dialog(Top(), message);
+  ShowModal(dialog);
+  return dialog.Chosen();
+}
+
+std::optional<std::string> WxUser::Input(const forms::InputBox& box) {
+  InputDialog dialog(Top(), box);
+  return ShowModal(dialog) == wxID_OK ? std::optional(dialog.Text()) : std::nullopt;
+}
+
+void WxUser::Show(forms::Form& form) {
+  form.Load();
+  if (form.Closed()) {
+    return;
+  }
+  FormDialog dialog(Top(), form, pictures_, places_);
+  if (!registry_.LayOut(dialog)) {
+    throw std::logic_error("no view for " + form.Name());
+  }
+  Open(dialog);
+  dialog.Run();
+  Shut(dialog);
+}
+
+std::optional<std::chrono::year_month_day> WxUser::PickDate(std::string_view title, std::chrono::year_month_day start) {
+  CalendarDialog dialog(Top(), title, start);
+  return ShowModal(dialog) == wxID_OK ? std::optional(dialog.Day()) : std::nullopt;
+}
+
+std::optional<std::string> WxUser::PickFile(const forms::FileChoice& choice) {
+  wxFileDialog dialog(Top(), ToWx(choice.title), ToWx(choice.folder), {}, ToWx(choice.pattern),
+                      choice.for_writing ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  return ShowModal(dialog) == wxID_OK ? std::optional(FromWx(dialog.GetPath())) : std::nullopt;
+}
+
+std::optional<std::string> WxUser::PickFolder(std::string_view title) {
+  wxDirDialog dialog(Top(), ToWx(title));
+  return ShowModal(dialog) == wxID_OK ? std::optional(FromWx(dialog.GetPath())) : std::nullopt;
+}
+
+std::optional<forms::Color> WxUser::PickColor(forms::Color start) {
+  wxColourData data;
+  data.SetColour(wxColour(start.red, start.green, start.blue));
+  wxColourDialog dialog(Top(), &data);
+  if (ShowModal(dialog) != wxID_OK) {
+    return std::nullopt;
+  }
+  const wxColour chosen = dialog.GetColourData().GetColour();
+  return forms::Color{chosen.Red(), chosen.Green(), chosen.Blue()};
+}
+
+void WxUser::Wait(std::string_view text, double done) {
+  if (text.empty()) {
+    wait_.reset();
+    return;
+  }
+  if (wait_ == nullptr) {
+    wait_ = std::make_unique<WaitWindow>(Top());
+  }
+  wait_->Tell(text, done);
+}
+
+void WxUser::Pulse() {
+  if (wait_ != nullptr) {
+    wait_->Pulse();
+  }
+}
+
+int WxUser::ShowModal(wxDialog& dialog) {
+  Open(dialog);
+  const int result = dialog.ShowModal();
+  Shut(dialog);
+  return result;
+}
+
+void WxUser::Open(wxDialog& dialog) {
+  wait_.reset();
+  if (auto* below = dynamic_cast<FormDialog*>(Top())) {
+    below->SetCovered(true);
+  }
+  open_.push_back(&dialog);
+  if (OnShown) {
+    dialog.CallAfter([this, &dialog] { OnShown(dialog); });
+  }
+}
+
+void WxUser::Shut(wxDialog& dialog) {
+  std::erase(open_, &dialog);
+  if (auto* below = dynamic_cast<FormDialog*>(Top())) {
+    below->SetCovered(false);
+  }
+}
+
+}  // namespace views

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "forms/user.h"
+#include "session/session.h"
+#include "views/pictures.h"
+#include "views/view_registry.h"
+
+class wxDialog;
+
+namespace views {
+
+class WaitWindow;
+
+// The person at a window system: every question and every form is a modal window before the one that is on top.
+class WxUser : public forms::User {
+ public:
+  WxUser(ViewRegistry registry, Pictures pictures);
+  WxUser(const WxUser&) = delete;
+  WxUser& operator=(const WxUser&) = delete;
+  ~WxUser() override;
+
+  // Behind everything; nullptr for none.
+  void SetMainWindow(wxWindow* window) { main_ = window; }
+  // Where windows' places are kept; nullptr until somebody is logged in.
+  void SetPlaces(session::Settings* places) { places_ = places; }
+  // Sees every window of ours once it is up, and may close it.
+  std::function<void(wxDialog&)> OnShown;
+
+  forms::Answer Ask(const forms::Message& message) override;
+  std::optional<std::string> Input(const forms::InputBox& box) override;
+  void Show(forms::Form& form) override;
+  std::optional<std::chrono::year_month_day> PickDate(std::string_view title,
+                                                      std::chrono::year_month_day start) override;
+  std::optional<std::string> PickFile(const forms::FileChoice& choice) override;
+  std::optional<std::string> PickFolder(std::string_view title) override;
+  std::optional<forms::Color> PickColor(forms::Color start) override;
+  void Wait(std::string_view text, double done = -1) override;
+
+  // Lets the windows paint, and brings up the wait text when it has stood long enough; the host calls it while a
+  // statement runs.
+  void Pulse();
+
+ private:
+  wxWindow* Top() const { return open_.empty() ? main_ : open_.back(); }
+  int ShowModal(wxDialog& dialog);
+  void Open(wxDialog& dialog);
+  void Shut(wxDialog& dialog);
+
+  ViewRegistry registry_;
+  Pictures pictures_;
+  wxWindow* main_ = nullptr;
+  session::Settings* places_ = nullptr;
+  std::vector<wxDialog*> open_;
+  std::unique_ptr<WaitWindow> wait_;
+};
+
+}  // namespace views
