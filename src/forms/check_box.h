@@ -48,9 +48,10 @@ class OptionButton : public Control {
 // Ties option buttons together: the one that is turned on turns the others off.
 class OptionGroup {
  public:
-  explicit OptionGroup(std::initializer_list<OptionButton*> buttons);
+  OptionGroup(std::initializer_list<OptionButton*> buttons);
   OptionGroup(const OptionGroup&) = delete;
   OptionGroup& operator=(const OptionGroup&) = delete;
+  ~OptionGroup() = default;
 
   // The position of the button that is on; -1 for none.
   int Chosen() const;

@@ -20,7 +20,7 @@ TEST(CheckBox, OnlyAThreeStateBoxCanBeMixed) {
 
 TEST(OptionGroup, OneAtMostIsOnWhoeverTurnsItOn) {
   std::array<OptionButton, 3> options;
-  const OptionGroup group{&options[0], &options[1], &options[2]};
+  const OptionGroup group{options.data(), &options[1], &options[2]};
   EXPECT_EQ(group.Chosen(), -1);
   options[1].Value = true;
   EXPECT_EQ(group.Chosen(), 1);

@@ -1,0 +1,1 @@
+#error "forms to entry see no toolkit, platform or engine"
