@@ -12,9 +12,9 @@ namespace lookup {
 
 // How a caller wants a list shown.
 struct LookUpOptions {
-  std::string title;          // empty: the kind's default
+  std::string title = {};     // empty: the kind's default
   std::int32_t selected = 0;  // the record to start on
-  ListNarrowing narrowing;
+  ListNarrowing narrowing = {};
   std::int32_t show_mode = 0;
   bool multi_select = false;
   bool no_double_click = false;

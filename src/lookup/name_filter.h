@@ -7,11 +7,10 @@ namespace lookup {
 
 // What a person typed into the filter cells of a list of persons.
 struct NameFilter {
-  std::string name;  // "Last, First", the first letters of the last name, or "First Last"
-  std::string last_name;
-  std::string first_name;
+  std::string name = {};  // "Last, First", the first letters of the last name, or "First Last"
+  std::string last_name = {};
+  std::string first_name = {};
 
-  bool Empty() const { return name.empty() && last_name.empty() && first_name.empty(); }
   // Filtered in both ways at once, which is refused.
   bool Clashes() const { return !name.empty() && !(last_name.empty() && first_name.empty()); }
 };

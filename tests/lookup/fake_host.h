@@ -1,0 +1,164 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "forms/form.h"
+#include "session/screens.h"
+
+// A host without a practice: it records what a list asks of it and answers what a test tells it to.
+namespace lookup_test {
+
+using Row = std::vector<session::Value>;
+
+class FakeRows : public session::Recordset {
+ public:
+  FakeRows(std::vector<std::string> columns, std::vector<Row> rows, std::size_t breaks_at)
+      : rows_(std::move(rows)), breaks_at_(breaks_at) {
+    for (std::string& column : columns) {
+      fields_.push_back({.name = std::move(column)});
+    }
+  }
+
+  const std::vector<session::Field>& Fields() const override { return fields_; }
+  bool Eof() const override { return at_ >= rows_.size(); }
+  void MoveNext() override {
+    if (++at_ == breaks_at_) {
+      throw session::DatabaseError("the line broke", "", 1);
+    }
+  }
+  session::Value Get(std::size_t field) const override { return rows_[at_][field]; }
+
+ private:
+  std::vector<session::Field> fields_;
+  std::vector<Row> rows_;
+  std::size_t breaks_at_;
+  std::size_t at_ = 0;
+};
+
+class FakeSession : public session::Session, public session::Connection {
+ public:
+  std::int32_t kind = session::kFileDatabase;
+  std::int32_t office = 3;
+  std::vector<std::string> columns = {"ID Num", "Name"};
+  std::vector<Row> rows;
+  bool refuses = false;
+  std::size_t breaks_at = 0;  // the row whose fetch fails; 0 for none
+
+  std::vector<std::string> statements;
+  std::vector<std::string> person_types;
+  std::vector<std::string> handed;
+  std::vector<std::pair<std::string, std::string>> options;
+
+  std::int32_t DatabaseKind() const override { return kind; }
+  std::int32_t CurrentOfficeID() const override { return office; }
+  std::string PrepareSQL(const std::string& sql, int) const override { return sql; }
+  session::Connection& Connection() override { return *this; }
+  bool KeepsRowGuids(std::string_view) const override { return false; }
+  std::unique_ptr<session::Recordset> Execute(const std::string& sql) override {
+    statements.push_back(sql);
+    if (refuses) {
+      throw session::DatabaseError("refused", sql, 1);
+    }
+    return std::make_unique<FakeRows>(columns, rows, breaks_at);
+  }
+  void BeginTrans() override {}
+  void CommitTrans() override {}
+  void RollbackTrans() override {}
+  void Cancel() override {}
+
+  std::string UserName() const override { return "Ann"; }
+  bool HasRight(std::string_view) const override { return true; }
+  std::string OfficeSetting(std::string_view, std::string_view) const override { return {}; }
+  std::string UserOption(std::string_view section, std::string_view key) const override {
+    std::string value;
+    for (const auto& [name, set] : options) {
+      value = name == std::string(section) + "." + std::string(key) ? set : value;
+    }
+    return value;
+  }
+  void SetUserOption(std::string_view section, std::string_view key, std::string_view value) override {
+    options.emplace_back(std::string(section) + "." + std::string(key), value);
+  }
+  void RecordHandOff(std::string_view column, std::string_view table, std::int32_t id) override {
+    handed.push_back(std::string(column) + " " + std::string(table) + " " + std::to_string(id));
+  }
+  void SetCurrentPersonType(std::string_view key) override { person_types.emplace_back(key); }
+  void Log(const session::LogEntry&) override {}
+  bool HoldRecord(std::string_view, std::int32_t) override { return true; }
+  void ReleaseRecord(std::string_view, std::int32_t) override {}
+  bool HeldByAnother(std::string_view, std::int32_t) const override { return false; }
+  session::AccountFigures AccountOf(std::int32_t) const override { return {}; }
+  forms::DateTime Now() const override { return {}; }
+  std::string DataFolder() const override { return {}; }
+  std::string ProgramFolder() const override { return {}; }
+  bool StartProgram(const std::string&) override { return false; }
+};
+
+class FakeUser : public forms::User {
+ public:
+  std::function<void(forms::Form&)> acts;  // what the person does in a window
+  std::vector<std::string> told;
+  std::vector<std::string> waits;
+  int shown = 0;
+
+  forms::Answer Ask(const forms::Message& message) override {
+    told.push_back(message.text);
+    return message.Default();
+  }
+  std::optional<std::string> Input(const forms::InputBox&) override { return std::nullopt; }
+  void Show(forms::Form& form) override {
+    ++shown;
+    form.Load();
+    if (acts) {
+      acts(form);
+    }
+    form.DoClose();
+  }
+  std::optional<std::chrono::year_month_day> PickDate(std::string_view, std::chrono::year_month_day) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> PickFile(const forms::FileChoice&) override { return std::nullopt; }
+  std::optional<std::string> PickFolder(std::string_view) override { return std::nullopt; }
+  std::optional<forms::Color> PickColor(forms::Color) override { return std::nullopt; }
+  void Wait(std::string_view text, double) override { waits.emplace_back(text); }
+};
+
+// Every editing screen saves `saves`, or is left with Cancel when that is empty.
+class FakeScreens : public session::Screens {
+ public:
+  std::string saves;
+  std::vector<std::string> opened;
+
+  std::optional<session::ListChoice> ShowList(session::LookUpListTypes, const session::ListRequest&) override {
+    return std::nullopt;
+  }
+  std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
+  void Load_PatInfo_Small(std::string&, const std::string&, bool&) override {}
+  void PaTable_Edit_Start(std::string_view person_type, std::string& id) override {
+    opened.push_back(std::string(person_type) + " " + id);
+    id = saves.empty() ? std::string(session::kCancelAndClose) : saves;
+  }
+  void Grp_Plan_Start(std::string&, std::int32_t) override {}
+  void Recall_Master_Start(std::string& id, bool& canceled, bool& data_saved) override {
+    opened.push_back("recall " + id);
+    canceled = saves.empty();
+    data_saved = !canceled;
+    id = canceled ? id : saves;
+  }
+  void Ins_Company_Start(std::string&) override {}
+  void Pharmacy_Start(std::string&) override {}
+};
+
+struct FakeHost {
+  FakeSession session;
+  FakeUser user;
+  FakeScreens screens;
+
+  session::ScreenContext Context() { return {session, user, screens}; }
+};
+
+}  // namespace lookup_test

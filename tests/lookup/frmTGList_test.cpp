@@ -1,0 +1,223 @@
+#include "lookup/frmTGList.h"
+
+#include "lookup/fake_host.h"
+#include "lookup/name_filter.h"
+
+namespace {
+
+using forms::Key;
+using lookup::frmTGList;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class ListWindow : public testing::Test {
+ protected:
+  ListWindow() {
+    host_.session.columns = {"Name", "Last Name", "First Name", "ID Num"};
+    list_.SetSQL(
+        "SELECT DISTINCTROW P.L+', '+P.F AS Name, P.L AS [Last Name], P.F AS [First Name], P.I AS [ID Num] "
+        "FROM P WHERE P.T='1'");
+    list_.SortBy = "Name";
+    list_.Caption = "Employee List";
+    list_.IDFld.Caption = "ID Num";
+    list_.NamFld.Caption = "Name";
+  }
+
+  void Fill(int rows) {
+    for (std::int64_t id = 1; id <= rows; ++id) {
+      host_.session.rows.push_back({"Smith, J", "Smith", "J", id});
+    }
+  }
+  void Filter(const std::string& caption, const std::string& text) {
+    ASSERT_TRUE(list_.DotNetGrid.DoFilter(list_.DotNetGrid.ColumnIndex(caption), text));
+  }
+  const std::string& LastStatement() const { return host_.session.statements.back(); }
+
+  lookup_test::FakeHost host_;
+  frmTGList list_{host_.Context()};
+};
+
+TEST_F(ListWindow, KeepsDistinctRowForAFileDatabaseAlone) {
+  EXPECT_THAT(list_.SQL(), HasSubstr("DISTINCTROW"));
+  host_.session.kind = 7;
+  list_.SetSQL("select DistinctRow A, 'DISTINCTROW' from T");
+  EXPECT_EQ(list_.SQL(), "select DISTINCT A, 'DISTINCT' from T");
+}
+
+TEST_F(ListWindow, ShowsAPageAtOnceAndTheRestWhileIdle) {
+  Fill(1300);
+  list_.StartingID = 700;
+  list_.Load();
+  EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name");
+  EXPECT_THAT(host_.user.waits, ElementsAre("  Loading Employee List - Please Wait  ", ""));
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 100);
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "100 rows so far ...");
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), -1) << "the starting record has not arrived";
+  EXPECT_FALSE(list_.DialogButtons1.OK.Enabled);
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "1300 rows");
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 699);
+  EXPECT_EQ(list_.DotNetGrid.Cell(1299, 3), "1300");
+}
+
+TEST_F(ListWindow, LeavesThePersonWhereHeWentBeforeTheStartingRecordCame) {
+  Fill(1300);
+  list_.StartingID = 700;
+  list_.Load();
+  list_.DotNetGrid.DoRow(5);
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 5);
+}
+
+TEST_F(ListWindow, ChoosesByButtonEnterMenuAndDoubleClick) {
+  Fill(3);
+  const std::vector<std::function<void(frmTGList&)>> ways = {
+      [](frmTGList& list) { list.DialogButtons1.OK.DoClick(); },
+      [](frmTGList& list) { list.DotNetGrid.DoKey(Key::Enter); },
+      [](frmTGList& list) { list.MnuFileSel.DoClick(); },
+      [](frmTGList& list) { list.DotNetGrid.DoOpenRow(); },
+  };
+  for (const auto& choose : ways) {
+    frmTGList list(host_.Context());
+    list.SetSQL(list_.SQL());
+    list.IDFld.Caption = "ID Num";
+    list.NamFld.Caption = "Name";
+    list.Load();
+    list.DotNetGrid.DoKey(Key::Down);
+    choose(list);
+    EXPECT_TRUE(list.Closed());
+    EXPECT_EQ(list.Result, "2");
+    EXPECT_EQ(list.Select_String, "Smith, J");
+  }
+}
+
+TEST_F(ListWindow, AnswersNothingChosenAndNew) {
+  Fill(1);
+  list_.No_Double_Click = true;
+  list_.Load();
+  list_.DotNetGrid.DoOpenRow();
+  EXPECT_FALSE(list_.Closed());
+  list_.DoKey(Key::Esc);
+  EXPECT_TRUE(list_.Closed());
+  EXPECT_EQ(list_.Result, "CANCEL_AND_CLOSE");
+
+  frmTGList adds(host_.Context());
+  adds.SetSQL(list_.SQL());
+  adds.Load();
+  EXPECT_FALSE(adds.ToolStrip["Edit"].Visible) << "there is nothing to edit with";
+  adds.ToolStrip["New"].DoClick();
+  EXPECT_EQ(adds.Result, "NEW");
+
+  frmTGList skipped(host_.Context());
+  skipped.Request = "SKIP LIST IF NEW";
+  EXPECT_EQ(skipped.ShowList(), "NEW");
+  EXPECT_EQ(host_.user.shown, 0);
+}
+
+TEST_F(ListWindow, FiltersFromTheStartOrAnywhereAndRemembers) {
+  Fill(1);
+  list_.Load();
+  Filter("Name", "Smi, J");
+  EXPECT_EQ(LastStatement(),
+            "SELECT DISTINCTROW P.L+', '+P.F AS Name, P.L AS [Last Name], P.F AS [First Name], P.I AS [ID Num] "
+            "FROM P WHERE (P.T='1') AND ((((P.L) like 'Smi%') AND ((P.F) like 'J%'))) ORDER BY Name");
+  Filter("ID Num", "12");
+  EXPECT_THAT(LastStatement(), HasSubstr("(P.F) like 'J%')) AND ((P.I) like '12%'))"));
+  list_.optFiltMid.DoChoose();
+  EXPECT_THAT(LastStatement(), HasSubstr("like '%12%'"));
+  EXPECT_EQ(host_.session.UserOption("SESC_LUL", "FILTER_SRCH_ANY"), "1");
+  list_.ToolStrip["RemFilt"].DoClick();
+  EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name");
+
+  list_.chkAutoClearFilter.DoCheck(forms::CheckState::On);
+  Filter("Last Name", "Smi");
+  EXPECT_THAT(LastStatement(), HasSubstr("like '%Smi%'"));
+  EXPECT_EQ(list_.DotNetGrid.Columns.get()[1].filter, "") << "the rows stay filtered, the cell is free again";
+  frmTGList again(host_.Context());
+  again.Load();
+  EXPECT_TRUE(again.optFiltMid.Value);
+  EXPECT_EQ(again.chkAutoClearFilter.Value.get(), forms::CheckState::On);
+}
+
+TEST_F(ListWindow, RefusesNamesFilteredInTwoWays) {
+  Fill(1);
+  list_.Load();
+  Filter("First Name", "J");
+  Filter("Name", "Smi");
+  EXPECT_THAT(host_.user.told, ElementsAre(std::string(lookup::kDifferentNames)));
+  for (const forms::GridColumn& column : list_.DotNetGrid.Columns.get()) {
+    EXPECT_EQ(column.filter, "");
+  }
+  EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name");
+}
+
+TEST_F(ListWindow, SortsByHeaderAndKeepsTheCurrentRecord) {
+  Fill(3);
+  list_.Load();
+  list_.DotNetGrid.DoRow(2);
+  list_.DotNetGrid.DoSort(1);
+  EXPECT_THAT(LastStatement(), testing::EndsWith(" ORDER BY [Last Name]"));
+  list_.DotNetGrid.DoSort(1);
+  EXPECT_THAT(LastStatement(), testing::EndsWith(" ORDER BY [Last Name] DESC"));
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 2);
+}
+
+TEST_F(ListWindow, KeepsWhatItShowedWhenTheDatabaseRefuses) {
+  Fill(3);
+  list_.Load();
+  host_.session.refuses = true;
+  list_.DotNetGrid.DoSort(1);
+  EXPECT_EQ(list_.DotNetGrid.SortColumn.get(), 0);
+  Filter("Last Name", "S");
+  EXPECT_EQ(host_.user.told.size(), 2U);
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 3);
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 0);
+  EXPECT_EQ(list_.SQLLabel.Caption.get(), list_.SQL() + " ORDER BY Name");
+}
+
+TEST_F(ListWindow, ReportsABrokenFetchOnceAndKeepsTheRowsThatCame) {
+  Fill(1300);
+  host_.session.breaks_at = 200;
+  list_.Load();
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(host_.user.told.size(), 1U);
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 200);
+}
+
+TEST_F(ListWindow, OpensTheEditingScreenAndFindsItsRecord) {
+  Fill(3);
+  std::vector<std::string> edited;
+  list_.EditRecord = [&](const std::string& id) {
+    edited.push_back(id);
+    return std::string("3");
+  };
+  list_.Load();
+  Filter("Last Name", "S");
+  list_.ToolStrip["New"].DoClick();
+  EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name") << "no filter hides the new record";
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 2);
+  list_.ToolStrip["Edit"].DoClick();
+  EXPECT_THAT(edited, ElementsAre("NEW", "3"));
+  EXPECT_FALSE(list_.Closed());
+}
+
+TEST_F(ListWindow, RunsADeferredCommandOnlyWhenItsTagSaysSo) {
+  std::string command;
+  list_.GoTo = [&](const std::string& passed) { command = passed; };
+  list_.Load();
+  list_.Timer1.Tag = "goto,Patient";
+  list_.Timer1.Enabled = true;
+  list_.Timer1.DoElapse();
+  EXPECT_FALSE(list_.Timer1.Enabled);
+  EXPECT_FALSE(list_.Closed());
+  list_.Timer1.Tag = "GOTO,Patient";
+  list_.Timer1.Enabled = true;
+  list_.Timer1.DoElapse();
+  EXPECT_TRUE(list_.Closed());
+  EXPECT_EQ(command, "Patient");
+}
+
+}  // namespace
