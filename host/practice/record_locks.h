@@ -29,10 +29,12 @@ class RecordLocks {
  private:
   using Key = std::pair<std::string, std::int32_t>;
 
+  std::string OfRecord(const Key& key) const;  // the condition for its row
+  std::string OwnerOf(const Key& key) const;   // empty when it is free
+
   session::Database& database_;
   std::string user_;
-  ProcessIdentity process_;
-  std::int32_t session_;  // tells apart the sessions of one process
+  std::string owner_;  // this session of this process
   std::map<Key, int> held_;
 };
 

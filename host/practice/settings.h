@@ -11,7 +11,7 @@ inline constexpr std::string_view kOfficeDefaults = "DEFAULT_OFFICE_SETUP";
 // The provider of a new patient; "OFF_PRA_PRO" is the practice's own.
 inline constexpr std::string_view kDefaultProvider = "OFF_DEF_PRO";
 
-// Sections and keys are compared without regard to case. An absent one is empty.
+// Options belong to a login name. Sections and keys are compared without regard to case. An absent one is empty.
 std::string ReadOfficeSetting(session::Database& database, std::string_view section, std::string_view key);
 void WriteOfficeSetting(session::Database& database, std::string_view section, std::string_view key,
                         std::string_view value);

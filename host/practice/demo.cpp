@@ -1,0 +1,42 @@
+#include "practice/demo.h"
+
+#include "practice/demo_families.h"
+#include "practice/demo_insurance.h"
+#include "practice/demo_office.h"
+#include "practice/demo_recalls.h"
+#include "practice/demo_staff.h"
+#include "practice/logins.h"
+
+namespace host {
+namespace {
+
+void FillZipTable(demo::DemoOffice& office) {
+  auto writer = office.Writer("ZipCodTable", "ZipCodID, ZipCodZip, ZipCodCit, ZipCodSta");
+  for (const Place& place : UnitedStatesPlaces()) {
+    writer.Row(place.zip, place.city, place.state);
+  }
+  writer.Flush();
+}
+
+}  // namespace
+
+Practice MakeDemo(const std::string& url, const DemoOptions& options) {
+  Practice practice = CreatePractice(url, options.practice);
+  const demo::Passwords passwords{HashPassword("admin"), HashPassword("front")};
+  demo::Identities identities(options.seed);
+  session::Transaction transaction(*practice.Database().connection);
+  for (const std::int32_t number : practice.Offices()) {
+    demo::DemoOffice office(practice, number, identities, options.seed + static_cast<std::uint64_t>(number));
+    FillZipTable(office);
+    demo::OfficeRecords records;
+    records.staff = demo::MakeStaff(office, passwords, options.patients);
+    const std::int32_t location = records.staff.locations.front();
+    records.insurance = demo::MakeInsurance(office, options.patients, location);
+    records.recalls = demo::MakeRecallMasters(office, location);
+    demo::MakeFamilies(office, records, options.patients);
+  }
+  transaction.Commit();
+  return practice;
+}
+
+}  // namespace host

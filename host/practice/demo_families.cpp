@@ -1,0 +1,208 @@
+#include "practice/demo_families.h"
+
+#include <algorithm>
+#include <array>
+
+namespace host::demo {
+namespace {
+
+using forms::Currency;
+
+// A patient's relationship to the subscriber.
+constexpr std::int32_t kSelf = 1;
+constexpr std::int32_t kSpouse = 2;
+constexpr std::int32_t kChild = 3;
+
+struct Charge {
+  std::string_view code;
+  std::string_view description;
+  int fee;
+};
+constexpr std::array<Charge, 4> kCharges = {{{"D1001", "Cleaning, adult", 110},
+                                             {"D0101", "Examination, periodic", 62},
+                                             {"D2001", "Filling, one surface", 185},
+                                             {"D2701", "Crown, ceramic", 1340}}};
+
+// A family member as the later steps need him.
+struct Member {
+  std::int32_t id;
+  std::int32_t relation;  // to the head
+  int age;
+};
+// What a grown-up holds through his employer; 0 for none.
+struct Work {
+  std::int32_t link = 0;       // of his employer
+  std::int32_t plan_link = 0;  // the same, when a plan comes with it
+};
+
+class FamilyMaker {
+ public:
+  FamilyMaker(DemoOffice& office, const OfficeRecords& records)
+      : office_(office), chance_(office.Chance()), records_(records), persons_(office.PersonWriter()) {}
+
+  void Make(std::int32_t patients) {
+    while (patients > 0) {
+      const int size = std::min(patients, FamilySize());
+      MakeFamily(size);
+      patients -= size;
+    }
+    for (TableWriter* writer : {&persons_, &families_, &holdings_, &coverages_, &recalls_, &charges_, &accounts_}) {
+      writer->Flush();
+    }
+  }
+
+ private:
+  int FamilySize() {
+    const int share = chance_.Below(100);
+    return share < 32 ? 1 : share < 58 ? 2 : share < 76 ? 3 : share < 92 ? 4 : 5;
+  }
+
+  void MakeFamily(int size) {
+    members_.clear();
+    const auto last = office_.LastName();
+    const bool woman = chance_.Percent(50);
+    const int age = chance_.Between(size > 2 ? 28 : 20, size > 2 ? 52 : 88);
+    household_ = {.address = office_.MakeAddress(),
+                  .home_phone = office_.MakePhone(),
+                  .patient = true,
+                  .provider_id = Pick(records_.staff.providers),
+                  .referral_id = chance_.Percent(40) ? Pick(records_.staff.referrals) : 0,
+                  .physician_id = chance_.Percent(50) ? Pick(records_.staff.physicians) : 0,
+                  .pharmacy = chance_.Percent(60) ? Pick(records_.insurance.pharmacies) : 0,
+                  .location = Pick(records_.staff.locations)};
+    const Work head_work = FindWork(age);
+    AddMember(last, woman, age, kSelf, head_work.link);
+    Work spouse_work;
+    if (size > 1) {
+      const int spouse_age = std::clamp(age + chance_.Between(-6, 6), 20, 95);
+      spouse_work = FindWork(spouse_age);
+      AddMember(chance_.Percent(85) ? last : office_.LastName(), !woman, spouse_age, kSpouse, spouse_work.link);
+    }
+    for (int child = 2; child < size; ++child) {
+      AddMember(last, chance_.Percent(50), chance_.Between(1, std::min(age - 20, 19)), kChild, 0);
+    }
+    for (const Member& member : members_) {
+      families_.Row(member.id, members_.front().id);
+    }
+    MakeCoverages(head_work, spouse_work);
+    for (const Member& member : members_) {
+      MakeHistory(member);
+    }
+  }
+
+  void AddMember(std::string_view last, bool woman, int age, std::int32_t relation, std::int32_t employer_link) {
+    Person person = office_.MakePerson(last, woman, age, household_);
+    person.family_head = members_.empty() ? 0 : members_.front().id;
+    person.employer_link = employer_link;
+    if (employer_link != 0) {
+      person.work_phone = office_.MakePhone();
+    }
+    members_.push_back({office_.AddPerson(persons_, person), relation, age});
+  }
+
+  Work FindWork(int age) {
+    if (age > 67 || !chance_.Percent(75)) {
+      return {};
+    }
+    const auto& employers = records_.insurance.employers;
+    const Employer& employer = chance_.OneOf(std::span(employers));
+    if (employer.plan_links.empty() || chance_.Percent(20)) {
+      return {.link = employer.no_coverage_link};
+    }
+    const std::int32_t link = Pick(employer.plan_links);
+    return {.link = link, .plan_link = link};
+  }
+
+  // The head's plan covers the family; so does the spouse's, behind each one's own.
+  void MakeCoverages(const Work& head, const Work& spouse) {
+    const std::int32_t head_holding = head.plan_link != 0 ? Hold(members_[0].id, head.plan_link) : 0;
+    const std::int32_t spouse_holding = spouse.plan_link != 0 ? Hold(members_[1].id, spouse.plan_link) : 0;
+    for (const Member& member : members_) {
+      const bool is_spouse = member.relation == kSpouse;
+      const std::int32_t to_spouse = is_spouse ? kSelf : member.relation == kSelf ? kSpouse : kChild;
+      std::int32_t order = 0;
+      if (is_spouse && spouse_holding != 0) {
+        Cover(member, spouse_holding, to_spouse, ++order);
+      }
+      if (head_holding != 0) {
+        Cover(member, head_holding, member.relation, ++order);
+      }
+      if (!is_spouse && spouse_holding != 0) {
+        Cover(member, spouse_holding, to_spouse, ++order);
+      }
+    }
+  }
+
+  std::int32_t Hold(std::int32_t subscriber, std::int32_t link) {
+    const int days = chance_.Between(100, 2500);
+    if (chance_.Percent(5)) {
+      // An earlier time with the same plan, and what it covered.
+      const forms::Date ended = office_.DaysAgo(days);
+      const std::int32_t earlier = holdings_.Row(subscriber, link, 1, office_.DaysAgo(days + 700), ended, "admin", 1);
+      coverages_.Row(subscriber, earlier, 1, kSelf, Currency(), Currency(), Currency(), 2020,
+                     office_.DaysAgo(days + 700), ended, "admin", 1);
+    }
+    return holdings_.Row(subscriber, link, 1, office_.DaysAgo(days), nullptr, nullptr, 0);
+  }
+
+  void Cover(const Member& member, std::int32_t holding, std::int32_t relation, std::int32_t order) {
+    const int used = chance_.Percent(60) ? 0 : 25 * chance_.Between(1, 30);
+    coverages_.Row(member.id, holding, order, relation, Currency::FromWhole(used), Currency::FromWhole(1000 - used),
+                   Currency::FromWhole(used > 0 ? 0 : 50), 2026, office_.DaysAgo(90), nullptr, nullptr, 0);
+  }
+
+  void MakeHistory(const Member& member) {
+    const int visited = chance_.Between(5, 900);
+    if (chance_.Percent(80)) {
+      const bool child = member.relation == kChild;
+      const RecallMaster& recall = records_.recalls[child ? 1 : chance_.Percent(85) ? 0 : 2];
+      const auto provider = static_cast<std::size_t>(chance_.Below(records_.staff.providers.size()));
+      recalls_.Row(member.id, recall.number, records_.staff.provider_names[provider],
+                   records_.staff.providers[provider], office_.DaysAgo(visited),
+                   office_.DaysAgo(visited - 30 * recall.months));
+    }
+    int owed = 0;
+    const int visits = chance_.Below(4);
+    for (int i = 0; i < visits; ++i) {
+      const Charge& charge = chance_.OneOf(std::span<const Charge>(kCharges));
+      const int days = visited + 180 * i;
+      charges_.Row(member.id, 1, office_.DaysAgo(days), charge.code, charge.description,
+                   Currency::FromWhole(charge.fee));
+      if (chance_.Percent(75)) {
+        charges_.Row(member.id, 2, office_.DaysAgo(days - 5), nullptr, "Payment", Currency::FromWhole(-charge.fee));
+      } else {
+        owed += charge.fee;
+      }
+    }
+    if (owed != 0) {
+      accounts_.Row(member.id, Currency::FromWhole(owed), Currency(), chance_.Percent(5) ? 1 : 0);
+    }
+  }
+
+  std::int32_t Pick(const std::vector<std::int32_t>& ids) { return chance_.OneOf(std::span(ids)); }
+
+  DemoOffice& office_;
+  Random& chance_;
+  const OfficeRecords& records_;
+  TableWriter persons_;
+  TableWriter families_ = office_.Writer("FamTable", "fID, fMEMID, fRSPID");
+  TableWriter holdings_ = office_.Writer("PatEmpTable",
+                                         "PatEmpID, PatEmpPatID, PatEmpElID, PatEmpOrd, PatEmpStaDat, PatEmpEndDat, "
+                                         "PatEmpEndWho, PatEmpFla");
+  TableWriter coverages_ = office_.Writer("CovTable",
+                                          "CovID, CovPatID, CovSubPatEmpID, CovOrd, CovRel, CovYTD, CovRemBal, "
+                                          "CovRemDed, CovLastRenewalYear, CovStaDat, CovEndDat, CovEndWho, CovFla");
+  TableWriter recalls_ = office_.Writer("RecTable", "rRecNum, rPid, rRCRecNum, rRecDoc, rRecDocID, rLasDat, rDueDat");
+  TableWriter charges_ = office_.Writer("DTTable", "traID, TrapID, traTyp, traDat, traCod, traDes, traAmt");
+  TableWriter accounts_ = office_.Writer("AccountTable", "AccID, AccPid, AccBal, AccPlaBal, AccPla");
+  Person household_;  // what a family shares
+  std::vector<Member> members_;
+};
+
+}  // namespace
+
+void MakeFamilies(DemoOffice& office, const OfficeRecords& records, std::int32_t patients) {
+  FamilyMaker(office, records).Make(patients);
+}
+
+}  // namespace host::demo

@@ -1,0 +1,46 @@
+#include "practice/host_session.h"
+
+#include "practice/accounts.h"
+#include "practice/practice_log.h"
+#include "practice/settings.h"
+
+namespace host {
+
+Surroundings ThisMachine(std::string data_folder, std::string program_folder) {
+  return {LocalNow, std::move(data_folder), std::move(program_folder), StartProcess};
+}
+
+HostSession::HostSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings)
+    : practice_(practice),
+      database_(practice, office),
+      user_(std::move(user)),
+      surroundings_(std::move(surroundings)),
+      locks_(database_, user_.Name()) {}
+
+std::string HostSession::OfficeSetting(std::string_view section, std::string_view key) const {
+  return ReadOfficeSetting(database_, section, key);
+}
+
+std::string HostSession::UserOption(std::string_view section, std::string_view key) const {
+  return ReadUserOption(database_, user_.Name(), section, key);
+}
+
+void HostSession::SetUserOption(std::string_view section, std::string_view key, std::string_view value) {
+  WriteUserOption(database_, user_.Name(), section, key, value);
+}
+
+void HostSession::RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) {
+  if (OnHandOff) {
+    OnHandOff({std::string(id_column), std::string(table), id});
+  }
+}
+
+void HostSession::Log(const session::LogEntry& entry) {
+  AppendToLog(database_, {entry, user_.Name(), Now()});
+}
+
+session::AccountFigures HostSession::AccountOf(std::int32_t person) const {
+  return ReadAccount(database_, person);
+}
+
+}  // namespace host

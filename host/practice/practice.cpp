@@ -1,0 +1,114 @@
+#include "practice/practice.h"
+
+#include <array>
+#include <set>
+#include <utility>
+
+#include "data/literal.h"
+#include "data/statements.h"
+#include "practice/settings.h"
+
+namespace host {
+namespace {
+
+// What an office starts with; providers are nobody's until one is chosen.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 11> kDefaults = {{{"PAT_AC_TYP", "1"},
+                                                                                      {"PAT_MED_ALT", ""},
+                                                                                      {"INS_ANN_COV", "1000.00"},
+                                                                                      {"INS_ANN_DED", "50.00"},
+                                                                                      {"INS_REN_DAT", "01-01"},
+                                                                                      {"INS_DED_PCT", "0"},
+                                                                                      {"INS_DED_LAST", "0"},
+                                                                                      {"NON_US_ZIP_CODE", "0"},
+                                                                                      {"POPUP_HELP_FLAG", "0"},
+                                                                                      {"OFF_PRA_PRO", "0"},
+                                                                                      {kDefaultProvider, "0"}}};
+
+struct PickEntry {
+  std::string_view list;
+  std::string_view code;
+  std::string_view text;
+};
+constexpr std::array kPickEntries = {
+    PickEntry{"SEXTITLE", "F", "Mrs."},
+    PickEntry{"SEXTITLE", "F", "Ms."},
+    PickEntry{"SEXTITLE", "F", "Miss"},
+    PickEntry{"SEXTITLE", "F", "Dr."},
+    PickEntry{"SEXTITLE", "M", "Mr."},
+    PickEntry{"SEXTITLE", "M", "Master"},
+    PickEntry{"SEXTITLE", "M", "Dr."},
+    PickEntry{"FEESCHED", "1", "Office fees"},
+    PickEntry{"FEESCHED", "2", "Network fees"},
+    PickEntry{"FEESCHED", "3", "Managed care fees"},
+    PickEntry{"FEESCHED", "4", "Courtesy fees"},
+    PickEntry{"MEDALERT", "1", "Allergic to latex"},
+    PickEntry{"MEDALERT", "2", "Allergic to penicillin"},
+    PickEntry{"MEDALERT", "3", "Asthma"},
+    PickEntry{"MEDALERT", "4", "Blood thinner"},
+    PickEntry{"MEDALERT", "5", "Diabetes"},
+    PickEntry{"MEDALERT", "6", "Heart murmur"},
+    PickEntry{"MEDALERT", "7", "High blood pressure"},
+    PickEntry{"MEDALERT", "8", "Pacemaker"},
+    PickEntry{"MEDALERT", "9", "Premedication required"},
+    PickEntry{"MEDSPEC", "1", "General Practice"},
+    PickEntry{"MEDSPEC", "2", "Endodontics"},
+    PickEntry{"MEDSPEC", "3", "Oral Surgery"},
+    PickEntry{"MEDSPEC", "4", "Orthodontics"},
+    PickEntry{"MEDSPEC", "5", "Pediatric Dentistry"},
+    PickEntry{"MEDSPEC", "6", "Periodontics"},
+    PickEntry{"MEDSPEC", "7", "Prosthodontics"},
+    PickEntry{"MEDSPEC", "8", "Family Medicine"},
+    PickEntry{"MEDSPEC", "9", "Cardiology"},
+    PickEntry{"BILTTL", "1", "Mr."},
+    PickEntry{"BILTTL", "2", "Mrs."},
+    PickEntry{"BILTTL", "3", "Ms."},
+    PickEntry{"BILTTL", "4", "Mr. and Mrs."},
+    PickEntry{"BILTTL", "5", "The family of"},
+    PickEntry{"PROTITLE", "1", "DDS"},
+    PickEntry{"PROTITLE", "2", "DMD"},
+    PickEntry{"PROTITLE", "3", "MD"},
+    PickEntry{"PROTITLE", "4", "RDH"},
+    PickEntry{"PROTITLE", "5", "CDA"},
+};
+
+void FillOffice(Practice& practice, std::int32_t office) {
+  using data::Literal;
+  OfficeDatabase database(practice, office);
+  const data::Statements statements(database);
+  for (const auto& [key, value] : kDefaults) {
+    WriteOfficeSetting(database, kOfficeDefaults, key, value);
+  }
+  for (const auto& entry : kPickEntries) {
+    statements.Insert(
+        "PickListTable",
+        {{"PLKind", Literal(entry.list)}, {"PLCode", Literal(entry.code)}, {"PLDes", Literal(entry.text)}});
+  }
+  statements.Insert("OffLocTable", {{"OffLocNam", Literal("Main Office")}});
+}
+
+}  // namespace
+
+std::vector<std::int32_t> Practice::Offices() const {
+  std::vector<std::int32_t> offices;
+  for (const auto rows = database_.Run("SELECT DISTINCT OfficeID FROM OffLocTable ORDER BY OfficeID"); !rows->Eof();
+       rows->MoveNext()) {
+    offices.push_back(session::ToId(rows->Get(0)));
+  }
+  return offices;
+}
+
+Practice CreatePractice(const std::string& url, const PracticeOptions& options) {
+  Practice practice(CreateDatabase(url, options));
+  std::set<std::int32_t> offices{options.office};
+  for (std::int32_t office = 1; options.kind == session::kOfficeScoped && office <= options.offices; ++office) {
+    offices.insert(office);
+  }
+  session::Transaction transaction(*practice.database_.connection);
+  for (const std::int32_t office : offices) {
+    FillOffice(practice, office);
+  }
+  transaction.Commit();
+  return practice;
+}
+
+}  // namespace host
