@@ -11,9 +11,9 @@ enum class ColumnType { Int, SmallInt, Money, Real, Text, Memo, DateTime, Guid }
 struct Column {
   std::string_view name;
   ColumnType type = ColumnType::Int;
-  int size = 0;                    // characters of a Text column
-  std::string_view default_value;  // as a statement writes it; empty is null
-  int since = 1;                   // the schema version that brought it
+  int size = 0;                         // characters of a Text column
+  std::string_view default_value = {};  // as a statement writes it; empty is null
+  int since = 1;                        // the schema version that brought it
 };
 
 struct Index {

@@ -34,7 +34,7 @@ class SqliteConnection final : public session::Connection {
   void Cancel() override;
 
  private:
-  std::shared_ptr<SqliteFile> file_;
+  std::unique_ptr<SqliteFile> file_;
 };
 
 }  // namespace host

@@ -1,0 +1,48 @@
+#include "database/database.h"
+
+#include "database/prepare_sql.h"
+#include "database/sqlite_connection.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kSqlite = "sqlite:";
+
+std::string SqlitePath(const std::string& url) {
+  if (url.starts_with(kSqlite) && url.size() > kSqlite.size()) {
+    return url.substr(kSqlite.size());
+  }
+  const std::string engine = url.substr(0, url.find(':'));
+  const bool known = engine == "postgresql" || engine == "odbc";
+  throw session::DatabaseError(known ? "Databases of the engine \"" + engine + "\" are not built in yet."
+                                     : "\"" + url + "\" is no database URL: sqlite:PATH is expected.",
+                               {}, 0);
+}
+
+PracticeDatabase Sqlite(std::unique_ptr<session::Connection> connection, const CreationOptions& options) {
+  return {std::move(connection), PrepareSqlite, options};
+}
+
+}  // namespace
+
+bool PracticeDatabase::KeepsRowGuids(std::string_view table) const {
+  if (!options.row_guids) {
+    return false;
+  }
+  const Table* found = FindTable(table);
+  return found != nullptr && found->row_guid;
+}
+
+PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options) {
+  auto connection = std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::OrNew);
+  CreateSchema(*connection, options);
+  return Sqlite(std::move(connection), options);
+}
+
+PracticeDatabase OpenDatabase(const std::string& url) {
+  auto connection = std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::Existing);
+  const CreationOptions options = MigrateSchema(*connection);
+  return Sqlite(std::move(connection), options);
+}
+
+}  // namespace host

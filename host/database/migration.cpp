@@ -1,0 +1,97 @@
+#include "database/migration.h"
+
+#include "database/sqlite_ddl.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kTables = "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite_%'";
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw session::DatabaseError(why, {}, 0);
+}
+
+void MakeTable(session::Connection& connection, const Table& table, const CreationOptions& options, int version) {
+  connection.Execute(sqlite::CreateTable(table, options, version));
+  connection.Execute(sqlite::CreateKeyIndex(table));
+  connection.Execute("INSERT INTO IdentityTable (TableName, LastID) VALUES ('" + std::string(table.name) + "', 0)");
+  for (const std::string& trigger : sqlite::KeyTriggers(table)) {
+    connection.Execute(trigger);
+  }
+}
+
+// From version 0, which has no tables, to `to`, everything that came in between.
+void Upgrade(session::Connection& connection, const CreationOptions& options, int from, int to) {
+  const auto is_due = [&](int since) { return from < since && since <= to; };
+  for (const Table& table : PracticeTables()) {
+    if (table.since > to) {
+      continue;
+    }
+    if (is_due(table.since)) {
+      MakeTable(connection, table, options, to);
+    } else {
+      for (const Column& column : table.columns) {
+        if (is_due(column.since)) {
+          connection.Execute(sqlite::AddColumn(table, column));
+        }
+      }
+    }
+    for (const Index& index : table.indexes) {
+      if (is_due(std::max(index.since, table.since))) {
+        connection.Execute(sqlite::CreateIndex(table, index));
+      }
+    }
+  }
+}
+
+int Version(session::Connection& connection) {
+  if (connection.Execute(std::string(kTables) + " AND name='SchemaTable'")->Eof()) {
+    Refuse("This database holds no practice.");
+  }
+  const auto schema = connection.Execute("SELECT SchVersion FROM SchemaTable");
+  return schema->Eof() ? 0 : session::ToId(schema->Get(0));
+}
+
+CreationOptions ReadOptions(session::Connection& connection) {
+  const auto row = connection.Execute("SELECT SchKind, SchOffice, SchOffices, SchRowGuids FROM SchemaTable");
+  return {.kind = session::ToId(row->Get(0)),
+          .office = session::ToId(row->Get(1)),
+          .offices = session::ToId(row->Get(2)),
+          .row_guids = session::ToId(row->Get(3)) != 0};
+}
+
+}  // namespace
+
+void CreateSchema(session::Connection& connection, const CreationOptions& options, int version) {
+  session::Transaction transaction(connection);
+  if (!connection.Execute(std::string(kTables))->Eof()) {
+    Refuse("This database is in use already; a practice can only be made in an empty one.");
+  }
+  connection.Execute("CREATE TABLE IdentityTable (TableName nvarchar(40) COLLATE NOCASE PRIMARY KEY, LastID int)");
+  connection.Execute(
+      "CREATE TABLE SchemaTable (SchVersion int, SchKind int, SchOffice int, SchOffices int, SchRowGuids smallint)");
+  connection.Execute("INSERT INTO SchemaTable VALUES (" + std::to_string(version) + ", " +
+                     std::to_string(options.kind) + ", " + std::to_string(options.office) + ", " +
+                     std::to_string(options.offices) + ", " + (options.row_guids ? "1)" : "0)"));
+  Upgrade(connection, options, 0, version);
+  transaction.Commit();
+}
+
+CreationOptions MigrateSchema(session::Connection& connection) {
+  if (Version(connection) != kSchemaVersion) {
+    session::Transaction transaction(connection);
+    // Another program may have brought it up to date in the meantime.
+    const int version = Version(connection);
+    if (version > kSchemaVersion) {
+      Refuse("This practice database was made by a newer version of the program (its version is " +
+             std::to_string(version) + ", this program knows versions up to " + std::to_string(kSchemaVersion) +
+             "). Please update the program.");
+    }
+    Upgrade(connection, ReadOptions(connection), version, kSchemaVersion);
+    connection.Execute("UPDATE SchemaTable SET SchVersion=" + std::to_string(kSchemaVersion));
+    transaction.Commit();
+  }
+  return ReadOptions(connection);
+}
+
+}  // namespace host

@@ -1,0 +1,90 @@
+#include "database/tables.h"
+
+namespace host::tables {
+
+// Locations, services, appointments and transactions of the office.
+std::vector<Table> Office() {
+  return {
+      {.name = "OffLocTable",
+       .key = "OffLocID",
+       .columns = {Int("OffLocID"), Text("OffLocNam", kCompany), Text("OffLocAd1", kStreet), Text("OffLocAd2", kStreet),
+                   Text("OffLocCit", kCity), Text("OffLocSta", kState), Text("OffLocZip", kZip),
+                   Text("OffLocPho", kPhone), Text("OffLocPho2", kPhone), Text("OffLocFax", kPhone),
+                   Text("OffLocEma", kEmail), Text("OffLocFacID", 20), Text("OffLocTIN", 15), Text("OffLocNPI", 10),
+                   Text("OffLocBanAccNum", 30), Int("OffLocBacClr"), Int("OffLocForClr")},
+       .row_guid = true},
+      {.name = "SevCodTable",
+       .key = "sevcodID",
+       .columns = {Int("sevcodID"), Text("sevcodCod", kServiceCode), Text("sevcodOffCod", kServiceCode),
+                   Text("sevcodDes", 80), Text("sevcodTyp", 20), Money("sevcodFee"), Money("sevcodFee1"),
+                   Money("sevcodFee2"), Money("sevcodFee3"), Money("sevcodFee4"), Int("OffLocID")},
+       .indexes = {{"sevcodCod"}},
+       .row_guid = true},
+      {.name = "DTTable",
+       .key = "traID",
+       .columns = {Int("traID"), Int("TrapID"), SmallInt("traTyp"), Moment("traDat"), Text("traCod", kServiceCode),
+                   Text("traDes", 80), Money("traAmt")},
+       .indexes = {{"TrapID, traTyp"}}},
+      {.name = "ApTable",
+       .key = "APID",
+       .columns = {Int("APID"), Int("APPid"), Int("APDrID"), Int("APOpID"), Moment("APDat"), SmallInt("APLen"),
+                   Text("APRea", 80)},
+       .indexes = {{"APDrID, APDat"}, {"APPid, APDat"}}},
+      {.name = "opTable",
+       .key = "OpID",
+       .columns = {Int("OpID"), Text("OpDes", 40), Int("OpPrefDrID"), Int("OffLocID")},
+       .indexes = {{"OpPrefDrID"}}},
+      {.name = "ATTable",
+       .key = "ATID",
+       .columns = {Int("ATID"), Int("ATDrID"), SmallInt("ATDay"), Moment("ATStaTim"), Moment("ATEndTim"),
+                   Int("OffLocID")},
+       .indexes = {{"ATDrID"}}},
+      {.name = "AOATable",
+       .key = "AOAID",
+       .columns = {Int("AOAID"), Int("AOADrID"), Int("AOAOpID"), Moment("AOADat")},
+       .indexes = {{"AOADrID"}}},
+      {.name = "TemplateTable",
+       .key = "tmpID",
+       .columns = {Int("tmpID"), Int("tmpDrID"), Text("tmpDes", 60), SmallInt("tmpTyp"), Int("OffLocID")},
+       .indexes = {{"tmpDrID"}}},
+      {.name = "TemplateSetupTable",
+       .key = "tstID",
+       .columns = {Int("tstID"), Int("tstTmpID"), Moment("tstStaDat"), Moment("tstEndDat"), SmallInt("tstTyp")},
+       .indexes = {{"tstTmpID"}}},
+  };
+}
+
+// What the host keeps around the practice's records.
+std::vector<Table> Host() {
+  return {
+      {.name = "OfficeSettingTable",
+       .key = "OSID",
+       .columns = {Int("OSID"), Text("OSSection", 60), Text("OSKey", 60), Memo("OSValue")},
+       .indexes = {{.columns = "OSSection, OSKey", .unique = true}}},
+      {.name = "UserOptionTable",
+       .key = "UOID",
+       .columns = {Int("UOID"), Text("UOUseNam", kLogin), Text("UOSection", 60), Text("UOKey", 60), Memo("UOValue")},
+       .indexes = {{.columns = "UOUseNam, UOSection, UOKey", .unique = true}}},
+      {.name = "LogTable",
+       .key = "LogID",
+       .columns = {Int("LogID"), Text("LogKind", 10), Text("LogCat", 20), Int("LogPid"), Memo("LogText"),
+                   Text("LogWho", kLogin), Moment("LogDat")},
+       .indexes = {{"LogPid"}, {"LogKind, LogCat"}}},
+      {.name = "RecordLockTable",
+       .key = "RLID",
+       .columns = {Int("RLID"), Text("RLTable", 40), Int("RLRecID"), Text("RLWho", kLogin), Text("RLOwner", 120),
+                   Moment("RLDat")},
+       .indexes = {{.columns = "RLRecID, RLTable", .unique = true}}},
+      {.name = "AccountTable",
+       .key = "AccID",
+       .columns = {Int("AccID"), Int("AccPid"), Money("AccBal"), Money("AccPlaBal"), SmallInt("AccPla")},
+       .indexes = {{.columns = "AccPid", .unique = true}}},
+      {.name = "PickListTable",
+       .key = "PLID",
+       .columns = {Int("PLID"), Text("PLKind", 12), Text("PLCode", 10), Text("PLDes", 255)},
+       .indexes = {{.columns = "PLKind, PLCode", .since = 2}},
+       .since = 2},
+  };
+}
+
+}  // namespace host::tables

@@ -1,0 +1,82 @@
+#include "database/sqlite_connection.h"
+
+#include "database/sqlite_handle.h"
+#include "database/sqlite_recordset.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kMemory = ":memory:";
+
+int OpenFlags(OpenMode mode) {
+  return SQLITE_OPEN_READWRITE | (mode == OpenMode::OrNew ? SQLITE_OPEN_CREATE : 0);
+}
+
+bool IsSelect(std::string_view statement) {
+  return forms::EqualsIgnoringCase(forms::Trim(statement).substr(0, 6), "SELECT");
+}
+
+}  // namespace
+
+class SqliteFile {
+ public:
+  SqliteFile(const std::string& path, OpenMode mode)
+      : in_memory(path == kMemory), main(path, OpenFlags(mode), identity), readers(path, identity) {
+    main.Run("PRAGMA journal_mode=WAL");
+  }
+
+  Identity identity;
+  bool in_memory;
+  SqliteHandle main;
+  SqliteReaders readers;
+};
+
+SqliteConnection::SqliteConnection(const std::string& path, OpenMode mode)
+    : file_(std::make_unique<SqliteFile>(path, mode)) {}
+
+SqliteConnection::~SqliteConnection() = default;
+
+std::unique_ptr<session::Recordset> SqliteConnection::Execute(const std::string& sql) {
+  std::unique_ptr<SqliteRecordset> rows;
+  for (std::string_view rest = sql; !rest.empty();) {
+    SqliteReaders::Lease lease;
+    if (!file_->in_memory && !file_->main.InTransaction() && IsSelect(rest)) {
+      lease = file_->readers.Borrow();
+    }
+    SqliteHandle& handle = lease != nullptr ? *lease : file_->main;
+    SqliteStatement statement = handle.Prepare(rest, sql);
+    if (statement == nullptr) {
+      continue;
+    }
+    if (sqlite3_column_count(statement.get()) > 0) {
+      rows = std::make_unique<SqliteRecordset>(handle, std::move(lease), std::move(statement), sql);
+    } else {
+      handle.Step(statement.get(), sql);
+    }
+  }
+  if (rows == nullptr) {
+    return std::make_unique<EmptyRecordset>();
+  }
+  return rows;
+}
+
+void SqliteConnection::BeginTrans() {
+  // Takes the right to write at once: another process is waited for here, not in the middle.
+  file_->main.Run("BEGIN IMMEDIATE");
+}
+
+void SqliteConnection::CommitTrans() {
+  file_->main.Run("COMMIT");
+}
+
+void SqliteConnection::RollbackTrans() {
+  file_->main.Run("ROLLBACK");
+}
+
+void SqliteConnection::Cancel() {
+  file_->main.Interrupt();
+  file_->readers.Interrupt();
+}
+
+}  // namespace host

@@ -1,0 +1,95 @@
+#include "database/sqlite_ddl.h"
+
+namespace host::sqlite {
+namespace {
+
+// A random GUID as `session::ToText` writes it.
+constexpr std::string_view kNewGuid =
+    "('{' || hex(randomblob(4)) || '-' || hex(randomblob(2)) || '-4' || substr(hex(randomblob(2)), 2) || '-' || "
+    "substr('89AB', 1 + (random() & 3), 1) || substr(hex(randomblob(2)), 2) || '-' || hex(randomblob(6)) || '}')";
+
+std::string Type(const Column& column) {
+  switch (column.type) {
+    case ColumnType::Int:
+      return "int";
+    case ColumnType::SmallInt:
+      return "smallint";
+    case ColumnType::Money:
+      return "money";
+    case ColumnType::Real:
+      return "float";
+    case ColumnType::Text:
+      return "nvarchar(" + std::to_string(column.size) + ") COLLATE NOCASE";
+    case ColumnType::Memo:
+      return "ntext COLLATE NOCASE";
+    case ColumnType::DateTime:
+      return "datetime";
+    case ColumnType::Guid:
+      return "uniqueidentifier";
+  }
+  return {};
+}
+
+std::string Definition(const Column& column) {
+  std::string text = std::string(column.name) + " " + Type(column);
+  if (!column.default_value.empty()) {
+    text += " DEFAULT " + std::string(column.default_value);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string CreateTable(const Table& table, const CreationOptions& options, int version) {
+  std::string text = "CREATE TABLE " + std::string(table.name) + " (";
+  for (const Column& column : table.columns) {
+    if (column.since <= version) {
+      text += Definition(column) + ", ";
+    }
+  }
+  text += "OfficeID int NOT NULL DEFAULT " + std::to_string(options.office);
+  if (options.row_guids && table.row_guid) {
+    text += ", " + Definition({.name = "UniqueID", .type = ColumnType::Guid, .default_value = kNewGuid});
+  }
+  return text + ")";
+}
+
+std::string AddColumn(const Table& table, const Column& column) {
+  return "ALTER TABLE " + std::string(table.name) + " ADD COLUMN " + Definition(column);
+}
+
+std::string CreateIndex(const Table& table, const Index& index) {
+  std::string name = std::string(table.name) + "_";
+  for (const char c : index.columns) {
+    if (c != ' ') {
+      name += c == ',' ? '_' : c;
+    }
+  }
+  // Statements name the office only where there are several, so it stands last.
+  std::string text = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + name + " ON " +
+                     std::string(table.name) + " (" + std::string(index.columns) + ", OfficeID)";
+  if (!index.where.empty()) {
+    text += " WHERE " + std::string(index.where);
+  }
+  return text;
+}
+
+std::string CreateKeyIndex(const Table& table) {
+  return CreateIndex(table, {.columns = table.key, .unique = true});
+}
+
+std::vector<std::string> KeyTriggers(const Table& table) {
+  const std::string name(table.name);
+  const std::string key(table.key);
+  const std::string counter = " WHERE TableName='" + name + "'";
+  return {
+      "CREATE TRIGGER " + name + "NewKey AFTER INSERT ON " + name + " WHEN NEW." + key +
+          " IS NULL BEGIN UPDATE IdentityTable SET LastID=LastID+1" + counter + "; UPDATE " + name + " SET " + key +
+          "=(SELECT LastID FROM IdentityTable" + counter + ") WHERE rowid=NEW.rowid; END",
+      "CREATE TRIGGER " + name + "GivenKey AFTER INSERT ON " + name + " WHEN NEW." + key +
+          " IS NOT NULL BEGIN UPDATE IdentityTable SET LastID=NEW." + key + counter + " AND LastID<NEW." + key +
+          "; END",
+  };
+}
+
+}  // namespace host::sqlite

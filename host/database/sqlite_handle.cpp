@@ -1,0 +1,160 @@
+#include "database/sqlite_handle.h"
+
+#include "database/folded_text.h"
+#include "database/schema.h"
+#include "session/connection.h"
+
+namespace host {
+namespace {
+
+// Another process that writes is waited for this long.
+constexpr int kBusyMilliseconds = 10000;
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return text == nullptr ? std::string_view()
+                         : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
+// identity()
+void AnswerIdentity(sqlite3_context* context, int /*count*/, sqlite3_value** /*arguments*/) {
+  if (const auto& identity = *static_cast<const Identity*>(sqlite3_user_data(context))) {
+    sqlite3_result_int64(context, *identity);
+  }
+}
+
+// text MATCH pattern, which SQLite asks as match(pattern, text)
+void AnswerMatch(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
+    return;
+  }
+  auto* pattern = static_cast<std::u32string*>(sqlite3_get_auxdata(context, 0));
+  std::u32string folded;
+  if (pattern == nullptr) {
+    folded = Folded(TextOf(arguments[0]));
+    pattern = &folded;
+    sqlite3_set_auxdata(context, 0, new std::u32string(folded),
+                        [](void* kept) { delete static_cast<std::u32string*>(kept); });
+  }
+  sqlite3_result_int(context, MatchesPattern(*pattern, Folded(TextOf(arguments[1]))) ? 1 : 0);
+}
+
+int CompareFolded(void* /*unused*/, int left_size, const void* left, int right_size, const void* right) {
+  return Folded({static_cast<const char*>(left), static_cast<std::size_t>(left_size)})
+      .compare(Folded({static_cast<const char*>(right), static_cast<std::size_t>(right_size)}));
+}
+
+}  // namespace
+
+SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& identity) : identity_(identity) {
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open_v2(path.c_str(), &opened, open_flags, nullptr);
+  database_.reset(opened);
+  if (code != SQLITE_OK) {
+    throw session::DatabaseError("The database \"" + path + "\" cannot be opened: " + sqlite3_errstr(code), {}, code);
+  }
+  sqlite3_extended_result_codes(opened, 1);
+  sqlite3_busy_timeout(opened, kBusyMilliseconds);
+  // A mistyped column is an error, not a text.
+  sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+  sqlite3_create_function(opened, "identity", 0, SQLITE_UTF8, &identity, AnswerIdentity, nullptr, nullptr);
+  sqlite3_create_function(opened, "match", 2, kPure, nullptr, AnswerMatch, nullptr, nullptr);
+  sqlite3_create_collation(opened, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, CompareFolded);
+  sqlite3_update_hook(opened, NoteInsert, this);
+}
+
+SqliteStatement SqliteHandle::Prepare(std::string_view& text, const std::string& batch) {
+  sqlite3_stmt* compiled = nullptr;
+  const char* rest = nullptr;
+  if (sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size()), &compiled, &rest) != SQLITE_OK) {
+    Fail(batch);
+  }
+  SqliteStatement statement(compiled);
+  text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
+  if (statement != nullptr && sqlite3_bind_parameter_count(compiled) > 0) {
+    throw session::DatabaseError("The statement uses a variable that has no value.", batch, SQLITE_ERROR);
+  }
+  return statement;
+}
+
+bool SqliteHandle::Step(sqlite3_stmt* statement, const std::string& batch) {
+  stepping_ = true;
+  const int code = sqlite3_step(statement);
+  stepping_ = false;
+  if (code != SQLITE_ROW && code != SQLITE_DONE) {
+    inserted_.reset();
+    Fail(batch);
+  }
+  if (code == SQLITE_DONE && inserted_) {
+    TakeIdentity();
+  }
+  return code == SQLITE_ROW;
+}
+
+void SqliteHandle::Run(const std::string& batch) {
+  for (std::string_view rest = batch; !rest.empty();) {
+    if (const SqliteStatement statement = Prepare(rest, batch)) {
+      while (Step(statement.get(), batch)) {
+      }
+    }
+  }
+}
+
+void SqliteHandle::Interrupt() {
+  if (stepping_) {
+    sqlite3_interrupt(database_.get());
+  }
+}
+
+// Triggers of the schema insert nothing, so the last insert that is heard of is the statement's own.
+void SqliteHandle::NoteInsert(void* handle, int operation, const char* /*schema*/, const char* table,
+                              sqlite3_int64 row) {
+  if (operation == SQLITE_INSERT) {
+    static_cast<SqliteHandle*>(handle)->inserted_ = InsertedRow{table, row};
+  }
+}
+
+void SqliteHandle::TakeIdentity() {
+  const InsertedRow inserted = *inserted_;
+  inserted_.reset();
+  identity_.reset();
+  const Table* table = FindTable(inserted.table);
+  if (table == nullptr) {
+    return;
+  }
+  const std::string select =
+      "SELECT " + std::string(table->key) + " FROM " + inserted.table + " WHERE rowid=" + std::to_string(inserted.row);
+  std::string_view text = select;
+  const SqliteStatement statement = Prepare(text, select);
+  if (Step(statement.get(), select)) {
+    identity_ = sqlite3_column_int64(statement.get(), 0);
+  }
+}
+
+void SqliteHandle::Fail(const std::string& batch) const {
+  throw session::DatabaseError(sqlite3_errmsg(database_.get()), batch, sqlite3_extended_errcode(database_.get()));
+}
+
+SqliteReaders::Lease SqliteReaders::Borrow() {
+  if (idle_.empty()) {
+    auto reader = std::make_unique<SqliteHandle>(path_, SQLITE_OPEN_READWRITE, identity_);
+    reader->Run("PRAGMA query_only=1");
+    const std::lock_guard lock(growing_);
+    idle_.push_back(reader.get());
+    all_.push_back(std::move(reader));
+  }
+  SqliteHandle* reader = idle_.back();
+  idle_.pop_back();
+  return {reader, GiveBack{this}};
+}
+
+void SqliteReaders::Interrupt() {
+  const std::lock_guard lock(growing_);
+  for (const auto& reader : all_) {
+    reader->Interrupt();
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "database/sql_tokens.h"
+
+// The dialect's clauses and statements that SQLite writes otherwise. Each works on one statement and leaves one that
+// it does not understand as it is.
+namespace host::sql {
+
+// "TAVOWIN.DBO.RSTable" is RSTable.
+void DropOwners(Tokens& statement);
+// INFORMATION_SCHEMA.TABLES and INFORMATION_SCHEMA.COLUMNS.
+void ReplaceInformationSchema(Tokens& statement);
+// "SELECT TOP 5 ..." ends with "LIMIT 5".
+void LimitTop(Tokens& statement);
+// "outer apply (select * from T where ...) a" is a join of T.
+void JoinApplied(Tokens& statement);
+
+// "DELETE * FROM".
+void DropDeleteStar(Tokens& statement);
+// Removes "OUTPUT inserted.UniqueID" and returns a select of that column of the row just inserted; empty without one.
+std::string TakeOutput(Tokens& statement);
+// A bare word among the values is text: there is no column that it could name.
+void QuoteBareValues(Tokens& statement);
+// "SET ELTable.elFla=1" sets elFla.
+void UnqualifySet(Tokens& statement);
+// "UPDATE T SET ... FROM T INNER JOIN S ON ..." names T once.
+void UnjoinUpdated(Tokens& statement);
+// "if not exists (...) create table" is CREATE TABLE IF NOT EXISTS.
+void CreateIfNotExists(Tokens& statement);
+// Text columns of a new table compare without regard to case.
+void CollateNewText(Tokens& statement);
+
+}  // namespace host::sql

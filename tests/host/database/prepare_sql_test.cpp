@@ -1,0 +1,304 @@
+#include "database/prepare_sql.h"
+
+#include "database/database.h"
+
+namespace host {
+namespace {
+
+using session::ToText;
+
+TEST(PrepareSqlite, TranslatesTheDialect) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      // dates, in the one form that sorts
+      {"APDat>=#11/21/2026#", "APDat>='2026-11-21'"},
+      {"x=#1/2/1980 2:05:00 pm#", "x='1980-01-02 14:05:00'"},
+      {"x=#01/02/1980 00:00:00#", "x='1980-01-02'"},
+      {"x=#1980-01-02 12:00 AM#", "x='1980-01-02'"},
+      {"x=#08:30 am#", "x='1899-12-30 08:30:00'"},
+      {"x=#13/45/2026#", "x=#13/45/2026#"},
+      {"x=#1/288/2026#", "x=#1/288/2026#"},
+      // text and names
+      {"x='#1/2/1980#'", "x='#1/2/1980#'"},
+      {R"(x="O'Brien ""Bob"" TRUE")", R"(x='O''Brien "Bob" TRUE')"},
+      {"[Group #] = [a]]b]", "[Group #] = \"a]b\""},
+      {std::string("x='a\0b'", 7), "x=CAST(x'610062' AS TEXT)"},
+      {"x=1 -- TOP 5\n and y=2 /* ; */", "x=1 and y=2"},
+      // words
+      {"delete * from T where a=TRUE or b<>FALSE", "delete from T where a=1 or b<>0"},
+      {"Select Top 5 a from T where b in (select top 1 c from S);",
+       "Select a from T where b in (select c from S LIMIT 1) LIMIT 5"},
+      {"SELECT DISTINCTROW a FROM T", "SELECT DISTINCT a FROM T"},
+      {"update TAVOWIN.DBO.rsTable set a=dbo.NoteTable.b", "update rsTable set a=NoteTable.b"},
+      {"SELECT @@IDENTITY", "SELECT identity()"},
+      {"UPDATE T SET T.a=[T].[a]-1, T.b=f(T.c, T.d) WHERE T.e=1",
+       "UPDATE T SET a=[T].[a]-1, b=f(T.c, T.d) WHERE T.e=1"},
+      {"INSERT INTO T (a, b, c) VALUES (0, GLOBAL, Null)", "INSERT INTO T (a, b, c) VALUES (0, 'GLOBAL', Null)"},
+      // "+" by what stands beside it
+      {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM", "PATABLE.pLASNAM||', '||PATABLE.pFIRNAM"},
+      {"cast(emsPer as nvarchar) + emsPerTyp", "cast(emsPer as nvarchar) || emsPerTyp"},
+      {"(pLASNAM+' ')+upper(pFIRNAM)", "(pLASNAM||' ')||upper(pFIRNAM)"},
+      {"CovOrd+1 + (emsPer+2)", "CovOrd+1 + (emsPer+2)"},
+      // Like
+      {"a Like 'Smi%'", "a Like 'Smi%'"},
+      {R"(a Like '5[%]\[_]%')", R"(a Like '5\%\\\_%' ESCAPE '\')"},
+      {"a Like 'x[[]1]%'", "a Like 'x[1]%'"},
+      {"a Like '[a-f]%'", "a MATCH '[a-f]%'"},
+      {"a not Like 'Mü%'", "a not MATCH 'Mü%'"},
+      {"UPDATE T SET a='Ü' WHERE b='Ü' and c<>'–'", "UPDATE T SET a='Ü' WHERE b='Ü' COLLATE UNICODE_NOCASE and c<>'–'"},
+      // what is not understood goes to the engine
+      {"SELECT 'open", "SELECT 'open"},
+  };
+  for (const auto& [statement, expected] : cases) {
+    EXPECT_EQ(PrepareSqlite(statement), expected);
+  }
+}
+
+// Statements of the screens, with values put in, one after another on one practice.
+class Screens : public testing::TestWithParam<bool> {
+ protected:
+  Screens() : practice_(CreateDatabase("sqlite::memory:", {.kind = 7, .row_guids = GetParam()})) {}
+
+  // Rows, their fields parted by "|".
+  std::vector<std::string> Run(const std::string& statement) {
+    std::vector<std::string> rows;
+    for (auto set = practice_.Run(statement); !set->Eof(); set->MoveNext()) {
+      std::string& row = rows.emplace_back();
+      for (std::size_t i = 0; i < set->Fields().size(); ++i) {
+        row += (i == 0 ? "" : "|") + (session::IsNull(set->Get(i)) ? "(null)" : ToText(set->Get(i)));
+      }
+    }
+    return rows;
+  }
+  static std::vector<std::string> Rows(std::initializer_list<std::string> rows) { return rows; }
+
+  PracticeDatabase practice_;
+};
+
+TEST_P(Screens, PeopleStatementsRun) {
+  Run("INSERT INTO PATable (pLASNAM, pFIRNAM, pTypPat, pTypEmp, pFAMHEAIND, pBIRDAT, pPROIND) "
+      "VALUES ('Smith', 'John', '1', '1', Null, #01/02/1980#, 9)");
+  EXPECT_EQ(Run("INSERT INTO PATable (pLASNAM, pFIRNAM, pTypPat) VALUES ('O''Neill', 'Ann', '2'); SELECT @@IDENTITY"),
+            Rows({"2"}));
+  EXPECT_EQ(Run("Select * from Patable where pLASNAM Like \"smi%\" and pFIRNAM Like \"j%\"AND (OfficeID=1) and "
+                "((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1') order by pLasNam, "
+                "pFirNam")
+                .size(),
+            1U);
+  EXPECT_EQ(Run("SELECT pID FROM PATABLE WHERE (((PATABLE.pLASNAM) like 'o''n%') AND ((PATABLE.pFIRNAM) like 'A%'))"),
+            Rows({"2"}));
+  Run("UPDATE PATABLE SET pNICNAM='Jack' WHERE pID=1 and (OfficeID = 1) ");
+  Run("UPDATE PATable SET pHomCon='Pho1', pHomPho1='555-0100' WHERE pID=1 AND (OfficeID = 1)");
+  Run("update paTable set pTypEmp='1', pDocIni='', pDatRel = Null where pID=1");
+  Run("Update Patable set pPROIND = 2 where pPROIND = 9");
+  EXPECT_EQ(Run("SELECT pNICNAM, pBIRDAT, pPROIND FROM PATable WHERE pID=1"), Rows({"Jack|1980-01-02|2"}));
+  EXPECT_EQ(Run("SELECT DISTINCT Count(pID) FROM PATable WHERE pPhaID=1"), Rows({"0"}));
+  Run("Update RecTable set rRecDoc = 'Ann O''Neill', rRecDocID = 2 where rRecDocID = 1");
+  Run("Update opTable set OpPrefDrID = 2 where OpPrefDrID = 1");
+  Run("Update ApTable Set APTable.APDrID=2 where APTable.APDrID=1 and APDat>=#11/21/2026#");
+  Run("DELETE * FROM TemplateSetupTable WHERE tstStaDat >=#11/21/2026#");
+  Run("INSERT INTO DTTable (TrapID, traTyp) VALUES (1, 2)");
+  EXPECT_EQ(Run("Select top 1 traID from DTTable where TrapID=1 and ((traTyp=1) or (traTyp=2)) AND (OfficeID=1);"),
+            Rows({"1"}));
+  Run("UPDATE IDTypTable SET IDTypTable.IDTypDes='National Provider ID' WHERE IDTypTable.IDTypID = 2");
+  Run("SELECT IDTypTable.IDTypAutoID, IDTypTable.IDTypDes, IDTypTable.IDTypID, DrIDTable.DrIDTypID, DrIDTable.DrIDVal, "
+      "DrIDTable.DrIDID, DrIDTable.DrIDpID FROM IDTypTable LEFT OUTER JOIN DrIDTable ON IDTypTable.IDTypAutoID = "
+      "DrIDTable.DrIDTypID and (IDTypTable.OfficeID = DrIDTable.OfficeID) WHERE (DrIDTable.DrIDpID = 1) ORDER BY "
+      "IDTypTable.IDTypAutoID");
+  Run("UPDATE DrIDTable SET DrIDVal='12' WHERE Dridid=1");
+}
+
+TEST_P(Screens, ZipStatementsRun) {
+  Run("INSERT INTO ZipCodTable (ZipCodCit, ZipCodSta, ZipCodZip) VALUES ('Springfield', 'IL', '62701')");
+  Run("INSERT INTO ZipCodTable (ZipCodCit, ZipCodSta, ZipCodZip) VALUES ('Boston', 'MA', '02108')");
+  EXPECT_EQ(Run("SELECT ZipCodID FROM ZipCodTable WHERE (ZipCodCit='SPRINGFIELD') AND (ZipCodSta='il') AND "
+                "(ZipCodZip='62701');"),
+            Rows({"1"}));
+  EXPECT_EQ(Run("Select Top 200 * from ZipCodTable where ZipCodCit>='Spr' order by ZipCodCit,ZipCodZip;").size(), 1U);
+  EXPECT_EQ(Run("Select Top 1 ZipCodCit from ZipCodTable where ZipCodZip>='0' order by ZipCodZip,ZipCodCit;"),
+            Rows({"Boston"}));
+  Run("DELETE * FROM ZipCodTable WHERE ZipCodID=1;");
+  EXPECT_EQ(Run("SELECT ZipCodID FROM ZipCodTable"), Rows({"2"}));
+}
+
+TEST_P(Screens, EmployeeStatementsRun) {
+  Run("INSERT INTO PATable (pLASNAM, pFIRNAM, pTypEmp) VALUES ('Doe', 'Jane', '2'); "
+      "INSERT INTO PATable (pLASNAM, pTypEmp) VALUES ('Nameless', '1')");
+  EXPECT_EQ(Run("SELECT DISTINCTROW PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, PATABLE.pID AS [ID Num], "
+                "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpCIT AS [B-City] FROM (PATABLE LEFT JOIN ELTable "
+                "ON PATABLE.pEmpID1 = ELTable.elID and (PATABLE.OfficeID = ELTable.OfficeID) ) LEFT JOIN EmpTable ON "
+                "ELTable.elEmpID = ELTable.EmpInd and (ELTable.OfficeID = ELTable.OfficeID) WHERE "
+                "(PATABLE.pTypEmp='1') OR (PATABLE.pTypEmp='2') and (PATABLE.OfficeID = 1) ORDER BY Name"),
+            Rows({"(null)|2|(null)|(null)", "Doe, Jane|1|(null)|(null)"}));
+  Run("INSERT INTO EBTable (EBPid, EBAPPDAT, EBAnnSalAmt) VALUES (1, #11/21/2026 14:05:00#, 52000.125)");
+  Run("INSERT INTO ESTable (EBID, OffLocID) VALUES (1, 1)");
+  EXPECT_EQ(Run("SELECT EBTable.*, ESTable.* from (EBTable LEFT JOIN ESTable ON EBTable.EBID = ESTable.EBID and "
+                "(EBTable.OfficeID = ESTable.OfficeID) ) WHERE ESTable.OffLocID=1 AND EBTable.EBID=1")
+                .size(),
+            1U);
+  EXPECT_EQ(Run("SELECT EBID as [ID], EBAPPDAT as [Effective Date], EBAnnSalAmt as [Salary] FROM EBTable Where EBPid=1 "
+                "Order by EBID Desc"),
+            Rows({"1|2026-11-21 14:05:00|52000.125"}));
+  EXPECT_EQ(Run("SELECT Count(ESTable.EBID) from ESTable WHERE ESTable.OffLocID=1 AND ESTable.EBID=1"), Rows({"1"}));
+  Run("UPDATE EBTable SET EBWhoMod='admin', EBDatMod=#11/21/2026# WHERE EBID=1");
+  Run("Delete from EBTable where EBTable.EBID = 1");
+  EXPECT_EQ(Run("INSERT INTO PWMTable (PWMUseNam) VALUES ('Jane'); SELECT @@IDENTITY"), Rows({"1"}));
+  Run("UPDATE PWMTABLE SET OffLocID=3 WHERE (PWMID=1) AND (OffLocID=0)");
+  EXPECT_EQ(Run("SELECT OffLocID FROM PWMTable WHERE (PWMUSENAM = 'jANE')"), Rows({"3"}));
+  EXPECT_EQ(Run("SELECT Count(*) FROM PWMTable WHERE (PWMUSENAM = 'jane') AND (PWMPid<>5) AND (PWMID<>5)"),
+            Rows({"0"}));
+  Run("SELECT * FROM PWATable WHERE ((OffLocID) = 1) AND PWAUseNam='jane'");
+  Run("delete * from PWATable where PWAUseNam='jane'");
+  Run("Select * from paTable where pID=0");
+  Run("SELECT TOP 5 OffLocID, OffLocNam FROM OffLocTable ORDER BY OffLocID");
+}
+
+TEST_P(Screens, InsuranceStatementsRun) {
+  Run("INSERT INTO InsCoTable (InsCoNam) VALUES ('Acme Dental'); INSERT INTO EmpTable (EmpNam) VALUES ('Mill')");
+  Run("INSERT INTO GroPlaTable (GroPlaInsID, GroPlaGroNum, GroPlaNam, GroPlaCat) VALUES (1, '77', 'Gold', "
+      "'CAPITATION')");
+  Run("INSERT INTO ELTable (elEmpID, elInsID, elGroID, elStaDat, elEndDat, elFla) VALUES (1, 1, 1, #11/21/2026#, NULL, "
+      "0)");
+  const std::string joins =
+      "FROM ((ELTable INNER JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd and (ELTable.OfficeID = "
+      "EmpTable.OfficeID) "
+      ") INNER JOIN InsCoTable ON ELTable.elInsID = InsCoTable.InsCoInd and (ELTable.OfficeID = InsCoTable.OfficeID) ) "
+      "INNER JOIN GroPlaTable ON ELTable.elGroID = GroPlaTable.GroPlaInd and (ELTable.OfficeID = "
+      "GroPlaTable.OfficeID) ";
+  EXPECT_EQ(
+      Run("SELECT DISTINCTROW EmpTable.EmpNam as [Employer Name], InsCoTable.InsCoNam as [Insurance Company], "
+          "EmpTable.EmpInd as [Emp ID], ELTable.elID as [Link ID] " +
+          joins + "WHERE (((ELTable.elFla)=0)) and (ELTable.OfficeID = 1) ORDER BY [Insurance Company], [Link ID]"),
+      Rows({"Mill|Acme Dental|1|1"}));
+  EXPECT_EQ(Run("SELECT DISTINCT GroPlaTable.GroPlaNam as [Plan Name] " + joins +
+                "WHERE (((ELTable.elFla)=0)) AND ((GroPlaTable.GroPlaCat)='CAPITATION') and (ELTable.OfficeID = 1) "),
+            Rows({"Gold"}));
+  Run("INSERT INTO PatEmpTable (PatEmpPatID, PatEmpElID, PatEmpOrd) VALUES (1, 1, 2)");
+  Run("INSERT INTO CovTable (CovPatID, CovSubPatEmpID, CovOrd) VALUES (1, 1, 2)");
+  EXPECT_EQ(Run("SELECT Count([CovTable].[CovID]) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
+                "PatEmpTable.PatEmpElID and (ELTable.OfficeID = PatEmpTable.OfficeID)) INNER JOIN CovTable ON "
+                "PatEmpTable.PatEmpID = CovTable.CovSubPatEmpID WHERE CovTable.CovFla=0 AND elInsID=1"),
+            Rows({"1"}));
+  Run("UPDATE CovTable SET CovTable.CovOrd = [CovTable].[CovOrd]-1 WHERE CovPatID=1 AND CovFla=0 AND CovOrd>1");
+  EXPECT_EQ(Run("SELECT CovOrd FROM CovTable WHERE ((CovTable.CovID)=1) AND ((CovTable.CovFla)=0)"), Rows({"1"}));
+  Run("UPDATE elTable SET elEndDat=#11/21/2026#, elEndWho='admin', elFla=1 WHERE elGroID=1");
+  Run("update insCoTable set InsCoAccID='A1' where insCoInd =1 AND (OfficeID=1)");
+  Run("UPDATE GroPlaTable SET GroPlaTable.GroPlaInsID=2 WHERE GroPlaInsID=1");
+  EXPECT_EQ(Run("SELECT GroPlaInsID FROM GroPlaTable"), Rows({"2"}));
+  Run("DELETE * FROM GroPlaTable WHERE GroPlaTable.GroPlaInsID=2");
+  Run("DELETE * FROM PhaTable WHERE PhaID=1");
+  EXPECT_EQ(Run("SELECT * FROM GroPlaTable"), Rows({}));
+}
+
+TEST_P(Screens, PlanDetailStatementsRun) {
+  EXPECT_EQ(Run("SELECT COUNT(*) FROM IPTable WHERE IPInsCoID = 0 AND IPGroNum = 'GLOBAL'"), Rows({"0"}));
+  const std::string output = GetParam() ? "OUTPUT inserted.UniqueID " : "";
+  EXPECT_EQ(Run("INSERT INTO IPTable (IPInsCoID, IPGroNum, IPCod, IPDes, IPPCov, IPPDedApp) " + output +
+                "VALUES (0, GLOBAL, 'D1000', 'Preventive', 100, 'N')")
+                .size(),
+            GetParam() ? 1U : 0U);
+  Run("INSERT INTO IPTABLE (IPInsCoID, IPGroNum, IPCod, IPPFee, IPSFee) VALUES (3, '77', 'D1000', 0.00, NULL)");
+  Run("UPDATE IPTable SET IPPFee=12.34, IPSFee=5 WHERE ((IPTABLE.IPRecNum)=1)");
+  Run("UPDATE IPTable SET IPTable.IPPFee=IPFrom.IPPFee, IPTable.IPSFee=IPFrom.IPSFee FROM IPTable INNER JOIN IPTable "
+      "as "
+      "IPFrom on IPTable.IPCod=IPFrom.IPCod and (IPTable.OfficeID = IPFrom.OfficeID) WHERE (IPTable.IPInsCoID=3 AND "
+      "IPTable.IPGroNum='77') AND (IPFrom.IPInsCoID=0 AND IPFrom.IPGroNum='GLOBAL')");
+  EXPECT_EQ(Run("SELECT IPPFee, IPSFee FROM IPTable WHERE (IPInsCoID = 3 and IPGroNum = '77')"), Rows({"12.34|5"}));
+  EXPECT_EQ(Run("select ipCod from ipTable where ipCod>'D0100' and IPGroNum = 'Global' order by ipCod"),
+            Rows({"D1000"}));
+  Run("Delete * from IPTABLE where IPInsCoID = 3 and IPGroNum = '77'");
+  Run("DELETE * FROM IPTable WHERE (((IPTable.IPInsCoID)=0) AND ((IPTable.IPGroNum)='GLOBAL'))");
+  EXPECT_EQ(Run("SELECT IPRecNum FROM IPTable"), Rows({}));
+  Run("SELECT SevCodID, SevCodCod, SevCodDes FROM SevCodTable WHERE (OffLocID=1) AND (SevCodTyp='1 - Charge') ORDER BY "
+      "SevCodCod");
+}
+
+TEST_P(Screens, RecallStatementsRun) {
+  Run("INSERT INTO RSTable (RCTtl, RCDuePer) VALUES ('Cleaning', '30D')");
+  EXPECT_EQ(
+      Run("SELECT DISTINCT RSTable.RCRecNum as [ID #],  RSTable.RCTtl as Title, RSTable.RCDuePer as Due FROM RSTable "
+          "WHERE RCRecNum <> 0 and (OfficeID = 1) ORDER BY [ID #]"),
+      Rows({"1|Cleaning|30D"}));
+  Run("Insert into emmTable (emmDes,emmHasCutOff,emmEna,emmAppDefTyp,OffLocID) values ('Recall', 0, 1, 1, -1)");
+  EXPECT_EQ(Run("select emmID from emmTable where emmEna=1 and offLocID=-1 and emmAppDefTyp=1"), Rows({"1"}));
+  EXPECT_EQ(Run("Select count(*) FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_NAME = 'EmmTable' and Column_Name = "
+                "'UniqueID'"),
+            Rows({GetParam() ? "1" : "0"}));
+  Run("INSERT INTO emsTable (emsLinTyp, emsLinID, emsSeq, emsPer, emsPerTyp) VALUES (3, 1, 0, 6, 'M')");
+  Run("UPdate emsTable Set emsLinTyp=3, emsLinID=1, emsPer=7, emsPerTyp='M', emsPID=0 Where emsID=1");
+  Run("INSERT INTO ReminderMessageTable (rmtEMMID, rmtLinID, rmtLetFil, rmtCarMes) VALUES (1, 1, 'due.rtf', 'See "
+      "you')");
+  const std::string backup =
+      "if not exists (select * from INFORMATION_SCHEMA.TABLES where TABLE_NAME='RSTableBackup') create table "
+      "RSTableBackup (RCRecNum int not null, RCTtl nvarchar(65), RCDonPriDay smallint)";
+  Run(backup);
+  Run(backup);
+  Run("insert into RSTableBackup (RCRecNum, RCTtl, RCDonPriDay) select RCRecNum, RCTtl, RCDonPriDay from RSTABLE");
+  EXPECT_EQ(Run("SELECT RCTtl FROM RSTableBackup WHERE RCTtl='CLEANING'"), Rows({"Cleaning"}));
+  Run("Update RSTable set RCCutOff='',RCCutOffLet='',RCDuePer='' where RCRecNum=1");
+  Run("update TAVOWIN.DBO.rsTable set rcDuePer=tbl.Period, rcDuePerMsg=tbl.rmtCarMes, rcDuePerLet=tbl.rmtLetFil From "
+      "(select emsLinID, cast(emsPer as nvarchar) + emsPerTyp as Period, emsSeq, rmtLetFil, rmtCarMes From emmTable "
+      "left "
+      "join emsTable on emsLinTyp=3 AND emmTable.OfficeID=emsTable.OfficeID left join ReminderMessageTable on "
+      "rmtLinID=emsID and rmtEmmID=emmID AND emmTable.OfficeID=ReminderMessageTable.OfficeID Where emmAppDefTyp=1 and "
+      "emsSeq=0 and emsLinID = 1 AND (emmTable.OfficeID=1)) as TBL Where RCRecNum = 1");
+  EXPECT_EQ(Run("SELECT RCDuePer, RCDuePerLet, RCDuePerMsg FROM RSTable"), Rows({"7M|due.rtf|See you"}));
+  Run("INSERT INTO eBusContactSequence (ebcLinID, ebcLinTyp, ebcpID, ebcSeq, ebcPer, ebcConMet) VALUES (1, 1, 5, 1, 0, "
+      "2)");
+  EXPECT_EQ(Run("Select ebcConMet from eBusContactSequence inner join emmTable on emmID=ebcLinID where emmEna=1 and "
+                "OffLocID=-1 and emmAppDefTyp=1 and ebcpID=5 AND (EMMTable.OfficeID=1) order by ebcSeq"),
+            Rows({"2"}));
+  Run("update eBusContactSequence set ebcPer=0, ebcPid=5, ebcSeq=2, ebcConMet=1 Where ebcID=1 AND "
+      "(eBusContactSequence.OfficeID=1)");
+  Run("Delete from eBusContactSequence where ebcID in (select ebcID from eBusContactSequence inner join RSTable on "
+      "RCRecNum=ebcLinID)");
+  EXPECT_EQ(Run("Select count(ebcID) from eBusContactSequence"), Rows({"0"}));
+  Run("INSERT INTO NoteTable (nNote) VALUES ('No calls'); INSERT INTO pNoteTable (pNotPid, pNotNID) VALUES (5, 1)");
+  EXPECT_EQ(
+      Run("SELECT pNoteTable.pNotID AS cmID, dbo.NoteTable.nNote AS cmDoc FROM pNoteTable INNER JOIN dbo.NoteTable "
+          "ON pNotNID=nID WHERE (pNoteTable.pNotTraLinID=0) AND pNotPid=5"),
+      Rows({"1|No calls"}));
+}
+
+TEST_P(Screens, LocationStatementsRun) {
+  Run("INSERT INTO OffLocTable (OffLocNam) VALUES ('Main'); INSERT INTO OffLocTable (OffLocNam) VALUES ('')");
+  Run("INSERT INTO pdlTable (pdlPID, pdlOffLocID, pdlShoInLoc) VALUES (5, 1, 0)");
+  Run("UPDATE pdlTable SET pdlShoInLoc=1 WHERE pdlID=1");
+  const auto shown = Rows({"1|Main|1|1", "2||(null)|(null)"});
+  EXPECT_EQ(
+      Run("SELECT TOP 10 OffLocID, OffLocNam, a.pdlShoInLoc, a.pdlID From OffLocTable outer apply (select * from "
+          "pdlTable WHERE pdlTable.pdlOffLocID = OffLocTable.OffLocID AND pdlTable.OfficeID = OffLocTable.OfficeID "
+          "AND (pdlTable.pdlPID=5)) a Where (OffLocTable.OfficeID=1) ORDER BY OffLocID"),
+      shown);
+  EXPECT_EQ(
+      Run("SELECT TOP 10 OffLocID, OffLocNam, pdlShoInLoc, pdlID FROM (OffLocTable LEFT JOIN pdlTable on "
+          "OffLocTable.OffLocID=pdlTable.pdlOffLocID) WHERE ((pdlTable.pdlPID=5) OR (pdlTable.pdlPID IS NULL)) OR "
+          "(pdlTable.pdlID IS NULL) ORDER BY OffLocID"),
+      shown);
+  EXPECT_EQ(Run("SELECT pdlID FROM pdlTable WHERE pdlShoInLoc=TRUE and pdlShoInLoc<>0"), Rows({"1"}));
+  Run("INSERT INTO FamTable (fMEMID, fRSPID) VALUES (6, 5)");
+  EXPECT_EQ(Run("SELECT FAMTABLE.fMEMID from FAMTABLE where fRSPID=5"), Rows({"6"}));
+  Run("SELECT pID as fMEMID, pID as fRSPID FROM PATable WHERE pID=5");
+}
+
+TEST_P(Screens, RowGuidInsertAnswersGuidAndId) {
+  if (!GetParam()) {
+    EXPECT_THROW(Run("INSERT INTO ELTable (UniqueID) VALUES (newid())"), session::DatabaseError);
+    return;
+  }
+  const auto rows = Run(
+      "SET NOCOUNT ON; declare @UniqueID uniqueidentifier; set @UniqueID = newid(); INSERT INTO ELTable (elEmpID, "
+      "elInsID, "
+      "elGroID, elStaDat, elEndDat, elFla, UniqueID) OUTPUT inserted.UniqueID VALUES (1, 2, 3, #11/21/2026#, NULL, 0, "
+      "@UniqueID); SELECT @UniqueID, @@IDENTITY");
+  EXPECT_EQ(rows, Rows({Run("SELECT UniqueID FROM ELTable WHERE elID=1").at(0) + "|1"}));
+  // A row that brings none is given one.
+  Run("INSERT INTO ELTable (elEmpID) VALUES (1)");
+  EXPECT_TRUE(
+      std::holds_alternative<session::Guid>(practice_.Run("SELECT UniqueID FROM ELTable WHERE elID=2")->Get(0)));
+  EXPECT_EQ(Run("SELECT Count(DISTINCT UniqueID) FROM ELTable"), Rows({"2"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(RowGuids, Screens, testing::Bool());
+
+}  // namespace
+}  // namespace host
