@@ -58,26 +58,26 @@ class StaffMaker {
  private:
   void MakeLocations() {
     const data::Statements statements(office_.Database());
-    // The practice was made with its first location.
-    staff_.locations.push_back(session::ToId(
-        statements.SelectValue("SELECT TOP 1 OffLocID FROM OffLocTable WHERE (OffLocID>0)" + statements.Office())));
-    for (std::size_t i = 1; i < kLocations.size(); ++i) {
-      staff_.locations.push_back(statements.Insert("OffLocTable", {}));
-    }
     for (std::size_t i = 0; i < kLocations.size(); ++i) {
       const Address address = office_.MakeAddress();
-      statements.Update("OffLocTable",
-                        {{"OffLocNam", Literal(kLocations[i])},
-                         {"OffLocAd1", Literal(address.line1)},
-                         {"OffLocCit", Literal(address.place.city)},
-                         {"OffLocSta", Literal(address.place.state)},
-                         {"OffLocZip", Literal(address.place.zip)},
-                         {"OffLocPho", Literal(office_.MakePhone())},
-                         {"OffLocFax", Literal(office_.MakePhone())},
-                         {"OffLocEma", Literal("office" + std::to_string(i + 1) + "@example.com")},
-                         {"OffLocBacClr", Literal(static_cast<std::int32_t>(0xF0F0FF - i * 0x101000))},
-                         {"OffLocForClr", Literal(0)}},
-                        "OffLocID", staff_.locations[i]);
+      const data::Assignments values = {{"OffLocNam", Literal(kLocations[i])},
+                                        {"OffLocAd1", Literal(address.line1)},
+                                        {"OffLocCit", Literal(address.place.city)},
+                                        {"OffLocSta", Literal(address.place.state)},
+                                        {"OffLocZip", Literal(address.place.zip)},
+                                        {"OffLocPho", Literal(office_.MakePhone())},
+                                        {"OffLocFax", Literal(office_.MakePhone())},
+                                        {"OffLocEma", Literal("office" + std::to_string(i + 1) + "@example.com")},
+                                        {"OffLocBacClr", Literal(static_cast<std::int32_t>(0xF0F0FF - i * 0x101000))},
+                                        {"OffLocForClr", Literal(0)}};
+      if (i > 0) {
+        staff_.locations.push_back(statements.Insert("OffLocTable", values));
+        continue;
+      }
+      // The practice was made with its first location.
+      staff_.locations.push_back(session::ToId(
+          statements.SelectValue("SELECT TOP 1 OffLocID FROM OffLocTable WHERE (OffLocID>0)" + statements.Office())));
+      statements.Update("OffLocTable", values, "OffLocID", staff_.locations.front());
     }
   }
 

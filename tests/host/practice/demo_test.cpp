@@ -1,0 +1,129 @@
+#include "practice/demo.h"
+
+#include <gtest/gtest.h>
+
+#include "host/practice/practice_fixture.h"
+#include "practice/logins.h"
+
+namespace host {
+namespace {
+
+constexpr std::int32_t kPatients = 150;
+
+Practice Make(std::uint64_t seed, PracticeOptions options = {}) {
+  return MakeDemo("sqlite::memory:", {kPatients, seed, options});
+}
+
+// Every row of every table, but for the passwords' hashes, which are salted.
+std::string Contents(const Practice& practice) {
+  std::string text;
+  for (const Table& table : PracticeTables()) {
+    const auto rows = practice.Database().connection->Execute("SELECT * FROM " + std::string(table.name) +
+                                                              " ORDER BY OfficeID, " + std::string(table.key));
+    text += std::string(table.name) + "\n";
+    const int password = rows->FieldIndex("PWMPasWor");
+    for (; !rows->Eof(); rows->MoveNext()) {
+      for (std::size_t i = 0; i < rows->Fields().size(); ++i) {
+        text += static_cast<int>(i) == password ? "|" : session::ToText(rows->Get(i)) + "|";
+      }
+      text += "\n";
+    }
+  }
+  return text;
+}
+
+TEST(Demo, RowsFollowFromSeedAndSize) {
+  const std::string contents = Contents(Make(1));
+  EXPECT_TRUE(contents == Contents(Make(1)));
+  EXPECT_FALSE(contents == Contents(Make(2)));
+}
+
+// What must hold in every office: each query counts the rows that break a rule.
+void ExpectSound(const Practice& practice) {
+  const auto none = [&](const std::string& sql) {
+    EXPECT_EQ(Ask(practice, "SELECT COUNT(*) FROM (" + sql + ")"), "0") << sql;
+  };
+  // Orders are dense, and every live coverage runs through live rows of its own office.
+  none(
+      "SELECT CovPatID FROM CovTable WHERE CovFla=0 GROUP BY OfficeID, CovPatID "
+      "HAVING MIN(CovOrd)<>1 OR MAX(CovOrd)<>COUNT(*) OR COUNT(DISTINCT CovOrd)<>COUNT(*)");
+  none(
+      "SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla=0 GROUP BY OfficeID, PatEmpPatID "
+      "HAVING MIN(PatEmpOrd)<>1 OR MAX(PatEmpOrd)<>COUNT(*) OR COUNT(DISTINCT PatEmpOrd)<>COUNT(*)");
+  none(
+      "SELECT CovID FROM CovTable c WHERE CovFla=0 AND NOT EXISTS (SELECT 1 FROM PatEmpTable h JOIN ELTable l ON "
+      "l.elID=h.PatEmpElID AND l.OfficeID=h.OfficeID JOIN GroPlaTable g ON g.GroPlaInd=l.elGroID AND "
+      "g.GroPlaInsID=l.elInsID AND g.OfficeID=l.OfficeID WHERE h.PatEmpID=c.CovSubPatEmpID AND h.OfficeID=c.OfficeID "
+      "AND h.PatEmpFla=0 AND l.elFla=0)");
+  none(
+      "SELECT CovID FROM CovTable c JOIN PatEmpTable h ON h.PatEmpID=c.CovSubPatEmpID "
+      "WHERE (CovRel=1) <> (CovPatID=PatEmpPatID)");
+  // One "No Insurance Coverage" link for an employer, and a plan at most once.
+  none(
+      "SELECT EmpInd FROM EmpTable e WHERE (SELECT COUNT(*) FROM ELTable l WHERE l.elEmpID=e.EmpInd AND "
+      "l.OfficeID=e.OfficeID AND elInsID=0 AND elGroID=0 AND elFla=0)<>1");
+  none("SELECT elID FROM ELTable WHERE elFla=0 GROUP BY OfficeID, elEmpID, elInsID, elGroID HAVING COUNT(*)>1");
+  none(
+      "SELECT pID FROM PATable p WHERE pEmpID1<>0 AND NOT EXISTS "
+      "(SELECT 1 FROM ELTable l WHERE l.elID=p.pEmpID1 AND l.OfficeID=p.OfficeID AND elFla=0)");
+  // Everybody's family head is his own head, and heads the family rows.
+  none(
+      "SELECT pID FROM PATable p WHERE NOT EXISTS (SELECT 1 FROM PATable h WHERE h.pID=p.pFAMHEAIND AND "
+      "h.pFAMHEAIND=h.pID AND h.OfficeID=p.OfficeID)");
+  none(
+      "SELECT pID FROM PATable p WHERE pTypPat='1' AND NOT EXISTS (SELECT 1 FROM FamTable f WHERE f.fMEMID=p.pID AND "
+      "f.fRSPID=p.pFAMHEAIND AND f.OfficeID=p.OfficeID)");
+  none(
+      "SELECT pID FROM PATable p WHERE pTypPat='1' AND NOT EXISTS "
+      "(SELECT 1 FROM PATable d WHERE d.pID=p.pPROIND AND d.pTypDoc='1' AND d.OfficeID=p.OfficeID)");
+  none("SELECT pDocIni FROM PATable WHERE pDocIni IS NOT NULL GROUP BY OfficeID, pDocIni HAVING COUNT(*)>1");
+  none(
+      "SELECT rRecNum FROM RecTable r WHERE NOT EXISTS "
+      "(SELECT 1 FROM RSTable m WHERE m.RCRecNum=r.rRCRecNum AND m.OfficeID=r.OfficeID)");
+}
+
+TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
+  Practice practice = Make(3);
+  ExpectSound(practice);
+  EXPECT_EQ(Ask(practice, "SELECT COUNT(*) FROM PATable WHERE pTypPat='1'"), std::to_string(kPatients));
+  EXPECT_GE(std::stoi(Ask(practice, "SELECT COUNT(*) FROM PATable WHERE pTypDoc='1'")), 4);
+  EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM CovTable WHERE CovFla=0 AND CovOrd=2")), 0);
+  EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM CovTable WHERE CovFla<>0")), 0);
+  EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM AccountTable")), 0);
+  EXPECT_EQ(Ask(practice, "SELECT ZipCodCit FROM ZipCodTable WHERE ZipCodZip='62701'"), "Springfield");
+  for (const char* table : {"RSTable", "emsTable", "emmTable", "IPTable", "SevCodTable", "PhaTable", "ePayerTable",
+                            "IDTypTable", "DrIDTable", "EBTable", "ESTable", "DTTable", "PickListTable"}) {
+    EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(table)), "0") << table;
+  }
+}
+
+TEST(Demo, ItsLoginsOpen) {
+  Practice practice = Make(1);
+  HostSession session(practice, practice.Office(), LoginRights("x"), StandingStill());
+  const auto admin = LogIn(session.Office(), "admin", "admin");
+  const auto front = LogIn(session.Office(), "front", "front");
+  ASSERT_TRUE(admin && front);
+  EXPECT_TRUE(admin->rights.Supervisor());
+  EXPECT_TRUE(front->rights.Has("EDIT-EMP-INS"));
+  EXPECT_FALSE(front->rights.Has("CHANGE-PRO-NAME"));
+  EXPECT_FALSE(front->rights.Has("CHANGE-REF-NAME"));
+  EXPECT_EQ(Ask(practice, "SELECT pTypDoc FROM PATable WHERE pID=" +
+                              session.OfficeSetting("DEFAULT_OFFICE_SETUP", "OFF_DEF_PRO")),
+            "1");
+}
+
+TEST(Demo, OfficesAreFilledAlikeAndApart) {
+  const Practice practice = Make(1, {.kind = session::kOfficeScoped, .offices = 3, .row_guids = true});
+  ExpectSound(practice);
+  EXPECT_EQ(practice.Offices(), (std::vector<std::int32_t>{1, 2, 3}));
+  EXPECT_EQ(Ask(practice,
+                "SELECT COUNT(*) FROM (SELECT OfficeID FROM PATable WHERE pTypPat='1' GROUP BY OfficeID "
+                "HAVING COUNT(*)=" +
+                    std::to_string(kPatients) + ")"),
+            "3");
+  EXPECT_EQ(Ask(practice, "SELECT COUNT(DISTINCT UniqueID)=COUNT(*) FROM PATable"), "1");
+  EXPECT_EQ(Ask(practice, "SELECT COUNT(*) FROM PATable WHERE UniqueID IS NULL"), "0");
+}
+
+}  // namespace
+}  // namespace host
