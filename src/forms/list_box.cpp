@@ -32,6 +32,16 @@ bool ListBox::DoPick(int index) {
   return true;
 }
 
+bool ListBox::DoHighlight(int index) {
+  if (index < 0 || index >= static_cast<int>(Items->size())) {
+    return false;
+  }
+  if (DoFocus()) {
+    ListIndex = index;
+  }
+  return true;
+}
+
 void ListBox::DoOpen() {
   if (Current() != nullptr && DoFocus()) {
     Fire(DblClick);

@@ -1,0 +1,152 @@
+#include <algorithm>
+#include <array>
+
+#include "console/control_state.h"
+#include "console/step_failure.h"
+#include "console/steps.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+// CLASS.MEMBER
+std::pair<entry::Dispatch*, std::string> TakeMember(Interpreter& interpreter, StepWords& words) {
+  const std::string text = words.Take("CLASS.MEMBER");
+  const std::size_t point = text.find('.');
+  entry::Dispatch* owner = interpreter.World().Class(text.substr(0, point));
+  if (owner == nullptr) {
+    Fail("there is no public class " + text.substr(0, point));
+  }
+  if (point == std::string::npos) {
+    Fail("a member of " + owner->class_name + " is due, as CLASS.MEMBER");
+  }
+  return {owner, text.substr(point + 1)};
+}
+
+// NAME=VALUE, or values in the order of the parameters.
+entry::Arguments TakeArguments(const entry::Method& method, StepWords& words) {
+  entry::Arguments arguments;
+  for (std::size_t position = 0; !words.AtEnd(); ++position) {
+    const std::string word = words.Take("an argument");
+    const std::size_t sign = word.find('=');
+    if (sign == std::string::npos && position < method.parameters.size()) {
+      arguments[method.parameters[position].name] = word;
+      continue;
+    }
+    const std::string name = word.substr(0, sign);
+    const auto same = [&](const entry::Parameter& parameter) {
+      return forms::EqualsIgnoringCase(parameter.name, name);
+    };
+    if (sign == std::string::npos || std::ranges::none_of(method.parameters, same)) {
+      Fail(method.name + " has no argument " + name);
+    }
+    arguments[name] = word.substr(sign + 1);
+  }
+  return arguments;
+}
+
+void Call(Interpreter& interpreter, StepWords& words) {
+  const auto [owner, name] = TakeMember(interpreter, words);
+  const entry::Method* method = owner->Find(name);
+  if (method == nullptr) {
+    Fail(owner->class_name + " has no method " + name);
+  }
+  entry::Arguments arguments = TakeArguments(*method, words);
+  arguments.insert_or_assign("return", method->invoke(arguments));
+  interpreter.ReadResult = [owner = owner, arguments](const std::string& wanted) -> std::optional<std::string> {
+    if (const auto argument = arguments.find(wanted); argument != arguments.end()) {
+      return argument->second;
+    }
+    if (const auto property = owner->properties.find(wanted); property != owner->properties.end()) {
+      return property->second.get();
+    }
+    return std::nullopt;
+  };
+}
+
+void Set(Interpreter& interpreter, StepWords& words) {
+  const auto [owner, name] = TakeMember(interpreter, words);
+  const auto property = owner->properties.find(name);
+  if (property == owner->properties.end()) {
+    Fail(owner->class_name + " has no property " + name);
+  }
+  words.TakeKeyword("=");
+  const std::string value = words.Take("a value");
+  words.End();
+  property->second.set(value);
+}
+
+const forms::Form::NamedProperty* FindProperty(const forms::Form& form, std::string_view name) {
+  for (const auto& [known, property] : form.Properties) {
+    if (forms::EqualsIgnoringCase(known, name)) {
+      return &property;
+    }
+  }
+  return nullptr;
+}
+
+void OpenForm(Interpreter& interpreter, StepWords& words) {
+  const std::string name = words.Take("a form");
+  auto made = entry::MakeForm(name, interpreter.World().Context());
+  if (made == nullptr) {
+    Fail("there is no form " + name);
+  }
+  while (!words.AtEnd()) {
+    const auto [property_name, value] = words.TakeNamed("a property");
+    const auto* property = FindProperty(*made, property_name);
+    if (property == nullptr) {
+      Fail(made->Name() + " has no public property " + property_name);
+    }
+    property->set(value);
+  }
+  forms::Form& form = *made;
+  interpreter.Keep(std::move(made));
+  interpreter.Person().Show(form);
+  interpreter.ReadResult = [&form](const std::string& wanted) -> std::optional<std::string> {
+    const auto* property = FindProperty(form, wanted);
+    return property == nullptr ? std::nullopt : std::optional(property->get());
+  };
+}
+
+// Texts of truth values are truth values.
+void CheckResult(Interpreter& interpreter, StepWords& words) {
+  const std::string name = words.Take("a name");
+  const Expectation wanted = words.TakeExpectation();
+  words.End();
+  if (!interpreter.ReadResult) {
+    Fail("nothing has been called");
+  }
+  const auto value = interpreter.ReadResult(name);
+  if (!value) {
+    Fail("the call has no result " + name);
+  }
+  const bool truth = *value == "True" || *value == "False";
+  PropertyValue{.text = *value, .truth = truth ? ParseTruth(*value) : std::nullopt}.Check(wanted);
+}
+
+void CheckDone(Interpreter& interpreter, StepWords& words) {
+  words.End();
+  if (interpreter.HasQuestion()) {
+    Differ("nothing is open", Describe(interpreter.Open()));
+  }
+  if (interpreter.HasForm()) {
+    Differ("nothing is open", interpreter.Top().Name() + " " + Quoted(interpreter.Top().Caption.get()));
+  }
+}
+
+constexpr std::array kSteps = {
+    Step{"call", StepKind::Call, "CLASS.METHOD [NAME=VALUE]...", "calls a public method", Call},
+    Step{"set", StepKind::SetUp, "CLASS.PROPERTY VALUE", "sets a public property", Set},
+    Step{"open", StepKind::Call, "FORM [PROPERTY=VALUE]...", "opens a form by its class name", OpenForm},
+    Step{"result", StepKind::Check, "NAME = VALUE", "an argument, a property, or the call's value: return",
+         CheckResult},
+    Step{"done", StepKind::Check, "", "nothing is open", CheckDone},
+};
+
+}  // namespace
+
+std::span<const Step> CallingSteps() {
+  return kSteps;
+}
+
+}  // namespace host

@@ -1,0 +1,272 @@
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <optional>
+
+#include "console/acting.h"
+#include "console/control_state.h"
+#include "console/step_failure.h"
+#include "console/steps.h"
+#include "forms/check_box.h"
+#include "forms/grid.h"
+#include "forms/list_box.h"
+#include "forms/panels.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+// "#3"; nothing for another text.
+std::optional<int> ParsePosition(std::string_view text) {
+  return text.starts_with('#') ? ParseNumber(text.substr(1)) : std::nullopt;
+}
+
+std::vector<std::string> Split(std::string_view text, char separator) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    c == separator ? static_cast<void>(parts.emplace_back()) : parts.back().push_back(c);
+  }
+  return parts;
+}
+
+// The entry with that text, else at that position, else the only one with that text in a cell.
+int FindEntry(const std::string& owner, const std::vector<std::vector<std::string>>& entries,
+              const std::string& wanted) {
+  const auto is_whole = [&](const std::vector<std::string>& cells) {
+    std::string blanks;
+    std::string tabs;
+    for (const std::string& cell : cells) {
+      blanks += (blanks.empty() ? "" : " ") + cell;
+      tabs += (&cell == &cells.front() ? "" : "\t") + cell;
+    }
+    return tabs == wanted || blanks == wanted;
+  };
+  if (const auto whole = std::ranges::find_if(entries, is_whole); whole != entries.end()) {
+    return static_cast<int>(whole - entries.begin());
+  }
+  if (const auto position = ParsePosition(wanted)) {
+    if (*position >= static_cast<int>(entries.size())) {
+      Fail(owner + " has " + std::to_string(entries.size()) + " entries, none at " + wanted);
+    }
+    return *position;
+  }
+  const auto has_cell = [&](const std::vector<std::string>& cells) {
+    return std::ranges::find(cells, wanted) != cells.end();
+  };
+  const auto found = std::ranges::find_if(entries, has_cell);
+  if (found == entries.end()) {
+    Fail(owner + " has no entry " + Quoted(wanted));
+  }
+  if (std::find_if(found + 1, entries.end(), has_cell) != entries.end()) {
+    Fail(owner + " has several entries with " + Quoted(wanted));
+  }
+  return static_cast<int>(found - entries.begin());
+}
+
+void PickEntry(Interpreter& interpreter, forms::ListBox& list, const std::string& wanted) {
+  std::vector<std::vector<std::string>> entries;
+  for (const forms::ListItem& item : list.Items.get()) {
+    entries.push_back(Split(item.text, '\t'));
+  }
+  const int index = FindEntry(list.Name(), entries, wanted);
+  if (Focus(interpreter, list)) {
+    list.DoPick(index);
+  }
+}
+
+// The first row with that text in one of the columns; -1 for none.
+int FindRow(const forms::Grid& grid, const std::vector<int>& columns, const std::string& wanted) {
+  for (int row = 0; row < grid.RowCount(); ++row) {
+    if (std::ranges::any_of(columns, [&](int column) { return grid.Cell(row, column) == wanted; })) {
+      return row;
+    }
+  }
+  return -1;
+}
+
+// By a visible cell, else by its position, else by a hidden cell.
+void MakeRowCurrent(Interpreter& interpreter, forms::Grid& grid, const std::string& wanted) {
+  int row = FindRow(grid, grid.VisibleColumns(), wanted);
+  if (row < 0) {
+    row = ParsePosition(wanted).value_or(-1);
+  }
+  if (row < 0) {
+    std::vector<int> all(grid.Columns->size());
+    std::iota(all.begin(), all.end(), 0);
+    row = FindRow(grid, all, wanted);
+  }
+  if (row < 0 || row >= grid.RowCount()) {
+    Fail(grid.Name() + " has no row " + Quoted(wanted) + " among its " + std::to_string(grid.RowCount()));
+  }
+  if (Focus(interpreter, grid)) {
+    grid.DoRow(row);
+  }
+}
+
+void Pick(Interpreter& interpreter, StepWords& words) {
+  forms::Control& control = TakeUsable(interpreter, words);
+  const std::string wanted = words.Take("an entry");
+  words.End();
+  if (auto* grid = dynamic_cast<forms::Grid*>(&control); grid != nullptr) {
+    MakeRowCurrent(interpreter, *grid, wanted);
+  } else if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr) {
+    PickEntry(interpreter, *list, wanted);
+  } else {
+    FailKind(control, "list");
+  }
+}
+
+void OpenRow(Interpreter& interpreter, StepWords& words) {
+  forms::Control& control = TakeUsable(interpreter, words);
+  words.End();
+  auto* list = dynamic_cast<forms::ListBox*>(&control);
+  auto* grid = dynamic_cast<forms::Grid*>(&control);
+  if (list == nullptr && grid == nullptr) {
+    FailKind(control, "list");
+  }
+  if (list != nullptr ? list->Current() == nullptr : grid->Row < 0 || grid->Row >= grid->RowCount()) {
+    Fail(control.Name() + " has no current row");
+  }
+  if (Focus(interpreter, control)) {
+    list != nullptr ? list->DoOpen() : static_cast<void>(grid->DoOpenRow());
+  }
+}
+
+int TakeColumn(const forms::Grid& grid, StepWords& words) {
+  const std::string caption = words.Take("a column");
+  const int column = grid.ColumnIndex(caption);
+  if (column < 0) {
+    Fail(grid.Name() + " has no column " + Quoted(caption));
+  }
+  if (!grid.Columns.get()[static_cast<std::size_t>(column)].visible) {
+    Fail("the column " + Quoted(caption) + " of " + grid.Name() + " is hidden");
+  }
+  return column;
+}
+
+void EnterCell(Interpreter& interpreter, forms::Grid& grid, int column, const std::string& text) {
+  if (grid.Row < 0 || grid.Row >= grid.RowCount()) {
+    Fail(grid.Name() + " has no current row");
+  }
+  if (Focus(interpreter, grid) && !grid.DoCell(column, text)) {
+    Fail("the cell does not take " + Quoted(text));
+  }
+}
+
+void EditCell(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  const std::string text = words.Take("a text");
+  words.End();
+  EnterCell(interpreter, grid, column, text);
+}
+
+void TickCell(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  const bool on = words.TakeTruth();
+  words.End();
+  if (grid.Columns.get()[static_cast<std::size_t>(column)].kind != forms::GridColumn::Kind::Check) {
+    Fail("the column holds no check cells");
+  }
+  EnterCell(interpreter, grid, column, on ? "1" : "0");
+}
+
+// A timer that waits for the typing to pause is let pass.
+void Filter(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  const std::string text = words.Take("a text");
+  words.End();
+  if (!Focus(interpreter, grid)) {
+    return;
+  }
+  forms::Form& form = interpreter.Top();
+  std::vector<forms::Timer*> waiting;
+  for (forms::Control* control : form.Controls()) {
+    if (auto* timer = dynamic_cast<forms::Timer*>(control); timer != nullptr && !timer->Enabled) {
+      waiting.push_back(timer);
+    }
+  }
+  if (!grid.DoFilter(column, text)) {
+    Fail(grid.Name() + " has no filter cells");
+  }
+  for (forms::Timer* timer : waiting) {
+    timer->DoElapse();
+  }
+}
+
+void Sort(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  words.End();
+  if (Focus(interpreter, grid)) {
+    grid.DoSort(column);
+  }
+}
+
+void Check(Interpreter& interpreter, StepWords& words) {
+  auto& box = TakeUsable<forms::CheckBox>(interpreter, words, "check box");
+  const bool mixed = words.TakeKeyword("mixed");
+  const bool on = !mixed && words.TakeTruth();
+  words.End();
+  const forms::CheckState state = mixed ? forms::CheckState::Mixed
+                                  : on  ? forms::CheckState::On
+                                        : forms::CheckState::Off;
+  if (Focus(interpreter, box) && !box.DoCheck(state)) {
+    Fail(box.Name() + " has no third state");
+  }
+}
+
+void Choose(Interpreter& interpreter, StepWords& words) {
+  auto& option = TakeUsable<forms::OptionButton>(interpreter, words, "option button");
+  words.End();
+  if (Focus(interpreter, option)) {
+    option.DoChoose();
+  }
+}
+
+void ShowTab(Interpreter& interpreter, StepWords& words) {
+  auto& tabs = TakeUsable<forms::TabStrip>(interpreter, words, "tab strip");
+  const std::string wanted = words.Take("a tab");
+  words.End();
+  std::vector<std::vector<std::string>> entries;
+  for (const std::string& tab : tabs.Tabs.get()) {
+    entries.push_back({WithoutMnemonic(tab)});
+  }
+  const int index = FindEntry(tabs.Name(), entries, wanted);
+  if (Focus(interpreter, tabs)) {
+    tabs.DoTab(index);
+  }
+}
+
+void Slide(Interpreter& interpreter, StepWords& words) {
+  auto& slider = TakeUsable<forms::Slider>(interpreter, words, "slider");
+  const int value = words.TakeNumber("a number");
+  words.End();
+  if (Focus(interpreter, slider) && !slider.DoSlide(value)) {
+    Fail(slider.Name() + " goes from " + std::to_string(slider.Min) + " to " + std::to_string(slider.Max));
+  }
+}
+
+constexpr std::array kSteps = {
+    Step{"check", StepKind::Act, "CONTROL on|off|mixed", "a check box", Check},
+    Step{"choose", StepKind::Act, "CONTROL", "an option button", Choose},
+    Step{"pick", StepKind::Act, "CONTROL TEXT|#N", "an entry of a combo or list", Pick},
+    Step{"row", StepKind::Act, "GRID TEXT|#N", "makes a row current", Pick},
+    Step{"open-row", StepKind::Act, "GRID", "double click on the current row", OpenRow},
+    Step{"cell", StepKind::Act, "GRID COLUMN TEXT", "edits a cell of the current row", EditCell},
+    Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row", TickCell},
+    Step{"filter", StepKind::Act, "GRID COLUMN TEXT", "types into the filter cell", Filter},
+    Step{"sort", StepKind::Act, "GRID COLUMN", "clicks the header", Sort},
+    Step{"tab", StepKind::Act, "TABS TEXT|#N", "brings a page to the front", ShowTab},
+    Step{"slide", StepKind::Act, "SLIDER N", "moves a slider", Slide},
+};
+
+}  // namespace
+
+std::span<const Step> ChoosingSteps() {
+  return kSteps;
+}
+
+}  // namespace host

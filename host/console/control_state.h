@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "console/expectation.h"
+#include "forms/form.h"
+#include "forms/grid.h"
+
+namespace host {
+
+// What a control shows under one of its properties.
+struct PropertyValue {
+  std::string text;
+  std::optional<bool> truth = {};  // of a property that is on or off
+  bool mnemonic = false;           // a "&" marks a letter, and is not seen
+
+  void Check(const Expectation& wanted) const;
+};
+
+// Case does not matter; the empty name is the default property. Nothing when a control of that kind has no such
+// property. `Visible` and `Enabled` are what a person finds: with the panels that the control lies on.
+std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::string_view property);
+
+// A caption as a person sees it, without the "&" before its mnemonic.
+std::string WithoutMnemonic(std::string_view text);
+
+// The visible cells of a row, joined by "|".
+std::string RowText(const forms::Grid& grid, int row);
+
+// A form's name and caption, and every control with its default property; several lines.
+std::string StateOf(const forms::Form& form);
+
+}  // namespace host

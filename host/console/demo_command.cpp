@@ -1,0 +1,49 @@
+#include "console/demo_command.h"
+
+#include <array>
+#include <iomanip>
+
+#include "session/value.h"
+
+namespace host {
+namespace {
+
+struct Kind {
+  const char* name;
+  const char* table_and_condition;
+};
+
+constexpr std::array kKinds = {
+    Kind{"patients", "PATable WHERE pTypPat >= '1'"},
+    Kind{"family heads", "PATable WHERE pTypPat >= '1' AND pFAMHEAIND = pID"},
+    Kind{"providers", "PATable WHERE pTypDoc >= '1'"},
+    Kind{"employees", "PATable WHERE pTypEmp >= '1'"},
+    Kind{"referral sources", "PATable WHERE pTypRef >= '1'"},
+    Kind{"logins", "PWMTable"},
+    Kind{"locations", "OffLocTable"},
+    Kind{"employers", "EmpTable"},
+    Kind{"carriers", "InsCoTable"},
+    Kind{"group plans", "GroPlaTable"},
+    Kind{"plan links", "ELTable"},
+    Kind{"holdings", "PatEmpTable"},
+    Kind{"coverages", "CovTable"},
+    Kind{"recall masters", "RSTable"},
+    Kind{"recalls", "RecTable"},
+    Kind{"transactions", "DTTable"},
+    Kind{"places", "ZipCodTable"},
+};
+
+}  // namespace
+
+void RunDemo(const std::string& url, const DemoOptions& options, std::ostream& output) {
+  Practice practice = MakeDemo(url, options);
+  OfficeDatabase office(practice, practice.Office());
+  output << "A demo practice at " << url << "\n";
+  for (const Kind& kind : kKinds) {
+    const auto count = office.Connection().Execute(
+        office.PrepareSQL(std::string("SELECT COUNT(*) FROM ") + kind.table_and_condition, 1));
+    output << std::setw(10) << session::ToText(count->Get(0)) << " " << kind.name << "\n";
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace host {
+
+// What a check wants of a text: to be equal ("= TEXT"), or to fit a glob ("~ PATTERN"). A line break is a line break,
+// whichever characters make it.
+class Expectation {
+ public:
+  static Expectation Equal(std::string text) { return Expectation(std::move(text), false); }
+  static Expectation Glob(std::string pattern) { return Expectation(std::move(pattern), true); }
+
+  bool Matches(std::string_view actual) const;
+  // Truth values compare as such, however they are written.
+  bool MatchesTruth(bool actual) const;
+  const std::string& Text() const { return text_; }
+  // As written: `= "Smith"`.
+  std::string Describe() const;
+
+  // Fails as a check unless it matches.
+  void Check(std::string_view actual) const;
+
+ private:
+  Expectation(std::string text, bool glob) : text_(std::move(text)), glob_(glob) {}
+
+  std::string text_;
+  bool glob_;
+};
+
+// Case-sensitive, over the whole text: "*" is any run of characters, "?" one character.
+bool MatchesGlob(std::string_view pattern, std::string_view text);
+
+// "on", "true", "yes", "1", "-1" and their opposites, in any case; nothing for another text.
+std::optional<bool> ParseTruth(std::string_view text);
+
+// The letters and digits alone, lower case: "Un-Link" is "unlink", "Yes/No" is "yesno".
+std::string Squeezed(std::string_view text);
+
+}  // namespace host

@@ -1,0 +1,119 @@
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "console/demo_command.h"
+#include "console/scenario_runner.h"
+#include "console/step_words.h"
+#include "console/terminal.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "practice_console                          the scenario language, typed by hand, on an empty practice\n"
+    "practice_console --database URL           the same on the practice at sqlite:PATH\n"
+    "practice_console run FILE...              runs scenario files\n"
+    "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
+    "[--row-guids]\n"
+    "                                          makes a demo practice\n";
+
+class UsageError {};
+
+// The words behind the command, taken from the left.
+class Words {
+ public:
+  explicit Words(std::vector<std::string> words) : words_(std::move(words)) {}
+
+  bool AtEnd() const { return at_ == words_.size(); }
+  std::string Take() {
+    if (AtEnd()) {
+      throw UsageError();
+    }
+    return words_[at_++];
+  }
+  std::int32_t TakeNumber() {
+    const auto number = host::ParseNumber(Take());
+    if (!number) {
+      throw UsageError();
+    }
+    return *number;
+  }
+  std::vector<std::string> TakeRest() { return {words_.begin() + static_cast<std::ptrdiff_t>(at_), words_.end()}; }
+
+ private:
+  std::vector<std::string> words_;
+  std::size_t at_ = 0;
+};
+
+int MakeDemoPractice(Words& words) {
+  host::DemoOptions options;
+  std::string url;
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--patients") {
+      options.patients = words.TakeNumber();
+    } else if (option == "--seed") {
+      options.seed = static_cast<std::uint64_t>(words.TakeNumber());
+    } else if (option == "--database") {
+      url = words.Take();
+    } else if (option == "--kind") {
+      options.practice.kind = words.TakeNumber();
+    } else if (option == "--office") {
+      options.practice.office = words.TakeNumber();
+    } else if (option == "--offices") {
+      options.practice.offices = words.TakeNumber();
+    } else if (option == "--row-guids") {
+      options.practice.row_guids = true;
+    } else {
+      throw UsageError();
+    }
+  }
+  if (url.empty()) {
+    throw UsageError();
+  }
+  host::RunDemo(url, options, std::cout);
+  return 0;
+}
+
+int RunCommand(Words& words) {
+  if (words.AtEnd()) {
+    host::RunTerminal(std::cin, std::cout, std::nullopt);
+    return 0;
+  }
+  const std::string command = words.Take();
+  if (command == "run" && !words.AtEnd()) {
+    return host::RunScenarioFiles(words.TakeRest(), std::cout).failed == 0 ? 0 : 1;
+  }
+  if (command == "demo") {
+    return MakeDemoPractice(words);
+  }
+  if (command == "--database") {
+    const std::string url = words.Take();
+    if (words.AtEnd()) {
+      host::RunTerminal(std::cin, std::cout, url);
+      return 0;
+    }
+  }
+  if (command == "--help" && words.AtEnd()) {
+    std::cout << kUsage;
+    return 0;
+  }
+  throw UsageError();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    Words words({argv + 1, argv + argc});
+    return RunCommand(words);
+  } catch (const UsageError&) {
+    std::cerr << kUsage;
+    return 2;
+  } catch (const std::exception& error) {
+    std::cerr << "practice_console: " << error.what() << "\n";
+    return 1;
+  }
+}

@@ -1,0 +1,54 @@
+#include "console/practice_line.h"
+
+#include "console/step_failure.h"
+#include "practice/demo.h"
+
+namespace host {
+namespace {
+
+constexpr std::int32_t kDemoPatients = 60;
+constexpr const char* kInMemory = "sqlite::memory:";
+
+void RefuseOtherEngine(const std::string& engine) {
+  if (engine == "postgres") {
+    Fail("the engine postgres is not built in");
+  }
+  if (engine != "sqlite") {
+    Fail("there is no engine " + engine);
+  }
+}
+
+}  // namespace
+
+PracticeLine ReadPracticeLine(StepWords& words) {
+  PracticeLine line;
+  line.demo = words.TakeKeyword("demo");
+  if (!line.demo && !words.TakeKeyword("empty")) {
+    Fail("a practice is empty or demo");
+  }
+  while (!words.AtEnd()) {
+    if (words.TakeKeyword("kind")) {
+      line.options.kind = words.TakeNumber("a kind");
+    } else if (words.TakeKeyword("office")) {
+      line.options.office = words.TakeNumber("an office");
+    } else if (words.TakeKeyword("offices")) {
+      line.options.offices = words.TakeNumber("a number of offices");
+    } else if (words.TakeKeyword("engine")) {
+      RefuseOtherEngine(words.Take("an engine"));
+    } else if (words.TakeKeyword("row-guids")) {
+      line.options.row_guids = true;
+    } else {
+      Fail("a practice has no " + words.Take("an option"));
+    }
+  }
+  return line;
+}
+
+Practice MakePractice(const PracticeLine& line) {
+  if (line.demo) {
+    return MakeDemo(kInMemory, {.patients = kDemoPatients, .practice = line.options});
+  }
+  return CreatePractice(kInMemory, line.options);
+}
+
+}  // namespace host

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "console/recordings.h"
+#include "practice/host_session.h"
+
+namespace host {
+
+// A session that writes down what the screens ask of it. Programs are written down and not started.
+class RecordingSession : public HostSession {
+ public:
+  RecordingSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings,
+                   Recordings& recordings)
+      : HostSession(practice, office, std::move(user), std::move(surroundings)), recordings_(recordings) {}
+
+  std::string PrepareSQL(const std::string& sql, int flag) const override {
+    recordings_.statements.push_back(sql);
+    return HostSession::PrepareSQL(sql, flag);
+  }
+  void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override {
+    recordings_.handed.push_back({std::string(id_column), std::string(table), id});
+    HostSession::RecordHandOff(id_column, table, id);
+  }
+  void Log(const session::LogEntry& entry) override {
+    recordings_.logged.push_back(entry);
+    HostSession::Log(entry);
+  }
+  bool StartProgram(const std::string& command_line) override {
+    recordings_.started.push_back(command_line);
+    return true;
+  }
+
+ private:
+  Recordings& recordings_;
+};
+
+}  // namespace host

@@ -1,0 +1,61 @@
+#include "console/scenario_runner.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "console/interpreter.h"
+#include "console/line_source.h"
+#include "console/practice_line.h"
+#include "console/stage.h"
+
+namespace host {
+
+std::optional<StepFailure> PlayScenario(const Scenario& scenario) {
+  try {
+    if (!scenario.head.error.empty()) {
+      throw StepFailure{.problem = scenario.head.error, .place = scenario.head.Place()};
+    }
+    BlockLines lines(scenario.lines);
+    Interpreter interpreter(lines, [](Interpreter& owner) {
+      return std::make_unique<Stage>(MakePractice({}), FirstClock(), owner.Person(), owner.Heard());
+    });
+    interpreter.Run();
+    return std::nullopt;
+  } catch (const StepFailure& failure) {
+    return failure;
+  }
+}
+
+Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output) {
+  Tally tally;
+  const auto scenarios = ReadScenarios(text, file);
+  if (scenarios.empty()) {
+    ++tally.failed;
+    output << "FAILED  " << file << " holds no scenario\n";
+  }
+  for (const Scenario& scenario : scenarios) {
+    const auto failure = PlayScenario(scenario);
+    ++(failure ? tally.failed : tally.passed);
+    output << (failure ? "FAILED  " : "passed  ") << scenario.title << "\n" << (failure ? Describe(*failure) : "");
+  }
+  return tally;
+}
+
+Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output) {
+  Tally all;
+  for (const std::string& file : files) {
+    std::ifstream text(file, std::ios::binary);
+    Tally tally{.failed = 1};
+    if (!text || std::filesystem::is_directory(file)) {
+      output << "FAILED  " << file << " cannot be read\n";
+    } else {
+      tally = RunScenarios(text, file, output);
+    }
+    all.passed += tally.passed;
+    all.failed += tally.failed;
+  }
+  output << all.passed << " passed, " << all.failed << " failed" << std::endl;
+  return all;
+}
+
+}  // namespace host

@@ -1,0 +1,112 @@
+#include "console/scenario_runner.h"
+
+#include <sstream>
+
+namespace host {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+struct Outcome {
+  Tally tally;
+  std::string output;
+};
+
+Outcome RunText(const std::string& text) {
+  std::istringstream input(text);
+  std::ostringstream output;
+  Outcome outcome;
+  outcome.tally = RunScenarios(input, "test.scn", output);
+  outcome.output = output.str();
+  return outcome;
+}
+
+// Expects that every block passes.
+void ExpectPassed(const std::string& text, int blocks) {
+  const Outcome outcome = RunText(text);
+  EXPECT_EQ(outcome.tally.passed, blocks) << outcome.output;
+  EXPECT_EQ(outcome.tally.failed, 0) << outcome.output;
+}
+
+TEST(ScenarioRunner, BlocksAreIsolated) {
+  ExpectPassed(
+      "scenario \"writes\"\n"
+      "  sql \"INSERT INTO ZipCodTable (ZipCodID, ZipCodCit) VALUES (1, 'Spring''field')\"\n"
+      "  let ID = \"SELECT ZipCodID FROM ZipCodTable\"\n"
+      "  query \"SELECT ZipCodID, ZipCodCit, ZipCodSta FROM ZipCodTable WHERE ZipCodID=${ID}\" = "
+      "\"1|Spring'field|(null)\"\n"
+      "  file STP/a.txt \"a\\nb\"\n"
+      "  text-file STP/a.txt = \"a\\nb\"\n"
+      "scenario \"finds nothing of it\"\n"
+      "  query \"SELECT * FROM ZipCodTable\" = none\n",
+      2);
+}
+
+TEST(ScenarioRunner, APracticeStandsBeforeWhatSetsItUp) {
+  ExpectPassed(
+      "scenario \"an office-scoped practice\"\n"
+      "  clock \"2026-11-21 14:05:00\"\n"
+      "  setting DEFAULT_OFFICE_SETUP PAT_AC_TYP 3\n"
+      "  practice empty kind 7 office 2 offices 3\n"
+      "  query \"SELECT OfficeID FROM OffLocTable ORDER BY OfficeID\" = 1 2 3\n"
+      "  statements = 0\n",
+      1);
+}
+
+TEST(ScenarioRunner, WrongChecksFail) {
+  const std::string steps[] = {"query \"SELECT COUNT(*) FROM PATable\" = 1",
+                               "query \"SELECT pID FROM PATable\" = \"\"",
+                               "sql \"INSERT INTO NoTable (a) VALUES (1)\"",
+                               "let ID = \"SELECT pID FROM PATable\"",
+                               "said \"Please wait\"",
+                               "statement ~ *",
+                               "statements = 1",
+                               "log CM ~ *",
+                               "handed pID PaTable 1",
+                               "started ~ *",
+                               "event ButtonClicked",
+                               "text-file STP/none.txt = \"\"",
+                               "result l_ID = NEW",
+                               "form patScreen_SM",
+                               "click cmdOK",
+                               "call EditingScreen.Nothing",
+                               "call EditingScreen.Load_PatInfo_Small patient=NEW",
+                               "set LookUpList.Nothing 1",
+                               "open frmNothing",
+                               "practice empty engine postgres",
+                               "clock tomorrow",
+                               "expect \"unclosed"};
+  std::string text;
+  for (const std::string& step : steps) {
+    text += "scenario \"fails\"\n" + step + "\n";
+  }
+  const Outcome outcome = RunText(text);
+  EXPECT_EQ(outcome.tally.passed, 0) << outcome.output;
+  EXPECT_EQ(outcome.tally.failed, static_cast<int>(std::size(steps)));
+}
+
+TEST(ScenarioRunner, AFailingStepEndsItsBlockAlone) {
+  const Outcome outcome = RunText(
+      "scenario \"one\"\n"
+      "  statements = 1\n"
+      "  nonsense\n"
+      "scenario \"two\"\n"
+      "  statements = 0\n");
+  EXPECT_EQ(outcome.tally.passed, 1);
+  EXPECT_EQ(outcome.tally.failed, 1);
+  EXPECT_THAT(outcome.output, HasSubstr("FAILED  one\ntest.scn:2: statements = 1\n"));
+  EXPECT_THAT(outcome.output, EndsWith("passed  two\n"));
+}
+
+TEST(ScenarioRunner, WhatHoldsNoBlockFails) {
+  EXPECT_EQ(RunText("# nothing\n").tally.failed, 1);
+  EXPECT_EQ(RunText("done\nscenario \"two\"\n").tally.failed, 1);
+  EXPECT_EQ(RunText("scenario without quotes\n").tally.failed, 1);
+  std::ostringstream output;
+  EXPECT_EQ(RunScenarioFiles({"no/such.scn"}, output).failed, 1);
+  EXPECT_THAT(output.str(), EndsWith("\n0 passed, 1 failed\n"));
+}
+
+}  // namespace
+}  // namespace host
