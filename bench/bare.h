@@ -1,0 +1,65 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <stdexcept>
+#include <string>
+
+// The engine's own C interface, as the measure that the screens are held against.
+namespace bench {
+
+class Bare {
+ public:
+  explicit Bare(const std::string& path) {
+    if (sqlite3_open(path.c_str(), &handle_) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(handle_));
+    }
+  }
+  Bare(const Bare&) = delete;
+  Bare& operator=(const Bare&) = delete;
+  ~Bare() { sqlite3_close(handle_); }
+
+  // Prepares every statement of the text and steps at most `rows` rows of each, reading every column as text. The
+  // rows stepped.
+  int Step(const std::string& sql, int rows) {
+    int stepped = 0;
+    for (const char* rest = sql.c_str(); *rest != '\0';) {
+      sqlite3_stmt* statement = nullptr;
+      if (sqlite3_prepare_v2(handle_, rest, -1, &statement, &rest) != SQLITE_OK) {
+        throw std::runtime_error(sqlite3_errmsg(handle_));
+      }
+      for (int row = 0; row < rows && sqlite3_step(statement) == SQLITE_ROW; ++row, ++stepped) {
+        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+          read_ += sqlite3_column_bytes(statement, column);
+        }
+      }
+      sqlite3_finalize(statement);
+    }
+    return stepped;
+  }
+
+  void Prepare(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(handle_));
+    }
+    sqlite3_finalize(statement);
+  }
+
+ private:
+  sqlite3* handle_ = nullptr;
+  long read_ = 0;
+};
+
+using Clock = std::chrono::steady_clock;
+
+// Seconds that the work takes.
+template <typename Work>
+double Time(Work work) {
+  const auto start = Clock::now();
+  work();
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+}  // namespace bench

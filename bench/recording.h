@@ -1,0 +1,75 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include <utility>
+#include <vector>
+
+#include "forms/user.h"
+#include "practice/demo.h"
+#include "practice/host_session.h"
+
+namespace bench {
+
+// Keeps the prepared statements, in order.
+class PreparedSession : public host::HostSession {
+ public:
+  using HostSession::HostSession;
+
+  mutable std::vector<std::string> prepared;
+
+  std::string PrepareSQL(const std::string& sql, int flag) const override {
+    return prepared.emplace_back(HostSession::PrepareSQL(sql, flag));
+  }
+};
+
+// A person who answers every question with Yes and does `acts` in every window.
+class QuickUser : public forms::User {
+ public:
+  std::function<void(forms::Form&)> acts;
+
+  forms::Answer Ask(const forms::Message&) override { return forms::Answer::Yes; }
+  std::optional<std::string> Input(const forms::InputBox&) override { return std::nullopt; }
+  void Show(forms::Form& form) override {
+    form.Load();
+    acts(form);
+  }
+  std::optional<std::chrono::year_month_day> PickDate(std::string_view, std::chrono::year_month_day) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> PickFile(const forms::FileChoice&) override { return std::nullopt; }
+  std::optional<std::string> PickFolder(std::string_view) override { return std::nullopt; }
+  std::optional<forms::Color> PickColor(forms::Color) override { return std::nullopt; }
+  void Wait(std::string_view, double) override {}
+};
+
+// A demo practice in a file of its own, gone at the end.
+class Subject {
+ public:
+  explicit Subject(std::int32_t patients)
+      : path_(std::filesystem::temp_directory_path() / ("practice_bench_" + std::to_string(getpid()) + ".db")),
+        practice_(host::MakeDemo("sqlite:" + path_.string(), {.patients = patients, .seed = 1, .practice = {}})),
+        session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
+  Subject(const Subject&) = delete;
+  Subject& operator=(const Subject&) = delete;
+  ~Subject() {
+    for (const char* suffix : {"", "-wal", "-shm"}) {
+      std::error_code ignored;
+      std::filesystem::remove(path_.string() + suffix, ignored);
+    }
+  }
+
+  std::string Path() const { return path_.string(); }
+  PreparedSession& Session() { return session_; }
+  void Run(const std::string& sql) { session_.Connection().Execute(sql); }
+
+ private:
+  std::filesystem::path path_;
+  host::Practice practice_;
+  PreparedSession session_;
+};
+
+}  // namespace bench

@@ -1,0 +1,26 @@
+#include "people/ZIPCODE.h"
+
+namespace {
+
+using people::Place;
+using people::SplitPlace;
+
+TEST(SplitPlace, FindsStateAndZipAtTheEndOfUsPlaces) {
+  EXPECT_EQ(SplitPlace("Springfield IL 62701", false), (Place{"Springfield", "IL", "62701"}));
+  EXPECT_EQ(SplitPlace("  Springfield, IL 62701-1234 ", false), (Place{"Springfield", "IL", "62701-1234"}));
+  EXPECT_EQ(SplitPlace("Springfield", false), (Place{"Springfield", "", ""}));
+  EXPECT_EQ(SplitPlace("", false), Place{});
+}
+
+TEST(SplitPlace, TakesTheStateOnlyBeforeAWholeZip) {
+  EXPECT_EQ(SplitPlace("Springfield IL x62701y2", false), (Place{"Springfield IL", "", "62701"}));
+  EXPECT_EQ(SplitPlace("X IL 62701", false), (Place{"X IL", "", "62701"}));
+}
+
+TEST(SplitPlace, PutsOtherPlacesInProperCase) {
+  EXPECT_EQ(SplitPlace("NEW westminster bc", true), (Place{"New Westminster", "BC", ""}));
+  EXPECT_EQ(SplitPlace("trois-rivi\xC3\xA8res, qc", true), (Place{"Trois-Rivi\xC3\xA8res", "QC", ""}));
+  EXPECT_EQ(SplitPlace("LONDON ENGLAND", true), (Place{"London England", "", ""}));
+}
+
+}  // namespace

@@ -1,0 +1,37 @@
+#include "people/name_entry.h"
+
+#include "lookup/fake_host.h"
+
+namespace {
+
+using people::ParseName;
+using people::ParseNameOrId;
+using people::TypedName;
+
+TEST(NameEntry, ReadsNamesInEitherOrder) {
+  EXPECT_EQ(ParseName("Smith, John"), (TypedName{"Smith", "John"}));
+  EXPECT_EQ(ParseName(" John  Smith "), (TypedName{"Smith", "John"}));
+  EXPECT_EQ(ParseName("Mary Ann Smith"), (TypedName{"Smith", "Mary Ann"}));
+  EXPECT_EQ(ParseName("de la Cruz, Ana"), (TypedName{"de la Cruz", "Ana"}));
+  EXPECT_EQ(ParseName("Smith"), (TypedName{"Smith", ""}));
+}
+
+TEST(NameEntry, TakesWholeNumbersAsIds) {
+  EXPECT_EQ(std::get<std::int32_t>(ParseNameOrId(" 3412 ")), 3412);
+  EXPECT_EQ(std::get<TypedName>(ParseNameOrId("3412b")), (TypedName{"3412b", ""}));
+  EXPECT_EQ(std::get<TypedName>(ParseNameOrId("99999999999")), (TypedName{"99999999999", ""}));
+}
+
+TEST(NameEntry, SearchesByBeginningsWithTheTextAsData) {
+  lookup_test::FakeSession session;
+  EXPECT_EQ(people::NameSearch(session, "O'Brien\", 5%", false),
+            "Select * from Patable where pLASNAM Like \"O'Brien\"\"%\" and pFIRNAM Like \"5[%]%\""
+            " order by pLasNam, pFirNam");
+  session.kind = session::kOfficeScoped;
+  EXPECT_EQ(people::NameSearch(session, "O'Brien, J", true),
+            "Select * from Patable where pLASNAM Like 'O''Brien%' and pFIRNAM Like 'J%'"
+            " and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')"
+            " AND (OfficeID=3) order by pLasNam, pFirNam");
+}
+
+}  // namespace

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "lookup/fake_host.h"
+#include "practice/host_session.h"
+
+// A real practice behind the screens, a fake person in front of them.
+namespace people_test {
+
+inline host::Surroundings StandingStill() {
+  using std::chrono::year;
+  return {.clock = [] { return forms::AtMidnight(year(2026) / 11 / 21); },
+          .data_folder = {},
+          .program_folder = {},
+          .start_program = [](const std::string&) { return false; }};
+}
+
+// Lets a test hear of every statement before it is prepared, and refuse it.
+class HeardSession : public host::HostSession {
+ public:
+  using HostSession::HostSession;
+
+  std::function<void(const std::string&)> hear;
+
+  std::string PrepareSQL(const std::string& sql, int flag) const override {
+    if (hear) {
+      hear(sql);
+    }
+    return HostSession::PrepareSQL(sql, flag);
+  }
+};
+
+struct PracticeHost {
+  explicit PracticeHost(host::Practice made, host::LoginRights login = host::LoginRights("Ann", true))
+      : practice(std::move(made)), session(practice, practice.Office(), std::move(login), StandingStill()) {}
+
+  host::Practice practice;
+  HeardSession session;
+  lookup_test::FakeUser user;
+  lookup_test::FakeScreens screens;
+
+  session::ScreenContext Context() { return {session, user, screens}; }
+  std::string Value(const std::string& sql) {
+    return session::ToText(data::Statements(session.Office()).SelectValue(sql));
+  }
+};
+
+}  // namespace people_test
