@@ -24,7 +24,7 @@ bool Fits(char mask, char32_t character) {
 
 }  // namespace
 
-char32_t TextBox::FilterKey(char32_t character, std::size_t position) {
+char32_t TextBox::FilterKey(char32_t character, std::size_t position) const {
   if (KeyPress) {
     character = KeyPress(character);
   }

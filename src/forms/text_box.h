@@ -32,7 +32,7 @@ class TextBox : public Control {
   std::function<char32_t(char32_t)> KeyPress;
 
   // The character that the read-only state, the key filter and the mask's next place let through, or 0.
-  char32_t FilterKey(char32_t character, std::size_t position);
+  char32_t FilterKey(char32_t character, std::size_t position) const;
 
   bool TakesEnter() const override { return true; }
 
@@ -40,7 +40,7 @@ class TextBox : public Control {
   void DoAppend(std::string_view text);
   // Types over the characters from `from` up to `to`, as one edit. Where the caret stands then; nothing when no
   // character was let through.
-  std::optional<std::size_t> DoTypeOver(std::size_t from, std::size_t to, std::string_view text);
+  std::optional<std::size_t> DoTypeOver(std::size_t from, std::size_t to, std::string_view typed);
   // The text as a widget holds it after the person edited it there with keys that passed the filter.
   void DoEdit(std::string text);
 
