@@ -33,10 +33,10 @@ void frmTGList::RegisterControls() {
   Add("MnuFileResDef", MnuFileResDef);
   Add("MnuFileExit", MnuFileExit);
   Add("ToolStrip", ToolStrip);
+  Add("DotNetGrid", DotNetGrid);
   Add("optFiltLeft", optFiltLeft);
   Add("optFiltMid", optFiltMid);
   Add("chkAutoClearFilter", chkAutoClearFilter);
-  Add("DotNetGrid", DotNetGrid);
   Add("RowLabel", RowLabel);
   Add("SQLLabel", SQLLabel);
   Add("IDFld", IDFld);

@@ -86,7 +86,8 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
   } else if (key == "Edit") {
     Open(std::to_string(CurrentID()));
   } else if (key == "Delete") {
-    context_.user.Tell("Deleting from the " + TitleText() + " is not built yet.\r\n\r\nNothing was changed.");
+    context_.user.Tell("Deleting from the " + TitleText() + " is not part of this version yet. Nothing was changed.",
+                       std::string(forms::kSuiteTitle), forms::Icon::Information);
   } else if (key == "RemFilt") {
     ClearFilter();
   } else {

@@ -63,7 +63,7 @@ TEST_F(LookUp, OpensTheKindsEditingScreen) {
   };
   ShowLookUpList(host_.Context(), session::lulProvider, {});
   EXPECT_THAT(host_.screens.opened, ElementsAre("PTYPDOC NEW", "PTYPDOC 8"));
-  EXPECT_THAT(host_.user.told, ElementsAre(testing::HasSubstr("Provider List is not built yet")));
+  EXPECT_THAT(host_.user.told, ElementsAre(testing::HasSubstr("Provider List is not part of this version yet")));
 }
 
 TEST_F(LookUp, GivesTheCodeAndTextOfAShortList) {
