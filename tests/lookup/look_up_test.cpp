@@ -2,6 +2,8 @@
 
 #include "lookup/fake_host.h"
 #include "lookup/frmTGList.h"
+#include "people/practice_host.h"
+#include "practice/demo.h"
 
 namespace {
 
@@ -80,5 +82,90 @@ TEST_F(LookUp, GivesTheCodeAndTextOfAShortList) {
   act_ = {};
   EXPECT_FALSE(lookup::ShowPickList(host_.Context(), session::PickList::SexTitle, ""));
 }
+
+// A real practice of two offices, seen from the second, on each kind of database.
+class PracticeLists : public testing::TestWithParam<std::int32_t> {
+ protected:
+  PracticeLists()
+      : host_(host::MakeDemo("sqlite::memory:", {.patients = 150,
+                                                 .practice = {.kind = GetParam(), .office = 2, .offices = 2},
+                                                 .password_cost = host::HashCost::Least})) {}
+
+  void Show(std::int32_t type, std::function<void(frmTGList&)> acts) {
+    host_.user.acts = [&](forms::Form& form) { acts(dynamic_cast<frmTGList&>(form)); };
+    ShowLookUpList(host_.Context(), type, {});
+    EXPECT_THAT(host_.user.told, IsEmpty());
+  }
+  static void FetchAll(frmTGList& list) {
+    while (list.DoIdle()) {
+    }
+  }
+
+  people_test::PracticeHost host_;
+};
+
+TEST_P(PracticeLists, FilterAndSortByEveryColumn) {
+  for (std::int32_t type = 0; type < lookup::kListKinds; ++type) {
+    Show(type, [&](frmTGList& list) {
+      SCOPED_TRACE(list.Caption.get());
+      FetchAll(list);
+      ASSERT_GT(list.DotNetGrid.RowCount(), 0);
+      ASSERT_GE(list.DotNetGrid.ColumnIndex(list.IDFld.Caption.get()), 0);
+      ASSERT_GE(list.DotNetGrid.ColumnIndex(list.NamFld.Caption.get()), 0);
+      const int rows = list.DotNetGrid.RowCount();
+      for (int column = 0; column < static_cast<int>(list.DotNetGrid.Columns->size()); ++column) {
+        SCOPED_TRACE(list.DotNetGrid.Columns.get()[static_cast<std::size_t>(column)].caption);
+        list.DotNetGrid.DoSort(column);
+        FetchAll(list);
+        EXPECT_EQ(list.DotNetGrid.RowCount(), rows);
+        const std::string cell = list.DotNetGrid.Cell(rows - 1, column);
+        list.DotNetGrid.DoFilter(column, cell);
+        FetchAll(list);
+        ASSERT_GT(list.DotNetGrid.RowCount(), 0);
+        EXPECT_TRUE(list.DotNetGrid.Cell(0, column).starts_with(cell));
+        list.ToolStrip["RemFilt"].DoClick();
+      }
+    });
+  }
+}
+
+TEST_P(PracticeLists, HoldOneOfficesRows) {
+  const std::map<std::int32_t, std::string> counts = {
+      {session::lulProvider, "PATable WHERE pTypDoc>='1'"},
+      {session::lulReferInOut, "PATable WHERE (pTypPhy>='1' or pTypRef>='1')"},
+      {session::lulFamilyHead,
+       "PATable WHERE (pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1'"},
+      {session::lulEmployer, "EmpTable WHERE EmpInd<>0"},
+      {session::lulGroupPlan, "GroPlaTable WHERE GroPlaInd<>0"},
+      {session::lulRecallMaster, "RSTable WHERE RCRecNum<>0"},
+  };
+  for (const auto& [type, rows] : counts) {
+    const std::string count =
+        host_.Value("SELECT Count(*) FROM " + rows + (GetParam() == 7 ? " and (OfficeID = 2) " : ""));
+    Show(type, [&](frmTGList& list) {
+      FetchAll(list);
+      EXPECT_EQ(std::to_string(list.DotNetGrid.RowCount()), count) << list.Caption.get();
+    });
+  }
+}
+
+TEST_P(PracticeLists, TakeHostileFiltersForText) {
+  const std::string hostile = "O'B%_[r]\"; DROP TABLE PATable; -- \xC3\xA9\xF0\x9F\xA6\xB7";
+  host_.session.Connection().Execute(
+      "UPDATE PATable SET pLASNAM = 'O''B%_[r]\"; DROP TABLE PATable; -- "
+      "\xC3\xA9\xF0\x9F\xA6\xB7' WHERE pID = (SELECT min(pID) FROM PATable WHERE "
+      "pTypDoc = '1' AND OfficeID = 2)");
+  Show(session::lulProvider, [&](frmTGList& list) {
+    for (const char* caption : {"Name", "Last Name"}) {
+      list.DotNetGrid.DoFilter(list.DotNetGrid.ColumnIndex(caption), hostile);
+      EXPECT_EQ(list.DotNetGrid.RowCount(), 1) << caption;
+      list.ToolStrip["RemFilt"].DoClick();
+    }
+    list.DotNetGrid.DoFilter(0, std::string(10000, '%'));
+    EXPECT_EQ(list.RowLabel.Caption.get(), "No rows match the filter");
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, PracticeLists, testing::Values(1, 7));
 
 }  // namespace
