@@ -1,10 +1,10 @@
 #include "database/sqlite_recordset.h"
 
+#include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstring>
-
-#include "forms/text.h"
 
 namespace host {
 namespace {
@@ -18,7 +18,8 @@ using session::Value;
 
 // By a declared type as the schema writes it: "nvarchar(40)".
 void SetDeclaredType(session::Field& field, std::string_view declared) {
-  const std::string type = forms::ToLower(declared);
+  std::string type(declared);
+  std::transform(type.begin(), type.end(), type.begin(), [](unsigned char c) { return std::tolower(c); });
   if (type.find("char") != std::string::npos || type.find("text") != std::string::npos) {
     field.type = FieldType::Text;
     if (const std::size_t open = type.find('('); open != std::string::npos) {

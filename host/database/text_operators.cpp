@@ -85,6 +85,9 @@ void JoinTexts(Tokens& statement) {
   for (std::size_t i = 1; i + 1 < statement.size(); ++i) {
     if (statement[i].Is('+') && (EndsText(statement, i - 1) || BeginsText(statement, i + 1))) {
       statement[i].text = "||";
+      // What is joined sorts and compares as its columns do.
+      Insert(statement, i, Words("COLLATE NOCASE"));
+      i += 2;
     }
   }
 }

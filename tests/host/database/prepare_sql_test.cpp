@@ -34,9 +34,9 @@ TEST(PrepareSqlite, TranslatesTheDialect) {
        "UPDATE T SET a=[T].[a]-1, b=f(T.c, T.d) WHERE T.e=1"},
       {"INSERT INTO T (a, b, c) VALUES (0, GLOBAL, Null)", "INSERT INTO T (a, b, c) VALUES (0, 'GLOBAL', Null)"},
       // "+" by what stands beside it
-      {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM", "PATABLE.pLASNAM||', '||PATABLE.pFIRNAM"},
-      {"cast(emsPer as nvarchar) + emsPerTyp", "cast(emsPer as nvarchar) || emsPerTyp"},
-      {"(pLASNAM+' ')+upper(pFIRNAM)", "(pLASNAM||' ')||upper(pFIRNAM)"},
+      {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM", "PATABLE.pLASNAM COLLATE NOCASE||', ' COLLATE NOCASE||PATABLE.pFIRNAM"},
+      {"cast(emsPer as nvarchar) + emsPerTyp", "cast(emsPer as nvarchar) COLLATE NOCASE || emsPerTyp"},
+      {"(pLASNAM+' ')+upper(pFIRNAM)", "(pLASNAM COLLATE NOCASE||' ') COLLATE NOCASE||upper(pFIRNAM)"},
       {"CovOrd+1 + (emsPer+2)", "CovOrd+1 + (emsPer+2)"},
       // Like
       {"a Like 'Smi%'", "a Like 'Smi%'"},
@@ -122,13 +122,14 @@ TEST_P(Screens, ZipStatementsRun) {
 
 TEST_P(Screens, EmployeeStatementsRun) {
   Run("INSERT INTO PATable (pLASNAM, pFIRNAM, pTypEmp) VALUES ('Doe', 'Jane', '2'); "
-      "INSERT INTO PATable (pLASNAM, pTypEmp) VALUES ('Nameless', '1')");
+      "INSERT INTO PATable (pLASNAM, pTypEmp) VALUES ('Nameless', '1'); "
+      "INSERT INTO PATable (pLASNAM, pFIRNAM, pTypEmp) VALUES ('de Boer', 'Al', '1')");
   EXPECT_EQ(Run("SELECT DISTINCTROW PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, PATABLE.pID AS [ID Num], "
                 "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpCIT AS [B-City] FROM (PATABLE LEFT JOIN ELTable "
                 "ON PATABLE.pEmpID1 = ELTable.elID and (PATABLE.OfficeID = ELTable.OfficeID) ) LEFT JOIN EmpTable ON "
                 "ELTable.elEmpID = ELTable.EmpInd and (ELTable.OfficeID = ELTable.OfficeID) WHERE "
                 "(PATABLE.pTypEmp='1') OR (PATABLE.pTypEmp='2') and (PATABLE.OfficeID = 1) ORDER BY Name"),
-            Rows({"(null)|2|(null)|(null)", "Doe, Jane|1|(null)|(null)"}));
+            Rows({"(null)|2|(null)|(null)", "de Boer, Al|3|(null)|(null)", "Doe, Jane|1|(null)|(null)"}));
   Run("INSERT INTO EBTable (EBPid, EBAPPDAT, EBAnnSalAmt) VALUES (1, #11/21/2026 14:05:00#, 52000.125)");
   Run("INSERT INTO ESTable (EBID, OffLocID) VALUES (1, 1)");
   EXPECT_EQ(Run("SELECT EBTable.*, ESTable.* from (EBTable LEFT JOIN ESTable ON EBTable.EBID = ESTable.EBID and "
@@ -278,6 +279,67 @@ TEST_P(Screens, LocationStatementsRun) {
   Run("INSERT INTO FamTable (fMEMID, fRSPID) VALUES (6, 5)");
   EXPECT_EQ(Run("SELECT FAMTABLE.fMEMID from FAMTABLE where fRSPID=5"), Rows({"6"}));
   Run("SELECT pID as fMEMID, pID as fRSPID FROM PATable WHERE pID=5");
+}
+
+TEST_P(Screens, EveryNamedColumnIsThere) {
+  for (
+      const std::string statement :
+      {"SELECT DISTINCTROW PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, PATABLE.pLASNAM AS [Last Name], "
+       "PATABLE.pProTTL AS Title, PATABLE.pBUSPHO AS [Business Phone], PATABLE.pHOMPHO AS [Home Phone], PATABLE.pADD1 "
+       "AS [Home Address 1], PATABLE.pADD2 AS [Home Address 2], PATABLE.pSTA AS [H-State], PATABLE.pZIP AS Zip FROM "
+       "PATABLE",
+       "SELECT pMEDALE, pMEDALEUPD, pREFIND, pPHY1, pPHY2, pGPDenFeeTyp, pGPDenFeeTypPerm, pACCTYP, pDRILIC, "
+       "pCRECARTYP, pCRECARNUM, pBILTTL, pNEXSTADAT, pEmpID1, pEmpID2, pEmpID3, pEmpID4, pSeaNam, pSrtFlg, pCLITYP1, "
+       "pInsPct, pTypX1, pTypX2, pDocIni, pDOCEIN, pDOCDATEMP, pDOCFeeTyp, pDOCLIC, pDOCREM1, pDOCREM2, pDOCREM3, "
+       "pDOCSPE, pDOCMEDNUM, pDatRel, OffLocID FROM PATable",
+       "SELECT pPriBal, pPriDed, pPriYTD, pPriRenFla, pSecBal, pSecDed, pSecYTD, pSecRenFla FROM PATable",
+       "SELECT pHomCell, pHomEma, pHomPho1, pHomPho2, pHomFax, pHomPag, pHomCon, pBusCell, pBUSEma, pBusPho1, "
+       "pBusPho2, "
+       "pBusFax, pBusPag, pBusCon, pHomPho, pBusPho, pFirNam, pLasNam, pTTL FROM PATable WHERE pID=1 AND (OfficeID = "
+       "1)",
+       "UPDATE PATABLE SET pHomPho='1', pBusPho='2' WHERE (pID=1 AND (OfficeID=1))",
+       "SELECT EBRenDat, EBWorStaTim, EBWorEndTim, EBWorTim, EBWorDay, EBReaCha, EBFulTimFla, EBAnnSicHou, "
+       "EBAnnPerHou, "
+       "EBWhoCre, EBDatCre FROM EBTable",
+       "Delete from ESTable where ESTable.EBID = 1",
+       "SELECT TimID, TimPid, TimInDat, TimTyp, AbsTimID FROM TimTable LEFT JOIN AbsTable ON AbsTimID=TimID",
+       "SELECT PWMUseNam FROM PWMTable WHERE PWMID=1 and (OfficeID = 1) ",
+       "Update PWMTable set OffLocID = 2, PWMPID=3, PWMPasWor='x' WHERE PWMID=1",
+       "SELECT PWAAreOfPro, PWAReaFla, PWAWriFla, PWAFla1, PWAFla2 FROM PWATable WHERE PWAPWMID=1",
+       "SELECT ealID, ealAccLoc FROM ealTable WHERE ealPWMID=1 AND ealOffLocID=1",
+       "select EmpNam, EmpAdd1, EmpAdd2, EmpCIT, EmpSTA, EmpZIP, EmpTEL from empTable where EMPIND = 1",
+       "Select InsCoNam, InsCoAdd1, InsCoAdd2, InsCoCit, InsCoSta, InsCoZip, InsCoTel, InsCoTel2, InsCoFax, InsCoRem1, "
+       "InsCoRem2, InsCoEma, InsCoPreFix, InsCoAccID, InsCoSWChr, epPayID from InsCoTable where InsCoInd=1",
+       "SELECT epNam, epAddInf FROM ePayerTable WHERE epPayID=1",
+       "Select PhaNam, PhaAdd, PhaAdd1, PhaAdd2, PhaCit, PhaSta, PhaZip, PhaTel, PhaTel2, PhaFax, PhaEma, PhaRem, "
+       "PhaRem1, PhaRem2 from PhaTable",
+       "SELECT GroPlaEffDat, GroPlaMax1, GroPlaMax2, GroPlaMax3, GroPlaMax4, GroPlaDed1, GroPlaDed2, GroPlaForTyp, "
+       "GroPlaPayTyp, GroPlaPreAutReq, GroPlaChiCovTil, GroPlaStuCovTil, GroPlaRem1, GroPlaRem2, GroPlaDedPct, "
+       "GroPlaAppDedLas, GroPlaUseOffFee, GroPlaSubOffFee, GroPlaCOB FROM GroPlaTable",
+       "SELECT CovInsCoPatID, CovRel, CovYTD, CovRemBal, CovRemDed, CovLastRenewalYear, CovStaDat, CovEndDat, "
+       "CovEndWho, "
+       "PatEmpStaDat, PatEmpEndDat, PatEmpEndWho FROM CovTable, PatEmpTable",
+       "SELECT IPCodMod, IPPlaNam, IPPMax, IPPDEDAPP, IPPUCR, IPPPer, IPPPerNumTim, IPSFee, IPSCov, IPSMax, IPSDedApp, "
+       "IPSUCR, IPSPer, IPSPerNumTim, IPStaDat, IPCodCat FROM IPTable",
+       "Select sevcodFee, sevcodFee1, sevcodFee4, sevcodOffCod from SevCodTable WHERE SevCodCod='D0120' AND "
+       "(OfficeID=1)",
+       "SELECT rmtTexMes, rmtEMaMes, rmtVoiMes, rmtVoiMesSpanish, rmtTexAutRetMes, rmtEmaAutRetMes FROM "
+       "ReminderMessageTable WHERE rmtID=1",
+       "SELECT RCExcCod, RCLatPer6, RCLatPer6Let, RCLatPer6Msg, RCCutOffMsg, RCSetupFlag, RCIncSamDay, RCShoOnToDo "
+       "FROM "
+       "RSTable",
+       "SELECT OffLocAd1, OffLocAd2, OffLocCit, OffLocSta, OffLocZip, OffLocPho, OffLocPho2, OffLocFax, OffLocEma, "
+       "OffLocFacID, OffLocTIN, OffLocNPI, OffLocBanAccNum, OffLocBacClr, OffLocForClr FROM OffLocTable WHERE "
+       "OffLocID=1 "
+       "AND (OfficeID=1)",
+       "SELECT rRecNum FROM RecTable WHERE rRCRecNum=1",
+       "SELECT fMEMID, fRSPID FROM FamTable WHERE fRSPID=1",
+       "DELETE * FROM ATTable WHERE ATDrID=1",
+       "DELETE * FROM AOATable WHERE AOADrID=1",
+       "SELECT * FROM ccTable",
+       "DELETE * FROM TemplateTable WHERE tmpDrID=1 AND tmpTyp<>3"}) {
+    EXPECT_NO_THROW(Run(statement)) << statement;
+  }
 }
 
 TEST_P(Screens, RowGuidInsertAnswersGuidAndId) {
