@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "forms/form.h"
 #include "forms/user.h"
 #include "practice/demo.h"
 #include "practice/host_session.h"
@@ -50,7 +51,8 @@ class QuickUser : public forms::User {
 class Subject {
  public:
   explicit Subject(std::int32_t patients)
-      : path_(std::filesystem::temp_directory_path() / ("practice_bench_" + std::to_string(getpid()) + ".db")),
+      : path_(std::filesystem::temp_directory_path() /
+              ("practice_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_) + ".db")),
         practice_(host::MakeDemo("sqlite:" + path_.string(), {.patients = patients, .seed = 1, .practice = {}})),
         session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
   Subject(const Subject&) = delete;
@@ -67,6 +69,8 @@ class Subject {
   void Run(const std::string& sql) { session_.Connection().Execute(sql); }
 
  private:
+  inline static int made_ = 0;
+
   std::filesystem::path path_;
   host::Practice practice_;
   PreparedSession session_;
