@@ -18,32 +18,31 @@ struct PersonKind {
   bool deletable;
 };
 
-// Patients are referred in by referral sources and out to physicians: that list holds both.
+// Compared for equality, which an index on the flag answers at once in a practice of any size.
+constexpr const char* kProviders = "(PATABLE.pTypDoc='1') OR (PATABLE.pTypDoc='2')";
+constexpr const char* kPhysicians = "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2')";
+constexpr const char* kReferrals = "(PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
+// Patients are referred in by referral sources and out to physicians.
+constexpr const char* kReferredInOrOut =
+    "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2') OR (PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
+constexpr const char* kFamilyHeads =
+    "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
+    "PATABLE.pTypPat >= '1'";
+
 PersonKind PersonKindOf(session::LookUpListTypes type) {
   switch (type) {
     case session::lulProvider:
-      return {"pTypDoc", "Provider List", "Provider", "frmTGList_PROV", "PATABLE.pTypDoc>='1'", true};
+      return {"pTypDoc", "Provider List", "Provider", "frmTGList_PROV", kProviders, true};
     case session::lulPhysician1:
-      return {"pTypPhy1", "Physician List", "Physician1", "frmTGList_PHY1", "PATABLE.pTypPhy>='1'", false};
+      return {"pTypPhy1", "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians, false};
     case session::lulPhysician2:
-      return {"pTypPhy2", "Physician List", "Physician2", "frmTGList_PHY2", "PATABLE.pTypPhy>='1'", false};
+      return {"pTypPhy2", "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians, false};
     case session::lulReferInOut:
-      return {"pTypPhyRefOut",
-              "Refer In/Out List",
-              "ReferInOut",
-              "frmTGList_RFIO",
-              "PATABLE.pTypPhy>='1' or PATABLE.pTypRef>='1'",
-              false};
+      return {"pTypPhyRefOut", "Refer In/Out List", "ReferInOut", "frmTGList_RFIO", kReferredInOrOut, false};
     case session::lulReferral:
-      return {"pTypRef", "Referred By List", "Referral", "frmTGList_REFE", "PATABLE.pTypRef>='1'", false};
+      return {"pTypRef", "Referred By List", "Referral", "frmTGList_REFE", kReferrals, false};
     case session::lulFamilyHead:
-      return {"pTypPat",
-              "Family Head List",
-              "FamilyHead",
-              "frmTGList_FAMH",
-              "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
-              "PATABLE.pTypPat >= '1'",
-              true};
+      return {"pTypPat", "Family Head List", "FamilyHead", "frmTGList_FAMH", kFamilyHeads, true};
     default:
       throw std::out_of_range("no list of persons");
   }
