@@ -10,13 +10,22 @@
 namespace views {
 namespace {
 
-// What a person reads on a button that shows its picture alone.
-void ShowPicture(FormDialog& dialog, const forms::Button& control, wxAnyButton& widget) {
-  const wxBitmapBundle picture = dialog.Pictures().Find(control.Picture);
-  if (picture.IsOk()) {
-    widget.SetBitmap(picture, widget.GetLabel().empty() ? wxLEFT : wxTOP);
+// The picture of a button that shows one, above its caption.
+class ButtonPicture {
+ public:
+  void Show(const Pictures& pictures, const forms::Button& control, wxAnyButton& widget) {
+    if (control.Picture == shown_) {
+      return;
+    }
+    shown_ = control.Picture;
+    if (const wxBitmapBundle picture = pictures.Find(shown_); picture.IsOk()) {
+      widget.SetBitmap(picture, widget.GetLabel().empty() ? wxLEFT : wxTOP);
+    }
   }
-}
+
+ private:
+  std::string shown_;
+};
 
 class ButtonBinding : public Binding {
  public:
@@ -41,12 +50,13 @@ class ButtonBinding : public Binding {
       widget_.SetLabel(ToWx(button_.Caption.get()));
       Dialog().LayOutSoon();
     }
-    ShowPicture(Dialog(), button_, widget_);
+    picture_.Show(Dialog().Pictures(), button_, widget_);
   }
 
  private:
   forms::Button& button_;
   wxButton& widget_;
+  ButtonPicture picture_;
   bool own_caption_;
 };
 
@@ -94,16 +104,19 @@ class ToolBinding : public Binding {
     }
     const wxString caption = ToWx(button_.Caption.get());
     const bool pictured = Dialog().Pictures().Find(button_.Picture).IsOk();
-    widget_.SetLabel(captioned_ || !pictured ? caption : wxString());
+    if (const wxString shown = captioned_ || !pictured ? caption : wxString(); widget_.GetLabel() != shown) {
+      widget_.SetLabel(shown);
+    }
     if (button_.ToolTip->empty()) {
       widget_.SetToolTip(wxControl::RemoveMnemonics(caption));
     }
-    ShowPicture(Dialog(), button_, widget_);
+    picture_.Show(Dialog().Pictures(), button_, widget_);
   }
 
  private:
   forms::Button& button_;
   wxButton& widget_;
+  ButtonPicture picture_;
   bool captioned_;
 };
 
@@ -145,7 +158,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
     } else {
       auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT);
       dialog.Attach<ToolBinding>(item.button, *button, first_group);
-      row->Add(button, wxSizerFlags().Expand());
+      row->Add(button, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, bar->FromDIP(3)));
     }
   }
   dialog.Attach<Binding>(control, *bar);
@@ -153,7 +166,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
 }
 
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands) {
-  auto* button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+  auto* button = new wxButton(parent, wxID_ANY, caption);
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   button->DisableFocusFromKeyboard();
   button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {

@@ -29,6 +29,10 @@ void FieldGroup::Row(wxWindow* caption, std::initializer_list<wxWindow*> fields,
   }
 }
 
+void FieldGroup::Below(wxWindow* widget) {
+  rows_->Add(widget, wxGBPosition(next_++, 1), wxDefaultSpan, wxALIGN_LEFT);
+}
+
 void FieldGroup::BehindBoth(wxWindow* widget) {
   rows_->Add(widget, wxGBPosition(next_ - 2, 2), wxGBSpan(2, 1), wxALIGN_CENTER);
 }

@@ -18,6 +18,8 @@ class FieldGroup {
 
   // The last of the fields takes the width that is left; nullptr for no caption, nothing behind.
   void Row(wxWindow* caption, std::initializer_list<wxWindow*> fields, wxWindow* behind = nullptr);
+  // Under the fields, no wider than it wants to be.
+  void Below(wxWindow* widget);
   // Behind the fields of the two rows made last.
   void BehindBoth(wxWindow* widget);
 

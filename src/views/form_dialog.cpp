@@ -93,6 +93,7 @@ void FormDialog::Run() {
     return;
   }
   FitContents();
+  SetClientSize(GetMinClientSize());
   RestorePlace();
   if (form_.ActiveControl() == nullptr) {
     for (const auto& binding : bindings_) {
@@ -102,7 +103,7 @@ void FormDialog::Run() {
       }
     }
   }
-  CallAfter([this] { ShowFocus(); });
+  ShowFocus();
   if (!form_.Closed()) {
     ShowModal();
   }

@@ -30,6 +30,7 @@ class DropBinding : public Binding {
     corner.x = std::max(0, std::min(corner.x, room.x - panel.GetSize().x));
     panel.Move(corner);
     panel.Raise();
+    panel.Refresh();
   }
 
  private:
@@ -76,6 +77,7 @@ wxPanel* MakePanel(wxWindow* parent, forms::Panel& control) {
 
 wxPanel* MakeDropPanel(wxWindow* parent, forms::Panel& control, std::function<const forms::Control&()> anchor) {
   auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_RAISED);
+  panel->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
   FormDialog::Of(*parent).Attach<DropBinding>(control, *panel, std::move(anchor));
   return panel;
 }

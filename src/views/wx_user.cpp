@@ -11,7 +11,7 @@
 
 namespace views {
 
-WxUser::WxUser(ViewRegistry registry, Pictures pictures)
+WxUser::WxUser(ViewRegistry registry, views::Pictures pictures)
     : registry_(std::move(registry)), pictures_(std::move(pictures)) {}
 
 WxUser::~WxUser() = default;

@@ -17,11 +17,12 @@ class WaitWindow;
 // The person at a window system: every question and every form is a modal window before the one that is on top.
 class WxUser : public forms::User {
  public:
-  WxUser(ViewRegistry registry, Pictures pictures);
+  WxUser(ViewRegistry registry, views::Pictures pictures);
   WxUser(const WxUser&) = delete;
   WxUser& operator=(const WxUser&) = delete;
   ~WxUser() override;
 
+  const views::Pictures& Pictures() const { return pictures_; }
   // Behind everything; nullptr for none.
   void SetMainWindow(wxWindow* window) { main_ = window; }
   // Where windows' places are kept; nullptr until somebody is logged in.
@@ -50,7 +51,7 @@ class WxUser : public forms::User {
   void Shut(wxDialog& dialog);
 
   ViewRegistry registry_;
-  Pictures pictures_;
+  views::Pictures pictures_;
   wxWindow* main_ = nullptr;
   session::Settings* places_ = nullptr;
   std::vector<wxDialog*> open_;

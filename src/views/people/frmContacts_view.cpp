@@ -15,7 +15,7 @@ void LayOut_frmContacts(FormDialog& dialog, people::frmContacts& form) {
     FieldGroup side(&dialog, title);
     for (std::size_t i = 0; i < options.size(); ++i) {
       wxWindow* option = MakeOption(side.Box(), options[i], i == 0);
-      side.Row(option, {MakeTextBox(side.Box(), boxes[i], 24)});
+      side.Row(option, {MakeTextBox(side.Box(), boxes[i], 32)});
     }
     sides->Add(side.Sizer(), wxSizerFlags(1).Expand().Border(wxALL, gap));
   };

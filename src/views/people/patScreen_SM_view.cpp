@@ -69,7 +69,7 @@ wxSizer* PhoneGroup(FormDialog& dialog, patScreen_SM& form) {
     wxWindow* caption = make.Caption(field);
     group.Row(caption, {make.Text(field, 24)});
   }
-  group.Row(nullptr, {MakeButton(group.Box(), form.cmdContact)});
+  group.Below(MakeButton(group.Box(), form.cmdContact));
   return group.Sizer();
 }
 
@@ -106,7 +106,7 @@ void MakeNameList(FormDialog& dialog, patScreen_SM& form) {
     return form.Text1.at(form.Name_List.Tag == "Provider" ? form.kProvider : form.kReferral);
   });
   auto* inside = new wxBoxSizer(wxVERTICAL);
-  inside->Add(MakeSearchList(panel, form.dbcNameSearch, 34, 8), wxSizerFlags(1).Expand());
+  inside->Add(MakeSearchList(panel, form.dbcNameSearch, 34, 6), wxSizerFlags(1).Expand());
   panel->SetSizerAndFit(inside);
 }
 
@@ -133,9 +133,9 @@ void LayOut_patScreen_SM(FormDialog& dialog, patScreen_SM& form) {
   const auto group = wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(6));
   auto* left = new wxBoxSizer(wxVERTICAL);
   left->Add(NameGroup(dialog, form), group);
-  left->Add(AddressGroup(dialog, form), group);
+  left->Add(PhoneGroup(dialog, form), group);
   auto* right = new wxBoxSizer(wxVERTICAL);
-  right->Add(PhoneGroup(dialog, form), group);
+  right->Add(AddressGroup(dialog, form), group);
   right->Add(PracticeGroup(dialog, form), group);
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   columns->Add(left, wxSizerFlags(1).Expand());

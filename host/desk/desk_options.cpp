@@ -1,0 +1,29 @@
+#include "desk/desk_options.h"
+
+namespace host {
+
+std::variant<DeskOptions, std::string> ParseDeskOptions(std::span<const std::string> words) {
+  DeskOptions options;
+  for (std::size_t i = 0; i < words.size(); i += 2) {
+    const std::string& word = words[i];
+    if (word != "--database" && word != "--tour" && word != "--scale") {
+      return "Unknown option " + word + ".";
+    }
+    if (i + 1 == words.size() || words[i + 1].empty()) {
+      return word + " needs a value.";
+    }
+    const std::string& value = words[i + 1];
+    if (word == "--database") {
+      options.database = value;
+    } else if (word == "--tour") {
+      options.tour = value;
+    } else if (value == "1" || value == "2") {
+      options.scale = value.front() - '0';
+    } else {
+      return "--scale is 1 or 2, not " + value + ".";
+    }
+  }
+  return options;
+}
+
+}  // namespace host

@@ -1,0 +1,162 @@
+#include "desk/tour.h"
+
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/evtloop.h>
+#include <wx/filename.h>
+#include <wx/stopwatch.h>
+#include <wx/toplevel.h>
+
+#include <vector>
+
+#include "desk/main_frame.h"
+#include "forms/text_box.h"
+
+namespace host {
+namespace {
+
+// Lets the events run until the window has been painted.
+void Settle(wxWindow& window) {
+  constexpr long kPatience = 5000;  // milliseconds
+  bool painted = false;
+  const auto on_paint = [&painted](wxPaintEvent& event) {
+    painted = true;
+    event.Skip();
+  };
+  window.Bind(wxEVT_PAINT, on_paint);
+  window.Refresh();
+  const wxStopWatch watch;
+  while (!painted && watch.Time() < kPatience) {
+    wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+    wxMilliSleep(5);
+  }
+  window.Unbind(wxEVT_PAINT, on_paint);
+  wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+}
+
+struct Stop {
+  std::string name;
+  std::function<void()> open;
+  // Brings the form into the state that is worth seeing.
+  std::function<void(forms::Form&)> prepare = {};
+};
+
+void Type(forms::Form& form, const char* control, const char* text) {
+  auto& box = dynamic_cast<forms::TextBox&>(*form.Find(control));
+  form.DoFocus(box);
+  box.DoType(text);
+}
+
+std::int32_t FirstPatient(Desk& desk) {
+  const auto rows = desk.Session().Office().Connection().Execute(
+      desk.Session().PrepareSQL("SELECT TOP 1 pID FROM PATable WHERE pTypPat >= '1' ORDER BY pID", 1));
+  return rows->Eof() ? 0 : session::ToId(rows->Get(0));
+}
+
+std::vector<Stop> Stops(Desk& desk) {
+  views::WxUser& user = desk.User();
+  const std::string patient = std::to_string(FirstPatient(desk));
+  const auto open_form = [&desk](const char* name, std::vector<std::pair<std::string, std::string>> properties) {
+    return [&desk, name, properties = std::move(properties)] {
+      const session::ScreenContext context = desk.Context();
+      const auto form = entry::MakeForm(name, context);
+      for (const auto& [property, value] : properties) {
+        form->Properties.at(property).set(value);
+      }
+      desk.User().Show(*form);
+    };
+  };
+  const auto open_list = [&desk](session::LookUpListTypes type) {
+    return [&desk, type] {
+      desk.Lists().ListType = type;
+      desk.Lists().ShowList();
+    };
+  };
+  return {
+      {"frmLogin",
+       [&desk] {
+         frmLogin login = LoginOf(desk.OfPractice());
+         desk.User().Show(login);
+       }},
+      {"patScreen_SM", open_form("patScreen_SM", {{"pID", patient}})},
+      {"patScreen_SM-new",
+       open_form("patScreen_SM", {{"Mode", "NEW"}, {"TypedName", "Smith, John"}, {"ShowSaveNBookAppt", "True"}})},
+      {"patScreen_SM-places", open_form("patScreen_SM", {{"Mode", "NEW"}}),
+       [](forms::Form& form) { Type(form, "Text1(11)", "Spr"); }},
+      {"patScreen_SM-names", open_form("patScreen_SM", {{"Mode", "NEW"}}),
+       [](forms::Form& form) { form.DoFocus(*form.Find("Text1(5)")); }},
+      {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
+      {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
+      {"frmTGList", open_list(session::lulEmployee)},
+      {"frmTGList-recall", open_list(session::lulRecallMaster)},
+      {"message",
+       [&user] {
+         user.Ask({.text = "Are you sure that you want to exit without saving the changes?",
+                   .buttons = forms::kYesNoCancel,
+                   .icon = forms::Icon::Question,
+                   .default_answer = forms::Answer::No});
+       }},
+      {"input", [&user] { user.Input({.prompt = "Enter name or ID number below.\rExample:\r      John Smith"}); }},
+      {"calendar", [&user] { user.PickDate("Calendar", std::chrono::year(1980) / std::chrono::January / 2); }},
+  };
+}
+
+// A frame has its bars outside the area that it draws; no other window hides it when it is pictured.
+wxBitmap PictureOf(wxTopLevelWindow& window, double scale) {
+  const bool bars = dynamic_cast<wxFrame*>(&window) != nullptr;
+  const wxSize size = bars ? window.GetSize() : window.GetClientSize();
+  wxBitmap picture;
+  picture.CreateWithDIPSize(size, scale);
+  wxMemoryDC to(picture);
+  if (bars) {
+    wxScreenDC from;
+    to.Blit(wxPoint(), size, &from, window.GetScreenPosition());
+  } else {
+    wxClientDC from(&window);
+    to.Blit(wxPoint(), size, &from, wxPoint());
+  }
+  return picture;
+}
+
+}  // namespace
+
+void VisitWindows(Desk& desk, const std::function<void(const std::string&, wxTopLevelWindow&)>& visit) {
+  LoginResult tourist;
+  tourist.rights = LoginRights("tour", true);
+  desk.Open(tourist, desk.OfPractice().Office());
+  auto* frame = new MainFrame(desk);
+  frame->Show();
+  Settle(*frame);
+  visit("practice_desk", *frame);
+  for (const Stop& stop : Stops(desk)) {
+    desk.User().OnShown = [&](wxDialog& dialog) {
+      auto* screen = dynamic_cast<views::FormDialog*>(&dialog);
+      if (screen != nullptr && stop.prepare) {
+        stop.prepare(screen->Form());
+      }
+      Settle(dialog);
+      visit(stop.name, dialog);
+      if (screen != nullptr) {
+        screen->Form().Close();
+      } else {
+        dialog.EndModal(wxID_CANCEL);
+      }
+    };
+    stop.open();
+  }
+  desk.User().OnShown = nullptr;
+  frame->Destroy();
+}
+
+bool TakePictures(Desk& desk, const std::string& folder) {
+  bool whole = wxFileName::Mkdir(views::ToWx(folder), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+  VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
+    const double scale = window.GetContentScaleFactor();
+    const wxString file = views::ToWx(folder) + "/" + views::ToWx(name) + (scale > 1 ? "@2x" : "") + ".png";
+    whole = PictureOf(window, scale).ConvertToImage().SaveFile(file, wxBITMAP_TYPE_PNG) && whole;
+  });
+  return whole;
+}
+
+}  // namespace host

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+namespace host {
+
+// A program that runs beside us and ends with us, however we end.
+class ChildProcess {
+ public:
+  // `command` is the program and its arguments. Throws std::system_error when it cannot be started.
+  explicit ChildProcess(const std::vector<std::string>& command);
+  ChildProcess(const ChildProcess&) = delete;
+  ChildProcess& operator=(const ChildProcess&) = delete;
+  ~ChildProcess();
+
+  bool Running();
+  // Its exit status.
+  int WaitForEnd();
+
+ private:
+  pid_t id_ = -1;
+  int status_ = 0;
+};
+
+}  // namespace host
