@@ -1,10 +1,10 @@
 #include "data/statements.h"
 
-#include "lookup/fake_host.h"
+#include "support/fake_host.h"
 
 namespace {
 
-struct GuidSession : lookup_test::FakeSession {
+struct GuidSession : test_support::FakeSession {
   bool KeepsRowGuids(std::string_view table) const override { return table == "ELTable"; }
 };
 

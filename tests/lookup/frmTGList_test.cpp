@@ -1,7 +1,7 @@
 #include "lookup/frmTGList.h"
 
-#include "lookup/fake_host.h"
 #include "lookup/name_filter.h"
+#include "support/fake_host.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ class ListWindow : public testing::Test {
   }
   const std::string& LastStatement() const { return host_.session.statements.back(); }
 
-  lookup_test::FakeHost host_;
+  test_support::FakeHost host_;
   frmTGList list_{host_.Context()};
 };
 

@@ -1,6 +1,6 @@
 #include "lookup/list_catalogue.h"
 
-#include "lookup/fake_host.h"
+#include "support/fake_host.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ class ListCatalogue : public testing::Test {
   }
   std::string Sql(std::int32_t kind, std::int32_t type) { return On(kind, type).sql; }
 
-  lookup_test::FakeSession session_;
+  test_support::FakeSession session_;
 };
 
 TEST_F(ListCatalogue, ReadsTheEmployeesAsPracticesHaveItStored) {

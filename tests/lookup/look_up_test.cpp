@@ -1,9 +1,9 @@
 #include "lookup/look_up.h"
 
-#include "lookup/fake_host.h"
 #include "lookup/frmTGList.h"
-#include "people/practice_host.h"
 #include "practice/demo.h"
+#include "support/fake_host.h"
+#include "support/practice_host.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ class LookUp : public testing::Test {
     };
   }
 
-  lookup_test::FakeHost host_;
+  test_support::FakeHost host_;
   std::string caption_;
   std::function<void(frmTGList&)> act_;
 };
@@ -101,7 +101,7 @@ class PracticeLists : public testing::TestWithParam<std::int32_t> {
     }
   }
 
-  people_test::PracticeHost host_;
+  test_support::PracticeHost host_;
 };
 
 TEST_P(PracticeLists, FilterAndSortByEveryColumn) {

@@ -1,6 +1,6 @@
 #include "people/Contacts.h"
 
-#include "people/practice_host.h"
+#include "support/practice_host.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ TEST(Contacts, LabelsCodesInAnyCase) {
 }
 
 TEST(Contacts, MovesTheNumberOfAnOldRowIntoItsFirstPhone) {
-  people_test::PracticeHost host(host::CreatePractice("sqlite::memory:"));
+  test_support::PracticeHost host(host::CreatePractice("sqlite::memory:"));
   host.Value(
       "INSERT INTO PATable (pID, pLASNAM, pHomPho, pBusCon, pBusEma) VALUES (7, 'Old', '555-0100', 'Ema', 'a@b.c')");
   Contacts contacts(host.session);

@@ -1,6 +1,6 @@
 #include "people/name_entry.h"
 
-#include "lookup/fake_host.h"
+#include "support/fake_host.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ TEST(NameEntry, TakesWholeNumbersAsIds) {
 }
 
 TEST(NameEntry, SearchesByBeginningsWithTheTextAsData) {
-  lookup_test::FakeSession session;
+  test_support::FakeSession session;
   EXPECT_EQ(people::NameSearch(session, "O'Brien\", 5%", false),
             "Select * from Patable where pLASNAM Like \"O'Brien\"\"%\" and pFIRNAM Like \"5[%]%\""
             " order by pLasNam, pFirNam");

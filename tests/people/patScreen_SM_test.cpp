@@ -6,12 +6,12 @@
 #include <csignal>
 #include <filesystem>
 
-#include "people/practice_host.h"
+#include "support/practice_host.h"
 
 namespace {
 
 using people::patScreen_SM;
-using people_test::PracticeHost;
+using test_support::PracticeHost;
 
 class Person {
  public:
@@ -26,7 +26,7 @@ class Person {
 };
 
 // A form cannot be told to close by a person who will not discard what was typed.
-struct StubbornUser : lookup_test::FakeUser {
+struct StubbornUser : test_support::FakeUser {
   forms::Answer Ask(const forms::Message& message) override {
     told.push_back(message.text);
     return message.Default();

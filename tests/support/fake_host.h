@@ -10,7 +10,7 @@
 #include "session/screens.h"
 
 // A host without a practice: it records what a list asks of it and answers what a test tells it to.
-namespace lookup_test {
+namespace test_support {
 
 using Row = std::vector<session::Value>;
 
@@ -161,4 +161,4 @@ struct FakeHost {
   session::ScreenContext Context() { return {session, user, screens}; }
 };
 
-}  // namespace lookup_test
+}  // namespace test_support

@@ -4,11 +4,11 @@
 #include <string>
 #include <utility>
 
-#include "lookup/fake_host.h"
 #include "practice/host_session.h"
+#include "support/fake_host.h"
 
 // A real practice behind the screens, a fake person in front of them.
-namespace people_test {
+namespace test_support {
 
 inline host::Surroundings StandingStill() {
   using std::chrono::year;
@@ -39,8 +39,8 @@ struct PracticeHost {
 
   host::Practice practice;
   HeardSession session;
-  lookup_test::FakeUser user;
-  lookup_test::FakeScreens screens;
+  test_support::FakeUser user;
+  test_support::FakeScreens screens;
 
   session::ScreenContext Context() { return {session, user, screens}; }
   std::string Value(const std::string& sql) {
@@ -48,4 +48,4 @@ struct PracticeHost {
   }
 };
 
-}  // namespace people_test
+}  // namespace test_support
