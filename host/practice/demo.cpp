@@ -5,7 +5,6 @@
 #include "practice/demo_office.h"
 #include "practice/demo_recalls.h"
 #include "practice/demo_staff.h"
-#include "practice/logins.h"
 
 namespace host {
 namespace {
@@ -22,7 +21,8 @@ void FillZipTable(demo::DemoOffice& office) {
 
 Practice MakeDemo(const std::string& url, const DemoOptions& options) {
   Practice practice = CreatePractice(url, options.practice);
-  const demo::Passwords passwords{HashPassword("admin"), HashPassword("front")};
+  const demo::Passwords passwords{HashPassword("admin", options.password_cost),
+                                  HashPassword("front", options.password_cost)};
   demo::Identities identities(options.seed);
   session::Transaction transaction(*practice.Database().connection);
   for (const std::int32_t number : practice.Offices()) {

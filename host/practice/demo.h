@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "practice/logins.h"
 #include "practice/practice.h"
 
 namespace host {
@@ -10,7 +11,8 @@ namespace host {
 struct DemoOptions {
   std::int32_t patients = 2000;  // in each office
   std::uint64_t seed = 1;
-  PracticeOptions practice;
+  PracticeOptions practice = {};
+  HashCost password_cost = HashCost::Interactive;
 };
 
 // Makes a practice as it might be after some years of work: families, providers, employees with logins, employers and

@@ -84,11 +84,11 @@ class InsuranceMaker {
       const bool managed = chance.Percent(15);
       const std::string number = std::to_string(chance.Between(100, 999)) + std::to_string(all_.size() + 100);
       const std::string plan_name = std::string(managed ? "Managed Care " : "Group ") + std::to_string(i + 1);
-      all_.push_back(
-          {plans_.Row(carrier, number, plan_name, managed ? "CAPITATION" : "INDEMNITY",
-                      chance.Percent(80) ? "01-01" : "07-01", Currency::FromWhole(500 * chance.Between(2, 5)),
-                      Currency::FromWhole(25 * chance.Between(1, 4)), "1", 19, 24),
-           carrier});
+      all_.push_back({plans_.Row(carrier, number, plan_name, managed ? "CAPITATION" : "INDEMNITY",
+                                 chance.Percent(80) ? "01-01" : "07-01",
+                                 Currency::FromWhole(std::int64_t{500} * chance.Between(2, 5)),
+                                 Currency::FromWhole(std::int64_t{25} * chance.Between(1, 4)), "1", 19, 24),
+                      carrier});
       if (all_.size() % 4 == 1) {
         MakeDetails(carrier, number, plan_name);
       }

@@ -32,7 +32,7 @@ DemoOffice::DemoOffice(Practice& practice, std::int32_t office, Identities& iden
       area_code_(random_.Between(201, 989)) {}
 
 TableWriter DemoOffice::Writer(std::string_view table, std::string_view columns) {
-  return TableWriter(database_, identities_, table, columns);
+  return {database_, identities_, table, columns};
 }
 
 TableWriter DemoOffice::PersonWriter() {

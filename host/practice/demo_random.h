@@ -16,7 +16,7 @@ class Random {
 
   // 0 to count - 1.
   int Below(std::size_t count) { return static_cast<int>(engine_() % count); }
-  int Between(int low, int high) { return low + Below(static_cast<std::size_t>(high - low + 1)); }
+  int Between(int low, int high) { return low + Below(static_cast<std::size_t>(high - low) + 1); }
   bool Percent(int chance) { return Below(100) < chance; }
   template <class T>
   const T& OneOf(std::span<const T> values) {

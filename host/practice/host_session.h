@@ -28,7 +28,7 @@ struct HandOff {
   std::int32_t id = 0;
 };
 
-// What the host hands to the screens: a practice, seen from one office by one user.
+// What the host hands to the screens: a practice, seen from one office by one user. The practice outlives it.
 class HostSession : public session::Session {
  public:
   HostSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings);

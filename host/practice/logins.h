@@ -29,7 +29,9 @@ class LoginRights {
  public:
   LoginRights() = default;
   explicit LoginRights(std::string name, bool supervisor = false) : name_(std::move(name)) {
-    if (supervisor) Grant(kSupervisorRight);
+    if (supervisor) {
+      Grant(kSupervisorRight);
+    }
   }
 
   const std::string& Name() const { return name_; }

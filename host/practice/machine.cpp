@@ -142,6 +142,7 @@ bool StartProcess(const std::string& command_line) {
     return false;
   }
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (auto& word : words) {
     arguments.push_back(word.data());
   }
@@ -164,10 +165,11 @@ forms::DateTime LocalNow() {
 #else
   localtime_r(&now, &local);
 #endif
-  using namespace std::chrono;
-  const year_month_day day{year(local.tm_year + 1900), month(static_cast<unsigned>(local.tm_mon + 1)),
-                           std::chrono::day(static_cast<unsigned>(local.tm_mday))};
-  return forms::AtMidnight(day) + hours(local.tm_hour) + minutes(local.tm_min) + seconds(local.tm_sec);
+  namespace chrono = std::chrono;
+  const forms::Date day{chrono::year(local.tm_year + 1900), chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
+                        chrono::day(static_cast<unsigned>(local.tm_mday))};
+  return forms::AtMidnight(day) + chrono::hours(local.tm_hour) + chrono::minutes(local.tm_min) +
+         chrono::seconds(local.tm_sec);
 }
 
 }  // namespace host

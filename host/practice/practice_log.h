@@ -19,7 +19,7 @@ struct LoggedEntry {
   bool IsOf(std::string_view category) const;
 };
 
-void AppendToLog(session::Database& database, const LoggedEntry& entry);
+void AppendToLog(session::Database& database, const LoggedEntry& logged);
 // The office's entries, oldest first.
 std::vector<LoggedEntry> ReadLog(session::Database& database);
 

@@ -42,7 +42,7 @@ ProcessIdentity ProcessOf(std::string_view owner) {
 
 }  // namespace
 
-RecordLocks::RecordLocks(session::Database& database, std::string user, ProcessIdentity process)
+RecordLocks::RecordLocks(session::Database& database, std::string user, const ProcessIdentity& process)
     : database_(database), user_(std::move(user)), owner_(OwnerText(process, NextSession())) {}
 
 RecordLocks::~RecordLocks() {

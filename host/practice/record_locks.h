@@ -15,7 +15,7 @@ namespace host {
 // process held is free. Throws session::DatabaseError.
 class RecordLocks {
  public:
-  RecordLocks(session::Database& database, std::string user, ProcessIdentity process = ThisProcess());
+  RecordLocks(session::Database& database, std::string user, const ProcessIdentity& process = ThisProcess());
   RecordLocks(const RecordLocks&) = delete;
   RecordLocks& operator=(const RecordLocks&) = delete;
   // Releases what is held.

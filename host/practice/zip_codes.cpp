@@ -12,21 +12,21 @@
 #else
 #define READ_ONLY_DATA ".section .rodata\n"
 #endif
-asm(READ_ONLY_DATA ".global " SYMBOL("zip_codes_begin") "\n" SYMBOL("zip_codes_begin") ":\n"
+asm(READ_ONLY_DATA ".global " SYMBOL("kZipCodesBegin") "\n" SYMBOL("kZipCodesBegin") ":\n"
     ".incbin \"zip_codes.tsv\"\n"
-    ".global " SYMBOL("zip_codes_end") "\n" SYMBOL("zip_codes_end") ":\n"
+    ".global " SYMBOL("kZipCodesEnd") "\n" SYMBOL("kZipCodesEnd") ":\n"
     ".byte 0\n"
     ".text\n");
 extern "C" {
-extern const char zip_codes_begin[];
-extern const char zip_codes_end[];
+extern const char kZipCodesBegin[];
+extern const char kZipCodesEnd[];
 }
 
 namespace host {
 
 const std::vector<Place>& UnitedStatesPlaces() {
   static const std::vector<Place> places = [] {
-    std::string_view text(zip_codes_begin, static_cast<std::size_t>(zip_codes_end - zip_codes_begin));
+    std::string_view text(kZipCodesBegin, static_cast<std::size_t>(kZipCodesEnd - kZipCodesBegin));
     std::vector<Place> rows;
     rows.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')));
     const auto take = [&text](char end) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "host/practice/practice_fixture.h"
-#include "practice/logins.h"
 
 namespace host {
 namespace {
@@ -11,7 +10,7 @@ namespace {
 constexpr std::int32_t kPatients = 150;
 
 Practice Make(std::uint64_t seed, PracticeOptions options = {}) {
-  return MakeDemo("sqlite::memory:", {kPatients, seed, options});
+  return MakeDemo("sqlite::memory:", {kPatients, seed, options, HashCost::Least});
 }
 
 // Every row of every table, but for the passwords' hashes, which are salted.

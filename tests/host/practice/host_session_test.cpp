@@ -14,10 +14,6 @@ const std::string kHostile = "'; DROP TABLE LogTable; -- 100% [x] \"ü\" \r\n#1/
 
 class HostSessionTest : public testing::Test {
  protected:
-  HostSession Open(std::int32_t office, const std::string& user) {
-    return HostSession(practice_, office, LoginRights(user), StandingStill());
-  }
-
   Practice practice_ = CreatePractice("sqlite::memory:", {.kind = session::kOfficeScoped, .office = 2, .offices = 2});
   HostSession first_{practice_, 1, LoginRights("ann"), StandingStill()};
   HostSession second_{practice_, 2, LoginRights("bob"), StandingStill()};
@@ -43,7 +39,7 @@ TEST_F(HostSessionTest, SettingsBelongToTheOfficeAndOptionsToTheUserToo) {
   EXPECT_EQ(second_.OfficeSetting("DEFAULT_OFFICE_SETUP", "PAT_AC_TYP"), "1");
   EXPECT_EQ(first_.OfficeSetting("DEFAULT_OFFICE_SETUP", "NO_SUCH"), "");
 
-  HostSession other = Open(1, "cleo");
+  HostSession other(practice_, 1, LoginRights("cleo"), StandingStill());
   first_.SetUserOption("SESC_LUL", "FILTER", "on");
   first_.SetUserOption("SESC_LUL", "FILTER", kHostile);
   EXPECT_EQ(first_.UserOption("sesc_lul", "filter"), kHostile);
