@@ -24,7 +24,17 @@ void RequireUsable(const forms::Control& control) {
 forms::Control& TakeUsable(Interpreter& interpreter, StepWords& words) {
   forms::Control& control = interpreter.Find(words.Take("a control"));
   RequireUsable(control);
+  interpreter.SetActedOn(control);
   return control;
+}
+
+forms::Control& TakeKeyTarget(Interpreter& interpreter, StepWords& words) {
+  forms::Control& control = interpreter.Find(words.Take("a control"));
+  forms::Control* active = interpreter.Top().ActiveControl();
+  forms::Control& target = interpreter.ActedOn() == &control && active != nullptr ? *active : control;
+  RequireUsable(target);
+  interpreter.SetActedOn(control);
+  return target;
 }
 
 bool Focus(Interpreter& interpreter, forms::Control& control) {

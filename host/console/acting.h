@@ -16,6 +16,10 @@ forms::Control& TakeUsable(Interpreter& interpreter, StepWords& words);
 template <typename Kind>
 Kind& TakeUsable(Interpreter& interpreter, StepWords& words, std::string_view what);
 
+// Where the keys go that a person presses for the next word's control: there, or, when a rule passed the focus on
+// from it as the step before acted on it (to a list that has dropped down), where the focus is.
+forms::Control& TakeKeyTarget(Interpreter& interpreter, StepWords& words);
+
 // Moves the focus there. False when a rule that asked something kept it where it was; one that kept it silently
 // fails the step. A rule that passed the focus on, to a list that has dropped down, does not hinder.
 bool Focus(Interpreter& interpreter, forms::Control& control);

@@ -65,11 +65,12 @@ void Enter(Interpreter& interpreter, StepWords& words) {
   Focus(interpreter, control);
 }
 
-// A rule may have moved the focus on before.
+// A rule may have passed the focus on from there.
 void Leave(Interpreter& interpreter, StepWords& words) {
   const forms::Control& control = interpreter.Find(words.Take("a control"));
   words.End();
-  if (control.HasFocus()) {
+  if (control.HasFocus() || interpreter.ActedOn() == &control) {
+    interpreter.SetActedOn(control);
     interpreter.Top().DoLeave();
   }
 }
@@ -109,6 +110,7 @@ void FocusNext(Interpreter& interpreter, const forms::Control& from) {
   for (std::size_t step = 1; step < controls.size(); ++step) {
     forms::Control& next = *controls[(at + step) % controls.size()];
     if (next.Usable() && next.TakesFocus()) {
+      interpreter.SetActedOn(next);
       Focus(interpreter, next);
       return;
     }
@@ -156,7 +158,7 @@ void ActByKey(Interpreter& interpreter, forms::Control& control, Key key) {
 }
 
 void Press(Interpreter& interpreter, StepWords& words) {
-  forms::Control& control = TakeUsable(interpreter, words);
+  forms::Control& control = TakeKeyTarget(interpreter, words);
   const std::string name = words.Take("a key");
   words.End();
   const auto key = ParseKey(name);

@@ -29,17 +29,21 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   return parts;
 }
 
-// The entry with that text, else at that position, else the only one with that text in a cell.
+std::string Joined(const std::vector<std::string>& cells, std::string_view separator) {
+  std::string joined;
+  for (const std::string& cell : cells) {
+    joined += (&cell == &cells.front() ? "" : std::string(separator)) + cell;
+  }
+  return joined;
+}
+
+// The entry with that text, else at that position, else the only one with that text in a cell, else the only one
+// whose text differs in blanks and punctuation alone.
 int FindEntry(const std::string& owner, const std::vector<std::vector<std::string>>& entries,
               const std::string& wanted) {
-  const auto is_whole = [&](const std::vector<std::string>& cells) {
-    std::string blanks;
-    std::string tabs;
-    for (const std::string& cell : cells) {
-      blanks += (blanks.empty() ? "" : " ") + cell;
-      tabs += (&cell == &cells.front() ? "" : "\t") + cell;
-    }
-    return tabs == wanted || blanks == wanted;
+  using Cells = std::vector<std::string>;
+  const auto is_whole = [&](const Cells& cells) {
+    return Joined(cells, "\t") == wanted || Joined(cells, " ") == wanted || Joined(cells, "|") == wanted;
   };
   if (const auto whole = std::ranges::find_if(entries, is_whole); whole != entries.end()) {
     return static_cast<int>(whole - entries.begin());
@@ -50,17 +54,21 @@ int FindEntry(const std::string& owner, const std::vector<std::vector<std::strin
     }
     return *position;
   }
-  const auto has_cell = [&](const std::vector<std::string>& cells) {
-    return std::ranges::find(cells, wanted) != cells.end();
+  const auto only = [&](auto matches) {
+    const auto found = std::ranges::find_if(entries, matches);
+    if (found != entries.end() && std::find_if(found + 1, entries.end(), matches) != entries.end()) {
+      Fail(owner + " has several entries with " + Quoted(wanted));
+    }
+    return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
   };
-  const auto found = std::ranges::find_if(entries, has_cell);
-  if (found == entries.end()) {
+  int index = only([&](const Cells& cells) { return std::ranges::find(cells, wanted) != cells.end(); });
+  if (index < 0 && !Squeezed(wanted).empty()) {
+    index = only([&](const Cells& cells) { return Squeezed(Joined(cells, "")) == Squeezed(wanted); });
+  }
+  if (index < 0) {
     Fail(owner + " has no entry " + Quoted(wanted));
   }
-  if (std::find_if(found + 1, entries.end(), has_cell) != entries.end()) {
-    Fail(owner + " has several entries with " + Quoted(wanted));
-  }
-  return static_cast<int>(found - entries.begin());
+  return index;
 }
 
 void PickEntry(Interpreter& interpreter, forms::ListBox& list, const std::string& wanted) {

@@ -24,13 +24,21 @@ class Restore {
 
 class OnTop {
  public:
-  OnTop(std::vector<forms::Form*>& forms, forms::Form& form) : forms_(forms) { forms_.push_back(&form); }
+  OnTop(std::vector<forms::Form*>& forms, const forms::Control*& acted_on, forms::Form& form)
+      : forms_(forms), acted_on_(acted_on) {
+    forms_.push_back(&form);
+    acted_on_ = nullptr;
+  }
   OnTop(const OnTop&) = delete;
   OnTop& operator=(const OnTop&) = delete;
-  ~OnTop() { forms_.pop_back(); }
+  ~OnTop() {
+    forms_.pop_back();
+    acted_on_ = nullptr;
+  }
 
  private:
   std::vector<forms::Form*>& forms_;
+  const forms::Control*& acted_on_;
 };
 
 }  // namespace
@@ -66,16 +74,20 @@ void Interpreter::Play(const Line& line) {
     if (failure.place.empty()) {
       failure.place = line.Place();
     }
-    if (failure.screen.empty() && HasForm()) {
-      failure.screen = StateOf(*forms_.back());
+    if (lines_.GoesOn()) {
+      failure.screen.clear();  // the person may ask for it
+      if (output_ != nullptr) {
+        *output_ << Describe(failure);
+      }
+      return;
     }
-    if (!lines_.GoesOn()) {
-      failure_ = failure_ ? failure_ : failure;
-      throw StepFailure(*failure_);
+    if (!failure_) {
+      if (failure.screen.empty() && HasForm()) {
+        failure.screen = StateOf(*forms_.back());
+      }
+      failure_ = std::move(failure);
     }
-    if (output_ != nullptr) {
-      *output_ << Describe(failure);
-    }
+    throw StepFailure(*failure_);
   };
   try {
     RunStep(line);
@@ -108,7 +120,7 @@ void Interpreter::Idle() {
 }
 
 void Interpreter::PlayForm(forms::Form& form) {
-  const OnTop on_top(forms_, form);
+  const OnTop on_top(forms_, acted_on_, form);
   const Restore<Question*> no_question(question_, nullptr);
   form.Load();
   Idle();

@@ -54,6 +54,9 @@ class Interpreter {
   // Fails when no question is open.
   Question& Open() const;
   bool HasQuestion() const { return question_ != nullptr; }
+  // The control that the step before acted on; nullptr when a screen has opened or closed since.
+  const forms::Control* ActedOn() const { return acted_on_; }
+  void SetActedOn(const forms::Control& control) { acted_on_ = &control; }
   // Questions raised so far.
   int QuestionCount() const { return question_count_; }
   // Whether the lines to come answer the open question, before they act on anything.
@@ -82,6 +85,7 @@ class Interpreter {
   std::unique_ptr<Stage> stage_;
   std::vector<std::unique_ptr<forms::Form>> kept_;
   std::vector<forms::Form*> forms_;
+  const forms::Control* acted_on_ = nullptr;
   Question* question_ = nullptr;
   int question_count_ = 0;
   // The first failure; once there is one nothing is played any more, whatever a rule made of the exception.

@@ -104,14 +104,16 @@ void CheckLog(Interpreter& interpreter, StepWords& words) {
 }
 
 void CheckHanded(Interpreter& interpreter, StepWords& words) {
-  const std::string wanted =
-      forms::ToLower(words.Take("a column") + " " + words.Take("a table") + " " + words.Take("an ID"));
+  std::string wanted = words.Take("a column");
+  wanted += " " + words.Take("a table");
+  wanted += " " + words.Take("an ID");
   words.End();
   std::vector<std::string> handed;
   for (const HandOff& record : interpreter.Heard().handed) {
     handed.push_back(record.id_column + " " + record.table + " " + std::to_string(record.id));
   }
-  if (std::ranges::find(handed, wanted, [](const std::string& text) { return forms::ToLower(text); }) == handed.end()) {
+  const auto same = [&](const std::string& text) { return forms::EqualsIgnoringCase(text, wanted); };
+  if (std::ranges::none_of(handed, same)) {
     Differ(wanted, Listed(handed));
   }
 }

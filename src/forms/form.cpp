@@ -59,15 +59,23 @@ bool Form::DoFocus(Control& control) {
   if (!control.Usable() || !control.TakesFocus()) {
     return false;
   }
-  if (!DoLeave() || closed_ || !control.Usable()) {
+  if (!LeaveActive() || closed_ || !control.Usable()) {
     return active_ == &control;
   }
   Rest(control);
   return active_ == &control;
 }
 
-// While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
 bool Form::DoLeave() {
+  const bool left = LeaveActive();
+  if (left) {
+    OnFocus(nullptr);
+  }
+  return left;
+}
+
+// While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
+bool Form::LeaveActive() {
   if (active_ == nullptr) {
     return true;
   }
@@ -101,7 +109,7 @@ bool Form::DoKey(Key key) {
 void Form::Rest(Control& control) {
   active_ = &control;
   Changed(Aspect::Focus);
-  OnFocus(control);
+  OnFocus(&control);
   Control::Fire(control.Enter);
 }
 

@@ -68,7 +68,7 @@ class Form : public Observable {
   bool DoClose();
   // Moves the focus as a person does: `Leave`, then `Enter`. False when a rule kept the focus elsewhere.
   bool DoFocus(Control& control);
-  // The focus leaves for nowhere, as when the form closes. False when a rule kept it.
+  // The focus leaves for nowhere, as when the person goes to another window. False when a rule kept it.
   bool DoLeave();
   // Keys that no control used: F9 and the like for the form's own rules, Enter and Esc for its buttons.
   bool DoKey(Key key);
@@ -84,10 +84,11 @@ class Form : public Observable {
   // Whether the form may close: the place to ask about unsaved changes.
   virtual bool QueryClose() { return true; }
   virtual bool OnKey(Key /*key*/) { return false; }
-  // The focus now rests on the control, by a person or a rule.
-  virtual void OnFocus(Control& /*control*/) {}
+  // The focus now rests on the control, by a person or a rule; nullptr when it left for nowhere.
+  virtual void OnFocus(Control* /*control*/) {}
 
  private:
+  bool LeaveActive();
   void Rest(Control& control);
 
   std::string name_;

@@ -100,7 +100,7 @@ class patScreen_SM : public forms::Form {
   void OnLoad() override;
   bool QueryClose() override;
   bool OnKey(forms::Key key) override;
-  void OnFocus(forms::Control& control) override;
+  void OnFocus(forms::Control* control) override;
 
  private:
   // Reading.

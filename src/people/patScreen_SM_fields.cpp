@@ -164,11 +164,13 @@ void patScreen_SM::ShowHelp() {
 }
 
 // The drop-down parts go away when the focus rests anywhere but on them and the box that dropped them.
-void patScreen_SM::OnFocus(forms::Control& control) {
-  if (&control != &Text1[kCity] && &control != &Text1[kZip] && !control.LiesOn(ZipCodes.ZipCode_Panel)) {
+void patScreen_SM::OnFocus(forms::Control* control) {
+  const auto rests_on = [control](const forms::TextBox& box) { return control == &box; };
+  const auto lies_on = [control](const forms::Panel& panel) { return control != nullptr && control->LiesOn(panel); };
+  if (!rests_on(Text1[kCity]) && !rests_on(Text1[kZip]) && !lies_on(ZipCodes.ZipCode_Panel)) {
     ZipCodes.Hide();
   }
-  if (&control != &Text1[kReferral] && &control != &Text1[kProvider] && !control.LiesOn(Name_List)) {
+  if (!rests_on(Text1[kReferral]) && !rests_on(Text1[kProvider]) && !lies_on(Name_List)) {
     Name_List.Visible = false;
   }
   PictureBox1.Visible = false;
