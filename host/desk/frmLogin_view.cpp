@@ -13,12 +13,12 @@ void LayOut_frmLogin(views::FormDialog& dialog, frmLogin& form) {
   const int gap = dialog.FromDIP(10);
   views::FieldGroup group(&dialog, "Practice");
   const auto row = [&](forms::Label& caption, forms::TextBox& field) {
-    wxWindow* label = views::MakeCaption(group.Box(), caption, field);
+    wxWindow* label = views::MakeCaption(group.Box(), caption);
     group.Row(label, {views::MakeTextBox(group.Box(), field, 26)});
   };
   row(form.lblUser, form.txtUser);
   row(form.lblPassword, form.txtPassword);
-  wxWindow* office = views::MakeCaption(group.Box(), form.lblOffice, form.cboOffice);
+  wxWindow* office = views::MakeCaption(group.Box(), form.lblOffice);
   group.Row(office, {views::MakeComboBox(group.Box(), form.cboOffice, 20)});
 
   auto* page = new wxBoxSizer(wxVERTICAL);

@@ -68,8 +68,13 @@ void MainFrame::MakeCommands() {
   auto* patient = new wxMenu;
   auto* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_TEXT);
   bar->SetName("commands");
+  std::vector<wxAcceleratorEntry> keys;  // before the lists, which have a use of their own for some
   const auto add = [&](wxMenu* menu, const wxString& text, const wxString& tip, const char* picture, auto action) {
     const int id = menu->Append(wxID_ANY, text, tip)->GetId();
+    if (wxAcceleratorEntry key; text.Contains("\t") && key.FromString(text)) {
+      key.Set(key.GetFlags(), key.GetKeyCode(), id);
+      keys.push_back(key);
+    }
     Bind(
         wxEVT_MENU, [action](wxCommandEvent&) { action(); }, id);
     if (const wxBitmapBundle bundle = desk_.User().Pictures().Find(picture); bundle.IsOk()) {
@@ -85,6 +90,7 @@ void MainFrame::MakeCommands() {
   add(practice, "&Switch User...", "Logs in as somebody else", "Fam_Table_32.png", [this] { SwitchUser(); });
   Bind(
       wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, practice->Append(wxID_EXIT)->GetId());
+  SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
   bar->Realize();
   auto* menus = new wxMenuBar;
   menus->Append(practice, "&Practice");

@@ -111,6 +111,10 @@ void FormDialog::Run() {
 }
 
 bool FormDialog::SyncFocus() {
+  if (focus_set_) {
+    ShowFocus();
+    return true;
+  }
   const Binding* focused = Focused();
   if (focused == nullptr || form_.Closed() || covered_ || !focused->Control().TakesFocus() ||
       focused->Control().HasFocus()) {
@@ -133,6 +137,7 @@ void FormDialog::LayOutSoon() {
 
 void FormDialog::FormChanged(forms::Aspect aspect) {
   if (aspect == forms::Aspect::Focus) {
+    focus_set_ = true;
     CallAfter([this] { ShowFocus(); });
   } else {
     SetTitle(ToWx(form_.Caption.get()));
@@ -150,8 +155,7 @@ void FormDialog::OnKey(wxKeyEvent& event) {
     return;
   }
   const auto key = KeyOf(event);
-  const bool used = key ? UseKey(Focused(), *key) : UseMnemonic(event);
-  if (!used) {
+  if (!key || !UseKey(Focused(), *key)) {
     event.Skip();
   }
 }
@@ -175,18 +179,6 @@ bool FormDialog::UseKey(Binding* binding, forms::Key key) {
   return false;
 }
 
-bool FormDialog::UseMnemonic(const wxKeyEvent& event) {
-  const auto found = mnemonics_.find(wxToupper(event.GetUnicodeKey()));
-  if (event.GetModifiers() != wxMOD_ALT || found == mnemonics_.end()) {
-    return false;
-  }
-  Binding* binding = Find(*found->second);
-  if (binding != nullptr && binding->Control().Usable()) {
-    binding->FocusWidget().SetFocus();
-  }
-  return true;
-}
-
 // Behind the last field come the dialog buttons.
 void FormDialog::ToNextField(const Binding& from) {
   bool behind = false;
@@ -202,6 +194,7 @@ void FormDialog::ToNextField(const Binding& from) {
 }
 
 void FormDialog::ShowFocus() {
+  focus_set_ = false;
   const forms::Control* active = form_.ActiveControl();
   Binding* binding = active == nullptr ? nullptr : Find(*active);
   if (binding != nullptr && binding != Focused() && active->Usable()) {

@@ -45,9 +45,6 @@ class FormDialog : public wxDialog, private forms::FormObserver {
   // Nullptr for a control that the view does not show.
   Binding* Find(const forms::Control& control) const;
 
-  // Alt and that letter go to the control.
-  void SetMnemonic(wxUniChar letter, const forms::Control& control) { mnemonics_[wxToupper(letter)] = &control; }
-
   // Shows the form and returns when it is closed.
   void Run();
 
@@ -66,7 +63,6 @@ class FormDialog : public wxDialog, private forms::FormObserver {
 
   void OnKey(wxKeyEvent& event);
   bool UseKey(Binding* binding, forms::Key key);
-  bool UseMnemonic(const wxKeyEvent& event);
   void ToNextField(const Binding& from);
   void ShowFocus();
   Binding* Focused() const;
@@ -80,9 +76,9 @@ class FormDialog : public wxDialog, private forms::FormObserver {
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
   std::map<const forms::Control*, Binding*> by_control_;
-  std::map<wxChar, const forms::Control*> mnemonics_;
   bool covered_ = false;
   bool layout_pending_ = false;
+  bool focus_set_ = false;  // by the form, and not shown yet
 };
 
 }  // namespace views

@@ -30,7 +30,6 @@ class DropBinding : public Binding {
     corner.x = std::max(0, std::min(corner.x, room.x - panel.GetSize().x));
     panel.Move(corner);
     panel.Raise();
-    panel.Refresh();
   }
 
  private:
@@ -77,7 +76,10 @@ wxPanel* MakePanel(wxWindow* parent, forms::Panel& control) {
 
 wxPanel* MakeDropPanel(wxWindow* parent, forms::Panel& control, std::function<const forms::Control&()> anchor) {
   auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_RAISED);
-  panel->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+  panel->Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent& event) {
+    event.GetDC()->SetBackground(wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
+    event.GetDC()->Clear();
+  });
   FormDialog::Of(*parent).Attach<DropBinding>(control, *panel, std::move(anchor));
   return panel;
 }

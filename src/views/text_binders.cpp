@@ -55,6 +55,12 @@ class TextBinding : public Binding {
     long from = 0;
     long to = 0;
     text_.GetSelection(&from, &to);
+    // A widget may have taken the selected characters away already.
+    const wxString before = WithLineFeeds(box_.Text);
+    if (const std::size_t shown = text_.GetValue().length(); shown < before.length()) {
+      to = from + static_cast<long>(before.length() - shown);
+      text_.ChangeValue(before);
+    }
     Put(from, to, wxString(character));
   }
 
@@ -119,8 +125,8 @@ class TextBinding : public Binding {
 
 class LabelBinding : public Binding {
  public:
-  LabelBinding(forms::Label& control, wxStaticText& widget, const forms::Control* field)
-      : Binding(control, widget), label_(control), text_(widget), field_(field) {
+  LabelBinding(forms::Label& control, wxStaticText& widget, bool mnemonics)
+      : Binding(control, widget), label_(control), text_(widget), mnemonics_(mnemonics) {
     text_.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { label_.DoClick(); });
   }
 
@@ -130,22 +136,17 @@ class LabelBinding : public Binding {
       return;
     }
     const wxString wanted = WithLineFeeds(label_.Caption);
-    const wxString shown = field_ == nullptr ? wxControl::EscapeMnemonics(wanted) : wanted;
-    if (text_.GetLabel() == shown) {
-      return;
+    const wxString shown = mnemonics_ ? wanted : wxControl::EscapeMnemonics(wanted);
+    if (text_.GetLabel() != shown) {
+      text_.SetLabel(shown);
+      Dialog().LayOutSoon();
     }
-    text_.SetLabel(shown);
-    const int mnemonic = wxControl::FindAccelIndex(shown);
-    if (field_ != nullptr && mnemonic != wxNOT_FOUND) {
-      Dialog().SetMnemonic(wxControl::RemoveMnemonics(shown)[static_cast<std::size_t>(mnemonic)], *field_);
-    }
-    Dialog().LayOutSoon();
   }
 
  private:
   forms::Label& label_;
   wxStaticText& text_;
-  const forms::Control* field_;
+  bool mnemonics_;
 };
 
 }  // namespace
@@ -168,13 +169,13 @@ wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int character
 
 wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control) {
   auto* text = new wxStaticText(parent, wxID_ANY, {});
-  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, nullptr);
+  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, false);
   return text;
 }
 
-wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control, const forms::Control& field) {
+wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control) {
   auto* text = new wxStaticText(parent, wxID_ANY, {});
-  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, &field);
+  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, true);
   return text;
 }
 

@@ -12,8 +12,8 @@ namespace views {
 wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines = 1);
 // A text as it is: '&' is one.
 wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control);
-// The caption before a field: Alt and the letter after '&' go to the field.
-wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control, const forms::Control& field);
+// The caption before a field, made just before it: Alt and the letter after '&' go to the field.
+wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control);
 
 // The width of so many digits in a window's own font, with a field's borders.
 int FieldWidth(const wxWindow& window, int characters);

@@ -17,7 +17,7 @@ struct Fields {
   patScreen_SM& form;
   wxWindow* box;
 
-  wxWindow* Caption(std::size_t field) const { return MakeCaption(box, form.Label1.at(field), form.Text1.at(field)); }
+  wxWindow* Caption(std::size_t field) const { return MakeCaption(box, form.Label1.at(field)); }
   wxWindow* Text(std::size_t field, int characters) const { return MakeTextBox(box, form.Text1.at(field), characters); }
   wxWindow* Pick(std::size_t button) const { return MakePickButton(box, form.Command3D1.at(button)); }
 };
@@ -29,8 +29,8 @@ wxSizer* NameGroup(FormDialog& dialog, patScreen_SM& form) {
     wxWindow* caption = make.Caption(field);
     group.Row(caption, {make.Text(field, characters)});
   };
-  row(form.kLastName, 24);
-  row(form.kFirstName, 24);
+  row(form.kLastName, 36);
+  row(form.kFirstName, 36);
   group.BehindBoth(MakePicture(group.Box(), form.picSwapName));
   wxWindow* sex = make.Caption(form.kSex);
   wxWindow* sex_text = make.Text(form.kSex, 3);
