@@ -61,7 +61,7 @@ bool RecordBinding::Changed() const {
 std::int32_t RecordBinding::Insert() {
   Assignments values;
   for (const Binding& binding : bindings_) {
-    if (!binding.Text().empty()) {
+    if (binding.box != nullptr || !binding.Text().empty()) {
       values.emplace_back(binding.column, binding.Literal());
     }
   }

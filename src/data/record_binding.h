@@ -31,7 +31,7 @@ class RecordBinding {
   bool Changed() const;
   bool Changed(const forms::TextBox& box) const { return box.DataChanged; }
 
-  // Inserts a row with every bound column that is not empty; the row's ID.
+  // Inserts a row with every bound text and every bound label that is not empty; the row's ID.
   std::int32_t Insert();
   // Updates the bound columns that changed; writes nothing when none did.
   void Update();

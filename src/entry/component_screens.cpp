@@ -43,13 +43,9 @@ void ComponentScreens::Load_PatInfo_Small(std::string& id, const std::string& ty
 }
 
 void ComponentScreens::PaTable_Edit_Start(std::string_view person_type, std::string& id) {
-  EditPerson(person_type, id, 0);
-}
-
-void ComponentScreens::EditPerson(std::string_view person_type, std::string& id, std::int32_t new_employee_login) {
   const std::string key = forms::ToUpper(person_type);
   if (key == "PTYPEMP") {
-    if (id == session::kNew && new_employee_login != 0 && !AcceptLogin(new_employee_login)) {
+    if (forms::EqualsIgnoringCase(id, session::kNew) && new_employee_login_ != 0 && !AcceptLogin()) {
       id = session::kCancelAndClose;
       return;
     }
@@ -61,12 +57,13 @@ void ComponentScreens::EditPerson(std::string_view person_type, std::string& id,
   }
 }
 
-bool ComponentScreens::AcceptLogin(std::int32_t login) {
+bool ComponentScreens::AcceptLogin() {
   std::string name;
   const data::Statements statements(context_.session);
   const bool read = data::Attempt(context_.user, [&] {
-    name = session::ToText(statements.SelectValue("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(login) +
-                                                  statements.Office(" and (OfficeID = ", ") ")));
+    name = session::ToText(
+        statements.SelectValue("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(new_employee_login_) +
+                               statements.Office(" and (OfficeID = ", ") ")));
   });
   return read && context_.user.Ask({.text = "New Employees entered through the Setup Login Name screen will be "
                                             "automatically be associated with the login name and rights selected on "

@@ -10,7 +10,9 @@ namespace entry {
 // The screens of this component, opened over one session for one person.
 class ComponentScreens : public session::Screens {
  public:
-  ComponentScreens(session::Session& session, forms::User& user) : context_{session, user, *this} {}
+  // A new employee is entered for `new_employee_login`, 0 for none.
+  ComponentScreens(session::Session& session, forms::User& user, std::int32_t new_employee_login = 0)
+      : context_{session, user, *this}, new_employee_login_(new_employee_login) {}
 
   const session::ScreenContext& Context() const { return context_; }
 
@@ -25,16 +27,15 @@ class ComponentScreens : public session::Screens {
   void Ins_Company_Start(std::string& carrier_id) override;
   void Pharmacy_Start(std::string& pharmacy_id) override;
 
-  // As `PaTable_Edit_Start`; a new employee is entered for the login, 0 for none.
-  void EditPerson(std::string_view person_type, std::string& id, std::int32_t new_employee_login);
   // Says that a screen of the suite is not in this version.
   void TellNotBuilt(std::string_view form, std::string_view what);
 
  private:
-  // False when the person would rather not enter a new employee for that login.
-  bool AcceptLogin(std::int32_t login);
+  // False when the person would rather not enter a new employee for the login.
+  bool AcceptLogin();
 
   session::ScreenContext context_;
+  std::int32_t new_employee_login_;
 };
 
 }  // namespace entry

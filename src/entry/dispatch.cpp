@@ -12,11 +12,6 @@ namespace {
 using forms::Currency;
 using forms::Form;
 
-bool ToBool(std::string_view text) {
-  return forms::EqualsIgnoringCase(text, "true") || forms::EqualsIgnoringCase(text, "on") || text == "1" ||
-         text == "-1";
-}
-
 std::string FromBool(bool value) {
   return value ? "True" : "False";
 }
@@ -38,7 +33,7 @@ class Reader {
 
   std::string& Text(const char* name) { return arguments_[name]; }
   std::int32_t Int(const char* name) { return ToInt(arguments_[name]); }
-  bool Bool(const char* name) { return ToBool(arguments_[name]); }
+  bool Bool(const char* name) { return forms::IsOn(arguments_[name]); }
   Currency Money(const char* name) { return Currency::Parse(arguments_[name]).value_or(Currency()); }
   // A record ID; one that was left out asks for a new record.
   std::string& Id(const char* name) { return arguments_.try_emplace(name, session::kNew).first->second; }
@@ -55,7 +50,7 @@ Form::NamedProperty Property(std::int32_t& value) {
 }
 
 Form::NamedProperty Property(bool& value) {
-  return {[&value] { return FromBool(value); }, [&value](const std::string& text) { value = ToBool(text); }};
+  return {[&value] { return FromBool(value); }, [&value](const std::string& text) { value = forms::IsOn(text); }};
 }
 
 Form::NamedProperty Property(std::string& value) {

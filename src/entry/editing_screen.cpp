@@ -10,7 +10,8 @@ void EditingScreen::Open(const std::function<void(ComponentScreens&)>& screen) {
                forms::Icon::Critical);
     return;
   }
-  ComponentScreens screens(*session, user_);
+  RegisterMainForm(StartForm);
+  ComponentScreens screens(*session, user_, NewEmployeePasswordID);
   screen(screens);
 }
 
@@ -81,7 +82,7 @@ void EditingScreen::Load_PatInfo_Small(std::string& id, const std::string& typed
 }
 
 void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::string& id) {
-  Open([&](ComponentScreens& screens) { screens.EditPerson(person_type, id, NewEmployeePasswordID); });
+  Open([&](ComponentScreens& screens) { screens.PaTable_Edit_Start(person_type, id); });
 }
 
 bool EditingScreen::eReminder_PersonalSetup(std::int32_t /*patient_id*/) {

@@ -11,6 +11,7 @@ struct Slots {
   HostObject gc;
   std::shared_ptr<session::Session> pv;
   Printer printer;
+  HostObject main_form;
 };
 
 // One for the component, for as long as it is loaded: the host's contract asks for it.
@@ -51,6 +52,16 @@ const std::shared_ptr<session::Session>& IGlobal::PV() const {
 
 void IGlobal::SetPV(std::shared_ptr<session::Session> session) {
   TheSlots().pv = std::move(session);
+}
+
+const HostObject& IGlobal::MainForm() const {
+  return TheSlots().main_form;
+}
+
+void IGlobal::RegisterMainForm(const HostObject& form) {
+  if (TheSlots().main_form == nullptr) {
+    TheSlots().main_form = form;
+  }
 }
 
 void IGlobal::SetPrinter(Printer printer) {

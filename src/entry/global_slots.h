@@ -34,6 +34,10 @@ class IGlobal {
   const std::shared_ptr<session::Session>& PV() const;
   void SetPV(std::shared_ptr<session::Session> session);
 
+  // The host's main form, kept from the first instance that had one.
+  const HostObject& MainForm() const;
+  void RegisterMainForm(const HostObject& form);
+
   // The printer that the host passes in and out for the screens' printing; one for the component.
   void SetPrinter(Printer printer);
   const Printer& GetPrinter() const;

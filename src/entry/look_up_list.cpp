@@ -6,6 +6,14 @@
 #include "lookup/look_up.h"
 
 namespace entry {
+namespace {
+
+bool IsInsuranceList(std::int32_t type) {
+  return type == session::lulInsuranceCo || type == session::lulGroupPlan || type == session::lulInsGroup ||
+         type == session::lulCapPlans;
+}
+
+}  // namespace
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   const std::string title = std::exchange(ListTitle, {});
@@ -15,6 +23,7 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
                forms::Icon::Critical);
     return;
   }
+  RegisterMainForm(StartForm);
   if (fOwner != nullptr) {
     frmOwner = std::move(fOwner);
   }
@@ -25,11 +34,11 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   options.narrowing.group_plan_company = GroupPlanCompanyID;
   options.narrowing.family_head_including = FamHeadIncPatID;
   options.show_mode = ShowMode;
-  options.multi_select = MultiSel || InsLLCanMultiSel;
+  options.multi_select = MultiSel || (InsLLCanMultiSel && IsInsuranceList(ListType));
   options.no_double_click = No_Double_Click;
   options.show_facility_options = ShowFacilityOptions;
   options.skip_list_if_new = Skip_List_IF_New;
-  ComponentScreens screens(*session, user_);
+  ComponentScreens screens(*session, user_, NewEmployeePasswordID);
   const lookup::LookUpResult result = lookup::ShowLookUpList(screens.Context(), ListType, options);
   if (result.choice) {
     SelectedID = result.choice->id;

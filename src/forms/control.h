@@ -34,6 +34,9 @@ class Control : public Observable {
   Property<std::optional<Color>> BackColor{*this};
   std::string Tag;
 
+  // False for a button that may be reached while a field's rule would keep the focus: cancel, help.
+  bool CausesValidation = true;
+
   // The panel that this control lies on: hidden or disabled with it.
   Control* Container = nullptr;
 

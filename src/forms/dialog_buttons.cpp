@@ -9,6 +9,8 @@ DialogButtons::DialogButtons() {
   Extra.Visible = false;
   Cancel.Caption = "&Cancel";
   Help.Caption = "&Help";
+  Cancel.CausesValidation = false;
+  Help.CausesValidation = false;
   for (Button* button : {&OK, &Extra, &Cancel, &Help}) {
     button->Container = this;
   }

@@ -59,7 +59,7 @@ bool Form::DoFocus(Control& control) {
   if (!control.Usable() || !control.TakesFocus()) {
     return false;
   }
-  if (!LeaveActive() || closed_ || !control.Usable()) {
+  if ((control.CausesValidation && !LeaveActive()) || closed_ || !control.Usable()) {
     return active_ == &control;
   }
   Rest(control);

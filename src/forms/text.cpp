@@ -163,6 +163,10 @@ std::string ToProper(std::string_view utf8) {
   });
 }
 
+bool IsOn(std::string_view text) {
+  return text == "1" || text == "-1" || EqualsIgnoringCase(text, "on") || EqualsIgnoringCase(text, "true");
+}
+
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return left == right || (left.size() == right.size() && ToLower(left) == ToLower(right));
 }

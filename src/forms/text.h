@@ -28,6 +28,9 @@ std::string ToLower(std::string_view utf8);
 // First letter of each word upper, the others lower; an apostrophe stands within a word.
 std::string ToProper(std::string_view utf8);
 
+// A setting that is set: "1", "-1", "on" or "true" in any case.
+bool IsOn(std::string_view text);
+
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace forms

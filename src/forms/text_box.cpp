@@ -104,6 +104,10 @@ void TextBox::Changed(Aspect aspect) {
 void TextBox::TypeKeys(std::size_t from, std::string_view text) {
   std::size_t to = CharacterCount(Text.get());
   for (const char32_t character : ToUtf32(text)) {
+    if (ReadOnly) {
+      FilterKey(character, from);  // its rule may have something to say, once
+      return;
+    }
     if (const auto caret = DoTypeOver(from, to, ToUtf8({&character, 1}))) {
       from = to = *caret;
     }

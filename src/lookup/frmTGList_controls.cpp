@@ -19,10 +19,7 @@ forms::Form::NamedProperty Number(std::int32_t& value) {
 
 forms::Form::NamedProperty Flag(bool& value) {
   return {[&value] { return value ? "True" : "False"; },
-          [&value](const std::string& text) {
-            value = text == "1" || text == "-1" || forms::EqualsIgnoringCase(text, "on") ||
-                    forms::EqualsIgnoringCase(text, "True");
-          }};
+          [&value](const std::string& text) { value = forms::IsOn(text); }};
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ constexpr std::string_view kSearchAnywhere = "FILTER_SRCH_ANY";
 constexpr std::string_view kAutoClear = "FILTER_AUTO_CLEAR";
 
 bool IsSet(std::string_view option) {
-  return option == "1" || option == "-1" || forms::EqualsIgnoringCase(option, "True");
+  return forms::IsOn(option);
 }
 
 // The cell of a list of persons that a caption stands for; nullptr for any other column.

@@ -72,12 +72,16 @@ void Contacts::Read(std::int32_t person) {
       const int field = row->FieldIndex(column);
       return field < 0 ? 0 : row->Fields()[static_cast<std::size_t>(field)].defined_size;
     };
-    contacts.selected = text(Column(side, "Con"));
-    contacts.visible = text(VisibleColumn(side));
+    const std::string selected = text(Column(side, "Con"));
+    contacts.seen = !selected.empty();
+    contacts.selected = KnownCode(selected);
     visible_sizes_[side] = size(VisibleColumn(side));
     for (const std::string_view code : kContactCodes) {
       contacts.values.emplace(code, text(Column(side, code)));
       contacts.sizes.emplace(code, size(Column(side, code)));
+    }
+    if (!contacts.seen) {
+      SetValue(side, kFirstPhone, Cut(side, kFirstPhone, text(VisibleColumn(side))));
     }
   }
 }
@@ -85,12 +89,10 @@ void Contacts::Read(std::int32_t person) {
 void Contacts::Setup(std::int32_t person) {
   Read(person);
   for (const Side side : kSides) {
-    SideRow& contacts = sides_[side];
-    if (!contacts.selected.empty()) {
+    const SideRow& contacts = sides_[side];
+    if (contacts.seen) {
       continue;
     }
-    contacts.selected = kFirstPhone;
-    SetValue(side, kFirstPhone, Cut(side, kFirstPhone, contacts.visible));
     const std::string prefix(Prefix(side));
     statements_.Execute("UPDATE PATable SET " + prefix + "Con='" + contacts.selected + "', " + prefix +
                         "Pho1=" + data::Literal(Value(side, kFirstPhone)) + Where(person));
@@ -118,16 +120,16 @@ void Contacts::SetValue(Side side, std::string_view code, std::string value) {
   sides_[side].values.find(KnownCode(code))->second = std::move(value);
 }
 
-void Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visible) {
+bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visible) {
   const auto row = statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" +
                                       data::Literal(person) + statements_.Office());
+  if (row->Eof()) {
+    return false;
+  }
   for (const Side side : kSides) {
     SideRow& contacts = sides_[side];
-    contacts.selected = KnownCode(contacts.selected);
-    if (!row->Eof()) {
-      if (const std::string stored = session::ToText((*row)[Column(side, "Con")]); !stored.empty()) {
-        contacts.selected = KnownCode(stored);
-      }
+    if (const std::string stored = session::ToText((*row)[Column(side, "Con")]); !stored.empty()) {
+      contacts.selected = KnownCode(stored);
     }
     const std::string& code = contacts.selected;
     SetValue(side, code, Cut(side, code, visible.at(side)));
@@ -135,6 +137,7 @@ void Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visi
                         Column(side, code) + "=" + data::Literal(Value(side, code)) + Where(person));
   }
   SaveVisible(person);
+  return true;
 }
 
 void Contacts::SaveAll(std::int32_t person) {

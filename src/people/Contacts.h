@@ -34,7 +34,7 @@ class Contacts {
 
   // Reads the row; the first time a side is seen, its visible number becomes its first phone.
   void Setup(std::int32_t person);
-  // As `Setup`, writing nothing.
+  // As `Setup`, without writing that first phone.
   void Read(std::int32_t person);
 
   // The suffix of the selected contact's column.
@@ -48,15 +48,16 @@ class Contacts {
   void Select(Side side, std::string_view code);
   void SetValue(Side side, std::string_view code, std::string value);
 
-  // Writes the visible value of both sides into their selected contact, and brings the visible columns in step.
-  void Save(std::int32_t person, const std::map<Side, std::string>& visible);
+  // Writes the visible value of both sides into their selected contact, and brings the visible columns in step. False
+  // when the person's row is gone.
+  bool Save(std::int32_t person, const std::map<Side, std::string>& visible);
   // Writes all twelve contacts and both selections.
   void SaveAll(std::int32_t person);
 
  private:
   struct SideRow {
     std::string selected;
-    std::string visible;
+    bool seen = false;  // a contact is selected in the row
     std::map<std::string, std::string, std::less<>> values;
     std::map<std::string, int, std::less<>> sizes;
   };

@@ -60,6 +60,27 @@ Place SplitPlace(std::string_view text, bool non_us) {
   return place;
 }
 
+Place Place::Parse(std::string_view text) {
+  if (const Place us = SplitPlace(text, false); !us.state.empty() && !us.zip.empty()) {
+    return us;
+  }
+  Place place;
+  const std::size_t comma = text.rfind(',');
+  if (comma != std::string_view::npos) {
+    place.zip = forms::Trim(text.substr(comma + 1));
+  }
+  const std::string_view head = forms::Trim(text.substr(0, comma));
+  const std::size_t blank = head.rfind(' ');
+  if (blank != std::string_view::npos && forms::CharacterCount(head.substr(blank + 1)) == 2) {
+    place.state = head.substr(blank + 1);
+    place.city = forms::Trim(head.substr(0, blank));
+  } else {
+    place.city = head;
+  }
+  CutTrailingComma(place.city);
+  return place;
+}
+
 void ZIPCODE::Attach(forms::Form& form, const Boxes& boxes) {
   boxes_.emplace(boxes);
   form.Add("ZipCode_Panel", ZipCode_Panel);
@@ -139,6 +160,9 @@ void ZIPCODE::Hide() {
 bool ZIPCODE::Add() {
   SplitTyped();
   const Place place = OnScreen();
+  if (!HasCity(place)) {
+    return false;
+  }
   if (context_.user.Ask({.text = "Add [ " + place.Text() + " ] to database",
                          .title = std::string(kTitle),
                          .buttons = forms::kYesNo,
@@ -154,7 +178,7 @@ bool ZIPCODE::Add() {
     if (const auto stored = Read(id)) {
       PutOnScreen(*stored);
     }
-    Hide();
+    Leave();
   });
 }
 
@@ -172,17 +196,17 @@ bool ZIPCODE::Edit() {
                          .icon = forms::Icon::Question}) != forms::Answer::Yes) {
     return false;
   }
-  const auto typed = context_.user.Input({.prompt = "City, state and ZIP code:",
-                                          .title = std::string(kTitle),
-                                          .text = place->city + " " + place->state + " " + place->zip});
-  if (!typed || context_.user.Ask({.text = "Update City, State, and Zipcode?",
-                                   .title = "City, State, and Zipcode",
-                                   .buttons = forms::kYesNo,
-                                   .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+  const auto typed =
+      context_.user.Input({.prompt = "City State, Zip Code", .title = std::string(kTitle), .text = place->Text()});
+  if (!typed || !HasCity(Place::Parse(*typed)) ||
+      context_.user.Ask({.text = "Update City, State, and Zipcode?",
+                         .title = "City, State, and Zipcode",
+                         .buttons = forms::kYesNo,
+                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
     return false;
   }
   return data::Attempt(context_.user, [&] {
-    const Place changed = SplitPlace(*typed, NonUs());
+    const Place changed = Place::Parse(*typed);
     statements_.Update("ZipCodTable",
                        {{"ZipCodCit", data::Literal(changed.city)},
                         {"ZipCodSta", data::Literal(changed.state)},
@@ -243,16 +267,43 @@ void ZIPCODE::Pick() {
       PutOnScreen(*place);
     }
   });
+  Leave();
+}
+
+void ZIPCODE::Leave() {
   Hide();
   if (AfterPick != nullptr) {
     AfterPick->SetFocus();
   }
 }
 
-// A whole place typed into the city box goes into its three boxes.
+// A whole place typed into the city box goes into its boxes. Other countries' codes are typed into their own.
 void ZIPCODE::SplitTyped() {
-  if (const Place place = SplitPlace(boxes_->city.Text.get(), NonUs()); !place.state.empty() && !place.zip.empty()) {
-    PutOnScreen(place);
+  Place place = SplitPlace(boxes_->city.Text.get(), NonUs());
+  if (place.state.empty() || (place.zip.empty() && !NonUs())) {
+    return;
+  }
+  if (place.zip.empty()) {
+    place.zip = boxes_->zip.Text;
+  }
+  PutOnScreen(place);
+}
+
+bool ZIPCODE::HasCity(const Place& place) {
+  if (place.city.empty()) {
+    context_.user.Tell("A place needs a city. Please type it first.", std::string(kTitle), forms::Icon::Information);
+  }
+  return !place.city.empty();
+}
+
+// On with what was typed, to the box behind the one that dropped the list.
+void ZIPCODE::LeaveTyped() {
+  SplitTyped();
+  if (opener_ == Opener::Zip) {
+    Leave();
+  } else {
+    Hide();
+    boxes_->state.SetFocus();
   }
 }
 
@@ -262,10 +313,11 @@ bool ZIPCODE::OnListKey(forms::Key key) {
       if (ZIPCode_Combo.Current() != nullptr) {
         Pick();
       } else {
-        SplitTyped();
-        Hide();
-        boxes_->state.SetFocus();
+        LeaveTyped();
       }
+      return true;
+    case forms::Key::Tab:
+      LeaveTyped();
       return true;
     case forms::Key::Esc:
       Hide();
@@ -298,8 +350,7 @@ void ZIPCODE::OnListCharacter(char32_t character) {
 }
 
 bool ZIPCODE::NonUs() const {
-  const std::string setting = context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE");
-  return forms::EqualsIgnoringCase(setting, "TRUE") || setting == "1" || setting == "-1";
+  return forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE"));
 }
 
 }  // namespace people

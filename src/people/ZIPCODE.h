@@ -24,6 +24,9 @@ struct Place {
 
   // "Springfield IL, 62701"
   std::string Text() const { return city + " " + state + ", " + zip; }
+  // What `Text` writes, as a person may have changed it: the ZIP stands behind the last comma, or is a US one at the
+  // end; the state is the two letters before it.
+  static Place Parse(std::string_view text);
   friend bool operator==(const Place&, const Place&) = default;
 };
 
@@ -75,7 +78,11 @@ class ZIPCODE {
   void PutOnScreen(const Place& place);
   std::optional<Place> Read(std::int32_t id) const;
   void Pick();
+  void Leave();
+  void LeaveTyped();
   void SplitTyped();
+  // Says so when there is none.
+  bool HasCity(const Place& place);
   bool OnListKey(forms::Key key);
   void OnListCharacter(char32_t character);
   forms::TextBox& OpenerBox() const { return opener_ == Opener::City ? boxes_->city : boxes_->zip; }

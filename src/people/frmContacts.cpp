@@ -44,7 +44,7 @@ frmContacts::frmContacts(const session::ScreenContext& context)
 }
 
 void frmContacts::OnLoad() {
-  if (!data::Attempt(context_.user, [this] { contacts_.Read(pID); })) {
+  if (!data::Attempt(context_.user, [this] { ReadOnly ? contacts_.Read(pID) : contacts_.Setup(pID); })) {
     Close();
     return;
   }
@@ -58,6 +58,9 @@ void frmContacts::OnLoad() {
       boxes.at(i).ReadOnly = ReadOnly;
       boxes.at(i).DataChanged = false;
       if (code == contacts_.Selected(side)) {
+        if (const auto typed = Typed.find(side); typed != Typed.end()) {
+          boxes.at(i).Text = typed->second;
+        }
         options.at(i).Value = true;
         chosen = static_cast<int>(i);
       }
@@ -75,6 +78,9 @@ bool frmContacts::QueryClose() {
 }
 
 bool frmContacts::Unsaved() const {
+  if (ReadOnly) {
+    return false;
+  }
   const auto changed = [](const forms::TextBox& box) { return box.DataChanged; };
   return std::ranges::any_of(txtHome, changed) || std::ranges::any_of(txtWork, changed) ||
          home_.Chosen() != shown_at_first_[0] || work_.Chosen() != shown_at_first_[1];

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <string>
 
 #include "forms/check_box.h"
 #include "forms/dialog_buttons.h"
@@ -21,6 +23,8 @@ class frmContacts : public forms::Form {
   std::int32_t pID = 0;
   // Another user holds the person's row.
   bool ReadOnly = false;
+  // What the caller's screen shows for a side, typed and not yet saved; it takes the place of the stored value.
+  std::map<Side, std::string> Typed;
 
   std::array<forms::OptionButton, 6> optHome;
   std::array<forms::OptionButton, 6> optWork;

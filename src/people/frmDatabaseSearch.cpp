@@ -7,6 +7,23 @@
 namespace people {
 namespace {
 
+// "1 Main St Apt 2 Springfield, IL 62701", without what is not known.
+std::string Address(const std::string& line1, const std::string& line2, const std::string& city,
+                    const std::string& state, const std::string& zip) {
+  std::string address;
+  const auto add = [&address](std::string_view between, const std::string& part) {
+    if (!part.empty()) {
+      address += (address.empty() ? "" : std::string(between)) + part;
+    }
+  };
+  add("", line1);
+  add(" ", line2);
+  add(" ", city);
+  add(city.empty() ? " " : ", ", state);
+  add(" ", zip);
+  return address;
+}
+
 // Persons as they are read from the statement.
 class PersonRows : public forms::TableRows {
  public:
@@ -21,8 +38,7 @@ class PersonRows : public forms::TableRows {
       ids_.push_back(session::ToId(person["pID"]));
       rows.push_back(
           {{text("pFIRNAM") + " " + text("pLASNAM") + " [ " + text("pID") + " ]", text("pHOMPHO"), text("pBUSPHO"),
-            text("pSSN"),
-            text("pADD1") + " " + text("pADD2") + " " + text("pCIT") + ", " + text("pSTA") + " " + text("pZIP")}});
+            text("pSSN"), Address(text("pADD1"), text("pADD2"), text("pCIT"), text("pSTA"), text("pZIP"))}});
     }
     return !persons_->Eof();
   }

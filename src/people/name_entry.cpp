@@ -30,7 +30,9 @@ std::string Quoted(const session::Database& database, std::string_view beginning
 }
 
 std::string NameCondition(const session::Database& database, const TypedName& name) {
-  return "pLASNAM Like " + Quoted(database, name.last) + " and pFIRNAM Like " + Quoted(database, name.first);
+  const std::string last = "pLASNAM Like " + Quoted(database, name.last);
+  // Persons without a first name are found by their last name alone.
+  return name.first.empty() ? last : last + " and pFIRNAM Like " + Quoted(database, name.first);
 }
 
 NameEntry Open(const session::ScreenContext& context, std::string id, const std::string& typed) {
@@ -59,6 +61,11 @@ TypedName ParseName(std::string_view text) {
     return {std::string(text), {}};
   }
   return {std::string(text.substr(blank + 1)), std::string(forms::Trim(text.substr(0, blank)))};
+}
+
+std::string LastFirst(const session::Value& last, const session::Value& first) {
+  const std::string first_name = session::ToText(first);
+  return session::ToText(last) + (first_name.empty() ? "" : ", " + first_name);
 }
 
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {

@@ -23,6 +23,9 @@ TypedName ParseName(std::string_view text);
 // A typed ID or name; text that is a whole number is an ID.
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text);
 
+// "Smith, John"; without the comma when there is no first name.
+std::string LastFirst(const session::Value& last, const session::Value& first);
+
 // The statement that finds the persons whose names begin so. A name typed without a comma is looked for in the
 // reversed word order too.
 std::string NameSearch(const session::Database& database, std::string_view text, bool family_heads);

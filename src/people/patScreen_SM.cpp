@@ -98,9 +98,8 @@ void patScreen_SM::Register() {
   Properties["pID"] = {[this] { return std::to_string(pID); },
                        [this](const std::string& id) { pID = session::ToId(session::Value(id)); }};
   Properties["TypedName"] = {[this] { return TypedName; }, [this](const std::string& name) { TypedName = name; }};
-  Properties["ShowSaveNBookAppt"] = {
-      [this] { return ShowSaveNBookAppt ? "True" : "False"; },
-      [this](const std::string& show) { ShowSaveNBookAppt = forms::EqualsIgnoringCase(show, "True") || show == "1"; }};
+  Properties["ShowSaveNBookAppt"] = {[this] { return ShowSaveNBookAppt ? "True" : "False"; },
+                                     [this](const std::string& show) { ShowSaveNBookAppt = forms::IsOn(show); }};
 }
 
 void patScreen_SM::OnLoad() {
@@ -123,6 +122,8 @@ void patScreen_SM::OnLoad() {
     ShowFeeSchedule();
     Contacts_Setup();
     Patient_SM.MarkWritten();
+    // A name that was carried over is not thrown away without asking.
+    Text1[kLastName].DataChanged = Adding() && !TypedName.empty();
   });
   if (!loaded) {
     Close();
@@ -140,8 +141,11 @@ void patScreen_SM::LoadRecord() {
   }
   hold_.emplace(context_.session, "PATABLE", pID);
   read_only_ = !hold_->Held();
-  for (forms::TextBox& box : Text1) {
-    box.ReadOnly = read_only_;
+  if (read_only_) {
+    Caption = Caption.get() + " - Read only";
+    for (forms::TextBox& box : Text1) {
+      box.ReadOnly = true;
+    }
   }
 }
 
@@ -151,11 +155,12 @@ void patScreen_SM::LoadNew() {
   Label5[kIsPatient].Caption = "1";
   Label5[kAccountType].Caption = setting("PAT_AC_TYP");
   Text1[kMedicalAlert].Text = setting("PAT_MED_ALT");
-  const std::string provider = setting("OFF_DEF_PRO");
-  Label5[kProviderId].Caption = provider.empty() ? setting("OFF_PRA_PRO") : provider;
+  const auto person = [&setting](std::string_view key) { return session::ToId(session::Value(setting(key))); };
+  const std::int32_t provider = person("OFF_DEF_PRO") != 0 ? person("OFF_DEF_PRO") : person("OFF_PRA_PRO");
+  Label5[kProviderId].Caption = provider != 0 ? std::to_string(provider) : std::string();
   const people::TypedName name = ParseName(TypedName);
-  Text1[kLastName].Text = name.last;
-  Text1[kFirstName].Text = name.first;
+  Text1[kLastName].Text = forms::Left(name.last, static_cast<std::size_t>(Text1[kLastName].MaxLength.get()));
+  Text1[kFirstName].Text = forms::Left(name.first, static_cast<std::size_t>(Text1[kFirstName].MaxLength.get()));
 }
 
 void patScreen_SM::ShowPerson(Field field, HiddenField id) {
@@ -171,8 +176,7 @@ std::string patScreen_SM::NameOf(std::int32_t person) const {
   if (row->Eof()) {
     return {};
   }
-  const std::string first = session::ToText(row->Get(1));
-  return session::ToText(row->Get(0)) + (first.empty() ? "" : ", " + first);
+  return LastFirst(row->Get(0), row->Get(1));
 }
 
 void patScreen_SM::ShowAge() {
@@ -195,8 +199,12 @@ void patScreen_SM::Contacts_Setup() {
   } else {
     contacts_.Read(person);
   }
-  Label1[kHomePhone].Caption = contacts_.SideCaption(Side::Home);
-  Label1[kWorkPhone].Caption = contacts_.SideCaption(Side::Work);
+  const auto show = [this](Field field, Side side) {
+    Label1.at(field).Caption = contacts_.SideCaption(side);
+    Text1.at(field).MaxLength = contacts_.DefinedSize(side, contacts_.Selected(side));
+  };
+  show(kHomePhone, Side::Home);
+  show(kWorkPhone, Side::Work);
 }
 
 void patScreen_SM::Contacts_Save() {
@@ -245,7 +253,7 @@ void patScreen_SM::SaveFromButton(bool and_book) {
 }
 
 bool patScreen_SM::Save() {
-  if (!TakeBirthDate()) {
+  if (!TakeBirthDate() || !TakeSex()) {
     return false;
   }
   for (forms::TextBox& box : Text1) {
@@ -257,11 +265,13 @@ bool patScreen_SM::Save() {
     Text1[kLastName].SetFocus();
     return false;
   }
-  return data::Attempt(context_.user, [this] { Write(); });
+  bool written = false;
+  return data::Attempt(context_.user, [&] { written = Write(); }) && written;
 }
 
-// A failed statement leaves what it did not reach marked, and the next save goes on from there.
-void patScreen_SM::Write() {
+// A failed statement leaves what it did not reach marked, and the next save goes on from there. False when the row is
+// gone.
+bool patScreen_SM::Write() {
   const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
   if (Text1[kMedicalAlert].DataChanged) {
     Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
@@ -280,11 +290,16 @@ void patScreen_SM::Write() {
     nickname_pending_ = false;
   }
   Patient_SM.Update();
-  Contacts_Save();
+  if (!contacts_.Save(pID, {{Side::Home, Text1[kHomePhone].Text}, {Side::Work, Text1[kWorkPhone].Text}})) {
+    context_.user.Tell("Another user has deleted this patient. Your entries are still on the screen.",
+                       std::string(forms::kSuiteTitle), forms::Icon::Exclamation);
+    return false;
+  }
   birth_date_shown_ = Text1[kBirthDate].Text;
   write_pending_ = false;
   Saved = true;
   context_.session.RecordHandOff("pID", "PaTable", pID);
+  return true;
 }
 
 void patScreen_SM::WriteNickname() {
@@ -305,13 +320,19 @@ void patScreen_SM::EditContacts() {
   frmContacts dialog(context_);
   dialog.pID = pID;
   dialog.ReadOnly = read_only_;
+  if (Text1[kHomePhone].DataChanged) {
+    dialog.Typed[Side::Home] = Text1[kHomePhone].Text;
+  }
+  if (Text1[kWorkPhone].DataChanged) {
+    dialog.Typed[Side::Work] = Text1[kWorkPhone].Text;
+  }
   context_.user.Show(dialog);
   if (dialog.Saved) {
     data::Attempt(context_.user, [this] { ShowContacts(); });
   }
 }
 
-// The visible numbers as the contact dialog left them; a change to another field stays as it is.
+// The visible numbers as the contact dialog wrote them; a change to another field stays as it is.
 void patScreen_SM::ShowContacts() {
   Contacts_Setup();
   const auto show = [this](Field field, Side side) {

@@ -115,7 +115,7 @@ class patScreen_SM : public forms::Form {
   // Saving.
   bool Unsaved() const;
   bool Save();
-  void Write();
+  bool Write();
   void WriteNickname();
   void SaveFromButton(bool and_book);
   std::string FullName() const;
@@ -126,7 +126,7 @@ class patScreen_SM : public forms::Form {
   bool MayModify();
   char32_t FilterBirthDate(char32_t character);
   bool TakeBirthDate();
-  void LeaveSex();
+  bool TakeSex();
   void EnterField(std::size_t field);
   void ShowHelp();
   // Picks.
@@ -140,8 +140,11 @@ class patScreen_SM : public forms::Form {
   void DropNames(Field field);
   void PickPerson(Field field);
   void EditPerson(Field field);
+  void RemovePerson(Field field);
+  bool OnPersonKey(Field field, forms::Key key);
   void SetPerson(Field field, std::int32_t id, const std::string& name);
   void TakeSearchedName();
+  void LeaveSearch();
   void AddSearchedName(const std::string& typed);
   bool MayChangePerson(Field field);
   bool OnSearchKey(forms::Key key);

@@ -47,6 +47,7 @@ std::string HelpText(std::size_t field) {
 void patScreen_SM::Wire() {
   for (std::size_t i = 0; i < Text1.size(); ++i) {
     Text1.at(i).KeyPress = [this](char32_t character) { return MayModify() ? character : 0; };
+    Text1.at(i).KeyDown = [this](forms::Key key) { return key == forms::Key::Delete && !MayModify(); };
     Text1.at(i).Enter = [this, i] { EnterField(i); };
   }
   Text1[kBirthDate].KeyPress = [this](char32_t character) { return FilterBirthDate(character); };
@@ -54,25 +55,20 @@ void patScreen_SM::Wire() {
   Text1[kSex].KeyPress = [this](char32_t character) {
     return MayModify() ? forms::ToUtf32(forms::ToUpper(forms::ToUtf8({&character, 1}))).front() : 0;
   };
-  Text1[kSex].Leave = [this] { LeaveSex(); };
+  Text1[kSex].Leave = [this] { TakeSex(); };
   Text1[kCity].Change = [this] { ZipCodes.Show(ZIPCODE::Opener::City); };
   Text1[kZip].Change = [this] { ZipCodes.Show(ZIPCODE::Opener::Zip); };
   ZipCodes.AfterPick = &Text1[kHomePhone];
   ZipCodes.BeforeDeleteKey = [this] { return Confirm("Do you want delete this City, State, and Zip Code?"); };
   for (const Field field : {kReferral, kProvider}) {
+    Text1.at(field).ReadOnly = true;
     Text1.at(field).KeyPress = [this](char32_t) {
       if (MayModify()) {
         context_.user.Tell("Please press F9 or click button.");
       }
       return char32_t{0};
     };
-    Text1.at(field).KeyDown = [this, field](forms::Key key) {
-      if (key != forms::Key::Insert) {
-        return false;
-      }
-      EditPerson(field);
-      return true;
-    };
+    Text1.at(field).KeyDown = [this, field](forms::Key key) { return OnPersonKey(field, key); };
   }
   dbcNameSearch.Click = [this] { TakeSearchedName(); };
   dbcNameSearch.KeyDown = [this](forms::Key key) { return OnSearchKey(key); };
@@ -127,8 +123,11 @@ bool patScreen_SM::TakeBirthDate() {
     return true;
   }
   const forms::Date today = context_.session.Today();
-  const auto birth = forms::ParseDate(typed, today);
-  if (!typed.empty() && (!birth || *birth > today)) {
+  auto birth = forms::ParseDate(typed, today);
+  if (birth && *birth > today && !typed.ends_with(std::to_string(static_cast<int>(birth->year())))) {
+    birth = forms::Date(birth->year() - std::chrono::years(100), birth->month(), birth->day());
+  }
+  if (!typed.empty() && (!birth || !birth->ok() || *birth > today)) {
     context_.user.Tell("[ " + typed + " ] is not a birth date. Please type month, day and year.");
     Text1[kBirthDate].SetFocus();
     return false;
@@ -138,19 +137,20 @@ bool patScreen_SM::TakeBirthDate() {
   return true;
 }
 
-void patScreen_SM::LeaveSex() {
-  const std::string sex = forms::ToUpper(forms::Trim(Text1[kSex].Text.get()));
-  if (sex.empty() || sex == "F" || sex == "M") {
-    Text1[kSex].Text = sex;
-    return;
+// False when what was typed is neither F nor M; the focus then stays there.
+bool patScreen_SM::TakeSex() {
+  const std::string& sex = Text1[kSex].Text;
+  if (!Text1[kSex].DataChanged || sex.empty() || sex == "F" || sex == "M") {
+    return true;
   }
   context_.user.Tell("Only letters F or M are allowed.");
   Text1[kSex].SetFocus();
+  return false;
 }
 
 void patScreen_SM::EnterField(std::size_t field) {
   help_field_ = field;
-  if (context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "POPUP_HELP_FLAG") == "1") {
+  if (forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "POPUP_HELP_FLAG"))) {
     ShowHelp();
   }
   if (field == kReferral || field == kProvider) {
@@ -173,7 +173,7 @@ void patScreen_SM::OnFocus(forms::Control* control) {
   if (!rests_on(Text1[kReferral]) && !rests_on(Text1[kProvider]) && !lies_on(Name_List)) {
     Name_List.Visible = false;
   }
-  PictureBox1.Visible = false;
+  PictureBox1.Visible = PictureBox1.Visible && lies_on(Name_List);
 }
 
 bool patScreen_SM::OnKey(forms::Key key) {

@@ -95,7 +95,15 @@ void patScreen_SM::PickMedicalAlert() {
     return;
   }
   const bool append = answer == forms::Answer::Yes && !current.empty();
-  Text1[kMedicalAlert].Text = append ? current + ", " + picked->text : picked->text;
+  const std::string alert = append ? current + ", " + picked->text : picked->text;
+  if (const int room = Text1[kMedicalAlert].MaxLength;
+      room > 0 && forms::CharacterCount(alert) > static_cast<std::size_t>(room)) {
+    context_.user.Tell("The medical alert has room for " + std::to_string(room) +
+                           " characters. Please shorten it first; it was not changed.",
+                       std::string(forms::kSuiteTitle), forms::Icon::Exclamation);
+    return;
+  }
+  Text1[kMedicalAlert].Text = alert;
   Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
 }
 
@@ -165,6 +173,40 @@ void patScreen_SM::EditPerson(Field field) {
   }
 }
 
+void patScreen_SM::RemovePerson(Field field) {
+  const PersonField& person = Describe(field);
+  if (Label5.at(person.id).Caption->empty() || !MayChangePerson(field)) {
+    return;
+  }
+  if (Confirm("Remove this patient's " + std::string(person.word) + " ?")) {
+    Label5.at(person.id).Caption = std::string();
+    Text1.at(field).Text = std::string();
+  }
+}
+
+bool patScreen_SM::OnPersonKey(Field field, forms::Key key) {
+  switch (key) {
+    case forms::Key::Insert:
+      EditPerson(field);
+      return true;
+    case forms::Key::Delete:
+      RemovePerson(field);
+      return true;
+    case forms::Key::Down:
+      if (Name_List.Visible) {
+        dbcNameSearch.SetFocus();
+      }
+      return true;
+    case forms::Key::Esc: {
+      const bool dropped = Name_List.Visible;
+      Name_List.Visible = false;
+      return dropped;
+    }
+    default:
+      return false;
+  }
+}
+
 void patScreen_SM::DropNames(Field field) {
   if (read_only_) {
     return;
@@ -174,12 +216,11 @@ void patScreen_SM::DropNames(Field field) {
   std::vector<forms::ListItem> names;
   data::Attempt(context_.user, [&] {
     const std::string type(person.type_column);
-    const auto rows =
-        statements_.Select("SELECT pID AS ID, pLASNAM+', '+pFIRNAM AS pLasFirNam FROM PATable WHERE (" + type +
-                           "='1' OR " + type + "='2')" + statements_.Office() + " ORDER BY pLASNAM, pFIRNAM");
+    const auto rows = statements_.Select("SELECT pID AS ID, pLASNAM, pFIRNAM FROM PATable WHERE (" + type + "='1' OR " +
+                                         type + "='2')" + statements_.Office() + " ORDER BY pLASNAM, pFIRNAM");
     for (; !rows->Eof(); rows->MoveNext()) {
       const std::int32_t id = session::ToId(rows->Get(0));
-      names.push_back({session::ToText(rows->Get(1)) + std::string(kBeforeId) + std::to_string(id), id});
+      names.push_back({LastFirst(rows->Get(1), rows->Get(2)) + std::string(kBeforeId) + std::to_string(id), id});
     }
   });
   dbcNameSearch.Clear();
@@ -199,11 +240,16 @@ void patScreen_SM::TakeSearchedName() {
   const PersonField& person = Describe(searching_);
   const std::int32_t id = chosen->data;
   const std::string name = chosen->text.substr(0, chosen->text.rfind(kBeforeId));
-  Name_List.Visible = false;
   const bool differs = id != session::ToId(session::Value(Label5.at(person.id).Caption.get()));
   if (differs && MayChangePerson(searching_)) {
     SetPerson(searching_, id, name);
   }
+  LeaveSearch();
+}
+
+void patScreen_SM::LeaveSearch() {
+  Name_List.Visible = false;
+  Text1[searching_ == kReferral ? kSsn : kMedicalAlert].SetFocus();
 }
 
 bool patScreen_SM::OnSearchKey(forms::Key key) {
@@ -250,11 +296,15 @@ void patScreen_SM::AddSearchedName(const std::string& typed) {
     return;
   }
   data::Attempt(context_.user, [&] {
-    const std::int32_t id = statements_.Insert("PATable", {{"pLASNAM", data::Literal(name.last)},
-                                                           {"pFIRNAM", data::Literal(name.first)},
+    const auto fitting = [this](Field box, const std::string& text) {
+      return data::Literal(forms::Left(text, static_cast<std::size_t>(Text1.at(box).MaxLength.get())));
+    };
+    const std::int32_t id = statements_.Insert("PATable", {{"pLASNAM", fitting(kLastName, name.last)},
+                                                           {"pFIRNAM", fitting(kFirstName, name.first)},
                                                            {person.type_column, data::Literal("1")}});
+    context_.session.RecordHandOff("pID", "PaTable", id);
     SetPerson(searching_, id, NameOf(id));
-    Name_List.Visible = false;
+    LeaveSearch();
   });
 }
 

@@ -23,4 +23,13 @@ TEST(SplitPlace, PutsOtherPlacesInProperCase) {
   EXPECT_EQ(SplitPlace("LONDON ENGLAND", true), (Place{"London England", "", ""}));
 }
 
+TEST(Place, ReadsItsOwnTextBackAsAPersonChangesIt) {
+  for (const Place& place : {Place{"Springfield", "IL", "62701"}, Place{"Toronto", "ON", "M5V 2T6"},
+                             Place{"Los Angeles", "CA", ""}, Place{"Santo Domingo", "", "10101"}}) {
+    EXPECT_EQ(Place::Parse(place.Text()), place) << place.Text();
+  }
+  EXPECT_EQ(Place::Parse("Springfield IL 62702"), (Place{"Springfield", "IL", "62702"}));
+  EXPECT_EQ(Place::Parse("Los Angeles"), (Place{"Los Angeles", "", ""}));
+}
+
 }  // namespace
