@@ -8,8 +8,8 @@ namespace host {
 
 std::string ColorText(forms::Color color) {
   std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "#%02X%02X%02X", static_cast<unsigned>(color.red),
-                static_cast<unsigned>(color.green), static_cast<unsigned>(color.blue));
+  static_cast<void>(std::snprintf(text.data(), text.size(), "#%02X%02X%02X", static_cast<unsigned>(color.red),
+                                  static_cast<unsigned>(color.green), static_cast<unsigned>(color.blue)));
   return text.data();
 }
 

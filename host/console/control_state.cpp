@@ -1,6 +1,7 @@
 #include "console/control_state.h"
 
 #include <algorithm>
+#include <array>
 
 #include "console/color_text.h"
 #include "console/step_failure.h"
@@ -40,99 +41,135 @@ bool EnabledWithPanels(const forms::Control& control) {
   return control.Enabled && (control.Container == nullptr || EnabledWithPanels(*control.Container));
 }
 
-// The properties of one kind of control. The first of the names is the property's own.
-using Names = std::string_view;
-std::optional<PropertyValue> ReadOf(const forms::TextBox& box, Names name) {
-  if (name.empty() || name == "text") return Text(box.Text);
-  if (name == "maxlength") return Number(box.MaxLength);
-  if (name == "readonly" || name == "locked") return Truth(box.ReadOnly);
-  if (name == "passwordchar") return Text(box.PasswordChar == '\0' ? "" : std::string(1, box.PasswordChar));
-  if (name == "multiline") return Truth(box.MultiLine);
-  if (name == "mask") return Text(box.Mask);
-  return std::nullopt;
-}
+// A property of one kind of control; the first of a kind is its default property.
+template <typename Kind>
+struct Reader {
+  std::string_view name;
+  PropertyValue (*read)(const Kind&);
+};
 
-std::optional<PropertyValue> ReadOf(const forms::ListBox& list, Names name) {
-  const forms::ListItem* current = list.Current();
-  if (name.empty() || name == "text") return Text(current == nullptr ? "" : current->text);
-  if (name == "count" || name == "listcount") return Number(static_cast<int>(list.Items->size()));
-  if (name == "row" || name == "listindex") return Number(list.ListIndex);
-  if (name == "itemdata") return Text(current == nullptr ? "" : std::to_string(current->data));
-  return std::nullopt;
-}
-
-std::optional<PropertyValue> ReadOf(const forms::ComboBox& combo, Names name) {
-  if (name.empty() || name == "text") return Text(combo.Text);
-  if (name == "editable") return Truth(combo.Editable);
-  return ReadOf(static_cast<const forms::ListBox&>(combo), name);
-}
-
-std::optional<PropertyValue> ReadOf(const forms::Label& label, Names name) {
-  return name.empty() || name == "caption" || name == "text" ? std::optional(Caption(label.Caption)) : std::nullopt;
-}
-
-std::optional<PropertyValue> ReadOf(const forms::Button& button, Names name) {
-  if (name.empty() || name == "caption" || name == "text") return Caption(button.Caption);
-  return name == "picture" ? std::optional(Text(button.Picture)) : std::nullopt;
-}
-
-std::optional<PropertyValue> ReadOf(const forms::CheckBox& box, Names name) {
-  if (name.empty() || name == "value") return State(box.Value);
-  return name == "caption" ? std::optional(Caption(box.Caption)) : std::nullopt;
-}
-
-std::optional<PropertyValue> ReadOf(const forms::OptionButton& option, Names name) {
-  if (name.empty() || name == "value") return Truth(option.Value);
-  return name == "caption" ? std::optional(Caption(option.Caption)) : std::nullopt;
-}
-
-std::optional<PropertyValue> ReadOf(const forms::Grid& grid, Names name) {
-  const bool current = grid.Row >= 0 && grid.Row < grid.RowCount();
-  if (name.empty() || name == "text") return Text(current ? RowText(grid, grid.Row) : "");
-  if (name == "count") return Number(grid.RowCount());
-  if (name == "row") return Number(grid.Row);
-  if (name == "filterbar") return Truth(grid.FilterBar);
-  if (name == "multiselect") return Truth(grid.MultiSelect);
-  if (name == "sortcolumn") {
-    return Text(grid.SortColumn < 0 ? "" : grid.Columns.get()[static_cast<std::size_t>(grid.SortColumn.get())].caption);
+template <typename Kind, std::size_t N>
+std::optional<PropertyValue> ReadWith(const std::array<Reader<Kind>, N>& readers, const forms::Control& control,
+                                      std::string_view name) {
+  const auto* kind = dynamic_cast<const Kind*>(&control);
+  if (kind == nullptr) {
+    return std::nullopt;
   }
-  return name == "sortdescending" ? std::optional(Truth(grid.SortDescending)) : std::nullopt;
+  const auto found = name.empty() ? readers.begin() : std::ranges::find(readers, name, &Reader<Kind>::name);
+  return found == readers.end() ? std::nullopt : std::optional(found->read(*kind));
 }
 
-std::optional<PropertyValue> ReadOf(const forms::TabStrip& tabs, Names name) {
-  const auto current = static_cast<std::size_t>(tabs.CurrTab.get());
-  if (name.empty() || name == "caption" || name == "text") {
-    return Caption(current < tabs.Tabs->size() ? tabs.Tabs.get()[current] : "");
-  }
-  if (name == "count") return Number(static_cast<int>(tabs.Tabs->size()));
-  return name == "currtab" || name == "value" || name == "row" ? std::optional(Number(tabs.CurrTab)) : std::nullopt;
-}
+using forms::Control;
+constexpr std::array kOfEveryControl = {
+    Reader<Control>{"visible", [](const Control& c) { return Truth(c.Shown()); }},
+    Reader<Control>{"enabled", [](const Control& c) { return Truth(EnabledWithPanels(c)); }},
+    Reader<Control>{"focus", [](const Control& c) { return Truth(c.HasFocus()); }},
+    Reader<Control>{"tooltip", [](const Control& c) { return Text(c.ToolTip); }},
+    Reader<Control>{"tag", [](const Control& c) { return Text(c.Tag); }},
+    Reader<Control>{"forecolor", [](const Control& c) { return ColorOf(c.ForeColor); }},
+    Reader<Control>{"backcolor", [](const Control& c) { return ColorOf(c.BackColor); }},
+};
 
-std::optional<PropertyValue> ReadOf(const forms::Slider& slider, Names name) {
-  if (name.empty() || name == "value") return Number(slider.Value);
-  if (name == "min") return Number(slider.Min);
-  return name == "max" ? std::optional(Number(slider.Max)) : std::nullopt;
-}
+using forms::TextBox;
+constexpr std::array kOfTextBox = {
+    Reader<TextBox>{"text", [](const TextBox& box) { return Text(box.Text); }},
+    Reader<TextBox>{"maxlength", [](const TextBox& box) { return Number(box.MaxLength); }},
+    Reader<TextBox>{"readonly", [](const TextBox& box) { return Truth(box.ReadOnly); }},
+    Reader<TextBox>{"multiline", [](const TextBox& box) { return Truth(box.MultiLine); }},
+    Reader<TextBox>{"mask", [](const TextBox& box) { return Text(box.Mask); }},
+    Reader<TextBox>{
+        "passwordchar",
+        [](const TextBox& box) { return Text(box.PasswordChar == '\0' ? "" : std::string(1, box.PasswordChar)); }},
+};
 
-std::optional<PropertyValue> ReadOf(const forms::Timer& timer, Names name) {
-  if (name.empty()) return Truth(timer.Enabled);
-  return name == "interval" ? std::optional(Number(timer.Interval)) : std::nullopt;
-}
+using forms::ComboBox;
+constexpr std::array kOfComboBox = {
+    Reader<ComboBox>{"text", [](const ComboBox& combo) { return Text(combo.Text); }},
+    Reader<ComboBox>{"editable", [](const ComboBox& combo) { return Truth(combo.Editable); }},
+};
 
-std::optional<PropertyValue> ReadOf(const forms::Panel& panel, Names name) {
-  return name.empty() || name == "caption" ? std::optional(Caption(panel.Caption)) : std::nullopt;
-}
+using forms::ListBox;
+constexpr std::array kOfListBox = {
+    Reader<ListBox>{"text",
+                    [](const ListBox& list) { return Text(list.Current() == nullptr ? "" : list.Current()->text); }},
+    Reader<ListBox>{"count", [](const ListBox& list) { return Number(static_cast<int>(list.Items->size())); }},
+    Reader<ListBox>{"row", [](const ListBox& list) { return Number(list.ListIndex); }},
+    Reader<ListBox>{"listindex", [](const ListBox& list) { return Number(list.ListIndex); }},
+};
 
-template <typename... Kinds>
-std::optional<PropertyValue> ReadAny(const forms::Control& control, Names name) {
+constexpr std::array kOfLabel = {
+    Reader<forms::Label>{"caption", [](const forms::Label& label) { return Caption(label.Caption); }},
+};
+
+using forms::Button;
+constexpr std::array kOfButton = {
+    Reader<Button>{"caption", [](const Button& button) { return Caption(button.Caption); }},
+    Reader<Button>{"picture", [](const Button& button) { return Text(button.Picture); }},
+};
+
+using forms::CheckBox;
+constexpr std::array kOfCheckBox = {
+    Reader<CheckBox>{"value", [](const CheckBox& box) { return State(box.Value); }},
+    Reader<CheckBox>{"caption", [](const CheckBox& box) { return Caption(box.Caption); }},
+};
+
+using forms::OptionButton;
+constexpr std::array kOfOptionButton = {
+    Reader<OptionButton>{"value", [](const OptionButton& option) { return Truth(option.Value); }},
+    Reader<OptionButton>{"caption", [](const OptionButton& option) { return Caption(option.Caption); }},
+};
+
+using forms::Grid;
+constexpr std::array kOfGrid = {
+    Reader<Grid>{"text",
+                 [](const Grid& grid) {
+                   const bool current = grid.Row >= 0 && grid.Row < grid.RowCount();
+                   return Text(current ? RowText(grid, grid.Row) : "");
+                 }},
+    Reader<Grid>{"count", [](const Grid& grid) { return Number(grid.RowCount()); }},
+    Reader<Grid>{"row", [](const Grid& grid) { return Number(grid.Row); }},
+    Reader<Grid>{"multiselect", [](const Grid& grid) { return Truth(grid.MultiSelect); }},
+    Reader<Grid>{"sortcolumn",
+                 [](const Grid& grid) {
+                   return Text(grid.SortColumn < 0
+                                   ? ""
+                                   : grid.Columns.get()[static_cast<std::size_t>(grid.SortColumn.get())].caption);
+                 }},
+    Reader<Grid>{"sortdescending", [](const Grid& grid) { return Truth(grid.SortDescending); }},
+};
+
+using forms::TabStrip;
+constexpr std::array kOfTabStrip = {
+    Reader<TabStrip>{"caption",
+                     [](const TabStrip& tabs) {
+                       const auto current = static_cast<std::size_t>(tabs.CurrTab.get());
+                       return Caption(current < tabs.Tabs->size() ? tabs.Tabs.get()[current] : "");
+                     }},
+    Reader<TabStrip>{"count", [](const TabStrip& tabs) { return Number(static_cast<int>(tabs.Tabs->size())); }},
+    Reader<TabStrip>{"currtab", [](const TabStrip& tabs) { return Number(tabs.CurrTab); }},
+};
+
+using forms::Slider;
+constexpr std::array kOfSlider = {
+    Reader<Slider>{"value", [](const Slider& slider) { return Number(slider.Value); }},
+    Reader<Slider>{"min", [](const Slider& slider) { return Number(slider.Min); }},
+    Reader<Slider>{"max", [](const Slider& slider) { return Number(slider.Max); }},
+};
+
+constexpr std::array kOfTimer = {
+    Reader<forms::Timer>{"running", [](const forms::Timer& timer) { return Truth(timer.Enabled); }},
+    Reader<forms::Timer>{"interval", [](const forms::Timer& timer) { return Number(timer.Interval); }},
+};
+
+constexpr std::array kOfPanel = {
+    Reader<forms::Panel>{"caption", [](const forms::Panel& panel) { return Caption(panel.Caption); }},
+};
+
+// The first that is there.
+template <typename... Readers>
+std::optional<PropertyValue> ReadFirst(const Control& control, std::string_view name, const Readers&... readers) {
   std::optional<PropertyValue> value;
-  const auto read = [&]<typename Kind>(const Kind* kind) {
-    if (kind != nullptr) {
-      value = ReadOf(*kind, name);
-    }
-    return kind != nullptr;
-  };
-  (read(dynamic_cast<const Kinds*>(&control)) || ...);
+  static_cast<void>(((value = ReadWith(readers, control, name)).has_value() || ...));
   return value;
 }
 
@@ -152,7 +189,7 @@ std::string ListState(const forms::ListBox& list) {
   return text;
 }
 
-std::string StateOf(const forms::Control& control) {
+std::string StateOf(const Control& control) {
   std::string marks;
   marks += control.HasFocus() ? "  focus" : "";
   marks += control.Shown() ? "" : "  hidden";
@@ -191,16 +228,9 @@ void PropertyValue::Check(const Expectation& wanted) const {
 
 std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::string_view property) {
   const std::string name = forms::ToLower(property);
-  if (name == "visible") return Truth(control.Shown());
-  if (name == "enabled") return Truth(EnabledWithPanels(control));
-  if (name == "focus") return Truth(control.HasFocus());
-  if (name == "tooltip" || name == "tooltiptext") return Text(control.ToolTip);
-  if (name == "tag") return Text(control.Tag);
-  if (name == "forecolor") return ColorOf(control.ForeColor);
-  if (name == "backcolor") return ColorOf(control.BackColor);
-  using namespace forms;
-  return ReadAny<TextBox, ComboBox, ListBox, Label, Button, CheckBox, OptionButton, Grid, TabStrip, Slider,
-                 forms::Timer, Panel>(control, name);
+  const auto value = ReadFirst(control, name, kOfTextBox, kOfComboBox, kOfListBox, kOfLabel, kOfButton, kOfCheckBox,
+                               kOfOptionButton, kOfGrid, kOfTabStrip, kOfSlider, kOfTimer, kOfPanel);
+  return value || name.empty() ? value : ReadWith(kOfEveryControl, control, name);
 }
 
 std::string RowText(const forms::Grid& grid, int row) {

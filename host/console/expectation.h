@@ -11,8 +11,8 @@ namespace host {
 // whichever characters make it.
 class Expectation {
  public:
-  static Expectation Equal(std::string text) { return Expectation(std::move(text), false); }
-  static Expectation Glob(std::string pattern) { return Expectation(std::move(pattern), true); }
+  static Expectation Equal(std::string text) { return {std::move(text), false}; }
+  static Expectation Glob(std::string pattern) { return {std::move(pattern), true}; }
 
   bool Matches(std::string_view actual) const;
   // Truth values compare as such, however they are written.

@@ -26,8 +26,8 @@ class OnTop {
  public:
   OnTop(std::vector<forms::Form*>& forms, const forms::Control*& acted_on, forms::Form& form)
       : forms_(forms), acted_on_(acted_on) {
-    forms_.push_back(&form);
-    acted_on_ = nullptr;
+    forms.push_back(&form);
+    acted_on = nullptr;
   }
   OnTop(const OnTop&) = delete;
   OnTop& operator=(const OnTop&) = delete;
@@ -60,7 +60,7 @@ void Interpreter::Run() {
 
 bool Interpreter::PlayNext() {
   if (failure_) {
-    throw *failure_;
+    throw StepFailure(*failure_);
   }
   const std::optional<Line> line = lines_.Next();
   if (line) {

@@ -164,7 +164,7 @@ void Forget(Interpreter& interpreter, StepWords& words) {
 }
 
 constexpr std::array kSteps = {
-    Step{"query", StepKind::Check, "SQL = \"a|b\" [\"c|d\"]... or SQL = none", "the rows of a statement", CheckQuery},
+    Step{"query", StepKind::Check, R"(SQL = "a|b" ["c|d"]... or SQL = none)", "the rows of a statement", CheckQuery},
     Step{"said", StepKind::Check, "TEXT or ~ PATTERN", "a wait or status text was shown", CheckSaid},
     Step{"statement", StepKind::Check, "~ PATTERN", "the screens issued such a statement", CheckStatement},
     Step{"no", StepKind::Check, "statement ~ PATTERN", "the screens issued no such statement", CheckNoStatement},

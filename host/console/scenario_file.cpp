@@ -31,7 +31,8 @@ std::vector<Scenario> ReadScenarios(std::istream& text, const std::string& file)
     }
   }
   for (Scenario& scenario : scenarios) {
-    std::ranges::stable_partition(scenario.lines, [](const Line& line) { return line.Is("practice"); });
+    std::stable_partition(scenario.lines.begin(), scenario.lines.end(),
+                          [](const Line& line) { return line.Is("practice"); });
   }
   return scenarios;
 }

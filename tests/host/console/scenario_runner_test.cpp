@@ -55,35 +55,35 @@ TEST(ScenarioRunner, APracticeStandsBeforeWhatSetsItUp) {
 }
 
 TEST(ScenarioRunner, WrongChecksFail) {
-  const std::string steps[] = {"query \"SELECT COUNT(*) FROM PATable\" = 1",
-                               "query \"SELECT pID FROM PATable\" = \"\"",
-                               "sql \"INSERT INTO NoTable (a) VALUES (1)\"",
-                               "let ID = \"SELECT pID FROM PATable\"",
-                               "said \"Please wait\"",
-                               "statement ~ *",
-                               "statements = 1",
-                               "log CM ~ *",
-                               "handed pID PaTable 1",
-                               "started ~ *",
-                               "event ButtonClicked",
-                               "text-file STP/none.txt = \"\"",
-                               "result l_ID = NEW",
-                               "form patScreen_SM",
-                               "click cmdOK",
-                               "call EditingScreen.Nothing",
-                               "call EditingScreen.Load_PatInfo_Small patient=NEW",
-                               "set LookUpList.Nothing 1",
-                               "open frmNothing",
-                               "practice empty engine postgres",
-                               "clock tomorrow",
-                               "expect \"unclosed"};
+  const std::vector<std::string> steps = {R"(query "SELECT COUNT(*) FROM PATable" = 1)",
+                                          R"(query "SELECT pID FROM PATable" = "")",
+                                          R"(sql "DELETE * FROM NoTable")",
+                                          R"(let ID = "SELECT pID FROM PATable")",
+                                          R"(said "Please wait")",
+                                          "statement ~ *",
+                                          "statements = 1",
+                                          "log CM ~ *",
+                                          "handed pID PaTable 1",
+                                          "started ~ *",
+                                          "event ButtonClicked",
+                                          R"(text-file STP/none.txt = "")",
+                                          "result l_ID = NEW",
+                                          "form patScreen_SM",
+                                          "click cmdOK",
+                                          "call EditingScreen.Nothing",
+                                          "call EditingScreen.Load_PatInfo_Small patient=NEW",
+                                          "set LookUpList.Nothing 1",
+                                          "open frmNothing",
+                                          "practice empty engine postgres",
+                                          "clock tomorrow",
+                                          R"(expect "unclosed)"};
   std::string text;
   for (const std::string& step : steps) {
     text += "scenario \"fails\"\n" + step + "\n";
   }
   const Outcome outcome = RunText(text);
   EXPECT_EQ(outcome.tally.passed, 0) << outcome.output;
-  EXPECT_EQ(outcome.tally.failed, static_cast<int>(std::size(steps)));
+  EXPECT_EQ(outcome.tally.failed, static_cast<int>(steps.size()));
 }
 
 TEST(ScenarioRunner, AFailingStepEndsItsBlockAlone) {
