@@ -13,10 +13,6 @@ constexpr std::string_view kOptions = "SESC_LUL";
 constexpr std::string_view kSearchAnywhere = "FILTER_SRCH_ANY";
 constexpr std::string_view kAutoClear = "FILTER_AUTO_CLEAR";
 
-bool IsSet(std::string_view option) {
-  return forms::IsOn(option);
-}
-
 // The cell of a list of persons that a caption stands for; nullptr for any other column.
 std::string* NameCell(NameFilter& names, std::string_view caption) {
   if (caption == "Name") {
@@ -32,8 +28,8 @@ std::string* NameCell(NameFilter& names, std::string_view caption) {
 
 void frmTGList::ReadOptions() {
   data::Attempt(context_.user, [this] {
-    optFiltMid.Value = IsSet(context_.session.UserOption(kOptions, kSearchAnywhere));
-    const bool auto_clear = IsSet(context_.session.UserOption(kOptions, kAutoClear));
+    optFiltMid.Value = forms::IsOn(context_.session.UserOption(kOptions, kSearchAnywhere));
+    const bool auto_clear = forms::IsOn(context_.session.UserOption(kOptions, kAutoClear));
     chkAutoClearFilter.Value = auto_clear ? forms::CheckState::On : forms::CheckState::Off;
   });
   optFiltLeft.Value = !optFiltMid.Value;
