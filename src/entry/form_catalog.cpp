@@ -35,6 +35,7 @@ constexpr std::array kForms = {
 
 std::vector<std::string> FormNames() {
   std::vector<std::string> names;
+  names.reserve(kForms.size());
   for (const Entry& entry : kForms) {
     names.emplace_back(entry.name);
   }

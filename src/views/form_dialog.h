@@ -20,6 +20,8 @@ class FormDialog : public wxDialog, private forms::FormObserver {
  public:
   // `places` keeps where windows stood, by user; nullptr when nobody is logged in.
   FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
+  FormDialog(const FormDialog&) = delete;
+  FormDialog& operator=(const FormDialog&) = delete;
   ~FormDialog() override;
 
   // The dialog that a widget is in.
