@@ -157,6 +157,13 @@ void ZIPCODE::Hide() {
   ZipCode_Panel.Visible = false;
 }
 
+void ZIPCODE::FocusLeft() {
+  if (ZipCode_Panel.Visible) {
+    Hide();
+    SplitTyped();
+  }
+}
+
 bool ZIPCODE::Add() {
   SplitTyped();
   const Place place = OnScreen();

@@ -67,6 +67,8 @@ class ZIPCODE {
   void Show(Opener opener);
   void Fill(std::string_view typed);
   void Hide();
+  // The focus has left for elsewhere on the screen: a whole place typed into the city box is split into its boxes.
+  void FocusLeft();
 
   // Asks first; false when declined or failed.
   bool Add();

@@ -168,7 +168,7 @@ void patScreen_SM::OnFocus(forms::Control* control) {
   const auto rests_on = [control](const forms::TextBox& box) { return control == &box; };
   const auto lies_on = [control](const forms::Panel& panel) { return control != nullptr && control->LiesOn(panel); };
   if (!rests_on(Text1[kCity]) && !rests_on(Text1[kZip]) && !lies_on(ZipCodes.ZipCode_Panel)) {
-    ZipCodes.Hide();
+    ZipCodes.FocusLeft();
   }
   if (!rests_on(Text1[kReferral]) && !rests_on(Text1[kProvider]) && !lies_on(Name_List)) {
     Name_List.Visible = false;
