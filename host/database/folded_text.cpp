@@ -48,6 +48,22 @@ bool HasCaseBeyondAscii(std::string_view utf8) {
   return forms::ToLower(letters) != forms::ToUpper(letters);
 }
 
+int CompareFolded(std::string_view left, std::string_view right) {
+  const auto lower = [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  std::size_t same = 0;
+  for (; same < left.size() && same < right.size(); ++same) {
+    const char l = lower(left[same]);
+    const char r = lower(right[same]);
+    if (static_cast<signed char>(l) < 0 || static_cast<signed char>(r) < 0) {
+      return Folded(left.substr(same)).compare(Folded(right.substr(same)));
+    }
+    if (l != r) {
+      return l < r ? -1 : 1;
+    }
+  }
+  return static_cast<int>(same < left.size()) - static_cast<int>(same < right.size());
+}
+
 std::u32string Folded(std::string_view utf8) {
   return forms::ToUtf32(forms::ToLower(utf8));
 }

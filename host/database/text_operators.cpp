@@ -85,8 +85,8 @@ void JoinTexts(Tokens& statement) {
   for (std::size_t i = 1; i + 1 < statement.size(); ++i) {
     if (statement[i].Is('+') && (EndsText(statement, i - 1) || BeginsText(statement, i + 1))) {
       statement[i].text = "||";
-      // What is joined sorts and compares as its columns do.
-      Insert(statement, i, Words("COLLATE NOCASE"));
+      // The left side's order counts where what is joined is compared, so it knows all letters.
+      Insert(statement, i, Words("COLLATE UNICODE_NOCASE"));
       i += 2;
     }
   }
@@ -116,11 +116,12 @@ void TranslatePatterns(Tokens& statement) {
 
 void FoldComparisons(Tokens& statement) {
   constexpr std::array<std::string_view, 4> kConditions = {"WHERE", "ON", "HAVING", "WHEN"};
+  constexpr std::array<std::string_view, 7> kComparisons = {"=", "<>", "!=", "<", "<=", ">", ">="};
   bool condition = false;
   for (std::size_t i = 0; i + 1 < statement.size(); ++i) {
     condition = condition || IsAny(statement[i], kConditions);
-    const bool compares = statement[i].Is('=') || (statement[i].kind == Kind::Symbol &&
-                                                   (statement[i].text == "<>" || statement[i].text == "!="));
+    const bool compares =
+        statement[i].kind == Kind::Symbol && std::ranges::find(kComparisons, statement[i].text) != kComparisons.end();
     if (condition && compares && statement[i + 1].kind == Kind::Text && HasCaseBeyondAscii(statement[i + 1].text)) {
       Insert(statement, i + 2, Words("COLLATE UNICODE_NOCASE"));
     }

@@ -34,9 +34,10 @@ TEST(PrepareSqlite, TranslatesTheDialect) {
        "UPDATE T SET a=[T].[a]-1, b=f(T.c, T.d) WHERE T.e=1"},
       {"INSERT INTO T (a, b, c) VALUES (0, GLOBAL, Null)", "INSERT INTO T (a, b, c) VALUES (0, 'GLOBAL', Null)"},
       // "+" by what stands beside it
-      {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM", "PATABLE.pLASNAM COLLATE NOCASE||', ' COLLATE NOCASE||PATABLE.pFIRNAM"},
-      {"cast(emsPer as nvarchar) + emsPerTyp", "cast(emsPer as nvarchar) COLLATE NOCASE || emsPerTyp"},
-      {"(pLASNAM+' ')+upper(pFIRNAM)", "(pLASNAM COLLATE NOCASE||' ') COLLATE NOCASE||upper(pFIRNAM)"},
+      {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM",
+       "PATABLE.pLASNAM COLLATE UNICODE_NOCASE||', ' COLLATE UNICODE_NOCASE||PATABLE.pFIRNAM"},
+      {"cast(emsPer as nvarchar) + emsPerTyp", "cast(emsPer as nvarchar) COLLATE UNICODE_NOCASE || emsPerTyp"},
+      {"(pLASNAM+' ')+upper(pFIRNAM)", "(pLASNAM COLLATE UNICODE_NOCASE||' ') COLLATE UNICODE_NOCASE||upper(pFIRNAM)"},
       {"CovOrd+1 + (emsPer+2)", "CovOrd+1 + (emsPer+2)"},
       // Like
       {"a Like 'Smi%'", "a Like 'Smi%'"},
