@@ -23,7 +23,11 @@ class SqliteFile {
  public:
   SqliteFile(const std::string& path, OpenMode mode)
       : in_memory(path == kMemory), main(path, OpenFlags(mode), identity), readers(path, identity) {
-    main.Run("PRAGMA journal_mode=WAL");
+    try {
+      main.Run("PRAGMA journal_mode=WAL");
+    } catch (const session::DatabaseError& error) {
+      throw CannotBeOpened(path, error.what(), error.Code());
+    }
   }
 
   Identity identity;

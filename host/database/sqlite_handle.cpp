@@ -2,7 +2,6 @@
 
 #include "database/folded_text.h"
 #include "database/schema.h"
-#include "session/connection.h"
 
 namespace host {
 namespace {
@@ -39,19 +38,23 @@ void AnswerMatch(sqlite3_context* context, int /*count*/, sqlite3_value** argume
   sqlite3_result_int(context, MatchesPattern(*pattern, Folded(TextOf(arguments[1]))) ? 1 : 0);
 }
 
-int CompareFolded(void* /*unused*/, int left_size, const void* left, int right_size, const void* right) {
-  return Folded({static_cast<const char*>(left), static_cast<std::size_t>(left_size)})
-      .compare(Folded({static_cast<const char*>(right), static_cast<std::size_t>(right_size)}));
+int CompareTexts(void* /*unused*/, int left_size, const void* left, int right_size, const void* right) {
+  return CompareFolded({static_cast<const char*>(left), static_cast<std::size_t>(left_size)},
+                       {static_cast<const char*>(right), static_cast<std::size_t>(right_size)});
 }
 
 }  // namespace
+
+session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code) {
+  return {"The database \"" + path + "\" cannot be opened: " + why, {}, code};
+}
 
 SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& identity) : identity_(identity) {
   sqlite3* opened = nullptr;
   const int code = sqlite3_open_v2(path.c_str(), &opened, open_flags, nullptr);
   database_.reset(opened);
   if (code != SQLITE_OK) {
-    throw session::DatabaseError("The database \"" + path + "\" cannot be opened: " + sqlite3_errstr(code), {}, code);
+    throw CannotBeOpened(path, sqlite3_errstr(code), code);
   }
   sqlite3_extended_result_codes(opened, 1);
   sqlite3_busy_timeout(opened, kBusyMilliseconds);
@@ -61,7 +64,7 @@ SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& id
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   sqlite3_create_function(opened, "identity", 0, SQLITE_UTF8, &identity, AnswerIdentity, nullptr, nullptr);
   sqlite3_create_function(opened, "match", 2, kPure, nullptr, AnswerMatch, nullptr, nullptr);
-  sqlite3_create_collation(opened, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, CompareFolded);
+  sqlite3_create_collation(opened, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, CompareTexts);
   sqlite3_update_hook(opened, NoteInsert, this);
 }
 

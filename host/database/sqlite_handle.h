@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "session/connection.h"
+
 namespace host {
 
 struct FinalizeStatement {
@@ -20,6 +22,8 @@ using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 // The key of the row that was inserted last on a connection; nothing after a table that hands out no keys.
 using Identity = std::optional<std::int64_t>;
+
+session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code);
 
 // One of SQLite's connections, with the functions that prepared statements use: identity(), match() and the collation
 // UNICODE_NOCASE. Failures are session::DatabaseError.

@@ -1,6 +1,7 @@
 #include "database/sqlite_connection.h"
 
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "database/database.h"
@@ -53,9 +54,12 @@ TEST(SqliteConnection, HostileTextComesBackAsTyped) {
 
 TEST(SqliteConnection, TextComparesWithoutRegardToCase) {
   const auto practice = CreateDatabase("sqlite::memory:");
-  practice.Run("INSERT INTO PATable (pLASNAM) VALUES ('Müller-Łoś'); INSERT INTO PATable (pLASNAM) VALUES ('Mc%Coy')");
+  practice.Run(
+      "INSERT INTO PATable (pLASNAM, pFIRNAM) VALUES ('Müller-Łoś', 'ÉVA'); "
+      "INSERT INTO PATable (pLASNAM) VALUES ('Mc%Coy')");
   for (const std::string condition : {"pLASNAM='MÜLLER-ŁOŚ'", "pLASNAM Like 'mÜ%'", "pLASNAM Like '%łOŚ'",
-                                      "pLASNAM Like '_ü[k-m]%[ś]'", "pLASNAM not Like 'ä%' and pLASNAM<>'mc%coy'"}) {
+                                      "pLASNAM Like '_ü[k-m]%[ś]'", "pLASNAM not Like 'ä%' and pLASNAM<>'mc%coy'",
+                                      "pLASNAM+', '+pFIRNAM='MÜLLER-ŁOŚ, éva'", "pFIRNAM>='év' and pFIRNAM<'Évb'"}) {
     const auto rows = practice.Run("SELECT pID FROM PATable WHERE " + condition);
     ASSERT_FALSE(rows->Eof()) << condition;
     EXPECT_EQ(ToId(rows->Get(0)), 1);
@@ -134,6 +138,17 @@ TEST(SqliteConnection, FailuresNameStatementAndCode) {
       EXPECT_EQ(error.Statement(), statement);
       EXPECT_NE(error.Code(), 0);
     }
+  }
+}
+
+TEST(SqliteConnection, FilesThatAreNoDatabaseAreNamed) {
+  const TemporaryFile file;
+  std::ofstream(file.Path()) << std::string(5000, 'x');
+  try {
+    OpenDatabase(file.Url());
+    FAIL();
+  } catch (const session::DatabaseError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr(file.Path()));
   }
 }
 
