@@ -1,5 +1,7 @@
 #include "database/database.h"
 
+#include <filesystem>
+
 #include "database/prepare_sql.h"
 #include "database/sqlite_connection.h"
 
@@ -33,16 +35,31 @@ bool PracticeDatabase::KeepsRowGuids(std::string_view table) const {
   return found != nullptr && found->row_guid;
 }
 
+PracticeDatabase OpenNewDatabase(const std::string& url, const CreationOptions& options) {
+  return Sqlite(std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::OrNew), options);
+}
+
 PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options) {
-  auto connection = std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::OrNew);
-  CreateSchema(*connection, options);
-  return Sqlite(std::move(connection), options);
+  PracticeDatabase database = OpenNewDatabase(url, options);
+  session::Transaction transaction(*database.connection);
+  CreateSchema(*database.connection, options);
+  transaction.Commit();
+  return database;
 }
 
 PracticeDatabase OpenDatabase(const std::string& url) {
   auto connection = std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::Existing);
   const CreationOptions options = MigrateSchema(*connection);
   return Sqlite(std::move(connection), options);
+}
+
+bool IsVacant(const std::string& url) {
+  const std::string path = SqlitePath(url);
+  if (!std::filesystem::exists(path)) {
+    return true;
+  }
+  SqliteConnection connection(path, OpenMode::Existing);
+  return IsEmpty(connection);
 }
 
 }  // namespace host

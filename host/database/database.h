@@ -23,12 +23,16 @@ struct PracticeDatabase {
   bool KeepsRowGuids(std::string_view table) const;
 };
 
-// The database at a URL: "sqlite:PATH", or "sqlite::memory:", which lives as long as it is open. Both throw
+// The database at a URL: "sqlite:PATH", or "sqlite::memory:", which lives as long as it is open. All throw
 // session::DatabaseError, for an engine that is not built in too.
 //
 // Makes a new one; there must be none.
 PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options = {});
+// One without tables, for `CreateSchema`, if there is none yet.
+PracticeDatabase OpenNewDatabase(const std::string& url, const CreationOptions& options);
 // Opens an existing one and brings an older one up to date.
 PracticeDatabase OpenDatabase(const std::string& url);
+// Whether one can be made there: there is none, or one without tables.
+bool IsVacant(const std::string& url);
 
 }  // namespace host

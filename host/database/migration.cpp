@@ -11,6 +11,10 @@ constexpr std::string_view kTables = "SELECT name FROM sqlite_schema WHERE type=
   throw session::DatabaseError(why, {}, 0);
 }
 
+[[noreturn]] void RefuseStranger() {
+  Refuse("This database holds no practice.");
+}
+
 void MakeTable(session::Connection& connection, const Table& table, const CreationOptions& options, int version) {
   connection.Execute(sqlite::CreateTable(table, options, version));
   connection.Execute(sqlite::CreateKeyIndex(table));
@@ -46,7 +50,7 @@ void Upgrade(session::Connection& connection, const CreationOptions& options, in
 
 int Version(session::Connection& connection) {
   if (connection.Execute(std::string(kTables) + " AND name='SchemaTable'")->Eof()) {
-    Refuse("This database holds no practice.");
+    RefuseStranger();
   }
   const auto schema = connection.Execute("SELECT SchVersion FROM SchemaTable");
   return schema->Eof() ? 0 : session::ToId(schema->Get(0));
@@ -54,6 +58,9 @@ int Version(session::Connection& connection) {
 
 CreationOptions ReadOptions(session::Connection& connection) {
   const auto row = connection.Execute("SELECT SchKind, SchOffice, SchOffices, SchRowGuids FROM SchemaTable");
+  if (row->Eof()) {
+    RefuseStranger();
+  }
   return {.kind = session::ToId(row->Get(0)),
           .office = session::ToId(row->Get(1)),
           .offices = session::ToId(row->Get(2)),
@@ -62,9 +69,12 @@ CreationOptions ReadOptions(session::Connection& connection) {
 
 }  // namespace
 
+bool IsEmpty(session::Connection& connection) {
+  return connection.Execute(std::string(kTables))->Eof();
+}
+
 void CreateSchema(session::Connection& connection, const CreationOptions& options, int version) {
-  session::Transaction transaction(connection);
-  if (!connection.Execute(std::string(kTables))->Eof()) {
+  if (!IsEmpty(connection)) {
     Refuse("This database is in use already; a practice can only be made in an empty one.");
   }
   connection.Execute("CREATE TABLE IdentityTable (TableName nvarchar(40) COLLATE NOCASE PRIMARY KEY, LastID int)");
@@ -74,7 +84,6 @@ void CreateSchema(session::Connection& connection, const CreationOptions& option
                      std::to_string(options.kind) + ", " + std::to_string(options.office) + ", " +
                      std::to_string(options.offices) + ", " + (options.row_guids ? "1)" : "0)"));
   Upgrade(connection, options, 0, version);
-  transaction.Commit();
 }
 
 CreationOptions MigrateSchema(session::Connection& connection) {

@@ -13,8 +13,12 @@ struct CreationOptions {
   bool row_guids = false;  // link and master tables carry `UniqueID`
 };
 
-// Makes the tables in an empty database, in one transaction. Throws session::DatabaseError, also when there is
-// something in the database already. `version` is for tests of what an older program has made.
+// Whether a practice can be made in the database: it has no table, as its making leaves it when it is broken off.
+bool IsEmpty(session::Connection& connection);
+
+// Makes the tables in an empty database; the caller's transaction sees to it that it is all or none. Throws
+// session::DatabaseError, also when there is something in the database already. `version` is for tests of what an
+// older program has made.
 void CreateSchema(session::Connection& connection, const CreationOptions& options, int version = kSchemaVersion);
 
 // Brings the tables of an older version up to date, in one transaction, and returns what the database was made with.

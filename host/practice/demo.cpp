@@ -20,23 +20,21 @@ void FillZipTable(demo::DemoOffice& office) {
 }  // namespace
 
 Practice MakeDemo(const std::string& url, const DemoOptions& options) {
-  Practice practice = CreatePractice(url, options.practice);
-  const demo::Passwords passwords{HashPassword("admin", options.password_cost),
-                                  HashPassword("front", options.password_cost)};
-  demo::Identities identities(options.seed);
-  session::Transaction transaction(*practice.Database().connection);
-  for (const std::int32_t number : practice.Offices()) {
-    demo::DemoOffice office(practice, number, identities, options.seed + static_cast<std::uint64_t>(number));
-    FillZipTable(office);
-    demo::OfficeRecords records;
-    records.staff = demo::MakeStaff(office, passwords, options.patients);
-    const std::int32_t location = records.staff.locations.front();
-    records.insurance = demo::MakeInsurance(office, options.patients, location);
-    records.recalls = demo::MakeRecallMasters(office, location);
-    demo::MakeFamilies(office, records, options.patients);
-  }
-  transaction.Commit();
-  return practice;
+  return CreatePractice(url, options.practice, [&options](Practice& practice) {
+    const demo::Passwords passwords{HashPassword("admin", options.password_cost),
+                                    HashPassword("front", options.password_cost)};
+    demo::Identities identities(options.seed);
+    for (const std::int32_t number : practice.Offices()) {
+      demo::DemoOffice office(practice, number, identities, options.seed + static_cast<std::uint64_t>(number));
+      FillZipTable(office);
+      demo::OfficeRecords records;
+      records.staff = demo::MakeStaff(office, passwords, options.patients);
+      const std::int32_t location = records.staff.locations.front();
+      records.insurance = demo::MakeInsurance(office, options.patients, location);
+      records.recalls = demo::MakeRecallMasters(office, location);
+      demo::MakeFamilies(office, records, options.patients);
+    }
+  });
 }
 
 }  // namespace host

@@ -97,15 +97,20 @@ std::vector<std::int32_t> Practice::Offices() const {
   return offices;
 }
 
-Practice CreatePractice(const std::string& url, const PracticeOptions& options) {
-  Practice practice(CreateDatabase(url, options));
+Practice CreatePractice(const std::string& url, const PracticeOptions& options,
+                        const std::function<void(Practice& practice)>& fill) {
+  Practice practice(OpenNewDatabase(url, options));
   std::set<std::int32_t> offices{options.office};
   for (std::int32_t office = 1; options.kind == session::kOfficeScoped && office <= options.offices; ++office) {
     offices.insert(office);
   }
   session::Transaction transaction(*practice.database_.connection);
+  CreateSchema(*practice.database_.connection, options);
   for (const std::int32_t office : offices) {
     FillOffice(practice, office);
+  }
+  if (fill) {
+    fill(practice);
   }
   transaction.Commit();
   return practice;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,15 +29,17 @@ class Practice {
   const PracticeDatabase& Database() const { return database_; }
 
  private:
-  friend Practice CreatePractice(const std::string& url, const PracticeOptions& options);
+  friend Practice CreatePractice(const std::string& url, const PracticeOptions& options,
+                                 const std::function<void(Practice& practice)>& fill);
   explicit Practice(PracticeDatabase database) : database_(std::move(database)) {}
 
   PracticeDatabase database_;
 };
 
-// Makes an empty practice: the schema, and each office's defaults and one location. Throws session::DatabaseError,
-// also when there is a practice already.
-Practice CreatePractice(const std::string& url, const PracticeOptions& options = {});
+// Makes a practice: the schema, each office's defaults and one location, and what `fill` adds, all of it or, when it is
+// broken off, nothing. Throws session::DatabaseError, also when there is a practice already.
+Practice CreatePractice(const std::string& url, const PracticeOptions& options = {},
+                        const std::function<void(Practice& practice)>& fill = {});
 
 // A practice as one of its offices sees it. The host's own statements go through it.
 class OfficeDatabase final : public session::Database {

@@ -64,6 +64,10 @@ TEST(Migration, NewerAndStrangeDatabasesAreRefused) {
   SqliteConnection strange(":memory:");
   strange.Execute("CREATE TABLE Songs (title)");
   EXPECT_THROW(MigrateSchema(strange), DatabaseError);
+  SqliteConnection unfinished(":memory:");
+  CreateSchema(unfinished, {});
+  unfinished.Execute("DELETE FROM SchemaTable");
+  EXPECT_THROW(MigrateSchema(unfinished), DatabaseError);
 }
 
 TEST(Schema, NamesAreUnambiguous) {
