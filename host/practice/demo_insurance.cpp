@@ -39,6 +39,7 @@ constexpr std::array<Service, 16> kServices = {{{"D0101", "Examination, periodic
 struct Plan {
   std::int32_t id;
   std::int32_t carrier;
+  bool managed;
 };
 
 class InsuranceMaker {
@@ -88,7 +89,7 @@ class InsuranceMaker {
                                  chance.Percent(80) ? "01-01" : "07-01",
                                  Currency::FromWhole(std::int64_t{500} * chance.Between(2, 5)),
                                  Currency::FromWhole(std::int64_t{25} * chance.Between(1, 4)), "1", 19, 24),
-                      carrier});
+                      carrier, managed});
       if (all_.size() % 4 == 1) {
         MakeDetails(carrier, number, plan_name);
       }
@@ -120,6 +121,11 @@ class InsuranceMaker {
         continue;
       }
       employer.plan_links.push_back(links_.Row(id, plan.carrier, plan.id, since, nullptr, nullptr, 0));
+    }
+    // One managed-care plan is offered at least; nobody need have chosen it.
+    const auto managed = std::ranges::find_if(all_, &Plan::managed);
+    if (insurance_.employers.empty() && managed != all_.end() && offered.insert(managed->id).second) {
+      links_.Row(id, managed->carrier, managed->id, since, nullptr, nullptr, 0);
     }
     if (chance.Percent(20)) {
       const Plan& plan = chance.OneOf(std::span<const Plan>(all_));

@@ -89,6 +89,10 @@ TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
   EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM CovTable WHERE CovFla=0 AND CovOrd=2")), 0);
   EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM CovTable WHERE CovFla<>0")), 0);
   EXPECT_GT(std::stoi(Ask(practice, "SELECT COUNT(*) FROM AccountTable")), 0);
+  EXPECT_NE(Ask(practice,
+                "SELECT COUNT(*) FROM ELTable JOIN GroPlaTable ON GroPlaInd=elGroID WHERE elFla=0 AND "
+                "GroPlaCat='CAPITATION'"),
+            "0");
   EXPECT_EQ(Ask(practice, "SELECT ZipCodCit FROM ZipCodTable WHERE ZipCodZip='62701'"), "Springfield");
   for (const char* table : {"RSTable", "emsTable", "emmTable", "IPTable", "SevCodTable", "PhaTable", "ePayerTable",
                             "IDTypTable", "DrIDTable", "EBTable", "ESTable", "DTTable", "PickListTable"}) {
