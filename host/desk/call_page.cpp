@@ -20,20 +20,18 @@ CallPage::CallPage(wxWindow* parent, std::function<void(const std::string& outco
   const int gap = FromDIP(8);
   auto* page = new wxBoxSizer(wxVERTICAL);
 
-  auto* head = new wxBoxSizer(wxHORIZONTAL);
   title_ = new wxStaticText(this, wxID_ANY, {});
   title_->SetName("title");
   title_->SetFont(title_->GetFont().Bold().Scaled(1.2F));
-  call_ = new wxButton(this, wxID_ANY, "&Call");
-  call_->SetName("call");
-  call_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Call(); });
-  head->Add(title_, wxSizerFlags(1).CenterVertical());
-  page->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
+  page->Add(title_, wxSizerFlags().Expand().Border(wxALL, gap));
 
   fields_ = new wxScrolledWindow(this);
   fields_->SetName("arguments");
   fields_->SetScrollRate(0, FromDIP(12));
   page->Add(fields_, wxSizerFlags(3).Expand().Border(wxLEFT | wxRIGHT, gap));
+  call_ = new wxButton(this, wxID_ANY, "&Call");
+  call_->SetName("call");
+  call_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Call(); });
   page->Add(call_, wxSizerFlags().Right().Border(wxALL, gap));
 
   auto* box = new wxStaticBoxSizer(wxVERTICAL, this, "Outcome");

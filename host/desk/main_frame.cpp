@@ -11,6 +11,7 @@
 #include <array>
 
 #include "people/name_entry.h"
+#include "views/placing.h"
 #include "views/text_binders.h"
 
 namespace host {
@@ -60,7 +61,7 @@ MainFrame::MainFrame(Desk& desk) : wxFrame(nullptr, wxID_ANY, "Practice Desk"), 
   const wxSize least = wxSize(110 * GetCharWidth(), 36 * GetCharHeight());
   SetMinClientSize(least);
   SetClientSize(least);
-  Centre();
+  views::PlaceInMiddle(*this);
 }
 
 void MainFrame::MakeCommands() {

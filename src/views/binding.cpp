@@ -19,6 +19,11 @@ std::string FromWx(const wxString& text) {
   return text.utf8_string();
 }
 
+void KeepOutOfTabOrder(wxWindow& widget) {
+  widget.DisableFocusFromKeyboard();
+  widget.SetCanFocus(false);
+}
+
 Binding::Binding(forms::Control& control, wxWindow& widget) : control_(control), widget_(widget) {
   widget_.SetName(views::ToWx(control.Name()));
   control_.Watch(this);

@@ -14,6 +14,9 @@ class FormDialog;
 wxString ToWx(std::string_view utf8);
 std::string FromWx(const wxString& text);
 
+// The Tab key passes the widget by, and a click leaves the focus where it is.
+void KeepOutOfTabOrder(wxWindow& widget);
+
 // Ties a control to the widget that shows it. What every control has (whether it is seen and usable, tip, colours)
 // is shown here, the rest in `Refresh`. Owned by the dialog that the widget is in.
 class Binding : public forms::ControlObserver {

@@ -89,7 +89,7 @@ class ToolBinding : public Binding {
  public:
   ToolBinding(forms::Button& control, wxButton& widget, bool captioned)
       : Binding(control, widget), button_(control), widget_(widget), captioned_(captioned) {
-    widget_.DisableFocusFromKeyboard();
+    KeepOutOfTabOrder(widget_);
     widget_.Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
       if (Dialog().SyncFocus()) {
         button_.DoClick();
@@ -131,7 +131,7 @@ wxButton* MakeButton(wxWindow* parent, forms::Button& control) {
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
   auto* button =
       new wxButton(parent, wxID_ANY, wxString::FromUTF8("\u2026"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
-  button->DisableFocusFromKeyboard();
+  KeepOutOfTabOrder(*button);
   FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
 }
@@ -168,7 +168,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands) {
   auto* button = new wxButton(parent, wxID_ANY, caption);
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
-  button->DisableFocusFromKeyboard();
+  KeepOutOfTabOrder(*button);
   button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {
     if (!FormDialog::Of(*button).SyncFocus()) {
       return;

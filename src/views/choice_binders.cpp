@@ -173,7 +173,7 @@ wxRadioButton* MakeOption(wxWindow* parent, forms::OptionButton& control, bool f
 wxComboBox* MakeComboBox(wxWindow* parent, forms::ComboBox& control, int characters) {
   auto* combo = new wxComboBox(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, 0, nullptr,
                                control.Editable ? wxCB_DROPDOWN : wxCB_READONLY);
-  combo->SetInitialSize(combo->GetSizeFromTextSize(FieldWidth(*combo, characters)));
+  combo->SetInitialSize(wxSize(combo->GetSizeFromTextSize(FieldWidth(*combo, characters)).x, -1));
   FormDialog::Of(*parent).Attach<ComboBinding>(control, *combo);
   return combo;
 }

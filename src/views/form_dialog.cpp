@@ -6,6 +6,7 @@
 
 #include "forms/button.h"
 #include "forms/dialog_buttons.h"
+#include "views/placing.h"
 
 namespace views {
 namespace {
@@ -104,6 +105,9 @@ void FormDialog::Run() {
     }
   }
   ShowFocus();
+  // The tab order becomes the toolkit's in idle time; a fast typist does not wait for that.
+  wxIdleEvent now;
+  SendIdleEvents(now);
   if (!form_.Closed()) {
     ShowModal();
   }
@@ -138,7 +142,11 @@ void FormDialog::LayOutSoon() {
 void FormDialog::FormChanged(forms::Aspect aspect) {
   if (aspect == forms::Aspect::Focus) {
     focus_set_ = true;
-    CallAfter([this] { ShowFocus(); });
+    CallAfter([this] {
+      if (focus_set_) {
+        ShowFocus();
+      }
+    });
   } else {
     SetTitle(ToWx(form_.Caption.get()));
   }
@@ -225,12 +233,12 @@ void FormDialog::FitContents() {
 }
 
 void FormDialog::RestorePlace() {
-  long numbers[4] = {0, 0, 0, 0};
+  std::array<long, 4> numbers{};
   wxStringTokenizer parts(places_ == nullptr ? wxString() : ToWx(places_->UserOption(kPlacesSection, form_.Name())),
                           ",");
   for (long& number : numbers) {
     if (!parts.GetNextToken().ToLong(&number)) {
-      CentreOnParent();
+      PlaceInMiddle(*this);
       return;
     }
   }
@@ -239,7 +247,7 @@ void FormDialog::RestorePlace() {
   size.IncTo(GetMinSize());
   if (wxDisplay::GetFromPoint(corner) == wxNOT_FOUND) {
     SetSize(size);
-    CentreOnParent();
+    PlaceInMiddle(*this);
   } else {
     SetSize(wxRect(corner, size));
   }

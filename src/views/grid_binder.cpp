@@ -238,8 +238,10 @@ class GridBinding : public Binding {
     for (std::size_t i = 0; i < filters_.size(); ++i) {
       const int width = widget_.GetColSize(static_cast<int>(i));
       filters_[i]->Show(width > 4 * gap);
-      const int height = filters_[i]->GetBestSize().y;
-      filters_[i]->SetSize(start + gap, widget_.GetColLabelSize() - height - 2 * gap, width - 2 * gap, height);
+      if (filters_[i]->IsShown()) {
+        const int height = filters_[i]->GetBestSize().y;
+        filters_[i]->SetSize(start + gap, widget_.GetColLabelSize() - height - 2 * gap, width - 2 * gap, height);
+      }
       start += width;
     }
   }

@@ -197,7 +197,7 @@ wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characte
   auto* panel = new wxPanel(parent);
   auto* box = new wxTextCtrl(panel, wxID_ANY);
   wxListCtrl* list = MakeEntries(panel, control, {characters}, lines);
-  list->DisableFocusFromKeyboard();
+  KeepOutOfTabOrder(EntriesOf(*list));
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(box, wxSizerFlags().Expand());
   column->Add(list, wxSizerFlags(1).Expand());

@@ -11,10 +11,16 @@ namespace {
 class DropBinding : public Binding {
  public:
   DropBinding(forms::Panel& control, wxPanel& widget, std::function<const forms::Control&()> anchor)
-      : Binding(control, widget), anchor_(std::move(anchor)) {}
+      : Binding(control, widget), anchor_(std::move(anchor)) {
+    widget.Bind(wxEVT_IDLE, [this](wxIdleEvent&) { Place(); });
+  }
 
  protected:
-  void Refresh(forms::Aspect /*aspect*/) override {
+  void Refresh(forms::Aspect /*aspect*/) override { Place(); }
+
+ private:
+  // The anchor may change, and move, while the panel is down.
+  void Place() {
     const Binding* under = Control().Visible ? Dialog().Find(anchor_()) : nullptr;
     if (under == nullptr) {
       return;
@@ -28,11 +34,12 @@ class DropBinding : public Binding {
       corner.y = top.y - panel.GetSize().y;
     }
     corner.x = std::max(0, std::min(corner.x, room.x - panel.GetSize().x));
-    panel.Move(corner);
-    panel.Raise();
+    if (panel.GetPosition() != corner) {
+      panel.Move(corner);
+      panel.Raise();
+    }
   }
 
- private:
   std::function<const forms::Control&()> anchor_;
 };
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "views/binding.h"
+#include "views/placing.h"
 
 namespace views {
 namespace {
@@ -45,13 +46,13 @@ wxWindow* MakeText(wxWindow* parent, const wxString& text) {
   if (text.length() >= kScrollFrom) {
     auto* scrolling = new wxTextCtrl(parent, wxID_ANY, text, wxDefaultPosition,
                                      wxSize(width, parent->GetCharHeight() * 16), wxTE_MULTILINE | wxTE_READONLY);
-    scrolling->SetName("text");
+    scrolling->SetName("message text");
     return scrolling;
   }
   auto* label = new wxStaticText(parent, wxID_ANY, {});
   label->SetLabelText(text);
   label->Wrap(width);
-  label->SetName("text");
+  label->SetName("message text");
   return label;
 }
 
@@ -116,7 +117,7 @@ MessageDialog::MessageDialog(wxWindow* parent, const forms::Message& message)
   page->Add(middle, wxSizerFlags(1).Expand().Border(wxALL, gap));
   page->Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   SetSizerAndFit(page);
-  CentreOnParent();
+  PlaceInMiddle(*this);
 }
 
 InputDialog::InputDialog(wxWindow* parent, const forms::InputBox& box)
@@ -133,7 +134,7 @@ InputDialog::InputDialog(wxWindow* parent, const forms::InputBox& box)
   page->Add(text_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   page->Add(MakeOkCancel(*this), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   SetSizerAndFit(page);
-  CentreOnParent();
+  PlaceInMiddle(*this);
 }
 
 std::string InputDialog::Text() const {
@@ -162,7 +163,7 @@ CalendarDialog::CalendarDialog(wxWindow* parent, std::string_view title, std::ch
   page->Add(calendar_, wxSizerFlags(1).Expand().Border(wxALL, gap));
   page->Add(MakeOkCancel(*this), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   SetSizerAndFit(page);
-  CentreOnParent();
+  PlaceInMiddle(*this);
 }
 
 std::chrono::year_month_day CalendarDialog::Day() const {

@@ -161,8 +161,8 @@ wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int character
     style |= wxTE_PASSWORD;
   }
   auto* text = new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, style);
-  const int height = control.MultiLine ? text->GetCharHeight() * lines : -1;
-  text->SetInitialSize(text->GetSizeFromTextSize(FieldWidth(*text, characters), height));
+  const int width = text->GetSizeFromTextSize(FieldWidth(*text, characters)).x;
+  text->SetInitialSize(wxSize(width, control.MultiLine ? text->GetCharHeight() * (lines + 1) : -1));
   FormDialog::Of(*parent).Attach<TextBinding>(control, *text);
   return text;
 }

@@ -108,6 +108,10 @@ void WxUser::Shut(wxDialog& dialog) {
   if (auto* below = dynamic_cast<FormDialog*>(Top())) {
     below->SetCovered(false);
   }
+  // Not every display gives the keyboard back by itself.
+  if (wxWindow* top = Top(); top != nullptr && top->IsShown()) {
+    top->Raise();
+  }
 }
 
 }  // namespace views

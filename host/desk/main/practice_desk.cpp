@@ -17,8 +17,9 @@ namespace {
 
 using host::DeskOptions;
 
-std::string ProgramFolder() {
-  return views::FromWx(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
+// The pictures and what else comes with the program.
+std::string ShareFolder() {
+  return host::ProgramFolder() + "/../share";
 }
 
 // "~/.local/share/practice_desk", or where the person keeps such things.
@@ -100,7 +101,7 @@ class DeskApp : public wxApp {
     const std::string folder = DataFolder();
     desk_ = std::make_unique<host::Desk>(
         options_.database.empty() ? OpenOrMakeDemo(folder, kDemoPatients) : host::Practice(options_.database), folder,
-        ProgramFolder() + kShare);
+        ShareFolder());
     if (!desk_->LogIn()) {
       ExitMainLoop();
       return;
@@ -110,13 +111,14 @@ class DeskApp : public wxApp {
     SetTopWindow(frame);
     SetExitOnFrameDelete(true);
     frame->Show();
+    frame->Raise();
   }
 
   void Tour() {
     const TemporaryFolder temporary;
     host::Desk desk(
         options_.database.empty() ? OpenOrMakeDemo(temporary.Path(), kTourPatients) : host::Practice(options_.database),
-        temporary.Path(), ProgramFolder() + kShare);
+        temporary.Path(), ShareFolder());
     if (!host::TakePictures(desk, options_.tour)) {
       throw std::runtime_error("A picture could not be written to " + options_.tour + ".");
     }
@@ -124,7 +126,6 @@ class DeskApp : public wxApp {
 
   static constexpr std::int32_t kDemoPatients = 2000;
   static constexpr std::int32_t kTourPatients = 200;
-  static constexpr const char* kShare = "/../share";
 
   DeskOptions options_;
   std::unique_ptr<host::Desk> desk_;
@@ -156,6 +157,9 @@ int Run(const std::string& program, const DeskOptions& options) {
     display = options.tour.empty() ? host::ServeToBrowser() : host::HideFromEverybody();
   }
   if (!display.address.empty()) {
+    // This display has no resolution of its own, which the toolkit makes good and complains of at every text.
+    wxApp::GTKAllowDiagnosticsControl();
+    wxApp::GTKSuppressDiagnostics();
     std::cout << "Open " << display.address << " in a browser on this machine." << std::endl;
   }
   auto* app = new DeskApp(options);

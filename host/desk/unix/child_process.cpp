@@ -13,7 +13,7 @@
 namespace host {
 
 // A pipe that closes when the program starts tells a failed start.
-ChildProcess::ChildProcess(const std::vector<std::string>& command) {
+ChildProcess::ChildProcess(const std::vector<std::string>& command, Talk talk) {
   std::vector<char*> arguments;
   for (const std::string& word : command) {
     arguments.push_back(const_cast<char*>(word.c_str()));  // NOLINT: the C interface takes them so
@@ -26,6 +26,10 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   id_ = fork();
   if (id_ == 0) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
+    if (const int nowhere = talk == Talk::Silent ? open("/dev/null", O_WRONLY) : -1; nowhere >= 0) {
+      dup2(nowhere, STDOUT_FILENO);
+      dup2(nowhere, STDERR_FILENO);
+    }
     execvp(arguments.front(), arguments.data());
     const int error = errno;
     (void)!write(failure[1], &error, sizeof error);

@@ -10,8 +10,11 @@ namespace host {
 // A program that runs beside us and ends with us, however we end.
 class ChildProcess {
  public:
-  // `command` is the program and its arguments. Throws std::system_error when it cannot be started.
-  explicit ChildProcess(const std::vector<std::string>& command);
+  enum class Talk { Heard, Silent };
+
+  // `command` is the program and its arguments; a silent one's output goes nowhere. Throws std::system_error when it
+  // cannot be started.
+  explicit ChildProcess(const std::vector<std::string>& command, Talk talk = Talk::Heard);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();

@@ -52,7 +52,7 @@ std::unique_ptr<ChildProcess> Start(const std::vector<std::string>& command, con
                                     const std::function<bool()>& up) {
   std::unique_ptr<ChildProcess> server;
   try {
-    server = std::make_unique<ChildProcess>(command);
+    server = std::make_unique<ChildProcess>(command, ChildProcess::Talk::Silent);
   } catch (const std::system_error&) {
     throw std::runtime_error(command.front() + " cannot be started; it comes with the package " + package + ".");
   }
@@ -67,6 +67,10 @@ std::unique_ptr<ChildProcess> Start(const std::vector<std::string>& command, con
 }
 
 }  // namespace
+
+std::string ProgramFolder() {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+}
 
 bool HasDisplay() {
   const auto named = [](const char* name) {

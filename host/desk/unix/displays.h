@@ -7,6 +7,9 @@
 
 namespace host {
 
+// The folder that this program lies in.
+std::string ProgramFolder();
+
 // Whether the environment names a display to show windows on.
 bool HasDisplay();
 

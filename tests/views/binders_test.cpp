@@ -1,0 +1,159 @@
+#include <gmock/gmock.h>
+#include <wx/wx.h>
+
+#include <wx/clipbrd.h>
+
+#include "forms/text.h"
+#include "views/choice_binders.h"
+#include "views/form_dialog.h"
+#include "views/grid_binder.h"
+#include "views/text_binders.h"
+
+namespace {
+
+struct Sample : forms::Form {
+  Sample() : Form("Sample") {
+    Add("txtName", txtName);
+    Add("txtNote", txtNote);
+    Add("chkFlag", chkFlag);
+    Add("lstPlaces", lstPlaces);
+    Add("grdRows", grdRows);
+    txtNote.MultiLine = true;
+  }
+  forms::TextBox txtName, txtNote;
+  forms::CheckBox chkFlag;
+  forms::ListBox lstPlaces;
+  forms::Grid grdRows;
+};
+
+// A form in a dialog that is not shown modally: widgets are acted on through their events.
+class Binders : public testing::Test {
+ protected:
+  void Type(wxWindow& widget, const wxString& text) {
+    for (const wxUniChar character : text) {
+      wxKeyEvent key(wxEVT_CHAR);
+      key.m_uniChar = character;
+      key.SetEventObject(&widget);
+      widget.ProcessWindowEvent(key);
+    }
+  }
+
+  Sample form_;
+  views::Pictures pictures_{{}};
+  views::FormDialog dialog_{nullptr, form_, pictures_, nullptr};
+};
+
+TEST_F(Binders, TypingGoesThroughTheControl) {
+  form_.txtName.MaxLength = 4;
+  form_.txtName.KeyPress = [](char32_t character) { return character == U'x' ? U'\0' : character; };
+  form_.txtName.Change = [this] { form_.txtName.Text = forms::ToUpper(form_.txtName.Text.get()); };
+  wxTextCtrl* box = views::MakeTextBox(&dialog_, form_.txtName, 10);
+  Type(*box, wxString::FromUTF8("axé'bc"));
+  EXPECT_EQ(form_.txtName.Text.get(), "AÉ'B");
+  EXPECT_EQ(box->GetValue().utf8_string(), "AÉ'B");
+  EXPECT_EQ(box->GetInsertionPoint(), 4);
+
+  box->SetSelection(0, 3);
+  Type(*box, "q");
+  EXPECT_EQ(form_.txtName.Text.get(), "QB");
+  EXPECT_EQ(box->GetInsertionPoint(), 1);
+  Type(*box, "x");
+  EXPECT_EQ(box->GetValue(), "QB");
+}
+
+TEST_F(Binders, PastingGoesThroughTheControl) {
+  form_.txtName.MaxLength = 3;
+  form_.txtName.Text = "z";
+  form_.txtName.KeyPress = [](char32_t character) {
+    return character >= U'0' && character <= U'9' ? character : U'\0';
+  };
+  wxTextCtrl* box = views::MakeTextBox(&dialog_, form_.txtName, 10);
+  ASSERT_TRUE(wxTheClipboard->Open());
+  wxTheClipboard->SetData(new wxTextDataObject("1a2\n345"));
+  wxTheClipboard->Close();
+  box->SetInsertionPoint(0);
+  box->Paste();
+  EXPECT_EQ(form_.txtName.Text.get(), "12z");
+  EXPECT_EQ(box->GetValue(), "12z");
+}
+
+TEST_F(Binders, WhatTheWidgetTakesAwayReachesTheControl) {
+  form_.txtNote.Text = "one\r\ntwo";
+  wxTextCtrl* box = views::MakeTextBox(&dialog_, form_.txtNote, 10, 3);
+  EXPECT_EQ(box->GetValue(), "one\ntwo");
+  box->Remove(0, 2);
+  EXPECT_EQ(form_.txtNote.Text.get(), "e\r\ntwo");
+  box->SetInsertionPointEnd();
+  Type(*box, "!");
+  EXPECT_EQ(form_.txtNote.Text.get(), "e\r\ntwo!");
+  EXPECT_EQ(box->GetInsertionPoint(), 6);
+}
+
+TEST_F(Binders, RulesShowAtOnce) {
+  wxCheckBox* box = views::MakeCheckBox(&dialog_, form_.chkFlag);
+  form_.chkFlag.Caption = "&Flag";
+  form_.chkFlag.Value = forms::CheckState::Mixed;
+  form_.chkFlag.Enabled = false;
+  form_.chkFlag.ToolTip = "why";
+  EXPECT_EQ(box->GetLabelText(), "Flag");
+  EXPECT_EQ(box->Get3StateValue(), wxCHK_UNDETERMINED);
+  EXPECT_FALSE(box->IsEnabled());
+  EXPECT_EQ(box->GetToolTipText(), "why");
+  form_.chkFlag.Visible = false;
+  EXPECT_FALSE(box->IsShown());
+  EXPECT_EQ(box->GetName(), "chkFlag");
+}
+
+TEST_F(Binders, AListShowsColumnsAndTellsCharacters) {
+  form_.lstPlaces.Items = std::vector<forms::ListItem>{{"Abilene\tTX", 7}, {"Zwolle\tLA", 8}};
+  std::u32string typed;
+  form_.lstPlaces.KeyPress = [&](char32_t character) { typed += character; };
+  wxListCtrl* list = views::MakeListBox(&dialog_, form_.lstPlaces, {10, 3}, 4);
+  EXPECT_EQ(list->GetItemCount(), 2);
+  EXPECT_EQ(list->GetItemText(1, 1), "LA");
+  form_.lstPlaces.ListIndex = 1;
+  EXPECT_EQ(list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED), 1);
+  list->SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+  EXPECT_EQ(form_.lstPlaces.ListIndex, 0);
+  Type(*list->GetChildren().front(), "ab");
+  EXPECT_EQ(typed, U"ab");
+}
+
+// Asked for the cells that are painted, and never for all.
+class ManyRows : public forms::GridRows {
+ public:
+  int Count() const override { return 1'000'000; }
+  std::string Text(int row, int column) const override { return std::to_string(row) + "/" + std::to_string(column); }
+};
+
+TEST_F(Binders, AGridShowsItsRowsAndFilters) {
+  form_.grdRows.Columns = std::vector<forms::GridColumn>{{.key = "a", .caption = "Name"},
+                                                         {.key = "b", .caption = "Hidden", .visible = false},
+                                                         {.key = "c", .caption = "City"}};
+  form_.grdRows.FilterBar = true;
+  form_.grdRows.Rows = std::make_shared<ManyRows>();
+  int filtered = 0;
+  form_.grdRows.FilterChanged = [&] { ++filtered; };
+  wxGrid* grid = views::MakeGrid(&dialog_, form_.grdRows, 5);
+  EXPECT_EQ(grid->GetNumberRows(), 1'000'000);
+  EXPECT_EQ(grid->GetCellValue(999'999, 2), "999999/2");
+  EXPECT_FALSE(grid->IsColShown(1));
+  form_.grdRows.Row = 500'000;
+  EXPECT_EQ(grid->GetGridCursorRow(), 500'000);
+  grid->GoToCell(3, 0);
+  EXPECT_EQ(form_.grdRows.Row, 3);
+
+  auto* filter = dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("grdRows.filter.c", grid));
+  ASSERT_NE(filter, nullptr);
+  filter->SetValue("Hou");
+  EXPECT_EQ(filtered, 0);
+  wxKeyEvent enter(wxEVT_CHAR_HOOK);
+  enter.m_keyCode = WXK_RETURN;
+  filter->ProcessWindowEvent(enter);
+  EXPECT_EQ(filtered, 1);
+  EXPECT_EQ(form_.grdRows.Columns.get()[2].filter, "Hou");
+  form_.grdRows.ClearFilters();
+  EXPECT_EQ(filter->GetValue(), "");
+}
+
+}  // namespace

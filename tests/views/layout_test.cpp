@@ -1,0 +1,95 @@
+#include <gmock/gmock.h>
+#include <wx/wx.h>
+
+#include <filesystem>
+#include <set>
+
+#include "desk/tour.h"
+#include "layout_faults.h"
+#include "practice/demo.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(Layout, OfEveryWindowIsGood) {
+  const std::string folder = testing::TempDir() + "layout_test";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  host::DemoOptions demo;
+  demo.patients = 60;
+  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder, folder);
+  std::set<std::string> seen;
+  host::VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
+    seen.insert(name.substr(0, name.find('-')));
+    EXPECT_THAT(LayoutFaults(window), IsEmpty()) << name;
+  });
+  for (const std::string& view : host::Desk::Views().Names()) {
+    EXPECT_TRUE(seen.contains(view)) << view << " was not visited";
+  }
+}
+
+// A dialog with two buttons, laid out by hand.
+class BadLayout : public testing::Test {
+ protected:
+  BadLayout() { dialog_.SetClientSize(400, 200); }
+
+  wxButton* Put(const char* name, wxRect where) {
+    auto* button = new wxButton(&dialog_, wxID_ANY, "A button", where.GetPosition(), where.GetSize());
+    if (name != nullptr) {
+      button->SetName(name);
+    }
+    return button;
+  }
+  std::vector<std::string> Faults() const { return LayoutFaults(dialog_); }
+
+  wxDialog dialog_{nullptr, wxID_ANY, "Bad"};
+  wxSize size_ = wxButton(&dialog_, wxID_ANY, "A button").GetBestSize();
+  wxRect left_{wxPoint(0, 0), size_};
+  wxRect right_{wxPoint(size_.x + 10, 0), size_};
+};
+
+TEST_F(BadLayout, IsNotSeenInAGoodOne) {
+  Put("left", left_);
+  Put("right", right_);
+  EXPECT_THAT(Faults(), IsEmpty());
+}
+
+TEST_F(BadLayout, ShowsAClippedWidget) {
+  Put("left", left_.Deflate(4));
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("\"left\" is clipped")));
+}
+
+TEST_F(BadLayout, ShowsAClippedText) {
+  auto* text = new wxStaticText(&dialog_, wxID_ANY, "Referred By :", wxPoint(0, 0), wxSize(20, 40), wxST_NO_AUTORESIZE);
+  text->SetName("caption");
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("\"caption\" is clipped")));
+}
+
+TEST_F(BadLayout, ShowsAWidgetOutsideItsParent) {
+  left_.x = 400 - size_.x / 2;
+  Put("left", left_);
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("\"left\" lies outside its parent")));
+}
+
+TEST_F(BadLayout, ShowsOverlappingWidgets) {
+  right_.x -= 20;
+  Put("left", left_);
+  Put("right", right_);
+  EXPECT_THAT(Faults(), testing::Contains(HasSubstr("\"left\" overlaps wxButton \"right\"")));
+}
+
+TEST_F(BadLayout, ShowsAWidgetWithoutAName) {
+  Put(nullptr, left_);
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("has no name")));
+}
+
+TEST_F(BadLayout, ShowsTabStopsOutOfReadingOrder) {
+  Put("right", right_);
+  Put("left", left_);
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("\"right\" comes before wxButton \"left\"")));
+}
+
+}  // namespace
