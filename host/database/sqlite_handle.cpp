@@ -43,6 +43,21 @@ int CompareTexts(void* /*unused*/, int left_size, const void* left, int right_si
                        {static_cast<const char*>(right), static_cast<std::size_t>(right_size)});
 }
 
+// What a person can do something about is said in plain words.
+std::string Reason(int extended_code, const char* message) {
+  constexpr int kPrimary = 0xFF;
+  switch (extended_code & kPrimary) {
+    case SQLITE_BUSY:
+      return "Another program is writing to the database. Please try again.";
+    case SQLITE_READONLY:
+      return "The database may be read only; its file or folder is protected against writing.";
+    case SQLITE_FULL:
+      return "The disk is full.";
+    default:
+      return message;
+  }
+}
+
 }  // namespace
 
 session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code) {
@@ -137,7 +152,8 @@ void SqliteHandle::TakeIdentity() {
 }
 
 void SqliteHandle::Fail(const std::string& batch) const {
-  throw session::DatabaseError(sqlite3_errmsg(database_.get()), batch, sqlite3_extended_errcode(database_.get()));
+  const int code = sqlite3_extended_errcode(database_.get());
+  throw session::DatabaseError(Reason(code, sqlite3_errmsg(database_.get())), batch, code);
 }
 
 SqliteReaders::Lease SqliteReaders::Borrow() {

@@ -141,6 +141,17 @@ TEST(SqliteConnection, FailuresNameStatementAndCode) {
   }
 }
 
+TEST(SqliteConnection, ProtectedDatabaseIsReportedInPlainWords) {
+  const auto practice = CreateDatabase("sqlite::memory:");
+  practice.Run("PRAGMA query_only=1");
+  try {
+    practice.Run("UPDATE EmpTable SET EmpNam='x'");
+    FAIL();
+  } catch (const session::DatabaseError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("protected against writing"));
+  }
+}
+
 TEST(SqliteConnection, FilesThatAreNoDatabaseAreNamed) {
   const TemporaryFile file;
   std::ofstream(file.Path()) << std::string(5000, 'x');
