@@ -35,13 +35,13 @@ std::string DataFolder() {
 }
 
 host::Practice OpenOrMakeDemo(const std::string& folder, std::int32_t patients) {
-  const std::string path = folder + "/demo.sqlite";
-  if (std::filesystem::exists(path)) {
-    return host::Practice("sqlite:" + path);
+  const std::string url = "sqlite:" + folder + "/demo.sqlite";
+  if (!host::IsVacant(url)) {
+    return host::Practice(url);
   }
   host::DemoOptions options;
   options.patients = patients;
-  return host::MakeDemo("sqlite:" + path, options);
+  return host::MakeDemo(url, options);
 }
 
 // A folder that goes when this goes.
