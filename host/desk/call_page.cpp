@@ -86,6 +86,7 @@ CallPage::Field CallPage::MakeField(wxSizer* rows, const std::string& name, cons
             [box](const std::string& text) { box->SetValue(text == "True"); }};
   }
   auto* text = new wxTextCtrl(fields_, wxID_ANY, ToWx(value));
+  views::SizeField(*text, 20);
   text->SetName(ToWx(name));
   rows->Add(text, wxSizerFlags().Expand());
   return {name, [text] { return FromWx(text->GetValue()); },

@@ -16,23 +16,26 @@
 namespace host {
 namespace {
 
-// Lets the events run until the window has been painted.
+// Lets the events run until the window has been painted as it now is: what waited for the first painting may change it.
 void Settle(wxWindow& window) {
   constexpr long kPatience = 5000;  // milliseconds
-  bool painted = false;
-  const auto on_paint = [&painted](wxPaintEvent& event) {
-    painted = true;
+  constexpr int kPaintings = 2;
+  int paintings = 0;
+  const auto on_paint = [&paintings](wxPaintEvent& event) {
+    ++paintings;
     event.Skip();
   };
   window.Bind(wxEVT_PAINT, on_paint);
-  window.Refresh();
   const wxStopWatch watch;
-  while (!painted && watch.Time() < kPatience) {
+  for (int wanted = 1; wanted <= kPaintings; ++wanted) {
+    window.Refresh();
+    while (paintings < wanted && watch.Time() < kPatience) {
+      wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+      wxMilliSleep(5);
+    }
     wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-    wxMilliSleep(5);
   }
   window.Unbind(wxEVT_PAINT, on_paint);
-  wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
 }
 
 struct Stop {

@@ -4,6 +4,7 @@
 #include <wx/timer.h>
 
 #include "views/form_dialog.h"
+#include "views/text_binders.h"
 
 namespace views {
 namespace {
@@ -193,7 +194,7 @@ class GridBinding : public Binding {
       }
     }
     const int caption = widget_.GetCharHeight() + widget_.FromDIP(10);
-    const int height = filters_.empty() ? caption : caption + filters_.front()->GetBestSize().y + widget_.FromDIP(4);
+    const int height = filters_.empty() ? caption : caption + filters_.front()->GetMinSize().y + widget_.FromDIP(4);
     if (widget_.GetColLabelSize() != height) {
       widget_.SetColLabelSize(height);
     }
@@ -202,6 +203,7 @@ class GridBinding : public Binding {
 
   wxTextCtrl* MakeFilter() {
     auto* filter = new wxTextCtrl(widget_.GetGridColLabelWindow(), wxID_ANY);
+    SizeField(*filter, 1);
     filter->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
     filter->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
       const int key = event.GetKeyCode();
@@ -239,7 +241,7 @@ class GridBinding : public Binding {
       const int width = widget_.GetColSize(static_cast<int>(i));
       filters_[i]->Show(width > 4 * gap);
       if (filters_[i]->IsShown()) {
-        const int height = filters_[i]->GetBestSize().y;
+        const int height = filters_[i]->GetMinSize().y;
         filters_[i]->SetSize(start + gap, widget_.GetColLabelSize() - height - 2 * gap, width - 2 * gap, height);
       }
       start += width;

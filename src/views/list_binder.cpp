@@ -196,6 +196,7 @@ wxListCtrl* MakeListBox(wxWindow* parent, forms::ListBox& control, const std::ve
 wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characters, int lines) {
   auto* panel = new wxPanel(parent);
   auto* box = new wxTextCtrl(panel, wxID_ANY);
+  SizeField(*box, characters);
   wxListCtrl* list = MakeEntries(panel, control, {characters}, lines);
   KeepOutOfTabOrder(EntriesOf(*list));
   auto* column = new wxBoxSizer(wxVERTICAL);

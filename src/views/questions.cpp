@@ -10,6 +10,7 @@
 
 #include "views/binding.h"
 #include "views/placing.h"
+#include "views/text_binders.h"
 
 namespace views {
 namespace {
@@ -122,8 +123,9 @@ MessageDialog::MessageDialog(wxWindow* parent, const forms::Message& message)
 
 InputDialog::InputDialog(wxWindow* parent, const forms::InputBox& box)
     : wxDialog(parent, wxID_ANY, ToWx(box.title)),
-      text_(new wxTextCtrl(this, wxID_ANY, ToWx(box.text), wxDefaultPosition,
-                           wxSize(GetCharWidth() * kWrapCharacters * 3 / 4, -1), box.masked ? wxTE_PASSWORD : 0)) {
+      text_(new wxTextCtrl(this, wxID_ANY, ToWx(box.text), wxDefaultPosition, wxDefaultSize,
+                           box.masked ? wxTE_PASSWORD : 0)) {
+  SizeField(*text_, kWrapCharacters * 3 / 4);
   SetName("input");
   text_->SetName("field");
   text_->SelectAll();

@@ -155,14 +155,21 @@ int FieldWidth(const wxWindow& window, int characters) {
   return window.GetTextExtent(wxString('0', static_cast<std::size_t>(characters))).x;
 }
 
+void SizeField(wxTextCtrl& field, int characters) {
+  const int width = field.GetSizeFromTextSize(FieldWidth(field, characters)).x;
+  field.SetInitialSize(wxSize(width, field.GetCharHeight() + field.FromDIP(10)));
+}
+
 wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines) {
   long style = control.MultiLine ? wxTE_MULTILINE : wxTE_PROCESS_ENTER;
   if (control.PasswordChar != '\0') {
     style |= wxTE_PASSWORD;
   }
   auto* text = new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, style);
-  const int width = text->GetSizeFromTextSize(FieldWidth(*text, characters)).x;
-  text->SetInitialSize(wxSize(width, control.MultiLine ? text->GetCharHeight() * (lines + 1) : -1));
+  SizeField(*text, characters);
+  if (control.MultiLine) {
+    text->SetMinSize(wxSize(text->GetMinSize().x, text->GetCharHeight() * (lines + 1)));
+  }
   FormDialog::Of(*parent).Attach<TextBinding>(control, *text);
   return text;
 }

@@ -15,7 +15,9 @@ wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control);
 // The caption before a field, made just before it: Alt and the letter after '&' go to the field.
 wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control);
 
-// The width of so many digits in a window's own font, with a field's borders.
+// The width of so many digits in a window's own font.
 int FieldWidth(const wxWindow& window, int characters);
+// Makes a field that wide, and one line high: the toolkit's own height does not follow the size of the text.
+void SizeField(wxTextCtrl& field, int characters);
 
 }  // namespace views

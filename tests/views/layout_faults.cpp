@@ -91,7 +91,8 @@ class Check {
     const bool shows_text = IsA<wxButton, wxStaticText, wxCheckBox, wxRadioButton>(window);
     wxSize least = shows_text ? window.GetBestSize() : window.GetMinSize();
     if (IsA<wxTextCtrl, wxComboBox>(window)) {
-      least.y = std::max(least.y, window.GetBestSize().y);
+      constexpr int kBorders = 4;
+      least.y = std::max(least.y, window.GetCharHeight() + kBorders);
     }
     if (window.GetSize().x < least.x || window.GetSize().y < least.y) {
       Add(window, wxString::Format(" is clipped: %d x %d of %d x %d", window.GetSize().x, window.GetSize().y, least.x,
