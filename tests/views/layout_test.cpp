@@ -15,7 +15,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST(Layout, OfEveryWindowIsGood) {
-  const std::string folder = testing::TempDir() + "layout_test";
+  const std::string folder = testing::TempDir() + "layout_test_" + std::to_string(wxGetProcessId());
   std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   host::DemoOptions demo;
