@@ -3,10 +3,12 @@ import json
 import re
 import subprocess
 import time
+import urllib.error
 import urllib.request
 
 CHROMIUM_ARGUMENTS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
                       "--disable-background-networking", "--disable-component-update", "--disable-sync",
+                      "--disable-dev-shm-usage",
                       "--window-size=1400,1100"]
 KEYS = {"Enter": "\ue007", "Tab": "\ue004", "Esc": "\ue00c", "Control": "\ue009", "Alt": "\ue00a"}
 
@@ -53,8 +55,11 @@ class Browser:
         request = urllib.request.Request(self.base + path, method=verb,
                                          data=json.dumps(body or {}).encode() if verb == "POST" else None,
                                          headers={"Content-Type": "application/json"})
-        with urllib.request.urlopen(request, timeout=60) as response:
-            return json.load(response)["value"]
+        try:
+            with urllib.request.urlopen(request, timeout=60) as response:
+                return json.load(response)["value"]
+        except urllib.error.HTTPError as refusal:
+            raise AssertionError(f"{verb} {path}: {json.load(refusal)['value']['message']}") from None
 
     def open(self, address):
         self._send("POST", f"{self.session}/url", {"url": address})
