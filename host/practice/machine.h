@@ -3,6 +3,7 @@
 #include <compare>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "forms/dates.h"
 
@@ -27,5 +28,10 @@ forms::DateTime LocalNow();
 // Starts a program and does not wait for it; words of the command line in double quotes keep their blanks. False when
 // it could not be started.
 bool StartProcess(const std::string& command_line);
+
+// What main was given, without the program's own name, as UTF-8.
+std::vector<std::string> ProgramArguments(int count, char** words);
+// What goes through the standard streams is UTF-8, at a console too.
+void SpeakUtf8AtConsole();
 
 }  // namespace host

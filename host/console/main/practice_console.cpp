@@ -8,6 +8,7 @@
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
 #include "console/terminal.h"
+#include "practice/machine.h"
 
 namespace {
 
@@ -107,7 +108,8 @@ int RunCommand(Words& words) {
 
 int main(int argc, char** argv) {
   try {
-    Words words({argv + 1, argv + argc});
+    host::SpeakUtf8AtConsole();
+    Words words(host::ProgramArguments(argc, argv));
     return RunCommand(words);
   } catch (const UsageError&) {
     std::cerr << kUsage;

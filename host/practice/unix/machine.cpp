@@ -1,79 +1,17 @@
 #include "practice/machine.h"
 
-#include <ctime>
-#include <string_view>
-
-#ifdef _WIN32
-#include <windows.h>
-#else
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <ctime>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 #include <thread>
-#include <vector>
-#endif
 
 namespace host {
-
-#ifdef _WIN32
-
-namespace {
-
-// 0 when the process is not running.
-std::int64_t StartOf(HANDLE process) {
-  FILETIME created{}, exited{}, kernel{}, user{};
-  DWORD exit_code = 0;
-  if (!GetExitCodeProcess(process, &exit_code) || exit_code != STILL_ACTIVE ||
-      !GetProcessTimes(process, &created, &exited, &kernel, &user)) {
-    return 0;
-  }
-  return (static_cast<std::int64_t>(created.dwHighDateTime) << 32) | created.dwLowDateTime;
-}
-
-std::string MachineName() {
-  char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-  DWORD size = sizeof name;
-  return GetComputerNameA(name, &size) ? std::string(name, size) : std::string();
-}
-
-}  // namespace
-
-ProcessIdentity ThisProcess() {
-  return {MachineName(), static_cast<std::int64_t>(GetCurrentProcessId()), StartOf(GetCurrentProcess())};
-}
-
-bool MayBeAlive(const ProcessIdentity& process) {
-  if (process.machine != MachineName()) {
-    return true;
-  }
-  const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
-  if (handle == nullptr) {
-    return false;
-  }
-  const bool alive = StartOf(handle) == process.started;
-  CloseHandle(handle);
-  return alive;
-}
-
-bool StartProcess(const std::string& command_line) {
-  STARTUPINFOA startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process{};
-  std::string line = command_line;
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
-    return false;
-  }
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return true;
-}
-
-#else
-
 namespace {
 
 // 0 when the process is not running.
@@ -155,21 +93,21 @@ bool StartProcess(const std::string& command_line) {
   return true;
 }
 
-#endif
-
 forms::DateTime LocalNow() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &now);
-#else
   localtime_r(&now, &local);
-#endif
   namespace chrono = std::chrono;
   const forms::Date day{chrono::year(local.tm_year + 1900), chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
                         chrono::day(static_cast<unsigned>(local.tm_mday))};
   return forms::AtMidnight(day) + chrono::hours(local.tm_hour) + chrono::minutes(local.tm_min) +
          chrono::seconds(local.tm_sec);
 }
+
+std::vector<std::string> ProgramArguments(int count, char** words) {
+  return {words + 1, words + count};
+}
+
+void SpeakUtf8AtConsole() {}
 
 }  // namespace host

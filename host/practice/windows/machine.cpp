@@ -1,0 +1,107 @@
+#include "practice/machine.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+#include <string_view>
+
+namespace host {
+namespace {
+
+// 0 when the process is not running.
+std::int64_t StartOf(HANDLE process) {
+  FILETIME created{}, exited{}, kernel{}, user{};
+  DWORD exit_code = 0;
+  if (!GetExitCodeProcess(process, &exit_code) || exit_code != STILL_ACTIVE ||
+      !GetProcessTimes(process, &created, &exited, &kernel, &user)) {
+    return 0;
+  }
+  return (static_cast<std::int64_t>(created.dwHighDateTime) << 32) | created.dwLowDateTime;
+}
+
+std::wstring ToWide(std::string_view text) {
+  const auto size = static_cast<int>(text.size());
+  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+  return wide;
+}
+
+std::string ToUtf8(std::wstring_view wide) {
+  const auto size = static_cast<int>(wide.size());
+  std::string text(
+      static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr)), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
+  return text;
+}
+
+struct LocallyFreed {
+  void operator()(void* memory) const { LocalFree(memory); }
+};
+
+std::string MachineName() {
+  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+  return GetComputerNameW(name, &size) ? ToUtf8({name, size}) : std::string();
+}
+
+}  // namespace
+
+ProcessIdentity ThisProcess() {
+  return {MachineName(), static_cast<std::int64_t>(GetCurrentProcessId()), StartOf(GetCurrentProcess())};
+}
+
+bool MayBeAlive(const ProcessIdentity& process) {
+  if (process.machine != MachineName()) {
+    return true;
+  }
+  const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
+  if (handle == nullptr) {
+    // Another person's process is there, though closed to us.
+    return GetLastError() == ERROR_ACCESS_DENIED;
+  }
+  const bool alive = StartOf(handle) == process.started;
+  CloseHandle(handle);
+  return alive;
+}
+
+bool StartProcess(const std::string& command_line) {
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  std::wstring line = ToWide(command_line);
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+    return false;
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return true;
+}
+
+forms::DateTime LocalNow() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  namespace chrono = std::chrono;
+  const forms::Date day{chrono::year(now.wYear), chrono::month(now.wMonth), chrono::day(now.wDay)};
+  return forms::AtMidnight(day) + chrono::hours(now.wHour) + chrono::minutes(now.wMinute) +
+         chrono::seconds(now.wSecond);
+}
+
+std::vector<std::string> ProgramArguments(int /*count*/, char** /*words*/) {
+  // Those that main is given have lost what the system's code page lacks.
+  int count = 0;
+  const std::unique_ptr<wchar_t*, LocallyFreed> wide(CommandLineToArgvW(GetCommandLineW(), &count));
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) {
+    arguments.push_back(ToUtf8(wide.get()[i]));
+  }
+  return arguments;
+}
+
+void SpeakUtf8AtConsole() {
+  SetConsoleCP(CP_UTF8);
+  SetConsoleOutputCP(CP_UTF8);
+}
+
+}  // namespace host
