@@ -32,6 +32,15 @@ Question& OpenPicker(Interpreter& interpreter) {
   return question;
 }
 
+// "vbYesNo", "OKOnly" and "Yes/No" as they are squeezed here.
+std::string WithoutPrefix(std::string_view wanted) {
+  std::string squeezed = Squeezed(wanted);
+  if (squeezed.starts_with("vb")) {
+    squeezed.erase(0, 2);
+  }
+  return squeezed == "okonly" ? "ok" : squeezed;
+}
+
 void CheckAttribute(const Question& question, const std::string& name, const Expectation& wanted) {
   const forms::Message& message = *question.message;
   if (name == "title") {
@@ -41,7 +50,7 @@ void CheckAttribute(const Question& question, const std::string& name, const Exp
   const std::string was = name == "icon"      ? IconText(message.icon)
                           : name == "default" ? std::string(forms::Caption(message.Default()))
                                               : ButtonsText(message);
-  if (!wanted.Matches(was) && Squeezed(wanted.Text()) != Squeezed(was)) {
+  if (!wanted.Matches(was) && WithoutPrefix(wanted.Text()) != Squeezed(was)) {
     Differ(name + " " + wanted.Describe(), Quoted(was));
   }
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 #include "console/control_state.h"
 #include "console/step_failure.h"
@@ -45,6 +46,20 @@ entry::Arguments TakeArguments(const entry::Method& method, StepWords& words) {
   return arguments;
 }
 
+// `result` reads the arguments of the call, then the properties of its class.
+void ReadFrom(Interpreter& interpreter, entry::Dispatch& owner, entry::Arguments arguments) {
+  interpreter.ReadResult = [&owner,
+                            arguments = std::move(arguments)](const std::string& wanted) -> std::optional<std::string> {
+    if (const auto argument = arguments.find(wanted); argument != arguments.end()) {
+      return argument->second;
+    }
+    if (const auto property = owner.properties.find(wanted); property != owner.properties.end()) {
+      return property->second.get();
+    }
+    return std::nullopt;
+  };
+}
+
 void Call(Interpreter& interpreter, StepWords& words) {
   const auto [owner, name] = TakeMember(interpreter, words);
   const entry::Method* method = owner->Find(name);
@@ -53,15 +68,7 @@ void Call(Interpreter& interpreter, StepWords& words) {
   }
   entry::Arguments arguments = TakeArguments(*method, words);
   arguments.insert_or_assign("return", method->invoke(arguments));
-  interpreter.ReadResult = [owner = owner, arguments](const std::string& wanted) -> std::optional<std::string> {
-    if (const auto argument = arguments.find(wanted); argument != arguments.end()) {
-      return argument->second;
-    }
-    if (const auto property = owner->properties.find(wanted); property != owner->properties.end()) {
-      return property->second.get();
-    }
-    return std::nullopt;
-  };
+  ReadFrom(interpreter, *owner, std::move(arguments));
 }
 
 void Set(Interpreter& interpreter, StepWords& words) {
@@ -73,7 +80,12 @@ void Set(Interpreter& interpreter, StepWords& words) {
   words.TakeKeyword("=");
   const std::string value = words.Take("a value");
   words.End();
-  property->second.set(value);
+  try {
+    property->second.set(value);
+  } catch (const std::invalid_argument& problem) {
+    Fail(owner->class_name + "." + name + ": " + problem.what());
+  }
+  ReadFrom(interpreter, *owner, {});
 }
 
 const forms::Form::NamedProperty* FindProperty(const forms::Form& form, std::string_view name) {
@@ -97,6 +109,9 @@ void OpenForm(Interpreter& interpreter, StepWords& words) {
     if (property == nullptr) {
       Fail(made->Name() + " has no public property " + property_name);
     }
+    if (!property->set) {
+      Fail(made->Name() + "." + property_name + " is only read");
+    }
     property->set(value);
   }
   forms::Form& form = *made;
@@ -104,15 +119,21 @@ void OpenForm(Interpreter& interpreter, StepWords& words) {
   interpreter.Person().Show(form);
   interpreter.ReadResult = [&form](const std::string& wanted) -> std::optional<std::string> {
     const auto* property = FindProperty(form, wanted);
-    return property == nullptr ? std::nullopt : std::optional(property->get());
+    return property == nullptr || !property->get ? std::nullopt : std::optional(property->get());
   };
 }
 
 // Texts of truth values are truth values.
 void CheckResult(Interpreter& interpreter, StepWords& words) {
-  const std::string name = words.Take("a name");
+  std::string name = words.Take("a name");
   const Expectation wanted = words.TakeExpectation();
   words.End();
+  if (const std::size_t point = name.find('.'); point != std::string::npos) {
+    if (entry::Dispatch* owner = interpreter.World().Class(name.substr(0, point)); owner != nullptr) {
+      ReadFrom(interpreter, *owner, {});
+      name.erase(0, point + 1);
+    }
+  }
   if (!interpreter.ReadResult) {
     Fail("nothing has been called");
   }

@@ -39,7 +39,8 @@ void Revoke(Interpreter& interpreter, StepWords& words) {
 
 void SetClock(Interpreter& interpreter, StepWords& words) {
   const std::string text = words.TakeRest("a time");
-  const auto now = forms::ParseIso(text);
+  const bool without_seconds = text.size() == std::string_view("2026-11-21 14:05").size();
+  const auto now = forms::ParseIso(without_seconds ? text + ":00" : text);
   if (!now) {
     Fail(Quoted(text) + " is no time as \"2026-11-21 14:05:00\"");
   }

@@ -61,7 +61,7 @@ std::string StepWords::Take(std::string_view what) {
 }
 
 bool StepWords::TakeKeyword(std::string_view keyword) {
-  if (AtEnd() || words_[at_].quoted || !forms::EqualsIgnoringCase(words_[at_].text, keyword)) {
+  if (AtEnd() || !forms::EqualsIgnoringCase(words_[at_].text, keyword)) {
     return false;
   }
   ++at_;

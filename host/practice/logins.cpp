@@ -44,10 +44,14 @@ bool LoginRights::IgnoringCase::operator()(std::string_view left, std::string_vi
   return forms::ToUpper(left) < forms::ToUpper(right);
 }
 
+void LoginRights::Grant(std::string_view keyword) {
+  revoked_.erase(std::string(keyword));
+  keywords_.emplace(keyword);
+}
+
 void LoginRights::Revoke(std::string_view keyword) {
-  if (const auto found = keywords_.find(keyword); found != keywords_.end()) {
-    keywords_.erase(found);
-  }
+  keywords_.erase(std::string(keyword));
+  revoked_.emplace(keyword);
 }
 
 std::string HashPassword(std::string_view password, HashCost cost) {

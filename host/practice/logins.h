@@ -37,8 +37,11 @@ class LoginRights {
   const std::string& Name() const { return name_; }
   bool Supervisor() const { return keywords_.contains(kSupervisorRight); }
   // Keywords are compared without regard to case.
-  bool Has(std::string_view keyword) const { return Supervisor() || keywords_.contains(keyword); }
-  void Grant(std::string_view keyword) { keywords_.emplace(keyword); }
+  // A supervisor has every right but those that were taken from him.
+  bool Has(std::string_view keyword) const {
+    return keywords_.contains(keyword) || (Supervisor() && !revoked_.contains(keyword));
+  }
+  void Grant(std::string_view keyword);
   void Revoke(std::string_view keyword);
 
  private:
@@ -49,6 +52,7 @@ class LoginRights {
 
   std::string name_;
   std::set<std::string, IgnoringCase> keywords_;
+  std::set<std::string, IgnoringCase> revoked_;
 };
 
 struct LoginResult {

@@ -24,15 +24,8 @@ std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickL
 }
 
 void ComponentScreens::Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book) {
-  using Mode = people::patScreen_SM::Mode;
   people::patScreen_SM screen(context_);
-  if (forms::EqualsIgnoringCase(id, session::kNew)) {
-    screen.OpenMode = Mode::New;
-  } else if (forms::EqualsIgnoringCase(id, session::kEmergency)) {
-    screen.OpenMode = Mode::Emergency;
-  } else {
-    screen.pID = session::ToId(session::Value(id));
-  }
+  screen.Choose(id);
   screen.TypedName = typed_name;
   screen.ShowSaveNBookAppt = save_and_book;
   context_.user.Show(screen);

@@ -1,7 +1,10 @@
 #include "entry/dispatch.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 #include "forms/text.h"
@@ -45,8 +48,48 @@ class Reader {
   Arguments& arguments_;
 };
 
+constexpr std::array<std::string_view, 14> kListNames = {
+    "lulProvider",   "lulPhysician1",   "lulPhysician2",  "lulReferInOut", "lulReferral",
+    "lulFamilyHead", "lulEmployee",     "lulInsuranceCo", "lulEmployer",   "lulGroupPlan",
+    "lulInsGroup",   "lulRecallMaster", "lulPharmacy",    "lulCapPlans"};
+
+// A number, or the name of a list.
+std::int32_t ToNumber(const std::string& text) {
+  const auto name =
+      std::ranges::find_if(kListNames, [&](std::string_view known) { return forms::EqualsIgnoringCase(known, text); });
+  if (name != kListNames.end()) {
+    return static_cast<std::int32_t>(name - kListNames.begin());
+  }
+  const std::int32_t number = ToInt(text);
+  if (number == 0 && text != "0" && !text.empty()) {
+    throw std::invalid_argument("\"" + text + "\" is no number");
+  }
+  return number;
+}
+
 Form::NamedProperty Property(std::int32_t& value) {
-  return {[&value] { return std::to_string(value); }, [&value](const std::string& text) { value = ToInt(text); }};
+  return {[&value] { return std::to_string(value); }, [&value](const std::string& text) { value = ToNumber(text); }};
+}
+
+// Deletes nothing: an object of the host that is known by a name alone.
+struct NameOnly {
+  std::string name;
+  void operator()(void* /*object*/) const {}
+};
+
+// By its name; "Nothing" is none.
+Form::NamedProperty Property(HostObject& value) {
+  return {[&value]() -> std::string {
+            if (value == nullptr) {
+              return "Nothing";
+            }
+            const auto* named = std::get_deleter<NameOnly>(value);
+            return named != nullptr ? named->name : "Object";
+          },
+          [&value](const std::string& text) {
+            const bool none = text.empty() || forms::EqualsIgnoringCase(text, "Nothing");
+            value = none ? nullptr : HostObject(&value, NameOnly{text});
+          }};
 }
 
 Form::NamedProperty Property(bool& value) {
@@ -236,6 +279,8 @@ Dispatch DispatchOf(EditingScreen& screen) {
   Append(dispatch.methods, RecordMethods(screen));
   Append(dispatch.methods, PersonMethods(screen));
   dispatch.properties = {{"ExtraID", Property(screen.ExtraID)},
+                         {"frmOwner", Property(screen.frmOwner)},
+                         {"StartForm", Property(screen.StartForm)},
                          {"NewEmployeePasswordID", Property(screen.NewEmployeePasswordID)}};
   return dispatch;
 }
@@ -256,6 +301,8 @@ Dispatch DispatchOf(LookUpList& list) {
                          {"No_Double_Click", Property(list.No_Double_Click)},
                          {"bSelectMode", Property(list.bSelectMode)},
                          {"ShowFacilityOptions", Property(list.ShowFacilityOptions)},
+                         {"frmOwner", Property(list.frmOwner)},
+                         {"StartForm", Property(list.StartForm)},
                          {"ListTitle", Property(list.ListTitle)},
                          {"SelectedID", Property(list.SelectedID)},
                          {"Select_String", Property(list.Select_String)},

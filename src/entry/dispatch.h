@@ -37,6 +37,7 @@ struct Method {
 struct Dispatch {
   std::string class_name;
   std::vector<Method> methods;  // in the order of declaration
+  // Setting throws std::invalid_argument for a text that the property cannot hold.
   std::map<std::string, forms::Form::NamedProperty, IgnoringCase> properties;
 
   // Nullptr when there is no such method.

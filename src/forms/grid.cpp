@@ -10,6 +10,9 @@ std::string TableRows::Text(int row, int column) const {
 }
 
 int Grid::ColumnIndex(std::string_view caption) const {
+  if (caption.starts_with('[') && caption.ends_with(']')) {
+    caption = caption.substr(1, caption.size() - 2);  // as statements write it
+  }
   const auto& columns = Columns.get();
   auto found = std::ranges::find(columns, caption, &GridColumn::caption);
   if (found == columns.end()) {

@@ -1,5 +1,6 @@
 #include "forms/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -164,7 +165,8 @@ std::string ToProper(std::string_view utf8) {
 }
 
 bool IsOn(std::string_view text) {
-  return text == "1" || text == "-1" || EqualsIgnoringCase(text, "on") || EqualsIgnoringCase(text, "true");
+  constexpr std::array<std::string_view, 6> kSet = {"1", "-1", "on", "true", "yes", "y"};
+  return std::ranges::any_of(kSet, [text](std::string_view set) { return EqualsIgnoringCase(text, set); });
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {

@@ -28,7 +28,7 @@ std::string ToLower(std::string_view utf8);
 // First letter of each word upper, the others lower; an apostrophe stands within a word.
 std::string ToProper(std::string_view utf8);
 
-// A setting that is set: "1", "-1", "on" or "true" in any case.
+// A setting that is set: "1", "-1", "on", "true", "yes" or "y" in any case.
 bool IsOn(std::string_view text);
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);

@@ -90,16 +90,23 @@ void patScreen_SM::Register() {
   PictureBox1.Visible = false;
   DialogButtons1.Extra.Caption = "&Save and Book";
 
-  Properties["Mode"] = {nullptr, [this](const std::string& mode) {
-                          OpenMode = forms::EqualsIgnoringCase(mode, session::kNew)         ? Mode::New
-                                     : forms::EqualsIgnoringCase(mode, session::kEmergency) ? Mode::Emergency
-                                                                                            : Mode::Edit;
-                        }};
-  Properties["pID"] = {[this] { return std::to_string(pID); },
-                       [this](const std::string& id) { pID = session::ToId(session::Value(id)); }};
+  const auto choose = [this](const std::string& id) { Choose(id); };
+  Properties["Mode"] = {nullptr, choose};
+  Properties["pID"] = {[this] { return std::to_string(pID); }, choose};
   Properties["TypedName"] = {[this] { return TypedName; }, [this](const std::string& name) { TypedName = name; }};
   Properties["ShowSaveNBookAppt"] = {[this] { return ShowSaveNBookAppt ? "True" : "False"; },
                                      [this](const std::string& show) { ShowSaveNBookAppt = forms::IsOn(show); }};
+}
+
+void patScreen_SM::Choose(std::string_view id) {
+  if (forms::EqualsIgnoringCase(id, session::kNew)) {
+    OpenMode = Mode::New;
+  } else if (forms::EqualsIgnoringCase(id, session::kEmergency)) {
+    OpenMode = Mode::Emergency;
+  } else {
+    OpenMode = Mode::Edit;
+    pID = session::ToId(session::Value(std::string(id)));
+  }
 }
 
 void patScreen_SM::OnLoad() {
@@ -123,7 +130,7 @@ void patScreen_SM::OnLoad() {
     Contacts_Setup();
     Patient_SM.MarkWritten();
     // A name that was carried over is not thrown away without asking.
-    Text1[kLastName].DataChanged = Adding() && !TypedName.empty();
+    Text1[kLastName].DataChanged = Adding() && !Text1[kLastName].Text->empty();
   });
   if (!loaded) {
     Close();
@@ -158,7 +165,9 @@ void patScreen_SM::LoadNew() {
   const auto person = [&setting](std::string_view key) { return session::ToId(session::Value(setting(key))); };
   const std::int32_t provider = person("OFF_DEF_PRO") != 0 ? person("OFF_DEF_PRO") : person("OFF_PRA_PRO");
   Label5[kProviderId].Caption = provider != 0 ? std::to_string(provider) : std::string();
-  const people::TypedName name = ParseName(TypedName);
+  const auto entered = ParseNameOrId(TypedName);
+  const auto* typed = std::get_if<people::TypedName>(&entered);  // a number is an ID, never a name
+  const people::TypedName name = typed != nullptr ? *typed : people::TypedName();
   Text1[kLastName].Text = forms::Left(name.last, static_cast<std::size_t>(Text1[kLastName].MaxLength.get()));
   Text1[kFirstName].Text = forms::Left(name.first, static_cast<std::size_t>(Text1[kFirstName].MaxLength.get()));
 }

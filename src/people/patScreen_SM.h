@@ -82,8 +82,8 @@ class patScreen_SM : public forms::Form {
   forms::DialogButtons DialogButtons1;  // `Extra` saves and books
   data::RecordBinding Patient_SM;
 
-  Mode OpenMode = Mode::Edit;
-  // The patient: to edit, and the saved one afterwards.
+  Mode OpenMode = Mode::New;
+  // The patient to edit, and the saved one afterwards.
   std::int32_t pID = 0;
   // The name typed before the screen opened, for a new patient.
   std::string TypedName;
@@ -91,6 +91,9 @@ class patScreen_SM : public forms::Form {
   bool ShowSaveNBookAppt = false;
   // The record was written at least once.
   bool Saved = false;
+
+  // "NEW", "EMERGENCY" or a patient's ID.
+  void Choose(std::string_view id);
 
   void Contacts_Setup();
   void Contacts_Save();

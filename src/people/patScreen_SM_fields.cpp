@@ -120,6 +120,7 @@ char32_t patScreen_SM::FilterBirthDate(char32_t character) {
 bool patScreen_SM::TakeBirthDate() {
   const std::string typed(forms::Trim(Text1[kBirthDate].Text.get()));
   if (typed == birth_date_shown_) {
+    ShowAge();
     return true;
   }
   const forms::Date today = context_.session.Today();
