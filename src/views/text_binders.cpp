@@ -35,7 +35,6 @@ class TextBinding : public Binding {
 
  protected:
   void Refresh(forms::Aspect aspect) override {
-    text_.SetEditable(!box_.ReadOnly);
     const wxString wanted = WithLineFeeds(box_.Text);
     if (aspect == forms::Aspect::Value && text_.GetValue() != wanted) {
       const long caret = text_.GetInsertionPoint();
@@ -80,10 +79,15 @@ class TextBinding : public Binding {
     Put(from, to, pasted);
   }
 
-  // What came past the keyboard and the clipboard: characters taken away, or put in by a drop or an input method.
+  // What came past the keyboard and the clipboard: characters taken away, or put in by a drop or an input method. A
+  // widget that could not be edited would not tell the rules of a key either.
   void OnChanged() {
     const wxString before = WithLineFeeds(box_.Text);
     const wxString after = text_.GetValue();
+    if (box_.ReadOnly) {
+      text_.ChangeValue(before);
+      return;
+    }
     const std::size_t shorter = std::min(before.length(), after.length());
     std::size_t head = 0;
     while (head < shorter && before[head] == after[head]) {

@@ -89,6 +89,22 @@ TEST_F(Binders, WhatTheWidgetTakesAwayReachesTheControl) {
   EXPECT_EQ(box->GetInsertionPoint(), 6);
 }
 
+TEST_F(Binders, AReadOnlyFieldKeepsItsTextAndTellsTheRules) {
+  form_.txtName.Text = "Clark";
+  form_.txtName.ReadOnly = true;
+  int told = 0;
+  form_.txtName.KeyPress = [&](char32_t character) {
+    ++told;
+    return character;
+  };
+  wxTextCtrl* box = views::MakeTextBox(&dialog_, form_.txtName, 10);
+  Type(*box, "x");
+  box->Remove(0, 2);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(box->GetValue(), "Clark");
+  EXPECT_EQ(form_.txtName.Text.get(), "Clark");
+}
+
 TEST_F(Binders, RulesShowAtOnce) {
   wxCheckBox* box = views::MakeCheckBox(&dialog_, form_.chkFlag);
   form_.chkFlag.Caption = "&Flag";
