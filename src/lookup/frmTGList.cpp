@@ -202,7 +202,8 @@ void frmTGList::EnableCommands() {
   const bool on_row = DotNetGrid.Row >= 0;
   DialogButtons1.OK.Enabled = on_row;
   MnuFileSel.Enabled = on_row;
-  ToolStrip["Edit"].Enabled = on_row;
+  // With nothing to edit it offers to add.
+  ToolStrip["Edit"].Enabled = on_row || DotNetGrid.RowCount() == 0;
   ToolStrip["Delete"].Enabled = on_row;
   ToolStrip["RemFilt"].Enabled = !conditions_.empty();
 }

@@ -93,6 +93,8 @@ class frmTGList : public forms::Form {
   void ShowSeparators();
   void ToolStrip_ItemClicked(const std::string& key);
 
+  void EditCurrent();
+
   void DotNetGrid_AddRecord();
   void DotNetGrid_DblClick();
   void DotNetGrid_FilterChanged();

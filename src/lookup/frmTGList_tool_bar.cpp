@@ -60,6 +60,16 @@ void frmTGList::ShowToolButtons() {
   ShowSeparators();
 }
 
+void frmTGList::EditCurrent() {
+  if (DotNetGrid.Row >= 0) {
+    Open(std::to_string(CurrentID()));
+  } else if (context_.user.Ask({.text = "Nothing to edit. Do you want to add one?",
+                                .buttons = forms::kYesNo,
+                                .icon = forms::Icon::Question}) == forms::Answer::Yes) {
+    DotNetGrid_AddRecord();
+  }
+}
+
 // A separator stands only between buttons that are shown.
 void frmTGList::ShowSeparators() {
   forms::ToolBar::Item* waiting = nullptr;
@@ -84,7 +94,7 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
   if (key == "New") {
     DotNetGrid_AddRecord();
   } else if (key == "Edit") {
-    Open(std::to_string(CurrentID()));
+    EditCurrent();
   } else if (key == "Delete") {
     context_.user.Tell("Deleting from the " + TitleText() + " is not part of this version yet. Nothing was changed.",
                        std::string(forms::kSuiteTitle), forms::Icon::Information);
