@@ -14,9 +14,10 @@ struct Slots {
   HostObject main_form;
 };
 
-// One for the component, for as long as it is loaded: the host's contract asks for it.
+// One for the component, for as long as it is loaded: the host's contract asks for it. Never taken down: at the end
+// of a process the host's objects may be gone before.
 Slots& TheSlots() {
-  static Slots slots;
+  static Slots& slots = *new Slots;
   return slots;
 }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "com/dispatch_object.h"
+#include "session/connection.h"
+
+namespace com {
+
+// The host's connection, called by ADO's documented names (Execute, BeginTrans, CommitTrans, RollbackTrans, Cancel,
+// Errors). An error of the provider is told in the words of its Errors.
+class AdoConnection : public session::Connection {
+ public:
+  explicit AdoConnection(ComPtr<IDispatch> connection) : connection_(std::move(connection), "The connection") {}
+
+  std::unique_ptr<session::Recordset> Execute(const std::string& sql) override;
+  void BeginTrans() override { Run("BeginTrans"); }
+  void CommitTrans() override { Run("CommitTrans"); }
+  void RollbackTrans() override { Run("RollbackTrans"); }
+  // From the host's own thread only, as every call.
+  void Cancel() override { Run("Cancel"); }
+
+ private:
+  void Run(const char* member);
+  // What the provider said of a failure, or the failure itself.
+  session::DatabaseError ErrorOf(const session::DatabaseError& failure, const std::string& sql) const;
+
+  DispatchObject connection_;
+};
+
+}  // namespace com

@@ -1,0 +1,158 @@
+#include "com/ado_recordset.h"
+
+#include <array>
+#include <charconv>
+
+namespace com {
+namespace {
+
+using session::FieldType;
+
+constexpr std::int32_t kBlockRows = 64;
+constexpr std::int32_t kClosed = 0;
+constexpr int kFeatureNotAvailable = static_cast<int>(0x800A0CB3);
+
+// ADO's DataTypeEnum.
+FieldType TypeOf(std::int32_t ado_type) {
+  switch (ado_type) {
+    case 2:   // adSmallInt
+    case 3:   // adInteger
+    case 11:  // adBoolean
+    case 16:  // adTinyInt
+    case 17:  // adUnsignedTinyInt
+    case 18:  // adUnsignedSmallInt
+    case 19:  // adUnsignedInt
+    case 20:  // adBigInt
+    case 21:  // adUnsignedBigInt
+      return FieldType::Integer;
+    case 4:    // adSingle
+    case 5:    // adDouble
+    case 14:   // adDecimal
+    case 131:  // adNumeric
+    case 139:  // adVarNumeric
+      return FieldType::Double;
+    case 6:  // adCurrency
+      return FieldType::Currency;
+    case 7:    // adDate
+    case 133:  // adDBDate
+    case 134:  // adDBTime
+    case 135:  // adDBTimeStamp
+      return FieldType::DateTime;
+    case 72:  // adGUID
+      return FieldType::Guid;
+    case 128:  // adBinary
+    case 204:  // adVarBinary
+    case 205:  // adLongVarBinary
+      return FieldType::Blob;
+    default:
+      return FieldType::Text;
+  }
+}
+
+bool IsUnlimited(std::int32_t ado_type) {
+  return ado_type == 201 || ado_type == 203 || ado_type == 205;  // adLongVarChar, adLongVarWChar, adLongVarBinary
+}
+
+// Nothing after the last result, and from a provider that gives one result a statement.
+ComPtr<IDispatch> NextResult(const DispatchObject& recordset) {
+  try {
+    return ToObject(recordset.Call("NextRecordset"));
+  } catch (const session::DatabaseError& error) {
+    if (error.Code() != kFeatureNotAvailable) {
+      throw;
+    }
+    return {};
+  }
+}
+
+// "{01234567-89AB-CDEF-0123-456789ABCDEF}", as ADO gives a uniqueidentifier; other text stays text.
+session::Value ParseGuid(const std::string& text) {
+  std::string digits;
+  for (const char c : text) {
+    if (c != '{' && c != '}' && c != '-') {
+      digits += c;
+    }
+  }
+  session::Guid guid;
+  if (digits.size() != 2 * guid.bytes.size()) {
+    return text;
+  }
+  for (std::size_t i = 0; i < guid.bytes.size(); ++i) {
+    const char* const from = digits.data() + 2 * i;
+    if (const auto [stop, error] = std::from_chars(from, from + 2, guid.bytes[i], 16);
+        error != std::errc() || stop != from + 2) {
+      return text;
+    }
+  }
+  return guid;
+}
+
+}  // namespace
+
+AdoRecordset::AdoRecordset(DispatchObject recordset) : recordset_(std::move(recordset)) {
+  SkipResultsWithoutRows();
+  if (recordset_.Get() != nullptr) {
+    ReadFields();
+    Fetch();
+  }
+}
+
+void AdoRecordset::SkipResultsWithoutRows() {
+  while (recordset_.Get() != nullptr && recordset_.Offers("State") && recordset_.Int("State") == kClosed) {
+    recordset_ = DispatchObject(NextResult(recordset_), recordset_.Name());
+  }
+}
+
+void AdoRecordset::ReadFields() {
+  const DispatchObject fields = recordset_.Object("Fields", "Fields");
+  const std::int32_t count = fields.Int("Count");
+  for (std::int32_t i = 0; i < count; ++i) {
+    const DispatchObject field = fields.Object("Item", "A field", {Variant::Of(i)});
+    const std::int32_t type = field.Int("Type");
+    fields_.push_back({.name = field.Text("Name"),
+                       .type = TypeOf(type),
+                       .defined_size = IsUnlimited(type) ? 0 : field.Int("DefinedSize")});
+  }
+}
+
+void AdoRecordset::Fetch() {
+  block_ = Variant();
+  row_ = 0;
+  rows_ = 0;
+  if (fields_.empty() || recordset_.Bool("EOF")) {
+    return;
+  }
+  block_ = recordset_.Call("GetRows", {Variant::Of(kBlockRows)});
+  LONG last = -1;
+  if (V_VT(&block_) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&block_)) != 2 ||
+      FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 1, &first_field_)) ||
+      FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 2, &row_)) ||
+      FAILED(SafeArrayGetUBound(V_ARRAY(&block_), 2, &last))) {
+    throw session::DatabaseError(recordset_.Name() + " of the host gives no rows for \"GetRows\".", {}, 0);
+  }
+  rows_ = last + 1;
+}
+
+void AdoRecordset::MoveNext() {
+  if (++row_ >= rows_) {
+    Fetch();
+  }
+}
+
+session::Value AdoRecordset::Get(std::size_t field) const {
+  std::array<LONG, 2> at = {first_field_ + static_cast<LONG>(field), row_};
+  void* cell = nullptr;
+  try {
+    Check(SafeArrayPtrOfIndex(V_ARRAY(&block_), at.data(), &cell));
+    session::Value value = ToValue(*static_cast<const VARIANT*>(cell));
+    if (fields_[field].type == FieldType::Guid && std::holds_alternative<std::string>(value)) {
+      return ParseGuid(std::get<std::string>(value));
+    }
+    return value;
+  } catch (const ComError& error) {
+    throw session::DatabaseError("The value of column " + fields_[field].name + " cannot be read.", {},
+                                 static_cast<int>(error.Result()));
+  }
+}
+
+}  // namespace com

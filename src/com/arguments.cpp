@@ -1,0 +1,52 @@
+#include "com/arguments.h"
+
+#include "session/screens.h"
+
+namespace com {
+
+std::string TextOf(const VARIANT* argument) {
+  return IsMissing(argument) ? std::string() : ToText(*argument);
+}
+
+std::int32_t IntOf(const VARIANT* argument) {
+  return IsMissing(argument) ? 0 : ToInt(*argument);
+}
+
+bool BoolOf(const VARIANT* argument) {
+  return !IsMissing(argument) && ToBool(*argument);
+}
+
+double DoubleOf(const VARIANT* argument) {
+  if (IsMissing(argument)) {
+    return 0;
+  }
+  const Variant number = ChangeType(*argument, VT_R8);
+  return V_R8(&number);
+}
+
+forms::Currency CurrencyOf(const VARIANT* argument) {
+  if (IsMissing(argument)) {
+    return {};
+  }
+  const Variant amount = ChangeType(*argument, VT_CY);
+  return forms::Currency::FromTenThousandths(V_CY(&amount).int64);
+}
+
+void AssignBool(VARIANT* argument, bool value) {
+  Assign(argument, Variant::Of(value));
+}
+
+IdArgument::IdArgument(VARIANT* argument)
+    : argument_(argument),
+      given_(IsMissing(argument) ? std::string(session::kNew) : ToText(*argument)),
+      text_(given_) {}
+
+void IdArgument::Return() const {
+  if (text_ == given_) {
+    return;
+  }
+  const std::int32_t id = session::ToId(session::Value(text_));
+  Assign(argument_, std::to_string(id) == text_ ? Variant::Of(id) : Variant::Of(text_));
+}
+
+}  // namespace com

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <cstdint>
+#include <string>
+
+#include "com/variant.h"
+#include "forms/currency.h"
+
+// By-reference arguments as the screens take them. One that was left out is empty, 0 or False; a record ID that was
+// left out asks for a new record.
+namespace com {
+
+std::string TextOf(const VARIANT* argument);
+std::int32_t IntOf(const VARIANT* argument);
+bool BoolOf(const VARIANT* argument);
+double DoubleOf(const VARIANT* argument);
+forms::Currency CurrencyOf(const VARIANT* argument);
+
+void AssignBool(VARIANT* argument, bool value);
+
+// A record ID, "NEW" or another text in its place. `Return` leaves the host's argument as it is when the ID has not
+// changed; otherwise it becomes a number where the ID is one.
+class IdArgument {
+ public:
+  explicit IdArgument(VARIANT* argument);
+
+  std::string& Text() { return text_; }
+  void Return() const;
+
+ private:
+  VARIANT* argument_;
+  std::string given_;
+  std::string text_;
+};
+
+}  // namespace com

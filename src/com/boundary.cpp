@@ -1,0 +1,56 @@
+#include "com/boundary.h"
+
+#include <new>
+#include <string>
+
+#include "session/connection.h"
+
+namespace com {
+namespace {
+
+void SetDescription(const char* description, const IID& interface_id) {
+  ComPtr<ICreateErrorInfo> made;
+  if (FAILED(CreateErrorInfo(made.Out()))) {
+    return;
+  }
+  const std::wstring wide = ToWide(description);
+  made->SetGUID(interface_id);
+  made->SetSource(const_cast<LPOLESTR>(L"twSimpleEditScreens"));
+  made->SetDescription(const_cast<LPOLESTR>(wide.c_str()));
+  if (const ComPtr<IErrorInfo> info = made.As<IErrorInfo>()) {
+    SetErrorInfo(0, info.Get());
+  }
+}
+
+HRESULT Translate(forms::User* person, const IID& interface_id) {
+  try {
+    throw;
+  } catch (const session::DatabaseError& error) {
+    if (person == nullptr) {
+      SetDescription(error.what(), interface_id);
+      return E_FAIL;
+    }
+    person->Tell(error.what(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
+    return S_OK;
+  } catch (const ComError& error) {
+    SetDescription(error.what(), interface_id);
+    return error.Result();
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (const std::exception& error) {
+    SetDescription(error.what(), interface_id);
+    return E_FAIL;
+  }
+}
+
+}  // namespace
+
+HRESULT ReportException(forms::User* person, const IID& interface_id) noexcept {
+  try {
+    return Translate(person, interface_id);
+  } catch (...) {  // telling it failed too
+    return E_UNEXPECTED;
+  }
+}
+
+}  // namespace com

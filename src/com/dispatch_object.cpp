@@ -1,0 +1,134 @@
+#include "com/dispatch_object.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <vector>
+
+namespace com {
+namespace {
+
+struct ExceptionInfo : EXCEPINFO {
+  ExceptionInfo() : EXCEPINFO() {}
+  ExceptionInfo(const ExceptionInfo&) = delete;
+  ExceptionInfo& operator=(const ExceptionInfo&) = delete;
+  ~ExceptionInfo() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+  }
+};
+
+std::string Hex(HRESULT result) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text = "0x";
+  for (int shift = 28; shift >= 0; shift -= 4) {
+    text += kDigits[(static_cast<ULONG>(result) >> static_cast<unsigned>(shift)) & 0xFU];
+  }
+  return text;
+}
+
+}  // namespace
+
+bool DispatchObject::Offers(const char* member) const {
+  const std::wstring wide = ToWide(member);
+  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
+  DISPID id = DISPID_UNKNOWN;
+  return object_ && SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id));
+}
+
+DISPID DispatchObject::Find(const char* member) const {
+  if (!object_) {
+    throw session::DatabaseError("The host has not handed over " + name_ + ".", {}, 0);
+  }
+  const std::wstring wide = ToWide(member);
+  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
+  DISPID id = DISPID_UNKNOWN;
+  const HRESULT result = object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  if (FAILED(result)) {
+    Fail(name_ + " of the host does not offer \"" + member + "\".", result);
+  }
+  return id;
+}
+
+Variant DispatchObject::Invoke(const char* member, DISPID id, WORD flags, DISPPARAMS& parameters) const {
+  Variant value;
+  ExceptionInfo info;
+  UINT wrong = 0;
+  const HRESULT result = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                         (flags & DISPATCH_PROPERTYPUT) != 0 ? nullptr : &value, &info, &wrong);
+  if (result == DISP_E_EXCEPTION) {
+    if (info.pfnDeferredFillIn != nullptr) {
+      info.pfnDeferredFillIn(&info);
+    }
+    const HRESULT code = info.scode != 0 ? info.scode : static_cast<HRESULT>(info.wCode);
+    std::string description = FromBstr(info.bstrDescription);
+    if (description.empty()) {
+      description = name_ + " of the host failed in \"" + member + "\" (" + Hex(code) + ").";
+    }
+    Fail(description, code);
+  }
+  if (result == DISP_E_MEMBERNOTFOUND) {
+    Fail(name_ + " of the host does not offer \"" + member + "\".", result);
+  }
+  if (FAILED(result)) {
+    Fail(name_ + " of the host refused the call of \"" + member + "\" (" + Hex(result) + ").", result);
+  }
+  return value;
+}
+
+Variant DispatchObject::Call(const char* member, std::initializer_list<Variant> arguments) const {
+  const DISPID id = Find(member);
+  // The last argument comes first.
+  std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
+  DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  return Invoke(member, id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters);
+}
+
+Variant DispatchObject::CallAs(VARTYPE type, const char* kind, const char* member,
+                               std::initializer_list<Variant> arguments) const {
+  const Variant value = Call(member, arguments);
+  try {
+    return ChangeType(value, type);
+  } catch (const ComError& error) {
+    Fail(name_ + " of the host gives no " + kind + " for \"" + member + "\".", error.Result());
+  }
+}
+
+std::string DispatchObject::Text(const char* member, std::initializer_list<Variant> arguments) const {
+  const Variant value = Call(member, arguments);
+  try {
+    return ToText(value);
+  } catch (const ComError& error) {
+    Fail(name_ + " of the host gives no text for \"" + member + "\".", error.Result());
+  }
+}
+
+std::int32_t DispatchObject::Int(const char* member, std::initializer_list<Variant> arguments) const {
+  return V_I4(&static_cast<const VARIANT&>(CallAs(VT_I4, "whole number", member, arguments)));
+}
+
+bool DispatchObject::Bool(const char* member, std::initializer_list<Variant> arguments) const {
+  return V_BOOL(&static_cast<const VARIANT&>(CallAs(VT_BOOL, "truth value", member, arguments))) != VARIANT_FALSE;
+}
+
+DispatchObject DispatchObject::Object(const char* member, std::string name,
+                                      std::initializer_list<Variant> arguments) const {
+  ComPtr<IDispatch> object = ToObject(Call(member, arguments));
+  if (!object) {
+    Fail(name_ + " of the host gives no object for \"" + member + "\".", DISP_E_TYPEMISMATCH);
+  }
+  return {std::move(object), std::move(name)};
+}
+
+void DispatchObject::Put(const char* member, Variant value) const {
+  DISPID named = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{&value, &named, 1, 1};
+  Invoke(member, Find(member), DISPATCH_PROPERTYPUT, parameters);
+}
+
+void DispatchObject::Fail(const std::string& message, HRESULT result) const {
+  throw session::DatabaseError(message, {}, static_cast<int>(result));
+}
+
+}  // namespace com

@@ -1,0 +1,165 @@
+#include "com/editing_screen_object.h"
+
+#include "com/arguments.h"
+
+namespace com {
+
+EditingScreenObject::EditingScreenObject() : PublicClass(__uuidof(::EditingScreen), __uuidof(DEditingScreenEvents)) {}
+
+HRESULT EditingScreenObject::put_ExtraID(LONG value) {
+  Screens().ExtraID = value;
+  return S_OK;
+}
+
+HRESULT EditingScreenObject::put_NewEmployeePasswordID(LONG value) {
+  Screens().NewEmployeePasswordID = value;
+  return S_OK;
+}
+
+template <typename Screen>
+HRESULT EditingScreenObject::OpenFor(VARIANT_BOOL* outcome, Screen screen) {
+  if (outcome == nullptr) {
+    return E_POINTER;
+  }
+  *outcome = VARIANT_FALSE;
+  return Open([&] { Get(outcome, screen()); });
+}
+
+HRESULT EditingScreenObject::Edit_AdjustPlan_Info(VARIANT* EmployerID, VARIANT* CarrierID, VARIANT* GroupID,
+                                                  VARIANT* TreatmentCode, VARIANT* OfficeFee, VARIANT* AllowedFee,
+                                                  VARIANT* PlanCalculationFee, VARIANT* CoveragePercent,
+                                                  VARIANT* PlanPayment, VARIANT* ProviderAdjustment,
+                                                  VARIANT* PatientPortion, VARIANT* AllowEditPayment,
+                                                  VARIANT_BOOL* Accepted) {
+  return OpenFor(Accepted, [&] {
+    entry::PlanAdjustment plan{.employer_id = IntOf(EmployerID),
+                               .carrier_id = IntOf(CarrierID),
+                               .group_id = IntOf(GroupID),
+                               .treatment_code = TextOf(TreatmentCode),
+                               .office_fee = CurrencyOf(OfficeFee),
+                               .allowed_fee = CurrencyOf(AllowedFee),
+                               .plan_calculation_fee = CurrencyOf(PlanCalculationFee),
+                               .coverage_percent = DoubleOf(CoveragePercent),
+                               .plan_payment = CurrencyOf(PlanPayment),
+                               .provider_adjustment = CurrencyOf(ProviderAdjustment),
+                               .patient_portion = CurrencyOf(PatientPortion),
+                               .allow_edit_payment = BoolOf(AllowEditPayment)};
+    const bool accepted = Screens().Edit_AdjustPlan_Info(plan);
+    Assign(EmployerID, Variant::Of(plan.employer_id));
+    Assign(CarrierID, Variant::Of(plan.carrier_id));
+    Assign(GroupID, Variant::Of(plan.group_id));
+    Assign(TreatmentCode, Variant::Of(plan.treatment_code));
+    Assign(OfficeFee, ToVariant(plan.office_fee));
+    Assign(AllowedFee, ToVariant(plan.allowed_fee));
+    Assign(PlanCalculationFee, ToVariant(plan.plan_calculation_fee));
+    Assign(CoveragePercent, ToVariant(plan.coverage_percent));
+    Assign(PlanPayment, ToVariant(plan.plan_payment));
+    Assign(ProviderAdjustment, ToVariant(plan.provider_adjustment));
+    Assign(PatientPortion, ToVariant(plan.patient_portion));
+    AssignBool(AllowEditPayment, plan.allow_edit_payment);
+    return accepted;
+  });
+}
+
+HRESULT EditingScreenObject::Edit_PPO_Adjustment(VARIANT_BOOL* Accepted) {
+  return OpenFor(Accepted, [&] { return Screens().Edit_PPO_Adjustment(); });
+}
+
+HRESULT EditingScreenObject::Select_Coverage(LONG EmployerID, VARIANT_BOOL MustSelect, LONG HideElID,
+                                             LONG* SelectedCoverage) {
+  if (SelectedCoverage == nullptr) {
+    return E_POINTER;
+  }
+  *SelectedCoverage = 0;
+  return Open(
+      [&] { *SelectedCoverage = Screens().Select_Coverage(EmployerID, MustSelect != VARIANT_FALSE, HideElID); });
+}
+
+HRESULT EditingScreenObject::Edit_Patient_Coverage(LONG PatientID, VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().Edit_Patient_Coverage(PatientID); });
+}
+
+HRESULT EditingScreenObject::Location_Edit_Screen(VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().Location_Edit_Screen(); });
+}
+
+HRESULT EditingScreenObject::PatientLocation_Setup(LONG PatientID, VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().PatientLocation_Setup(PatientID); });
+}
+
+HRESULT EditingScreenObject::LoginLocation_Setup(LONG PasswordID, VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().LoginLocation_Setup(PasswordID); });
+}
+
+HRESULT EditingScreenObject::Show_InsPlan_Screen(LONG EmpID, LONG InsID, LONG GroID, BSTR Title, LONG HelpID) {
+  return Open([&] { Screens().Show_InsPlan_Screen(EmpID, InsID, GroID, FromBstr(Title), HelpID); });
+}
+
+HRESULT EditingScreenObject::Employer_Start(VARIANT* /*Tmp*/, VARIANT* /*PatID*/, VARIANT* /*FormTag*/,
+                                            VARIANT* /*SubscriberID*/, VARIANT* /*Subscriber_elID*/,
+                                            EmployerStartTab /*StartTab*/) {
+  return S_OK;
+}
+
+HRESULT EditingScreenObject::Grp_Plan_Start(VARIANT* GroPlaID, LONG InsCoID) {
+  return Open([&] {
+    IdArgument plan(GroPlaID);
+    Screens().Grp_Plan_Start(plan.Text(), InsCoID);
+    plan.Return();
+  });
+}
+
+HRESULT EditingScreenObject::Recall_Master_Start(VARIANT* TmpRecNum, VARIANT* RecallID, VARIANT* Canceled,
+                                                 VARIANT* DataSaved) {
+  return Open([&] {
+    std::string temporary_number = TextOf(TmpRecNum);
+    IdArgument recall(RecallID);
+    bool canceled = BoolOf(Canceled);
+    bool data_saved = BoolOf(DataSaved);
+    Screens().Recall_Master_Start(temporary_number, recall.Text(), canceled, data_saved);
+    recall.Return();
+    AssignBool(Canceled, canceled);
+    AssignBool(DataSaved, data_saved);
+  });
+}
+
+HRESULT EditingScreenObject::Ins_Company_Start(VARIANT* Ins_Com_ID_Num) {
+  return Open([&] {
+    IdArgument carrier(Ins_Com_ID_Num);
+    Screens().Ins_Company_Start(carrier.Text());
+    carrier.Return();
+  });
+}
+
+HRESULT EditingScreenObject::Pharmacy_Start(VARIANT* sPhaID, VARIANT* PhaID) {
+  return Open([&] {
+    std::string typed_id = TextOf(sPhaID);
+    IdArgument pharmacy(PhaID);
+    Screens().Pharmacy_Start(typed_id, pharmacy.Text());
+    pharmacy.Return();
+  });
+}
+
+HRESULT EditingScreenObject::Load_PatInfo_Small(VARIANT* l_ID, VARIANT* ns_ID, VARIANT* GoToQuickAppoint) {
+  return Open([&] {
+    IdArgument patient(l_ID);
+    bool save_and_book = BoolOf(GoToQuickAppoint);
+    Screens().Load_PatInfo_Small(patient.Text(), TextOf(ns_ID), save_and_book);
+    patient.Return();
+    AssignBool(GoToQuickAppoint, save_and_book);
+  });
+}
+
+HRESULT EditingScreenObject::PaTable_Edit_Start(BSTR PersonType, VARIANT* SrchFld) {
+  return Open([&] {
+    IdArgument person(SrchFld);
+    Screens().PaTable_Edit_Start(FromBstr(PersonType), person.Text());
+    person.Return();
+  });
+}
+
+HRESULT EditingScreenObject::eReminder_PersonalSetup(LONG PatientID, VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().eReminder_PersonalSetup(PatientID); });
+}
+
+}  // namespace com

@@ -1,0 +1,31 @@
+#include "com/host_object.h"
+
+#include "com/dispatch_object.h"
+
+namespace com {
+
+entry::HostObject KeepObject(IDispatch* object) {
+  if (object == nullptr) {
+    return nullptr;
+  }
+  return {ComPtr(object).Copy(), [](void* kept) { static_cast<IDispatch*>(kept)->Release(); }};
+}
+
+IDispatch* GiveObject(const entry::HostObject& object) {
+  return ComPtr(static_cast<IDispatch*>(object.get())).Copy();
+}
+
+HWND WindowOf(const entry::HostObject& object) {
+  const DispatchObject form(ComPtr(static_cast<IDispatch*>(object.get())), "The owner");
+  if (!form.Offers("hwnd")) {
+    return nullptr;
+  }
+  try {
+    auto* window = reinterpret_cast<HWND>(static_cast<INT_PTR>(form.Int("hwnd")));
+    return IsWindow(window) != FALSE ? window : nullptr;
+  } catch (const session::DatabaseError&) {  // a form without a window owns nothing
+    return nullptr;
+  }
+}
+
+}  // namespace com

@@ -1,0 +1,285 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <olectl.h>
+#include <twSimpleEditScreens.h>
+
+#include <atomic>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "com/boundary.h"
+#include "com/enumeration.h"
+#include "com/event_source.h"
+#include "com/host_object.h"
+#include "com/module.h"
+#include "com/pv_session.h"
+#include "com/screen_user.h"
+
+namespace com {
+
+// What both public classes are to COM: a dual interface through the type library, IGlobal, events, error information.
+// `Dual` is the default interface, `Entry` the class behind it.
+template <typename Dual, typename Entry>
+class PublicClass : public Dual,
+                    public ::IGlobal,
+                    public IConnectionPointContainer,
+                    public ISupportErrorInfo,
+                    public IProvideClassInfo2 {
+ public:
+  PublicClass(const CLSID& class_id, const IID& events)
+      : class_id_(class_id), events_id_(events), events_(*this, events) {}
+  PublicClass(const PublicClass&) = delete;
+  PublicClass& operator=(const PublicClass&) = delete;
+
+  // --- IUnknown
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (object == nullptr) {
+      return E_POINTER;
+    }
+    *object = Find(id);
+    if (*object == nullptr) {
+      return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+
+  // --- IDispatch
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+    if (count == nullptr) {
+      return E_POINTER;
+    }
+    *count = 1;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) override {
+    if (info == nullptr) {
+      return E_POINTER;
+    }
+    *info = nullptr;
+    if (index != 0) {
+      return DISP_E_BADINDEX;
+    }
+    return Run(nullptr, [&] { *info = Type().Copy(); });
+  }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* names, UINT count, LCID /*locale*/,
+                                          DISPID* ids) override {
+    HRESULT result = S_OK;
+    const HRESULT passed = Run(nullptr, [&] { result = Type()->GetIDsOfNames(names, count, ids); });
+    return FAILED(passed) ? passed : result;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID /*reserved*/, LCID /*locale*/, WORD flags,
+                                   DISPPARAMS* parameters, VARIANT* value, EXCEPINFO* exception,
+                                   UINT* wrong_argument) override {
+    HRESULT result = S_OK;
+    const HRESULT passed = Run(nullptr, [&] {
+      SetErrorInfo(0, nullptr);
+      result = Type()->Invoke(static_cast<Dual*>(this), member, flags, parameters, value, exception, wrong_argument);
+    });
+    return FAILED(passed) ? passed : result;
+  }
+
+  // --- IGlobal, and the members of the same names on the default interface
+  HRESULT STDMETHODCALLTYPE get_DAC(IDispatch** value) override { return GetObject(value, entry_.DAC()); }
+  HRESULT STDMETHODCALLTYPE putref_DAC(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.SetDAC(KeepObject(value)); });
+  }
+  HRESULT STDMETHODCALLTYPE get_GIC(IDispatch** value) override { return GetObject(value, entry_.GIC()); }
+  HRESULT STDMETHODCALLTYPE putref_GIC(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.SetGIC(KeepObject(value)); });
+  }
+  HRESULT STDMETHODCALLTYPE get_GC(IDispatch** value) override { return GetObject(value, entry_.GC()); }
+  HRESULT STDMETHODCALLTYPE putref_GC(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.SetGC(KeepObject(value)); });
+  }
+  HRESULT STDMETHODCALLTYPE get_PV(IDispatch** value) override {
+    if (value == nullptr) {
+      return E_POINTER;
+    }
+    const auto session = std::static_pointer_cast<PvSession>(entry_.PV());
+    *value = session == nullptr ? nullptr : ComPtr(session->Object()).Copy();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE putref_PV(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.SetPV(value == nullptr ? nullptr : std::make_shared<PvSession>(ComPtr(value))); });
+  }
+
+  // --- What both default interfaces have
+  HRESULT STDMETHODCALLTYPE get_frmOwner(IDispatch** value) override { return GetObject(value, entry_.frmOwner); }
+  HRESULT STDMETHODCALLTYPE put_frmOwner(IDispatch* value) override { return putref_frmOwner(value); }
+  HRESULT STDMETHODCALLTYPE putref_frmOwner(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.frmOwner = KeepObject(value); });
+  }
+  HRESULT STDMETHODCALLTYPE get_StartForm(IDispatch** value) override { return GetObject(value, entry_.StartForm); }
+  HRESULT STDMETHODCALLTYPE put_StartForm(IDispatch* value) override { return putref_StartForm(value); }
+  HRESULT STDMETHODCALLTYPE putref_StartForm(IDispatch* value) override {
+    return Run(nullptr, [&] { entry_.StartForm = KeepObject(value); });
+  }
+  HRESULT STDMETHODCALLTYPE SetPrinter(BSTR PN, BSTR DM, BSTR DN) override {
+    return Run(nullptr, [&] { entry_.SetPrinter({FromBstr(PN), FromBstr(DM), FromBstr(DN)}); });
+  }
+  HRESULT STDMETHODCALLTYPE GetPrinter(VARIANT* PN, VARIANT* DM, VARIANT* DN) override {
+    return Run(nullptr, [&] {
+      const entry::Printer& printer = entry_.GetPrinter();
+      Assign(PN, Variant::Of(printer.name));
+      Assign(DM, Variant::Of(printer.device_mode));
+      Assign(DN, Variant::Of(printer.device_names));
+    });
+  }
+
+  // --- IConnectionPointContainer
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override {
+    if (points == nullptr) {
+      return E_POINTER;
+    }
+    return Run(nullptr, [&] {
+      *points = new Enumeration<IEnumConnectionPoints, PointItem>({{ComPtr<IConnectionPoint>(&events_)}});
+    });
+  }
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
+    if (point == nullptr) {
+      return E_POINTER;
+    }
+    *point = nullptr;
+    if (id != events_id_) {
+      return CONNECT_E_NOCONNECTION;
+    }
+    *point = ComPtr<IConnectionPoint>(&events_).Copy();
+    return S_OK;
+  }
+
+  // --- ISupportErrorInfo
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override {
+    return id == __uuidof(Dual) || id == __uuidof(::IGlobal) ? S_OK : S_FALSE;
+  }
+
+  // --- IProvideClassInfo2
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override {
+    if (info == nullptr) {
+      return E_POINTER;
+    }
+    return Run(nullptr, [&] { *info = TypeInfoOf(class_id_).Copy(); });
+  }
+  HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* id) override {
+    if (id == nullptr) {
+      return E_POINTER;
+    }
+    *id = events_id_;
+    return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID ? S_OK : E_INVALIDARG;
+  }
+
+ protected:
+  virtual ~PublicClass() = default;
+
+  // Runs a method that may open screens, before the window of frmOwner, StartForm or the main form.
+  template <typename Operation>
+  HRESULT Open(Operation operation) {
+    return Run(user_.get(), [&] {
+      const Call call(*user_, OwnerWindow());
+      operation();
+    });
+  }
+  template <typename Operation>
+  HRESULT Run(forms::User* person, Operation operation) {
+    return Guarded(*static_cast<Dual*>(this), person, __uuidof(Dual), operation);
+  }
+  template <typename T, typename From>
+  static HRESULT Get(T* value, const From& from) {
+    if (value == nullptr) {
+      return E_POINTER;
+    }
+    *value = static_cast<T>(from);
+    return S_OK;
+  }
+  static HRESULT Get(VARIANT_BOOL* value, bool from) {
+    if (value == nullptr) {
+      return E_POINTER;
+    }
+    *value = from ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+  }
+  HRESULT Get(BSTR* value, const std::string& from) {
+    if (value == nullptr) {
+      return E_POINTER;
+    }
+    return Run(nullptr, [&] { *value = ToBstr(from); });
+  }
+  static HRESULT GetObject(IDispatch** value, const entry::HostObject& from) {
+    if (value == nullptr) {
+      return E_POINTER;
+    }
+    *value = GiveObject(from);
+    return S_OK;
+  }
+
+  EventSource& Events() { return events_; }
+  Entry& Screens() { return entry_; }
+
+ private:
+  class Call {
+   public:
+    Call(ScreenUser& user, HWND owner) : user_(user) { user_.BeginCall(owner); }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+    ~Call() { user_.EndCall(); }
+
+   private:
+    ScreenUser& user_;
+  };
+
+  void* Find(REFIID id) {
+    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Dual)) {
+      return static_cast<Dual*>(this);
+    }
+    if (id == __uuidof(::IGlobal)) {
+      return static_cast<::IGlobal*>(this);
+    }
+    if (id == IID_IConnectionPointContainer) {
+      return static_cast<IConnectionPointContainer*>(this);
+    }
+    if (id == IID_ISupportErrorInfo) {
+      return static_cast<ISupportErrorInfo*>(this);
+    }
+    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
+      return static_cast<IProvideClassInfo2*>(this);
+    }
+    return nullptr;
+  }
+  const ComPtr<ITypeInfo>& Type() {
+    if (!type_) {
+      type_ = TypeInfoOf(__uuidof(Dual));
+    }
+    return type_;
+  }
+  HWND OwnerWindow() const {
+    for (const entry::HostObject* form : {&entry_.frmOwner, &entry_.StartForm, &entry_.MainForm()}) {
+      if (HWND owner = WindowOf(*form); owner != nullptr) {
+        return owner;
+      }
+    }
+    return nullptr;
+  }
+
+  LivingObject living_;
+  std::atomic<ULONG> references_ = 1;
+  const CLSID& class_id_;
+  const IID& events_id_;
+  EventSource events_;
+  ComPtr<ITypeInfo> type_;
+  std::unique_ptr<ScreenUser> user_ = MakeScreenUser();
+  Entry entry_{*user_};
+};
+
+}  // namespace com

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "com/ado_connection.h"
+#include "com/dispatch_object.h"
+#include "session/session.h"
+
+namespace com {
+
+// The host's session object, called late-bound by the names of the session's operations; docs/integration.md lists
+// them. A member that the object lacks is thrown as session::DatabaseError that names it.
+class PvSession : public session::Session {
+ public:
+  explicit PvSession(ComPtr<IDispatch> pv) : pv_(std::move(pv), "The session object (PV)") {}
+
+  IDispatch* Object() const { return pv_.Get(); }
+
+  std::int32_t DatabaseKind() const override;
+  std::int32_t CurrentOfficeID() const override;
+  std::string PrepareSQL(const std::string& sql, int flag) const override;
+  // The host may hand out another connection each time; the one of an earlier call goes with the next.
+  session::Connection& Connection() override;
+  bool KeepsRowGuids(std::string_view table) const override;
+
+  std::string UserName() const override;
+  bool HasRight(std::string_view keyword) const override;
+
+  std::string OfficeSetting(std::string_view section, std::string_view key) const override;
+  std::string UserOption(std::string_view section, std::string_view key) const override;
+  void SetUserOption(std::string_view section, std::string_view key, std::string_view value) override;
+
+  void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override;
+  void SetCurrentPersonType(std::string_view key) override;
+  void Log(const session::LogEntry& entry) override;
+  bool HoldRecord(std::string_view table, std::int32_t id) override;
+  void ReleaseRecord(std::string_view table, std::int32_t id) override;
+  bool HeldByAnother(std::string_view table, std::int32_t id) const override;
+  session::AccountFigures AccountOf(std::int32_t person) const override;
+
+  forms::DateTime Now() const override;
+  std::string DataFolder() const override;
+  std::string ProgramFolder() const override;
+  bool StartProgram(const std::string& command_line) override;
+
+ private:
+  DispatchObject pv_;
+  std::optional<AdoConnection> connection_;
+};
+
+}  // namespace com

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+#include "com/com_ptr.h"
+#include "session/value.h"
+
+namespace com {
+
+std::wstring ToWide(std::string_view text);
+std::string ToUtf8(std::wstring_view text);
+// A null pointer is the empty text.
+std::string FromBstr(BSTR text);
+// Belongs to the caller; throws std::bad_alloc.
+BSTR ToBstr(std::string_view text);
+
+// A VARIANT that frees what it holds.
+class Variant : public VARIANT {
+ public:
+  Variant() { VariantInit(this); }
+  Variant(const Variant& other);
+  Variant(Variant&& other) noexcept;
+  Variant& operator=(Variant other) noexcept;
+  ~Variant() { VariantClear(this); }
+
+  static Variant Of(std::string_view text);
+  static Variant Of(std::int32_t number);
+  // Of nothing that only converts to a truth value, as a pointer does.
+  static Variant Of(std::same_as<bool> auto value) { return OfTruth(value); }
+  static Variant Of(IDispatch* object);
+
+ private:
+  static Variant OfTruth(bool value);
+};
+
+// A host's value: empty, null and an argument that was left out are null, truth values 0 and 1, decimals with at most
+// four places currency, an object its default property. Throws ComError for what is no single value.
+session::Value ToValue(const VARIANT& variant);
+// Null is VT_NULL, a GUID its text in braces, whole numbers VT_I4 where they fit.
+Variant ToVariant(const session::Value& value);
+
+// A value converted as automation does, whatever the person's locale. Throws ComError when it does not fit.
+Variant ChangeType(const VARIANT& variant, VARTYPE type);
+
+std::string ToText(const VARIANT& variant);
+std::int32_t ToInt(const VARIANT& variant);
+bool ToBool(const VARIANT& variant);
+// Nothing when it is no object.
+ComPtr<IDispatch> ToObject(const VARIANT& variant);
+
+// Whether a caller left the argument out.
+bool IsMissing(const VARIANT* argument);
+// Sets a by-reference argument: what it points to keeps its type where it has one, otherwise it takes the value's.
+// One that was left out is let be. Throws ComError when the value does not fit.
+void Assign(VARIANT* argument, Variant value);
+
+// A call that ends with a HRESULT other than success.
+class ComError : public std::exception {
+ public:
+  explicit ComError(HRESULT result) : result_(result) {}
+
+  HRESULT Result() const { return result_; }
+  const char* what() const noexcept override { return "the call was refused"; }
+
+ private:
+  HRESULT result_;
+};
+
+// Throws ComError for a failure.
+inline void Check(HRESULT result) {
+  if (FAILED(result)) {
+    throw ComError(result);
+  }
+}
+
+}  // namespace com

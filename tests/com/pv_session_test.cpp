@@ -1,0 +1,198 @@
+#include "com/pv_session.h"
+
+#include <gmock/gmock.h>
+
+#include "support/scripted_object.h"
+
+namespace com {
+namespace {
+
+using test_support::Holding;
+using test_support::ScriptedObject;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// The message with which a call fails, empty when it does not.
+template <typename Call>
+std::string FailureOf(Call call) {
+  try {
+    call();
+  } catch (const session::DatabaseError& error) {
+    return error.what();
+  }
+  return {};
+}
+
+class PvSessionTest : public testing::Test {
+ protected:
+  ComPtr<ScriptedObject> pv = ScriptedObject::Make();
+  PvSession session{ComPtr<IDispatch>(pv.Get())};
+};
+
+TEST_F(PvSessionTest, CallsTheHostByName) {
+  pv->Answer("DatabaseKind", Variant::Of("7"));
+  pv->Answer("CurrentOfficeID", Variant::Of(3));
+  pv->members["PrepareSQL"] = [](const ScriptedObject::Arguments& arguments) {
+    return Variant::Of("prepared " + ToText(*arguments[0]));
+  };
+  for (const char* silent : {"RecordHandOff", "CurrentPersonType", "Log", "SetUserOption"}) {
+    pv->Answer(silent, Variant());
+  }
+  EXPECT_EQ(session.DatabaseKind(), 7);
+  EXPECT_EQ(session.CurrentOfficeID(), 3);
+  EXPECT_EQ(session.PrepareSQL("SELECT 'O''Hara'", 1), "prepared SELECT 'O''Hara'");
+  session.RecordHandOff("pID", "PaTable", 12);
+  session.SetCurrentPersonType("pTypDoc");
+  session.Log({session::LogKind::Insurance, "LogEmp", 4, "text"});
+  session.SetUserOption("SESC_LUL", "key", "");
+  EXPECT_THAT(pv->calls, ElementsAre("DatabaseKind", "CurrentOfficeID", "PrepareSQL [SELECT 'O''Hara'] [1]",
+                                     "RecordHandOff [pID] [PaTable] [12]", "CurrentPersonType [pTypDoc]",
+                                     "Log [INS_LOG] [LogEmp] [4] [text]", "SetUserOption [SESC_LUL] [key] []"));
+}
+
+TEST_F(PvSessionTest, NamesTheMemberThatTheHostLacks) {
+  EXPECT_EQ(FailureOf([&] { session.HasRight("EDIT-EMP-INS"); }),
+            "The session object (PV) of the host does not offer \"HasRight\".");
+  pv->Answer("DatabaseKind", Variant::Of("seven"));
+  EXPECT_EQ(FailureOf([&] { session.DatabaseKind(); }),
+            "The session object (PV) of the host gives no whole number for \"DatabaseKind\".");
+  pv->members["UserName"] = [](const ScriptedObject::Arguments&) -> Variant { throw std::string("nobody is here"); };
+  EXPECT_EQ(FailureOf([&] { session.UserName(); }), "nobody is here");
+}
+
+TEST_F(PvSessionTest, ReadsTheFiguresOfAnAccount) {
+  Variant figures;
+  V_ARRAY(&figures) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
+  V_VT(&figures) = VT_ARRAY | VT_VARIANT;
+  const std::array<Variant, 3> given = {Variant::Of("-12.34"), Variant::Of(5), Variant::Of(2)};
+  for (LONG i = 0; i < 3; ++i) {
+    SafeArrayPutElement(V_ARRAY(&figures), &i, const_cast<Variant*>(&given[static_cast<std::size_t>(i)]));
+  }
+  pv->Answer("AccountOf", figures);
+  const session::AccountFigures read = session.AccountOf(9);
+  EXPECT_EQ(read.balance, forms::Currency::FromTenThousandths(-123400));
+  EXPECT_EQ(read.plan_balance, forms::Currency::FromWhole(5));
+  EXPECT_EQ(read.plan, session::BudgetPlan::Family);
+  pv->Answer("AccountOf", Variant::Of(5));
+  EXPECT_THAT(FailureOf([&] { session.AccountOf(9); }), HasSubstr("\"AccountOf\""));
+}
+
+// A connection and its recordset as ADO shapes them: two columns, and as many rows as a test wants.
+class AdoTest : public PvSessionTest {
+ protected:
+  AdoTest() {
+    pv->members["Connection"] = [this](const ScriptedObject::Arguments&) { return Holding(connection); };
+    connection->members["Execute"] = [this](const ScriptedObject::Arguments&) { return Holding(recordset); };
+    recordset->members["State"] = [this](const ScriptedObject::Arguments&) { return Variant::Of(state); };
+    recordset->members["EOF"] = [this](const ScriptedObject::Arguments&) { return Variant::Of(given == rows); };
+    recordset->members["Fields"] = [this](const ScriptedObject::Arguments&) { return Holding(fields); };
+    recordset->members["GetRows"] = [this](const ScriptedObject::Arguments& arguments) {
+      return Block(ToInt(*arguments[0]));
+    };
+    fields->Answer("Count", Variant::Of(2));
+    fields->members["Item"] = [](const ScriptedObject::Arguments& arguments) {
+      const bool first = ToInt(*arguments[0]) == 0;
+      const auto field = ScriptedObject::Make();
+      field->Answer("Name", Variant::Of(first ? "pID" : "UniqueID"));
+      field->Answer("Type", Variant::Of(first ? 3 : 72));
+      field->Answer("DefinedSize", Variant::Of(first ? 4 : 16));
+      return Holding(field);
+    };
+  }
+
+  Variant Block(std::int32_t wanted) {
+    const std::int32_t count = std::min(wanted, rows - given);
+    std::array<SAFEARRAYBOUND, 2> bounds = {SAFEARRAYBOUND{2, 0}, SAFEARRAYBOUND{static_cast<ULONG>(count), 0}};
+    Variant block;
+    V_ARRAY(&block) = SafeArrayCreate(VT_VARIANT, 2, bounds.data());
+    V_VT(&block) = VT_ARRAY | VT_VARIANT;
+    for (LONG row = 0; row < count; ++row) {
+      std::array<LONG, 2> at = {0, row};
+      Variant id = Variant::Of(given++);
+      SafeArrayPutElement(V_ARRAY(&block), at.data(), &id);
+      at[0] = 1;
+      Variant guid = Variant::Of("{01234567-89AB-CDEF-0123-456789ABCDEF}");
+      SafeArrayPutElement(V_ARRAY(&block), at.data(), &guid);
+    }
+    return block;
+  }
+
+  ComPtr<ScriptedObject> connection = ScriptedObject::Make();
+  ComPtr<ScriptedObject> recordset = ScriptedObject::Make();
+  ComPtr<ScriptedObject> fields = ScriptedObject::Make();
+  std::int32_t rows = 150;
+  std::int32_t given = 0;
+  std::int32_t state = 1;
+};
+
+TEST_F(AdoTest, ReadsRowsInBlocks) {
+  const auto read = session.Connection().Execute("SELECT * FROM PaTable");
+  ASSERT_EQ(read->Fields().size(), 2U);
+  EXPECT_EQ(read->Fields()[1].type, session::FieldType::Guid);
+  std::int64_t sum = 0;
+  int count = 0;
+  for (; !read->Eof(); read->MoveNext(), ++count) {
+    sum += std::get<std::int64_t>(read->Get(0));
+    EXPECT_EQ(session::ToText(std::get<session::Guid>(read->Get(1))), "{01234567-89AB-CDEF-0123-456789ABCDEF}");
+  }
+  EXPECT_EQ(count, 150);
+  EXPECT_EQ(sum, 149 * 150 / 2);
+}
+
+TEST_F(AdoTest, PassesOverResultsWithoutRows) {
+  state = 0;
+  int asked = 0;
+  recordset->members["NextRecordset"] = [&](const ScriptedObject::Arguments&) {
+    state = ++asked == 2 ? 1 : 0;
+    return Holding(recordset);
+  };
+  rows = 1;
+  EXPECT_FALSE(session.Connection().Execute("INSERT ...; SELECT @@IDENTITY")->Eof());
+  state = 0;
+  recordset->members["NextRecordset"] = [](const ScriptedObject::Arguments&) { return Variant(); };
+  EXPECT_TRUE(session.Connection().Execute("UPDATE ...")->Eof());
+}
+
+TEST_F(AdoTest, TellsWhatTheProviderSaid) {
+  connection->members["Execute"] = [](const ScriptedObject::Arguments&) -> Variant {
+    throw std::string("Syntax error");
+  };
+  try {
+    session.Connection().Execute("SELEKT");
+    FAIL() << "nothing was thrown";
+  } catch (const session::DatabaseError& error) {
+    EXPECT_STREQ(error.what(), "Syntax error");
+    EXPECT_EQ(error.Statement(), "SELEKT");
+  }
+  const auto errors = ScriptedObject::Make();
+  const auto error = ScriptedObject::Make();
+  errors->Answer("Count", Variant::Of(1));
+  errors->Answer("Item", Holding(error));
+  error->Answer("Description", Variant::Of("Incorrect syntax near 'SELEKT'."));
+  error->Answer("NativeError", Variant::Of(102));
+  connection->Answer("Errors", Holding(errors));
+  try {
+    session.Connection().Execute("SELEKT");
+    FAIL() << "nothing was thrown";
+  } catch (const session::DatabaseError& failure) {
+    EXPECT_STREQ(failure.what(), "Incorrect syntax near 'SELEKT'.");
+    EXPECT_EQ(failure.Code(), 102);
+  }
+}
+
+TEST_F(AdoTest, RunsTransactionsAndLetsEverythingGo) {
+  for (const char* member : {"BeginTrans", "CommitTrans", "RollbackTrans"}) {
+    connection->Answer(member, Variant::Of(1));
+  }
+  {
+    session::Transaction kept(session.Connection());
+    kept.Commit();
+    const session::Transaction dropped(session.Connection());
+  }
+  EXPECT_THAT(connection->calls, ElementsAre("BeginTrans", "CommitTrans", "BeginTrans", "RollbackTrans"));
+  { const auto read = session.Connection().Execute("SELECT"); }
+  EXPECT_EQ(recordset->References(), 1U);
+}
+
+}  // namespace
+}  // namespace com
