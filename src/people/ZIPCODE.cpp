@@ -167,22 +167,12 @@ void ZIPCODE::FocusLeft() {
 bool ZIPCODE::Add() {
   SplitTyped();
   const Place place = OnScreen();
-  if (!HasCity(place)) {
-    return false;
-  }
-  if (context_.user.Ask({.text = "Add [ " + place.Text() + " ] to database",
-                         .title = std::string(kTitle),
-                         .buttons = forms::kYesNo,
-                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+  if (!HasCity(place) || !Confirm("Add [ " + place.Text() + " ] to database", kTitle)) {
     return false;
   }
   return data::Attempt(context_.user, [&] {
     const auto known = Find(place);
-    const std::int32_t id = known ? *known
-                                  : statements_.Insert("ZipCodTable", {{"ZipCodCit", data::Literal(place.city)},
-                                                                       {"ZipCodSta", data::Literal(place.state)},
-                                                                       {"ZipCodZip", data::Literal(place.zip)}});
-    if (const auto stored = Read(id)) {
+    if (const auto stored = Read(known ? *known : statements_.Insert("ZipCodTable", ValuesOf(place)))) {
       PutOnScreen(*stored);
     }
     Leave();
@@ -190,58 +180,66 @@ bool ZIPCODE::Add() {
 }
 
 bool ZIPCODE::Edit() {
-  const forms::ListItem* current = ZIPCode_Combo.Current();
-  if (current == nullptr) {
+  const auto entry = ConfirmCurrent("Edit");
+  if (!entry) {
     return false;
   }
-  const std::int32_t id = current->data;
-  std::optional<Place> place;
-  if (!data::Attempt(context_.user, [&] { place = Read(id); }) || !place ||
-      context_.user.Ask({.text = "Edit [ " + place->Text() + " ] ?",
-                         .title = std::string(kTitle),
-                         .buttons = forms::kYesNo,
-                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+  const auto typed = context_.user.Input(
+      {.prompt = "City State, Zip Code", .title = std::string(kTitle), .text = entry->place.Text()});
+  if (!typed) {
     return false;
   }
-  const auto typed =
-      context_.user.Input({.prompt = "City State, Zip Code", .title = std::string(kTitle), .text = place->Text()});
-  if (!typed || !HasCity(Place::Parse(*typed)) ||
-      context_.user.Ask({.text = "Update City, State, and Zipcode?",
-                         .title = "City, State, and Zipcode",
-                         .buttons = forms::kYesNo,
-                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
+  const Place changed = Place::Parse(*typed);
+  if (!HasCity(changed) || !Confirm("Update City, State, and Zipcode?", "City, State, and Zipcode")) {
     return false;
   }
   return data::Attempt(context_.user, [&] {
-    const Place changed = Place::Parse(*typed);
-    statements_.Update("ZipCodTable",
-                       {{"ZipCodCit", data::Literal(changed.city)},
-                        {"ZipCodSta", data::Literal(changed.state)},
-                        {"ZipCodZip", data::Literal(changed.zip)}},
-                       "ZipCodID", id);
+    statements_.Update("ZipCodTable", ValuesOf(changed), "ZipCodID", entry->id);
     Fill(OpenerBox().Text.get());
-    ZIPCode_Combo.ListIndex = ZIPCode_Combo.IndexOfData(id);
+    ZIPCode_Combo.ListIndex = ZIPCode_Combo.IndexOfData(entry->id);
   });
 }
 
 bool ZIPCODE::Delete() {
+  const auto entry = ConfirmCurrent("Delete");
+  return entry && data::Attempt(context_.user, [&] {
+           statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(entry->id) +
+                               statements_.Office() + ";");
+           Fill(OpenerBox().Text.get());
+         });
+}
+
+bool ZIPCODE::Confirm(std::string question, std::string_view title) {
+  return context_.user.Ask({.text = std::move(question),
+                            .title = std::string(title),
+                            .buttons = forms::kYesNo,
+                            .icon = forms::Icon::Question}) == forms::Answer::Yes;
+}
+
+// The current entry, when there is one and the person agrees.
+std::optional<ZIPCODE::Entry> ZIPCODE::ConfirmCurrent(std::string_view verb) {
   const forms::ListItem* current = ZIPCode_Combo.Current();
   if (current == nullptr) {
-    return false;
+    return std::nullopt;
   }
   const std::int32_t id = current->data;
   std::optional<Place> place;
   if (!data::Attempt(context_.user, [&] { place = Read(id); }) || !place ||
-      context_.user.Ask({.text = "Delete [ " + place->Text() + " ] ?",
-                         .title = std::string(kTitle),
-                         .buttons = forms::kYesNo,
-                         .icon = forms::Icon::Question}) != forms::Answer::Yes) {
-    return false;
+      !Confirm(std::string(verb) + " [ " + place->Text() + " ] ?", kTitle)) {
+    return std::nullopt;
   }
-  return data::Attempt(context_.user, [&] {
-    statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(id) + statements_.Office() + ";");
-    Fill(OpenerBox().Text.get());
-  });
+  return Entry{id, *place};
+}
+
+// As the screen's boxes could show them.
+data::Assignments ZIPCODE::ValuesOf(const Place& place) const {
+  const auto fitting = [](const std::string& text, const forms::TextBox& box) {
+    const int room = box.MaxLength;
+    return data::Literal(room > 0 ? forms::Left(text, static_cast<std::size_t>(room)) : text);
+  };
+  return {{"ZipCodCit", fitting(place.city, boxes_->city)},
+          {"ZipCodSta", fitting(place.state, boxes_->state)},
+          {"ZipCodZip", fitting(place.zip, boxes_->zip)}};
 }
 
 Place ZIPCODE::OnScreen() const {

@@ -76,6 +76,14 @@ class ZIPCODE {
   bool Delete();
 
  private:
+  struct Entry {
+    std::int32_t id;
+    Place place;
+  };
+
+  bool Confirm(std::string question, std::string_view title);
+  std::optional<Entry> ConfirmCurrent(std::string_view verb);
+  data::Assignments ValuesOf(const Place& place) const;
   Place OnScreen() const;
   void PutOnScreen(const Place& place);
   std::optional<Place> Read(std::int32_t id) const;
