@@ -4,7 +4,7 @@
 
 namespace host {
 
-frmLogin::frmLogin(std::vector<std::int32_t> offices, std::int32_t first_office, Check check)
+frmLogin::frmLogin(const std::vector<std::int32_t>& offices, std::int32_t first_office, Check check)
     : Form("frmLogin"), Office(first_office), check_(std::move(check)) {
   Caption = "Log In";
   Add("lblUser", lblUser);
@@ -22,6 +22,7 @@ frmLogin::frmLogin(std::vector<std::int32_t> offices, std::int32_t first_office,
   lblOffice.Visible = offices.size() > 1;
   cboOffice.Visible = offices.size() > 1;
   std::vector<forms::ListItem> items;
+  items.reserve(offices.size());
   for (const std::int32_t office : offices) {
     items.push_back({"Office " + std::to_string(office), office});
   }
@@ -63,11 +64,11 @@ void frmLogin::Try() {
 }
 
 frmLogin LoginOf(Practice& practice) {
-  return frmLogin(practice.Offices(), practice.Office(),
-                  [&practice](std::int32_t office, const std::string& name, const std::string& password) {
-                    OfficeDatabase database(practice, office);
-                    return LogIn(database, name, password);
-                  });
+  return {practice.Offices(), practice.Office(),
+          [&practice](std::int32_t office, const std::string& name, const std::string& password) {
+            OfficeDatabase database(practice, office);
+            return LogIn(database, name, password);
+          }};
 }
 
 }  // namespace host

@@ -21,7 +21,7 @@ class frmLogin : public forms::Form {
   using Check = std::function<std::optional<LoginResult>(std::int32_t office, const std::string& name,
                                                          const std::string& password)>;
 
-  frmLogin(std::vector<std::int32_t> offices, std::int32_t first_office, Check check);
+  frmLogin(const std::vector<std::int32_t>& offices, std::int32_t first_office, Check check);
 
   forms::Label lblUser;
   forms::TextBox txtUser;

@@ -29,7 +29,7 @@ std::string DataFolder() {
   if (!wxGetEnv("XDG_DATA_HOME", &base) || base.empty()) {
     base = wxGetHomeDir() + "/.local/share";
   }
-  const std::string folder = views::FromWx(base) + "/practice_desk";
+  std::string folder = views::FromWx(base) + "/practice_desk";
   std::filesystem::create_directories(folder);
   return folder;
 }
@@ -114,7 +114,7 @@ class DeskApp : public wxApp {
     frame->Raise();
   }
 
-  void Tour() {
+  void Tour() const {
     const TemporaryFolder temporary;
     host::Desk desk(
         options_.database.empty() ? OpenOrMakeDemo(temporary.Path(), kTourPatients) : host::Practice(options_.database),

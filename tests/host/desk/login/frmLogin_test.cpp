@@ -1,0 +1,79 @@
+#include "login/frmLogin.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using host::frmLogin;
+using host::LoginResult;
+
+// Lets "ann" in with "pw" and notes the office.
+frmLogin::Check OnlyAnn(std::int32_t& office_asked) {
+  return [&office_asked](std::int32_t office, const std::string& name, const std::string& password) {
+    office_asked = office;
+    return name == "ann" && password == "pw" ? std::optional(LoginResult{5, 0, 0, {}}) : std::nullopt;
+  };
+}
+
+TEST(FrmLogin, KeepsWhatWasTypedWhenRefused) {
+  std::int32_t office = 0;
+  frmLogin form({1}, 1, OnlyAnn(office));
+  form.txtUser.DoType(" ann ");
+  form.txtPassword.DoType("no");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_FALSE(form.Closed());
+  EXPECT_TRUE(form.lblMessage.Visible);
+  EXPECT_EQ(form.lblMessage.Caption.get(), "User name and password do not belong together.");
+  EXPECT_EQ(form.txtUser.Text.get(), " ann ");
+  EXPECT_EQ(form.txtPassword.Text.get(), "no");
+  EXPECT_TRUE(form.txtPassword.HasFocus());
+
+  form.txtPassword.DoType("pw");
+  form.txtPassword.DoKey(forms::Key::Enter);
+  EXPECT_TRUE(form.Closed());
+  ASSERT_TRUE(form.Result);
+  EXPECT_EQ(form.Result->login, 5);
+}
+
+TEST(FrmLogin, AsksForAName) {
+  std::int32_t office = 0;
+  frmLogin form({1}, 1, OnlyAnn(office));
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_EQ(form.lblMessage.Caption.get(), "Please type your user name.");
+  EXPECT_TRUE(form.txtUser.HasFocus());
+  EXPECT_EQ(office, 0);
+}
+
+TEST(FrmLogin, OffersTheOfficesOfAPracticeThatHasSeveral) {
+  std::int32_t office = 0;
+  EXPECT_FALSE(frmLogin({1}, 1, OnlyAnn(office)).cboOffice.Visible);
+  frmLogin form({1, 2, 7}, 2, OnlyAnn(office));
+  EXPECT_TRUE(form.cboOffice.Visible);
+  EXPECT_EQ(form.cboOffice.Text.get(), "Office 2");
+  form.cboOffice.DoPick(2);
+  form.txtUser.DoType("ann");
+  form.txtPassword.DoType("pw");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_EQ(office, 7);
+  EXPECT_EQ(form.Office, 7);
+}
+
+TEST(FrmLogin, SaysWhenTheDatabaseCannotBeRead) {
+  frmLogin form({1}, 1, [](auto&&...) -> std::optional<LoginResult> {
+    throw session::DatabaseError("disk I/O error", "SELECT", 10);
+  });
+  form.txtUser.DoType("ann");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_THAT(form.lblMessage.Caption.get(), testing::HasSubstr("disk I/O error"));
+  EXPECT_FALSE(form.Closed());
+}
+
+TEST(FrmLogin, IsGivenUpByCancel) {
+  std::int32_t office = 0;
+  frmLogin form({1}, 1, OnlyAnn(office));
+  form.DoKey(forms::Key::Esc);
+  EXPECT_TRUE(form.Closed());
+  EXPECT_FALSE(form.Result);
+}
+
+}  // namespace
