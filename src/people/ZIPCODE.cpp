@@ -61,7 +61,7 @@ Place SplitPlace(std::string_view text, bool non_us) {
 }
 
 Place Place::Parse(std::string_view text) {
-  if (const Place us = SplitPlace(text, false); !us.state.empty() && !us.zip.empty()) {
+  if (Place us = SplitPlace(text, false); !us.state.empty() && !us.zip.empty()) {
     return us;
   }
   Place place;

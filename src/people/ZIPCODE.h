@@ -77,7 +77,7 @@ class ZIPCODE {
 
  private:
   struct Entry {
-    std::int32_t id;
+    std::int32_t id = 0;
     Place place;
   };
 

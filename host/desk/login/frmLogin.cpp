@@ -23,6 +23,7 @@ frmLogin::frmLogin(const std::vector<std::int32_t>& offices, std::int32_t first_
   cboOffice.Visible = offices.size() > 1;
   std::vector<forms::ListItem> items;
   items.reserve(offices.size());
+  items.reserve(offices.size());
   for (const std::int32_t office : offices) {
     items.push_back({"Office " + std::to_string(office), office});
   }
