@@ -12,7 +12,8 @@ namespace com {
 // Errors). An error of the provider is told in the words of its Errors.
 class AdoConnection : public session::Connection {
  public:
-  explicit AdoConnection(ComPtr<IDispatch> connection) : connection_(std::move(connection), "The connection") {}
+  // What the host has handed out last is called from now on.
+  void Use(DispatchObject connection) { connection_ = std::move(connection); }
 
   std::unique_ptr<session::Recordset> Execute(const std::string& sql) override;
   void BeginTrans() override { Run("BeginTrans"); }
@@ -26,7 +27,7 @@ class AdoConnection : public session::Connection {
   // What the provider said of a failure, or the failure itself.
   session::DatabaseError ErrorOf(const session::DatabaseError& failure, const std::string& sql) const;
 
-  DispatchObject connection_;
+  DispatchObject connection_{{}, "The connection"};
 };
 
 }  // namespace com

@@ -57,8 +57,8 @@ std::string PvSession::PrepareSQL(const std::string& sql, int flag) const {
 }
 
 session::Connection& PvSession::Connection() {
-  const DispatchObject connection = pv_.Object("Connection", "The connection");
-  return connection_.emplace(ComPtr(connection.Get()));
+  connection_.Use(pv_.Object("Connection", "The connection"));
+  return connection_;
 }
 
 bool PvSession::KeepsRowGuids(std::string_view table) const {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,7 +20,7 @@ class PvSession : public session::Session {
   std::int32_t DatabaseKind() const override;
   std::int32_t CurrentOfficeID() const override;
   std::string PrepareSQL(const std::string& sql, int flag) const override;
-  // The host may hand out another connection each time; the one of an earlier call goes with the next.
+  // Asked for each time: the host may hand out another one.
   session::Connection& Connection() override;
   bool KeepsRowGuids(std::string_view table) const override;
 
@@ -47,7 +46,7 @@ class PvSession : public session::Session {
 
  private:
   DispatchObject pv_;
-  std::optional<AdoConnection> connection_;
+  AdoConnection connection_;
 };
 
 }  // namespace com

@@ -107,14 +107,21 @@ void RegisterIn(HKEY classes) {
   }
 }
 
-// What is not there is gone already.
+// Automation fails for a type library that is not there.
+bool HoldsTypeLibrary(HKEY classes) {
+  HKEY key = nullptr;
+  const std::wstring path = L"TypeLib\\" + ToText(LIBID_twSimpleEditScreens);
+  if (RegOpenKeyExW(classes, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(key);
+  return true;
+}
+
 void UnregisterIn(HKEY classes) {
-  {
+  if (HoldsTypeLibrary(classes)) {
     const ClassesRoot root(classes);
-    const HRESULT result = UnRegisterTypeLib(LIBID_twSimpleEditScreens, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
-    if (FAILED(result) && result != TYPE_E_REGISTRYACCESS) {
-      throw ComError(result);
-    }
+    Check(UnRegisterTypeLib(LIBID_twSimpleEditScreens, 1, 0, LOCALE_NEUTRAL, SYS_WIN32));
   }
   for (const PublicClassEntry& entry : Classes()) {
     DeleteClass(classes, entry);

@@ -89,8 +89,10 @@ class ScriptedObject final : public IDispatch {
       }
       return S_OK;
     } catch (const std::string& description) {
-      exception->bstrDescription = com::ToBstr(description);
-      exception->scode = error_code;
+      if (exception != nullptr) {
+        exception->bstrDescription = com::ToBstr(description);
+        exception->scode = error_code;
+      }
       return DISP_E_EXCEPTION;
     }
   }

@@ -1,0 +1,180 @@
+// A client that is compiled against the type library, and uses the component without windows.
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include "support/component.h"
+#include "support/scripted_object.h"
+
+namespace {
+
+using com::ComPtr;
+using com::Variant;
+using test_support::ScriptedObject;
+
+class ComponentTest : public testing::Test {
+ protected:
+  ComponentTest() { Told(); }
+  ~ComponentTest() override {
+    const auto list = NewList();
+    list->putref_PV(nullptr);
+    list->putref_DAC(nullptr);
+  }
+
+  ComPtr<IEditingScreen> NewScreen() const { return component.Make<IEditingScreen, ::EditingScreen>(); }
+  ComPtr<ILookUpList> NewList() const { return component.Make<ILookUpList, ::LookUpList>(); }
+  // What the person was told last.
+  static std::string Told() {
+    std::array<char, 1000> text{};
+    GetEnvironmentVariableA("SCREEN_TOLD", text.data(), text.size());
+    SetEnvironmentVariableA("SCREEN_TOLD", nullptr);
+    return text.data();
+  }
+
+  test_support::Component component{L"without_windows"};
+};
+
+TEST_F(ComponentTest, HoldsEachSlotOnceForBothClasses) {
+  const auto screen = NewScreen();
+  const auto list = NewList();
+  const auto pv = ScriptedObject::Make();
+  const auto dac = ScriptedObject::Make();
+  ASSERT_EQ(screen.As<::IGlobal>()->putref_PV(pv.Get()), S_OK);
+  ASSERT_EQ(list->putref_DAC(dac.Get()), S_OK);
+  ComPtr<IDispatch> read;
+  ASSERT_EQ(list.As<::IGlobal>()->get_PV(read.Out()), S_OK);
+  EXPECT_EQ(read.Get(), pv.Get());
+  ASSERT_EQ(screen->get_DAC(read.Out()), S_OK);
+  EXPECT_EQ(read.Get(), dac.Get());
+  ASSERT_EQ(screen->get_GC(read.Out()), S_OK);
+  EXPECT_EQ(read.Get(), nullptr);
+
+  EXPECT_EQ(pv->References(), 2U);
+  screen->putref_PV(nullptr);
+  list.As<::IGlobal>()->putref_DAC(nullptr);
+  EXPECT_EQ(pv->References(), 1U);
+  EXPECT_EQ(dac->References(), 1U);
+}
+
+TEST_F(ComponentTest, KeepsAndReleasesTheOwner) {
+  const auto owner = ScriptedObject::Make();
+  {
+    const auto list = NewList();
+    Variant argument = Variant::Of(static_cast<IDispatch*>(owner.Get()));
+    EXPECT_EQ(list->ShowList(VARIANT_FALSE, argument), S_OK);
+    ComPtr<IDispatch> read;
+    list->get_frmOwner(read.Out());
+    EXPECT_EQ(read.Get(), owner.Get());
+    list->put_frmOwner(nullptr);
+    list->putref_frmOwner(owner.Get());
+  }
+  EXPECT_EQ(owner->References(), 1U);
+}
+
+TEST_F(ComponentTest, LeavesTheArgumentsOfEmployerStart) {
+  const auto screen = NewScreen();
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(screen->Employer_Start(&id, &id, nullptr, &id, &id, estCoverage), S_OK);
+  EXPECT_EQ(com::ToText(id), "NEW");
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ComponentTest, TellsThePersonWhatTheHostLacks) {
+  const auto screen = NewScreen();
+  Variant id = Variant::Of("7");
+  LONG typed = 5;
+  Variant typed_id;
+  V_VT(&typed_id) = VT_BYREF | VT_I4;
+  V_I4REF(&typed_id) = &typed;
+  EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_EQ(Told(), "The host has not handed over its session (PV).");
+  const auto pv = ScriptedObject::Make();
+  screen->putref_PV(pv.Get());
+  EXPECT_EQ(screen->Load_PatInfo_Small(&typed_id, nullptr, nullptr), S_OK);
+  EXPECT_NE(Told().find("does not offer \"DatabaseKind\""), std::string::npos);
+  EXPECT_EQ(com::ToText(id), "7");
+  EXPECT_EQ(typed, 5);
+}
+
+TEST_F(ComponentTest, RefusesArgumentsThatAreNone) {
+  const auto screen = NewScreen();
+  EXPECT_EQ(screen->get_ExtraID(nullptr), E_POINTER);
+  EXPECT_EQ(screen->Edit_PPO_Adjustment(nullptr), E_POINTER);
+  Variant words = Variant::Of("many");
+  VARIANT_BOOL accepted = VARIANT_TRUE;
+  EXPECT_EQ(screen->Edit_AdjustPlan_Info(nullptr, nullptr, nullptr, nullptr, &words, nullptr, nullptr, nullptr, nullptr,
+                                         nullptr, nullptr, nullptr, &accepted),
+            DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(accepted, VARIANT_FALSE);
+  EXPECT_EQ(screen.As<ISupportErrorInfo>()->InterfaceSupportsErrorInfo(__uuidof(IEditingScreen)), S_OK);
+  ComPtr<IErrorInfo> info;
+  EXPECT_EQ(GetErrorInfo(0, info.Out()), S_OK);
+}
+
+TEST_F(ComponentTest, ConnectsTheHostsSinks) {
+  const auto list = NewList();
+  const auto container = list.As<IConnectionPointContainer>();
+  ComPtr<IConnectionPoint> point;
+  EXPECT_EQ(container->FindConnectionPoint(__uuidof(DEditingScreenEvents), point.Out()), CONNECT_E_NOCONNECTION);
+  ASSERT_EQ(container->FindConnectionPoint(__uuidof(DLookUpListEvents), point.Out()), S_OK);
+  ComPtr<IEnumConnectionPoints> points;
+  ASSERT_EQ(container->EnumConnectionPoints(points.Out()), S_OK);
+  ComPtr<IConnectionPoint> enumerated;
+  ASSERT_EQ(points->Next(1, enumerated.Out(), nullptr), S_OK);
+  EXPECT_EQ(enumerated.Get(), point.Get());
+  EXPECT_EQ(points->Skip(1), S_FALSE);
+
+  const auto sink = ScriptedObject::Make();
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+  EXPECT_EQ(sink->References(), 2U);
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(point->EnumConnections(connections.Out()), S_OK);
+  CONNECTDATA connected{};
+  ASSERT_EQ(connections->Next(1, &connected, nullptr), S_OK);
+  EXPECT_EQ(connected.dwCookie, cookie);
+  connected.pUnk->Release();
+  connections.Out();
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
+  EXPECT_EQ(point->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+  EXPECT_EQ(sink->References(), 1U);
+
+  GUID events{};
+  EXPECT_EQ(list.As<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
+  EXPECT_EQ(events, __uuidof(DLookUpListEvents));
+}
+
+TEST_F(ComponentTest, HoldsNothingAfterAThousandRounds) {
+  const auto pv = ScriptedObject::Make();
+  const int objects = ScriptedObject::living;
+  for (int round = 0; round < 1000; ++round) {
+    const auto screen = NewScreen();
+    const auto list = NewList();
+    screen->putref_PV(pv.Get());
+    Variant id = Variant::Of("7");
+    screen->Load_PatInfo_Small(&id, nullptr, nullptr);
+    list->put_ListType(lulProvider);
+    Variant nobody;
+    list->ShowList(VARIANT_FALSE, nobody);
+    list->putref_PV(nullptr);
+  }
+  EXPECT_EQ(pv->References(), 1U);
+  EXPECT_EQ(ScriptedObject::living, objects);
+  EXPECT_FALSE(component.InUse());
+}
+
+TEST_F(ComponentTest, TellsWhetherItIsInUse) {
+  EXPECT_FALSE(component.InUse());
+  {
+    const auto factory = component.Factory(__uuidof(::LookUpList));
+    EXPECT_TRUE(component.InUse());
+    void* aggregated = nullptr;
+    EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &aggregated), CLASS_E_NOAGGREGATION);
+    factory->LockServer(TRUE);
+  }
+  EXPECT_TRUE(component.InUse());
+  component.Factory(__uuidof(::LookUpList))->LockServer(FALSE);
+  EXPECT_FALSE(component.InUse());
+  EXPECT_THROW(component.Factory(IID_IUnknown), com::ComError);
+}
+
+}  // namespace
