@@ -21,8 +21,10 @@ bool IsSelect(std::string_view statement) {
 
 class SqliteFile {
  public:
-  SqliteFile(const std::string& path, OpenMode mode)
-      : in_memory(path == kMemory), main(path, OpenFlags(mode), identity), readers(path, identity) {
+  SqliteFile(const std::string& path, OpenMode mode, const std::function<void()>& while_busy)
+      : in_memory(path == kMemory),
+        main(path, OpenFlags(mode), identity, while_busy),
+        readers(path, identity, while_busy) {
     try {
       main.Run("PRAGMA journal_mode=WAL");
     } catch (const session::DatabaseError& error) {
@@ -37,7 +39,7 @@ class SqliteFile {
 };
 
 SqliteConnection::SqliteConnection(const std::string& path, OpenMode mode)
-    : file_(std::make_unique<SqliteFile>(path, mode)) {}
+    : file_(std::make_unique<SqliteFile>(path, mode, WhileBusy)) {}
 
 SqliteConnection::~SqliteConnection() = default;
 

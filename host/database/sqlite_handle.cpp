@@ -8,6 +8,8 @@ namespace {
 
 // Another process that writes is waited for this long.
 constexpr int kBusyMilliseconds = 10000;
+// Of SQLite's machine: some milliseconds.
+constexpr int kBusySteps = 100000;
 
 std::string_view TextOf(sqlite3_value* value) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
@@ -43,6 +45,13 @@ int CompareTexts(void* /*unused*/, int left_size, const void* left, int right_si
                        {static_cast<const char*>(right), static_cast<std::size_t>(right_size)});
 }
 
+int TellBusy(void* while_busy) {
+  if (const auto& tell = *static_cast<const std::function<void()>*>(while_busy)) {
+    tell();
+  }
+  return 0;
+}
+
 // What a person can do something about is said in plain words.
 std::string Reason(int extended_code, const char* message) {
   constexpr int kPrimary = 0xFF;
@@ -64,7 +73,9 @@ session::DatabaseError CannotBeOpened(const std::string& path, const std::string
   return {"The database \"" + path + "\" cannot be opened: " + why, {}, code};
 }
 
-SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& identity) : identity_(identity) {
+SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& identity,
+                           const std::function<void()>& while_busy)
+    : identity_(identity) {
   sqlite3* opened = nullptr;
   const int code = sqlite3_open_v2(path.c_str(), &opened, open_flags, nullptr);
   database_.reset(opened);
@@ -81,6 +92,7 @@ SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& id
   sqlite3_create_function(opened, "match", 2, kPure, nullptr, AnswerMatch, nullptr, nullptr);
   sqlite3_create_collation(opened, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, CompareTexts);
   sqlite3_update_hook(opened, NoteInsert, this);
+  sqlite3_progress_handler(opened, kBusySteps, TellBusy, const_cast<std::function<void()>*>(&while_busy));
 }
 
 SqliteStatement SqliteHandle::Prepare(std::string_view& text, const std::string& batch) {
@@ -158,7 +170,7 @@ void SqliteHandle::Fail(const std::string& batch) const {
 
 SqliteReaders::Lease SqliteReaders::Borrow() {
   if (idle_.empty()) {
-    auto reader = std::make_unique<SqliteHandle>(path_, SQLITE_OPEN_READWRITE, identity_);
+    auto reader = std::make_unique<SqliteHandle>(path_, SQLITE_OPEN_READWRITE, identity_, while_busy_);
     reader->Run("PRAGMA query_only=1");
     const std::lock_guard lock(growing_);
     idle_.push_back(reader.get());

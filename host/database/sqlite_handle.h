@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -29,8 +30,8 @@ session::DatabaseError CannotBeOpened(const std::string& path, const std::string
 // UNICODE_NOCASE. Failures are session::DatabaseError.
 class SqliteHandle {
  public:
-  // `identity` outlives the handle.
-  SqliteHandle(const std::string& path, int open_flags, Identity& identity);
+  // `identity` and `while_busy`, which is called while a statement runs, outlive the handle.
+  SqliteHandle(const std::string& path, int open_flags, Identity& identity, const std::function<void()>& while_busy);
 
   bool InTransaction() const { return sqlite3_get_autocommit(database_.get()) == 0; }
   // Compiles the first statement of `text` and leaves the rest there; null for nothing but blanks. `batch` is what
@@ -71,7 +72,8 @@ class SqliteReaders {
   };
   using Lease = std::unique_ptr<SqliteHandle, GiveBack>;
 
-  SqliteReaders(std::string path, Identity& identity) : path_(std::move(path)), identity_(identity) {}
+  SqliteReaders(std::string path, Identity& identity, const std::function<void()>& while_busy)
+      : path_(std::move(path)), identity_(identity), while_busy_(while_busy) {}
 
   Lease Borrow();
   void Interrupt();
@@ -79,6 +81,7 @@ class SqliteReaders {
  private:
   std::string path_;
   Identity& identity_;
+  const std::function<void()>& while_busy_;
   std::mutex growing_;  // Interrupt comes from other threads
   std::vector<std::unique_ptr<SqliteHandle>> all_;
   std::vector<SqliteHandle*> idle_;

@@ -16,7 +16,9 @@ Desk::Desk(Practice practice, const std::string& data_folder, const std::string&
     : practice_(std::move(practice)),
       data_folder_(data_folder),
       user_(Views(), views::Pictures({data_folder, data_folder + kLargeIcons, share_folder + "/pictures",
-                                      share_folder + "/pictures" + kLargeIcons})) {}
+                                      share_folder + "/pictures" + kLargeIcons})) {
+  practice_.Database().connection->WhileBusy = [this] { user_.Pulse(); };
+}
 
 views::ViewRegistry Desk::Views() {
   views::ViewRegistry registry = views::ViewRegistry::Standard();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -66,6 +67,9 @@ class Connection {
   virtual void RollbackTrans() = 0;
   // Ends the statement that is running, from whichever thread; it throws DatabaseError where it ran.
   virtual void Cancel() = 0;
+
+  // Called now and then while a statement runs, where it runs: a window may paint then, but run no statement.
+  std::function<void()> WhileBusy;
 };
 
 // Rolls back at its end unless committed.

@@ -16,7 +16,19 @@ class DropBinding : public Binding {
   }
 
  protected:
-  void Refresh(forms::Aspect /*aspect*/) override { Place(); }
+  // What drops takes the keyboard, as a drop-down list does.
+  void Refresh(forms::Aspect /*aspect*/) override {
+    Place();
+    const bool down = Control().Shown();
+    if (down && !down_) {
+      Widget().CallAfter([this] {
+        if (Control().Shown()) {
+          Widget().SetFocus();
+        }
+      });
+    }
+    down_ = down;
+  }
 
  private:
   // The anchor may change, and move, while the panel is down.
@@ -41,6 +53,7 @@ class DropBinding : public Binding {
   }
 
   std::function<const forms::Control&()> anchor_;
+  bool down_ = false;
 };
 
 // No time passes while something modal stands before the dialog.

@@ -21,9 +21,11 @@ class WaitWindow : public wxFrame {
   void Pulse();
 
  private:
-  wxStaticText* text_;
-  wxGauge* gauge_;
+  wxStaticText* text_ = nullptr;
+  wxGauge* gauge_ = nullptr;
+  bool known_ = false;  // how far the work has come
   std::chrono::steady_clock::time_point since_;
+  std::chrono::steady_clock::time_point pulsed_;
 };
 
 }  // namespace views
