@@ -249,7 +249,7 @@ void patScreen_SM::TakeSearchedName() {
 
 void patScreen_SM::LeaveSearch() {
   Name_List.Visible = false;
-  Text1[searching_ == kReferral ? kSsn : kMedicalAlert].SetFocus();
+  Command3D1[searching_ == kReferral ? kPickReferral : kPickProvider].SetFocus();
 }
 
 bool patScreen_SM::OnSearchKey(forms::Key key) {
@@ -261,6 +261,10 @@ bool patScreen_SM::OnSearchKey(forms::Key key) {
   }
   if (key == forms::Key::Insert) {
     EditPerson(searching_);
+    return true;
+  }
+  if (key == forms::Key::Tab) {
+    LeaveSearch();
     return true;
   }
   if (key != forms::Key::Enter) {
