@@ -1,12 +1,12 @@
 #include "console/scenario_runner.h"
 
-#include <filesystem>
 #include <fstream>
 
 #include "console/interpreter.h"
 #include "console/line_source.h"
 #include "console/practice_line.h"
 #include "console/stage.h"
+#include "database/file_path.h"
 
 namespace host {
 
@@ -44,9 +44,10 @@ Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& ou
 Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output) {
   Tally all;
   for (const std::string& file : files) {
-    std::ifstream text(file, std::ios::binary);
+    const std::filesystem::path path = FilePath(file);
+    std::ifstream text(path, std::ios::binary);
     Tally tally{.failed = 1};
-    if (!text || std::filesystem::is_directory(file)) {
+    if (!text || std::filesystem::is_directory(path)) {
       output << "FAILED  " << file << " cannot be read\n";
     } else {
       tally = RunScenarios(text, file, output);

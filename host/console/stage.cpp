@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "database/file_path.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
 #include "practice/machine.h"
@@ -97,7 +98,7 @@ void Stage::RaiseEventsInto(Recordings& recordings) {
 }
 
 std::filesystem::path Stage::File(std::string_view path) const {
-  return folder_.Path() / std::filesystem::path(std::u8string(path.begin(), path.end()));
+  return folder_.Path() / FilePath(path);
 }
 
 void Stage::SetUser(LoginRights user) {

@@ -1,7 +1,6 @@
 #include "database/database.h"
 
-#include <filesystem>
-
+#include "database/file_path.h"
 #include "database/prepare_sql.h"
 #include "database/sqlite_connection.h"
 
@@ -55,7 +54,7 @@ PracticeDatabase OpenDatabase(const std::string& url) {
 
 bool IsVacant(const std::string& url) {
   const std::string path = SqlitePath(url);
-  if (!std::filesystem::exists(path)) {
+  if (!std::filesystem::exists(FilePath(path))) {
     return true;
   }
   SqliteConnection connection(path, OpenMode::Existing);
