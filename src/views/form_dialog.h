@@ -53,6 +53,8 @@ class FormDialog : public wxDialog, private forms::FormObserver {
   // Makes the form's focus that of the widgets; false when a rule kept it elsewhere. Called before the form is told
   // of a key or a click, so that `Leave` and `Enter` run first.
   bool SyncFocus();
+  // As Enter does in a field that has no other use for it.
+  void ToNextField(const Binding& from);
   // Lays the window out again, after the rules that are running.
   void LayOutSoon();
   // While something modal stands before it, a dialog does no idle work and lets no time pass.
@@ -65,7 +67,6 @@ class FormDialog : public wxDialog, private forms::FormObserver {
 
   void OnKey(wxKeyEvent& event);
   bool UseKey(Binding* binding, forms::Key key);
-  void ToNextField(const Binding& from);
   void ShowFocus();
   Binding* Focused() const;
   void FitContents();

@@ -13,22 +13,11 @@ class DropBinding : public Binding {
   DropBinding(forms::Panel& control, wxPanel& widget, std::function<const forms::Control&()> anchor)
       : Binding(control, widget), anchor_(std::move(anchor)) {
     widget.Bind(wxEVT_IDLE, [this](wxIdleEvent&) { Place(); });
+    widget.Bind(wxEVT_CHAR_HOOK, &DropBinding::OnKey, this);
   }
 
  protected:
-  // What drops takes the keyboard, as a drop-down list does.
-  void Refresh(forms::Aspect /*aspect*/) override {
-    Place();
-    const bool down = Control().Shown();
-    if (down && !down_) {
-      Widget().CallAfter([this] {
-        if (Control().Shown()) {
-          Widget().SetFocus();
-        }
-      });
-    }
-    down_ = down;
-  }
+  void Refresh(forms::Aspect /*aspect*/) override { Place(); }
 
  private:
   // The anchor may change, and move, while the panel is down.
@@ -52,8 +41,19 @@ class DropBinding : public Binding {
     }
   }
 
+  // From the panel the Tab key goes on behind the field, and back to it.
+  void OnKey(wxKeyEvent& event) {
+    Binding* under = Dialog().Find(anchor_());
+    if (event.GetKeyCode() != WXK_TAB || under == nullptr) {
+      event.Skip();
+    } else if (event.ShiftDown()) {
+      under->FocusWidget().SetFocus();
+    } else {
+      Dialog().ToNextField(*under);
+    }
+  }
+
   std::function<const forms::Control&()> anchor_;
-  bool down_ = false;
 };
 
 // No time passes while something modal stands before the dialog.
