@@ -19,7 +19,13 @@ class CellTable : public wxGridTableBase {
 
   int GetNumberRows() override { return rows_; }
   int GetNumberCols() override { return columns_; }
-  wxString GetColLabelValue(int column) override { return ToWx(Column(column).caption); }
+  wxString GetColLabelValue(int column) override {
+    const wxString caption = ToWx(Column(column).caption);
+    if (column != grid_.SortColumn) {
+      return caption;
+    }
+    return caption + (grid_.SortDescending ? ToWx(" \u25BC") : ToWx(" \u25B2"));
+  }
   bool IsEmptyCell(int row, int column) override { return GetValue(row, column).empty(); }
 
   wxString GetValue(int row, int column) override {
@@ -168,11 +174,7 @@ class GridBinding : public Binding {
       editable = editable || columns[i].editable;
     }
     widget_.EnableEditing(editable);
-    if (grid_.SortColumn >= 0) {
-      widget_.SetSortingColumn(grid_.SortColumn, !grid_.SortDescending);
-    } else {
-      widget_.UnsetSortingColumn();
-    }
+    widget_.GetGridColLabelWindow()->Refresh();
     ShowFilters();
   }
 

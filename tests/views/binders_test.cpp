@@ -159,6 +159,10 @@ TEST_F(Binders, AGridShowsItsRowsAndFilters) {
   grid->GoToCell(3, 0);
   EXPECT_EQ(form_.grdRows.Row, 3);
 
+  form_.grdRows.SortColumn = 2;
+  form_.grdRows.SortDescending = true;
+  EXPECT_EQ(grid->GetColLabelValue(2).utf8_string(), "City \u25BC");
+
   auto* filter = dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("grdRows.filter.c", grid));
   ASSERT_NE(filter, nullptr);
   filter->SetValue("Hou");
