@@ -1,0 +1,155 @@
+// The person at the component's windows. The toolkit starts with the first window that is shown, on the host's own
+// thread, and stays until the process ends: it cannot be taken down while the host goes on, so that the library is
+// then kept loaded.
+#include <wx/app.h>
+#include <wx/image.h>
+#include <wx/init.h>
+#include <wx/log.h>
+#include <wx/nativewin.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "com/module.h"
+#include "com/screen_user.h"
+#include "com/variant.h"
+#include "views/wx_user.h"
+
+namespace {
+
+class ComponentApp : public wxApp {
+ public:
+  bool OnInit() override {
+    SetAppName("twSimpleEditScreens");
+    SetExitOnFrameDelete(false);
+    wxInitAllImageHandlers();
+    // What goes wrong is told by the screens.
+    wxLog::EnableLogging(false);
+    return true;
+  }
+  // Nothing that a window throws reaches the host's message loop.
+  bool OnExceptionInMainLoop() override {
+    std::string what = "This command could not be carried out.";
+    try {
+      throw;
+    } catch (const std::exception& error) {
+      what += "\r\n\r\n" + std::string(error.what());
+    } catch (...) {
+      what += "\r\n";
+    }
+    MessageBoxW(GetActiveWindow(), com::ToWide(what).c_str(), com::ToWide(forms::kSuiteTitle).c_str(),
+                MB_OK | MB_ICONERROR | MB_TASKMODAL);
+    return true;
+  }
+};
+
+// A window of the host, as the toolkit sees it: kept from the person while something modal stands before it.
+class OwnerWindow : public wxNativeContainerWindow {
+ public:
+  explicit OwnerWindow(HWND window) : wxNativeContainerWindow(window), window_(window) {
+    wxTopLevelWindows.Append(this);
+  }
+  bool IsShown() const override { return IsWindowVisible(window_) != FALSE; }
+
+ private:
+  HWND window_;
+};
+
+// A host's call that is under way.
+struct HostCall {
+  HWND owner = nullptr;
+  HWND focus = nullptr;                 // where the person was typing
+  std::unique_ptr<OwnerWindow> window;  // once something was shown before the owner
+};
+
+// The windows of all calls, which may be nested in one another.
+class Windows {
+ public:
+  void Begin(HWND owner) {
+    calls_.push_back({owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT), GetFocus(), nullptr});
+  }
+  void End() {
+    const HostCall ended = std::move(calls_.back());
+    calls_.pop_back();
+    if (user_ != nullptr) {
+      user_->SetMainWindow(calls_.empty() ? nullptr : calls_.back().window.get());
+    }
+    if (ended.window != nullptr && IsWindow(ended.focus) != FALSE) {
+      SetFocus(ended.focus);
+    }
+  }
+  views::WxUser& User() {
+    if (user_ == nullptr) {
+      Start();
+    }
+    HostCall& call = calls_.back();
+    if (call.owner != nullptr && call.window == nullptr) {
+      call.window = std::make_unique<OwnerWindow>(call.owner);
+    }
+    user_->SetMainWindow(call.window.get());
+    return *user_;
+  }
+  bool Started() const { return user_ != nullptr; }
+
+ private:
+  void Start() {
+    HMODULE self = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<LPCWSTR>(&com::Module), &self);
+    if (!wxEntryStart(com::Module()) || wxTheApp == nullptr || !wxTheApp->CallOnInit()) {
+      throw std::runtime_error("The windows of the editing screens could not be started.");
+    }
+    const std::string path = com::ToUtf8(com::ModulePath());
+    const std::string folder = path.substr(0, path.rfind('\\')) + "\\pictures";
+    user_ = std::make_unique<views::WxUser>(views::ViewRegistry::Standard(),
+                                            views::Pictures({folder, folder + "\\ICO\\Large"}));
+  }
+
+  std::vector<HostCall> calls_;
+  std::unique_ptr<views::WxUser> user_;
+};
+
+// Never taken down, as the toolkit is not.
+Windows& TheWindows() {
+  static Windows& windows = *new Windows;
+  return windows;
+}
+
+class WxScreenUser : public com::ScreenUser {
+ public:
+  void BeginCall(HWND owner) override { TheWindows().Begin(owner); }
+  void EndCall() override { TheWindows().End(); }
+
+  forms::Answer Ask(const forms::Message& message) override { return User().Ask(message); }
+  std::optional<std::string> Input(const forms::InputBox& box) override { return User().Input(box); }
+  void Show(forms::Form& form) override { User().Show(form); }
+  std::optional<std::chrono::year_month_day> PickDate(std::string_view title,
+                                                      std::chrono::year_month_day start) override {
+    return User().PickDate(title, start);
+  }
+  std::optional<std::string> PickFile(const forms::FileChoice& choice) override { return User().PickFile(choice); }
+  std::optional<std::string> PickFolder(std::string_view title) override { return User().PickFolder(title); }
+  std::optional<forms::Color> PickColor(forms::Color start) override { return User().PickColor(start); }
+  void Wait(std::string_view text, double done) override {
+    if (!text.empty() || TheWindows().Started()) {
+      User().Wait(text, done);
+    }
+  }
+
+ private:
+  static views::WxUser& User() { return TheWindows().User(); }
+};
+
+}  // namespace
+
+// NOLINTNEXTLINE: the toolkit's own way to name the class of the application
+wxIMPLEMENT_APP_NO_MAIN(ComponentApp);
+
+namespace com {
+
+std::unique_ptr<ScreenUser> MakeScreenUser() {
+  return std::make_unique<WxScreenUser>();
+}
+
+}  // namespace com
