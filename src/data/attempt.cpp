@@ -3,8 +3,7 @@
 namespace data {
 
 void Report(forms::User& user, const session::DatabaseError& error) {
-  user.Tell("The database could not carry out this operation.\r\n\r\n" +
-                std::string(error.what()),
+  user.Tell("The database could not carry out this operation.\r\n\r\n" + std::string(error.what()),
             std::string(forms::kSuiteTitle), forms::Icon::Critical);
 }
 
