@@ -89,7 +89,7 @@ TEST(PatientQuickScreen, LeavesThePracticeWholeWhenKilledDuringASave) {
       int heard = 0;
       host.session.hear = [&heard, last](const std::string&) {
         if (++heard == last) {
-          raise(SIGKILL);
+          static_cast<void>(raise(SIGKILL));
         }
       };
       patScreen_SM screen(host.Context());
