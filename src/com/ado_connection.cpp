@@ -4,6 +4,9 @@
 
 namespace com {
 
+using automation::ToObject;
+using automation::Variant;
+
 std::unique_ptr<session::Recordset> AdoConnection::Execute(const std::string& sql) {
   try {
     DispatchObject recordset(ToObject(connection_.Call("Execute", {Variant::Of(sql)})), "The recordset");

@@ -3,10 +3,12 @@
 #include <memory>
 #include <string>
 
-#include "com/dispatch_object.h"
+#include "automation/dispatch_object.h"
 #include "session/connection.h"
 
 namespace com {
+
+using automation::DispatchObject;
 
 // The host's connection, called by ADO's documented names (Execute, BeginTrans, CommitTrans, RollbackTrans, Cancel,
 // Errors). An error of the provider is told in the words of its Errors.

@@ -6,6 +6,12 @@
 namespace com {
 namespace {
 
+using automation::Check;
+using automation::ComError;
+using automation::ComPtr;
+using automation::ToObject;
+using automation::ToValue;
+
 using session::FieldType;
 
 constexpr std::int32_t kBlockRows = 64;

@@ -2,10 +2,13 @@
 
 #include <vector>
 
-#include "com/dispatch_object.h"
+#include "automation/dispatch_object.h"
 #include "session/connection.h"
 
 namespace com {
+
+using automation::DispatchObject;
+using automation::Variant;
 
 // A recordset that answers to ADO's documented names (State, NextRecordset, Fields, EOF, GetRows). Rows are fetched a
 // block at a time.

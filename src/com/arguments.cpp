@@ -4,6 +4,14 @@
 
 namespace com {
 
+using automation::Assign;
+using automation::ChangeType;
+using automation::IsMissing;
+using automation::ToBool;
+using automation::ToInt;
+using automation::ToText;
+using automation::Variant;
+
 std::string TextOf(const VARIANT* argument) {
   return IsMissing(argument) ? std::string() : ToText(*argument);
 }

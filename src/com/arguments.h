@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "com/variant.h"
+#include "automation/variant.h"
 #include "forms/currency.h"
 
 // By-reference arguments as the screens take them. One that was left out is empty, 0 or False; a record ID that was

@@ -1,12 +1,13 @@
 #include "com/boundary.h"
 
-#include <new>
 #include <string>
 
 #include "session/connection.h"
 
 namespace com {
 namespace {
+
+using automation::ToWide;
 
 void SetDescription(const char* description, const IID& interface_id) {
   ComPtr<ICreateErrorInfo> made;
@@ -32,14 +33,9 @@ HRESULT Translate(forms::User* person, const IID& interface_id) {
     }
     person->Tell(error.what(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
     return S_OK;
-  } catch (const ComError& error) {
-    SetDescription(error.what(), interface_id);
-    return error.Result();
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
   } catch (const std::exception& error) {
     SetDescription(error.what(), interface_id);
-    return E_FAIL;
+    return automation::ResultOfException();
   }
 }
 

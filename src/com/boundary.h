@@ -2,11 +2,13 @@
 
 #include <windows.h>
 
-#include "com/com_ptr.h"
-#include "com/variant.h"
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
 #include "forms/user.h"
 
 namespace com {
+
+using automation::ComPtr;
 
 // Turns the exception that is being handled into a HRESULT, with its text as the thread's error information. What the
 // database or the host's session refused is told to the person, and is a success for the host: the screen has ended.

@@ -4,6 +4,11 @@
 
 namespace com {
 
+using automation::Assign;
+using automation::FromBstr;
+using automation::ToVariant;
+using automation::Variant;
+
 EditingScreenObject::EditingScreenObject() : PublicClass(__uuidof(::EditingScreen), __uuidof(DEditingScreenEvents)) {}
 
 HRESULT EditingScreenObject::put_ExtraID(LONG value) {

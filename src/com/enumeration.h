@@ -5,15 +5,16 @@
 #include <ocidl.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstddef>
 #include <utility>
 #include <vector>
 
-#include "com/com_ptr.h"
-#include "com/module.h"
+#include "automation/com_ptr.h"
+#include "automation/counted.h"
 
 namespace com {
+
+using automation::ComPtr;
 
 // An item of an enumeration, and how a caller gets it.
 struct PointItem {
@@ -30,29 +31,9 @@ struct SinkItem {
 
 // A COM enumerator (IEnumConnectionPoints, IEnumConnections) over items that it keeps.
 template <typename Interface, typename Item>
-class Enumeration final : public Interface {
+class Enumeration final : public automation::Counted<Interface> {
  public:
   explicit Enumeration(std::vector<Item> items, std::size_t at = 0) : items_(std::move(items)), at_(at) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = id == IID_IUnknown || id == __uuidof(Interface) ? this : nullptr;
-    if (*object == nullptr) {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, typename Item::Raw* given, ULONG* fetched) override {
     if (given == nullptr || (fetched == nullptr && count != 1)) {
@@ -85,10 +66,8 @@ class Enumeration final : public Interface {
   }
 
  private:
-  ~Enumeration() = default;
+  ~Enumeration() override = default;
 
-  LivingObject living_;
-  std::atomic<ULONG> references_ = 1;
   std::vector<Item> items_;
   std::size_t at_;
 };

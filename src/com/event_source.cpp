@@ -10,6 +10,8 @@
 
 namespace com {
 
+using automation::ComError;
+
 void EventSource::Raise(DISPID event, std::initializer_list<Variant> arguments) {
   std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
   DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};

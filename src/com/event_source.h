@@ -7,10 +7,13 @@
 #include <initializer_list>
 #include <map>
 
-#include "com/com_ptr.h"
-#include "com/variant.h"
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
 
 namespace com {
+
+using automation::ComPtr;
+using automation::Variant;
 
 // The connection point of a class: keeps the host's event sinks and raises events to them. It lives and dies with the
 // object whose events these are.

@@ -1,8 +1,11 @@
 #include "com/host_object.h"
 
-#include "com/dispatch_object.h"
+#include "automation/dispatch_object.h"
 
 namespace com {
+
+using automation::ComPtr;
+using automation::DispatchObject;
 
 entry::HostObject KeepObject(IDispatch* object) {
   if (object == nullptr) {

@@ -5,6 +5,12 @@
 namespace com {
 namespace {
 
+using automation::ComPtr;
+using automation::FromBstr;
+using automation::IsMissing;
+using automation::ToObject;
+using automation::Variant;
+
 // The events' numbers in the type library.
 enum Event : DISPID { kSwapModuleCalled = 1, kButtonClicked, kBeforePrint, kAfterPrint, kCheckEvent };
 
@@ -36,19 +42,19 @@ HRESULT LookUpListObject::Put(std::string& to, BSTR value) {
 }
 
 void LookUpListObject::ForwardEvents() {
-  Screens().SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
+  Screens().Events.SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
     Events().Raise(kSwapModuleCalled, {Variant::Of(where_to), Variant::Of(designation)});
   };
-  Screens().ButtonClicked = [this](const std::string& button_key, std::int32_t current_id) {
+  Screens().Events.ButtonClicked = [this](const std::string& button_key, std::int32_t current_id) {
     Events().Raise(kButtonClicked, {Variant::Of(button_key), Variant::Of(current_id)});
   };
-  Screens().BeforePrint = [this](bool& cancel) {
+  Screens().Events.BeforePrint = [this](bool& cancel) {
     EventFlag flag(cancel);
     Events().Raise(kBeforePrint, {flag.Reference()});
     cancel = flag.IsSet();
   };
-  Screens().AfterPrint = [this] { Events().Raise(kAfterPrint, {}); };
-  Screens().CheckEvent = [this](bool& handled) {
+  Screens().Events.AfterPrint = [this] { Events().Raise(kAfterPrint, {}); };
+  Screens().Events.CheckEvent = [this](bool& handled) {
     EventFlag flag(handled);
     Events().Raise(kCheckEvent, {flag.Reference()});
     handled = flag.IsSet();

@@ -6,55 +6,35 @@
 #include <olectl.h>
 #include <twSimpleEditScreens.h>
 
-#include <atomic>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "automation/counted.h"
 #include "com/boundary.h"
 #include "com/enumeration.h"
 #include "com/event_source.h"
 #include "com/host_object.h"
-#include "com/module.h"
 #include "com/pv_session.h"
 #include "com/screen_user.h"
+#include "com/type_library.h"
 
 namespace com {
+
+using automation::Assign;
+using automation::ComPtr;
+using automation::FromBstr;
+using automation::ToBstr;
+using automation::Variant;
 
 // What both public classes are to COM: a dual interface through the type library, IGlobal, events, error information.
 // `Dual` is the default interface, `Entry` the class behind it.
 template <typename Dual, typename Entry>
-class PublicClass : public Dual,
-                    public ::IGlobal,
-                    public IConnectionPointContainer,
-                    public ISupportErrorInfo,
-                    public IProvideClassInfo2 {
+class PublicClass
+    : public automation::Counted<Dual, ::IGlobal, IConnectionPointContainer, ISupportErrorInfo, IProvideClassInfo2> {
  public:
   PublicClass(const CLSID& class_id, const IID& events)
       : class_id_(class_id), events_id_(events), events_(*this, events) {}
-  PublicClass(const PublicClass&) = delete;
-  PublicClass& operator=(const PublicClass&) = delete;
-
-  // --- IUnknown
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = Find(id);
-    if (*object == nullptr) {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   // --- IDispatch
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
@@ -181,7 +161,7 @@ class PublicClass : public Dual,
   }
 
  protected:
-  virtual ~PublicClass() = default;
+  ~PublicClass() override = default;
 
   // Runs a method that may open screens, before the window of frmOwner, StartForm or the main form.
   template <typename Operation>
@@ -239,24 +219,6 @@ class PublicClass : public Dual,
     ScreenUser& user_;
   };
 
-  void* Find(REFIID id) {
-    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Dual)) {
-      return static_cast<Dual*>(this);
-    }
-    if (id == __uuidof(::IGlobal)) {
-      return static_cast<::IGlobal*>(this);
-    }
-    if (id == IID_IConnectionPointContainer) {
-      return static_cast<IConnectionPointContainer*>(this);
-    }
-    if (id == IID_ISupportErrorInfo) {
-      return static_cast<ISupportErrorInfo*>(this);
-    }
-    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
-      return static_cast<IProvideClassInfo2*>(this);
-    }
-    return nullptr;
-  }
   const ComPtr<ITypeInfo>& Type() {
     if (!type_) {
       type_ = TypeInfoOf(__uuidof(Dual));
@@ -272,8 +234,6 @@ class PublicClass : public Dual,
     return nullptr;
   }
 
-  LivingObject living_;
-  std::atomic<ULONG> references_ = 1;
   const CLSID& class_id_;
   const IID& events_id_;
   EventSource events_;

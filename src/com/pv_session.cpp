@@ -5,6 +5,13 @@
 namespace com {
 namespace {
 
+using automation::ChangeType;
+using automation::Check;
+using automation::ComError;
+using automation::ToInt;
+using automation::ToValue;
+using automation::Variant;
+
 // The log that an entry goes to, as PV is told it.
 std::string_view NameOf(session::LogKind kind) {
   switch (kind) {

@@ -3,11 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "automation/dispatch_object.h"
 #include "com/ado_connection.h"
-#include "com/dispatch_object.h"
 #include "session/session.h"
 
 namespace com {
+
+using automation::ComPtr;
+using automation::DispatchObject;
 
 // The host's session object, called late-bound by the names of the session's operations; docs/integration.md lists
 // them. A member that the object lacks is thrown as session::DatabaseError that names it.

@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include "scripted_object.h"
 #include "support/component.h"
-#include "support/scripted_object.h"
 
 namespace {
 
-using com::ComPtr;
-using com::Variant;
+using automation::ComPtr;
+using automation::Variant;
 using test_support::ScriptedObject;
 
 class ComponentTest : public testing::Test {
@@ -74,7 +74,7 @@ TEST_F(ComponentTest, LeavesTheArgumentsOfEmployerStart) {
   const auto screen = NewScreen();
   Variant id = Variant::Of("NEW");
   EXPECT_EQ(screen->Employer_Start(&id, &id, nullptr, &id, &id, estCoverage), S_OK);
-  EXPECT_EQ(com::ToText(id), "NEW");
+  EXPECT_EQ(automation::ToText(id), "NEW");
   EXPECT_EQ(Told(), "");
 }
 
@@ -91,7 +91,7 @@ TEST_F(ComponentTest, TellsThePersonWhatTheHostLacks) {
   screen->putref_PV(pv.Get());
   EXPECT_EQ(screen->Load_PatInfo_Small(&typed_id, nullptr, nullptr), S_OK);
   EXPECT_NE(Told().find("does not offer \"DatabaseKind\""), std::string::npos);
-  EXPECT_EQ(com::ToText(id), "7");
+  EXPECT_EQ(automation::ToText(id), "7");
   EXPECT_EQ(typed, 5);
 }
 
@@ -174,7 +174,7 @@ TEST_F(ComponentTest, TellsWhetherItIsInUse) {
   EXPECT_TRUE(component.InUse());
   component.Factory(__uuidof(::LookUpList))->LockServer(FALSE);
   EXPECT_FALSE(component.InUse());
-  EXPECT_THROW(component.Factory(IID_IUnknown), com::ComError);
+  EXPECT_THROW(component.Factory(IID_IUnknown), automation::ComError);
 }
 
 }  // namespace

@@ -2,11 +2,14 @@
 
 #include <gmock/gmock.h>
 
-#include "support/scripted_object.h"
+#include "scripted_object.h"
+#include "session/connection.h"
 
 namespace com {
 namespace {
 
+using automation::ComPtr;
+using automation::Variant;
 using test_support::ScriptedObject;
 using testing::ElementsAre;
 
@@ -46,10 +49,10 @@ TEST_F(EventSourceTest, CallsEverySinkWithItsArgumentsInOrder) {
 }
 
 TEST_F(EventSourceTest, LetsASinkSetWhatIsPassedByReference) {
-  first->members["event"] = [](const ScriptedObject::Arguments& arguments) {
-    com::Assign(arguments[0], Variant::Of(true));
+  first->Add("event", [](const automation::CallArguments& arguments) {
+    automation::Assign(&arguments.At(0), Variant::Of(true));
     return Variant();
-  };
+  });
   VARIANT_BOOL cancel = VARIANT_FALSE;
   Variant reference;
   V_VT(&reference) = VT_BYREF | VT_BOOL;
@@ -59,10 +62,10 @@ TEST_F(EventSourceTest, LetsASinkSetWhatIsPassedByReference) {
 }
 
 TEST_F(EventSourceTest, PassesOverASinkThatFailsOrLeaves) {
-  first->members["event"] = [this](const ScriptedObject::Arguments&) -> Variant {
+  first->Add("event", [this](const automation::CallArguments&) -> Variant {
     events.Unadvise(second_cookie);
-    throw std::string("no");
-  };
+    throw session::DatabaseError("no", {}, 0);
+  });
   events.Raise(1, {});
   EXPECT_EQ(second->calls.size(), 1U);
   events.Raise(1, {});

@@ -2,11 +2,15 @@
 
 #include <gmock/gmock.h>
 
-#include "support/scripted_object.h"
+#include "scripted_object.h"
 
 namespace com {
 namespace {
 
+using automation::ComPtr;
+using automation::ToInt;
+using automation::ToText;
+using automation::Variant;
 using test_support::Holding;
 using test_support::ScriptedObject;
 using testing::ElementsAre;
@@ -32,9 +36,9 @@ class PvSessionTest : public testing::Test {
 TEST_F(PvSessionTest, CallsTheHostByName) {
   pv->Answer("DatabaseKind", Variant::Of("7"));
   pv->Answer("CurrentOfficeID", Variant::Of(3));
-  pv->members["PrepareSQL"] = [](const ScriptedObject::Arguments& arguments) {
-    return Variant::Of("prepared " + ToText(*arguments[0]));
-  };
+  pv->Add("PrepareSQL", [](const automation::CallArguments& arguments) {
+    return Variant::Of("prepared " + ToText(arguments.At(0)));
+  });
   for (const char* silent : {"RecordHandOff", "CurrentPersonType", "Log", "SetUserOption"}) {
     pv->Answer(silent, Variant());
   }
@@ -56,7 +60,8 @@ TEST_F(PvSessionTest, NamesTheMemberThatTheHostLacks) {
   pv->Answer("DatabaseKind", Variant::Of("seven"));
   EXPECT_EQ(FailureOf([&] { session.DatabaseKind(); }),
             "The session object (PV) of the host gives no whole number for \"DatabaseKind\".");
-  pv->members["UserName"] = [](const ScriptedObject::Arguments&) -> Variant { throw std::string("nobody is here"); };
+  pv->Add("UserName",
+          [](const automation::CallArguments&) -> Variant { throw session::DatabaseError("nobody is here", {}, 0); });
   EXPECT_EQ(FailureOf([&] { session.UserName(); }), "nobody is here");
 }
 
@@ -81,23 +86,22 @@ TEST_F(PvSessionTest, ReadsTheFiguresOfAnAccount) {
 class AdoTest : public PvSessionTest {
  protected:
   AdoTest() {
-    pv->members["Connection"] = [this](const ScriptedObject::Arguments&) { return Holding(connection); };
-    connection->members["Execute"] = [this](const ScriptedObject::Arguments&) { return Holding(recordset); };
-    recordset->members["State"] = [this](const ScriptedObject::Arguments&) { return Variant::Of(state); };
-    recordset->members["EOF"] = [this](const ScriptedObject::Arguments&) { return Variant::Of(given == rows); };
-    recordset->members["Fields"] = [this](const ScriptedObject::Arguments&) { return Holding(fields); };
-    recordset->members["GetRows"] = [this](const ScriptedObject::Arguments& arguments) {
-      return Block(ToInt(*arguments[0]));
-    };
+    pv->Add("Connection", [this](const automation::CallArguments&) { return Holding(connection); });
+    connection->Add("Execute", [this](const automation::CallArguments&) { return Holding(recordset); });
+    recordset->Add("State", [this](const automation::CallArguments&) { return Variant::Of(state); });
+    recordset->Add("EOF", [this](const automation::CallArguments&) { return Variant::Of(given == rows); });
+    recordset->Add("Fields", [this](const automation::CallArguments&) { return Holding(fields); });
+    recordset->Add("GetRows",
+                   [this](const automation::CallArguments& arguments) { return Block(ToInt(arguments.At(0))); });
     fields->Answer("Count", Variant::Of(2));
-    fields->members["Item"] = [](const ScriptedObject::Arguments& arguments) {
-      const bool first = ToInt(*arguments[0]) == 0;
+    fields->Add("Item", [](const automation::CallArguments& arguments) {
+      const bool first = ToInt(arguments.At(0)) == 0;
       const auto field = ScriptedObject::Make();
       field->Answer("Name", Variant::Of(first ? "pID" : "UniqueID"));
       field->Answer("Type", Variant::Of(first ? 3 : 72));
       field->Answer("DefinedSize", Variant::Of(first ? 4 : 16));
       return Holding(field);
-    };
+    });
   }
 
   Variant Block(std::int32_t wanted) {
@@ -142,21 +146,21 @@ TEST_F(AdoTest, ReadsRowsInBlocks) {
 TEST_F(AdoTest, PassesOverResultsWithoutRows) {
   state = 0;
   int asked = 0;
-  recordset->members["NextRecordset"] = [&](const ScriptedObject::Arguments&) {
+  recordset->Add("NextRecordset", [&](const automation::CallArguments&) {
     state = ++asked == 2 ? 1 : 0;
     return Holding(recordset);
-  };
+  });
   rows = 1;
   EXPECT_FALSE(session.Connection().Execute("INSERT ...; SELECT @@IDENTITY")->Eof());
   state = 0;
-  recordset->members["NextRecordset"] = [](const ScriptedObject::Arguments&) { return Variant(); };
+  recordset->Add("NextRecordset", [](const automation::CallArguments&) { return Variant(); });
   EXPECT_TRUE(session.Connection().Execute("UPDATE ...")->Eof());
 }
 
 TEST_F(AdoTest, TellsWhatTheProviderSaid) {
-  connection->members["Execute"] = [](const ScriptedObject::Arguments&) -> Variant {
-    throw std::string("Syntax error");
-  };
+  connection->Add("Execute", [](const automation::CallArguments&) -> Variant {
+    throw session::DatabaseError("Syntax error", {}, 0);
+  });
   try {
     session.Connection().Execute("SELEKT");
     FAIL() << "nothing was thrown";

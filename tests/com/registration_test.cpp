@@ -4,7 +4,7 @@
 
 namespace {
 
-using com::ComPtr;
+using automation::ComPtr;
 
 bool Exists(HKEY root, const std::wstring& path) {
   HKEY key = nullptr;

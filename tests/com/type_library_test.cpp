@@ -9,12 +9,12 @@
 // may be added at the end of an interface and nothing else may change.
 namespace {
 
-using com::ComPtr;
+using automation::ComPtr;
 
 std::string ToText(const GUID& id) {
   std::array<wchar_t, 40> text{};
   StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
-  return com::ToUtf8(text.data());
+  return automation::ToUtf8(text.data());
 }
 
 std::string TypeName(ITypeInfo& info, const TYPEDESC& type) {
@@ -24,9 +24,9 @@ std::string TypeName(ITypeInfo& info, const TYPEDESC& type) {
     case VT_USERDEFINED: {
       ComPtr<ITypeInfo> referred;
       BSTR name = nullptr;
-      com::Check(info.GetRefTypeInfo(type.hreftype, referred.Out()));
-      com::Check(referred->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
-      const std::string text = com::FromBstr(name);
+      automation::Check(info.GetRefTypeInfo(type.hreftype, referred.Out()));
+      automation::Check(referred->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+      const std::string text = automation::FromBstr(name);
       SysFreeString(name);
       return text;
     }
@@ -53,8 +53,8 @@ std::string TypeName(ITypeInfo& info, const TYPEDESC& type) {
 std::string Documented(ITypeInfo& info, MEMBERID member) {
   BSTR name = nullptr;
   BSTR help = nullptr;
-  com::Check(info.GetDocumentation(member, &name, &help, nullptr, nullptr));
-  std::string text = com::FromBstr(name) + " \"" + com::FromBstr(help) + "\"";
+  automation::Check(info.GetDocumentation(member, &name, &help, nullptr, nullptr));
+  std::string text = automation::FromBstr(name) + " \"" + automation::FromBstr(help) + "\"";
   SysFreeString(name);
   SysFreeString(help);
   return text;
@@ -76,11 +76,11 @@ std::string ParameterText(ITypeInfo& info, const ELEMDESC& parameter, const std:
 
 void DescribeFunction(ITypeInfo& info, UINT index, std::ostream& out) {
   FUNCDESC* function = nullptr;
-  com::Check(info.GetFuncDesc(index, &function));
+  automation::Check(info.GetFuncDesc(index, &function));
   if ((function->wFuncFlags & FUNCFLAG_FRESTRICTED) == 0) {
     std::array<BSTR, 20> names{};
     UINT count = 0;
-    com::Check(info.GetNames(function->memid, names.data(), names.size(), &count));
+    automation::Check(info.GetNames(function->memid, names.data(), names.size(), &count));
     out << "  " << function->memid << " "
         << (function->invkind == INVOKE_PROPERTYGET      ? "get "
             : function->invkind == INVOKE_PROPERTYPUT    ? "put "
@@ -90,7 +90,8 @@ void DescribeFunction(ITypeInfo& info, UINT index, std::ostream& out) {
         << TypeName(info, function->elemdescFunc.tdesc) << " " << Documented(info, function->memid) << "\n";
     for (SHORT i = 0; i < function->cParams; ++i) {
       const auto at = static_cast<std::size_t>(i) + 1;
-      out << "      " << ParameterText(info, function->lprgelemdescParam[i], at < count ? com::FromBstr(names[at]) : "")
+      out << "      "
+          << ParameterText(info, function->lprgelemdescParam[i], at < count ? automation::FromBstr(names[at]) : "")
           << "\n";
     }
     for (BSTR name : names) {
@@ -102,8 +103,8 @@ void DescribeFunction(ITypeInfo& info, UINT index, std::ostream& out) {
 
 void DescribeVariable(ITypeInfo& info, UINT index, std::ostream& out) {
   VARDESC* variable = nullptr;
-  com::Check(info.GetVarDesc(index, &variable));
-  out << "  " << Documented(info, variable->memid) << " = " << com::ToText(*variable->lpvarValue) << "\n";
+  automation::Check(info.GetVarDesc(index, &variable));
+  out << "  " << Documented(info, variable->memid) << " = " << automation::ToText(*variable->lpvarValue) << "\n";
   info.ReleaseVarDesc(variable);
 }
 
@@ -112,9 +113,9 @@ void DescribeInterfaces(ITypeInfo& info, UINT count, std::ostream& out) {
     HREFTYPE type = 0;
     INT flags = 0;
     ComPtr<ITypeInfo> implemented;
-    com::Check(info.GetRefTypeOfImplType(i, &type));
-    com::Check(info.GetImplTypeFlags(i, &flags));
-    com::Check(info.GetRefTypeInfo(type, implemented.Out()));
+    automation::Check(info.GetRefTypeOfImplType(i, &type));
+    automation::Check(info.GetImplTypeFlags(i, &flags));
+    automation::Check(info.GetRefTypeInfo(type, implemented.Out()));
     out << "  " << ((flags & IMPLTYPEFLAG_FDEFAULT) != 0 ? "default " : "")
         << ((flags & IMPLTYPEFLAG_FSOURCE) != 0 ? "source " : "") << Documented(*implemented.Get(), MEMBERID_NIL)
         << "\n";
@@ -123,7 +124,7 @@ void DescribeInterfaces(ITypeInfo& info, UINT count, std::ostream& out) {
 
 void Describe(ITypeInfo& info, std::ostream& out) {
   TYPEATTR* attributes = nullptr;
-  com::Check(info.GetTypeAttr(&attributes));
+  automation::Check(info.GetTypeAttr(&attributes));
   const std::array<const char*, 8> kinds = {"enum",     "record",  "module", "interface",
                                             "dispatch", "coclass", "alias",  "union"};
   out << kinds.at(static_cast<std::size_t>(attributes->typekind)) << " " << Documented(info, MEMBERID_NIL) << " "
@@ -142,11 +143,11 @@ void Describe(ITypeInfo& info, std::ostream& out) {
 
 std::string Describe(const std::wstring& path) {
   ComPtr<ITypeLib> library;
-  com::Check(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.Out()));
+  automation::Check(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.Out()));
   std::ostringstream out;
   for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
     ComPtr<ITypeInfo> info;
-    com::Check(library->GetTypeInfo(i, info.Out()));
+    automation::Check(library->GetTypeInfo(i, info.Out()));
     Describe(*info.Get(), out);
   }
   return out.str();

@@ -5,10 +5,14 @@
 #include <shellapi.h>
 
 #include <memory>
-#include <string_view>
+
+#include "automation/wide_text.h"
 
 namespace host {
 namespace {
+
+using automation::ToUtf8;
+using automation::ToWide;
 
 // 0 when the process is not running.
 std::int64_t StartOf(HANDLE process) {
@@ -19,21 +23,6 @@ std::int64_t StartOf(HANDLE process) {
     return 0;
   }
   return (static_cast<std::int64_t>(created.dwHighDateTime) << 32) | created.dwLowDateTime;
-}
-
-std::wstring ToWide(std::string_view text) {
-  const auto size = static_cast<int>(text.size());
-  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
-  return wide;
-}
-
-std::string ToUtf8(std::wstring_view wide) {
-  const auto size = static_cast<int>(wide.size());
-  std::string text(
-      static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr)), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
-  return text;
 }
 
 struct LocallyFreed {

@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "com/class_factory.h"
-#include "com/module.h"
+#include "automation/module.h"
 #include "com/registration.h"
 
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID interface_id, LPVOID* factory) {
@@ -10,7 +10,7 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID interface_id, LPVOID* factory
 }
 
 STDAPI DllCanUnloadNow() {
-  return com::ModuleInUse() ? S_FALSE : S_OK;
+  return automation::ModuleInUse() ? S_FALSE : S_OK;
 }
 
 STDAPI DllRegisterServer() {

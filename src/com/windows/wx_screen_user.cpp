@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "com/module.h"
+#include "automation/module.h"
+#include "automation/variant.h"
 #include "com/screen_user.h"
-#include "com/variant.h"
 #include "views/wx_user.h"
 
 namespace {
@@ -38,7 +38,7 @@ class ComponentApp : public wxApp {
     } catch (...) {
       what += "\r\n";
     }
-    MessageBoxW(GetActiveWindow(), com::ToWide(what).c_str(), com::ToWide(forms::kSuiteTitle).c_str(),
+    MessageBoxW(GetActiveWindow(), automation::ToWide(what).c_str(), automation::ToWide(forms::kSuiteTitle).c_str(),
                 MB_OK | MB_ICONERROR | MB_TASKMODAL);
     return true;
   }
@@ -96,11 +96,11 @@ class Windows {
   void Start() {
     HMODULE self = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                       reinterpret_cast<LPCWSTR>(&com::Module), &self);
-    if (!wxEntryStart(com::Module()) || wxTheApp == nullptr || !wxTheApp->CallOnInit()) {
+                       reinterpret_cast<LPCWSTR>(&automation::Module), &self);
+    if (!wxEntryStart(automation::Module()) || wxTheApp == nullptr || !wxTheApp->CallOnInit()) {
       throw std::runtime_error("The windows of the editing screens could not be started.");
     }
-    const std::string path = com::ToUtf8(com::ModulePath());
+    const std::string path = automation::ToUtf8(automation::ModulePath());
     const std::string folder = path.substr(0, path.rfind('\\')) + "\\pictures";
     user_ = std::make_unique<views::WxUser>(views::ViewRegistry::Standard(),
                                             views::Pictures({folder, folder + "\\ICO\\Large"}));

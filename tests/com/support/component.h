@@ -9,12 +9,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "com/com_ptr.h"
-#include "com/variant.h"
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
 
 namespace test_support {
 
-using com::ComPtr;
+using automation::ComPtr;
 
 // COM for as long as it lives, and a TWSESC22.dll of a folder beside the test program, loaded by its path.
 class Component {
@@ -26,7 +26,7 @@ class Component {
     path = path.substr(0, path.rfind(L'\\') + 1) + folder + L"\\TWSESC22.dll";
     library_ = LoadLibraryW(path.c_str());
     if (library_ == nullptr) {
-      throw std::runtime_error("the library cannot be loaded: " + com::ToUtf8(path));
+      throw std::runtime_error("the library cannot be loaded: " + automation::ToUtf8(path));
     }
     path_ = path;
   }
@@ -46,14 +46,14 @@ class Component {
   ComPtr<IClassFactory> Factory(REFCLSID class_id) const {
     using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
     ComPtr<IClassFactory> factory;
-    com::Check(Find<GetClassObject>("DllGetClassObject")(class_id, IID_IClassFactory, factory.OutVoid()));
+    automation::Check(Find<GetClassObject>("DllGetClassObject")(class_id, IID_IClassFactory, factory.OutVoid()));
     return factory;
   }
   // An instance without the registry.
   template <typename Interface, typename Class>
   ComPtr<Interface> Make() const {
     ComPtr<Interface> object;
-    com::Check(Factory(__uuidof(Class))->CreateInstance(nullptr, __uuidof(Interface), object.OutVoid()));
+    automation::Check(Factory(__uuidof(Class))->CreateInstance(nullptr, __uuidof(Interface), object.OutVoid()));
     return object;
   }
 

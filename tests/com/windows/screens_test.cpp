@@ -5,13 +5,13 @@
 #include <mutex>
 #include <thread>
 
+#include "scripted_object.h"
 #include "support/component.h"
-#include "support/scripted_object.h"
 
 namespace {
 
-using com::ComPtr;
-using com::Variant;
+using automation::ComPtr;
+using automation::Variant;
 using test_support::Holding;
 using test_support::ScriptedObject;
 using testing::Contains;
@@ -117,7 +117,7 @@ TEST_F(ScreensTest, AsksBeforeTheOwnerAndGivesItBack) {
     EXPECT_EQ(seen.owner, owner.Window());
     EXPECT_FALSE(seen.owner_enabled);
     EXPECT_TRUE(IsWindowEnabled(owner.Window()));
-    EXPECT_EQ(com::ToText(id), "NEW");
+    EXPECT_EQ(automation::ToText(id), "NEW");
   }
   EXPECT_EQ(owner.References(), 1U);
   EXPECT_FALSE(component.InUse());

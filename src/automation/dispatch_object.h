@@ -3,11 +3,11 @@
 #include <initializer_list>
 #include <string>
 
-#include "com/com_ptr.h"
-#include "com/variant.h"
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
 #include "session/connection.h"
 
-namespace com {
+namespace automation {
 
 // An object of the host, called late-bound by the names of its members. What it refuses, and a member that it does not
 // offer, is thrown as session::DatabaseError, with the object called `name` in the message.
@@ -38,4 +38,4 @@ class DispatchObject {
   std::string name_;
 };
 
-}  // namespace com
+}  // namespace automation

@@ -1,4 +1,4 @@
-#include "com/variant.h"
+#include "automation/variant.h"
 
 #include <chrono>
 #include <cmath>
@@ -7,7 +7,7 @@
 
 #include "forms/text.h"
 
-namespace com {
+namespace automation {
 namespace {
 
 using session::Value;
@@ -196,21 +196,6 @@ void AssignPlain(VARIANT& reference, const Variant& value) {
 
 }  // namespace
 
-std::wstring ToWide(std::string_view text) {
-  const auto size = static_cast<int>(text.size());
-  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
-  return wide;
-}
-
-std::string ToUtf8(std::wstring_view text) {
-  const auto size = static_cast<int>(text.size());
-  std::string narrow(
-      static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr)), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(), static_cast<int>(narrow.size()), nullptr, nullptr);
-  return narrow;
-}
-
 std::string FromBstr(BSTR text) {
   return ToUtf8({text, SysStringLen(text)});
 }
@@ -367,4 +352,4 @@ void Assign(VARIANT* argument, Variant value) {
   *argument = std::exchange(static_cast<VARIANT&>(value), VARIANT{});
 }
 
-}  // namespace com
+}  // namespace automation

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace com {
+namespace automation {
 
 // Owns one reference of a COM object, or none.
 template <typename T>
@@ -68,4 +68,4 @@ class ComPtr {
   T* object_ = nullptr;
 };
 
-}  // namespace com
+}  // namespace automation

@@ -1,11 +1,11 @@
-#include "com/dispatch_object.h"
+#include "automation/dispatch_object.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <vector>
 
-namespace com {
+namespace automation {
 namespace {
 
 struct ExceptionInfo : EXCEPINFO {
@@ -131,4 +131,4 @@ void DispatchObject::Fail(const std::string& message, HRESULT result) const {
   throw session::DatabaseError(message, {}, static_cast<int>(result));
 }
 
-}  // namespace com
+}  // namespace automation

@@ -4,11 +4,9 @@
 
 #include <string>
 
-#include "com/com_ptr.h"
+namespace automation {
 
-namespace com {
-
-// Counts one object of the component for as long as it lives.
+// Counts one object of the library or program for as long as it lives.
 class LivingObject {
  public:
   LivingObject();
@@ -19,14 +17,11 @@ class LivingObject {
 
 // A class factory's LockServer.
 void LockModule(bool lock);
-// Whether an object lives or the component is locked; what the slots hold is the host's and does not count.
+// Whether an object lives or the library is locked.
 bool ModuleInUse();
 
 // The library or program that this code is linked into.
 HINSTANCE Module();
 std::wstring ModulePath();
-// Of the type library that comes with the component. Throws ComError.
-ComPtr<ITypeLib> TypeLibrary();
-ComPtr<ITypeInfo> TypeInfoOf(const GUID& id);
 
-}  // namespace com
+}  // namespace automation

@@ -1,12 +1,8 @@
-#include "com/module.h"
-
-#include <oleauto.h>
+#include "automation/module.h"
 
 #include <atomic>
 
-#include "com/variant.h"
-
-namespace com {
+namespace automation {
 namespace {
 
 // Objects and locks.
@@ -49,16 +45,4 @@ std::wstring ModulePath() {
   }
 }
 
-ComPtr<ITypeLib> TypeLibrary() {
-  ComPtr<ITypeLib> library;
-  Check(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Out()));
-  return library;
-}
-
-ComPtr<ITypeInfo> TypeInfoOf(const GUID& id) {
-  ComPtr<ITypeInfo> info;
-  Check(TypeLibrary()->GetTypeInfoOfGuid(id, info.Out()));
-  return info;
-}
-
-}  // namespace com
+}  // namespace automation

@@ -8,13 +8,13 @@
 #include <string>
 #include <string_view>
 
-#include "com/com_ptr.h"
+#include "automation/com_error.h"
+#include "automation/com_ptr.h"
+#include "automation/wide_text.h"
 #include "session/value.h"
 
-namespace com {
+namespace automation {
 
-std::wstring ToWide(std::string_view text);
-std::string ToUtf8(std::wstring_view text);
 // A null pointer is the empty text.
 std::string FromBstr(BSTR text);
 // Belongs to the caller; throws std::bad_alloc.
@@ -60,23 +60,4 @@ bool IsMissing(const VARIANT* argument);
 // One that was left out is let be. Throws ComError when the value does not fit.
 void Assign(VARIANT* argument, Variant value);
 
-// A call that ends with a HRESULT other than success.
-class ComError : public std::exception {
- public:
-  explicit ComError(HRESULT result) : result_(result) {}
-
-  HRESULT Result() const { return result_; }
-  const char* what() const noexcept override { return "the call was refused"; }
-
- private:
-  HRESULT result_;
-};
-
-// Throws ComError for a failure.
-inline void Check(HRESULT result) {
-  if (FAILED(result)) {
-    throw ComError(result);
-  }
-}
-
-}  // namespace com
+}  // namespace automation

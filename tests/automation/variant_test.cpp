@@ -1,10 +1,8 @@
-#include "com/variant.h"
+#include "automation/variant.h"
 
 #include <gtest/gtest.h>
 
-#include "com/arguments.h"
-
-namespace com {
+namespace automation {
 namespace {
 
 using session::Value;
@@ -110,24 +108,5 @@ TEST(Assign, LeavesWhatWasLeftOut) {
   Assign(nullptr, Variant::Of(1));
 }
 
-TEST(IdArgument, ComesBackAsANumberOnlyWhenItChanged) {
-  Variant id = Variant::Of("12");
-  IdArgument unchanged(&id);
-  unchanged.Return();
-  EXPECT_EQ(V_VT(&id), VT_BSTR);
-
-  IdArgument saved(&id);
-  saved.Text() = "13";
-  saved.Return();
-  EXPECT_EQ(V_VT(&id), VT_I4);
-  EXPECT_EQ(ToInt(id), 13);
-
-  IdArgument closed(&id);
-  closed.Text() = "CANCEL_AND_CLOSE";
-  closed.Return();
-  EXPECT_EQ(ToText(id), "CANCEL_AND_CLOSE");
-  EXPECT_EQ(IdArgument(nullptr).Text(), "NEW");
-}
-
 }  // namespace
-}  // namespace com
+}  // namespace automation
