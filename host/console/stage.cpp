@@ -86,15 +86,15 @@ void Stage::RaiseEventsInto(Recordings& recordings) {
   const auto raise = [&recordings](std::string name, std::vector<std::string> values) {
     recordings.events.push_back({std::move(name), std::move(values)});
   };
-  look_up_list_.SwapModuleCalled = [raise](const std::string& where_to, const std::string& designation) {
+  look_up_list_.Events.SwapModuleCalled = [raise](const std::string& where_to, const std::string& designation) {
     raise("SwapModuleCalled", {where_to, designation});
   };
-  look_up_list_.ButtonClicked = [raise](const std::string& key, std::int32_t current) {
+  look_up_list_.Events.ButtonClicked = [raise](const std::string& key, std::int32_t current) {
     raise("ButtonClicked", {key, std::to_string(current)});
   };
-  look_up_list_.BeforePrint = [raise](bool& cancel) { raise("BeforePrint", {TruthText(cancel)}); };
-  look_up_list_.AfterPrint = [raise] { raise("AfterPrint", {}); };
-  look_up_list_.CheckEvent = [raise](bool& handled) { raise("CheckEvent", {TruthText(handled)}); };
+  look_up_list_.Events.BeforePrint = [raise](bool& cancel) { raise("BeforePrint", {TruthText(cancel)}); };
+  look_up_list_.Events.AfterPrint = [raise] { raise("AfterPrint", {}); };
+  look_up_list_.Events.CheckEvent = [raise](bool& handled) { raise("CheckEvent", {TruthText(handled)}); };
 }
 
 std::filesystem::path Stage::File(std::string_view path) const {

@@ -37,7 +37,9 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   options.multi_select = MultiSel || (InsLLCanMultiSel && IsInsuranceList(ListType));
   options.no_double_click = No_Double_Click;
   options.show_facility_options = ShowFacilityOptions;
+  options.show_patient_buttons = ShowPatientButtons;
   options.skip_list_if_new = Skip_List_IF_New;
+  options.events = Events;
   ComponentScreens screens(*session, user_, NewEmployeePasswordID);
   const lookup::LookUpResult result = lookup::ShowLookUpList(screens.Context(), ListType, options);
   if (result.choice) {

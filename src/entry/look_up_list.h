@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "entry/global_slots.h"
 #include "forms/user.h"
+#include "lookup/list_events.h"
 #include "session/screens.h"
 
 namespace entry {
@@ -39,12 +39,8 @@ class LookUpList : public IGlobal {
   std::int32_t NewEmployeePasswordID = 0;
   bool AllowDelete = true;
 
-  // Raised by the list window while it is open; the host handles them.
-  std::function<void(const std::string& where_to, const std::string& designation)> SwapModuleCalled;
-  std::function<void(const std::string& button_key, std::int32_t current_id)> ButtonClicked;
-  std::function<void(bool& cancel)> BeforePrint;
-  std::function<void()> AfterPrint;
-  std::function<void(bool& handled)> CheckEvent;
+  // Raised by the list window; the host handles them.
+  lookup::ListEvents Events;
 
   void ShowList(bool InsLLCanMultiSel = false, HostObject fOwner = {});
 

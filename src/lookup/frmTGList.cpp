@@ -100,6 +100,9 @@ const std::string& frmTGList::ShowList() {
   } else {
     context_.user.Show(*this);
   }
+  if (!Whereto.empty() && Events.SwapModuleCalled) {
+    Events.SwapModuleCalled(Whereto, Designation_String);
+  }
   return Result;
 }
 
@@ -206,6 +209,7 @@ void frmTGList::EnableCommands() {
   ToolStrip["Edit"].Enabled = on_row || DotNetGrid.RowCount() == 0;
   ToolStrip["Delete"].Enabled = on_row;
   ToolStrip["RemFilt"].Enabled = !conditions_.empty();
+  EnableNavigation();
 }
 
 void frmTGList::DotNetGrid_RowColChange() {

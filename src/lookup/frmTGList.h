@@ -16,6 +16,7 @@
 #include "forms/label.h"
 #include "forms/panels.h"
 #include "forms/tool_bar.h"
+#include "lookup/list_events.h"
 #include "lookup/list_statement.h"
 #include "lookup/recordset_rows.h"
 #include "session/screens.h"
@@ -36,6 +37,8 @@ class frmTGList : public forms::Form {
   bool MultiSelect = false;
   bool ShowFacilityOptions = false;
   bool No_Double_Click = false;
+  // The buttons that lead to the suite's screens of a patient; the rows must be persons.
+  bool ShowPatientButtons = false;
   std::string ListName;
   std::string Title;  // names the list while it loads and in messages; the caption where there is none
   std::string LayoutKey;
@@ -50,16 +53,19 @@ class frmTGList : public forms::Form {
   // Opens the editing screen of this kind with "NEW" or a record's ID and gives the ID that it saved, empty when it
   // saved nothing. Without it New answers "NEW" to the caller and nothing can be edited.
   std::function<std::string(const std::string& id)> EditRecord;
-  // Takes a navigation command once the list has closed.
-  std::function<void(const std::string& command)> GoTo;
+  ListEvents Events;
 
-  // Shows the list unless the request skips it, and gives the result.
+  // Shows the list unless the request skips it, and gives the result. Where it closed for a navigation command the
+  // host has heard of it.
   const std::string& ShowList();
 
   // The chosen ID as text, "NEW" or "CANCEL_AND_CLOSE".
   std::string Result{session::kCancelAndClose};
   // The chosen row's name column.
   std::string Select_String;
+  // The navigation command that closed the list, empty for none, and the ID of the record that it goes to.
+  std::string Whereto;
+  std::string Designation_String;
   // A cell of the chosen row.
   std::string Chosen(std::string_view caption) const;
 
@@ -95,13 +101,20 @@ class frmTGList : public forms::Form {
 
   void EditCurrent();
 
+  void ShowNavigation();
+  void EnableNavigation();
+  void GoTo(const std::string& command);
+  // Whether the person is a patient, or is made one because he is wanted as one.
+  bool MakePatient(std::int32_t id, const std::string& command);
+  bool WantsPatient(const std::string& name, const std::string& command) const;
+  void Timer1_Elapsed();
+
   void DotNetGrid_AddRecord();
   void DotNetGrid_DblClick();
   void DotNetGrid_FilterChanged();
   void DotNetGrid_RowColChange();
   bool DotNetGrid_KeyDown(forms::Key key);
   void DotNetGrid_HeadClick(int column);
-  void Timer1_Elapsed();
 
   // Where an ID is awaited it becomes current when its row arrives, and the first row when it does not.
   bool Requery(const std::vector<std::string>& conditions, const std::string& sort, std::int32_t await_id);

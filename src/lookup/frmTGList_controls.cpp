@@ -54,6 +54,8 @@ void frmTGList::RegisterProperties() {
   Properties["Request"] = Text(Request);
   Properties["Result"] = Text(Result);
   Properties["Select_String"] = Text(Select_String);
+  Properties["Whereto"] = Text(Whereto);
+  Properties["Designation_String"] = Text(Designation_String);
   Properties["StartingID"] = Number(StartingID);
   Properties["ShowMode"] = Number(ShowMode);
   Properties["AllowEdit"] = Flag(AllowEdit);
@@ -61,6 +63,7 @@ void frmTGList::RegisterProperties() {
   Properties["MultiSelect"] = Flag(MultiSelect);
   Properties["ShowFacilityOptions"] = Flag(ShowFacilityOptions);
   Properties["No_Double_Click"] = Flag(No_Double_Click);
+  Properties["ShowPatientButtons"] = Flag(ShowPatientButtons);
 }
 
 }  // namespace lookup

@@ -36,8 +36,6 @@ constexpr std::array<Tool, 21> kTools = {{
     {"UnLinkG", "Un-link from Electronic Payer", "Unlink_32.png"},
 }};
 
-constexpr std::string_view kDeferred = "GOTO,";
-
 }  // namespace
 
 void frmTGList::Setup_ToolBar() {
@@ -57,6 +55,7 @@ void frmTGList::ShowToolButtons() {
   ToolStrip["Edit"].Visible = AllowEdit && EditRecord != nullptr;
   ToolStrip["Delete"].Visible = AllowEdit && AllowDelete;
   ToolStrip["RemFilt"].Visible = true;
+  ShowNavigation();
   ShowSeparators();
 }
 
@@ -90,7 +89,18 @@ void frmTGList::ShowSeparators() {
   }
 }
 
+// The host hears of every click first, and may carry the command out itself.
 void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
+  if (Events.ButtonClicked) {
+    Events.ButtonClicked(key, CurrentID());
+  }
+  bool handled = false;
+  if (Events.CheckEvent) {
+    Events.CheckEvent(handled);
+  }
+  if (handled) {
+    return;
+  }
   if (key == "New") {
     DotNetGrid_AddRecord();
   } else if (key == "Edit") {
@@ -101,20 +111,7 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
   } else if (key == "RemFilt") {
     ClearFilter();
   } else {
-    Timer1.Tag = std::string(kDeferred) + key;
-    Timer1.Enabled = true;
-  }
-}
-
-void frmTGList::Timer1_Elapsed() {
-  Timer1.Enabled = false;
-  if (!Timer1.Tag.starts_with(kDeferred)) {
-    return;
-  }
-  const std::string command = Timer1.Tag.substr(kDeferred.size());
-  Close();
-  if (GoTo) {
-    GoTo(command);
+    GoTo(key);
   }
 }
 

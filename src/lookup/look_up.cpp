@@ -87,6 +87,8 @@ LookUpResult ShowLookUpList(const ScreenContext& context, std::int32_t type, con
   window.MultiSelect = options.multi_select;
   window.No_Double_Click = options.no_double_click;
   window.ShowFacilityOptions = options.show_facility_options;
+  window.ShowPatientButtons = options.show_patient_buttons && !list.kind_key.empty();
+  window.Events = options.events;
   window.AllowDelete = list.HasCommand("Delete");
   window.EditRecord = EditorOf(context, kind, list, options.narrowing.group_plan_company);
   window.AllowEdit = window.EditRecord != nullptr;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "lookup/list_catalogue.h"
+#include "lookup/list_events.h"
 #include "session/screens.h"
 
 namespace lookup {
@@ -19,7 +20,9 @@ struct LookUpOptions {
   bool multi_select = false;
   bool no_double_click = false;
   bool show_facility_options = false;
-  bool skip_list_if_new = false;  // the employee list is answered "NEW" without being shown
+  bool show_patient_buttons = false;  // on lists of persons
+  bool skip_list_if_new = false;      // the employee list is answered "NEW" without being shown
+  ListEvents events = {};
 };
 
 struct LookUpResult {

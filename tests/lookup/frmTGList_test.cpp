@@ -205,8 +205,6 @@ TEST_F(ListWindow, OpensTheEditingScreenAndFindsItsRecord) {
 }
 
 TEST_F(ListWindow, RunsADeferredCommandOnlyWhenItsTagSaysSo) {
-  std::string command;
-  list_.GoTo = [&](const std::string& passed) { command = passed; };
   list_.Load();
   list_.Timer1.Tag = "goto,Patient";
   list_.Timer1.Enabled = true;
@@ -217,7 +215,7 @@ TEST_F(ListWindow, RunsADeferredCommandOnlyWhenItsTagSaysSo) {
   list_.Timer1.Enabled = true;
   list_.Timer1.DoElapse();
   EXPECT_TRUE(list_.Closed());
-  EXPECT_EQ(command, "Patient");
+  EXPECT_EQ(list_.Whereto, "Patient");
 }
 
 }  // namespace
