@@ -167,7 +167,7 @@ class PublicClass
   template <typename Operation>
   HRESULT Open(Operation operation) {
     return Run(user_.get(), [&] {
-      const Call call(*user_, OwnerWindow());
+      const Call call(*user_, OwnerWindow(), entry_.PV());
       operation();
     });
   }
@@ -210,7 +210,9 @@ class PublicClass
  private:
   class Call {
    public:
-    Call(ScreenUser& user, HWND owner) : user_(user) { user_.BeginCall(owner); }
+    Call(ScreenUser& user, HWND owner, std::shared_ptr<session::Settings> places) : user_(user) {
+      user_.BeginCall(owner, std::move(places));
+    }
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
     ~Call() { user_.EndCall(); }

@@ -12,6 +12,7 @@ struct Slots {
   std::shared_ptr<session::Session> pv;
   Printer printer;
   HostObject main_form;
+  int instances = 0;
 };
 
 // One for the component, for as long as it is loaded: the host's contract asks for it. Never taken down: at the end
@@ -22,6 +23,16 @@ Slots& TheSlots() {
 }
 
 }  // namespace
+
+IGlobal::IGlobal() {
+  ++TheSlots().instances;
+}
+
+IGlobal::~IGlobal() {
+  if (--TheSlots().instances == 0) {
+    TheSlots().main_form.reset();
+  }
+}
 
 const HostObject& IGlobal::DAC() const {
   return TheSlots().dac;

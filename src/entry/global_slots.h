@@ -23,7 +23,10 @@ struct Printer {
 // instance of either class is seen through every other. An empty pointer clears a slot.
 class IGlobal {
  public:
-  virtual ~IGlobal() = default;
+  IGlobal();
+  IGlobal(const IGlobal&) = delete;
+  IGlobal& operator=(const IGlobal&) = delete;
+  virtual ~IGlobal();
 
   const HostObject& DAC() const;
   void SetDAC(HostObject object);
@@ -34,7 +37,7 @@ class IGlobal {
   const std::shared_ptr<session::Session>& PV() const;
   void SetPV(std::shared_ptr<session::Session> session);
 
-  // The host's main form, kept from the first instance that had one.
+  // The host's main form, kept from the first instance that had one for as long as there are instances.
   const HostObject& MainForm() const;
   void RegisterMainForm(const HostObject& form);
 

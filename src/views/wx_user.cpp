@@ -105,6 +105,9 @@ void WxUser::Open(wxDialog& dialog) {
 
 void WxUser::Shut(wxDialog& dialog) {
   std::erase(open_, &dialog);
+  if (OnModalEnd) {
+    OnModalEnd();
+  }
   if (auto* below = dynamic_cast<FormDialog*>(Top())) {
     below->SetCovered(false);
   }

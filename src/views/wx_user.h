@@ -27,6 +27,8 @@ class WxUser : public forms::User {
   void SetMainWindow(wxWindow* window) { main_ = window; }
   // Where windows' places are kept; nullptr until somebody is logged in.
   void SetPlaces(session::Settings* places) { places_ = places; }
+  // Called when a window of ours has gone, which may be because the message loop was told to end.
+  std::function<void()> OnModalEnd;
   // Sees every window of ours once it is up, and may close it.
   std::function<void(wxDialog&)> OnShown;
 

@@ -1,8 +1,8 @@
 // The exports of TWSESC22.dll.
 #include <windows.h>
 
-#include "com/class_factory.h"
 #include "automation/module.h"
+#include "com/class_factory.h"
 #include "com/registration.h"
 
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID interface_id, LPVOID* factory) {

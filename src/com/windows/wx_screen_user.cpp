@@ -56,25 +56,65 @@ class OwnerWindow : public wxNativeContainerWindow {
   HWND window_;
 };
 
+// Notes that the host's message loop was told to end while a screen's loop ran in its place.
+class QuitWatch {
+ public:
+  QuitWatch() : hook_(SetWindowsHookExW(WH_GETMESSAGE, See, nullptr, GetCurrentThreadId())) {}
+  QuitWatch(const QuitWatch&) = delete;
+  QuitWatch& operator=(const QuitWatch&) = delete;
+  ~QuitWatch() {
+    UnhookWindowsHookEx(hook_);
+    PassOn();
+  }
+
+  // Tells the loop around it in turn.
+  static void PassOn() {
+    if (told) {
+      told = false;
+      PostQuitMessage(exit_code);
+    }
+  }
+
+ private:
+  static LRESULT CALLBACK See(int code, WPARAM removed, LPARAM message) {
+    const MSG& seen = *reinterpret_cast<const MSG*>(message);
+    if (code == HC_ACTION && removed == PM_REMOVE && seen.message == WM_QUIT) {
+      told = true;
+      exit_code = static_cast<int>(seen.wParam);
+    }
+    return CallNextHookEx(nullptr, code, removed, message);
+  }
+
+  inline static bool told = false;
+  inline static int exit_code = 0;
+  HHOOK hook_;
+};
+
 // A host's call that is under way.
 struct HostCall {
   HWND owner = nullptr;
-  HWND focus = nullptr;                 // where the person was typing
-  std::unique_ptr<OwnerWindow> window;  // once something was shown before the owner
+  std::shared_ptr<session::Settings> places;
+  HWND focus = nullptr;                      // where the person was typing
+  std::unique_ptr<OwnerWindow> window = {};  // once something was shown before the owner
+  std::unique_ptr<QuitWatch> quit = {};      // of the outermost call
 };
 
 // The windows of all calls, which may be nested in one another.
 class Windows {
  public:
-  void Begin(HWND owner) {
-    calls_.push_back({owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT), GetFocus(), nullptr});
+  void Begin(HWND owner, std::shared_ptr<session::Settings> places) {
+    calls_.push_back({.owner = owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT),
+                      .places = std::move(places),
+                      .focus = GetFocus()});
+    if (calls_.size() == 1) {
+      calls_.back().quit = std::make_unique<QuitWatch>();
+    }
+    Serve();
   }
   void End() {
     const HostCall ended = std::move(calls_.back());
     calls_.pop_back();
-    if (user_ != nullptr) {
-      user_->SetMainWindow(calls_.empty() ? nullptr : calls_.back().window.get());
-    }
+    Serve();
     if (ended.window != nullptr && IsWindow(ended.focus) != FALSE) {
       SetFocus(ended.focus);
     }
@@ -87,7 +127,7 @@ class Windows {
     if (call.owner != nullptr && call.window == nullptr) {
       call.window = std::make_unique<OwnerWindow>(call.owner);
     }
-    user_->SetMainWindow(call.window.get());
+    Serve();
     return *user_;
   }
   bool Started() const { return user_ != nullptr; }
@@ -104,6 +144,14 @@ class Windows {
     const std::string folder = path.substr(0, path.rfind('\\')) + "\\pictures";
     user_ = std::make_unique<views::WxUser>(views::ViewRegistry::Standard(),
                                             views::Pictures({folder, folder + "\\ICO\\Large"}));
+    user_->OnModalEnd = QuitWatch::PassOn;
+  }
+  // The innermost call's windows come before its owner.
+  void Serve() {
+    if (user_ != nullptr) {
+      user_->SetMainWindow(calls_.empty() ? nullptr : calls_.back().window.get());
+      user_->SetPlaces(calls_.empty() ? nullptr : calls_.back().places.get());
+    }
   }
 
   std::vector<HostCall> calls_;
@@ -118,7 +166,9 @@ Windows& TheWindows() {
 
 class WxScreenUser : public com::ScreenUser {
  public:
-  void BeginCall(HWND owner) override { TheWindows().Begin(owner); }
+  void BeginCall(HWND owner, std::shared_ptr<session::Settings> places) override {
+    TheWindows().Begin(owner, std::move(places));
+  }
   void EndCall() override { TheWindows().End(); }
 
   forms::Answer Ask(const forms::Message& message) override { return User().Ask(message); }

@@ -1,21 +1,16 @@
 // A client of the shipped component; a second thread is the person who finds its windows and presses keys in them.
-#include <gmock/gmock.h>
-
-#include <functional>
-#include <mutex>
-#include <thread>
+#include <gtest/gtest.h>
 
 #include "scripted_object.h"
 #include "support/component.h"
+#include "support/person.h"
 
 namespace {
 
 using automation::ComPtr;
 using automation::Variant;
-using test_support::Holding;
+using test_support::Person;
 using test_support::ScriptedObject;
-using testing::Contains;
-using testing::StartsWith;
 
 // A host's window, with an `hwnd`.
 class Owner {
@@ -38,67 +33,6 @@ class Owner {
   ComPtr<ScriptedObject> form_ = ScriptedObject::Make();
 };
 
-// What was seen of a window of the component.
-struct Seen {
-  std::wstring title;
-  HWND owner = nullptr;
-  bool owner_enabled = true;
-};
-
-// Waits for a window of the component, notes what it looks like, and closes it.
-class Person {
- public:
-  Person() : thread_([this] { Work(); }) {}
-  Person(const Person&) = delete;
-  Person& operator=(const Person&) = delete;
-  ~Person() {
-    if (thread_.joinable()) {
-      thread_.join();
-    }
-  }
-
-  Seen Told() {
-    thread_.join();
-    return seen_;
-  }
-
- private:
-  static BOOL CALLBACK Look(HWND window, LPARAM found) {
-    std::array<wchar_t, 80> name{};
-    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process != GetCurrentProcessId() || IsWindowVisible(window) == FALSE || name[0] != L'#') {
-      return TRUE;
-    }
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-  }
-  void Work() {
-    HWND window = nullptr;
-    for (int tries = 0; window == nullptr && tries < 2000; ++tries) {
-      EnumWindows(Look, reinterpret_cast<LPARAM>(&window));
-      Sleep(10);
-    }
-    if (window == nullptr) {
-      return;
-    }
-    std::array<wchar_t, 200> title{};
-    GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
-    seen_.title = title.data();
-    seen_.owner = GetWindow(window, GW_OWNER);
-    // A window is up for a moment before it keeps the others from the person.
-    for (int tries = 0; seen_.owner_enabled && tries < 200; ++tries) {
-      Sleep(10);
-      seen_.owner_enabled = seen_.owner != nullptr && IsWindowEnabled(seen_.owner) != FALSE;
-    }
-    PostMessageW(window, WM_CLOSE, 0, 0);
-  }
-
-  Seen seen_;
-  std::thread thread_;
-};
-
 class ScreensTest : public testing::Test {
  protected:
   test_support::Component component{L"."};
@@ -109,13 +43,19 @@ TEST_F(ScreensTest, AsksBeforeTheOwnerAndGivesItBack) {
   {
     const auto screen = component.Make<IEditingScreen, ::EditingScreen>();
     screen->putref_frmOwner(owner.Form());
-    Person person;
+    HWND before = nullptr;
+    bool owner_enabled = true;
+    Person person([&](Person& he) {
+      HWND message = he.Await(L"TAVO Windows");
+      before = GetWindow(message, GW_OWNER);
+      owner_enabled = IsWindowEnabled(owner.Window()) != FALSE;
+      he.Press(VK_RETURN);
+    });
     Variant id = Variant::Of("NEW");
     EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
-    const Seen seen = person.Told();
-    EXPECT_EQ(seen.title, L"TAVO Windows");
-    EXPECT_EQ(seen.owner, owner.Window());
-    EXPECT_FALSE(seen.owner_enabled);
+    EXPECT_EQ(person.Failure(), "");
+    EXPECT_EQ(before, owner.Window());
+    EXPECT_FALSE(owner_enabled);
     EXPECT_TRUE(IsWindowEnabled(owner.Window()));
     EXPECT_EQ(automation::ToText(id), "NEW");
   }
