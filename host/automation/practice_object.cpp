@@ -1,0 +1,91 @@
+#include "automation/practice_object.h"
+
+#include <algorithm>
+
+#include "automation/session_object.h"
+#include "database/database.h"
+#include "database/file_path.h"
+#include "practice/demo.h"
+#include "practice/host_session.h"
+
+namespace host {
+namespace {
+
+using automation::CallArguments;
+using automation::Variant;
+
+constexpr std::string_view kSqlite = "sqlite:";
+
+bool IsGiven(const CallArguments& arguments, std::size_t place) {
+  return place < arguments.Size() && !automation::IsMissing(&arguments.At(place));
+}
+
+[[noreturn]] void Refuse(const std::string& text) {
+  throw session::DatabaseError(text, {}, 0);
+}
+
+std::string FolderOf(const std::filesystem::path& file) {
+  return automation::ToUtf8(std::filesystem::absolute(file).parent_path().wstring());
+}
+
+// The folder that a practice's files lie in, beside its database.
+std::string DataFolderOf(const std::string& url) {
+  return FolderOf(FilePath(url.substr(std::min(kSqlite.size(), url.size()))));
+}
+
+// A session, and the practice that it works in.
+struct OwnSession {
+  OwnSession(std::shared_ptr<Practice> opened, std::int32_t office, LoginRights user, Surroundings surroundings)
+      : practice(std::move(opened)), session(*practice, office, std::move(user), std::move(surroundings)) {}
+
+  std::shared_ptr<Practice> practice;
+  HostSession session;
+};
+
+}  // namespace
+
+PracticeObject::PracticeObject() {
+  Add("OpenDemo", [this](const CallArguments& arguments) {
+    OpenDemo(arguments);
+    return Variant();
+  });
+  Add("Open", [this](const CallArguments& arguments) {
+    const std::string url = arguments.Text(0);
+    practice_ = std::make_shared<Practice>(url);
+    data_folder_ = DataFolderOf(url);
+    return Variant();
+  });
+  Add("LogIn", [this](const CallArguments& arguments) { return LogIn(arguments); });
+}
+
+void PracticeObject::OpenDemo(const CallArguments& arguments) {
+  const std::string url = std::string(kSqlite) + arguments.Text(0);
+  DemoOptions options;
+  if (IsGiven(arguments, 1)) {
+    options.patients = arguments.Int(1);
+  }
+  practice_ = std::make_shared<Practice>(IsVacant(url) ? MakeDemo(url, options) : Practice(url));
+  data_folder_ = DataFolderOf(url);
+}
+
+Variant PracticeObject::LogIn(const CallArguments& arguments) const {
+  if (!practice_) {
+    Refuse("No practice is open: call Open or OpenDemo first.");
+  }
+  const std::int32_t office = IsGiven(arguments, 2) ? arguments.Int(2) : practice_->Office();
+  const auto offices = practice_->Offices();
+  if (std::ranges::find(offices, office) == offices.end()) {
+    Refuse("The practice has no office " + std::to_string(office) + ".");
+  }
+  OfficeDatabase database(*practice_, office);
+  auto login = host::LogIn(database, arguments.Text(0), arguments.Text(1));
+  if (!login) {
+    Refuse("User name and password do not belong together.");
+  }
+  const auto own = std::make_shared<OwnSession>(practice_, office, std::move(login->rights),
+                                                ThisMachine(data_folder_, FolderOf(automation::ModulePath())));
+  const auto session = MakeSessionObject(std::shared_ptr<session::Session>(own, &own->session));
+  return Variant::Of(session.Get());
+}
+
+}  // namespace host
