@@ -62,6 +62,9 @@ class Interpreter {
   // Whether the lines to come answer the open question, before they act on anything.
   bool AnswerFollows() const;
 
+  // For the stages that steps make.
+  SessionPath ToScreens;
+
   // How `result` reads a name after a call or an opened form; nothing for a name that is not there.
   std::function<std::optional<std::string>(const std::string& name)> ReadResult;
   // A form opened by name outlives its closing, for its properties are read then.

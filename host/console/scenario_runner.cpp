@@ -5,20 +5,20 @@
 #include "console/interpreter.h"
 #include "console/line_source.h"
 #include "console/practice_line.h"
-#include "console/stage.h"
 #include "database/file_path.h"
 
 namespace host {
 
-std::optional<StepFailure> PlayScenario(const Scenario& scenario) {
+std::optional<StepFailure> PlayScenario(const Scenario& scenario, const SessionPath& to_screens) {
   try {
     if (!scenario.head.error.empty()) {
       throw StepFailure{.problem = scenario.head.error, .place = scenario.head.Place()};
     }
     BlockLines lines(scenario.lines);
     Interpreter interpreter(lines, [](Interpreter& owner) {
-      return std::make_unique<Stage>(MakePractice({}), FirstClock(), owner.Person(), owner.Heard());
+      return std::make_unique<Stage>(MakePractice({}), FirstClock(), owner.Person(), owner.Heard(), owner.ToScreens);
     });
+    interpreter.ToScreens = to_screens;
     interpreter.Run();
     return std::nullopt;
   } catch (const StepFailure& failure) {
@@ -26,7 +26,7 @@ std::optional<StepFailure> PlayScenario(const Scenario& scenario) {
   }
 }
 
-Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output) {
+Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output, const SessionPath& to_screens) {
   Tally tally;
   const auto scenarios = ReadScenarios(text, file);
   if (scenarios.empty()) {
@@ -34,14 +34,14 @@ Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& ou
     output << "FAILED  " << file << " holds no scenario\n";
   }
   for (const Scenario& scenario : scenarios) {
-    const auto failure = PlayScenario(scenario);
+    const auto failure = PlayScenario(scenario, to_screens);
     ++(failure ? tally.failed : tally.passed);
     output << (failure ? "FAILED  " : "passed  ") << scenario.title << "\n" << (failure ? Describe(*failure) : "");
   }
   return tally;
 }
 
-Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output) {
+Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output, const SessionPath& to_screens) {
   Tally all;
   for (const std::string& file : files) {
     const std::filesystem::path path = FilePath(file);
@@ -50,7 +50,7 @@ Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& outp
     if (!text || std::filesystem::is_directory(path)) {
       output << "FAILED  " << file << " cannot be read\n";
     } else {
-      tally = RunScenarios(text, file, output);
+      tally = RunScenarios(text, file, output, to_screens);
     }
     all.passed += tally.passed;
     all.failed += tally.failed;

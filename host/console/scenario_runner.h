@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "console/scenario_file.h"
+#include "console/stage.h"
 #include "console/step_failure.h"
 
 namespace host {
@@ -17,12 +18,13 @@ struct Tally {
 };
 
 // Plays one block on a practice of its own. The failure that ended it; nothing when it passed.
-std::optional<StepFailure> PlayScenario(const Scenario& scenario);
+std::optional<StepFailure> PlayScenario(const Scenario& scenario, const SessionPath& to_screens = {});
 
 // Plays every block of a text and tells of each. A text without a block counts as failed.
-Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output);
+Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output,
+                   const SessionPath& to_screens = {});
 
 // Of every file; one that cannot be read counts as failed. Ends with the line "N passed, N failed".
-Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output);
+Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output, const SessionPath& to_screens = {});
 
 }  // namespace host

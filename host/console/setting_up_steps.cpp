@@ -14,8 +14,8 @@ namespace {
 void SetPractice(Interpreter& interpreter, StepWords& words) {
   Practice practice = MakePractice(ReadPracticeLine(words));
   interpreter.SetWorld(nullptr);  // the old one goes before the new one takes its place in the component's slots
-  interpreter.SetWorld(
-      std::make_unique<Stage>(std::move(practice), FirstClock(), interpreter.Person(), interpreter.Heard()));
+  interpreter.SetWorld(std::make_unique<Stage>(std::move(practice), FirstClock(), interpreter.Person(),
+                                               interpreter.Heard(), interpreter.ToScreens));
 }
 
 void SetUser(Interpreter& interpreter, StepWords& words) {

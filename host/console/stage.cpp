@@ -57,7 +57,8 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings)
+Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
+             const SessionPath& to_screens)
     : practice_(std::move(practice)),
       clock_(clock),
       session_(
@@ -67,14 +68,15 @@ Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::Use
                                                           .program_folder = (folder_.Path() / "PROGRAMS").string(),
                                                           .start_program = [](const std::string&) { return true; }},
                                              recordings)),
+      screens_session_(to_screens ? to_screens(session_) : session_),
       editing_screen_(user),
       look_up_list_(user),
-      screens_(entry::MakeScreens(*session_, user)),
-      context_{*session_, user, *screens_} {
+      screens_(entry::MakeScreens(*screens_session_, user)),
+      context_{*screens_session_, user, *screens_} {
   classes_.push_back(entry::DispatchOf(editing_screen_));
   classes_.push_back(entry::DispatchOf(look_up_list_));
   classes_.push_back(HostClass(context_));
-  editing_screen_.SetPV(session_);
+  editing_screen_.SetPV(screens_session_);
   RaiseEventsInto(recordings);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,11 +41,15 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
+// What the screens get for a session: itself, where there is no function.
+using SessionPath = std::function<std::shared_ptr<session::Session>(std::shared_ptr<session::Session>)>;
+
 // A practice, a session on it and the two public classes: what a scenario plays on.
 class Stage {
  public:
   // Without a clock it is the machine's, until `SetClock`.
-  Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings);
+  Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
+        const SessionPath& to_screens = {});
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
   // Takes the session out of the component's slots.
@@ -76,6 +81,7 @@ class Stage {
   Practice practice_;
   std::optional<forms::DateTime> clock_;
   std::shared_ptr<RecordingSession> session_;
+  std::shared_ptr<session::Session> screens_session_;
   std::unique_ptr<RecordLocks> another_;
   std::vector<std::tuple<std::string, std::string, std::string>> settings_;
   entry::EditingScreen editing_screen_;
