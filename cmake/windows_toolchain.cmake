@@ -20,8 +20,8 @@ set(wxWidgets_CONFIG_EXECUTABLE ${windows_libraries}/bin/wx-config CACHE FILEPAT
 
 # Windows 7 is the oldest that everything has to run on; nothing but what it has is loaded.
 set(CMAKE_CXX_FLAGS_INIT "-D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -DUNICODE -D_UNICODE -DNOMINMAX -DWIN32_LEAN_AND_MEAN -DSODIUM_STATIC")
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
-set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -s")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -s")
 
 cmake_path(SET wine NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../tools/wine)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${wine})

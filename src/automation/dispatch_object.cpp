@@ -1,5 +1,7 @@
 #include "automation/dispatch_object.h"
 
+#include <dispex.h>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -19,6 +21,36 @@ struct ExceptionInfo : EXCEPINFO {
   }
 };
 
+// A script engine's object may answer by this interface alone; `result` is what the plain one gave.
+ComPtr<IDispatchEx> ScriptObject(const ComPtr<IDispatch>& object, HRESULT result) {
+  return result == E_NOTIMPL ? object.As<IDispatchEx>() : ComPtr<IDispatchEx>();
+}
+
+HRESULT FindMember(const ComPtr<IDispatch>& object, const char* member, DISPID& id) {
+  const std::wstring wide = ToWide(member);
+  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
+  const HRESULT result = object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  if (const auto script_object = ScriptObject(object, result)) {
+    const Variant text = Variant::Of(member);
+    return script_object->GetDispID(V_BSTR(&text), fdexNameCaseInsensitive, &id);
+  }
+  return result;
+}
+
+HRESULT InvokeMember(const ComPtr<IDispatch>& object, DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* value,
+                     EXCEPINFO& info) {
+  UINT wrong = 0;
+  HRESULT result = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, value, &info, &wrong);
+  if (const auto script_object = ScriptObject(object, result)) {
+    result = script_object->InvokeEx(id, LOCALE_USER_DEFAULT, flags, &parameters, value, &info, nullptr);
+  }
+  // An object may want to be told which of the two it is.
+  if (result == DISP_E_MEMBERNOTFOUND && flags == (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) {
+    return InvokeMember(object, id, DISPATCH_PROPERTYGET, parameters, value, info);
+  }
+  return result;
+}
+
 std::string Hex(HRESULT result) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text = "0x";
@@ -31,20 +63,16 @@ std::string Hex(HRESULT result) {
 }  // namespace
 
 bool DispatchObject::Offers(const char* member) const {
-  const std::wstring wide = ToWide(member);
-  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
   DISPID id = DISPID_UNKNOWN;
-  return object_ && SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id));
+  return object_ && SUCCEEDED(FindMember(object_, member, id));
 }
 
 DISPID DispatchObject::Find(const char* member) const {
   if (!object_) {
     throw session::DatabaseError("The host has not handed over " + name_ + ".", {}, 0);
   }
-  const std::wstring wide = ToWide(member);
-  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
   DISPID id = DISPID_UNKNOWN;
-  const HRESULT result = object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  const HRESULT result = FindMember(object_, member, id);
   if (FAILED(result)) {
     Fail(name_ + " of the host does not offer \"" + member + "\".", result);
   }
@@ -54,9 +82,8 @@ DISPID DispatchObject::Find(const char* member) const {
 Variant DispatchObject::Invoke(const char* member, DISPID id, WORD flags, DISPPARAMS& parameters) const {
   Variant value;
   ExceptionInfo info;
-  UINT wrong = 0;
-  const HRESULT result = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                         (flags & DISPATCH_PROPERTYPUT) != 0 ? nullptr : &value, &info, &wrong);
+  const HRESULT result =
+      InvokeMember(object_, id, flags, parameters, (flags & DISPATCH_PROPERTYPUT) != 0 ? nullptr : &value, info);
   if (result == DISP_E_EXCEPTION) {
     if (info.pfnDeferredFillIn != nullptr) {
       info.pfnDeferredFillIn(&info);

@@ -11,13 +11,13 @@
 #include <vector>
 
 #include "automation/counted.h"
+#include "automation/type_library.h"
 #include "com/boundary.h"
 #include "com/enumeration.h"
 #include "com/event_source.h"
 #include "com/host_object.h"
 #include "com/pv_session.h"
 #include "com/screen_user.h"
-#include "com/type_library.h"
 
 namespace com {
 
@@ -150,7 +150,7 @@ class PublicClass
     if (info == nullptr) {
       return E_POINTER;
     }
-    return Run(nullptr, [&] { *info = TypeInfoOf(class_id_).Copy(); });
+    return Run(nullptr, [&] { *info = automation::TypeInfoOf(class_id_).Copy(); });
   }
   HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* id) override {
     if (id == nullptr) {
@@ -223,7 +223,7 @@ class PublicClass
 
   const ComPtr<ITypeInfo>& Type() {
     if (!type_) {
-      type_ = TypeInfoOf(__uuidof(Dual));
+      type_ = automation::TypeInfoOf(__uuidof(Dual));
     }
     return type_;
   }

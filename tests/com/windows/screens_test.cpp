@@ -1,9 +1,9 @@
 // A client of the shipped component; a second thread is the person who finds its windows and presses keys in them.
 #include <gtest/gtest.h>
 
+#include "person/person.h"
 #include "scripted_object.h"
 #include "support/component.h"
-#include "support/person.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "support/person.h"
+#include "person/person.h"
 
 #include <algorithm>
 #include <array>
@@ -81,12 +81,18 @@ std::string Person::Failure() {
 }
 
 HWND Person::Await(std::wstring_view title) {
-  Search search{title};
+  HWND window = nullptr;
   AwaitThat(("a window called " + automation::ToUtf8(title)).c_str(), [&] {
-    EnumThreadWindows(screens_, Look, reinterpret_cast<LPARAM>(&search));
-    return search.found != nullptr && GetAncestor(Focus(), GA_ROOT) == search.found;
+    window = Find(title);
+    return window != nullptr && GetAncestor(Focus(), GA_ROOT) == window;
   });
   Settle();
+  return window;
+}
+
+HWND Person::Find(std::wstring_view title) const {
+  Search search{title};
+  EnumThreadWindows(screens_, Look, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 

@@ -25,6 +25,8 @@ class Person {
   // --- For the work; each waits until the screens have dealt with it.
   // The window of that title, once it is up and takes keys.
   HWND Await(std::wstring_view title);
+  // Nullptr when there is none that is up and open to keys.
+  HWND Find(std::wstring_view title) const;
   void Type(std::wstring_view text);
   void Press(WPARAM key);
   // With Alt held: a mnemonic.
@@ -38,7 +40,7 @@ class Person {
   HWND Focus() const;
   void Settle() const;
 
-  DWORD screens_;
+  DWORD screens_;  // a thread
   std::string failure_;
   std::thread thread_;
 };

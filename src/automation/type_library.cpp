@@ -1,15 +1,11 @@
-#include "com/type_library.h"
+#include "automation/type_library.h"
 
 #include <oleauto.h>
 
 #include "automation/com_error.h"
 #include "automation/module.h"
 
-namespace com {
-
-using automation::Check;
-using automation::ComPtr;
-using automation::ModulePath;
+namespace automation {
 
 ComPtr<ITypeLib> TypeLibrary() {
   ComPtr<ITypeLib> library;
@@ -23,4 +19,4 @@ ComPtr<ITypeInfo> TypeInfoOf(const GUID& id) {
   return info;
 }
 
-}  // namespace com
+}  // namespace automation
