@@ -20,8 +20,12 @@ class ComPtr {
   }
   ComPtr(const ComPtr& other) : ComPtr(other.object_) {}
   ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  ComPtr& operator=(ComPtr other) noexcept {
-    std::swap(object_, other.object_);
+  ComPtr& operator=(const ComPtr& other) {
+    *this = ComPtr(other);
+    return *this;
+  }
+  ComPtr& operator=(ComPtr&& other) noexcept {
+    const ComPtr held = Adopt(std::exchange(object_, std::exchange(other.object_, nullptr)));
     return *this;
   }
   ~ComPtr() {

@@ -13,6 +13,7 @@ namespace automation {
 
 // A COM object: counted from 1, deleted by its last Release, known by these interfaces and what they derive from.
 template <typename First, typename... Others>
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only Release deletes it
 class Counted : public First, public Others... {
  public:
   Counted(const Counted&) = delete;

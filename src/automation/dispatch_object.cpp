@@ -28,7 +28,7 @@ ComPtr<IDispatchEx> ScriptObject(const ComPtr<IDispatch>& object, HRESULT result
 
 HRESULT FindMember(const ComPtr<IDispatch>& object, const char* member, DISPID& id) {
   const std::wstring wide = ToWide(member);
-  LPOLESTR name = const_cast<LPOLESTR>(wide.c_str());
+  auto* name = const_cast<LPOLESTR>(wide.c_str());
   const HRESULT result = object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
   if (const auto script_object = ScriptObject(object, result)) {
     const Variant text = Variant::Of(member);

@@ -43,8 +43,9 @@ void CheckKey(LSTATUS status) {
 void SetText(HKEY classes, const std::wstring& path, const wchar_t* name, const std::wstring& text) {
   Key key;
   CheckKey(key.Open(classes, path));
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   CheckKey(RegSetValueExW(key.Get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                          static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+                          static_cast<DWORD>(bytes)));
 }
 
 void WriteClass(HKEY classes, const ServedClass& entry, const GUID* type_library) {

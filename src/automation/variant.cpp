@@ -209,8 +209,7 @@ BSTR ToBstr(std::string_view text) {
   return copy;
 }
 
-Variant::Variant(const Variant& other) : VARIANT() {
-  VariantInit(this);
+Variant::Variant(const Variant& other) : Variant() {
   Check(VariantCopy(this, const_cast<Variant*>(&other)));
 }
 
@@ -218,8 +217,9 @@ Variant::Variant(Variant&& other) noexcept : VARIANT(other) {
   VariantInit(&other);
 }
 
-Variant& Variant::operator=(Variant other) noexcept {
-  std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
+Variant& Variant::operator=(Variant&& other) noexcept {
+  Variant taken(std::move(other));
+  std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(taken));
   return *this;
 }
 

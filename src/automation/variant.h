@@ -23,10 +23,11 @@ BSTR ToBstr(std::string_view text);
 // A VARIANT that frees what it holds.
 class Variant : public VARIANT {
  public:
-  Variant() { VariantInit(this); }
+  Variant() : VARIANT() { VariantInit(this); }
   Variant(const Variant& other);
   Variant(Variant&& other) noexcept;
-  Variant& operator=(Variant other) noexcept;
+  Variant& operator=(const Variant& other) { return *this = Variant(other); }
+  Variant& operator=(Variant&& other) noexcept;
   ~Variant() { VariantClear(this); }
 
   static Variant Of(std::string_view text);

@@ -42,8 +42,6 @@ class EditingScreenObject final : public PublicClass<IEditingScreen, entry::Edit
   HRESULT STDMETHODCALLTYPE put_NewEmployeePasswordID(LONG value) override;
 
  private:
-  ~EditingScreenObject() override = default;
-
   // Opens a screen whose outcome is the method's value.
   template <typename Screen>
   HRESULT OpenFor(VARIANT_BOOL* outcome, Screen screen);

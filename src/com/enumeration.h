@@ -66,8 +66,6 @@ class Enumeration final : public automation::Counted<Interface> {
   }
 
  private:
-  ~Enumeration() override = default;
-
   std::vector<Item> items_;
   std::size_t at_;
 };

@@ -17,6 +17,7 @@ using automation::Variant;
 
 // The connection point of a class: keeps the host's event sinks and raises events to them. It lives and dies with the
 // object whose events these are.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): an interface has no destructor
 class EventSource final : public IConnectionPoint {
  public:
   // `container` is the object itself.

@@ -78,8 +78,6 @@ class LookUpListObject final : public PublicClass<ILookUpList, entry::LookUpList
   HRESULT STDMETHODCALLTYPE ShowList(VARIANT_BOOL InsLLCanMultiSel, VARIANT fOwner) override;
 
  private:
-  ~LookUpListObject() override = default;
-
   template <typename T>
   static HRESULT Put(std::int32_t& to, T value) {
     to = static_cast<std::int32_t>(value);

@@ -161,8 +161,6 @@ class PublicClass
   }
 
  protected:
-  ~PublicClass() override = default;
-
   // Runs a method that may open screens, before the window of frmOwner, StartForm or the main form.
   template <typename Operation>
   HRESULT Open(Operation operation) {

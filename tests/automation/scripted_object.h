@@ -14,12 +14,13 @@ class ScriptedObject final : public automation::NamedObject {
   static automation::ComPtr<ScriptedObject> Make() {
     return automation::ComPtr<ScriptedObject>::Adopt(new ScriptedObject);
   }
+  ~ScriptedObject() override { --living; }
   inline static int living = 0;
 
   std::vector<std::string> calls;
 
   using NamedObject::Add;
-  void Answer(const std::string& name, automation::Variant value) {
+  void Answer(const std::string& name, const automation::Variant& value) {
     Add(name, [value](const automation::CallArguments&) { return value; });
   }
   using NamedObject::References;
@@ -36,7 +37,6 @@ class ScriptedObject final : public automation::NamedObject {
 
  private:
   ScriptedObject() { ++living; }
-  ~ScriptedObject() override { --living; }
 };
 
 // A variant that holds the object.

@@ -13,7 +13,6 @@
 
 namespace {
 
-using automation::ComPtr;
 using automation::DispatchObject;
 using automation::Variant;
 using forms::Currency;

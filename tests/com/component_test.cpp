@@ -14,7 +14,7 @@ using test_support::ScriptedObject;
 class ComponentTest : public testing::Test {
  protected:
   ComponentTest() { Told(); }
-  ~ComponentTest() override {
+  void TearDown() override {
     const auto list = NewList();
     list->putref_PV(nullptr);
     list->putref_DAC(nullptr);

@@ -14,6 +14,7 @@ using test_support::ScriptedObject;
 using testing::ElementsAre;
 
 // An object that is never counted away.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): an interface has no destructor
 class Container : public IConnectionPointContainer {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }

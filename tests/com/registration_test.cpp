@@ -43,7 +43,7 @@ int CountIn(HKEY hive) {
 
 class RegistrationTest : public testing::Test {
  protected:
-  ~RegistrationTest() override { component.Unregister(); }
+  void TearDown() override { component.Unregister(); }
 
   test_support::Component component{L"without_windows"};
 };

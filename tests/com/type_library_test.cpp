@@ -26,7 +26,7 @@ std::string TypeName(ITypeInfo& info, const TYPEDESC& type) {
       BSTR name = nullptr;
       automation::Check(info.GetRefTypeInfo(type.hreftype, referred.Out()));
       automation::Check(referred->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
-      const std::string text = automation::FromBstr(name);
+      std::string text = automation::FromBstr(name);
       SysFreeString(name);
       return text;
     }

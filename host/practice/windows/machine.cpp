@@ -4,6 +4,7 @@
 
 #include <shellapi.h>
 
+#include <array>
 #include <memory>
 
 #include "automation/wide_text.h"
@@ -30,9 +31,9 @@ struct LocallyFreed {
 };
 
 std::string MachineName() {
-  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-  DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
-  return GetComputerNameW(name, &size) ? ToUtf8({name, size}) : std::string();
+  std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> name{};
+  DWORD size = name.size();
+  return GetComputerNameW(name.data(), &size) ? ToUtf8({name.data(), size}) : std::string();
 }
 
 }  // namespace
@@ -45,7 +46,7 @@ bool MayBeAlive(const ProcessIdentity& process) {
   if (process.machine != MachineName()) {
     return true;
   }
-  const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
+  HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
   if (handle == nullptr) {
     // Another person's process is there, though closed to us.
     return GetLastError() == ERROR_ACCESS_DENIED;

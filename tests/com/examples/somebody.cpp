@@ -20,6 +20,6 @@ class Somebody {
   }};
 };
 
-const Somebody somebody;
+const Somebody kSomebody;
 
 }  // namespace

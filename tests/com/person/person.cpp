@@ -19,7 +19,7 @@ UINT Marker() {
 }
 
 HANDLE MarkerSeen() {
-  static const HANDLE seen = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  static HANDLE seen = CreateEventW(nullptr, FALSE, FALSE, nullptr);
   return seen;
 }
 
@@ -114,7 +114,7 @@ void Person::PressAlt(wchar_t letter) {
   Settle();
 }
 
-void Person::AwaitThat(const char* what, const std::function<bool()>& holds) {
+void Person::AwaitThat(const char* what, const std::function<bool()>& holds) const {
   for (int tries = 0; tries < kTries; ++tries) {
     if (holds()) {
       return;

@@ -32,7 +32,7 @@ class Person {
   // With Alt held: a mnemonic.
   void PressAlt(wchar_t letter);
   // Throws, with these words, when the screens are not so in time.
-  void AwaitThat(const char* what, const std::function<bool()>& holds);
+  void AwaitThat(const char* what, const std::function<bool()>& holds) const;
   // The text of the window with the focus.
   std::wstring FocusedText() const;
 

@@ -58,7 +58,7 @@ void Do(Person& person, std::string_view steps) {
   std::istringstream lines{std::string(steps)};
   for (std::string line; std::getline(lines, line);) {
     line.erase(0, line.find_first_not_of(" \t"));
-    line.erase(line.find_last_not_of("\r") + 1);
+    line.erase(line.find_last_not_of('\r') + 1);
     if (line.empty()) {
       continue;
     }
