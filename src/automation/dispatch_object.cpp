@@ -7,19 +7,10 @@
 #include <iterator>
 #include <vector>
 
+#include "automation/exception_info.h"
+
 namespace automation {
 namespace {
-
-struct ExceptionInfo : EXCEPINFO {
-  ExceptionInfo() : EXCEPINFO() {}
-  ExceptionInfo(const ExceptionInfo&) = delete;
-  ExceptionInfo& operator=(const ExceptionInfo&) = delete;
-  ~ExceptionInfo() {
-    SysFreeString(bstrSource);
-    SysFreeString(bstrDescription);
-    SysFreeString(bstrHelpFile);
-  }
-};
 
 // A script engine's object may answer by this interface alone; `result` is what the plain one gave.
 ComPtr<IDispatchEx> ScriptObject(const ComPtr<IDispatch>& object, HRESULT result) {
@@ -85,11 +76,8 @@ Variant DispatchObject::Invoke(const char* member, DISPID id, WORD flags, DISPPA
   const HRESULT result =
       InvokeMember(object_, id, flags, parameters, (flags & DISPATCH_PROPERTYPUT) != 0 ? nullptr : &value, info);
   if (result == DISP_E_EXCEPTION) {
-    if (info.pfnDeferredFillIn != nullptr) {
-      info.pfnDeferredFillIn(&info);
-    }
-    const HRESULT code = info.scode != 0 ? info.scode : static_cast<HRESULT>(info.wCode);
-    std::string description = FromBstr(info.bstrDescription);
+    const HRESULT code = info.Code();
+    std::string description = info.Description();
     if (description.empty()) {
       description = name_ + " of the host failed in \"" + member + "\" (" + Hex(code) + ").";
     }

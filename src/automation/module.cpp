@@ -45,4 +45,9 @@ std::wstring ModulePath() {
   }
 }
 
+std::wstring ModuleFolder() {
+  const std::wstring path = ModulePath();
+  return path.substr(0, path.rfind(L'\\'));
+}
+
 }  // namespace automation

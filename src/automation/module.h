@@ -23,5 +23,7 @@ bool ModuleInUse();
 // The library or program that this code is linked into.
 HINSTANCE Module();
 std::wstring ModulePath();
+// Without a separator at the end.
+std::wstring ModuleFolder();
 
 }  // namespace automation
