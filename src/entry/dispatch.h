@@ -6,8 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "entry/editing_screen.h"
-#include "entry/look_up_list.h"
 #include "forms/form.h"
 
 // The public classes by the names of their members, with values as text: how the console, the reference host and a
@@ -43,9 +41,5 @@ struct Dispatch {
   // Nullptr when there is no such method.
   const Method* Find(std::string_view name) const;
 };
-
-// The members of an instance, which must outlive what is returned.
-Dispatch DispatchOf(EditingScreen& screen);
-Dispatch DispatchOf(LookUpList& list);
 
 }  // namespace entry

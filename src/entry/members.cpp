@@ -1,0 +1,305 @@
+#include "entry/members.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+#include "forms/text.h"
+
+namespace entry {
+namespace {
+
+using forms::Currency;
+using forms::Form;
+
+std::string FromBool(bool value) {
+  return value ? "True" : "False";
+}
+
+std::int32_t ToInt(const std::string& text) {
+  return session::ToId(session::Value(text));
+}
+
+double ToDouble(const std::string& text) {
+  double number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+// Arguments as the methods take them; one that was left out is empty, 0 or False.
+class Reader {
+ public:
+  explicit Reader(Arguments& arguments) : arguments_(arguments) {}
+
+  std::string& Text(const char* name) { return arguments_[name]; }
+  std::int32_t Int(const char* name) { return ToInt(arguments_[name]); }
+  bool Bool(const char* name) { return forms::IsOn(arguments_[name]); }
+  Currency Money(const char* name) { return Currency::Parse(arguments_[name]).value_or(Currency()); }
+  // A record ID; one that was left out asks for a new record.
+  std::string& Id(const char* name) { return arguments_.try_emplace(name, session::kNew).first->second; }
+
+  void Return(const char* name, bool value) { arguments_[name] = FromBool(value); }
+  void Return(const char* name, Currency value) { arguments_[name] = forms::ToPlainText(value); }
+
+ private:
+  Arguments& arguments_;
+};
+
+constexpr std::array<std::string_view, 14> kListNames = {
+    "lulProvider",   "lulPhysician1",   "lulPhysician2",  "lulReferInOut", "lulReferral",
+    "lulFamilyHead", "lulEmployee",     "lulInsuranceCo", "lulEmployer",   "lulGroupPlan",
+    "lulInsGroup",   "lulRecallMaster", "lulPharmacy",    "lulCapPlans"};
+
+// A number, or the name of a list.
+std::int32_t ToNumber(const std::string& text) {
+  const auto name =
+      std::ranges::find_if(kListNames, [&](std::string_view known) { return forms::EqualsIgnoringCase(known, text); });
+  if (name != kListNames.end()) {
+    return static_cast<std::int32_t>(name - kListNames.begin());
+  }
+  const std::int32_t number = ToInt(text);
+  if (number == 0 && text != "0" && !text.empty()) {
+    throw std::invalid_argument("\"" + text + "\" is no number");
+  }
+  return number;
+}
+
+Form::NamedProperty Property(std::int32_t& value) {
+  return {[&value] { return std::to_string(value); }, [&value](const std::string& text) { value = ToNumber(text); }};
+}
+
+// Deletes nothing: an object of the host that is known by a name alone.
+struct NameOnly {
+  std::string name;
+  void operator()(void* /*object*/) const {}
+};
+
+// By its name; "Nothing" is none.
+Form::NamedProperty Property(HostObject& value) {
+  return {[&value]() -> std::string {
+            if (value == nullptr) {
+              return "Nothing";
+            }
+            const auto* named = std::get_deleter<NameOnly>(value);
+            return named != nullptr ? named->name : "Object";
+          },
+          [&value](const std::string& text) {
+            const bool none = text.empty() || forms::EqualsIgnoringCase(text, "Nothing");
+            value = none ? nullptr : HostObject(&value, NameOnly{text});
+          }};
+}
+
+Form::NamedProperty Property(bool& value) {
+  return {[&value] { return FromBool(value); }, [&value](const std::string& text) { value = forms::IsOn(text); }};
+}
+
+Form::NamedProperty Property(std::string& value) {
+  return {[&value] { return value; }, [&value](const std::string& text) { value = text; }};
+}
+
+Parameter In(std::string name) {
+  return {std::move(name), false};
+}
+
+Parameter ByRef(std::string name) {
+  return {std::move(name), true};
+}
+
+// The methods that both classes have.
+void AddPrinterMethods(IGlobal& object, std::vector<Method>& methods) {
+  methods.push_back({"SetPrinter", {In("PN"), In("DM"), In("DN")}, [&object](Arguments& arguments) {
+                       Reader reader(arguments);
+                       object.SetPrinter({reader.Text("PN"), reader.Text("DM"), reader.Text("DN")});
+                       return std::string();
+                     }});
+  methods.push_back({"GetPrinter", {ByRef("PN"), ByRef("DM"), ByRef("DN")}, [&object](Arguments& arguments) {
+                       const Printer& printer = object.GetPrinter();
+                       arguments["PN"] = printer.name;
+                       arguments["DM"] = printer.device_mode;
+                       arguments["DN"] = printer.device_names;
+                       return std::string();
+                     }});
+}
+
+std::string AdjustPlan(EditingScreen& screen, Arguments& arguments) {
+  Reader reader(arguments);
+  PlanAdjustment plan{.employer_id = reader.Int("EmployerID"),
+                      .carrier_id = reader.Int("CarrierID"),
+                      .group_id = reader.Int("GroupID"),
+                      .treatment_code = reader.Text("TreatmentCode"),
+                      .office_fee = reader.Money("OfficeFee"),
+                      .allowed_fee = reader.Money("AllowedFee"),
+                      .plan_calculation_fee = reader.Money("PlanCalculationFee"),
+                      .coverage_percent = ToDouble(reader.Text("CoveragePercent")),
+                      .plan_payment = reader.Money("PlanPayment"),
+                      .provider_adjustment = reader.Money("ProviderAdjustment"),
+                      .patient_portion = reader.Money("PatientPortion"),
+                      .allow_edit_payment = reader.Bool("AllowEditPayment")};
+  const bool accepted = screen.Edit_AdjustPlan_Info(plan);
+  reader.Text("CoveragePercent") = session::ToText(session::Value(plan.coverage_percent));
+  reader.Return("OfficeFee", plan.office_fee);
+  reader.Return("AllowedFee", plan.allowed_fee);
+  reader.Return("PlanCalculationFee", plan.plan_calculation_fee);
+  reader.Return("PlanPayment", plan.plan_payment);
+  reader.Return("ProviderAdjustment", plan.provider_adjustment);
+  reader.Return("PatientPortion", plan.patient_portion);
+  return FromBool(accepted);
+}
+
+std::vector<Method> PlanMethods(EditingScreen& screen) {
+  return {{"Edit_AdjustPlan_Info",
+           {ByRef("EmployerID"), ByRef("CarrierID"), ByRef("GroupID"), ByRef("TreatmentCode"), ByRef("OfficeFee"),
+            ByRef("AllowedFee"), ByRef("PlanCalculationFee"), ByRef("CoveragePercent"), ByRef("PlanPayment"),
+            ByRef("ProviderAdjustment"), ByRef("PatientPortion"), ByRef("AllowEditPayment")},
+           [&screen](Arguments& arguments) { return AdjustPlan(screen, arguments); }},
+          {"Edit_PPO_Adjustment", {}, [&screen](Arguments&) { return FromBool(screen.Edit_PPO_Adjustment()); }},
+          {"Select_Coverage",
+           {In("EmployerID"), In("MustSelect"), In("HideElID")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             return std::to_string(
+                 screen.Select_Coverage(reader.Int("EmployerID"), reader.Bool("MustSelect"), reader.Int("HideElID")));
+           }},
+          {"Edit_Patient_Coverage", {In("PatientID")}, [&screen](Arguments& arguments) {
+             return FromBool(screen.Edit_Patient_Coverage(Reader(arguments).Int("PatientID")));
+           }}};
+}
+
+std::vector<Method> LocationMethods(EditingScreen& screen) {
+  return {{"Location_Edit_Screen", {}, [&screen](Arguments&) { return FromBool(screen.Location_Edit_Screen()); }},
+          {"PatientLocation_Setup",
+           {In("PatientID")},
+           [&screen](Arguments& arguments) {
+             return FromBool(screen.PatientLocation_Setup(Reader(arguments).Int("PatientID")));
+           }},
+          {"LoginLocation_Setup", {In("PasswordID")}, [&screen](Arguments& arguments) {
+             return FromBool(screen.LoginLocation_Setup(Reader(arguments).Int("PasswordID")));
+           }}};
+}
+
+std::vector<Method> RecordMethods(EditingScreen& screen) {
+  return {{"Show_InsPlan_Screen",
+           {In("EmpID"), In("InsID"), In("GroID"), In("Title"), In("HelpID")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             screen.Show_InsPlan_Screen(reader.Int("EmpID"), reader.Int("InsID"), reader.Int("GroID"),
+                                        reader.Text("Title"), reader.Int("HelpID"));
+             return std::string();
+           }},
+          {"Employer_Start",
+           {ByRef("Tmp"), ByRef("PatID"), ByRef("FormTag"), ByRef("SubscriberID"), ByRef("Subscriber_elID"),
+            In("StartTab")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             screen.Employer_Start(reader.Text("Tmp"), reader.Text("PatID"), reader.Text("FormTag"),
+                                   reader.Text("SubscriberID"), reader.Text("Subscriber_elID"),
+                                   static_cast<session::EmployerStartTab>(reader.Int("StartTab")));
+             return std::string();
+           }},
+          {"Grp_Plan_Start",
+           {ByRef("GroPlaID"), In("InsCoID")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             screen.Grp_Plan_Start(reader.Id("GroPlaID"), reader.Int("InsCoID"));
+             return std::string();
+           }},
+          {"Recall_Master_Start",
+           {ByRef("TmpRecNum"), ByRef("RecallID"), ByRef("Canceled"), ByRef("DataSaved")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             bool canceled = reader.Bool("Canceled");
+             bool data_saved = reader.Bool("DataSaved");
+             screen.Recall_Master_Start(reader.Text("TmpRecNum"), reader.Id("RecallID"), canceled, data_saved);
+             reader.Return("Canceled", canceled);
+             reader.Return("DataSaved", data_saved);
+             return std::string();
+           }},
+          {"Ins_Company_Start",
+           {ByRef("Ins_Com_ID_Num")},
+           [&screen](Arguments& arguments) {
+             screen.Ins_Company_Start(Reader(arguments).Id("Ins_Com_ID_Num"));
+             return std::string();
+           }},
+          {"Pharmacy_Start", {ByRef("sPhaID"), ByRef("PhaID")}, [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             screen.Pharmacy_Start(reader.Text("sPhaID"), reader.Id("PhaID"));
+             return std::string();
+           }}};
+}
+
+std::vector<Method> PersonMethods(EditingScreen& screen) {
+  return {{"Load_PatInfo_Small",
+           {ByRef("l_ID"), In("ns_ID"), ByRef("GoToQuickAppoint")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             bool save_and_book = reader.Bool("GoToQuickAppoint");
+             screen.Load_PatInfo_Small(reader.Id("l_ID"), reader.Text("ns_ID"), save_and_book);
+             reader.Return("GoToQuickAppoint", save_and_book);
+             return std::string();
+           }},
+          {"PaTable_Edit_Start",
+           {In("PersonType"), ByRef("SrchFld")},
+           [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             screen.PaTable_Edit_Start(reader.Text("PersonType"), reader.Id("SrchFld"));
+             return std::string();
+           }},
+          {"eReminder_PersonalSetup", {In("PatientID")}, [&screen](Arguments& arguments) {
+             return FromBool(screen.eReminder_PersonalSetup(Reader(arguments).Int("PatientID")));
+           }}};
+}
+
+void Append(std::vector<Method>& methods, std::vector<Method> more) {
+  methods.insert(methods.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+}  // namespace
+
+Dispatch DispatchOf(EditingScreen& screen) {
+  Dispatch dispatch{.class_name = "EditingScreen", .methods = {}, .properties = {}};
+  Append(dispatch.methods, PlanMethods(screen));
+  Append(dispatch.methods, LocationMethods(screen));
+  AddPrinterMethods(screen, dispatch.methods);
+  Append(dispatch.methods, RecordMethods(screen));
+  Append(dispatch.methods, PersonMethods(screen));
+  dispatch.properties = {{"ExtraID", Property(screen.ExtraID)},
+                         {"frmOwner", Property(screen.frmOwner)},
+                         {"StartForm", Property(screen.StartForm)},
+                         {"NewEmployeePasswordID", Property(screen.NewEmployeePasswordID)}};
+  return dispatch;
+}
+
+Dispatch DispatchOf(LookUpList& list) {
+  Dispatch dispatch{.class_name = "LookUpList", .methods = {}, .properties = {}};
+  dispatch.methods.push_back({"ShowList", {In("InsLLCanMultiSel"), In("fOwner")}, [&list](Arguments& arguments) {
+                                list.ShowList(Reader(arguments).Bool("InsLLCanMultiSel"));
+                                return std::string();
+                              }});
+  AddPrinterMethods(list, dispatch.methods);
+  dispatch.properties = {{"ListType", Property(list.ListType)},
+                         {"Skip_List_IF_New", Property(list.Skip_List_IF_New)},
+                         {"ShowMode", Property(list.ShowMode)},
+                         {"Include_Ins", Property(list.Include_Ins)},
+                         {"InitField", Property(list.InitField)},
+                         {"MultiSel", Property(list.MultiSel)},
+                         {"No_Double_Click", Property(list.No_Double_Click)},
+                         {"bSelectMode", Property(list.bSelectMode)},
+                         {"ShowFacilityOptions", Property(list.ShowFacilityOptions)},
+                         {"frmOwner", Property(list.frmOwner)},
+                         {"StartForm", Property(list.StartForm)},
+                         {"ListTitle", Property(list.ListTitle)},
+                         {"SelectedID", Property(list.SelectedID)},
+                         {"Select_String", Property(list.Select_String)},
+                         {"ShowPatientButtons", Property(list.ShowPatientButtons)},
+                         {"GroupPlanCompanyID", Property(list.GroupPlanCompanyID)},
+                         {"EmployerPatientID", Property(list.EmployerPatientID)},
+                         {"FamHeadIncPatID", Property(list.FamHeadIncPatID)},
+                         {"NewEmployeePasswordID", Property(list.NewEmployeePasswordID)},
+                         {"AllowDelete", Property(list.AllowDelete)}};
+  return dispatch;
+}
+
+}  // namespace entry
