@@ -8,6 +8,10 @@
 #include "forms/dialog_buttons.h"
 #include "views/placing.h"
 
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
 namespace views {
 namespace {
 
@@ -113,6 +117,13 @@ void FormDialog::Run() {
   }
   SavePlace();
 }
+
+#ifdef __WXMSW__
+// A mnemonic is looked for in the whole window; the group that has the focus would take it, and know only its own.
+bool FormDialog::MSWTranslateMessage(WXMSG* message) {
+  return wxDialog::MSWTranslateMessage(message) || (message->message == WM_SYSCHAR && MSWProcessMessage(message));
+}
+#endif
 
 bool FormDialog::SyncFocus() {
   if (focus_set_) {

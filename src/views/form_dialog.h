@@ -61,6 +61,10 @@ class FormDialog : public wxDialog, private forms::FormObserver {
   void SetCovered(bool covered) { covered_ = covered; }
   bool Covered() const { return covered_; }
 
+#ifdef __WXMSW__
+  bool MSWTranslateMessage(WXMSG* message) override;
+#endif
+
  private:
   void FormChanged(forms::Aspect aspect) override;
   void FormClosed() override;
