@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Draws the buttons' pictures: data/pictures/*.png, and "@2x" of each.
+"""Draws the buttons' pictures, data/pictures/*.png and "@2x" of each, and the program's icon, data/practice_desk.ico.
 
 Every picture is a list of ImageMagick drawing commands on a 32 by 32 field, drawn four times as large as it is
 wanted and scaled down. Needs ImageMagick's `convert`.
 """
 import pathlib
 import subprocess
+import tempfile
 
 INK, BLUE, LIGHT, GREEN, RED, GOLD, PAPER = "#37474f", "#1e6fb8", "#cfe3f5", "#2e8b57", "#c0392b", "#e0a526", "#ffffff"
 
@@ -101,6 +102,16 @@ def draw(path, size, commands):
                     f"PNG32:{path}"], check=True)
 
 
+def draw_icon(path, commands):
+    """A program's icon, in the sizes that Windows shows."""
+    with tempfile.TemporaryDirectory() as folder:
+        files = []
+        for size in (16, 24, 32, 48, 64):
+            files.append(f"{folder}/{size}.png")
+            draw(files[-1], size, commands)
+        subprocess.run(["convert", *files, "-strip", str(path)], check=True)
+
+
 def main():
     folder = pathlib.Path(__file__).resolve().parent.parent / "data" / "pictures"
     for name, commands in LARGE.items():
@@ -109,6 +120,7 @@ def main():
     for name, commands in SMALL.items():
         draw(folder / f"{name}.PNG", 16, commands)
         draw(folder / f"{name}@2x.PNG", 32, commands)
+    draw_icon(folder.parent / "practice_desk.ico", LARGE["Pat_Info_32"])
 
 
 if __name__ == "__main__":

@@ -93,11 +93,22 @@ CallPage::Field CallPage::MakeField(wxSizer* rows, const std::string& name, cons
           [text](const std::string& shown) { text->ChangeValue(ToWx(shown)); }};
 }
 
-// An argument left empty is left out: the method takes its default.
 void CallPage::Call() {
   if (method_ == nullptr) {
     return;
   }
+  outcome_->DeleteAllItems();
+  told_.clear();
+  try {
+    Invoke();
+  } catch (const std::exception& error) {
+    Add("refused", error.what());
+  }
+  on_called_(method_->name + (told_.empty() ? " returned" : ": " + told_));
+}
+
+// An argument left empty is left out: the method takes its default.
+void CallPage::Invoke() {
   for (const auto& [name, value] : preset_) {
     members_.properties.at(name).set(value);
   }
@@ -115,28 +126,27 @@ void CallPage::Call() {
 }
 
 void CallPage::ShowOutcome(const entry::Arguments& arguments, const std::string& returned) {
-  outcome_->DeleteAllItems();
-  std::string told;
-  const auto add = [&](const std::string& name, const std::string& value) {
-    const long row = outcome_->InsertItem(outcome_->GetItemCount(), ToWx(name));
-    outcome_->SetItem(row, 1, ToWx(value));
-    told += (told.empty() ? "" : ", ") + name + " = " + value;
-  };
   if (!returned.empty()) {
-    add("return", returned);
+    Add("return", returned);
   }
   for (const entry::Parameter& parameter : method_->parameters) {
     if (const auto value = arguments.find(parameter.name); parameter.by_reference && value != arguments.end()) {
-      add(parameter.name, value->second);
+      Add(parameter.name, value->second);
     }
   }
   for (const Field& field : properties_) {
     if (const std::string now = members_.properties.at(field.name).get(); now != field.get()) {
       field.set(now);
-      add(field.name, now);
+      Add(field.name, now);
     }
   }
-  on_called_(method_->name + (told.empty() ? " returned" : ": " + told));
+}
+
+void CallPage::Add(const std::string& name, const std::string& value) {
+  const long row = outcome_->InsertItem(outcome_->GetItemCount(), ToWx(name));
+  outcome_->SetItem(row, 1, ToWx(value));
+  told_ += (told_.empty() ? "" : ", ") + name + " = " + value;
+  on_called_(told_);
 }
 
 }  // namespace host

@@ -15,7 +15,7 @@
 namespace host {
 
 // One public method: its arguments and its class's properties to fill in, the button that calls it, and what came
-// back.
+// back: events while it runs, then its values, or what it refused.
 class CallPage : public wxPanel {
  public:
   CallPage(wxWindow* parent, std::function<void(const std::string& outcome)> on_called);
@@ -24,6 +24,7 @@ class CallPage : public wxPanel {
   void Choose(const wxString& title, const entry::Dispatch& members, const std::string& method,
               const entry::Arguments& preset);
   void Call();
+  void ShowEvent(const std::string& event, const std::string& arguments) { Add(event, arguments); }
 
  private:
   struct Field {
@@ -33,13 +34,17 @@ class CallPage : public wxPanel {
   };
 
   Field MakeField(wxSizer* rows, const std::string& name, const std::string& value);
+  void Invoke();
   void ShowOutcome(const entry::Arguments& arguments, const std::string& returned);
+  // Adds to the outcome, and tells it.
+  void Add(const std::string& name, const std::string& value);
 
   std::function<void(const std::string&)> on_called_;
   wxStaticText* title_;
   wxScrolledWindow* fields_;
   wxButton* call_;
   wxListCtrl* outcome_;
+  std::string told_;  // the outcome, in words
   entry::Dispatch members_;
   const entry::Method* method_ = nullptr;
   entry::Arguments preset_;

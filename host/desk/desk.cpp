@@ -12,12 +12,26 @@ constexpr const char* kLargeIcons = "/ICO/Large";
 
 }  // namespace
 
-Desk::Desk(Practice practice, const std::string& data_folder, const std::string& share_folder)
+Desk::Desk(Practice practice, const std::string& data_folder, const std::string& share_folder,
+           const MakePublicClasses& make_classes)
     : practice_(std::move(practice)),
       data_folder_(data_folder),
       user_(Views(), views::Pictures({data_folder, data_folder + kLargeIcons, share_folder + "/pictures",
-                                      share_folder + "/pictures" + kLargeIcons})) {
+                                      share_folder + "/pictures" + kLargeIcons})),
+      classes_(make_classes(user_)),
+      screens_(classes_->EditingScreen(), classes_->LookUpList()) {
   practice_.Database().connection->WhileBusy = [this] { user_.Pulse(); };
+}
+
+Desk::~Desk() {
+  SetMainWindow(nullptr);
+  user_.SetPlaces(nullptr);
+  classes_->HandOver(nullptr);
+}
+
+void Desk::SetMainWindow(wxWindow* window) {
+  user_.SetMainWindow(window);
+  classes_->SetOwner(window);
 }
 
 views::ViewRegistry Desk::Views() {
@@ -38,12 +52,11 @@ bool Desk::LogIn() {
 
 void Desk::Open(const LoginResult& login, std::int32_t office) {
   user_.SetPlaces(nullptr);
-  screens_.reset();
   const wxString program_folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
-  session_ = std::make_shared<HostSession>(practice_, office, login.rights,
-                                           ThisMachine(data_folder_, views::FromWx(program_folder)));
-  screens_ = entry::MakeScreens(*session_, user_);
-  editing_screen_.SetPV(session_);
+  auto session = std::make_shared<HostSession>(practice_, office, login.rights,
+                                               ThisMachine(data_folder_, views::FromWx(program_folder)));
+  classes_->HandOver(session);
+  session_ = std::move(session);
   user_.SetPlaces(session_.get());
 }
 

@@ -41,6 +41,9 @@ MainFrame::MainFrame(Desk& desk) : wxFrame(nullptr, wxID_ANY, "Practice Desk"), 
   auto* methods = new wxNotebook(page, wxID_ANY);
   methods->SetName("methods");
   call_page_ = new CallPage(page, [this](const std::string& outcome) { Tell(outcome); });
+  desk_.Classes().OnEvent = [this](const std::string& event, const std::string& arguments) {
+    call_page_->ShowEvent(event, arguments);
+  };
   methods->AddPage(MakeMethods(methods), "Editing screens");
   methods->AddPage(MakeLists(methods), "Look-up lists");
 
@@ -102,7 +105,7 @@ void MainFrame::MakeCommands() {
 wxListBox* MainFrame::MakeMethods(wxWindow* parent) {
   auto* list = new wxListBox(parent, wxID_ANY);
   list->SetName("EditingScreen");
-  for (const entry::Method& method : desk_.EditingScreenMembers().methods) {
+  for (const entry::Method& method : desk_.Classes().EditingScreen().methods) {
     list->Append(ToWx(method.name));
   }
   list->SetStringSelection("Load_PatInfo_Small");
@@ -123,12 +126,12 @@ wxListBox* MainFrame::MakeLists(wxWindow* parent) {
 }
 
 void MainFrame::ChooseMethod(const std::string& name) {
-  call_page_->Choose("EditingScreen." + ToWx(name), desk_.EditingScreenMembers(), name, {});
+  call_page_->Choose("EditingScreen." + ToWx(name), desk_.Classes().EditingScreen(), name, {});
 }
 
 void MainFrame::ChooseList(int kind) {
   call_page_->Choose(wxString("LookUpList.ShowList: ") + kListKinds.at(static_cast<std::size_t>(kind)),
-                     desk_.LookUpListMembers(), "ShowList", {{"ListType", std::to_string(kind)}});
+                     desk_.Classes().LookUpList(), "ShowList", {{"ListType", std::to_string(kind)}});
 }
 
 void MainFrame::NewPatient(const std::string& mode) {

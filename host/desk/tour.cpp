@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "desk/main_frame.h"
+#include "entry/form_catalog.h"
 #include "forms/text_box.h"
 
 namespace host {
@@ -62,8 +63,7 @@ std::vector<Stop> Stops(Desk& desk) {
   const std::string patient = std::to_string(FirstPatient(desk));
   const auto open_form = [&desk](const char* name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
-      const session::ScreenContext context = desk.Context();
-      const auto form = entry::MakeForm(name, context);
+      const auto form = entry::MakeForm(name, desk.Context());
       for (const auto& [property, value] : properties) {
         form->Properties.at(property).set(value);
       }
@@ -72,8 +72,10 @@ std::vector<Stop> Stops(Desk& desk) {
   };
   const auto open_list = [&desk](session::LookUpListTypes type) {
     return [&desk, type] {
-      desk.Lists().ListType = type;
-      desk.Lists().ShowList();
+      const entry::Dispatch list = desk.Classes().LookUpList();
+      list.properties.at("ListType").set(std::to_string(type));
+      entry::Arguments none;
+      list.Find("ShowList")->invoke(none);
     };
   };
   return {

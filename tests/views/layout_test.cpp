@@ -20,7 +20,8 @@ TEST(Layout, OfEveryWindowIsGood) {
   std::filesystem::create_directories(folder);
   host::DemoOptions demo;
   demo.patients = 60;
-  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder, folder);
+  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder, folder,
+                  host::ClassesOfThisProgram);
   std::set<std::string> seen;
   host::VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
     seen.insert(name.substr(0, name.find('-')));

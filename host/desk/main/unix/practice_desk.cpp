@@ -1,21 +1,25 @@
-#include <wx/app.h>
-#include <wx/filename.h>
-#include <wx/image.h>
 #include <wx/init.h>
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 
 #include <filesystem>
 #include <iostream>
 
+#include "desk/desk_app.h"
 #include "desk/desk_options.h"
-#include "desk/main_frame.h"
 #include "desk/tour.h"
-#include "practice/demo.h"
 #include "unix/displays.h"
 
 namespace {
 
 using host::DeskOptions;
+
+constexpr std::string_view kUsage =
+    "practice_desk [--database URL] [--tour DIR] [--scale 1|2]\n"
+    "  --database URL  the practice, as sqlite:PATH; without it a demo practice in your data folder\n"
+    "  --tour DIR      opens every screen on demo data without showing it and writes a picture of each to DIR\n"
+    "  --scale 1|2     size of the windows; a tour without it makes pictures of both\n"
+    "Without a display the windows are served to a browser on this machine.\n";
 
 // The pictures and what else comes with the program.
 std::string ShareFolder() {
@@ -32,16 +36,6 @@ std::string DataFolder() {
   std::string folder = views::FromWx(base) + "/practice_desk";
   std::filesystem::create_directories(folder);
   return folder;
-}
-
-host::Practice OpenOrMakeDemo(const std::string& folder, std::int32_t patients) {
-  const std::string url = "sqlite:" + folder + "/demo.sqlite";
-  if (!host::IsVacant(url)) {
-    return host::Practice(url);
-  }
-  host::DemoOptions options;
-  options.patients = patients;
-  return host::MakeDemo(url, options);
 }
 
 // A folder that goes when this goes.
@@ -65,72 +59,25 @@ class TemporaryFolder {
   std::string path_;
 };
 
-class DeskApp : public wxApp {
- public:
-  explicit DeskApp(DeskOptions options) : options_(std::move(options)) {}
-
-  bool OnInit() override {
-    SetAppName("practice_desk");
-    wxInitAllImageHandlers();
-    SetExitOnFrameDelete(false);
-    CallAfter([this] { Work(); });
-    return true;
+void Tour(const DeskOptions& options) {
+  constexpr std::int32_t kPatients = 200;
+  const TemporaryFolder temporary;
+  host::Desk desk(host::OpenOrMakeDemo(options.database, temporary.Path(), kPatients), temporary.Path(), ShareFolder(),
+                  host::ClassesOfThisProgram);
+  if (!host::TakePictures(desk, options.tour)) {
+    throw std::runtime_error("A picture could not be written to " + options.tour + ".");
   }
+}
 
-  int OnRun() override {
-    const int status = wxApp::OnRun();
-    return status_ != 0 ? status_ : status;
-  }
+void Serve(host::DeskApp& app, const DeskOptions& options) {
+  const std::string folder = DataFolder();
+  app.Serve(std::make_unique<host::Desk>(host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
+                                         folder, ShareFolder(), host::ClassesOfThisProgram));
+}
 
- private:
-  void Work() {
-    try {
-      if (options_.tour.empty()) {
-        Serve();
-        return;
-      }
-      Tour();
-    } catch (const std::exception& error) {
-      std::cerr << "practice_desk: " << error.what() << '\n';
-      status_ = 1;
-    }
-    ExitMainLoop();
-  }
-
-  void Serve() {
-    const std::string folder = DataFolder();
-    desk_ = std::make_unique<host::Desk>(
-        options_.database.empty() ? OpenOrMakeDemo(folder, kDemoPatients) : host::Practice(options_.database), folder,
-        ShareFolder());
-    if (!desk_->LogIn()) {
-      ExitMainLoop();
-      return;
-    }
-    auto* frame = new host::MainFrame(*desk_);
-    desk_->User().SetMainWindow(frame);
-    SetTopWindow(frame);
-    SetExitOnFrameDelete(true);
-    frame->Show();
-    frame->Raise();
-  }
-
-  void Tour() const {
-    const TemporaryFolder temporary;
-    host::Desk desk(
-        options_.database.empty() ? OpenOrMakeDemo(temporary.Path(), kTourPatients) : host::Practice(options_.database),
-        temporary.Path(), ShareFolder());
-    if (!host::TakePictures(desk, options_.tour)) {
-      throw std::runtime_error("A picture could not be written to " + options_.tour + ".");
-    }
-  }
-
-  static constexpr std::int32_t kDemoPatients = 2000;
-  static constexpr std::int32_t kTourPatients = 200;
-
-  DeskOptions options_;
-  std::unique_ptr<host::Desk> desk_;
-  int status_ = 0;
-};
+void Report(const std::string& what) {
+  std::cerr << "practice_desk: " << what << '\n';
+}
 
 // A size of the windows holds for a process: one for each.
 int TourInBothSizes(const std::string& program, const DeskOptions& options) {
@@ -162,8 +109,14 @@ int Run(const std::string& program, const DeskOptions& options) {
     wxApp::GTKSuppressDiagnostics();
     std::cout << "Open " << display.address << " in a browser on this machine." << std::endl;
   }
-  auto* app = new DeskApp(options);
-  wxApp::SetInstance(app);
+  const auto work = [&options](host::DeskApp& app) {
+    if (options.tour.empty()) {
+      Serve(app, options);
+    } else {
+      Tour(options);
+    }
+  };
+  wxApp::SetInstance(new host::DeskApp(work, Report));
   int words = 1;
   std::string name = program;
   std::array<char*, 2> arguments = {name.data(), nullptr};
@@ -175,18 +128,18 @@ int Run(const std::string& program, const DeskOptions& options) {
 int main(int count, char** words) {
   const std::vector<std::string> given(words + 1, words + count);
   if (given.size() == 1 && given.front() == "--help") {
-    std::cout << host::kDeskUsage;
+    std::cout << kUsage;
     return 0;
   }
   const auto options = host::ParseDeskOptions(given);
   if (const auto* wrong = std::get_if<std::string>(&options)) {
-    std::cerr << *wrong << '\n' << host::kDeskUsage;
+    std::cerr << *wrong << '\n' << kUsage;
     return 2;
   }
   try {
     return Run(words[0], std::get<DeskOptions>(options));
   } catch (const std::exception& error) {
-    std::cerr << "practice_desk: " << error.what() << '\n';
+    Report(error.what());
     return 1;
   }
 }

@@ -1,0 +1,82 @@
+#include "desk/desk_app.h"
+
+#include <wx/image.h>
+
+#include "desk/main_frame.h"
+#include "practice/demo.h"
+
+namespace host {
+
+Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::int32_t patients) {
+  const std::string demo = "sqlite:" + folder + "/demo.sqlite";
+  if (!url.empty() || !IsVacant(demo)) {
+    return Practice(url.empty() ? demo : url);
+  }
+  DemoOptions options;
+  options.patients = patients;
+  return MakeDemo(demo, options);
+}
+
+DeskApp::DeskApp(std::function<void(DeskApp&)> work, std::function<void(const std::string&)> report)
+    : work_(std::move(work)), report_(std::move(report)) {}
+
+void DeskApp::Serve(std::unique_ptr<Desk> desk) {
+  desk_ = std::move(desk);
+  if (!desk_->LogIn()) {
+    return;
+  }
+  auto* frame = new MainFrame(*desk_);
+  desk_->SetMainWindow(frame);
+  SetTopWindow(frame);
+  SetExitOnFrameDelete(true);
+  frame->Show();
+  frame->Raise();
+}
+
+bool DeskApp::OnInit() {
+  SetAppName("practice_desk");
+  wxInitAllImageHandlers();
+  SetExitOnFrameDelete(false);
+  CallAfter([this] { Work(); });
+  return true;
+}
+
+void DeskApp::Work() {
+  try {
+    work_(*this);
+  } catch (const std::exception& error) {
+    report_(error.what());
+    status_ = 1;
+  }
+  if (!GetExitOnFrameDelete()) {
+    ExitMainLoop();
+  }
+}
+
+int DeskApp::OnRun() {
+  const int status = wxApp::OnRun();
+  return status_ != 0 ? status_ : status;
+}
+
+int DeskApp::OnExit() {
+  desk_.reset();
+  return wxApp::OnExit();
+}
+
+bool DeskApp::OnExceptionInMainLoop() {
+  std::string what = "This command could not be carried out.";
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    what += "\r\r" + std::string(error.what());
+  } catch (...) {  // it says nothing about itself
+  }
+  if (desk_ != nullptr) {
+    desk_->User().Tell(what, std::string(forms::kSuiteTitle), forms::Icon::Critical);
+  } else {
+    report_(what);
+  }
+  return true;
+}
+
+}  // namespace host

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "entry/dispatch.h"
+#include "forms/user.h"
+#include "practice/host_session.h"
+
+class wxWindow;
+
+namespace host {
+
+// The public classes `EditingScreen` and `LookUpList`, an instance of each, by the names of their members.
+class PublicClasses {
+ public:
+  PublicClasses() = default;
+  PublicClasses(const PublicClasses&) = delete;
+  PublicClasses& operator=(const PublicClasses&) = delete;
+  virtual ~PublicClasses() = default;
+
+  // A list's event by its name, with its arguments as text ("New, 17").
+  std::function<void(const std::string& event, const std::string& arguments)> OnEvent;
+
+  virtual entry::Dispatch EditingScreen() = 0;
+  virtual entry::Dispatch LookUpList() = 0;
+  // The session that the screens work in; nullptr takes it back.
+  virtual void HandOver(std::shared_ptr<HostSession> session) = 0;
+  // The window that the screens stand before; nullptr for none.
+  virtual void SetOwner(wxWindow* window) = 0;
+};
+
+// Makes the classes for the person at the host's own windows.
+using MakePublicClasses = std::function<std::unique_ptr<PublicClasses>(forms::User& user)>;
+
+// The classes as a part of this program.
+std::unique_ptr<PublicClasses> ClassesOfThisProgram(forms::User& user);
+
+}  // namespace host
