@@ -20,8 +20,7 @@ Function Find(HMODULE library, const char* name) {
 
 }  // namespace
 
-ServerLibrary::ServerLibrary(std::wstring path) : path_(std::move(path)) {
-  library_ = LoadLibraryW(path_.c_str());
+ServerLibrary::ServerLibrary(std::wstring path) : path_(std::move(path)), library_(LoadLibraryW(path_.c_str())) {
   if (library_ == nullptr) {
     throw std::runtime_error(ToUtf8(path_) + " cannot be loaded.");
   }

@@ -21,12 +21,9 @@ using automation::Variant;
 class OwnerForm final : public automation::NamedObject {
  public:
   explicit OwnerForm(HWND window) {
-    const Variant handle = Variant::Of(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window)));
+    Variant handle = Variant::Of(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window)));
     Add("hwnd", [handle](const CallArguments&) { return handle; });
   }
-
- private:
-  ~OwnerForm() override = default;
 };
 
 // Hears a list's events, which come by their numbers in the type library: 1 for the first member, and so on.
@@ -50,9 +47,6 @@ class ListSink final : public automation::NamedObject {
     // The lists' own commands are left to the lists.
     Add("CheckEvent", [](const CallArguments&) { return Variant(); });
   }
-
- private:
-  ~ListSink() override = default;
 };
 
 class ComponentClasses : public PublicClasses {
@@ -67,6 +61,8 @@ class ComponentClasses : public PublicClasses {
     Check(list_.As<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(DLookUpListEvents), events_.Out()));
     Check(events_->Advise(sink.Get(), &connection_));
   }
+  ComponentClasses(const ComponentClasses&) = delete;
+  ComponentClasses& operator=(const ComponentClasses&) = delete;
   ~ComponentClasses() override { events_->Unadvise(connection_); }
 
   entry::Dispatch EditingScreen() override { return MembersOf(screen_.As<IDispatch>(), "EditingScreen"); }

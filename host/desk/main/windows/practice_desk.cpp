@@ -50,7 +50,7 @@ void Work(host::DeskApp& app) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, char* /*command_line*/, int show) {
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, char* /*command_line*/, int nShowCmd) {
   wxApp::SetInstance(new host::DeskApp(Work, [](const std::string& what) { Tell(what, wxICON_ERROR); }));
-  return wxEntry(instance, nullptr, nullptr, show);
+  return wxEntry(instance, nullptr, nullptr, nShowCmd);
 }
