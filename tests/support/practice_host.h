@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "data/statements.h"
 #include "practice/host_session.h"
 #include "support/fake_host.h"
 

@@ -90,6 +90,33 @@ class QuitWatch {
   HHOOK hook_;
 };
 
+// Windows that are made while it lives have controls with visual styles, as the library's manifest asks.
+class VisualStyles {
+ public:
+  VisualStyles() {
+    ACTCTXW of_library{};
+    of_library.cbSize = sizeof of_library;
+    of_library.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    of_library.hModule = automation::Module();
+    of_library.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
+    context_ = CreateActCtxW(&of_library);
+    active_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
+  }
+  VisualStyles(const VisualStyles&) = delete;
+  VisualStyles& operator=(const VisualStyles&) = delete;
+  ~VisualStyles() {
+    if (active_) {
+      DeactivateActCtx(0, cookie_);
+      ReleaseActCtx(context_);
+    }
+  }
+
+ private:
+  HANDLE context_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR cookie_ = 0;
+  bool active_ = false;
+};
+
 // A host's call that is under way.
 struct HostCall {
   HWND owner = nullptr;
@@ -97,6 +124,7 @@ struct HostCall {
   HWND focus = nullptr;                      // where the person was typing
   std::unique_ptr<OwnerWindow> window = {};  // once something was shown before the owner
   std::unique_ptr<QuitWatch> quit = {};      // of the outermost call
+  std::unique_ptr<VisualStyles> styles = std::make_unique<VisualStyles>();
 };
 
 // The windows of all calls, which may be nested in one another.

@@ -12,22 +12,46 @@ namespace {
 constexpr int kTries = 3000;
 constexpr DWORD kBetweenTries = 10;  // milliseconds
 
-// Follows what was posted: when the screens take it from their queue they have dealt with everything before.
+// Set when the screens take the end of a keystroke, or the marker, from their queue: they have dealt with everything
+// before it.
+HANDLE Dealt() {
+  static const HANDLE dealt = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  return dealt;
+}
+
 UINT Marker() {
   static const UINT marker = RegisterWindowMessageW(L"everything before this is done");
   return marker;
 }
 
-HANDLE MarkerSeen() {
-  static HANDLE seen = CreateEventW(nullptr, FALSE, FALSE, nullptr);
-  return seen;
-}
-
 LRESULT CALLBACK SeeMessage(int code, WPARAM removed, LPARAM message) {
-  if (code == HC_ACTION && removed == PM_REMOVE && reinterpret_cast<const MSG*>(message)->message == Marker()) {
-    SetEvent(MarkerSeen());
+  const UINT seen = reinterpret_cast<const MSG*>(message)->message;
+  if (code == HC_ACTION && removed == PM_REMOVE && (seen == WM_KEYUP || seen == WM_SYSKEYUP || seen == Marker())) {
+    SetEvent(Dealt());
   }
   return CallNextHookEx(nullptr, code, removed, message);
+}
+
+void AwaitDealt() {
+  if (WaitForSingleObject(Dealt(), kTries * kBetweenTries) != WAIT_OBJECT_0) {
+    throw std::runtime_error("the screens take no messages");
+  }
+}
+
+void Send(WORD key, WORD character, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = character;
+  input.ki.dwFlags = flags;
+  SendInput(1, &input, sizeof input);
+}
+
+void Stroke(WORD key, WORD character, DWORD flags) {
+  ResetEvent(Dealt());
+  Send(key, character, flags);
+  Send(key, character, flags | KEYEVENTF_KEYUP);
+  AwaitDealt();
 }
 
 std::wstring TitleOf(HWND window) {
@@ -98,16 +122,25 @@ HWND Person::Find(std::wstring_view title) const {
 
 void Person::Type(std::wstring_view text) {
   for (const wchar_t c : text) {
-    PostMessageW(Focus(), WM_CHAR, c, 1);
-    Settle();
+    Stroke(0, c, KEYEVENTF_UNICODE);
   }
 }
 
-void Person::Press(WPARAM key) {
-  PostMessageW(Focus(), WM_KEYDOWN, key, 1);
+void Person::Press(WORD key) {
+  Stroke(key, 0, 0);
+}
+
+void Person::Click(std::wstring_view text) {
+  Search search{text};
+  EnumChildWindows(GetAncestor(Focus(), GA_ROOT), Look, reinterpret_cast<LPARAM>(&search));
+  if (search.found == nullptr) {
+    throw std::runtime_error("no button is called " + automation::ToUtf8(text));
+  }
+  PostMessageW(search.found, BM_CLICK, 0, 0);
   Settle();
 }
 
+// As the keyboard's layout makes it of the two keys.
 void Person::PressAlt(wchar_t letter) {
   constexpr LPARAM kAltHeld = 1 << 29;
   PostMessageW(Focus(), WM_SYSCHAR, letter, kAltHeld);
@@ -141,10 +174,9 @@ HWND Person::Focus() const {
 }
 
 void Person::Settle() const {
+  ResetEvent(Dealt());
   PostThreadMessageW(screens_, Marker(), 0, 0);
-  if (WaitForSingleObject(MarkerSeen(), kTries * kBetweenTries) != WAIT_OBJECT_0) {
-    throw std::runtime_error("the screens take no messages");
-  }
+  AwaitDealt();
 }
 
 }  // namespace test_support

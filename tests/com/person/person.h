@@ -28,7 +28,9 @@ class Person {
   // Nullptr when there is none that is up and open to keys.
   HWND Find(std::wstring_view title) const;
   void Type(std::wstring_view text);
-  void Press(WPARAM key);
+  void Press(WORD key);
+  // A button of the window with the focus, by its text.
+  void Click(std::wstring_view text);
   // With Alt held: a mnemonic.
   void PressAlt(wchar_t letter);
   // Throws, with these words, when the screens are not so in time.

@@ -10,15 +10,15 @@
 namespace test_support {
 namespace {
 
-WPARAM KeyOf(std::string_view name) {
-  constexpr std::array<std::pair<std::string_view, WPARAM>, 8> kKeys = {{{"Enter", VK_RETURN},
-                                                                         {"Esc", VK_ESCAPE},
-                                                                         {"Tab", VK_TAB},
-                                                                         {"Up", VK_UP},
-                                                                         {"Down", VK_DOWN},
-                                                                         {"F9", VK_F9},
-                                                                         {"Delete", VK_DELETE},
-                                                                         {"Insert", VK_INSERT}}};
+WORD KeyOf(std::string_view name) {
+  constexpr std::array<std::pair<std::string_view, WORD>, 8> kKeys = {{{"Enter", VK_RETURN},
+                                                                       {"Esc", VK_ESCAPE},
+                                                                       {"Tab", VK_TAB},
+                                                                       {"Up", VK_UP},
+                                                                       {"Down", VK_DOWN},
+                                                                       {"F9", VK_F9},
+                                                                       {"Delete", VK_DELETE},
+                                                                       {"Insert", VK_INSERT}}};
   for (const auto& [known, key] : kKeys) {
     if (known == name) {
       return key;
@@ -41,6 +41,8 @@ void DoStep(Person& person, const std::string& line) {
     for (std::string key; keys >> key;) {
       person.Press(KeyOf(key));
     }
+  } else if (verb == "click") {
+    person.Click(wide);
   } else if (verb == "alt") {
     person.PressAlt(wide.at(0));
   } else if (verb == "shows") {

@@ -1,66 +1,162 @@
 // A client of the shipped component; a second thread is the person who finds its windows and presses keys in them.
 #include <gtest/gtest.h>
 
-#include "person/person.h"
+#include "automation/session_object.h"
+#include "person/steps.h"
+#include "practice/demo.h"
 #include "scripted_object.h"
 #include "support/component.h"
+#include "support/practice_host.h"
 
 namespace {
 
+using automation::CallArguments;
 using automation::ComPtr;
 using automation::Variant;
 using test_support::Person;
 using test_support::ScriptedObject;
 
-// A host's window, with an `hwnd`.
+// A host's window, with an `hwnd` and a field that the person was in.
 class Owner {
  public:
   Owner()
       : window_(CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300, nullptr,
-                                nullptr, GetModuleHandleW(nullptr), nullptr)) {
+                                nullptr, nullptr, nullptr)),
+        field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 200, 30, window_, nullptr, nullptr,
+                               nullptr)) {
     form_->Answer("hWnd", Variant::Of(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window_))));
+    SetForegroundWindow(window_);
+    SetFocus(field_);
   }
   Owner(const Owner&) = delete;
   Owner& operator=(const Owner&) = delete;
   ~Owner() { DestroyWindow(window_); }
 
   HWND Window() const { return window_; }
+  HWND Field() const { return field_; }
   IDispatch* Form() const { return form_.Get(); }
   ULONG References() const { return form_->References(); }
 
  private:
   HWND window_;
+  HWND field_;
   ComPtr<ScriptedObject> form_ = ScriptedObject::Make();
 };
 
+// Over a demo practice, whose session is handed to the component.
 class ScreensTest : public testing::Test {
  protected:
+  ScreensTest() : host(host::MakeDemo("sqlite::memory:", {.patients = 60, .password_cost = host::HashCost::Least})) {
+    NewScreen()->putref_PV(pv.Get());
+  }
+  ~ScreensTest() override {
+    NewScreen()->putref_PV(nullptr);
+    EXPECT_FALSE(component.InUse());
+  }
+
+  ComPtr<IEditingScreen> NewScreen() {
+    auto screen = component.Make<IEditingScreen, ::EditingScreen>();
+    screen->putref_frmOwner(owner.Form());
+    return screen;
+  }
+  ComPtr<ILookUpList> NewList() {
+    auto list = component.Make<ILookUpList, ::LookUpList>();
+    list->putref_frmOwner(owner.Form());
+    return list;
+  }
+  // The ID that comes back while somebody does the steps.
+  std::string EditPatient(const char* id, const char* steps) {
+    Person person([steps](Person& he) { Do(he, steps); });
+    Variant patient = Variant::Of(id);
+    EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&patient, nullptr, nullptr), S_OK);
+    EXPECT_EQ(person.Failure(), "");
+    return automation::ToText(patient);
+  }
+
+  test_support::PracticeHost host;
+  ComPtr<IDispatch> pv = host::MakeSessionObject(host.session);
   test_support::Component component{L"."};
   Owner owner;
 };
 
-TEST_F(ScreensTest, AsksBeforeTheOwnerAndGivesItBack) {
-  {
-    const auto screen = component.Make<IEditingScreen, ::EditingScreen>();
-    screen->putref_frmOwner(owner.Form());
-    HWND before = nullptr;
-    bool owner_enabled = true;
-    Person person([&](Person& he) {
-      HWND message = he.Await(L"TAVO Windows");
-      before = GetWindow(message, GW_OWNER);
-      owner_enabled = IsWindowEnabled(owner.Window()) != FALSE;
-      he.Press(VK_RETURN);
-    });
+TEST_F(ScreensTest, AddsAPatientByKeysAlone) {
+  const std::string id = EditPatient("NEW", R"(
+    await New Patient Information
+    type O'Hara
+    press Enter
+    type Zoë'; DROP TABLE PATable; 100%
+    press Enter
+    type f
+    press Enter Enter
+    type 010280
+    press Tab
+    alt o
+    await Save Changes
+    alt y
+  )");
+  EXPECT_EQ(host.Value("SELECT pLASNAM + '|' + pFIRNAM + '|' + pSEX + '|' + pTypPat FROM PATable WHERE pID=" + id),
+            "O'Hara|Zoë'; DROP TABLE PATable; 100%|F|1");
+  EXPECT_EQ(host.Value("SELECT pBIRDAT FROM PATable WHERE pID=" + id), "1980-01-02");
+  EXPECT_TRUE(IsWindowEnabled(owner.Window()));
+  EXPECT_EQ(GetFocus(), owner.Field());
+}
+
+TEST_F(ScreensTest, StandsBeforeTheOwner) {
+  HWND before = nullptr;
+  bool owner_enabled = true;
+  Person person([&](Person& he) {
+    before = GetWindow(he.Await(L"New Patient Information"), GW_OWNER);
+    owner_enabled = IsWindowEnabled(owner.Window()) != FALSE;
+    he.Press(VK_ESCAPE);
+  });
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_EQ(person.Failure(), "");
+  EXPECT_EQ(before, owner.Window());
+  EXPECT_FALSE(owner_enabled);
+}
+
+TEST_F(ScreensTest, OpensAScreenFromAnEventOfAList) {
+  const auto list = NewList();
+  ComPtr<IConnectionPoint> point;
+  list.As<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(DLookUpListEvents), point.Out());
+  const auto sink = ScriptedObject::Make();
+  sink->Answer("SwapModuleCalled", Variant());
+  sink->Add("ButtonClicked", [this](const CallArguments&) {
     Variant id = Variant::Of("NEW");
-    EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
-    EXPECT_EQ(person.Failure(), "");
-    EXPECT_EQ(before, owner.Window());
-    EXPECT_FALSE(owner_enabled);
-    EXPECT_TRUE(IsWindowEnabled(owner.Window()));
-    EXPECT_EQ(automation::ToText(id), "NEW");
-  }
-  EXPECT_EQ(owner.References(), 1U);
-  EXPECT_FALSE(component.InUse());
+    NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr);
+    return Variant();
+  });
+  sink->Answer("BeforePrint", Variant());
+  sink->Answer("AfterPrint", Variant());
+  sink->Add("CheckEvent", [](const CallArguments& arguments) {
+    automation::Assign(&arguments.At(0), Variant::Of(true));
+    return Variant();
+  });
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+
+  list->put_ListType(lulEmployee);
+  Person person([](Person& he) {
+    Do(he, R"(
+      await Employee List
+      click New
+      await New Patient Information
+      press Esc
+      gone New Patient Information
+      await Employee List
+      press Down Down Enter
+    )");
+  });
+  EXPECT_EQ(list->ShowList(VARIANT_FALSE, Variant()), S_OK);
+  EXPECT_EQ(person.Failure(), "");
+  ASSERT_EQ(sink->calls.size(), 2U);
+  EXPECT_TRUE(sink->calls[0].starts_with("ButtonClicked [New] ")) << sink->calls[0];
+  EXPECT_EQ(sink->calls[1], "CheckEvent [0]");
+  LONG chosen = 0;
+  list->get_SelectedID(&chosen);
+  EXPECT_NE(host.Value("SELECT COUNT(*) FROM PATable WHERE pTypEmp >= '1' AND pID=" + std::to_string(chosen)), "0");
+  point->Unadvise(cookie);
 }
 
 }  // namespace
