@@ -8,10 +8,6 @@
 #include "forms/dialog_buttons.h"
 #include "views/placing.h"
 
-#ifdef __WXMSW__
-#include <wx/msw/wrapwin.h>
-#endif
-
 namespace views {
 namespace {
 
@@ -56,8 +52,7 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
 }  // namespace
 
 FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places)
-    : wxDialog(parent, wxID_ANY, ToWx(form.Caption.get()), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+    : Dialog(parent, ToWx(form.Caption.get()), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       form_(form),
       pictures_(pictures),
       places_(places) {
@@ -117,13 +112,6 @@ void FormDialog::Run() {
   }
   SavePlace();
 }
-
-#ifdef __WXMSW__
-// A mnemonic is looked for in the whole window; the group that has the focus would take it, and know only its own.
-bool FormDialog::MSWTranslateMessage(WXMSG* message) {
-  return wxDialog::MSWTranslateMessage(message) || (message->message == WM_SYSCHAR && MSWProcessMessage(message));
-}
-#endif
 
 bool FormDialog::SyncFocus() {
   if (focus_set_) {

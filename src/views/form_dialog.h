@@ -1,7 +1,5 @@
 #pragma once
 
-#include <wx/dialog.h>
-
 #include <map>
 #include <memory>
 #include <utility>
@@ -10,13 +8,14 @@
 #include "forms/form.h"
 #include "session/session.h"
 #include "views/binding.h"
+#include "views/dialog.h"
 #include "views/pictures.h"
 
 namespace views {
 
 // The window of a form: title, focus, keys, idle work, closing, and the place that it had when it was last closed.
 // A view fills it with widgets, bound in the order in which a person tabs through them.
-class FormDialog : public wxDialog, private forms::FormObserver {
+class FormDialog : public Dialog, private forms::FormObserver {
  public:
   // `places` keeps where windows stood, by user; nullptr when nobody is logged in.
   FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
@@ -60,10 +59,6 @@ class FormDialog : public wxDialog, private forms::FormObserver {
   // While something modal stands before it, a dialog does no idle work and lets no time pass.
   void SetCovered(bool covered) { covered_ = covered; }
   bool Covered() const { return covered_; }
-
-#ifdef __WXMSW__
-  bool MSWTranslateMessage(WXMSG* message) override;
-#endif
 
  private:
   void FormChanged(forms::Aspect aspect) override;

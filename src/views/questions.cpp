@@ -75,7 +75,7 @@ wxSizer* MakeOkCancel(wxDialog& dialog) {
 }  // namespace
 
 MessageDialog::MessageDialog(wxWindow* parent, const forms::Message& message)
-    : wxDialog(parent, wxID_ANY, ToWx(message.title)),
+    : Dialog(parent, ToWx(message.title)),
       chosen_(std::ranges::find(message.buttons, forms::Answer::Cancel) != message.buttons.end()
                   ? forms::Answer::Cancel
                   : message.buttons.back()) {
@@ -122,7 +122,7 @@ MessageDialog::MessageDialog(wxWindow* parent, const forms::Message& message)
 }
 
 InputDialog::InputDialog(wxWindow* parent, const forms::InputBox& box)
-    : wxDialog(parent, wxID_ANY, ToWx(box.title)),
+    : Dialog(parent, ToWx(box.title)),
       text_(new wxTextCtrl(this, wxID_ANY, ToWx(box.text), wxDefaultPosition, wxDefaultSize,
                            box.masked ? wxTE_PASSWORD : 0)) {
   SizeField(*text_, kWrapCharacters * 3 / 4);
@@ -144,7 +144,7 @@ std::string InputDialog::Text() const {
 }
 
 CalendarDialog::CalendarDialog(wxWindow* parent, std::string_view title, std::chrono::year_month_day start)
-    : wxDialog(parent, wxID_ANY, ToWx(title)),
+    : Dialog(parent, ToWx(title)),
       calendar_(new wxCalendarCtrl(this, wxID_ANY,
                                    wxDateTime(static_cast<wxDateTime::wxDateTime_t>(static_cast<unsigned>(start.day())),
                                               static_cast<wxDateTime::Month>(static_cast<unsigned>(start.month()) - 1),

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <wx/calctrl.h>
-#include <wx/dialog.h>
 
 #include <chrono>
 #include <optional>
@@ -9,13 +8,14 @@
 #include <string_view>
 
 #include "forms/user.h"
+#include "views/dialog.h"
 
 class wxTextCtrl;
 
 namespace views {
 
 // A message box with the buttons' own captions. Long text wraps, and very long text scrolls.
-class MessageDialog : public wxDialog {
+class MessageDialog : public Dialog {
  public:
   MessageDialog(wxWindow* parent, const forms::Message& message);
 
@@ -27,7 +27,7 @@ class MessageDialog : public wxDialog {
 };
 
 // A prompt and a field under it; `ShowModal` gives wxID_OK or wxID_CANCEL.
-class InputDialog : public wxDialog {
+class InputDialog : public Dialog {
  public:
   InputDialog(wxWindow* parent, const forms::InputBox& box);
 
@@ -38,7 +38,7 @@ class InputDialog : public wxDialog {
 };
 
 // A month to choose a day from; `ShowModal` gives wxID_OK or wxID_CANCEL.
-class CalendarDialog : public wxDialog {
+class CalendarDialog : public Dialog {
  public:
   CalendarDialog(wxWindow* parent, std::string_view title, std::chrono::year_month_day start);
 
