@@ -1,6 +1,6 @@
-// A host in C++, compiled against the component's type library: it hands its session over, listens to the list's
-// events, adds a patient and shows a list. TWSESC22.dll and practice_host.dll are registered; the latter stands for
-// the suite's own session, with a demo practice in the current folder.
+// A host in C++, compiled against the component's type library: it hands its session over, adds a patient and shows a
+// list, both before its own window, and hears the list's events. TWSESC22.dll and practice_host.dll are registered; the
+// latter stands for the suite's own session, with a demo practice in the current folder.
 #include <windows.h>
 
 #include <ocidl.h>
@@ -68,35 +68,69 @@ IDispatch* LogIn() {
   return V_DISPATCH(&session);
 }
 
-// Hears the events of a list. It lives as long as the list does.
-class ListEvents : public IDispatch {
+// What this host gives to the component: it lives on the stack, longer than the component holds it.
+class HostObject : public IDispatch {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (id != IID_IUnknown && id != IID_IDispatch && id != __uuidof(DLookUpListEvents)) {
-      *object = nullptr;
-      return E_NOINTERFACE;
-    }
-    *object = this;
-    return S_OK;
+    *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
+    return *object == nullptr ? E_NOINTERFACE : S_OK;
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+    *count = 0;
+    return S_OK;
+  }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return DISP_E_UNKNOWNNAME;
+  }
+};
 
+// The host's window, which tells its handle by the name "hwnd".
+class MainForm : public HostObject {
+ public:
+  MainForm() = default;
+  MainForm(const MainForm&) = delete;
+  MainForm& operator=(const MainForm&) = delete;
+  ~MainForm() { DestroyWindow(window_); }
+
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* id) override {
+    *id = lstrcmpiW(names[0], L"hwnd") == 0 ? kHwnd : DISPID_UNKNOWN;
+    return *id == kHwnd ? S_OK : DISP_E_UNKNOWNNAME;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value, EXCEPINFO*,
+                                   UINT*) override {
+    if (member != kHwnd || value == nullptr) {
+      return DISP_E_MEMBERNOTFOUND;
+    }
+    V_VT(value) = VT_I4;
+    V_I4(value) = static_cast<LONG>(reinterpret_cast<LONG_PTR>(window_));
+    return S_OK;
+  }
+
+ private:
+  static constexpr DISPID kHwnd = 1;
+
+  HWND window_ = CreateWindowExW(0, L"STATIC", L"The practice", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 600,
+                                 nullptr, nullptr, nullptr, nullptr);
+};
+
+// Hears the events of a list.
+class ListEvents : public HostObject {
+ public:
   // The arguments come last first.
   HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,
                                    UINT*) override {
     switch (event) {
       case 1:  // SwapModuleCalled(Whereto, Designation_String)
-        std::printf("go to %ls of %ls\n", V_BSTR(&given->rgvarg[1]), V_BSTR(&given->rgvarg[0]));
+        std::printf("go to: %ls of person %ls\n", V_BSTR(&given->rgvarg[1]), V_BSTR(&given->rgvarg[0]));
         break;
       case 2:  // ButtonClicked(ButtonKey, CurrentID)
-        std::printf("clicked: %ls\n", V_BSTR(&given->rgvarg[1]));
+        std::printf("clicked: %ls on %ld\n", V_BSTR(&given->rgvarg[1]), V_I4(&given->rgvarg[0]));
         last_button_ = V_BSTR(&given->rgvarg[1]);
         break;
-      case 5:  // CheckEvent(bHandled): this host shows notes in a window of its own
+      case 5:  // CheckEvent(bHandled): this host shows notes itself, over the list that stays open
         *V_BOOLREF(&given->rgvarg[0]) = last_button_ == L"Notes" ? VARIANT_TRUE : VARIANT_FALSE;
         break;
       default:
@@ -116,8 +150,9 @@ Interface* Make(const CLSID& id) {
   return made;
 }
 
-void AddPatient() {
+void AddPatient(MainForm& form) {
   auto* screens = Make<IEditingScreen>(__uuidof(EditingScreen));
+  Check(screens->putref_frmOwner(&form));
   VARIANT id = Text(L"NEW");
   VARIANT name = Text(L"Smith, Jane");
   VARIANT book;
@@ -134,8 +169,9 @@ void AddPatient() {
   screens->Release();
 }
 
-void ChooseEmployee() {
+void ChooseEmployee(MainForm& form) {
   auto* list = Make<ILookUpList>(__uuidof(LookUpList));
+  Check(list->putref_frmOwner(&form));
   IConnectionPointContainer* container = nullptr;
   IConnectionPoint* point = nullptr;
   Check(list->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(&container)));
@@ -144,16 +180,25 @@ void ChooseEmployee() {
   DWORD connection = 0;
   Check(point->Advise(&events, &connection));
 
-  list->put_ListType(lulEmployee);
-  list->put_ShowPatientButtons(VARIANT_TRUE);
-  VARIANT no_owner;
-  V_VT(&no_owner) = VT_ERROR;
-  V_ERROR(&no_owner) = DISP_E_PARAMNOTFOUND;
-  Check(list->ShowList(VARIANT_FALSE, no_owner));
-  BSTR chosen = nullptr;
-  list->get_Select_String(&chosen);
-  std::printf("chosen: %ls\n", chosen == nullptr ? L"" : chosen);
-  SysFreeString(chosen);
+  Check(list->put_ListType(lulEmployee));
+  BSTR title = SysAllocString(L"Who takes the call?");
+  Check(list->put_ListTitle(title));
+  SysFreeString(title);
+  Check(list->put_ShowPatientButtons(VARIANT_TRUE));
+  VARIANT left_out;
+  V_VT(&left_out) = VT_ERROR;
+  V_ERROR(&left_out) = DISP_E_PARAMNOTFOUND;
+  Check(list->ShowList(VARIANT_FALSE, left_out));
+  LONG id = 0;
+  BSTR name = nullptr;
+  Check(list->get_SelectedID(&id));
+  Check(list->get_Select_String(&name));
+  if (id != 0) {
+    std::printf("chosen: %ld, %ls\n", id, name);
+  } else {
+    std::printf("nobody was chosen\n");
+  }
+  SysFreeString(name);
 
   point->Unadvise(connection);
   point->Release();
@@ -162,12 +207,16 @@ void ChooseEmployee() {
 }
 
 void Run() {
+  MainForm form;
   IDispatch* session = LogIn();
-  auto* slots = Make<IGlobal>(__uuidof(LookUpList));
-  slots->putref_PV(session);  // for every object of the component
-  AddPatient();
-  ChooseEmployee();
-  slots->putref_PV(nullptr);
+  auto* any = Make<ILookUpList>(__uuidof(LookUpList));
+  IGlobal* slots = nullptr;
+  Check(any->QueryInterface(__uuidof(IGlobal), reinterpret_cast<void**>(&slots)));
+  any->Release();
+  Check(slots->putref_PV(session));  // for every object of the component
+  AddPatient(form);
+  ChooseEmployee(form);
+  Check(slots->putref_PV(nullptr));
   slots->Release();
   session->Release();
 }

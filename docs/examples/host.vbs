@@ -1,6 +1,7 @@
 ' A host in a script: it hands its session to the component, adds a patient and shows a list. Run it with
 ' "cscript //nologo host.vbs" where TWSESC22.dll and practice_host.dll are registered; the latter stands for the
-' suite's own database, with a demo practice in the current folder.
+' suite's own database, with a demo practice in the current folder. It has no window that could be frmOwner, and hears
+' no events; host.cpp does both.
 Option Explicit
 
 ' --- The session, as the component calls it (PV). A suite answers from its own settings, logs and locks.
@@ -107,13 +108,14 @@ Set screens = CreateObject("twSimpleEditScreens.EditingScreen")
 Set screens.PV = pv
 id = "NEW"
 book = True ' offers to book an appointment
-screens.Load_PatInfo_Small id, "Smith, John", book
+screens.Load_PatInfo_Small id, "Smith, John", book ' id and book come back
 If id = "NEW" Then
   WScript.Echo "no patient was added"
 Else
   Dim row
   Set row = pv.Connection.Execute("SELECT pLASNAM, pFIRNAM, pADD1 FROM PATable WHERE pID = " & id)
   WScript.Echo "added: " & row("pFIRNAM") & " " & row("pLASNAM") & ", " & row("pADD1")
+  If book Then WScript.Echo "to be booked"
 End If
 
 ' --- A list
@@ -123,7 +125,7 @@ Dim list
 Set list = CreateObject("twSimpleEditScreens.LookUpList")
 list.ListType = lulEmployee
 list.ListTitle = "Who takes the call?"
-list.ShowList
+list.ShowList ' its arguments are left out
 If list.SelectedID = 0 Then
   WScript.Echo "nobody was chosen"
 Else

@@ -15,7 +15,7 @@ constexpr DWORD kBetweenTries = 10;  // milliseconds
 // Set when the screens take the end of a keystroke, or the marker, from their queue: they have dealt with everything
 // before it.
 HANDLE Dealt() {
-  static const HANDLE dealt = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  static HANDLE dealt = CreateEventW(nullptr, FALSE, FALSE, nullptr);
   return dealt;
 }
 
@@ -91,14 +91,22 @@ Person::Person(std::function<void(Person&)> work)
           PostThreadMessageW(screens_, WM_QUIT, 0, 0);
         }
         UnhookWindowsHookEx(hook);
+        SetEvent(ended_);
       }) {}
 
 Person::~Person() {
   Failure();
+  CloseHandle(ended_);
 }
 
 std::string Person::Failure() {
   if (thread_.joinable()) {
+    while (MsgWaitForMultipleObjects(1, &ended_, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
+      MSG message;
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        DispatchMessageW(&message);
+      }
+    }
     thread_.join();
   }
   return failure_;

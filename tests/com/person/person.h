@@ -19,7 +19,8 @@ class Person {
   Person& operator=(const Person&) = delete;
   ~Person();
 
-  // Waits for the end of the work; what went wrong, empty when nothing did.
+  // Waits for the end of the work, and takes messages as a host's own loop does; what went wrong, empty when nothing
+  // did. For the screens' thread.
   std::string Failure();
 
   // --- For the work; each waits until the screens have dealt with it.
@@ -44,6 +45,7 @@ class Person {
 
   DWORD screens_;  // a thread
   std::string failure_;
+  HANDLE ended_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   std::thread thread_;
 };
 
