@@ -1,5 +1,7 @@
 #include "views/binding.h"
 
+#include <wx/textctrl.h>
+
 #include "views/form_dialog.h"
 
 namespace views {
@@ -35,6 +37,13 @@ Binding::~Binding() {
 
 FormDialog& Binding::Dialog() const {
   return FormDialog::Of(widget_);
+}
+
+void Binding::TakeFocus() const {
+  FocusWidget().SetFocus();
+  if (auto* text = dynamic_cast<wxTextCtrl*>(&FocusWidget()); text != nullptr && text->IsSingleLine()) {
+    text->SelectAll();
+  }
 }
 
 void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) {

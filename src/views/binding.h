@@ -31,8 +31,10 @@ class Binding : public forms::ControlObserver {
   wxWindow& Widget() const { return widget_; }
   FormDialog& Dialog() const;
 
-  // Where the focus goes when a rule gives it to the control.
+  // What the keyboard's focus goes to.
   virtual wxWindow& FocusWidget() const { return widget_; }
+  // The text of a single line is then selected, as the Tab key does.
+  void TakeFocus() const;
   // The widget has its own use for a key that no rule took.
   virtual bool Uses(forms::Key /*key*/) const { return false; }
 

@@ -193,7 +193,7 @@ void FormDialog::ToNextField(const Binding& from) {
     const forms::Control& control = binding->Control();
     const bool closing = dynamic_cast<const forms::DialogButtons*>(control.Container) != nullptr;
     if (behind && (IsField(control) || (closing && control.Usable()))) {
-      binding->FocusWidget().SetFocus();
+      binding->TakeFocus();
       return;
     }
     behind = behind || binding.get() == &from;
@@ -205,7 +205,7 @@ void FormDialog::ShowFocus() {
   const forms::Control* active = form_.ActiveControl();
   Binding* binding = active == nullptr ? nullptr : Find(*active);
   if (binding != nullptr && binding != Focused() && active->Usable()) {
-    binding->FocusWidget().SetFocus();
+    binding->TakeFocus();
   }
 }
 

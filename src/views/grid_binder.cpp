@@ -213,7 +213,7 @@ class GridBinding : public Binding {
         ApplyFilters();
       } else if (key == WXK_DOWN) {
         ApplyFilters();
-        FocusWidget().SetFocus();
+        TakeFocus();
         grid_.DoRow(std::max(0, grid_.Row.get()));
       } else {
         event.Skip();

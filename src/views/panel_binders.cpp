@@ -47,7 +47,7 @@ class DropBinding : public Binding {
     if (event.GetKeyCode() != WXK_TAB || under == nullptr) {
       event.Skip();
     } else if (event.ShiftDown()) {
-      under->FocusWidget().SetFocus();
+      under->TakeFocus();
     } else {
       Dialog().ToNextField(*under);
     }

@@ -2,6 +2,7 @@
 // thread, and stays until the process ends: it cannot be taken down while the host goes on, so that the library is
 // then kept loaded.
 #include <wx/app.h>
+#include <wx/evtloop.h>
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
@@ -81,6 +82,10 @@ class QuitWatch {
     if (code == HC_ACTION && removed == PM_REMOVE && seen.message == WM_QUIT) {
       told = true;
       exit_code = static_cast<int>(seen.wParam);
+      // By itself the toolkit's loop would end, but leave the windows around it disabled.
+      if (wxEventLoopBase* loop = wxEventLoopBase::GetActive(); loop != nullptr) {
+        loop->ScheduleExit();
+      }
     }
     return CallNextHookEx(nullptr, code, removed, message);
   }

@@ -16,6 +16,19 @@ using automation::Variant;
 using test_support::Person;
 using test_support::ScriptedObject;
 
+constexpr int kRounds = 20;
+
+BOOL CALLBACK CountWindow(HWND, LPARAM count) {
+  ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
+int WindowsOfThisThread() {
+  int count = 0;
+  EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
 // A host's window, with an `hwnd` and a field that the person was in.
 class Owner {
  public:
@@ -99,6 +112,90 @@ TEST_F(ScreensTest, AddsAPatientByKeysAlone) {
   EXPECT_EQ(host.Value("SELECT pBIRDAT FROM PATable WHERE pID=" + id), "1980-01-02");
   EXPECT_TRUE(IsWindowEnabled(owner.Window()));
   EXPECT_EQ(GetFocus(), owner.Field());
+}
+
+TEST_F(ScreensTest, KeepsTheTypingThatItRefuses) {
+  const std::string id = EditPatient("NEW", R"(
+    await New Patient Information
+    type Jones
+    press Tab Tab
+    type x
+    press Tab
+    await TAVO Windows
+    press Enter
+    await New Patient Information
+    shows X
+    type m
+    press Tab
+    alt o
+    await Save Changes
+    alt y
+  )");
+  EXPECT_EQ(host.Value("SELECT pLASNAM + '|' + pSEX FROM PATable WHERE pID=" + id), "Jones|M");
+}
+
+TEST_F(ScreensTest, WritesNothingWhenCancelled) {
+  const char* const rows = "SELECT COUNT(*) FROM PATable WHERE pLASNAM='Jones'";
+  EXPECT_EQ(EditPatient("NEW", R"(
+    await New Patient Information
+    type Jones
+    press Esc
+    await TAVO Windows
+    press Esc
+    await New Patient Information
+    shows Jones
+    press Esc
+    await TAVO Windows
+    alt n
+  )"),
+            "NEW");
+  EXPECT_EQ(host.Value(rows), "0");
+
+  const std::string id = host.Value("SELECT MIN(pID) FROM PATable WHERE pTypPat='1'");
+  EXPECT_EQ(EditPatient(id.c_str(), R"(
+    await Patient Information
+    type Jones
+    press Esc
+    await TAVO Windows
+    alt n
+  )"),
+            id);
+  EXPECT_EQ(host.Value(rows), "0");
+  EXPECT_EQ(host.Value("SELECT COUNT(*) FROM RecordLockTable"), "0");
+}
+
+// A host that ends while a screen is open: the screen goes, and the host's own loop hears of it.
+TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
+  constexpr WPARAM kExitCode = 7;
+  Person person([screens = GetCurrentThreadId()](Person& he) {
+    Do(he, "await New Patient Information\ntype Jones");
+    PostThreadMessageW(screens, WM_QUIT, kExitCode, 0);
+  });
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_EQ(person.Failure(), "");
+  MSG message{};
+  EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), FALSE);
+  EXPECT_EQ(message.wParam, kExitCode);
+  EXPECT_TRUE(IsWindowEnabled(owner.Window()));
+}
+
+TEST_F(ScreensTest, HoldsNothingAfterManyScreens) {
+  const auto references = [this] {
+    pv.Get()->AddRef();
+    return pv.Get()->Release();
+  };
+  const ULONG before = references();
+  int windows = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    EXPECT_EQ(EditPatient("NEW", "await New Patient Information\npress Esc"), "NEW");
+    if (round == 0) {
+      windows = WindowsOfThisThread();
+    }
+  }
+  EXPECT_EQ(references(), before);
+  EXPECT_EQ(owner.References(), 1U);
+  EXPECT_EQ(WindowsOfThisThread(), windows);
 }
 
 TEST_F(ScreensTest, StandsBeforeTheOwner) {
