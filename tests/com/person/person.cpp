@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <stdexcept>
 
 #include "automation/wide_text.h"
@@ -101,13 +102,20 @@ Person::~Person() {
 
 std::string Person::Failure() {
   if (thread_.joinable()) {
+    std::optional<int> told_to_end;
     while (MsgWaitForMultipleObjects(1, &ended_, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
       MSG message;
       while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+          told_to_end = static_cast<int>(message.wParam);
+        }
         DispatchMessageW(&message);
       }
     }
     thread_.join();
+    if (told_to_end) {
+      PostQuitMessage(*told_to_end);
+    }
   }
   return failure_;
 }
@@ -140,10 +148,10 @@ void Person::Press(WORD key) {
 
 void Person::Click(std::wstring_view text) {
   Search search{text};
-  EnumChildWindows(GetAncestor(Focus(), GA_ROOT), Look, reinterpret_cast<LPARAM>(&search));
-  if (search.found == nullptr) {
-    throw std::runtime_error("no button is called " + automation::ToUtf8(text));
-  }
+  AwaitThat(("a button called " + automation::ToUtf8(text)).c_str(), [&] {
+    EnumChildWindows(GetAncestor(Focus(), GA_ROOT), Look, reinterpret_cast<LPARAM>(&search));
+    return search.found != nullptr;
+  });
   PostMessageW(search.found, BM_CLICK, 0, 0);
   Settle();
 }

@@ -175,7 +175,9 @@ TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
   EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
   EXPECT_EQ(person.Failure(), "");
   MSG message{};
-  EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), FALSE);
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) {
+  }
+  EXPECT_EQ(message.message, WM_QUIT);
   EXPECT_EQ(message.wParam, kExitCode);
   EXPECT_TRUE(IsWindowEnabled(owner.Window()));
 }
