@@ -12,6 +12,15 @@ using automation::ToInt;
 using automation::ToText;
 using automation::Variant;
 
+namespace {
+
+// A host's variable that nothing was put into is as good as none.
+bool IsLeftOut(const VARIANT* argument) {
+  return IsMissing(argument) || session::IsNull(automation::ToValue(*argument));
+}
+
+}  // namespace
+
 std::string TextOf(const VARIANT* argument) {
   return IsMissing(argument) ? std::string() : ToText(*argument);
 }
@@ -25,7 +34,7 @@ bool BoolOf(const VARIANT* argument) {
 }
 
 double DoubleOf(const VARIANT* argument) {
-  if (IsMissing(argument)) {
+  if (IsLeftOut(argument)) {
     return 0;
   }
   const Variant number = ChangeType(*argument, VT_R8);
@@ -33,7 +42,7 @@ double DoubleOf(const VARIANT* argument) {
 }
 
 forms::Currency CurrencyOf(const VARIANT* argument) {
-  if (IsMissing(argument)) {
+  if (IsLeftOut(argument)) {
     return {};
   }
   const Variant amount = ChangeType(*argument, VT_CY);
@@ -46,7 +55,7 @@ void AssignBool(VARIANT* argument, bool value) {
 
 IdArgument::IdArgument(VARIANT* argument)
     : argument_(argument),
-      given_(IsMissing(argument) ? std::string(session::kNew) : ToText(*argument)),
+      given_(IsLeftOut(argument) ? std::string(session::kNew) : ToText(*argument)),
       text_(given_) {}
 
 void IdArgument::Return() const {

@@ -10,8 +10,8 @@
 #include "automation/variant.h"
 #include "forms/currency.h"
 
-// By-reference arguments as the screens take them. One that was left out is empty, 0 or False; a record ID that was
-// left out asks for a new record.
+// By-reference arguments as the screens take them. One that was left out, or holds Empty or Null, is empty, 0 or False;
+// in a record ID's place it asks for a new record. An empty text is handed on as it is.
 namespace com {
 
 std::string TextOf(const VARIANT* argument);

@@ -25,7 +25,36 @@ TEST(IdArgument, ComesBackAsANumberOnlyWhenItChanged) {
   closed.Text() = "CANCEL_AND_CLOSE";
   closed.Return();
   EXPECT_EQ(ToText(id), "CANCEL_AND_CLOSE");
-  EXPECT_EQ(IdArgument(nullptr).Text(), "NEW");
+}
+
+TEST(IdArgument, AsksForANewRecordWhenTheHostGaveNone) {
+  Variant empty;
+  Variant null = automation::ToVariant(session::Value());
+  Variant left_out;
+  V_VT(&left_out) = VT_ERROR;
+  V_ERROR(&left_out) = DISP_E_PARAMNOTFOUND;
+  Variant reference;
+  V_VT(&reference) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&reference) = &empty;
+  for (VARIANT* argument : {static_cast<VARIANT*>(nullptr), static_cast<VARIANT*>(&left_out),
+                            static_cast<VARIANT*>(&null), static_cast<VARIANT*>(&reference)}) {
+    EXPECT_EQ(IdArgument(argument).Text(), "NEW");
+  }
+  Variant text = Variant::Of("");
+  EXPECT_EQ(IdArgument(&text).Text(), "");
+
+  IdArgument(&reference).Return();
+  EXPECT_EQ(V_VT(&empty), VT_EMPTY);
+  IdArgument saved(&reference);
+  saved.Text() = "13";
+  saved.Return();
+  EXPECT_EQ(ToInt(empty), 13);
+}
+
+TEST(Arguments, AreNoughtWhereTheHostGaveNone) {
+  const Variant null = automation::ToVariant(session::Value());
+  EXPECT_EQ(DoubleOf(&null), 0);
+  EXPECT_EQ(CurrencyOf(&null), forms::Currency());
 }
 
 }  // namespace
