@@ -17,6 +17,8 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
+#include "automation/module.h"
+#include "automation/server_library.h"
 #include "automation/session_object.h"
 #include "automation/variant.h"
 #include "automation/wide_text.h"
@@ -46,10 +48,8 @@ std::int64_t Microseconds() {
   return now.QuadPart * 1000000 / second.QuadPart;
 }
 
-std::filesystem::path Beside(const wchar_t* file) {
-  std::wstring program(MAX_PATH, L'\0');
-  program.resize(GetModuleFileNameW(nullptr, program.data(), MAX_PATH));
-  return std::filesystem::path(program).replace_filename(file);
+std::wstring Beside(const wchar_t* file) {
+  return automation::ModuleFolder() + L'\\' + file;
 }
 
 BOOL CALLBACK FindShown(HWND window, LPARAM found) {
@@ -88,28 +88,16 @@ class FirstWindow {
   std::jthread thread_{[this, screens = GetCurrentThreadId()](const std::stop_token& stop) { Watch(stop, screens); }};
 };
 
-HMODULE Load(const wchar_t* file) {
-  HMODULE library = LoadLibraryW(Beside(file).c_str());
-  Check(library == nullptr ? HRESULT_FROM_WIN32(GetLastError()) : S_OK);
-  return library;
-}
-
-template <typename Function>
-Function Find(HMODULE library, const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
-}
-
 void ShowBare(int rows) {
-  HMODULE library = Load(kBare);
-  Find<void (*)(HINSTANCE, int)>(library, "ShowBareDialog")(library, rows);
+  HMODULE library = LoadLibraryW(Beside(kBare).c_str());
+  Check(library == nullptr ? HRESULT_FROM_WIN32(GetLastError()) : S_OK);
+  using Show = void (*)(HINSTANCE, int);
+  reinterpret_cast<Show>(reinterpret_cast<void*>(GetProcAddress(library, "ShowBareDialog")))(library, rows);
 }
 
 void ShowPatient(IDispatch* pv) {
-  ComPtr<IClassFactory> factory;
-  Check(Find<HRESULT(STDAPICALLTYPE*)(REFIID, REFIID, void**)>(Load(kComponent), "DllGetClassObject")(
-      __uuidof(EditingScreen), IID_IClassFactory, factory.OutVoid()));
-  ComPtr<IEditingScreen> screens;
-  Check(factory->CreateInstance(nullptr, __uuidof(IEditingScreen), screens.OutVoid()));
+  const automation::ServerLibrary component(Beside(kComponent));
+  const auto screens = component.Make<IEditingScreen, EditingScreen>();
   Check(screens->putref_PV(pv));
   Variant id = Variant::Of("NEW");
   Check(screens->Load_PatInfo_Small(&id, nullptr, nullptr));
@@ -140,7 +128,7 @@ std::int64_t InFreshProcess(const std::string& what) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  std::wstring line = L"\"" + Beside(L"first_screen_bench.exe").wstring() + L"\" " + automation::ToWide(what);
+  std::wstring line = L"\"" + automation::ModulePath() + L"\" " + automation::ToWide(what);
   Check(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) == FALSE
             ? HRESULT_FROM_WIN32(GetLastError())
             : S_OK);
