@@ -9,6 +9,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <memory>
+
 namespace {
 
 class BareApp : public wxApp {
@@ -30,14 +32,14 @@ extern "C" __declspec(dllexport) void ShowBareDialog(HINSTANCE library, int rows
     return;
   }
   wxDialog dialog(nullptr, wxID_ANY, "Bare");
-  auto* fields = new wxFlexGridSizer(3);
+  auto fields = std::make_unique<wxFlexGridSizer>(3);
   for (int row = 0; row < rows; ++row) {
     fields->Add(new wxStaticText(&dialog, wxID_ANY, wxString::Format("Field %d", row)));
     fields->Add(new wxTextCtrl(&dialog, wxID_ANY, wxString::Format("%d", row)));
     fields->Add(new wxButton(&dialog, wxID_ANY, "..."));
   }
   if (rows > 0) {
-    dialog.SetSizerAndFit(fields);
+    dialog.SetSizerAndFit(fields.release());
   }
   dialog.ShowModal();
 }

@@ -56,7 +56,7 @@ BOOL CALLBACK FindShown(HWND window, LPARAM found) {
   if (IsWindowVisible(window) == FALSE) {
     return TRUE;
   }
-  *reinterpret_cast<HWND*>(found) = window;
+  *reinterpret_cast<HWND*>(found) = window;  // NOLINT(performance-no-int-to-ptr): Windows hands pointers on as numbers
   return FALSE;
 }
 

@@ -98,28 +98,32 @@ class QuitWatch {
 // Windows that are made while it lives have controls with visual styles, as the library's manifest asks.
 class VisualStyles {
  public:
-  VisualStyles() {
-    ACTCTXW of_library{};
-    of_library.cbSize = sizeof of_library;
-    of_library.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-    of_library.hModule = automation::Module();
-    of_library.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
-    context_ = CreateActCtxW(&of_library);
-    active_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
-  }
+  VisualStyles()
+      : context_(Context()), active_(context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE) {}
   VisualStyles(const VisualStyles&) = delete;
   VisualStyles& operator=(const VisualStyles&) = delete;
   ~VisualStyles() {
     if (active_) {
       DeactivateActCtx(0, cookie_);
+    }
+    if (context_ != INVALID_HANDLE_VALUE) {
       ReleaseActCtx(context_);
     }
   }
 
  private:
-  HANDLE context_ = INVALID_HANDLE_VALUE;
+  static HANDLE Context() {
+    ACTCTXW of_library{};
+    of_library.cbSize = sizeof of_library;
+    of_library.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    of_library.hModule = automation::Module();
+    of_library.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
+    return CreateActCtxW(&of_library);
+  }
+
+  HANDLE context_;
   ULONG_PTR cookie_ = 0;
-  bool active_ = false;
+  bool active_;
 };
 
 // A host's call that is under way.

@@ -62,7 +62,7 @@ class ScreensTest : public testing::Test {
   ScreensTest() : host(host::MakeDemo("sqlite::memory:", {.patients = 60, .password_cost = host::HashCost::Least})) {
     NewScreen()->putref_PV(pv.Get());
   }
-  ~ScreensTest() override {
+  void TearDown() override {
     NewScreen()->putref_PV(nullptr);
     EXPECT_FALSE(component.InUse());
   }
