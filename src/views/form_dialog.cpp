@@ -244,12 +244,15 @@ void FormDialog::RestorePlace() {
   const wxPoint corner = FromDIP(wxPoint(static_cast<int>(numbers[0]), static_cast<int>(numbers[1])));
   wxSize size = FromDIP(wxSize(static_cast<int>(numbers[2]), static_cast<int>(numbers[3])));
   size.IncTo(GetMinSize());
-  if (wxDisplay::GetFromPoint(corner) == wxNOT_FOUND) {
-    SetSize(size);
+  const int display = wxDisplay::GetFromPoint(corner);
+  SetSize(size);
+  if (display == wxNOT_FOUND) {
     PlaceInMiddle(*this);
-  } else {
-    SetSize(wxRect(corner, size));
+    return;
   }
+  const wxRect room = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
+  Move(std::max(room.x, std::min(corner.x, room.GetRight() + 1 - size.x)),
+       std::max(room.y, std::min(corner.y, room.GetBottom() + 1 - size.y)));
 }
 
 void FormDialog::SavePlace() {
