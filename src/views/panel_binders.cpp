@@ -5,8 +5,24 @@
 
 #include "views/form_dialog.h"
 
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
 namespace views {
 namespace {
+
+// On Windows what is beside the panel, and in its way, would paint over it.
+void KeepBehind(const wxWindow& panel) {
+#ifdef __WXMSW__
+  for (const wxWindow* beside : panel.GetParent()->GetChildren()) {
+    SetWindowLongPtrW(beside->GetHandle(), GWL_STYLE,
+                      GetWindowLongPtrW(beside->GetHandle(), GWL_STYLE) | WS_CLIPSIBLINGS);
+  }
+#else
+  (void)panel;
+#endif
+}
 
 class DropBinding : public Binding {
  public:
@@ -36,6 +52,8 @@ class DropBinding : public Binding {
     }
     corner.x = std::max(0, std::min(corner.x, room.x - panel.GetSize().x));
     if (panel.GetPosition() != corner) {
+      KeepBehind(panel);
+      panel.GetParent()->RefreshRect(panel.GetRect());
       panel.Move(corner);
       panel.Raise();
     }
