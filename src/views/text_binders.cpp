@@ -159,9 +159,13 @@ int FieldWidth(const wxWindow& window, int characters) {
   return window.GetTextExtent(wxString('0', static_cast<std::size_t>(characters))).x;
 }
 
+// GTK's own height does not follow the size of the text.
 void SizeField(wxTextCtrl& field, int characters) {
-  const int width = field.GetSizeFromTextSize(FieldWidth(field, characters)).x;
-  field.SetInitialSize(wxSize(width, field.GetCharHeight() + field.FromDIP(10)));
+  wxSize size = field.GetSizeFromTextSize(FieldWidth(field, characters));
+#ifndef __WXMSW__  // there the text stays at the upper edge of a field that is higher than it has to be
+  size.y = field.GetCharHeight() + field.FromDIP(10);
+#endif
+  field.SetInitialSize(size);
 }
 
 wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines) {

@@ -17,7 +17,7 @@ wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control);
 
 // The width of so many digits in a window's own font.
 int FieldWidth(const wxWindow& window, int characters);
-// Makes a field that wide, and one line high: the toolkit's own height does not follow the size of the text.
+// Makes a field that wide, and one line high.
 void SizeField(wxTextCtrl& field, int characters);
 
 }  // namespace views
