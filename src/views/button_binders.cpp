@@ -20,6 +20,7 @@ class ButtonPicture {
     shown_ = control.Picture;
     if (const wxBitmapBundle picture = pictures.Find(shown_); picture.IsOk()) {
       widget.SetBitmap(picture, widget.GetLabel().empty() ? wxLEFT : wxTOP);
+      widget.SetBitmapMargins(widget.FromDIP(wxSize(6, 4)));
     }
   }
 
@@ -166,7 +167,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
 }
 
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands) {
-  auto* button = new wxButton(parent, wxID_ANY, caption);
+  auto* button = new wxButton(parent, wxID_ANY, caption + ToWx(" \u25BE"));
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   KeepOutOfTabOrder(*button);
   button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {

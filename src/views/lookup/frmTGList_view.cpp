@@ -15,9 +15,10 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   auto* page = new wxBoxSizer(wxVERTICAL);
 
   auto* commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->AddSpacer(gap / 2);
   commands->Add(
       MakeMenuButton(&dialog, "L&ist", {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFileResDef, &form.MnuFileExit}),
-      wxSizerFlags().Expand());
+      wxSizerFlags().CenterVertical().Border(wxRIGHT, gap / 2));
   commands->Add(MakeToolBar(&dialog, form.ToolStrip), wxSizerFlags(1).Expand());
   page->Add(commands, wxSizerFlags().Expand().Border(wxALL, gap / 2));
   page->Add(MakeGrid(&dialog, form.DotNetGrid, 16), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
