@@ -199,6 +199,7 @@ class GridBinding : public Binding {
     const int height = filters_.empty() ? caption : caption + filters_.front()->GetMinSize().y + widget_.FromDIP(4);
     if (widget_.GetColLabelSize() != height) {
       widget_.SetColLabelSize(height);
+      widget_.SetColLabelAlignment(wxALIGN_LEFT, filters_.empty() ? wxALIGN_CENTRE : wxALIGN_TOP);
     }
     PlaceFilters();
   }
@@ -289,7 +290,6 @@ class GridBinding : public Binding {
 wxGrid* MakeGrid(wxWindow* parent, forms::Grid& control, int lines) {
   auto* grid = new wxGrid(parent, wxID_ANY);
   grid->HideRowLabels();
-  grid->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_TOP);
   grid->SetLabelFont(grid->GetFont());
   grid->SetDefaultCellFitMode(wxGridFitMode::Ellipsize());
   grid->SetDefaultRowSize(grid->GetCharHeight() + grid->FromDIP(8));
