@@ -5,6 +5,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/wupdlock.h>
 
 #include "views/binding.h"
 #include "views/text_binders.h"
@@ -39,8 +40,12 @@ CallPage::CallPage(wxWindow* parent, std::function<void(const std::string& outco
   outcome_ = new wxListCtrl(box->GetStaticBox(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT);
   outcome_->SetName("outcome");
   outcome_->AppendColumn("Name", wxLIST_FORMAT_LEFT, views::FieldWidth(*outcome_, 28));
-  outcome_->AppendColumn("Value", wxLIST_FORMAT_LEFT, views::FieldWidth(*outcome_, 40));
+  outcome_->AppendColumn("Value");
   outcome_->SetMinSize(wxSize(-1, outcome_->GetCharHeight() * 7));
+  outcome_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    outcome_->SetColumnWidth(1, outcome_->GetClientSize().x - outcome_->GetColumnWidth(0));
+  });
   box->Add(outcome_, wxSizerFlags(1).Expand().Border(wxALL, gap / 2));
   page->Add(box, wxSizerFlags(2).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   SetSizer(page);
@@ -48,6 +53,7 @@ CallPage::CallPage(wxWindow* parent, std::function<void(const std::string& outco
 
 void CallPage::Choose(const wxString& title, const entry::Dispatch& members, const std::string& method,
                       const entry::Arguments& preset) {
+  const wxWindowUpdateLocker whole(this);
   title_->SetLabelText(title);
   members_ = members;
   method_ = members_.Find(method);
@@ -67,9 +73,16 @@ void CallPage::Choose(const wxString& title, const entry::Dispatch& members, con
       properties_.push_back(MakeField(rows, name, property.get()));
     }
   }
-  fields_->SetSizer(rows);
+  auto* inside = new wxBoxSizer(wxVERTICAL);
+  inside->Add(rows, wxSizerFlags().Expand().Border(wxRIGHT, FromDIP(4)));
+  fields_->SetSizer(inside);
   fields_->FitInside();
   Layout();
+}
+
+void CallPage::ShowEvent(const std::string& event, const std::string& arguments) {
+  const bool leads_away = event == "SwapModuleCalled";
+  Add(event, leads_away ? arguments + " (a screen of the suite's own: it would come up here)" : arguments);
 }
 
 // A truth value is a box to tick; everything else is typed.

@@ -24,7 +24,7 @@ class CallPage : public wxPanel {
   void Choose(const wxString& title, const entry::Dispatch& members, const std::string& method,
               const entry::Arguments& preset);
   void Call();
-  void ShowEvent(const std::string& event, const std::string& arguments) { Add(event, arguments); }
+  void ShowEvent(const std::string& event, const std::string& arguments);
 
  private:
   struct Field {

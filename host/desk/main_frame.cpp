@@ -8,6 +8,7 @@
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <algorithm>
 #include <array>
 
 #include "people/name_entry.h"
@@ -35,6 +36,9 @@ wxString KindText(std::int32_t kind) {
 
 MainFrame::MainFrame(Desk& desk) : wxFrame(nullptr, wxID_ANY, "Practice Desk"), desk_(desk) {
   SetName("practice_desk");
+#ifdef __WXMSW__
+  SetIcons(wxIconBundle("a_practice_desk", nullptr));
+#endif
   MakeCommands();
   auto* page = new wxPanel(this);
   page->SetName("page");
@@ -46,6 +50,16 @@ MainFrame::MainFrame(Desk& desk) : wxFrame(nullptr, wxID_ANY, "Practice Desk"), 
   };
   methods->AddPage(MakeMethods(methods), "Editing screens");
   methods->AddPage(MakeLists(methods), "Look-up lists");
+  methods->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this, methods](wxBookCtrlEvent& event) {
+    event.Skip();
+    auto& list = dynamic_cast<wxListBox&>(*methods->GetCurrentPage());
+    list.SetSelection(std::max(0, list.GetSelection()));
+    if (event.GetSelection() == 0) {
+      ChooseMethod(views::FromWx(list.GetStringSelection()));
+    } else {
+      ChooseList(list.GetSelection());
+    }
+  });
 
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   methods->SetMinSize(wxSize(40 * GetCharWidth(), -1));
@@ -91,6 +105,11 @@ void MainFrame::MakeCommands() {
       [this] { NewPatient(std::string(session::kNew)); });
   add(patient, "&Emergency Patient\tCtrl+E", "Adds an emergency patient", "Pat_Info_32.png",
       [this] { NewPatient(std::string(session::kEmergency)); });
+  // A mnemonic is found only in the part of the window that has the focus.
+  const int call = wxWindow::NewControlId();
+  keys.emplace_back(wxACCEL_ALT, 'C', call);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent&) { call_page_->Call(); }, call);
   add(practice, "&Switch User...", "Logs in as somebody else", "Fam_Table_32.png", [this] { SwitchUser(); });
   Bind(
       wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, practice->Append(wxID_EXIT)->GetId());
