@@ -3,6 +3,21 @@
 #include "com/ado_recordset.h"
 
 namespace com {
+namespace {
+
+// A semicolon that is not in a literal parts statements.
+bool IsBatch(std::string_view sql) {
+  bool in_literal = false;
+  for (const char c : sql) {
+    in_literal = in_literal != (c == '\'');
+    if (c == ';' && !in_literal) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
 
 using automation::ToObject;
 using automation::Variant;
@@ -10,7 +25,7 @@ using automation::Variant;
 std::unique_ptr<session::Recordset> AdoConnection::Execute(const std::string& sql) {
   try {
     DispatchObject recordset(ToObject(connection_.Call("Execute", {Variant::Of(sql)})), "The recordset");
-    return std::make_unique<AdoRecordset>(std::move(recordset));
+    return std::make_unique<AdoRecordset>(std::move(recordset), IsBatch(sql));
   } catch (const session::DatabaseError& failure) {
     throw ErrorOf(failure, sql);
   }

@@ -15,6 +15,7 @@ using automation::ToValue;
 using session::FieldType;
 
 constexpr std::int32_t kBlockRows = 64;
+constexpr std::int32_t kAllRows = -1;
 constexpr std::int32_t kClosed = 0;
 constexpr int kFeatureNotAvailable = static_cast<int>(0x800A0CB3);
 
@@ -61,6 +62,9 @@ bool IsUnlimited(std::int32_t ado_type) {
 
 // Nothing after the last result, and from a provider that gives one result a statement.
 ComPtr<IDispatch> NextResult(const DispatchObject& recordset) {
+  if (!recordset.Offers("NextRecordset")) {
+    return {};
+  }
   try {
     return ToObject(recordset.Call("NextRecordset"));
   } catch (const session::DatabaseError& error) {
@@ -95,11 +99,17 @@ session::Value ParseGuid(const std::string& text) {
 
 }  // namespace
 
-AdoRecordset::AdoRecordset(DispatchObject recordset) : recordset_(std::move(recordset)) {
+AdoRecordset::AdoRecordset(DispatchObject recordset, bool batch) : recordset_(std::move(recordset)) {
   SkipResultsWithoutRows();
-  if (recordset_.Get() != nullptr) {
+  while (recordset_.Get() != nullptr) {
     ReadFields();
-    Fetch();
+    Fetch(batch ? kAllRows : kBlockRows);
+    if (!batch) {
+      return;
+    }
+    // The rows of a result are gone when the next one is asked for.
+    recordset_ = DispatchObject(NextResult(recordset_), recordset_.Name());
+    SkipResultsWithoutRows();
   }
 }
 
@@ -110,6 +120,7 @@ void AdoRecordset::SkipResultsWithoutRows() {
 }
 
 void AdoRecordset::ReadFields() {
+  fields_.clear();
   const DispatchObject fields = recordset_.Object("Fields", "Fields");
   const std::int32_t count = fields.Int("Count");
   for (std::int32_t i = 0; i < count; ++i) {
@@ -121,14 +132,14 @@ void AdoRecordset::ReadFields() {
   }
 }
 
-void AdoRecordset::Fetch() {
+void AdoRecordset::Fetch(std::int32_t count) {
   block_ = Variant();
   row_ = 0;
   rows_ = 0;
-  if (fields_.empty() || recordset_.Bool("EOF")) {
+  if (recordset_.Get() == nullptr || fields_.empty() || recordset_.Bool("EOF")) {
     return;
   }
-  block_ = recordset_.Call("GetRows", {Variant::Of(kBlockRows)});
+  block_ = recordset_.Call("GetRows", {Variant::Of(count)});
   LONG last = -1;
   if (V_VT(&block_) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&block_)) != 2 ||
       FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 1, &first_field_)) ||
@@ -141,7 +152,7 @@ void AdoRecordset::Fetch() {
 
 void AdoRecordset::MoveNext() {
   if (++row_ >= rows_) {
-    Fetch();
+    Fetch(kBlockRows);
   }
 }
 

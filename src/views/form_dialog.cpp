@@ -29,20 +29,27 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
     case WXK_ESCAPE:
       return forms::Key::Esc;
     case WXK_TAB:
+    case WXK_NUMPAD_TAB:
       return forms::Key::Tab;
     case WXK_F9:
       return forms::Key::F9;
     case WXK_DELETE:
+    case WXK_NUMPAD_DELETE:
       return forms::Key::Delete;
     case WXK_INSERT:
+    case WXK_NUMPAD_INSERT:
       return forms::Key::Insert;
     case WXK_UP:
+    case WXK_NUMPAD_UP:
       return forms::Key::Up;
     case WXK_DOWN:
+    case WXK_NUMPAD_DOWN:
       return forms::Key::Down;
     case WXK_PAGEUP:
+    case WXK_NUMPAD_PAGEUP:
       return forms::Key::PageUp;
     case WXK_PAGEDOWN:
+    case WXK_NUMPAD_PAGEDOWN:
       return forms::Key::PageDown;
     default:
       return std::nullopt;

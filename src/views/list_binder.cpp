@@ -8,6 +8,10 @@
 #include "views/form_dialog.h"
 #include "views/text_binders.h"
 
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
 namespace views {
 namespace {
 
@@ -31,6 +35,13 @@ class EntryList : public wxListCtrl {
     }
     return cell;
   }
+
+#ifdef __WXMSW__
+  // The form's rules see Enter first, as every key.
+  bool MSWShouldPreProcessMessage(WXMSG* message) override {
+    return message->message == WM_KEYDOWN || wxListCtrl::MSWShouldPreProcessMessage(message);
+  }
+#endif
 
  private:
   const forms::ListBox& list_;

@@ -105,7 +105,7 @@ class AdoTest : public PvSessionTest {
   }
 
   Variant Block(std::int32_t wanted) {
-    const std::int32_t count = std::min(wanted, rows - given);
+    const std::int32_t count = wanted < 0 ? rows - given : std::min(wanted, rows - given);
     std::array<SAFEARRAYBOUND, 2> bounds = {SAFEARRAYBOUND{2, 0}, SAFEARRAYBOUND{static_cast<ULONG>(count), 0}};
     Variant block;
     V_ARRAY(&block) = SafeArrayCreate(VT_VARIANT, 2, bounds.data());
@@ -143,18 +143,24 @@ TEST_F(AdoTest, ReadsRowsInBlocks) {
   EXPECT_EQ(sum, 149 * 150 / 2);
 }
 
-TEST_F(AdoTest, PassesOverResultsWithoutRows) {
+// A row count, what the insert gives out, and the new key.
+TEST_F(AdoTest, GivesTheLastResultOfABatch) {
   state = 0;
-  int asked = 0;
-  recordset->Add("NextRecordset", [&](const automation::CallArguments&) {
-    state = ++asked == 2 ? 1 : 0;
-    return Holding(recordset);
+  rows = 0;
+  recordset->Add("NextRecordset", [this](const automation::CallArguments&) {
+    state = 1;
+    ++rows;
+    return rows <= 2 ? Holding(recordset) : Variant();
   });
-  rows = 1;
-  EXPECT_FALSE(session.Connection().Execute("INSERT ...; SELECT @@IDENTITY")->Eof());
+  const auto key = session.Connection().Execute("INSERT ... OUTPUT ...; SELECT @@IDENTITY");
+  ASSERT_FALSE(key->Eof());
+  EXPECT_EQ(std::get<std::int64_t>(key->Get(0)), 1);
+  key->MoveNext();
+  EXPECT_TRUE(key->Eof());
+
   state = 0;
   recordset->Add("NextRecordset", [](const automation::CallArguments&) { return Variant(); });
-  EXPECT_TRUE(session.Connection().Execute("UPDATE ...")->Eof());
+  EXPECT_TRUE(session.Connection().Execute("UPDATE ... SET pNOTE='a;b'")->Eof());
 }
 
 TEST_F(AdoTest, TellsWhatTheProviderSaid) {

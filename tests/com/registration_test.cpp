@@ -43,6 +43,8 @@ int CountIn(HKEY hive) {
 
 class RegistrationTest : public testing::Test {
  protected:
+  // A run that was cut off may have left it registered.
+  void SetUp() override { component.Unregister(); }
   void TearDown() override { component.Unregister(); }
 
   test_support::Component component{L"without_windows"};
