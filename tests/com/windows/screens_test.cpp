@@ -103,12 +103,16 @@ TEST_F(ScreensTest, AddsAPatientByKeysAlone) {
     press Enter Enter
     type 010280
     press Tab
+    alt z
+    type 7
+    press Enter
     alt o
     await Save Changes
     alt y
   )");
   EXPECT_EQ(host.Value("SELECT pLASNAM + '|' + pFIRNAM + '|' + pSEX + '|' + pTypPat FROM PATable WHERE pID=" + id),
             "O'Hara|Zoë'; DROP TABLE PATable; 100%|F|1");
+  EXPECT_EQ(host.Value("SELECT COUNT(*) FROM PATable WHERE pCIT<>'' AND pZIP LIKE '7____' AND pID=" + id), "1");
   EXPECT_EQ(host.Value("SELECT pBIRDAT FROM PATable WHERE pID=" + id), "1980-01-02");
   EXPECT_TRUE(IsWindowEnabled(owner.Window()));
   EXPECT_EQ(GetFocus(), owner.Field());
