@@ -88,8 +88,7 @@ class PictureBinding : public Binding {
 // A picture with the caption as its tip; in the bar's first group, the commands used most, with the caption below.
 class ToolBinding : public Binding {
  public:
-  ToolBinding(forms::Button& control, wxButton& widget, bool captioned)
-      : Binding(control, widget), button_(control), widget_(widget), captioned_(captioned) {
+  ToolBinding(forms::Button& control, wxButton& widget) : Binding(control, widget), button_(control), widget_(widget) {
     KeepOutOfTabOrder(widget_);
     widget_.Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
       if (Dialog().SyncFocus()) {
@@ -104,9 +103,8 @@ class ToolBinding : public Binding {
       return;
     }
     const wxString caption = ToWx(button_.Caption.get());
-    const bool pictured = Dialog().Pictures().Find(button_.Picture).IsOk();
-    if (const wxString shown = captioned_ || !pictured ? caption : wxString(); widget_.GetLabel() != shown) {
-      widget_.SetLabel(shown);
+    if (widget_.GetLabel() != caption) {
+      widget_.SetLabel(caption);
     }
     if (button_.ToolTip->empty()) {
       widget_.SetToolTip(wxControl::RemoveMnemonics(caption));
@@ -118,7 +116,6 @@ class ToolBinding : public Binding {
   forms::Button& button_;
   wxButton& widget_;
   ButtonPicture picture_;
-  bool captioned_;
 };
 
 }  // namespace
@@ -157,8 +154,11 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
       row->Add(line, wxSizerFlags().Expand().Border(wxALL, bar->FromDIP(4)));
       first_group = false;
     } else {
-      auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT);
-      dialog.Attach<ToolBinding>(item.button, *button, first_group);
+      // A caption that is not shown is still read out.
+      const bool captioned = first_group || !dialog.Pictures().Find(item.button.Picture).IsOk();
+      auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                  wxBORDER_NONE | wxBU_EXACTFIT | (captioned ? 0 : wxBU_NOTEXT));
+      dialog.Attach<ToolBinding>(item.button, *button);
       row->Add(button, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, bar->FromDIP(3)));
     }
   }

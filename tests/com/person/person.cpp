@@ -1,7 +1,5 @@
 #include "person/person.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -71,30 +69,6 @@ BOOL CALLBACK Look(HWND window, LPARAM wanted) {
   auto& search = *reinterpret_cast<Search*>(wanted);
   if (IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE && TitleOf(window) == search.title) {
     search.found = window;
-  }
-  return search.found == nullptr ? TRUE : FALSE;
-}
-
-bool IsTips(HWND window) {
-  std::array<wchar_t, 64> name{};
-  GetClassNameW(window, name.data(), name.size());
-  return std::wstring_view(name.data()) == TOOLTIPS_CLASSW;
-}
-
-// The window whose tip is searched for, among all of a thread's tips.
-BOOL CALLBACK LookAtTips(HWND window, LPARAM wanted) {
-  auto& search = *reinterpret_cast<Search*>(wanted);
-  const LRESULT tips = IsTips(window) ? SendMessageW(window, TTM_GETTOOLCOUNT, 0, 0) : 0;
-  for (LRESULT i = 0; i < tips && search.found == nullptr; ++i) {
-    std::array<wchar_t, 300> tip{};
-    TTTOOLINFOW info{};
-    info.cbSize = sizeof info;
-    info.lpszText = tip.data();
-    SendMessageW(window, TTM_ENUMTOOLSW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&info));
-    auto* tipped = reinterpret_cast<HWND>(info.uId);
-    if (search.title == tip.data() && IsWindowVisible(tipped) != FALSE && IsWindowEnabled(tipped) != FALSE) {
-      search.found = tipped;
-    }
   }
   return search.found == nullptr ? TRUE : FALSE;
 }
@@ -178,9 +152,6 @@ void Person::Click(std::wstring_view text) {
   Search search{text};
   AwaitThat(("a button called " + automation::ToUtf8(text)).c_str(), [&] {
     EnumChildWindows(GetAncestor(Focus(), GA_ROOT), Look, reinterpret_cast<LPARAM>(&search));
-    if (search.found == nullptr) {
-      EnumThreadWindows(screens_, LookAtTips, reinterpret_cast<LPARAM>(&search));
-    }
     return search.found != nullptr;
   });
   PostMessageW(search.found, BM_CLICK, 0, 0);

@@ -30,7 +30,7 @@ class Person {
   HWND Find(std::wstring_view title) const;
   void Type(std::wstring_view text);
   void Press(WORD key);
-  // A button, by its text in the window with the focus, or by its tip.
+  // A button of the window with the focus, by its text.
   void Click(std::wstring_view text);
   // With Alt held: a mnemonic.
   void PressAlt(wchar_t letter);

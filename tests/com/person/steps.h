@@ -13,7 +13,7 @@ namespace test_support {
 //   type TEXT       into the field with the focus
 //   press KEY...    Enter, Esc, Tab, Up, Down, F9, Delete, Insert, one after the other
 //   alt LETTER      with Alt held
-//   click TEXT      the button of that text, or tip
+//   click TEXT      the button of that text
 //   shows TEXT      the field with the focus holds it
 //   gone TITLE      waits for the end of that window
 //
