@@ -20,7 +20,6 @@ class ButtonPicture {
     shown_ = control.Picture;
     if (const wxBitmapBundle picture = pictures.Find(shown_); picture.IsOk()) {
       widget.SetBitmap(picture, widget.GetLabel().empty() ? wxLEFT : wxTOP);
-      widget.SetBitmapMargins(widget.FromDIP(wxSize(6, 4)));
     }
   }
 
@@ -159,6 +158,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
       auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                   wxBORDER_NONE | wxBU_EXACTFIT | (captioned ? 0 : wxBU_NOTEXT));
       dialog.Attach<ToolBinding>(item.button, *button);
+      button->SetMinSize(button->GetBestSize() + bar->FromDIP(wxSize(10, 6)));
       row->Add(button, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, bar->FromDIP(3)));
     }
   }
