@@ -263,11 +263,12 @@ void FormDialog::RestorePlace() {
 }
 
 void FormDialog::SavePlace() {
-  if (places_ == nullptr) {
-    return;
-  }
   const wxPoint corner = ToDIP(GetPosition());
   const wxSize size = ToDIP(GetSize());
+  // A window that went with its owner has none.
+  if (places_ == nullptr || size.x == 0) {
+    return;
+  }
   try {
     places_->SetUserOption(kPlacesSection, form_.Name(),
                            FromWx(wxString::Format("%d,%d,%d,%d", corner.x, corner.y, size.x, size.y)));

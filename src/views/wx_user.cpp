@@ -11,6 +11,42 @@
 
 namespace views {
 
+// A dialog before all others, for as long as this lives.
+class WxUser::OnTop {
+ public:
+  OnTop(WxUser& user, wxDialog& dialog) : user_(user), dialog_(dialog) {
+    user_.wait_.reset();
+    Cover(true);
+    user_.open_.push_back(&dialog_);
+    if (user_.OnShown) {
+      dialog.CallAfter([&user, &dialog] { user.OnShown(dialog); });
+    }
+  }
+  OnTop(const OnTop&) = delete;
+  OnTop& operator=(const OnTop&) = delete;
+  ~OnTop() {
+    std::erase(user_.open_, &dialog_);
+    if (user_.OnModalEnd) {
+      user_.OnModalEnd();
+    }
+    Cover(false);
+    // Not every display gives the keyboard back by itself.
+    if (wxWindow* top = user_.Top(); top != nullptr && top->IsShown()) {
+      top->Raise();
+    }
+  }
+
+ private:
+  void Cover(bool covered) const {
+    if (auto* below = dynamic_cast<FormDialog*>(user_.Top())) {
+      below->SetCovered(covered);
+    }
+  }
+
+  WxUser& user_;
+  wxDialog& dialog_;
+};
+
 WxUser::WxUser(ViewRegistry registry, views::Pictures pictures)
     : registry_(std::move(registry)), pictures_(std::move(pictures)) {}
 
@@ -36,9 +72,8 @@ void WxUser::Show(forms::Form& form) {
   if (!registry_.LayOut(dialog)) {
     throw std::logic_error("no view for " + form.Name());
   }
-  Open(dialog);
+  const OnTop top(*this, dialog);
   dialog.Run();
-  Shut(dialog);
 }
 
 std::optional<std::chrono::year_month_day> WxUser::PickDate(std::string_view title, std::chrono::year_month_day start) {
@@ -86,35 +121,8 @@ void WxUser::Pulse() {
 }
 
 int WxUser::ShowModal(wxDialog& dialog) {
-  Open(dialog);
-  const int result = dialog.ShowModal();
-  Shut(dialog);
-  return result;
-}
-
-void WxUser::Open(wxDialog& dialog) {
-  wait_.reset();
-  if (auto* below = dynamic_cast<FormDialog*>(Top())) {
-    below->SetCovered(true);
-  }
-  open_.push_back(&dialog);
-  if (OnShown) {
-    dialog.CallAfter([this, &dialog] { OnShown(dialog); });
-  }
-}
-
-void WxUser::Shut(wxDialog& dialog) {
-  std::erase(open_, &dialog);
-  if (OnModalEnd) {
-    OnModalEnd();
-  }
-  if (auto* below = dynamic_cast<FormDialog*>(Top())) {
-    below->SetCovered(false);
-  }
-  // Not every display gives the keyboard back by itself.
-  if (wxWindow* top = Top(); top != nullptr && top->IsShown()) {
-    top->Raise();
-  }
+  const OnTop top(*this, dialog);
+  return dialog.ShowModal();
 }
 
 }  // namespace views

@@ -47,10 +47,10 @@ class WxUser : public forms::User {
   void Pulse();
 
  private:
+  class OnTop;
+
   wxWindow* Top() const { return open_.empty() ? main_ : open_.back(); }
   int ShowModal(wxDialog& dialog);
-  void Open(wxDialog& dialog);
-  void Shut(wxDialog& dialog);
 
   ViewRegistry registry_;
   views::Pictures pictures_;

@@ -45,6 +45,14 @@ class ComponentApp : public wxApp {
   }
 };
 
+// Ends the loop of the screen in front. By itself, told to end, a loop of the toolkit would leave the windows around it
+// disabled.
+void EndScreen() {
+  if (wxEventLoopBase* loop = wxEventLoopBase::GetActive(); loop != nullptr) {
+    loop->ScheduleExit();
+  }
+}
+
 // A window of the host, as the toolkit sees it: kept from the person while something modal stands before it.
 class OwnerWindow : public wxNativeContainerWindow {
  public:
@@ -52,9 +60,41 @@ class OwnerWindow : public wxNativeContainerWindow {
     wxTopLevelWindows.Append(this);
   }
   bool IsShown() const override { return IsWindowVisible(window_) != FALSE; }
+  // Windows takes everything with it that stands before it.
+  void OnNativeDestroyed() override {
+    DissociateHandle();
+    EndScreen();
+  }
 
  private:
   HWND window_;
+};
+
+// A host's window while it is an owner. The toolkit leaves its own procedure in a window of another copy of the
+// toolkit: the class's name is known to it by then.
+class Owner {
+ public:
+  explicit Owner(HWND window) : window_(window), before_(Procedure()), seen_(std::make_unique<OwnerWindow>(window)) {
+    given_ = Procedure();
+  }
+  Owner(const Owner&) = delete;
+  Owner& operator=(const Owner&) = delete;
+  ~Owner() {
+    seen_.reset();
+    if (IsWindow(window_) != FALSE && Procedure() == given_) {
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, before_);
+    }
+  }
+
+  OwnerWindow* Seen() const { return seen_.get(); }
+
+ private:
+  LONG_PTR Procedure() const { return GetWindowLongPtrW(window_, GWLP_WNDPROC); }
+
+  HWND window_;
+  LONG_PTR before_;
+  LONG_PTR given_ = 0;
+  std::unique_ptr<OwnerWindow> seen_;
 };
 
 // Notes that the host's message loop was told to end while a screen's loop ran in its place.
@@ -82,10 +122,7 @@ class QuitWatch {
     if (code == HC_ACTION && removed == PM_REMOVE && seen.message == WM_QUIT) {
       told = true;
       exit_code = static_cast<int>(seen.wParam);
-      // By itself the toolkit's loop would end, but leave the windows around it disabled.
-      if (wxEventLoopBase* loop = wxEventLoopBase::GetActive(); loop != nullptr) {
-        loop->ScheduleExit();
-      }
+      EndScreen();
     }
     return CallNextHookEx(nullptr, code, removed, message);
   }
@@ -130,9 +167,10 @@ class VisualStyles {
 struct HostCall {
   HWND owner = nullptr;
   std::shared_ptr<session::Settings> places;
-  HWND focus = nullptr;                      // where the person was typing
-  std::unique_ptr<OwnerWindow> window = {};  // once something was shown before the owner
-  std::unique_ptr<QuitWatch> quit = {};      // of the outermost call
+  HWND focus = nullptr;                                    // where the person was typing
+  wxEventLoopBase* around = wxEventLoopBase::GetActive();  // of the screens of an outer call
+  std::unique_ptr<Owner> window = {};                      // once something was shown before the owner
+  std::unique_ptr<QuitWatch> quit = {};                    // of the outermost call
   std::unique_ptr<VisualStyles> styles = std::make_unique<VisualStyles>();
 };
 
@@ -152,6 +190,7 @@ class Windows {
     const HostCall ended = std::move(calls_.back());
     calls_.pop_back();
     Serve();
+    EndWithOwner();
     if (ended.window != nullptr && IsWindow(ended.focus) != FALSE) {
       SetFocus(ended.focus);
     }
@@ -162,7 +201,7 @@ class Windows {
     }
     HostCall& call = calls_.back();
     if (call.owner != nullptr && call.window == nullptr) {
-      call.window = std::make_unique<OwnerWindow>(call.owner);
+      call.window = std::make_unique<Owner>(call.owner);
     }
     Serve();
     return *user_;
@@ -181,12 +220,23 @@ class Windows {
     const std::string folder = path.substr(0, path.rfind('\\')) + "\\pictures";
     user_ = std::make_unique<views::WxUser>(views::ViewRegistry::Standard(),
                                             views::Pictures({folder, folder + "\\ICO\\Large"}));
-    user_->OnModalEnd = QuitWatch::PassOn;
+    user_->OnModalEnd = [this] {
+      QuitWatch::PassOn();
+      EndWithOwner();
+    };
+  }
+  // One after the other, the screens whose owner is gone.
+  void EndWithOwner() {
+    if (!calls_.empty() && calls_.back().window != nullptr && IsWindow(calls_.back().owner) == FALSE &&
+        wxEventLoopBase::GetActive() != calls_.back().around) {
+      EndScreen();
+    }
   }
   // The innermost call's windows come before its owner.
   void Serve() {
     if (user_ != nullptr) {
-      user_->SetMainWindow(calls_.empty() ? nullptr : calls_.back().window.get());
+      const Owner* owner = calls_.empty() ? nullptr : calls_.back().window.get();
+      user_->SetMainWindow(owner == nullptr ? nullptr : owner->Seen());
       user_->SetPlaces(calls_.empty() ? nullptr : calls_.back().places.get());
     }
   }

@@ -1,6 +1,7 @@
 // A client of the shipped component; a second thread is the person who finds its windows and presses keys in them.
 #include <gtest/gtest.h>
 
+#include "automation/counted.h"
 #include "automation/session_object.h"
 #include "person/steps.h"
 #include "practice/demo.h"
@@ -29,11 +30,23 @@ int WindowsOfThisThread() {
   return count;
 }
 
-// A host's window, with an `hwnd` and a field that the person was in.
+// A class of windows by the name that the component's own toolkit gives its windows, as in a host that uses it too.
+const wchar_t* HostClass() {
+  static const WNDCLASSW registered = [] {
+    WNDCLASSW named{};
+    named.lpfnWndProc = DefWindowProcW;
+    named.lpszClassName = L"wxWindowNR";
+    RegisterClassW(&named);
+    return named;
+  }();
+  return registered.lpszClassName;
+}
+
+// A host's window, with an `hwnd` and a field that the person was in. It keeps its procedure.
 class Owner {
  public:
   Owner()
-      : window_(CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300, nullptr,
+      : window_(CreateWindowExW(0, HostClass(), L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300, nullptr,
                                 nullptr, nullptr, nullptr)),
         field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 200, 30, window_, nullptr, nullptr,
                                nullptr)) {
@@ -43,7 +56,12 @@ class Owner {
   }
   Owner(const Owner&) = delete;
   Owner& operator=(const Owner&) = delete;
-  ~Owner() { DestroyWindow(window_); }
+  ~Owner() {
+    if (IsWindow(window_) != FALSE) {
+      EXPECT_EQ(GetWindowLongPtrW(window_, GWLP_WNDPROC), procedure_);
+      DestroyWindow(window_);
+    }
+  }
 
   HWND Window() const { return window_; }
   HWND Field() const { return field_; }
@@ -53,7 +71,30 @@ class Owner {
  private:
   HWND window_;
   HWND field_;
+  LONG_PTR procedure_ = GetWindowLongPtrW(window_, GWLP_WNDPROC);
   ComPtr<ScriptedObject> form_ = ScriptedObject::Make();
+};
+
+// An object but for one member.
+class Lacking final : public automation::Counted<IDispatch> {
+ public:
+  Lacking(ComPtr<IDispatch> object, std::wstring member) : object_(std::move(object)), member_(std::move(member)) {}
+
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return object_->GetTypeInfoCount(count); }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
+    return object_->GetTypeInfo(index, locale, info);
+  }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
+    return member_ == names[0] ? DISP_E_UNKNOWNNAME : object_->GetIDsOfNames(id, names, count, locale, ids);
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* parameters,
+                                   VARIANT* value, EXCEPINFO* exception, UINT* wrong) override {
+    return object_->Invoke(member, id, locale, flags, parameters, value, exception, wrong);
+  }
+
+ private:
+  ComPtr<IDispatch> object_;
+  std::wstring member_;
 };
 
 // Over a demo practice, whose session is handed to the component.
@@ -184,6 +225,31 @@ TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
   EXPECT_EQ(message.message, WM_QUIT);
   EXPECT_EQ(message.wParam, kExitCode);
   EXPECT_TRUE(IsWindowEnabled(owner.Window()));
+}
+
+// Whatever stands before a window goes with it.
+TEST_F(ScreensTest, EndsWithTheOwnersWindow) {
+  Person person([this](Person& he) {
+    Do(he, "await New Patient Information\ntype Jones\npress Esc\nawait TAVO Windows");
+    PostMessageW(owner.Window(), WM_CLOSE, 0, 0);
+  });
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_EQ(person.Failure(), "");
+  EXPECT_FALSE(IsWindow(owner.Window()));
+  EXPECT_EQ(automation::ToText(id), "NEW");
+}
+
+// Where the windows stood is asked of the session when the first one is up already.
+TEST_F(ScreensTest, TellsAMemberThatTheSessionLacks) {
+  const auto lacking = ComPtr<IDispatch>::Adopt(new Lacking(pv, L"UserOption"));
+  NewScreen()->putref_PV(lacking.Get());
+  EXPECT_EQ(EditPatient("NEW", R"(
+    await TAVO Windows
+    press Enter
+    gone TAVO Windows
+  )"),
+            "NEW");
 }
 
 TEST_F(ScreensTest, HoldsNothingAfterManyScreens) {
