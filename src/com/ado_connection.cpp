@@ -1,6 +1,7 @@
 #include "com/ado_connection.h"
 
 #include "com/ado_recordset.h"
+#include "forms/text.h"
 
 namespace com {
 namespace {
@@ -24,7 +25,12 @@ using automation::Variant;
 
 std::unique_ptr<session::Recordset> AdoConnection::Execute(const std::string& sql) {
   try {
-    DispatchObject recordset(ToObject(connection_.Call("Execute", {Variant::Of(sql)})), "The recordset");
+    const Variant given = connection_.Call("Execute", {Variant::Of(sql)});
+    DispatchObject recordset(ToObject(given), "The recordset");
+    const bool nothing = V_VT(&given) == VT_EMPTY || V_VT(&given) == VT_DISPATCH;
+    if (recordset.Get() == nullptr && (!nothing || forms::EqualsIgnoringCase(forms::Left(sql, 6), "SELECT"))) {
+      throw session::DatabaseError("The connection of the host gives no recordset for \"Execute\".", {}, 0);
+    }
     return std::make_unique<AdoRecordset>(std::move(recordset), IsBatch(sql));
   } catch (const session::DatabaseError& failure) {
     throw ErrorOf(failure, sql);
@@ -45,8 +51,12 @@ session::DatabaseError AdoConnection::ErrorOf(const session::DatabaseError& fail
       const DispatchObject errors = connection_.Object("Errors", "Errors");
       if (errors.Int("Count") > 0) {
         const DispatchObject error = errors.Object("Item", "An error", {Variant::Of(0)});
+        const std::int32_t number = error.Int("Number");
         const std::int32_t native = error.Int("NativeError");
-        return {error.Text("Description"), sql, native != 0 ? native : error.Int("Number")};
+        // Errors of earlier calls are kept until the provider has a new one.
+        if (number == failure.Code() || error.Text("Description") == failure.what()) {
+          return {error.Text("Description"), sql, native != 0 ? native : number};
+        }
       }
     }
   } catch (const session::DatabaseError&) {  // the host keeps no such errors: the failure speaks for itself

@@ -1,5 +1,6 @@
 #include "com/arguments.h"
 
+#include "forms/text.h"
 #include "session/screens.h"
 
 namespace com {
@@ -49,13 +50,9 @@ forms::Currency CurrencyOf(const VARIANT* argument) {
   return forms::Currency::FromTenThousandths(V_CY(&amount).int64);
 }
 
-void AssignBool(VARIANT* argument, bool value) {
-  Assign(argument, Variant::Of(value));
-}
-
 IdArgument::IdArgument(VARIANT* argument)
     : argument_(argument),
-      given_(IsLeftOut(argument) ? std::string(session::kNew) : ToText(*argument)),
+      given_(IsLeftOut(argument) ? std::string(session::kNew) : std::string(forms::Trim(ToText(*argument)))),
       text_(given_) {}
 
 void IdArgument::Return() const {

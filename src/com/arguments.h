@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 #include "automation/variant.h"
 #include "forms/currency.h"
@@ -20,7 +21,18 @@ bool BoolOf(const VARIANT* argument);
 double DoubleOf(const VARIANT* argument);
 forms::Currency CurrencyOf(const VARIANT* argument);
 
-void AssignBool(VARIANT* argument, bool value);
+// Leaves the host's argument as it is when the screen has not changed what was given.
+template <typename T>
+void Return(VARIANT* argument, const T& given, const T& now) {
+  if (now == given) {
+    return;
+  }
+  if constexpr (std::is_same_v<T, bool>) {
+    automation::Assign(argument, automation::Variant::Of(now));
+  } else {
+    automation::Assign(argument, automation::ToVariant(session::Value(now)));
+  }
+}
 
 // A record ID, "NEW" or another text in its place. `Return` leaves the host's argument as it is when the ID has not
 // changed; otherwise it becomes a number where the ID is one.

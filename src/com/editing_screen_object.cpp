@@ -4,10 +4,7 @@
 
 namespace com {
 
-using automation::Assign;
 using automation::FromBstr;
-using automation::ToVariant;
-using automation::Variant;
 
 EditingScreenObject::EditingScreenObject() : PublicClass(__uuidof(::EditingScreen), __uuidof(DEditingScreenEvents)) {}
 
@@ -37,31 +34,32 @@ HRESULT EditingScreenObject::Edit_AdjustPlan_Info(VARIANT* EmployerID, VARIANT* 
                                                   VARIANT* PatientPortion, VARIANT* AllowEditPayment,
                                                   VARIANT_BOOL* Accepted) {
   return OpenFor(Accepted, [&] {
-    entry::PlanAdjustment plan{.employer_id = IntOf(EmployerID),
-                               .carrier_id = IntOf(CarrierID),
-                               .group_id = IntOf(GroupID),
-                               .treatment_code = TextOf(TreatmentCode),
-                               .office_fee = CurrencyOf(OfficeFee),
-                               .allowed_fee = CurrencyOf(AllowedFee),
-                               .plan_calculation_fee = CurrencyOf(PlanCalculationFee),
-                               .coverage_percent = DoubleOf(CoveragePercent),
-                               .plan_payment = CurrencyOf(PlanPayment),
-                               .provider_adjustment = CurrencyOf(ProviderAdjustment),
-                               .patient_portion = CurrencyOf(PatientPortion),
-                               .allow_edit_payment = BoolOf(AllowEditPayment)};
+    const entry::PlanAdjustment given{.employer_id = IntOf(EmployerID),
+                                      .carrier_id = IntOf(CarrierID),
+                                      .group_id = IntOf(GroupID),
+                                      .treatment_code = TextOf(TreatmentCode),
+                                      .office_fee = CurrencyOf(OfficeFee),
+                                      .allowed_fee = CurrencyOf(AllowedFee),
+                                      .plan_calculation_fee = CurrencyOf(PlanCalculationFee),
+                                      .coverage_percent = DoubleOf(CoveragePercent),
+                                      .plan_payment = CurrencyOf(PlanPayment),
+                                      .provider_adjustment = CurrencyOf(ProviderAdjustment),
+                                      .patient_portion = CurrencyOf(PatientPortion),
+                                      .allow_edit_payment = BoolOf(AllowEditPayment)};
+    entry::PlanAdjustment plan = given;
     const bool accepted = Screens().Edit_AdjustPlan_Info(plan);
-    Assign(EmployerID, Variant::Of(plan.employer_id));
-    Assign(CarrierID, Variant::Of(plan.carrier_id));
-    Assign(GroupID, Variant::Of(plan.group_id));
-    Assign(TreatmentCode, Variant::Of(plan.treatment_code));
-    Assign(OfficeFee, ToVariant(plan.office_fee));
-    Assign(AllowedFee, ToVariant(plan.allowed_fee));
-    Assign(PlanCalculationFee, ToVariant(plan.plan_calculation_fee));
-    Assign(CoveragePercent, ToVariant(plan.coverage_percent));
-    Assign(PlanPayment, ToVariant(plan.plan_payment));
-    Assign(ProviderAdjustment, ToVariant(plan.provider_adjustment));
-    Assign(PatientPortion, ToVariant(plan.patient_portion));
-    AssignBool(AllowEditPayment, plan.allow_edit_payment);
+    Return(EmployerID, given.employer_id, plan.employer_id);
+    Return(CarrierID, given.carrier_id, plan.carrier_id);
+    Return(GroupID, given.group_id, plan.group_id);
+    Return(TreatmentCode, given.treatment_code, plan.treatment_code);
+    Return(OfficeFee, given.office_fee, plan.office_fee);
+    Return(AllowedFee, given.allowed_fee, plan.allowed_fee);
+    Return(PlanCalculationFee, given.plan_calculation_fee, plan.plan_calculation_fee);
+    Return(CoveragePercent, given.coverage_percent, plan.coverage_percent);
+    Return(PlanPayment, given.plan_payment, plan.plan_payment);
+    Return(ProviderAdjustment, given.provider_adjustment, plan.provider_adjustment);
+    Return(PatientPortion, given.patient_portion, plan.patient_portion);
+    Return(AllowEditPayment, given.allow_edit_payment, plan.allow_edit_payment);
     return accepted;
   });
 }
@@ -119,12 +117,14 @@ HRESULT EditingScreenObject::Recall_Master_Start(VARIANT* TmpRecNum, VARIANT* Re
   return Open([&] {
     std::string temporary_number = TextOf(TmpRecNum);
     IdArgument recall(RecallID);
-    bool canceled = BoolOf(Canceled);
-    bool data_saved = BoolOf(DataSaved);
+    const bool was_canceled = BoolOf(Canceled);
+    const bool was_saved = BoolOf(DataSaved);
+    bool canceled = was_canceled;
+    bool data_saved = was_saved;
     Screens().Recall_Master_Start(temporary_number, recall.Text(), canceled, data_saved);
     recall.Return();
-    AssignBool(Canceled, canceled);
-    AssignBool(DataSaved, data_saved);
+    Return(Canceled, was_canceled, canceled);
+    Return(DataSaved, was_saved, data_saved);
   });
 }
 
@@ -148,10 +148,11 @@ HRESULT EditingScreenObject::Pharmacy_Start(VARIANT* sPhaID, VARIANT* PhaID) {
 HRESULT EditingScreenObject::Load_PatInfo_Small(VARIANT* l_ID, VARIANT* ns_ID, VARIANT* GoToQuickAppoint) {
   return Open([&] {
     IdArgument patient(l_ID);
-    bool save_and_book = BoolOf(GoToQuickAppoint);
+    const bool offered = BoolOf(GoToQuickAppoint);
+    bool save_and_book = offered;
     Screens().Load_PatInfo_Small(patient.Text(), TextOf(ns_ID), save_and_book);
     patient.Return();
-    AssignBool(GoToQuickAppoint, save_and_book);
+    Return(GoToQuickAppoint, offered, save_and_book);
   });
 }
 

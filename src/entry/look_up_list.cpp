@@ -13,10 +13,22 @@ bool IsInsuranceList(std::int32_t type) {
          type == session::lulCapPlans;
 }
 
+// Empties a text when a call ends, however it ends.
+class Clearing {
+ public:
+  explicit Clearing(std::string& text) : text_(text) {}
+  Clearing(const Clearing&) = delete;
+  Clearing& operator=(const Clearing&) = delete;
+  ~Clearing() { text_.clear(); }
+
+ private:
+  std::string& text_;
+};
+
 }  // namespace
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
-  const std::string title = std::exchange(ListTitle, {});
+  const Clearing after(ListTitle);
   const std::shared_ptr<session::Session> session = PV();
   if (session == nullptr) {
     user_.Tell("The host has not handed over its session (PV).", std::string(forms::kSuiteTitle),
@@ -28,7 +40,7 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
     frmOwner = std::move(fOwner);
   }
   lookup::LookUpOptions options;
-  options.title = title;
+  options.title = ListTitle;
   options.selected = SelectedID;
   options.narrowing.allow_delete = AllowDelete;
   options.narrowing.group_plan_company = GroupPlanCompanyID;

@@ -51,6 +51,19 @@ TEST(IdArgument, AsksForANewRecordWhenTheHostGaveNone) {
   EXPECT_EQ(ToInt(empty), 13);
 }
 
+TEST(Arguments, ComeBackOnlyWhenTheyChanged) {
+  Variant amount = Variant::Of("12.34567");
+  Return(&amount, CurrencyOf(&amount), CurrencyOf(&amount));
+  EXPECT_EQ(ToText(amount), "12.34567");
+  Return(&amount, CurrencyOf(&amount), forms::Currency::FromTenThousandths(50000));
+  EXPECT_EQ(V_VT(&amount), VT_CY);
+  Variant book = Variant::Of(1);
+  Return(&book, true, true);
+  EXPECT_EQ(V_VT(&book), VT_I4);
+  Return(&book, true, false);
+  EXPECT_EQ(V_VT(&book), VT_BOOL);
+}
+
 TEST(Arguments, AreNoughtWhereTheHostGaveNone) {
   const Variant null = automation::ToVariant(session::Value());
   EXPECT_EQ(DoubleOf(&null), 0);

@@ -180,6 +180,7 @@ TEST_F(AdoTest, TellsWhatTheProviderSaid) {
   errors->Answer("Item", Holding(error));
   error->Answer("Description", Variant::Of("Incorrect syntax near 'SELEKT'."));
   error->Answer("NativeError", Variant::Of(102));
+  error->Answer("Number", Variant::Of(static_cast<std::int32_t>(E_FAIL)));
   connection->Answer("Errors", Holding(errors));
   try {
     session.Connection().Execute("SELEKT");
@@ -188,6 +189,17 @@ TEST_F(AdoTest, TellsWhatTheProviderSaid) {
     EXPECT_STREQ(failure.what(), "Incorrect syntax near 'SELEKT'.");
     EXPECT_EQ(failure.Code(), 102);
   }
+  // What is left of an earlier call.
+  error->Answer("Number", Variant::Of(static_cast<std::int32_t>(E_ACCESSDENIED)));
+  EXPECT_EQ(FailureOf([&] { session.Connection().Execute("SELEKT"); }), "Syntax error");
+}
+
+TEST_F(AdoTest, RefusesWhatIsNoRecordset) {
+  connection->Answer("Execute", Variant::Of(5));
+  EXPECT_THAT(FailureOf([&] { session.Connection().Execute("UPDATE ..."); }), HasSubstr("no recordset"));
+  connection->Answer("Execute", Variant());
+  EXPECT_THAT(FailureOf([&] { session.Connection().Execute("SELECT ..."); }), HasSubstr("no recordset"));
+  EXPECT_TRUE(session.Connection().Execute("UPDATE ...")->Eof());
 }
 
 TEST_F(AdoTest, RunsTransactionsAndLetsEverythingGo) {
