@@ -9,6 +9,11 @@ namespace views {
 Dialog::Dialog(wxWindow* parent, const wxString& title, long style)
     : wxDialog(parent, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, style) {
   wxEvtHandler::AddFilter(this);
+  // What moves as the window grows would leave parts of itself behind.
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    CallAfter([this] { Refresh(); });
+  });
 }
 
 Dialog::~Dialog() {

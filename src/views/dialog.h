@@ -7,8 +7,8 @@ namespace views {
 
 #ifdef __WXMSW__
 
-// A dialog whose keys come when the system's hook is done with them. The toolkit raises wxEVT_CHAR_HOOK inside that
-// hook, where a window that a key opens may be given the same key again.
+// A dialog that is painted whole when its size changes, and whose keys come when the system's hook is done with them:
+// the toolkit raises wxEVT_CHAR_HOOK inside that hook, where a window that a key opens may be given the same key again.
 class Dialog : public wxDialog, private wxEventFilter {
  public:
   Dialog(wxWindow* parent, const wxString& title, long style = wxDEFAULT_DIALOG_STYLE);

@@ -74,12 +74,6 @@ FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Picture
     event.Veto(event.CanVeto());
     form_.DoClose();
   });
-#ifdef __WXMSW__  // what moves as the window grows leaves parts of itself behind
-  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    event.Skip();
-    CallAfter([this] { Refresh(); });
-  });
-#endif
   Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
     if (!covered_ && !form_.Closed() && form_.DoIdle()) {
       event.RequestMore();

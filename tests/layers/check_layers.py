@@ -18,7 +18,7 @@ FIELDS = ["lookup", "people", "insurance", "recall", "locations"]
 SEES = {"forms": [], "session": ["forms"], "data": ["forms", "session"]}
 SEES |= {field: ["forms", "session", "data"] for field in FIELDS}
 SEES["entry"] = ["forms", "session", "data", *FIELDS]
-ABOVE = ["views", "host"]
+ABOVE = ["views", "com", "automation", "host"]
 
 FOREIGN = ["wx/wx.h", "gtk/gtk.h", "windows.h", "sqlite3.h", "libpq-fe.h", "sql.h", "sqlext.h", "sodium.h"]
 FOREIGN_PATH = re.compile(r"/(wx|gtk-[^/]*)/|/(windows|sqlite3|libpq-fe|sql|sqlext|sodium)\.h$")
