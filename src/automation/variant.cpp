@@ -200,6 +200,10 @@ std::string FromBstr(BSTR text) {
   return ToUtf8({text, SysStringLen(text)});
 }
 
+std::string BytesOf(BSTR bytes) {
+  return {reinterpret_cast<const char*>(bytes), SysStringByteLen(bytes)};
+}
+
 BSTR ToBstr(std::string_view text) {
   const std::wstring wide = ToWide(text);
   BSTR copy = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
@@ -235,6 +239,16 @@ Variant Variant::OfTruth(bool value) {
   Variant variant;
   V_VT(&variant) = VT_BOOL;
   V_BOOL(&variant) = value ? VARIANT_TRUE : VARIANT_FALSE;
+  return variant;
+}
+
+Variant Variant::OfBytes(std::string_view bytes) {
+  Variant variant;
+  V_BSTR(&variant) = SysAllocStringByteLen(bytes.data(), static_cast<UINT>(bytes.size()));
+  if (V_BSTR(&variant) == nullptr) {
+    throw std::bad_alloc();
+  }
+  V_VT(&variant) = VT_BSTR;
   return variant;
 }
 

@@ -19,6 +19,8 @@ namespace automation {
 std::string FromBstr(BSTR text);
 // Belongs to the caller; throws std::bad_alloc.
 BSTR ToBstr(std::string_view text);
+// A BSTR that carries bytes in place of text.
+std::string BytesOf(BSTR bytes);
 
 // A VARIANT that frees what it holds.
 class Variant : public VARIANT {
@@ -35,6 +37,8 @@ class Variant : public VARIANT {
   // Of nothing that only converts to a truth value, as a pointer does.
   static Variant Of(std::same_as<bool> auto value) { return OfTruth(value); }
   static Variant Of(IDispatch* object);
+  // A BSTR that carries bytes.
+  static Variant OfBytes(std::string_view bytes);
 
  private:
   static Variant OfTruth(bool value);

@@ -108,13 +108,13 @@ class PublicClass
     return Run(nullptr, [&] { entry_.StartForm = KeepObject(value); });
   }
   HRESULT STDMETHODCALLTYPE SetPrinter(BSTR PN, BSTR DM, BSTR DN) override {
-    return Run(nullptr, [&] { entry_.SetPrinter({FromBstr(PN), FromBstr(DM), FromBstr(DN)}); });
+    return Run(nullptr, [&] { entry_.SetPrinter({FromBstr(PN), automation::BytesOf(DM), FromBstr(DN)}); });
   }
   HRESULT STDMETHODCALLTYPE GetPrinter(VARIANT* PN, VARIANT* DM, VARIANT* DN) override {
     return Run(nullptr, [&] {
       const entry::Printer& printer = entry_.GetPrinter();
       Assign(PN, Variant::Of(printer.name));
-      Assign(DM, Variant::Of(printer.device_mode));
+      Assign(DM, Variant::OfBytes(printer.device_mode));
       Assign(DN, Variant::Of(printer.device_names));
     });
   }

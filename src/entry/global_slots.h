@@ -13,7 +13,7 @@ using HostObject = std::shared_ptr<void>;
 // The printer that screens print on, as the host knows it.
 struct Printer {
   std::string name;
-  std::string device_mode;
+  std::string device_mode;  // bytes, only the host's own
   std::string device_names;
 
   friend bool operator==(const Printer&, const Printer&) = default;

@@ -160,6 +160,19 @@ TEST_F(ComponentTest, ConnectsTheHostsSinks) {
   EXPECT_EQ(events, __uuidof(DLookUpListEvents));
 }
 
+// A printer's device mode is a block of bytes that travels as text.
+TEST_F(ComponentTest, GivesThePrinterBackAsItCame) {
+  const std::string bytes("\0\xD8odd", 5);
+  const Variant name = Variant::Of("Zoë's printer");
+  const Variant mode = Variant::OfBytes(bytes);
+  ASSERT_EQ(NewScreen()->SetPrinter(V_BSTR(&name), V_BSTR(&mode), nullptr), S_OK);
+  Variant told;
+  Variant bytes_told;
+  ASSERT_EQ(NewList()->GetPrinter(&told, &bytes_told, nullptr), S_OK);
+  EXPECT_EQ(automation::ToText(told), "Zoë's printer");
+  EXPECT_EQ(automation::BytesOf(V_BSTR(&bytes_told)), bytes);
+}
+
 TEST_F(ComponentTest, HoldsNothingAfterAThousandRounds) {
   const auto pv = ScriptedObject::Make();
   const int objects = ScriptedObject::living;

@@ -74,9 +74,8 @@ class OwnerWindow : public wxNativeContainerWindow {
 // toolkit: the class's name is known to it by then.
 class Owner {
  public:
-  explicit Owner(HWND window) : window_(window), before_(Procedure()), seen_(std::make_unique<OwnerWindow>(window)) {
-    given_ = Procedure();
-  }
+  explicit Owner(HWND window)
+      : window_(window), before_(Procedure()), seen_(std::make_unique<OwnerWindow>(window)), given_(Procedure()) {}
   Owner(const Owner&) = delete;
   Owner& operator=(const Owner&) = delete;
   ~Owner() {
@@ -93,8 +92,8 @@ class Owner {
 
   HWND window_;
   LONG_PTR before_;
-  LONG_PTR given_ = 0;
   std::unique_ptr<OwnerWindow> seen_;
+  LONG_PTR given_;
 };
 
 // Notes that the host's message loop was told to end while a screen's loop ran in its place.
