@@ -29,7 +29,8 @@ std::unique_ptr<session::Recordset> AdoConnection::Execute(const std::string& sq
     DispatchObject recordset(ToObject(given), "The recordset");
     const bool nothing = V_VT(&given) == VT_EMPTY || V_VT(&given) == VT_DISPATCH;
     if (recordset.Get() == nullptr && (!nothing || forms::EqualsIgnoringCase(forms::Left(sql, 6), "SELECT"))) {
-      throw session::DatabaseError("The connection of the host gives no recordset for \"Execute\".", {}, 0);
+      throw session::DatabaseError("The connection of the host gives no recordset for \"Execute\".", {},
+                                   DISP_E_TYPEMISMATCH);
     }
     return std::make_unique<AdoRecordset>(std::move(recordset), IsBatch(sql));
   } catch (const session::DatabaseError& failure) {
@@ -52,15 +53,15 @@ session::DatabaseError AdoConnection::ErrorOf(const session::DatabaseError& fail
       if (errors.Int("Count") > 0) {
         const DispatchObject error = errors.Object("Item", "An error", {Variant::Of(0)});
         const std::int32_t number = error.Int("Number");
-        const std::int32_t native = error.Int("NativeError");
+        const std::string description = error.Text("Description");
         // Errors of earlier calls are kept until the provider has a new one.
-        if (number == failure.Code() || error.Text("Description") == failure.what()) {
-          return {error.Text("Description"), sql, native != 0 ? native : number};
+        if (number == failure.Code() || description == failure.what()) {
+          const std::int32_t native = error.Int("NativeError");
+          return {description, sql, native != 0 ? native : number};
         }
       }
     }
-  } catch (const session::DatabaseError&) {  // the host keeps no such errors: the failure speaks for itself
-    return {failure.what(), sql, failure.Code()};
+  } catch (const session::DatabaseError&) {  // NOLINT(bugprone-empty-catch): the host keeps none; the failure speaks
   }
   return {failure.what(), sql, failure.Code()};
 }

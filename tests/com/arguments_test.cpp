@@ -40,6 +40,8 @@ TEST(IdArgument, AsksForANewRecordWhenTheHostGaveNone) {
                             static_cast<VARIANT*>(&null), static_cast<VARIANT*>(&reference)}) {
     EXPECT_EQ(IdArgument(argument).Text(), "NEW");
   }
+  Variant spaced = Variant::Of(" NEW ");
+  EXPECT_EQ(IdArgument(&spaced).Text(), "NEW");
   Variant text = Variant::Of("");
   EXPECT_EQ(IdArgument(&text).Text(), "");
 

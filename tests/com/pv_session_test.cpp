@@ -192,6 +192,10 @@ TEST_F(AdoTest, TellsWhatTheProviderSaid) {
   // What is left of an earlier call.
   error->Answer("Number", Variant::Of(static_cast<std::int32_t>(E_ACCESSDENIED)));
   EXPECT_EQ(FailureOf([&] { session.Connection().Execute("SELEKT"); }), "Syntax error");
+  // A warning.
+  error->Answer("Number", Variant::Of(0));
+  connection->Answer("Execute", Variant::Of(5));
+  EXPECT_THAT(FailureOf([&] { session.Connection().Execute("SELEKT"); }), HasSubstr("no recordset"));
 }
 
 TEST_F(AdoTest, RefusesWhatIsNoRecordset) {

@@ -39,6 +39,13 @@ TEST_F(LookUp, TellsTheHostThePersonTypeAndTheChoice) {
   EXPECT_THAT(host_.session.handed, ElementsAre("pID PaTable 7"));
 }
 
+TEST_F(LookUp, KeepsTheChoiceThatTheHostDoesNotTake) {
+  act_ = [](frmTGList& list) { list.DialogButtons1.OK.DoClick(); };
+  host_.session.takes_hand_offs = false;
+  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulReferral, {}).choice->id, 7);
+  EXPECT_THAT(host_.user.told, ElementsAre(testing::HasSubstr("not taken")));
+}
+
 TEST_F(LookUp, TellsTheHostNothingWhenNothingIsChosen) {
   const auto result = ShowLookUpList(host_.Context(), session::lulInsuranceCo, {.title = "Select Replacement"});
   EXPECT_EQ(result.answer, "CANCEL_AND_CLOSE");

@@ -51,6 +51,7 @@ class FakeSession : public session::Session, public session::Connection {
   std::vector<std::string> statements;
   std::vector<std::string> person_types;
   std::vector<std::string> handed;
+  bool takes_hand_offs = true;
   std::vector<std::pair<std::string, std::string>> options;
 
   std::int32_t DatabaseKind() const override { return kind; }
@@ -84,6 +85,9 @@ class FakeSession : public session::Session, public session::Connection {
     options.emplace_back(std::string(section) + "." + std::string(key), value);
   }
   void RecordHandOff(std::string_view column, std::string_view table, std::int32_t id) override {
+    if (!takes_hand_offs) {
+      throw session::DatabaseError("not taken", {}, 0);
+    }
     handed.push_back(std::string(column) + " " + std::string(table) + " " + std::to_string(id));
   }
   void SetCurrentPersonType(std::string_view key) override { person_types.emplace_back(key); }

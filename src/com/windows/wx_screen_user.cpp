@@ -215,8 +215,7 @@ class Windows {
     if (!wxEntryStart(automation::Module()) || wxTheApp == nullptr || !wxTheApp->CallOnInit()) {
       throw std::runtime_error("The windows of the editing screens could not be started.");
     }
-    const std::string path = automation::ToUtf8(automation::ModulePath());
-    const std::string folder = path.substr(0, path.rfind('\\')) + "\\pictures";
+    const std::string folder = automation::ToUtf8(automation::ModuleFolder()) + "\\pictures";
     user_ = std::make_unique<views::WxUser>(views::ViewRegistry::Standard(),
                                             views::Pictures({folder, folder + "\\ICO\\Large"}));
     user_->OnModalEnd = [this] {
