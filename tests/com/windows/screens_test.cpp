@@ -118,13 +118,16 @@ class ScreensTest : public testing::Test {
     list->putref_frmOwner(owner.Form());
     return list;
   }
-  // The ID that comes back while somebody does the steps.
-  std::string EditPatient(const char* id, const char* steps) {
-    Person person([steps](Person& he) { Do(he, steps); });
+  // The ID that comes back while somebody works.
+  std::string EditPatient(const char* id, std::function<void(Person&)> work) {
+    Person person(std::move(work));
     Variant patient = Variant::Of(id);
     EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&patient, nullptr, nullptr), S_OK);
     EXPECT_EQ(person.Failure(), "");
     return automation::ToText(patient);
+  }
+  std::string EditPatient(const char* id, const char* steps) {
+    return EditPatient(id, [steps](Person& he) { Do(he, steps); });
   }
 
   test_support::PracticeHost host;
@@ -212,13 +215,10 @@ TEST_F(ScreensTest, WritesNothingWhenCancelled) {
 // A host that ends while a screen is open: the screen goes, and the host's own loop hears of it.
 TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
   constexpr WPARAM kExitCode = 7;
-  Person person([screens = GetCurrentThreadId()](Person& he) {
+  EditPatient("NEW", [screens = GetCurrentThreadId()](Person& he) {
     Do(he, "await New Patient Information\ntype Jones");
     PostThreadMessageW(screens, WM_QUIT, kExitCode, 0);
   });
-  Variant id = Variant::Of("NEW");
-  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
-  EXPECT_EQ(person.Failure(), "");
   MSG message{};
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) {
   }
@@ -229,15 +229,12 @@ TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
 
 // Whatever stands before a window goes with it.
 TEST_F(ScreensTest, EndsWithTheOwnersWindow) {
-  Person person([this](Person& he) {
+  const std::string id = EditPatient("NEW", [this](Person& he) {
     Do(he, "await New Patient Information\ntype Jones\npress Esc\nawait TAVO Windows");
     PostMessageW(owner.Window(), WM_CLOSE, 0, 0);
   });
-  Variant id = Variant::Of("NEW");
-  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
-  EXPECT_EQ(person.Failure(), "");
   EXPECT_FALSE(IsWindow(owner.Window()));
-  EXPECT_EQ(automation::ToText(id), "NEW");
+  EXPECT_EQ(id, "NEW");
 }
 
 // Where the windows stood is asked of the session when the first one is up already.
@@ -273,14 +270,11 @@ TEST_F(ScreensTest, HoldsNothingAfterManyScreens) {
 TEST_F(ScreensTest, StandsBeforeTheOwner) {
   HWND before = nullptr;
   bool owner_enabled = true;
-  Person person([&](Person& he) {
+  EditPatient("NEW", [&](Person& he) {
     before = GetWindow(he.Await(L"New Patient Information"), GW_OWNER);
     owner_enabled = IsWindowEnabled(owner.Window()) != FALSE;
     he.Press(VK_ESCAPE);
   });
-  Variant id = Variant::Of("NEW");
-  EXPECT_EQ(NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
-  EXPECT_EQ(person.Failure(), "");
   EXPECT_EQ(before, owner.Window());
   EXPECT_FALSE(owner_enabled);
 }
