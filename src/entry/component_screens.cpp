@@ -1,8 +1,8 @@
 #include "entry/component_screens.h"
 
-#include "data/attempt.h"
 #include "data/literal.h"
 #include "data/statements.h"
+#include "editing/attempt.h"
 #include "forms/text.h"
 #include "lookup/look_up.h"
 #include "people/patScreen_SM.h"
@@ -53,7 +53,7 @@ void ComponentScreens::PaTable_Edit_Start(std::string_view person_type, std::str
 bool ComponentScreens::AcceptLogin() {
   std::string name;
   const data::Statements statements(context_.session);
-  const bool read = data::Attempt(context_.user, [&] {
+  const bool read = editing::Attempt(context_.user, [&] {
     name = session::ToText(
         statements.SelectValue("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(new_employee_login_) +
                                statements.Office(" and (OfficeID = ", ") ")));

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/attempt.h"
+#include "editing/attempt.h"
 
 namespace lookup {
 namespace {
@@ -121,10 +121,10 @@ bool frmTGList::DoIdle() {
 
 bool frmTGList::Requery(const std::vector<std::string>& conditions, const std::string& sort, std::int32_t await_id) {
   const std::string text = statement_.Text(conditions, sort);
-  std::shared_ptr<RecordsetRows> rows;
-  const bool read = data::Attempt(context_.user, [&] {
+  std::shared_ptr<editing::RecordsetRows> rows;
+  const bool read = editing::Attempt(context_.user, [&] {
     const forms::WaitText wait(context_.user, "  Loading " + TitleText() + " - Please Wait  ");
-    rows = std::make_shared<RecordsetRows>(statements_.Select(text));
+    rows = std::make_shared<editing::RecordsetRows>(statements_.Select(text));
     rows->Fetch(kFirstPage);
   });
   if (!read) {
@@ -136,7 +136,7 @@ bool frmTGList::Requery(const std::vector<std::string>& conditions, const std::s
   sort_ = sort;
   SQLLabel.Caption = text;
   rows->Arrived = [this] { RowsArrived(); };
-  rows->Failed = [this](const session::DatabaseError& error) { data::Report(context_.user, error); };
+  rows->Failed = [this](const session::DatabaseError& error) { editing::Report(context_.user, error); };
   awaited_id_ = await_id;
   searched_ = 0;
   DotNetGrid.Row = -1;

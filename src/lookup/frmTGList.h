@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/statements.h"
+#include "editing/recordset_rows.h"
 #include "forms/button.h"
 #include "forms/check_box.h"
 #include "forms/dialog_buttons.h"
@@ -18,7 +19,6 @@
 #include "forms/tool_bar.h"
 #include "lookup/list_events.h"
 #include "lookup/list_statement.h"
-#include "lookup/recordset_rows.h"
 #include "session/screens.h"
 
 namespace lookup {
@@ -136,7 +136,7 @@ class frmTGList : public forms::Form {
 
   std::string sql_;
   ListStatement statement_;
-  std::shared_ptr<RecordsetRows> rows_;
+  std::shared_ptr<editing::RecordsetRows> rows_;
   std::vector<std::string> conditions_;  // of the rows that are shown
   std::string sort_;
   int sort_column_ = -1;  // as the grid stood for the rows that are shown

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "data/attempt.h"
 #include "data/literal.h"
+#include "editing/attempt.h"
 #include "forms/text.h"
 #include "lookup/frmTGList.h"
 #include "lookup/name_filter.h"
@@ -27,7 +27,7 @@ std::string* NameCell(NameFilter& names, std::string_view caption) {
 }  // namespace
 
 void frmTGList::ReadOptions() {
-  data::Attempt(context_.user, [this] {
+  editing::Attempt(context_.user, [this] {
     optFiltMid.Value = forms::IsOn(context_.session.UserOption(kOptions, kSearchAnywhere));
     const bool auto_clear = forms::IsOn(context_.session.UserOption(kOptions, kAutoClear));
     chkAutoClearFilter.Value = auto_clear ? forms::CheckState::On : forms::CheckState::Off;
@@ -36,7 +36,7 @@ void frmTGList::ReadOptions() {
 }
 
 void frmTGList::WriteOption(std::string_view key, bool set) {
-  data::Attempt(context_.user, [&] { context_.session.SetUserOption(kOptions, key, set ? "1" : "0"); });
+  editing::Attempt(context_.user, [&] { context_.session.SetUserOption(kOptions, key, set ? "1" : "0"); });
 }
 
 // The rows that stand filtered are filtered anew.

@@ -1,7 +1,7 @@
 #include <array>
 
-#include "data/attempt.h"
 #include "data/literal.h"
+#include "editing/attempt.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -43,7 +43,7 @@ void frmTGList::GoTo(const std::string& command) {
 
 bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
   bool patient = false;
-  data::Attempt(context_.user, [&] {
+  editing::Attempt(context_.user, [&] {
     std::string name;
     {
       const auto person = statements_.Select(

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "data/attempt.h"
 #include "data/statements.h"
+#include "editing/attempt.h"
 #include "forms/text.h"
 #include "lookup/frmTGList.h"
 
@@ -103,8 +103,8 @@ LookUpResult ShowLookUpList(const ScreenContext& context, std::int32_t type, con
   if (const std::int32_t id = session::ToId(result.answer); id != 0) {
     result.choice = {id, list.kind_key.empty() ? window.Select_String : WithoutOpenComma(window.Select_String)};
     if (!list.hand_off_table.empty()) {
-      data::Attempt(context.user,
-                    [&] { context.session.RecordHandOff(list.hand_off_column, list.hand_off_table, id); });
+      editing::Attempt(context.user,
+                       [&] { context.session.RecordHandOff(list.hand_off_column, list.hand_off_table, id); });
     }
   }
   return result;

@@ -2,10 +2,16 @@
 
 #include <algorithm>
 
-#include "data/attempt.h"
+#include "editing/attempt.h"
 
 namespace people {
 namespace {
+
+using editing::ContactLabel;
+using editing::kContactCodes;
+using editing::Prefix;
+using editing::Side;
+using editing::SideLabel;
 
 template <typename Action>
 void Each(Action action) {
@@ -44,7 +50,7 @@ frmContacts::frmContacts(const session::ScreenContext& context)
 }
 
 void frmContacts::OnLoad() {
-  if (!data::Attempt(context_.user, [this] { ReadOnly ? contacts_.Read(pID) : contacts_.Setup(pID); })) {
+  if (!editing::Attempt(context_.user, [this] { ReadOnly ? contacts_.Read(pID) : contacts_.Setup(pID); })) {
     Close();
     return;
   }
@@ -97,7 +103,7 @@ bool frmContacts::Save() {
       contacts_.Select(Side::Work, code);
     }
   });
-  Saved = data::Attempt(context_.user, [this] { contacts_.SaveAll(pID); });
+  Saved = editing::Attempt(context_.user, [this] { contacts_.SaveAll(pID); });
   return Saved;
 }
 

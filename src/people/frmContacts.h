@@ -5,12 +5,12 @@
 #include <map>
 #include <string>
 
+#include "editing/Contacts.h"
 #include "forms/check_box.h"
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/text_box.h"
-#include "people/Contacts.h"
 #include "session/screens.h"
 
 namespace people {
@@ -24,7 +24,7 @@ class frmContacts : public forms::Form {
   // Another user holds the person's row.
   bool ReadOnly = false;
   // What the caller's screen shows for a side, typed and not yet saved; it takes the place of the stored value.
-  std::map<Side, std::string> Typed;
+  std::map<editing::Side, std::string> Typed;
 
   std::array<forms::OptionButton, 6> optHome;
   std::array<forms::OptionButton, 6> optWork;
@@ -44,7 +44,7 @@ class frmContacts : public forms::Form {
   bool Save();
 
   session::ScreenContext context_;
-  Contacts contacts_;
+  editing::Contacts contacts_;
   forms::OptionGroup home_;
   forms::OptionGroup work_;
   std::array<int, 2> shown_at_first_{};

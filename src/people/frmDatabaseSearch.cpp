@@ -1,7 +1,7 @@
 #include "people/frmDatabaseSearch.h"
 
-#include "data/attempt.h"
 #include "data/statements.h"
+#include "editing/attempt.h"
 #include "people/name_entry.h"
 
 namespace people {
@@ -93,7 +93,7 @@ int frmDatabaseSearch::Search() {
 }
 
 void frmDatabaseSearch::OnLoad() {
-  if (ids_.empty() && !data::Attempt(context_.user, [this] { Search(); })) {
+  if (ids_.empty() && !editing::Attempt(context_.user, [this] { Search(); })) {
     Close();
   }
 }

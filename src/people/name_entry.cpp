@@ -3,15 +3,17 @@
 #include <charconv>
 #include <optional>
 
-#include "data/attempt.h"
 #include "data/literal.h"
 #include "data/statements.h"
+#include "editing/Contacts.h"
+#include "editing/attempt.h"
 #include "forms/text.h"
-#include "people/Contacts.h"
 #include "people/frmDatabaseSearch.h"
 
 namespace people {
 namespace {
+
+using editing::NamePromptText;
 
 std::string Quoted(const session::Database& database, std::string_view beginning) {
   std::string literal = data::LikeBeginning(beginning);
@@ -107,7 +109,7 @@ NameEntry EnterPatient(const session::ScreenContext& context) {
   frmDatabaseSearch search(context);
   search.SearchText = text;
   int found = 0;
-  if (!data::Attempt(context.user, [&] { found = search.Search(); })) {
+  if (!editing::Attempt(context.user, [&] { found = search.Search(); })) {
     return {};
   }
   if (found > 0) {

@@ -8,6 +8,8 @@
 namespace people {
 namespace {
 
+using editing::Side;
+
 constexpr std::string_view kSetup = "DEFAULT_OFFICE_SETUP";
 constexpr std::string_view kCaption = "Patient Information";
 constexpr std::string_view kExitLine = "Do you want to save now?";
@@ -114,7 +116,7 @@ void patScreen_SM::OnLoad() {
   Caption = std::string(prefix) + std::string(kCaption);
   DialogButtons1.Extra.Visible = ShowSaveNBookAppt;
   ShowSaveNBookAppt = false;
-  const bool loaded = data::Attempt(context_.user, [this] {
+  const bool loaded = editing::Attempt(context_.user, [this] {
     if (Adding()) {
       LoadNew();
     } else {
@@ -275,7 +277,7 @@ bool patScreen_SM::Save() {
     return false;
   }
   bool written = false;
-  return data::Attempt(context_.user, [&] { written = Write(); }) && written;
+  return editing::Attempt(context_.user, [&] { written = Write(); }) && written;
 }
 
 // A failed statement leaves what it did not reach marked, and the next save goes on from there. False when the row is
@@ -337,7 +339,7 @@ void patScreen_SM::EditContacts() {
   }
   context_.user.Show(dialog);
   if (dialog.Saved) {
-    data::Attempt(context_.user, [this] { ShowContacts(); });
+    editing::Attempt(context_.user, [this] { ShowContacts(); });
   }
 }
 

@@ -5,8 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "data/attempt.h"
 #include "data/record_binding.h"
+#include "editing/Contacts.h"
+#include "editing/ZIPCODE.h"
+#include "editing/attempt.h"
 #include "forms/button.h"
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
@@ -14,8 +16,6 @@
 #include "forms/list_box.h"
 #include "forms/panels.h"
 #include "forms/text_box.h"
-#include "people/Contacts.h"
-#include "people/ZIPCODE.h"
 #include "session/screens.h"
 
 namespace people {
@@ -75,7 +75,7 @@ class patScreen_SM : public forms::Form {
   forms::Button cmdContact;
   forms::Panel Name_List;  // holds `dbcNameSearch`
   forms::ComboBox dbcNameSearch;
-  ZIPCODE ZipCodes;
+  editing::ZIPCODE ZipCodes;
   forms::PictureBox picSwapName;
   forms::Panel PictureBox1;             // the balloon of the field help
   forms::Label Label3;                  // its text
@@ -154,8 +154,8 @@ class patScreen_SM : public forms::Form {
 
   session::ScreenContext context_;
   data::Statements statements_;
-  Contacts contacts_;
-  std::optional<data::RecordHold> hold_;
+  editing::Contacts contacts_;
+  std::optional<editing::RecordHold> hold_;
   bool read_only_ = false;
   bool write_pending_ = false;  // a save stopped on its way
   bool nickname_pending_ = false;

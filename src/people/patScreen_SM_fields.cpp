@@ -5,6 +5,8 @@
 namespace people {
 namespace {
 
+using editing::ZIPCODE;
+
 constexpr std::string_view kLineMark = "////";
 
 std::string WithLineBreaks(std::string text) {

@@ -125,7 +125,7 @@ bool patScreen_SM::MayChangePerson(Field field) {
   }
   const PersonField& person = Describe(field);
   if (!context_.session.HasRight(person.right)) {
-    context_.user.Tell(data::RightsRefusal(context_.session, person.what));
+    context_.user.Tell(editing::RightsRefusal(context_.session, person.what));
     return false;
   }
   return true;
@@ -141,7 +141,7 @@ void patScreen_SM::PickPerson(Field field) {
   if (!picked || picked->id == 0 || picked->id == current) {
     return;
   }
-  data::Attempt(context_.user, [&] {
+  editing::Attempt(context_.user, [&] {
     const std::string name = NameOf(picked->id);
     if (Confirm("Change this patient's " + std::string(person.word) + " to [ " + name + " ] ?")) {
       SetPerson(field, picked->id, name);
@@ -169,7 +169,7 @@ void patScreen_SM::EditPerson(Field field) {
   }
   context_.screens.PaTable_Edit_Start(person.type_key, id);
   if (const std::int32_t saved = session::ToId(session::Value(id)); saved != 0) {
-    data::Attempt(context_.user, [&] { SetPerson(field, saved, NameOf(saved)); });
+    editing::Attempt(context_.user, [&] { SetPerson(field, saved, NameOf(saved)); });
   }
 }
 
@@ -214,7 +214,7 @@ void patScreen_SM::DropNames(Field field) {
   searching_ = field;
   const PersonField& person = Describe(field);
   std::vector<forms::ListItem> names;
-  data::Attempt(context_.user, [&] {
+  editing::Attempt(context_.user, [&] {
     const std::string type(person.type_column);
     const auto rows = statements_.Select("SELECT pID AS ID, pLASNAM, pFIRNAM FROM PATable WHERE (" + type + "='1' OR " +
                                          type + "='2')" + statements_.Office() + " ORDER BY pLASNAM, pFIRNAM");
@@ -299,7 +299,7 @@ void patScreen_SM::AddSearchedName(const std::string& typed) {
                        std::string(person.word) + ".");
     return;
   }
-  data::Attempt(context_.user, [&] {
+  editing::Attempt(context_.user, [&] {
     const auto fitting = [this](Field box, const std::string& text) {
       return data::Literal(forms::Left(text, static_cast<std::size_t>(Text1.at(box).MaxLength.get())));
     };

@@ -15,9 +15,10 @@ import subprocess
 import sys
 
 FIELDS = ["lookup", "people", "insurance", "recall", "locations"]
-SEES = {"forms": [], "session": ["forms"], "data": ["forms", "session"]}
-SEES |= {field: ["forms", "session", "data"] for field in FIELDS}
-SEES["entry"] = ["forms", "session", "data", *FIELDS]
+SEES = {"forms": [], "session": ["forms"], "data": ["forms", "session"],
+        "editing": ["forms", "session", "data"]}
+SEES |= {field: ["forms", "session", "data", "editing"] for field in FIELDS}
+SEES["entry"] = ["forms", "session", "data", "editing", *FIELDS]
 ABOVE = ["views", "com", "automation", "host"]
 
 FOREIGN = ["wx/wx.h", "gtk/gtk.h", "windows.h", "sqlite3.h", "libpq-fe.h", "sql.h", "sqlext.h", "sodium.h"]

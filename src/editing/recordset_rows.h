@@ -9,7 +9,7 @@
 #include "forms/grid.h"
 #include "session/connection.h"
 
-namespace lookup {
+namespace editing {
 
 // The rows of a recordset as a grid's cells, fetched piece by piece and kept as text.
 class RecordsetRows : public forms::GridRows {
@@ -46,4 +46,4 @@ class RecordsetRows : public forms::GridRows {
   int count_ = 0;
 };
 
-}  // namespace lookup
+}  // namespace editing

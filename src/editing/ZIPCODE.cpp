@@ -1,10 +1,10 @@
-#include "people/ZIPCODE.h"
+#include "editing/ZIPCODE.h"
 
-#include "data/attempt.h"
 #include "data/literal.h"
+#include "editing/attempt.h"
 #include "forms/text.h"
 
-namespace people {
+namespace editing {
 namespace {
 
 constexpr std::string_view kTitle = "City State, Zip Code";
@@ -131,7 +131,7 @@ void ZIPCODE::Fill(std::string_view typed) {
   const std::string column = city ? "ZipCodCit" : "ZipCodZip";
   std::vector<forms::ListItem> items;
   bool leads = false;
-  data::Attempt(context_.user, [&] {
+  Attempt(context_.user, [&] {
     const auto rows =
         statements_.Select("Select Top " + std::string(city ? "200" : "20") + " * from ZipCodTable where " + column +
                            ">=" + data::Literal(typed) + statements_.Office() + " order by " +
@@ -170,7 +170,7 @@ bool ZIPCODE::Add() {
   if (!HasCity(place) || !Confirm("Add [ " + place.Text() + " ] to database", kTitle)) {
     return false;
   }
-  return data::Attempt(context_.user, [&] {
+  return Attempt(context_.user, [&] {
     const auto known = Find(place);
     if (const auto stored = Read(known ? *known : statements_.Insert("ZipCodTable", ValuesOf(place)))) {
       PutOnScreen(*stored);
@@ -193,7 +193,7 @@ bool ZIPCODE::Edit() {
   if (!HasCity(changed) || !Confirm("Update City, State, and Zipcode?", "City, State, and Zipcode")) {
     return false;
   }
-  return data::Attempt(context_.user, [&] {
+  return Attempt(context_.user, [&] {
     statements_.Update("ZipCodTable", ValuesOf(changed), "ZipCodID", entry->id);
     Fill(OpenerBox().Text.get());
     ZIPCode_Combo.ListIndex = ZIPCode_Combo.IndexOfData(entry->id);
@@ -202,7 +202,7 @@ bool ZIPCODE::Edit() {
 
 bool ZIPCODE::Delete() {
   const auto entry = ConfirmCurrent("Delete");
-  return entry && data::Attempt(context_.user, [&] {
+  return entry && Attempt(context_.user, [&] {
            statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(entry->id) +
                                statements_.Office() + ";");
            Fill(OpenerBox().Text.get());
@@ -224,7 +224,7 @@ std::optional<ZIPCODE::Entry> ZIPCODE::ConfirmCurrent(std::string_view verb) {
   }
   const std::int32_t id = current->data;
   std::optional<Place> place;
-  if (!data::Attempt(context_.user, [&] { place = Read(id); }) || !place ||
+  if (!Attempt(context_.user, [&] { place = Read(id); }) || !place ||
       !Confirm(std::string(verb) + " [ " + place->Text() + " ] ?", kTitle)) {
     return std::nullopt;
   }
@@ -267,7 +267,7 @@ void ZIPCODE::Pick() {
   if (current == nullptr) {
     return;
   }
-  data::Attempt(context_.user, [&] {
+  Attempt(context_.user, [&] {
     if (const auto place = Read(current->data)) {
       PutOnScreen(*place);
     }
@@ -358,4 +358,4 @@ bool ZIPCODE::NonUs() const {
   return forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE"));
 }
 
-}  // namespace people
+}  // namespace editing

@@ -1,6 +1,6 @@
-#include "data/attempt.h"
+#include "editing/attempt.h"
 
-namespace data {
+namespace editing {
 
 void Report(forms::User& user, const session::DatabaseError& error) {
   user.Tell("The database could not carry out this operation.\r\n\r\n" + std::string(error.what()),
@@ -30,4 +30,4 @@ std::string RightsRefusal(const session::Login& login, std::string_view what) {
   return "User [" + login.UserName() + "] does not have the rights to modify " + std::string(what) + ".";
 }
 
-}  // namespace data
+}  // namespace editing

@@ -8,7 +8,7 @@
 
 #include "data/statements.h"
 
-namespace people {
+namespace editing {
 
 enum class Side { Home, Work };
 inline constexpr std::array<Side, 2> kSides = {Side::Home, Side::Work};
@@ -71,4 +71,4 @@ class Contacts {
   std::map<Side, int> visible_sizes_;
 };
 
-}  // namespace people
+}  // namespace editing

@@ -15,7 +15,7 @@
 #include "forms/text_box.h"
 #include "session/screens.h"
 
-namespace people {
+namespace editing {
 
 struct Place {
   std::string city;
@@ -104,4 +104,4 @@ class ZIPCODE {
   Opener opener_ = Opener::City;
 };
 
-}  // namespace people
+}  // namespace editing

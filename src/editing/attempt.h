@@ -8,7 +8,7 @@
 #include "forms/user.h"
 #include "session/session.h"
 
-namespace data {
+namespace editing {
 
 // Tells the person what the database refused.
 void Report(forms::User& user, const session::DatabaseError& error);
@@ -51,4 +51,4 @@ class RecordHold {
 // "User [Ann] does not have the rights to modify provider names."
 std::string RightsRefusal(const session::Login& login, std::string_view what);
 
-}  // namespace data
+}  // namespace editing

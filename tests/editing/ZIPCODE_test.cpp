@@ -1,9 +1,9 @@
-#include "people/ZIPCODE.h"
+#include "editing/ZIPCODE.h"
 
 namespace {
 
-using people::Place;
-using people::SplitPlace;
+using editing::Place;
+using editing::SplitPlace;
 
 TEST(SplitPlace, FindsStateAndZipAtTheEndOfUsPlaces) {
   EXPECT_EQ(SplitPlace("Springfield IL 62701", false), (Place{"Springfield", "IL", "62701"}));

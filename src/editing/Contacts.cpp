@@ -1,11 +1,11 @@
-#include "people/Contacts.h"
+#include "editing/Contacts.h"
 
 #include <algorithm>
 
 #include "data/literal.h"
 #include "forms/text.h"
 
-namespace people {
+namespace editing {
 namespace {
 
 constexpr std::string_view kFirstPhone = "Pho1";
@@ -170,4 +170,4 @@ void Contacts::SaveVisible(std::int32_t person) {
                       " WHERE (pID=" + data::Literal(person) + ")" + statements_.Office());
 }
 
-}  // namespace people
+}  // namespace editing

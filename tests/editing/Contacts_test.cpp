@@ -1,20 +1,20 @@
-#include "people/Contacts.h"
+#include "editing/Contacts.h"
 
 #include "support/practice_host.h"
 
 namespace {
 
-using people::Contacts;
-using people::Side;
+using editing::Contacts;
+using editing::Side;
 
 TEST(Contacts, LabelsCodesInAnyCase) {
   std::string code = "phompho2";
-  EXPECT_EQ(people::ContactLabel(code), "Phone 2");
+  EXPECT_EQ(editing::ContactLabel(code), "Phone 2");
   EXPECT_EQ(code, "phompho2");
   code = "PBUSEMA";
-  EXPECT_EQ(people::ContactLabel(code), "E-Mail");
+  EXPECT_EQ(editing::ContactLabel(code), "E-Mail");
   code = "pHomFoo";
-  EXPECT_EQ(people::ContactLabel(code), "Phone");
+  EXPECT_EQ(editing::ContactLabel(code), "Phone");
   EXPECT_EQ(code, "Pho1");
 }
 

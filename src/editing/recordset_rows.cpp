@@ -1,6 +1,6 @@
-#include "lookup/recordset_rows.h"
+#include "editing/recordset_rows.h"
 
-namespace lookup {
+namespace editing {
 namespace {
 
 constexpr int kRowsAPage = 256;
@@ -60,4 +60,4 @@ std::string RecordsetRows::Text(int row, int column) const {
   return page.text.substr(begin, page.ends[cell] - begin);
 }
 
-}  // namespace lookup
+}  // namespace editing
