@@ -2,6 +2,7 @@
 
 #include "data/statements.h"
 #include "editing/attempt.h"
+#include "forms/text.h"
 #include "people/name_entry.h"
 
 namespace people {
@@ -56,6 +57,8 @@ frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
   Add("Name_List", Name_List);
   Add("DialogButtons1", DialogButtons1);
   Properties["SearchText"] = {[this] { return SearchText; }, [this](const std::string& text) { SearchText = text; }};
+  Properties["FamilyHeads"] = {[this] { return std::string(FamilyHeads ? "True" : "False"); },
+                               [this](const std::string& text) { FamilyHeads = forms::IsOn(text); }};
   Properties["SelectedID"] = {[this] { return std::to_string(SelectedID); }, nullptr};
   Name_List.Columns = std::vector<forms::GridColumn>{{.key = "Name", .caption = "Name", .width = 220},
                                                      {.key = "pHOMPHO", .caption = "Home", .width = 110},

@@ -96,18 +96,19 @@ std::string NameSearch(const session::Database& database, std::string_view text,
   return "Select * from Patable where " + condition + " order by pLasNam, pFirNam";
 }
 
-NameEntry EnterPatient(const session::ScreenContext& context) {
-  const auto typed = context.user.Input({.prompt = NamePromptText(true)});
+NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
+  const auto typed = context.user.Input({.prompt = NamePromptText(prompt.ids)});
   if (!typed || forms::Trim(*typed).empty()) {
     return {};
   }
   const std::string text(forms::Trim(*typed));
   const auto entered = ParseNameOrId(text);
-  if (const auto* id = std::get_if<std::int32_t>(&entered)) {
+  if (const auto* id = std::get_if<std::int32_t>(&entered); id != nullptr && prompt.ids) {
     return Open(context, std::to_string(*id), {});
   }
   frmDatabaseSearch search(context);
   search.SearchText = text;
+  search.FamilyHeads = prompt.family_heads;
   int found = 0;
   if (!editing::Attempt(context.user, [&] { found = search.Search(); })) {
     return {};

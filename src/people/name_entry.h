@@ -37,7 +37,13 @@ struct NameEntry {
   bool save_and_book = false;  // the choice made on the screen
 };
 
+// What the name prompt takes.
+struct NamePrompt {
+  bool ids = true;            // a number is a patient's ID; otherwise it is a name like any other
+  bool family_heads = false;  // finds family heads alone
+};
+
 // The way in to a patient: asks for a name or ID, finds or offers to add the patient, and opens the quick screen.
-NameEntry EnterPatient(const session::ScreenContext& context);
+NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt = {});
 
 }  // namespace people
