@@ -40,6 +40,8 @@ class HostSession : public session::Session {
   // The host's own way into the office's tables; overrides in a derived class do not hear of it.
   OfficeDatabase& Office() { return database_; }
   LoginRights& User() { return user_; }
+  // The session works in another office from now on.
+  void SetOffice(std::int32_t office) { database_ = OfficeDatabase(practice_, office); }
   const std::string& CurrentPersonType() const { return person_type_; }
 
   std::int32_t DatabaseKind() const override { return database_.DatabaseKind(); }

@@ -48,17 +48,23 @@ RecordLocks::RecordLocks(session::Database& database, std::string user, const Pr
 RecordLocks::~RecordLocks() {
   try {
     while (!held_.empty()) {
-      held_.begin()->second = 1;
-      Release(held_.begin()->first.first, held_.begin()->first.second);
+      const Key key = held_.begin()->first;
+      held_.erase(held_.begin());
+      Free(key);
     }
   } catch (const session::DatabaseError&) {
     // The locks fall with the process.
   }
 }
 
+RecordLocks::Key RecordLocks::KeyOf(std::string_view table, std::int32_t id) const {
+  return {database_.CurrentOfficeID(), forms::ToUpper(table), id};
+}
+
 std::string RecordLocks::OfRecord(const Key& key) const {
-  return "(RLTable=" + Literal(key.first) + ") AND (RLRecID=" + Literal(key.second) + ")" +
-         data::Statements(database_).Office();
+  const bool scoped = data::Statements(database_).OfficeScoped();
+  return "(RLTable=" + Literal(key.table) + ") AND (RLRecID=" + Literal(key.id) + ")" +
+         (scoped ? " AND (OfficeID=" + Literal(key.office) + ")" : "");
 }
 
 std::string RecordLocks::OwnerOf(const Key& key) const {
@@ -67,7 +73,7 @@ std::string RecordLocks::OwnerOf(const Key& key) const {
 }
 
 bool RecordLocks::Hold(std::string_view table, std::int32_t id) {
-  Key key{forms::ToUpper(table), id};
+  Key key = KeyOf(table, id);
   if (const auto found = held_.find(key); found != held_.end()) {
     ++found->second;
     return true;
@@ -76,7 +82,7 @@ bool RecordLocks::Hold(std::string_view table, std::int32_t id) {
   const bool scoped = statements.OfficeScoped();
   // One statement takes a record that is free; where two come at once, the unique index lets one of them in.
   statements.Execute("INSERT INTO RecordLockTable (RLTable, RLRecID, RLWho, RLOwner" +
-                     std::string(scoped ? ", OfficeID" : "") + ") VALUES (" + Literal(key.first) + ", " + Literal(id) +
+                     std::string(scoped ? ", OfficeID" : "") + ") VALUES (" + Literal(key.table) + ", " + Literal(id) +
                      ", " + Literal(user_) + ", " + Literal(owner_) + statements.Office(", ", "") +
                      ") ON CONFLICT DO NOTHING");
   std::string owner = OwnerOf(key);
@@ -94,18 +100,22 @@ bool RecordLocks::Hold(std::string_view table, std::int32_t id) {
 }
 
 void RecordLocks::Release(std::string_view table, std::int32_t id) {
-  const auto found = held_.find({forms::ToUpper(table), id});
+  const auto found = held_.find(KeyOf(table, id));
   if (found == held_.end() || --found->second > 0) {
     return;
   }
   const Key key = found->first;
   held_.erase(found);
+  Free(key);
+}
+
+void RecordLocks::Free(const Key& key) {
   data::Statements(database_).Execute("DELETE * FROM RecordLockTable WHERE (RLOwner=" + Literal(owner_) + ") AND " +
                                       OfRecord(key));
 }
 
 bool RecordLocks::HeldByAnother(std::string_view table, std::int32_t id) const {
-  const std::string owner = OwnerOf({forms::ToUpper(table), id});
+  const std::string owner = OwnerOf(KeyOf(table, id));
   return !owner.empty() && owner != owner_ && MayBeAlive(ProcessOf(owner));
 }
 

@@ -4,14 +4,14 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "practice/machine.h"
 #include "session/session.h"
 
 namespace host {
 
-// The records that one session holds against all others on its practice, of this process or another. What a dead
+// The records that one session holds against all others on its practice, of this process or another; each in the
+// office that the session was in. What a dead
 // process held is free. Throws session::DatabaseError.
 class RecordLocks {
  public:
@@ -27,10 +27,18 @@ class RecordLocks {
   bool HeldByAnother(std::string_view table, std::int32_t id) const;
 
  private:
-  using Key = std::pair<std::string, std::int32_t>;
+  struct Key {
+    std::int32_t office;
+    std::string table;
+    std::int32_t id;
 
-  std::string OfRecord(const Key& key) const;  // the condition for its row
-  std::string OwnerOf(const Key& key) const;   // empty when it is free
+    friend auto operator<=>(const Key&, const Key&) = default;
+  };
+
+  Key KeyOf(std::string_view table, std::int32_t id) const;  // in the office that the session is in
+  std::string OfRecord(const Key& key) const;                // the condition for its row
+  std::string OwnerOf(const Key& key) const;                 // empty when it is free
+  void Free(const Key& key);
 
   session::Database& database_;
   std::string user_;

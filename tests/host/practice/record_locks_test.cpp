@@ -51,6 +51,26 @@ TEST_F(RecordLocksTest, ASessionThatEndsReleasesWhatItHeld) {
   EXPECT_TRUE(ann_.Hold("InsCoTable", 2));
 }
 
+TEST_F(RecordLocksTest, ARecordIsHeldInTheOfficeThatTheSessionWasIn) {
+  Practice practice = CreatePractice("sqlite::memory:", {.kind = session::kOfficeScoped, .office = 1, .offices = 2});
+  OfficeDatabase first(practice, 1);
+  OfficeDatabase second(practice, 2);
+  OfficeDatabase moving(practice, 1);
+  const auto held = [](OfficeDatabase& office) { return RecordLocks(office, "bob").HeldByAnother("PATable", 5); };
+  {
+    RecordLocks cleo(moving, "cleo");
+    EXPECT_TRUE(cleo.Hold("PATable", 5));
+    moving = OfficeDatabase(practice, 2);
+    EXPECT_FALSE(held(second));
+    EXPECT_TRUE(cleo.Hold("PATable", 5));
+    EXPECT_TRUE(held(second));
+    cleo.Release("PATable", 5);
+    EXPECT_FALSE(held(second));
+    EXPECT_TRUE(held(first));
+  }
+  EXPECT_FALSE(held(first));
+}
+
 TEST_F(RecordLocksTest, WhatADeadProcessHeldIsFree) {
   std::array<int, 2> taken{};
   std::array<int, 2> stop{};
