@@ -77,18 +77,43 @@ struct NameOnly {
   void operator()(void* /*object*/) const {}
 };
 
+constexpr const char* kNothing = "Nothing";
+constexpr const char* kSession = "Session";
+
+bool IsNothing(std::string_view text) {
+  return text.empty() || forms::EqualsIgnoringCase(text, kNothing);
+}
+
+std::string NameOf(const HostObject& object) {
+  if (object == nullptr) {
+    return kNothing;
+  }
+  const auto* named = std::get_deleter<NameOnly>(object);
+  return named != nullptr ? named->name : "Object";
+}
+
+HostObject ObjectOf(const std::string& name) {
+  static char object = 0;  // its name tells one from another
+  return IsNothing(name) ? nullptr : HostObject(&object, NameOnly{name});
+}
+
 // By its name; "Nothing" is none.
 Form::NamedProperty Property(HostObject& value) {
-  return {[&value]() -> std::string {
-            if (value == nullptr) {
-              return "Nothing";
+  return {[&value] { return NameOf(value); }, [&value](const std::string& text) { value = ObjectOf(text); }};
+}
+
+Form::NamedProperty Slot(IGlobal& object, const HostObject& (IGlobal::*get)() const, void (IGlobal::*set)(HostObject)) {
+  return {[&object, get] { return NameOf((object.*get)()); },
+          [&object, set](const std::string& text) { (object.*set)(ObjectOf(text)); }};
+}
+
+Form::NamedProperty SessionSlot(IGlobal& object, const std::shared_ptr<session::Session>& session) {
+  return {[&object] { return std::string(object.PV() == nullptr ? kNothing : kSession); },
+          [&object, session](const std::string& text) {
+            if (!IsNothing(text) && !forms::EqualsIgnoringCase(text, kSession)) {
+              throw std::invalid_argument("\"" + text + "\" is neither Session nor Nothing");
             }
-            const auto* named = std::get_deleter<NameOnly>(value);
-            return named != nullptr ? named->name : "Object";
-          },
-          [&value](const std::string& text) {
-            const bool none = text.empty() || forms::EqualsIgnoringCase(text, "Nothing");
-            value = none ? nullptr : HostObject(&value, NameOnly{text});
+            object.SetPV(IsNothing(text) ? nullptr : session);
           }};
 }
 
@@ -300,6 +325,13 @@ Dispatch DispatchOf(LookUpList& list) {
                          {"NewEmployeePasswordID", Property(list.NewEmployeePasswordID)},
                          {"AllowDelete", Property(list.AllowDelete)}};
   return dispatch;
+}
+
+void AddSlots(Dispatch& dispatch, IGlobal& object, const std::shared_ptr<session::Session>& session) {
+  dispatch.properties.insert_or_assign("DAC", Slot(object, &IGlobal::DAC, &IGlobal::SetDAC));
+  dispatch.properties.insert_or_assign("GIC", Slot(object, &IGlobal::GIC, &IGlobal::SetGIC));
+  dispatch.properties.insert_or_assign("GC", Slot(object, &IGlobal::GC, &IGlobal::SetGC));
+  dispatch.properties.insert_or_assign("PV", SessionSlot(object, session));
 }
 
 }  // namespace entry
