@@ -10,18 +10,34 @@
 namespace host {
 namespace {
 
-// CLASS.MEMBER
+// The owner of CLASS.MEMBER or NAME.MEMBER, and the member.
 std::pair<entry::Dispatch*, std::string> TakeMember(Interpreter& interpreter, StepWords& words) {
   const std::string text = words.Take("CLASS.MEMBER");
   const std::size_t point = text.find('.');
-  entry::Dispatch* owner = interpreter.World().Class(text.substr(0, point));
+  entry::Dispatch* owner = interpreter.World().Find(text.substr(0, point));
   if (owner == nullptr) {
-    Fail("there is no public class " + text.substr(0, point));
+    Fail("there is no public class " + text.substr(0, point) + " and no instance of that name");
   }
   if (point == std::string::npos) {
-    Fail("a member of " + owner->class_name + " is due, as CLASS.MEMBER");
+    Fail("a member of " + text + " is due, as " + text + ".MEMBER");
   }
   return {owner, text.substr(point + 1)};
+}
+
+// Beside the names that are known already.
+void MakeInstance(Interpreter& interpreter, StepWords& words) {
+  const std::string class_name = words.Take("a public class");
+  const std::string name = words.Take("a name");
+  words.End();
+  if (name.empty() || name.find('.') != std::string::npos) {
+    Fail(Quoted(name) + " is no name of an instance");
+  }
+  if (interpreter.World().Find(name) != nullptr) {
+    Fail("there is " + name + " already");
+  }
+  if (!interpreter.World().New(class_name, name)) {
+    Fail("there is no public class " + class_name);
+  }
 }
 
 // NAME=VALUE, or values in the order of the parameters.
@@ -46,18 +62,9 @@ entry::Arguments TakeArguments(const entry::Method& method, StepWords& words) {
   return arguments;
 }
 
-// `result` reads the arguments of the call, then the properties of its class.
-void ReadFrom(Interpreter& interpreter, entry::Dispatch& owner, entry::Arguments arguments) {
-  interpreter.ReadResult = [&owner,
-                            arguments = std::move(arguments)](const std::string& wanted) -> std::optional<std::string> {
-    if (const auto argument = arguments.find(wanted); argument != arguments.end()) {
-      return argument->second;
-    }
-    if (const auto property = owner.properties.find(wanted); property != owner.properties.end()) {
-      return property->second.get();
-    }
-    return std::nullopt;
-  };
+std::optional<std::string> ReadMember(const entry::Dispatch& owner, const std::string& name) {
+  const auto property = owner.properties.find(name);
+  return property == owner.properties.end() ? std::nullopt : std::optional(property->second.get());
 }
 
 void Call(Interpreter& interpreter, StepWords& words) {
@@ -68,7 +75,10 @@ void Call(Interpreter& interpreter, StepWords& words) {
   }
   entry::Arguments arguments = TakeArguments(*method, words);
   arguments.insert_or_assign("return", method->invoke(arguments));
-  ReadFrom(interpreter, *owner, std::move(arguments));
+  interpreter.ReadResult = [called = owner, arguments](const std::string& wanted) {
+    const auto argument = arguments.find(wanted);
+    return argument != arguments.end() ? std::optional(argument->second) : ReadMember(*called, wanted);
+  };
 }
 
 void Set(Interpreter& interpreter, StepWords& words) {
@@ -85,7 +95,11 @@ void Set(Interpreter& interpreter, StepWords& words) {
   } catch (const std::invalid_argument& problem) {
     Fail(owner->class_name + "." + name + ": " + problem.what());
   }
-  ReadFrom(interpreter, *owner, {});
+  // What has been called before is read still.
+  interpreter.ReadResult = [changed = owner, before = std::move(interpreter.ReadResult)](const std::string& wanted) {
+    auto read = ReadMember(*changed, wanted);
+    return read || !before ? read : before(wanted);
+  };
 }
 
 const forms::Form::NamedProperty* FindProperty(const forms::Form& form, std::string_view name) {
@@ -125,21 +139,17 @@ void OpenForm(Interpreter& interpreter, StepWords& words) {
 
 // Texts of truth values are truth values.
 void CheckResult(Interpreter& interpreter, StepWords& words) {
-  std::string name = words.Take("a name");
+  const std::string name = words.Take("a name");
   const Expectation wanted = words.TakeExpectation();
   words.End();
-  if (const std::size_t point = name.find('.'); point != std::string::npos) {
-    if (entry::Dispatch* owner = interpreter.World().Class(name.substr(0, point)); owner != nullptr) {
-      ReadFrom(interpreter, *owner, {});
-      name.erase(0, point + 1);
-    }
-  }
-  if (!interpreter.ReadResult) {
+  const std::size_t point = name.find('.');
+  const entry::Dispatch* owner = point == std::string::npos ? nullptr : interpreter.World().Find(name.substr(0, point));
+  if (owner == nullptr && !interpreter.ReadResult) {
     Fail("nothing has been called");
   }
-  const auto value = interpreter.ReadResult(name);
+  const auto value = owner != nullptr ? ReadMember(*owner, name.substr(point + 1)) : interpreter.ReadResult(name);
   if (!value) {
-    Fail("the call has no result " + name);
+    Fail("there is no result " + name);
   }
   const bool truth = *value == "True" || *value == "False";
   PropertyValue{.text = *value, .truth = truth ? ParseTruth(*value) : std::nullopt}.Check(wanted);
@@ -157,6 +167,7 @@ void CheckDone(Interpreter& interpreter, StepWords& words) {
 
 constexpr std::array kSteps = {
     Step{"call", StepKind::Call, "CLASS.METHOD [NAME=VALUE]...", "calls a public method", Call},
+    Step{"new", StepKind::SetUp, "CLASS NAME", "a further instance, called as NAME.METHOD", MakeInstance},
     Step{"set", StepKind::SetUp, "CLASS.PROPERTY VALUE", "sets a public property", Set},
     Step{"open", StepKind::Call, "FORM [PROPERTY=VALUE]...", "opens a form by its class name", OpenForm},
     Step{"result", StepKind::Check, "NAME = VALUE", "an argument, a property, or the call's value: return",

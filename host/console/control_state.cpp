@@ -243,12 +243,26 @@ std::string RowText(const forms::Grid& grid, int row) {
   return text;
 }
 
-std::string StateOf(const forms::Form& form) {
+std::string ColumnCaptions(const forms::Grid& grid) {
+  std::string captions;
+  bool first = true;
+  for (const int column : grid.VisibleColumns()) {
+    captions += (first ? "" : "|") + grid.Columns.get()[static_cast<std::size_t>(column)].caption;
+    first = false;
+  }
+  return captions;
+}
+
+std::string StateOf(const forms::Form& form, const std::vector<const forms::Control*>& controls) {
   std::string text = "  " + form.Name() + " " + Quoted(form.Caption.get()) + "\n";
-  for (const forms::Control* control : form.Controls()) {
+  for (const forms::Control* control : controls) {
     text += StateOf(*control);
   }
   return text;
+}
+
+std::string StateOf(const forms::Form& form) {
+  return StateOf(form, {form.Controls().begin(), form.Controls().end()});
 }
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "console/expectation.h"
 #include "forms/form.h"
@@ -29,7 +30,12 @@ std::string WithoutMnemonic(std::string_view text);
 // The visible cells of a row, joined by "|".
 std::string RowText(const forms::Grid& grid, int row);
 
-// A form's name and caption, and every control with its default property; several lines.
+// The captions of the visible columns, in order, joined by "|".
+std::string ColumnCaptions(const forms::Grid& grid);
+
+// A form's name and caption, and controls of it with their default properties; several lines.
+std::string StateOf(const forms::Form& form, const std::vector<const forms::Control*>& controls);
+// The same with every control.
 std::string StateOf(const forms::Form& form);
 
 }  // namespace host

@@ -25,20 +25,39 @@ std::string WithPlainBreaks(std::string_view text) {
   return plain;
 }
 
+// The wildcards of a pattern that has been read: no characters of any text.
+constexpr char32_t kAnyRun = 0x110000;
+constexpr char32_t kAnyOne = 0x110001;
+
+std::u32string ReadPattern(std::string_view pattern) {
+  std::u32string read;
+  const std::u32string written = forms::ToUtf32(pattern);
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    const char32_t next = i + 1 < written.size() ? written[i + 1] : U'\0';
+    if (written[i] == U'\\' && (next == U'*' || next == U'?' || next == U'\\')) {
+      read += next;
+      ++i;
+    } else {
+      read += written[i] == U'*' ? kAnyRun : written[i] == U'?' ? kAnyOne : written[i];
+    }
+  }
+  return read;
+}
+
 }  // namespace
 
 bool MatchesGlob(std::string_view pattern, std::string_view text) {
-  const std::u32string wanted = forms::ToUtf32(pattern);
+  const std::u32string wanted = ReadPattern(pattern);
   const std::u32string given = forms::ToUtf32(text);
   std::size_t p = 0;
   std::size_t t = 0;
   std::size_t star = std::u32string::npos;  // the last "*" and what it has taken up to
   std::size_t taken = 0;
   while (t < given.size()) {
-    if (p < wanted.size() && wanted[p] == U'*') {
+    if (p < wanted.size() && wanted[p] == kAnyRun) {
       star = p++;
       taken = t;
-    } else if (p < wanted.size() && (wanted[p] == U'?' || wanted[p] == given[t])) {
+    } else if (p < wanted.size() && (wanted[p] == kAnyOne || wanted[p] == given[t])) {
       ++p;
       ++t;
     } else if (star != std::u32string::npos) {
@@ -49,20 +68,20 @@ bool MatchesGlob(std::string_view pattern, std::string_view text) {
     }
   }
   return std::all_of(wanted.begin() + static_cast<std::ptrdiff_t>(p), wanted.end(),
-                     [](char32_t c) { return c == U'*'; });
+                     [](char32_t c) { return c == kAnyRun; });
 }
 
 bool Expectation::Matches(std::string_view actual) const {
   const std::string plain = WithPlainBreaks(actual);
-  return glob_ ? MatchesGlob(WithPlainBreaks(text_), plain) : WithPlainBreaks(text_) == plain;
+  return pattern_ ? MatchesGlob(WithPlainBreaks(*pattern_), plain) : WithPlainBreaks(text_) == plain;
 }
 
 bool Expectation::MatchesTruth(bool actual) const {
-  return glob_ ? Matches(actual ? "on" : "off") || Matches(actual ? "True" : "False") : ParseTruth(text_) == actual;
+  return pattern_ ? Matches(actual ? "on" : "off") || Matches(actual ? "True" : "False") : ParseTruth(text_) == actual;
 }
 
 std::string Expectation::Describe() const {
-  return (glob_ ? "~ " : "= ") + Quoted(text_);
+  return (pattern_ ? "~ " : "= ") + Quoted(text_);
 }
 
 void Expectation::Check(std::string_view actual) const {

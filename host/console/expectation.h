@@ -11,8 +11,9 @@ namespace host {
 // whichever characters make it.
 class Expectation {
  public:
-  static Expectation Equal(std::string text) { return {std::move(text), false}; }
-  static Expectation Glob(std::string pattern) { return {std::move(pattern), true}; }
+  static Expectation Equal(std::string text) { return {std::move(text), std::nullopt}; }
+  // `written` is the pattern as failures show it.
+  static Expectation Glob(std::string pattern, std::string written) { return {std::move(written), std::move(pattern)}; }
 
   bool Matches(std::string_view actual) const;
   // Truth values compare as such, however they are written.
@@ -25,13 +26,15 @@ class Expectation {
   void Check(std::string_view actual) const;
 
  private:
-  Expectation(std::string text, bool glob) : text_(std::move(text)), glob_(glob) {}
+  Expectation(std::string text, std::optional<std::string> pattern)
+      : text_(std::move(text)), pattern_(std::move(pattern)) {}
 
   std::string text_;
-  bool glob_;
+  std::optional<std::string> pattern_;
 };
 
-// Case-sensitive, over the whole text: "*" is any run of characters, "?" one character.
+// Case-sensitive, over the whole text: "*" is any run of characters, "?" one character. Behind a backslash both, and
+// the backslash, are themselves.
 bool MatchesGlob(std::string_view pattern, std::string_view text);
 
 // "on", "true", "yes", "1", "-1" and their opposites, in any case; nothing for another text.

@@ -70,20 +70,18 @@ bool Interpreter::PlayNext() {
 }
 
 void Interpreter::Play(const Line& line) {
+  const Restore<std::vector<const forms::Control*>> step_before(spoken_of_, {});
   const auto fail = [&](StepFailure failure) {
     if (failure.place.empty()) {
       failure.place = line.Place();
     }
-    if (lines_.GoesOn()) {
-      failure.screen.clear();  // the person may ask for it
-      if (output_ != nullptr) {
-        *output_ << Describe(failure);
-      }
+    if (lines_.ByHand()) {
+      Print(Describe(failure));  // the person may ask for the screen
       return;
     }
     if (!failure_) {
-      if (failure.screen.empty() && HasForm()) {
-        failure.screen = StateOf(*forms_.back());
+      if (HasForm()) {
+        failure.screen = StateOf(*forms_.back(), spoken_of_);
       }
       failure_ = std::move(failure);
     }
@@ -124,24 +122,24 @@ void Interpreter::PlayForm(forms::Form& form) {
   const Restore<Question*> no_question(question_, nullptr);
   form.Load();
   Idle();
-  if (output_ != nullptr && !form.Closed()) {
-    *output_ << StateOf(form);
+  if (lines_.ByHand() && !form.Closed()) {
+    Print(StateOf(form));
   }
   while (!form.Closed()) {
     if (!PlayNext()) {
       EndEarly("the lines end while " + form.Name() + " is open");
     }
   }
-  if (output_ != nullptr) {
-    *output_ << form.Name() << " is closed\n";
+  if (lines_.ByHand()) {
+    Print(form.Name() + " is closed\n");
   }
 }
 
 void Interpreter::PlayQuestion(Question& question) {
   const Restore<Question*> open(question_, &question);
   ++question_count_;
-  if (output_ != nullptr) {
-    *output_ << Describe(question) << "\n";
+  if (lines_.ByHand()) {
+    Print(Describe(question) + "\n");
   }
   while (!question.closed) {
     if (!PlayNext()) {
@@ -151,10 +149,10 @@ void Interpreter::PlayQuestion(Question& question) {
 }
 
 void Interpreter::EndEarly(const std::string& problem) const {
-  if (lines_.GoesOn()) {
+  if (lines_.ByHand()) {
     throw EndOfInput{};
   }
-  throw StepFailure{.problem = problem, .screen = HasForm() ? StateOf(*forms_.back()) : ""};
+  Fail(problem);
 }
 
 void Interpreter::Say(std::string_view text) {
@@ -162,8 +160,14 @@ void Interpreter::Say(std::string_view text) {
     return;
   }
   recordings_.said.emplace_back(text);
+  if (lines_.ByHand()) {
+    Print(std::string(text) + "\n");
+  }
+}
+
+void Interpreter::Print(std::string_view text) {
   if (output_ != nullptr) {
-    *output_ << text << "\n";
+    *output_ << text;
   }
 }
 
@@ -191,11 +195,12 @@ forms::Form& Interpreter::Top() const {
   return *forms_.back();
 }
 
-forms::Control& Interpreter::Find(std::string_view name) const {
+forms::Control& Interpreter::Find(std::string_view name) {
   forms::Control* control = Top().Find(name);
   if (control == nullptr) {
     Fail(Top().Name() + " has no control " + std::string(name));
   }
+  spoken_of_.push_back(control);
   return *control;
 }
 

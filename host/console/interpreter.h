@@ -10,6 +10,7 @@
 
 #include "console/console_user.h"
 #include "console/line_source.h"
+#include "console/practice_line.h"
 #include "console/question.h"
 #include "console/recordings.h"
 #include "console/stage.h"
@@ -24,7 +25,7 @@ namespace host {
 class Interpreter {
  public:
   // `make_first` makes the stage that stands until a step makes another; it is called when one is first needed.
-  // `output` hears of screens and questions that open, and of failures where the lines go on after them.
+  // `output` shows what steps print and, where the lines come by hand, what opens and what fails.
   Interpreter(LineSource& lines, std::function<std::unique_ptr<Stage>(Interpreter&)> make_first,
               std::ostream* output = nullptr);
   Interpreter(const Interpreter&) = delete;
@@ -49,8 +50,8 @@ class Interpreter {
   // Fails when no screen is open.
   forms::Form& Top() const;
   bool HasForm() const { return !forms_.empty(); }
-  // Of the topmost screen; fails when it has no such control.
-  forms::Control& Find(std::string_view name) const;
+  // Of the topmost screen; fails when it has no such control. The step speaks of it from here on.
+  forms::Control& Find(std::string_view name);
   // Fails when no question is open.
   Question& Open() const;
   bool HasQuestion() const { return question_ != nullptr; }
@@ -62,8 +63,11 @@ class Interpreter {
   // Whether the lines to come answer the open question, before they act on anything.
   bool AnswerFollows() const;
 
-  // For the stages that steps make.
+  void Print(std::string_view text);
+
+  // For the stages that steps make: what the screens get for a session, and the engine where no line names one.
   SessionPath ToScreens;
+  std::string Engine{kSqlite};
 
   // How `result` reads a name after a call or an opened form; nothing for a name that is not there.
   std::function<std::optional<std::string>(const std::string& name)> ReadResult;
@@ -89,13 +93,15 @@ class Interpreter {
   std::vector<std::unique_ptr<forms::Form>> kept_;
   std::vector<forms::Form*> forms_;
   const forms::Control* acted_on_ = nullptr;
+  // The controls that the step under way speaks of.
+  std::vector<const forms::Control*> spoken_of_;
   Question* question_ = nullptr;
   int question_count_ = 0;
   // The first failure; once there is one nothing is played any more, whatever a rule made of the exception.
   std::optional<StepFailure> failure_;
 };
 
-// As a failure is printed: the place, what was expected and what was there, and the screen.
+// As a failure is printed: the place, what was expected and what was there, and the controls that the step speaks of.
 std::string Describe(const StepFailure& failure);
 
 }  // namespace host

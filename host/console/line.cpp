@@ -58,11 +58,14 @@ class WordReader {
       hex_digits += std::isxdigit(c) != 0 ? 1U : 0U;
     }
     const std::size_t size = end - at_ - 1;
-    const bool position = size > 0 && digits == size && line_.words.size() == 2;
+    const std::size_t place = line_.words.size();
+    const bool position = size > 0 && digits == size && (place == 2 || (place == 3 && MovesToPosition()));
     const bool color = size == 6 && hex_digits == 6 && !line_.words.empty() &&
                        (line_.words.back().text == "=" || line_.words.back().text == "chosen");
     return !position && !color;
   }
+
+  bool MovesToPosition() const { return line_.Is("move") || line_.Is("move-column"); }
 
   void ReadWord() {
     Word word;
@@ -72,16 +75,37 @@ class WordReader {
       if (c == '"') {
         open = !open;
         word.quoted = true;
-      } else if (open && c == '\\' && at_ + 1 < text_.size()) {
-        word.text += Unescape(text_[++at_]);
+      } else if (c == '\\') {
+        ReadBackslash(word, open);
       } else {
         word.text += c;
+        word.pattern += c;
       }
     }
     if (open) {
       line_.error = "a double quote is not closed";
     }
     line_.words.push_back(std::move(word));
+  }
+
+  // Outside quotes it is an ordinary character, except before a wildcard.
+  void ReadBackslash(Word& word, bool in_quotes) {
+    const char next = at_ + 1 < text_.size() ? text_[at_ + 1] : '\0';
+    if (next == '*' || next == '?') {
+      ++at_;
+      word.text += {'\\', next};
+      word.pattern += {'\\', next};
+      return;
+    }
+    std::string read = "\\";
+    if (in_quotes && next != '\0') {
+      ++at_;
+      read = Unescape(next);
+    }
+    word.text += read;
+    for (const char c : read) {
+      word.pattern += c == '\\' ? "\\\\" : std::string(1, c);
+    }
   }
 
   Line& line_;

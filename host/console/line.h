@@ -8,15 +8,15 @@ namespace host {
 
 struct Word {
   std::string text;
+  // The text as a glob: a backslash makes the wildcard or the backslash behind it an ordinary character.
+  std::string pattern = {};
   // In double quotes, in whole or in part: never a sign such as "=" or `none`.
   bool quoted = false;
-
-  friend bool operator==(const Word&, const Word&) = default;
 };
 
 // One line of a scenario, cut into words. Words are parted by blanks and tabs; inside double quotes `\"`, `\\`, `\n`
-// (CR LF) and `\t` are read. "#" at a word's start begins a comment, except in "#3" as the third word and in a colour
-// ("#80FF00") behind `chosen` or "=".
+// (CR LF) and `\t` are read. "#" at a word's start begins a comment, except in a position ("#3" as the third
+// word, or the fourth of `move` and `move-column`) and in a colour ("#80FF00") behind `chosen` or "=".
 struct Line {
   std::string file;
   int number = 0;

@@ -18,8 +18,8 @@ class LineSource {
   virtual std::optional<Line> Next() = 0;
   // The line that comes `ahead` lines behind the next one; nullptr at the end, and where nobody can know.
   virtual const Line* Peek(std::size_t ahead) const = 0;
-  // Whether a failing step is reported and the next one tried, instead of ending everything.
-  virtual bool GoesOn() const = 0;
+  // Whether a person types them: he hears of all that opens, and goes on after a step that failed.
+  virtual bool ByHand() const = 0;
 };
 
 class BlockLines : public LineSource {
@@ -30,7 +30,7 @@ class BlockLines : public LineSource {
   const Line* Peek(std::size_t ahead) const override {
     return at_ + ahead < lines_.size() ? &lines_[at_ + ahead] : nullptr;
   }
-  bool GoesOn() const override { return false; }
+  bool ByHand() const override { return false; }
 
  private:
   std::vector<Line> lines_;

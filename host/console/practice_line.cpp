@@ -9,19 +9,15 @@ namespace {
 constexpr std::int32_t kDemoPatients = 60;
 constexpr const char* kInMemory = "sqlite::memory:";
 
-void RefuseOtherEngine(const std::string& engine) {
-  if (engine == "postgres") {
-    Fail("the engine postgres is not built in");
-  }
-  if (engine != "sqlite") {
-    Fail("there is no engine " + engine);
-  }
-}
-
 }  // namespace
 
-PracticeLine ReadPracticeLine(StepWords& words) {
+bool IsEngine(std::string_view name) {
+  return name == kSqlite || name == kPostgres;
+}
+
+PracticeLine ReadPracticeLine(StepWords& words, std::string engine) {
   PracticeLine line;
+  line.engine = std::move(engine);
   line.demo = words.TakeKeyword("demo");
   if (!line.demo && !words.TakeKeyword("empty")) {
     Fail("a practice is empty or demo");
@@ -34,7 +30,7 @@ PracticeLine ReadPracticeLine(StepWords& words) {
     } else if (words.TakeKeyword("offices")) {
       line.options.offices = words.TakeNumber("a number of offices");
     } else if (words.TakeKeyword("engine")) {
-      RefuseOtherEngine(words.Take("an engine"));
+      line.engine = words.Take("an engine");
     } else if (words.TakeKeyword("row-guids")) {
       line.options.row_guids = true;
     } else {
@@ -45,6 +41,10 @@ PracticeLine ReadPracticeLine(StepWords& words) {
 }
 
 Practice MakePractice(const PracticeLine& line) {
+  if (line.engine != kSqlite) {
+    Fail(IsEngine(line.engine) ? "the engine " + line.engine + " is not part of this version"
+                               : "there is no engine " + line.engine);
+  }
   if (line.demo) {
     return MakeDemo(kInMemory, {.patients = kDemoPatients, .practice = line.options});
   }

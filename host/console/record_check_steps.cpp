@@ -23,10 +23,15 @@ std::string Listed(const std::vector<std::string>& texts) {
   return listed;
 }
 
-void CheckAny(const std::vector<std::string>& texts, const Expectation& wanted, const std::string& what) {
-  if (std::ranges::none_of(texts, [&](const std::string& text) { return wanted.Matches(text); })) {
-    Differ(what + " " + wanted.Describe(), Listed(texts));
+// Where the first that matches stands, from `from` on; fails when there is none.
+std::size_t FindAny(const std::vector<std::string>& texts, const Expectation& wanted, const std::string& what,
+                    std::size_t from = 0) {
+  const auto first = texts.begin() + static_cast<std::ptrdiff_t>(from);
+  const auto found = std::find_if(first, texts.end(), [&](const std::string& text) { return wanted.Matches(text); });
+  if (found == texts.end()) {
+    Differ(what + " " + wanted.Describe(), Listed({first, texts.end()}));
   }
+  return static_cast<std::size_t>(found - texts.begin());
 }
 
 void CheckQuery(Interpreter& interpreter, StepWords& words) {
@@ -59,19 +64,28 @@ void CheckQuery(Interpreter& interpreter, StepWords& words) {
 void CheckSaid(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeLooseExpectation();
   words.End();
-  CheckAny(interpreter.Heard().said, wanted, "said");
+  FindAny(interpreter.Heard().said, wanted, "said");
 }
 
 void CheckStatement(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeExpectation();
   words.End();
-  CheckAny(interpreter.Heard().statements, wanted, "statement");
+  Recordings& heard = interpreter.Heard();
+  heard.behind_found = FindAny(heard.statements, wanted, "statement") + 1;
+}
+
+// Before a statement has been found, from the first on.
+void CheckNext(Interpreter& interpreter, StepWords& words) {
+  if (!words.TakeKeyword("statement")) {
+    Fail("the step is `next statement`");
+  }
+  const Expectation wanted = words.TakeExpectation();
+  words.End();
+  Recordings& heard = interpreter.Heard();
+  heard.behind_found = FindAny(heard.statements, wanted, "a later statement", heard.behind_found) + 1;
 }
 
 void CheckNoStatement(Interpreter& interpreter, StepWords& words) {
-  if (!words.TakeKeyword("statement")) {
-    Fail("the step is `no statement`");
-  }
   const Expectation wanted = words.TakeExpectation();
   words.End();
   const auto& statements = interpreter.Heard().statements;
@@ -100,7 +114,7 @@ void CheckLog(Interpreter& interpreter, StepWords& words) {
       texts.push_back(entry.text);
     }
   }
-  CheckAny(texts, wanted, "an entry of " + category);
+  FindAny(texts, wanted, "an entry of " + category);
 }
 
 void CheckHanded(Interpreter& interpreter, StepWords& words) {
@@ -121,7 +135,7 @@ void CheckHanded(Interpreter& interpreter, StepWords& words) {
 void CheckStarted(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeExpectation();
   words.End();
-  CheckAny(interpreter.Heard().started, wanted, "started");
+  FindAny(interpreter.Heard().started, wanted, "started");
 }
 
 void CheckTextFile(Interpreter& interpreter, StepWords& words) {
@@ -135,26 +149,97 @@ void CheckTextFile(Interpreter& interpreter, StepWords& words) {
   wanted.Check(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
-void CheckEvent(Interpreter& interpreter, StepWords& words) {
-  const std::string name = words.Take("an event");
-  std::vector<std::string> values;
-  while (!words.AtEnd()) {
-    values.push_back(words.Take("a value"));
+std::string Joined(const Recordings::Event& event) {
+  std::string text = event.name;
+  for (const std::string& value : event.values) {
+    text += " " + value;
   }
-  const auto same = [&](const Recordings::Event& event) {
-    return forms::EqualsIgnoringCase(event.name, name) && values.size() <= event.values.size() &&
-           std::equal(values.begin(), values.end(), event.values.begin());
-  };
-  const auto& events = interpreter.Heard().events;
-  if (std::ranges::none_of(events, same)) {
-    std::vector<std::string> raised;
-    for (const auto& event : events) {
-      raised.push_back(event.name);
-      for (const std::string& value : event.values) {
-        raised.back() += " " + value;
-      }
+  return text;
+}
+
+// The events of that name and with those values, of which there may be more; each as a line.
+std::vector<std::string> TakeEvents(Interpreter& interpreter, StepWords& words, Recordings::Event& wanted) {
+  wanted.name = words.Take("an event");
+  if (!Stage::Raises(wanted.name)) {
+    Fail("there is no event " + wanted.name);
+  }
+  while (!words.AtEnd()) {
+    wanted.values.push_back(words.Take("a value"));
+  }
+  std::vector<std::string> raised;
+  for (const Recordings::Event& event : interpreter.Heard().events) {
+    if (forms::EqualsIgnoringCase(event.name, wanted.name) && wanted.values.size() <= event.values.size() &&
+        std::equal(wanted.values.begin(), wanted.values.end(), event.values.begin())) {
+      raised.push_back(Joined(event));
     }
-    Differ("the event " + name, Listed(raised));
+  }
+  return raised;
+}
+
+void CheckEvent(Interpreter& interpreter, StepWords& words) {
+  Recordings::Event wanted;
+  if (TakeEvents(interpreter, words, wanted).empty()) {
+    std::vector<std::string> all;
+    std::ranges::transform(interpreter.Heard().events, std::back_inserter(all), Joined);
+    Differ("the event " + Joined(wanted), Listed(all));
+  }
+}
+
+void CheckNoEvent(Interpreter& interpreter, StepWords& words) {
+  Recordings::Event wanted;
+  if (const auto raised = TakeEvents(interpreter, words, wanted); !raised.empty()) {
+    Differ("no event " + Joined(wanted), Listed(raised));
+  }
+}
+
+void CheckNoneStarted(Interpreter& interpreter, StepWords& words) {
+  words.End();
+  if (!interpreter.Heard().started.empty()) {
+    Differ("no program started", Listed(interpreter.Heard().started));
+  }
+}
+
+void CheckNoFile(Interpreter& interpreter, StepWords& words) {
+  const std::string path = words.Take("a path");
+  words.End();
+  if (std::filesystem::exists(interpreter.World().File(path))) {
+    Differ("no file " + path, "it is there");
+  }
+}
+
+void CheckNone(Interpreter& interpreter, StepWords& words) {
+  if (words.TakeKeyword("statement")) {
+    CheckNoStatement(interpreter, words);
+  } else if (words.TakeKeyword("event")) {
+    CheckNoEvent(interpreter, words);
+  } else if (words.TakeKeyword("started")) {
+    CheckNoneStarted(interpreter, words);
+  } else if (words.TakeKeyword("file")) {
+    CheckNoFile(interpreter, words);
+  } else {
+    Fail("the step is `no statement`, `no event`, `no started` or `no file`");
+  }
+}
+
+void CheckSent(Interpreter& interpreter, StepWords& words) {
+  const std::string kind = words.Take("a kind");
+  const Expectation wanted = words.TakeExpectation();
+  words.End();
+  std::vector<std::string> texts;
+  for (const Recordings::Sent& message : interpreter.Heard().sent) {
+    if (forms::EqualsIgnoringCase(message.kind, kind)) {
+      texts.push_back(message.text);
+    }
+  }
+  FindAny(texts, wanted, "sent " + kind);
+}
+
+void CheckPersonType(Interpreter& interpreter, StepWords& words) {
+  const std::string wanted = words.Take("a person type");
+  words.End();
+  const std::string& told = interpreter.World().Session().CurrentPersonType();
+  if (!forms::EqualsIgnoringCase(told, wanted)) {
+    Differ(wanted, told.empty() ? "none" : told);
   }
 }
 
@@ -167,13 +252,17 @@ constexpr std::array kSteps = {
     Step{"query", StepKind::Check, R"(SQL = "a|b" ["c|d"]... or SQL = none)", "the rows of a statement", CheckQuery},
     Step{"said", StepKind::Check, "TEXT or ~ PATTERN", "a wait or status text was shown", CheckSaid},
     Step{"statement", StepKind::Check, "~ PATTERN", "the screens issued such a statement", CheckStatement},
-    Step{"no", StepKind::Check, "statement ~ PATTERN", "the screens issued no such statement", CheckNoStatement},
+    Step{"next", StepKind::Check, "statement ~ PATTERN", "such a statement behind the one found last", CheckNext},
+    Step{"no", StepKind::Check, "statement ~ PATTERN, event NAME [VALUE]..., started, file PATH", "there is none such",
+         CheckNone},
     Step{"statements", StepKind::Check, "= N", "how many statements the screens issued", CheckStatements},
+    Step{"person-type", StepKind::Check, "KEY", "the person type that the session was told last", CheckPersonType},
     Step{"log", StepKind::Check, "CATEGORY ~ PATTERN", "an entry of a log", CheckLog},
     Step{"handed", StepKind::Check, "COLUMN TABLE ID", "a record was handed off", CheckHanded},
     Step{"started", StepKind::Check, "~ PATTERN", "a program was started", CheckStarted},
     Step{"text-file", StepKind::Check, "PATH = TEXT", "a file under the data folder", CheckTextFile},
     Step{"event", StepKind::Check, "NAME [VALUE]...", "an event was raised", CheckEvent},
+    Step{"sent", StepKind::Check, "KIND ~ PATTERN", "the reminder service took such a message", CheckSent},
     Step{"forget", StepKind::Check, "", "empties the recordings", Forget},
 };
 

@@ -32,6 +32,15 @@ class RecordingSession : public HostSession {
     recordings_.started.push_back(command_line);
     return true;
   }
+  // Hands a message to the reminder service. False when it takes none.
+  bool Send(std::string_view kind, std::string_view text) {
+    if (takes_messages) {
+      recordings_.sent.push_back({std::string(kind), std::string(text)});
+    }
+    return takes_messages;
+  }
+
+  bool takes_messages = true;
 
  private:
   Recordings& recordings_;

@@ -14,12 +14,19 @@ struct Recordings {
     std::vector<std::string> values;
   };
 
+  struct Sent {
+    std::string kind;
+    std::string text;
+  };
+
   std::vector<std::string> statements;  // as handed to `PrepareSQL`
+  std::size_t behind_found = 0;         // the statement behind the one that a check found last
   std::vector<std::string> said;        // wait and status texts
   std::vector<std::string> started;     // command lines
   std::vector<session::LogEntry> logged;
   std::vector<HandOff> handed;
   std::vector<Event> events;
+  std::vector<Sent> sent;  // messages that the reminder service took
 
   void Forget() { *this = {}; }
 };

@@ -4,21 +4,23 @@
 
 #include "console/interpreter.h"
 #include "console/line_source.h"
-#include "console/practice_line.h"
 #include "database/file_path.h"
 
 namespace host {
 
-std::optional<StepFailure> PlayScenario(const Scenario& scenario, const SessionPath& to_screens) {
+std::optional<StepFailure> PlayScenario(const Scenario& scenario, std::ostream& output, const RunOptions& options) {
   try {
     if (!scenario.head.error.empty()) {
       throw StepFailure{.problem = scenario.head.error, .place = scenario.head.Place()};
     }
     BlockLines lines(scenario.lines);
-    Interpreter interpreter(lines, [](Interpreter& owner) {
-      return std::make_unique<Stage>(MakePractice({}), FirstClock(), owner.Person(), owner.Heard(), owner.ToScreens);
-    });
-    interpreter.ToScreens = to_screens;
+    const auto make_first = [](Interpreter& owner) {
+      return std::make_unique<Stage>(MakePractice({.engine = owner.Engine}), FirstClock(), owner.Person(),
+                                     owner.Heard(), owner.ToScreens);
+    };
+    Interpreter interpreter(lines, make_first, &output);
+    interpreter.ToScreens = options.to_screens;
+    interpreter.Engine = options.engine;
     interpreter.Run();
     return std::nullopt;
   } catch (const StepFailure& failure) {
@@ -26,7 +28,7 @@ std::optional<StepFailure> PlayScenario(const Scenario& scenario, const SessionP
   }
 }
 
-Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output, const SessionPath& to_screens) {
+Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& output, const RunOptions& options) {
   Tally tally;
   const auto scenarios = ReadScenarios(text, file);
   if (scenarios.empty()) {
@@ -34,14 +36,14 @@ Tally RunScenarios(std::istream& text, const std::string& file, std::ostream& ou
     output << "FAILED  " << file << " holds no scenario\n";
   }
   for (const Scenario& scenario : scenarios) {
-    const auto failure = PlayScenario(scenario, to_screens);
+    const auto failure = PlayScenario(scenario, output, options);
     ++(failure ? tally.failed : tally.passed);
     output << (failure ? "FAILED  " : "passed  ") << scenario.title << "\n" << (failure ? Describe(*failure) : "");
   }
   return tally;
 }
 
-Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output, const SessionPath& to_screens) {
+Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& output, const RunOptions& options) {
   Tally all;
   for (const std::string& file : files) {
     const std::filesystem::path path = FilePath(file);
@@ -50,7 +52,7 @@ Tally RunScenarioFiles(const std::vector<std::string>& files, std::ostream& outp
     if (!text || std::filesystem::is_directory(path)) {
       output << "FAILED  " << file << " cannot be read\n";
     } else {
-      tally = RunScenarios(text, file, output, to_screens);
+      tally = RunScenarios(text, file, output, options);
     }
     all.passed += tally.passed;
     all.failed += tally.failed;

@@ -25,18 +25,17 @@ void CheckForm(Interpreter& interpreter, StepWords& words) {
   }
 }
 
-// The control of a name that may end in a property, and that property.
-std::pair<const forms::Control*, std::string> FindWithProperty(const Interpreter& interpreter,
-                                                               const std::string& name) {
-  const forms::Form& form = interpreter.Top();
-  if (const forms::Control* control = form.Find(name); control != nullptr) {
-    return {control, {}};
+// The control of a name that may end in a property, and that property; nullptr when the form has none such.
+std::pair<const forms::Control*, std::string> FindWithProperty(Interpreter& interpreter, const std::string& name) {
+  const auto known = [&](const std::string& part) { return interpreter.Top().Find(part) != nullptr; };
+  if (known(name)) {
+    return {&interpreter.Find(name), {}};
   }
   const std::size_t point = name.rfind('.');
-  if (point == std::string::npos) {
+  if (point == std::string::npos || !known(name.substr(0, point))) {
     return {nullptr, {}};
   }
-  return {form.Find(name.substr(0, point)), name.substr(point + 1)};
+  return {&interpreter.Find(name.substr(0, point)), name.substr(point + 1)};
 }
 
 // A public property of the form itself, or its caption.
@@ -47,6 +46,9 @@ void CheckFormProperty(const forms::Form& form, const std::string& name, const E
   }
   for (const auto& [known, property] : form.Properties) {
     if (forms::EqualsIgnoringCase(known, name) || forms::EqualsIgnoringCase(form.Name() + "." + known, name)) {
+      if (!property.get) {
+        Fail(form.Name() + "." + known + " is only set");
+      }
       const std::string value = property.get();
       const bool truth = value == "True" || value == "False";
       PropertyValue{.text = value, .truth = truth ? ParseTruth(value) : std::nullopt}.Check(wanted);
@@ -122,11 +124,12 @@ void CheckColumns(Interpreter& interpreter, StepWords& words) {
   if (grid == nullptr) {
     Fail(control.Name() + " has no columns");
   }
-  std::string captions;
-  for (const int column : grid->VisibleColumns()) {
-    captions += (captions.empty() ? "" : "|") + grid->Columns.get()[static_cast<std::size_t>(column)].caption;
-  }
-  wanted.Check(captions);
+  wanted.Check(ColumnCaptions(*grid));
+}
+
+void ShowScreen(Interpreter& interpreter, StepWords& words) {
+  words.End();
+  interpreter.Print(interpreter.HasForm() ? StateOf(interpreter.Top()) : "no screen is open\n");
 }
 
 constexpr std::array kSteps = {
@@ -135,6 +138,7 @@ constexpr std::array kSteps = {
     Step{"rows", StepKind::Check, "GRID = N", "how many rows there are", CheckRows},
     Step{"line", StepKind::Check, "GRID #N = \"a|b|c\"", "the visible cells of a row", CheckLine},
     Step{"columns", StepKind::Check, "GRID = \"a|b|c\"", "the captions of the visible columns", CheckColumns},
+    Step{"screen", StepKind::Check, "", "prints the topmost screen", ShowScreen},
 };
 
 }  // namespace

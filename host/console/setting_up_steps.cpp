@@ -12,10 +12,16 @@ namespace host {
 namespace {
 
 void SetPractice(Interpreter& interpreter, StepWords& words) {
-  Practice practice = MakePractice(ReadPracticeLine(words));
+  Practice practice = MakePractice(ReadPracticeLine(words, interpreter.Engine));
   interpreter.SetWorld(nullptr);  // the old one goes before the new one takes its place in the component's slots
   interpreter.SetWorld(std::make_unique<Stage>(std::move(practice), FirstClock(), interpreter.Person(),
                                                interpreter.Heard(), interpreter.ToScreens));
+}
+
+void SetOffice(Interpreter& interpreter, StepWords& words) {
+  const std::int32_t office = words.TakeNumber("an office");
+  words.End();
+  interpreter.World().SetOffice(office);
 }
 
 void SetUser(Interpreter& interpreter, StepWords& words) {
@@ -89,6 +95,28 @@ void Hold(Interpreter& interpreter, StepWords& words) {
   interpreter.World().HoldForAnother(table, id);
 }
 
+void AnswerEvent(Interpreter& interpreter, StepWords& words) {
+  const std::string event = words.Take("an event");
+  const auto [argument, text] = words.TakeNamed("an argument");
+  words.End();
+  const auto value = ParseTruth(text);
+  if (!value) {
+    Fail(Quoted(text) + " is neither True nor False");
+  }
+  if (!interpreter.World().Answer(event, argument, *value)) {
+    Fail("there is no event " + event + " that asks for " + argument);
+  }
+}
+
+void SetSending(Interpreter& interpreter, StepWords& words) {
+  const std::string how = words.Take("works or fails");
+  words.End();
+  if (how != "works" && how != "fails") {
+    Fail("sending works or fails");
+  }
+  interpreter.World().Session().takes_messages = how == "works";
+}
+
 forms::Currency Amount(const std::string& text) {
   const auto amount = forms::Currency::Parse(text);
   if (!amount) {
@@ -118,6 +146,7 @@ void SetAccount(Interpreter& interpreter, StepWords& words) {
 constexpr std::array kSteps = {
     Step{"practice", StepKind::SetUp, "empty|demo [kind N] [office N] [offices N] [engine E] [row-guids]",
          "a fresh practice", SetPractice},
+    Step{"office", StepKind::SetUp, "N", "the office of the session from here on", SetOffice},
     Step{"user", StepKind::SetUp, "NAME [supervisor]", "who is logged in", SetUser},
     Step{"grant", StepKind::SetUp, "RIGHT...", "rights he has from now on", Grant},
     Step{"revoke", StepKind::SetUp, "RIGHT...", "rights he has no longer", Revoke},
@@ -127,6 +156,8 @@ constexpr std::array kSteps = {
     Step{"sql", StepKind::SetUp, "STATEMENT", "runs a statement", RunStatement},
     Step{"let", StepKind::SetUp, "NAME = QUERY", "a variable, used as ${NAME}", Let},
     Step{"held", StepKind::SetUp, "TABLE ID", "another user holds the record", Hold},
+    Step{"handler", StepKind::SetUp, "EVENT NAME=VALUE", "what the host answers to the event from now on", AnswerEvent},
+    Step{"sending", StepKind::SetUp, "works|fails", "whether the reminder service takes messages", SetSending},
     Step{"account", StepKind::SetUp, "PID balance=AMOUNT [plan-balance=AMOUNT] [plan=own|family]",
          "the figures of a person's account", SetAccount},
 };

@@ -1,7 +1,11 @@
 #include "console/stage.h"
 
+#include <algorithm>
+#include <array>
 #include <random>
 
+#include "console/expectation.h"
+#include "console/step_failure.h"
 #include "database/file_path.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
@@ -28,20 +32,40 @@ std::string TruthText(bool value) {
   return value ? "True" : "False";
 }
 
+bool TruthOf(const entry::Arguments& arguments, std::string_view name, bool otherwise) {
+  const auto argument = arguments.find(name);
+  if (argument == arguments.end()) {
+    return otherwise;
+  }
+  const auto truth = ParseTruth(argument->second);
+  if (!truth) {
+    Fail(std::string(name) + "=" + argument->second + " is neither on nor off");
+  }
+  return *truth;
+}
+
 // What a host does around the public classes: its name prompt.
 entry::Dispatch HostClass(const session::ScreenContext& context) {
   entry::Dispatch host{.class_name = "Host", .methods = {}, .properties = {}};
-  host.methods.push_back(
-      {"EnterPatient", {{"Patient", true}, {"SaveAndBook", true}}, [&context](entry::Arguments& arguments) {
-         const people::NameEntry entered = people::EnterPatient(context);
-         arguments["Patient"] = std::to_string(entered.patient);
-         arguments["SaveAndBook"] = TruthText(entered.save_and_book);
-         return entered.outcome == people::EntryOutcome::None     ? "None"
-                : entered.outcome == people::EntryOutcome::Edited ? "Edited"
-                                                                  : "Added";
-       }});
+  host.methods.push_back({"EnterPatient",
+                          {{"Patient", true}, {"SaveAndBook", true}, {"ids"}, {"heads"}},
+                          [&context](entry::Arguments& arguments) {
+                            const people::NameEntry entered =
+                                people::EnterPatient(context, {.ids = TruthOf(arguments, "ids", true),
+                                                               .family_heads = TruthOf(arguments, "heads", false)});
+                            arguments["Patient"] = std::to_string(entered.patient);
+                            arguments["SaveAndBook"] = TruthText(entered.save_and_book);
+                            return entered.outcome == people::EntryOutcome::None     ? "None"
+                                   : entered.outcome == people::EntryOutcome::Edited ? "Edited"
+                                                                                     : "Added";
+                          }});
   return host;
 }
+
+constexpr std::array kEvents = {"SwapModuleCalled", "ButtonClicked", "BeforePrint", "AfterPrint", "CheckEvent"};
+// Events with an argument by reference.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kQuestions = {
+    {{"BeforePrint", "bCancel"}, {"CheckEvent", "bHandled"}}};
 
 }  // namespace
 
@@ -69,34 +93,83 @@ Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::Use
                                                           .start_program = [](const std::string&) { return true; }},
                                              recordings)),
       screens_session_(to_screens ? to_screens(session_) : session_),
-      editing_screen_(user),
-      look_up_list_(user),
       screens_(entry::MakeScreens(*screens_session_, user)),
-      context_{*screens_session_, user, *screens_} {
-  classes_.push_back(entry::DispatchOf(editing_screen_));
-  classes_.push_back(entry::DispatchOf(look_up_list_));
-  classes_.push_back(HostClass(context_));
-  editing_screen_.SetPV(screens_session_);
-  RaiseEventsInto(recordings);
+      context_{*screens_session_, user, *screens_},
+      recordings_(recordings) {
+  slots_.SetPV(screens_session_);
+  New("EditingScreen", "EditingScreen");
+  New("LookUpList", "LookUpList");
+  instances_.emplace("Host", HostClass(context_));
 }
 
 Stage::~Stage() {
-  editing_screen_.SetPV(nullptr);
+  slots_.SetPV(nullptr);
+  slots_.SetDAC(nullptr);
+  slots_.SetGIC(nullptr);
+  slots_.SetGC(nullptr);
+  slots_.SetPrinter({});
 }
 
-void Stage::RaiseEventsInto(Recordings& recordings) {
-  const auto raise = [&recordings](std::string name, std::vector<std::string> values) {
-    recordings.events.push_back({std::move(name), std::move(values)});
+bool Stage::New(std::string_view class_name, const std::string& name) {
+  const auto add = [&](auto object) {
+    entry::Dispatch members = entry::DispatchOf(*object);
+    entry::AddSlots(members, *object, screens_session_);
+    instances_.insert_or_assign(name, std::move(members));
+    objects_.push_back(std::move(object));
   };
-  look_up_list_.Events.SwapModuleCalled = [raise](const std::string& where_to, const std::string& designation) {
-    raise("SwapModuleCalled", {where_to, designation});
+  if (forms::EqualsIgnoringCase(class_name, "EditingScreen")) {
+    add(std::make_unique<entry::EditingScreen>(context_.user));
+  } else if (forms::EqualsIgnoringCase(class_name, "LookUpList")) {
+    auto list = std::make_unique<entry::LookUpList>(context_.user);
+    Hear(*list);
+    add(std::move(list));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+entry::Dispatch* Stage::Find(std::string_view name) {
+  const auto found = instances_.find(name);
+  return found == instances_.end() ? nullptr : &found->second;
+}
+
+bool Stage::Raises(std::string_view event) {
+  return std::ranges::any_of(kEvents, [&](const char* known) { return forms::EqualsIgnoringCase(known, event); });
+}
+
+bool Stage::Answer(std::string_view event, std::string_view argument, bool value) {
+  const auto known = std::ranges::find_if(kQuestions, [&](const auto& question) {
+    return forms::EqualsIgnoringCase(question.first, event) && forms::EqualsIgnoringCase(question.second, argument);
+  });
+  if (known == kQuestions.end()) {
+    return false;
+  }
+  answers_.insert_or_assign(std::string(event), value);
+  return true;
+}
+
+void Stage::Tell(std::string event, std::vector<std::string> values) {
+  recordings_.events.push_back({std::move(event), std::move(values)});
+}
+
+void Stage::Consult(const std::string& event, bool& argument) {
+  Tell(event, {TruthText(argument)});
+  if (const auto answer = answers_.find(event); answer != answers_.end()) {
+    argument = answer->second;
+  }
+}
+
+void Stage::Hear(entry::LookUpList& list) {
+  list.Events.SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
+    Tell("SwapModuleCalled", {where_to, designation});
   };
-  look_up_list_.Events.ButtonClicked = [raise](const std::string& key, std::int32_t current) {
-    raise("ButtonClicked", {key, std::to_string(current)});
+  list.Events.ButtonClicked = [this](const std::string& key, std::int32_t current) {
+    Tell("ButtonClicked", {key, std::to_string(current)});
   };
-  look_up_list_.Events.BeforePrint = [raise](bool& cancel) { raise("BeforePrint", {TruthText(cancel)}); };
-  look_up_list_.Events.AfterPrint = [raise] { raise("AfterPrint", {}); };
-  look_up_list_.Events.CheckEvent = [raise](bool& handled) { raise("CheckEvent", {TruthText(handled)}); };
+  list.Events.BeforePrint = [this](bool& cancel) { Consult("BeforePrint", cancel); };
+  list.Events.AfterPrint = [this] { Tell("AfterPrint", {}); };
+  list.Events.CheckEvent = [this](bool& handled) { Consult("CheckEvent", handled); };
 }
 
 std::filesystem::path Stage::File(std::string_view path) const {
@@ -105,6 +178,15 @@ std::filesystem::path Stage::File(std::string_view path) const {
 
 void Stage::SetUser(LoginRights user) {
   session_->User() = std::move(user);
+  WriteOptions();
+}
+
+void Stage::SetOffice(std::int32_t office) {
+  session_->SetOffice(office);
+  WriteOptions();
+}
+
+void Stage::WriteOptions() {
   for (const auto& [section, key, value] : settings_) {
     WriteUserOption(session_->Office(), session_->UserName(), section, key, value);
   }
@@ -121,15 +203,6 @@ void Stage::HoldForAnother(std::string_view table, std::int32_t id) {
     another_ = std::make_unique<RecordLocks>(session_->Office(), std::string(kAnotherUser));
   }
   another_->Hold(table, id);
-}
-
-entry::Dispatch* Stage::Class(std::string_view name) {
-  for (entry::Dispatch& known : classes_) {
-    if (forms::EqualsIgnoringCase(known.class_name, name)) {
-      return &known;
-    }
-  }
-  return nullptr;
 }
 
 std::unique_ptr<session::Recordset> Stage::Run(const std::string& sql) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,7 +53,7 @@ class Stage {
         const SessionPath& to_screens = {});
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
-  // Takes the session out of the component's slots.
+  // Empties the component's slots, and takes its printer away.
   ~Stage();
 
   RecordingSession& Session() { return *session_; }
@@ -61,21 +62,37 @@ class Stage {
   std::filesystem::path File(std::string_view path) const;
 
   void SetUser(LoginRights user);
+  // The options that were set go with the user.
+  void SetOffice(std::int32_t office);
   void SetClock(forms::DateTime now) { clock_ = now; }
   // For whoever reads it: an office setting as well as an option of the user.
   void SetSetting(std::string section, std::string key, std::string value);
   // Another user holds the record from now on.
   void HoldForAnother(std::string_view table, std::int32_t id);
 
-  // "EditingScreen", "LookUpList", or "Host" with its "EnterPatient"; nullptr for another name.
-  entry::Dispatch* Class(std::string_view name);
+  // An instance of a public class by its name: "EditingScreen" and "LookUpList" themselves, what `New` has made, or
+  // "Host" with its "EnterPatient"; nullptr for another name. It stays where it is.
+  entry::Dispatch* Find(std::string_view name);
+  // Makes an instance of a public class. False when there is no such class.
+  bool New(std::string_view class_name, const std::string& name);
+
+  // Whether lists raise such an event.
+  static bool Raises(std::string_view event);
+  // What the host answers whenever a list raises the event. False when the event has no such argument.
+  bool Answer(std::string_view event, std::string_view argument, bool value);
+
   const session::ScreenContext& Context() const { return context_; }
 
   // Prepared and run on the practice, past the recordings.
   std::unique_ptr<session::Recordset> Run(const std::string& sql);
 
  private:
-  void RaiseEventsInto(Recordings& recordings);
+  // The settings so far become options of the user in the office that he works in now.
+  void WriteOptions();
+  void Hear(entry::LookUpList& list);
+  void Tell(std::string event, std::vector<std::string> values);
+  // Writes the event down and answers its argument.
+  void Consult(const std::string& event, bool& argument);
 
   TemporaryFolder folder_;
   Practice practice_;
@@ -84,11 +101,13 @@ class Stage {
   std::shared_ptr<session::Session> screens_session_;
   std::unique_ptr<RecordLocks> another_;
   std::vector<std::tuple<std::string, std::string, std::string>> settings_;
-  entry::EditingScreen editing_screen_;
-  entry::LookUpList look_up_list_;
-  std::vector<entry::Dispatch> classes_;
   std::unique_ptr<session::Screens> screens_;
   session::ScreenContext context_;
+  Recordings& recordings_;
+  std::map<std::string, bool, entry::IgnoringCase> answers_;
+  entry::IGlobal slots_;
+  std::vector<std::unique_ptr<entry::IGlobal>> objects_;
+  std::map<std::string, entry::Dispatch, entry::IgnoringCase> instances_;
 };
 
 }  // namespace host

@@ -13,7 +13,8 @@ struct StepFailure {
   // Of a check; empty otherwise.
   std::string expected = {};
   std::string was = {};
-  // Filled in where the step ran: "file:line: the line", and the topmost screen's state, empty when there is none.
+  // Filled in where the step ran: "file:line: the line", and the topmost screen's name and the controls that the step
+  // speaks of, empty when no screen is open.
   std::string place = {};
   std::string screen = {};
 };

@@ -46,6 +46,7 @@ StepWords::StepWords(const Line& line, const Variables& variables) : words_(line
   }
   for (Word& word : words_) {
     word.text = Expand(word.text, variables);
+    word.pattern = Expand(word.pattern, variables);
   }
 }
 
@@ -107,6 +108,11 @@ std::string StepWords::TakeUpToSign(std::string_view what) {
   return text;
 }
 
+Expectation StepWords::TakeValue(bool glob) {
+  const Word& word = Next("a value");
+  return glob ? Expectation::Glob(word.pattern, word.text) : Expectation::Equal(word.text);
+}
+
 bool StepWords::AtSign() const {
   return !AtEnd() && IsSign(words_[at_]);
 }
@@ -116,8 +122,7 @@ Expectation StepWords::TakeExpectation() {
     Fail(AtEnd() ? "the line ends where = or ~ is due" : Quoted(words_[at_].text) + " stands where = or ~ is due");
   }
   const bool glob = words_[at_++].text == "~";
-  std::string text = Take("a value");
-  return glob ? Expectation::Glob(std::move(text)) : Expectation::Equal(std::move(text));
+  return TakeValue(glob);
 }
 
 Expectation StepWords::TakeLooseExpectation() {
@@ -128,8 +133,7 @@ std::vector<Expectation> StepWords::TakeExpectations() {
   const bool glob = AtSign() && words_[at_].text == "~";
   std::vector<Expectation> wanted = {TakeExpectation()};
   while (!AtEnd()) {
-    std::string text = Take("a value");
-    wanted.push_back(glob ? Expectation::Glob(std::move(text)) : Expectation::Equal(std::move(text)));
+    wanted.push_back(TakeValue(glob));
   }
   return wanted;
 }
@@ -160,7 +164,7 @@ std::vector<std::pair<std::string, Expectation>> StepWords::TakeAttributes(
 }
 
 bool StepWords::TakeNone() {
-  if (!AtSign() || at_ + 2 != words_.size() || words_[at_ + 1] != Word{"none", false}) {
+  if (!AtSign() || at_ + 2 != words_.size() || words_[at_ + 1].quoted || words_[at_ + 1].text != "none") {
     return false;
   }
   at_ += 2;

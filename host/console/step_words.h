@@ -53,6 +53,8 @@ class StepWords {
 
  private:
   const Word& Next(std::string_view what);
+  // The next word as the sign before it reads it.
+  Expectation TakeValue(bool glob);
 
   std::vector<Word> words_;
   std::size_t at_ = 0;

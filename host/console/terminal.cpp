@@ -1,6 +1,5 @@
 #include "console/terminal.h"
 
-#include "console/control_state.h"
 #include "console/interpreter.h"
 #include "console/line_source.h"
 #include "console/practice_line.h"
@@ -11,7 +10,6 @@ namespace {
 
 constexpr std::string_view kOwnHelp =
     "At the terminal\n"
-    "  screen                                        shows the topmost screen\n"
     "  help                                          lists all steps\n"
     "  quit                                          ends\n";
 
@@ -31,8 +29,6 @@ class TypedLines : public LineSource {
       }
       if (line.Is("help")) {
         output_ << StepHelp() << kOwnHelp;
-      } else if (line.Is("screen")) {
-        output_ << (interpreter_->HasForm() ? StateOf(interpreter_->Top()) : "no screen is open\n");
       } else if (!line.Blank()) {
         return line;
       }
@@ -41,7 +37,7 @@ class TypedLines : public LineSource {
     return std::nullopt;
   }
   const Line* Peek(std::size_t /*ahead*/) const override { return nullptr; }
-  bool GoesOn() const override { return true; }
+  bool ByHand() const override { return true; }
 
  private:
   std::string Prompt() const {

@@ -11,9 +11,9 @@
 int main(int argc, char** argv) {
   host::SpeakUtf8AtConsole();
   const auto tally = host::RunScenarioFiles(
-      host::ProgramArguments(argc, argv), std::cout, [](std::shared_ptr<session::Session> session) {
+      host::ProgramArguments(argc, argv), std::cout, {.to_screens = [](std::shared_ptr<session::Session> session) {
         return std::make_shared<com::PvSession>(host::MakeSessionObject(std::move(session)));
-      });
+      }});
   const bool kept = automation::ModuleInUse();
   if (kept) {
     std::cout << "an object is still alive\n";

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "console/demo_command.h"
+#include "console/describe_command.h"
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
 #include "console/terminal.h"
@@ -15,7 +16,10 @@ namespace {
 constexpr const char* kUsage =
     "practice_console                          the scenario language, typed by hand, on an empty practice\n"
     "practice_console --database URL           the same on the practice at sqlite:PATH\n"
-    "practice_console run FILE...              runs scenario files\n"
+    "practice_console run [--engine sqlite|postgres] FILE...\n"
+    "                                          runs scenario files; blocks that name no engine play on this one\n"
+    "practice_console describe [FORM]          a form's controls, or all forms': name, kind, caption, column, tip,\n"
+    "                                          container, parted by tabs\n"
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
     "[--row-guids]\n"
     "                                          makes a demo practice\n";
@@ -41,7 +45,6 @@ class Words {
     }
     return *number;
   }
-  std::vector<std::string> TakeRest() { return {words_.begin() + static_cast<std::ptrdiff_t>(at_), words_.end()}; }
 
  private:
   std::vector<std::string> words_;
@@ -78,14 +81,46 @@ int MakeDemoPractice(Words& words) {
   return 0;
 }
 
+int RunFiles(Words& words) {
+  host::RunOptions options;
+  std::vector<std::string> files;
+  while (!words.AtEnd()) {
+    std::string word = words.Take();
+    if (word != "--engine") {
+      files.push_back(std::move(word));
+    } else if (options.engine = words.Take(); !host::IsEngine(options.engine)) {
+      throw UsageError();
+    }
+  }
+  if (files.empty()) {
+    throw UsageError();
+  }
+  return host::RunScenarioFiles(files, std::cout, options).failed == 0 ? 0 : 1;
+}
+
+int DescribeForms(Words& words) {
+  std::optional<std::string> form;
+  if (!words.AtEnd()) {
+    form = words.Take();
+  }
+  if (!words.AtEnd()) {
+    throw UsageError();
+  }
+  host::RunDescribe(form, std::cout);
+  return 0;
+}
+
 int RunCommand(Words& words) {
   if (words.AtEnd()) {
     host::RunTerminal(std::cin, std::cout, std::nullopt);
     return 0;
   }
   const std::string command = words.Take();
-  if (command == "run" && !words.AtEnd()) {
-    return host::RunScenarioFiles(words.TakeRest(), std::cout).failed == 0 ? 0 : 1;
+  if (command == "run") {
+    return RunFiles(words);
+  }
+  if (command == "describe") {
+    return DescribeForms(words);
   }
   if (command == "demo") {
     return MakeDemoPractice(words);

@@ -31,6 +31,8 @@ TEST(Line, CommentsBeginOutsideQuotesAndPositionsAreNone) {
   EXPECT_THAT(Words("#3 is no position"), ElementsAre());
   EXPECT_THAT(Words("type X \"Apt #5\" #5"), ElementsAre("type", "X", "Apt #5"));
   EXPECT_THAT(Words("line Grid1 #12 = \"a\" # third"), ElementsAre("line", "Grid1", "#12", "=", "a"));
+  EXPECT_THAT(Words("move Grid1 #2 #0 # up"), ElementsAre("move", "Grid1", "#2", "#0"));
+  EXPECT_THAT(Words("move-column Grid1 Name #3"), ElementsAre("move-column", "Grid1", "Name", "#3"));
   EXPECT_THAT(Words("chosen #80FF00"), ElementsAre("chosen", "#80FF00"));
   EXPECT_THAT(Words("click X #decade"), ElementsAre("click", "X"));
 }
@@ -48,15 +50,33 @@ TEST(StepWords, ReplacesVariablesAndRefusesUnknownOnes) {
   EXPECT_THROW(StepWords(ReadLine("type X ${NONE}", "f", 1), known), StepFailure);
 }
 
+// Whether a text fits the pattern as a line writes it.
+bool Fits(std::string_view pattern, std::string_view text) {
+  StepWords words(ReadLine("~ " + std::string(pattern), "f", 1), {});
+  return words.TakeExpectation().Matches(text);
+}
+
+TEST(Expectation, ABackslashTakesAWildcardForItself) {
+  EXPECT_TRUE(Fits(R"("SELECT \* FROM *")", "SELECT * FROM x"));
+  EXPECT_FALSE(Fits(R"("SELECT \* FROM *")", "SELECT pID FROM x"));
+  EXPECT_TRUE(Fits(R"(Why\?)", "Why?"));
+  EXPECT_FALSE(Fits(R"(Why\?)", "Whys"));
+  EXPECT_TRUE(Fits(R"("*\\TAVOWP.EXE*\\*")", R"(C:\TAVOWP.EXE C:\DATA\a.rtf)")) << "a backslash, then a wildcard";
+  EXPECT_TRUE(Fits(R"(\\server\*\x)", R"(\\server*\x)"));
+  StepWords words(ReadLine(R"(= "\*")", "f", 1), {});
+  EXPECT_TRUE(words.TakeExpectation().Matches(R"(\*)")) << "there are no wildcards in an equality";
+}
+
 TEST(Expectation, EqualityAndGlobs) {
+  const auto glob = [](const std::string& pattern) { return Expectation::Glob(pattern, pattern); };
   EXPECT_TRUE(Expectation::Equal("a\r\nb").Matches("a\rb"));
   EXPECT_FALSE(Expectation::Equal("a*").Matches("ab"));
-  EXPECT_TRUE(Expectation::Glob("SELECT * FROM*PATable*").Matches("SELECT pID FROM x, PATable"));
-  EXPECT_FALSE(Expectation::Glob("select *").Matches("SELECT 1"));
-  EXPECT_FALSE(Expectation::Glob("a").Matches("ab"));
-  EXPECT_TRUE(Expectation::Glob("M?ller*").Matches("M\xC3\xBCller"));
-  EXPECT_TRUE(Expectation::Glob("*a*b*").Matches("xxaxxbxx\r\ny"));
-  EXPECT_FALSE(Expectation::Glob("?").Matches(""));
+  EXPECT_TRUE(glob("SELECT * FROM*PATable*").Matches("SELECT pID FROM x, PATable"));
+  EXPECT_FALSE(glob("select *").Matches("SELECT 1"));
+  EXPECT_FALSE(glob("a").Matches("ab"));
+  EXPECT_TRUE(glob("M?ller*").Matches("M\xC3\xBCller"));
+  EXPECT_TRUE(glob("*a*b*").Matches("xxaxxbxx\r\ny"));
+  EXPECT_FALSE(glob("?").Matches(""));
 }
 
 }  // namespace

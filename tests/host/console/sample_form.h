@@ -40,6 +40,7 @@ class SampleForm : public forms::Form {
     Add("Slider1", Slider1);
     Add("Timer1", Timer1);
     Add("MnuFile", MnuFile);
+    Add("ucSample1.Text1(0)", Inner);
     Add("DialogButtons1", DialogButtons1);
     Fill();
     Wire();
@@ -59,6 +60,7 @@ class SampleForm : public forms::Form {
   forms::Slider Slider1;
   forms::Timer Timer1;
   forms::MenuItem MnuFile;
+  forms::TextBox Inner;  // of a control that stands in several screens
   forms::DialogButtons DialogButtons1;
   int idle_work = 0;
 

@@ -13,11 +13,11 @@ struct Outcome {
   std::string output;
 };
 
-Outcome RunText(const std::string& text) {
+Outcome RunText(const std::string& text, const RunOptions& options = {}) {
   std::istringstream input(text);
   std::ostringstream output;
   Outcome outcome;
-  outcome.tally = RunScenarios(input, "test.scn", output);
+  outcome.tally = RunScenarios(input, "test.scn", output, options);
   outcome.output = output.str();
   return outcome;
 }
@@ -66,6 +66,22 @@ TEST(ScenarioRunner, WrongChecksFail) {
                                           "handed pID PaTable 1",
                                           "started ~ *",
                                           "event ButtonClicked",
+                                          "event Nothing",
+                                          "no event Nothing",
+                                          "no query",
+                                          "next ~ *",
+                                          "person-type pTypPat",
+                                          "sent Letter ~ *",
+                                          "sending slowly",
+                                          "handler CheckEvent bCancel=True",
+                                          "handler CheckEvent bHandled=perhaps",
+                                          "new Host Second",
+                                          "new LookUpList EditingScreen",
+                                          "new LookUpList A.B",
+                                          "call Second.ShowList",
+                                          "set LookUpList.PV Another",
+                                          "call Host.EnterPatient ids=perhaps",
+                                          "office two",
                                           R"(text-file STP/none.txt = "")",
                                           "result l_ID = NEW",
                                           "form patScreen_SM",
@@ -84,6 +100,35 @@ TEST(ScenarioRunner, WrongChecksFail) {
   const Outcome outcome = RunText(text);
   EXPECT_EQ(outcome.tally.passed, 0) << outcome.output;
   EXPECT_EQ(outcome.tally.failed, static_cast<int>(steps.size()));
+}
+
+// What a block leaves in the component is not there in the next.
+TEST(ScenarioRunner, TheSlotsOfTheComponentStartEmpty) {
+  ExpectPassed(
+      "scenario \"fills\"\n"
+      "  set LookUpList.DAC Data\n"
+      "  set EditingScreen.PV Nothing\n"
+      "  call LookUpList.SetPrinter PN=Front\n"
+      "  new EditingScreen Second\n"
+      "  result Second.DAC = Data\n"
+      "scenario \"finds nothing of it\"\n"
+      "  result EditingScreen.DAC = Nothing\n"
+      "  result LookUpList.PV = Session\n"
+      "  call EditingScreen.GetPrinter\n"
+      "  result PN = \"\"\n"
+      "  new EditingScreen Second\n",
+      2);
+}
+
+TEST(ScenarioRunner, ABlockThatNamesNoEnginePlaysOnTheOneGiven) {
+  const std::string text =
+      "scenario \"one\"\n  query \"SELECT pID FROM PATable\" = none\n"
+      "scenario \"two\"\n  practice empty\n"
+      "scenario \"three\"\n  practice empty engine sqlite\n";
+  EXPECT_EQ(RunText(text).tally.passed, 3);
+  const Outcome outcome = RunText(text, {.engine = "postgres"});
+  EXPECT_EQ(outcome.tally.passed, 1) << outcome.output;
+  EXPECT_THAT(outcome.output, HasSubstr("practice empty\n  the engine postgres is not part of this version\n"));
 }
 
 TEST(ScenarioRunner, AFailingStepEndsItsBlockAlone) {

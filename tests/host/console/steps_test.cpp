@@ -3,6 +3,7 @@
 namespace host {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -157,12 +158,32 @@ TEST(AnsweringSteps, NothingIsLeftOpenAndNothingAnsweredThatWasNotAsked) {
   EXPECT_THAT(Play("click cmdAsk\nask = Save"), HasSubstr("was:      \"Save [ it ] ?\\nReally?\""));
 }
 
-TEST(CheckingSteps, AFailureShowsPlaceDifferenceAndScreen) {
-  const std::string failure = Play("type Text1(0) Smithers\nexpect Text1(0) = Smithers");
-  EXPECT_THAT(failure, StartsWith("test.scn:3: expect Text1(0) = Smithers\n  expected: = \"Smithers\"\n"
-                                  "  was:      \"Smith\"\n  SampleForm \"Sample\"\n    Text1(0) = \"Smith\"  focus\n"));
-  EXPECT_THAT(failure, HasSubstr("    cmdOnPanel = \"\"  hidden\n"));
-  EXPECT_THAT(failure, HasSubstr("    Check1 = off\n"));
+TEST(CheckingSteps, AFailureShowsPlaceDifferenceAndTheControlItSpeaksOf) {
+  EXPECT_EQ(Play("type Text1(0) Smithers\nexpect Text1(0) = Smithers"),
+            "test.scn:3: expect Text1(0) = Smithers\n  expected: = \"Smithers\"\n  was:      \"Smith\"\n"
+            "  SampleForm \"Sample\"\n    Text1(0) = \"Smith\"  focus\n");
+  EXPECT_EQ(Play("click cmdChild\nexpect Check1 = off\nclose\nexpect Grid1.Count = 3"),
+            "test.scn:5: expect Grid1.Count = 3\n  expected: = \"3\"\n  was:      \"2\"\n  SampleForm \"Sample\"\n"
+            "    Grid1 = \"\"  2 rows, row -1\n      #0 = \"Ann|0\"\n      #1 = \"Bob|1\"\n");
+}
+
+TEST(CheckingSteps, ScreenPrintsItWhole) {
+  std::ostringstream output;
+  EXPECT_EQ(Play("screen\nclose\nscreen", &output), "");
+  EXPECT_THAT(output.str(), StartsWith("  SampleForm \"Sample\"\n    Text1(0) = \"\"\n"));
+  EXPECT_THAT(output.str(), HasSubstr("    cmdOnPanel = \"\"  hidden\n"));
+  EXPECT_THAT(output.str(), HasSubstr("    Check1 = off\n"));
+  EXPECT_THAT(output.str(), EndsWith("no screen is open\n"));
+}
+
+TEST(CheckingSteps, APointInANameIsAPartOfIt) {
+  EXPECT_EQ(Play("type ucSample1.Text1(0) abc\n"
+                 "expect ucSample1.Text1(0) = abc\n"
+                 "expect ucSample1.Text1(0).Focus = on\n"
+                 "expect DialogButtons1.OK.Enabled = on\n"
+                 "close"),
+            "");
+  EXPECT_THAT(Play("expect ucSample1.Text1(1) = abc"), HasSubstr("SampleForm has no control ucSample1.Text1(1)"));
 }
 
 TEST(CheckingSteps, UnknownNamesFail) {
