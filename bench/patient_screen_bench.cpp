@@ -35,7 +35,7 @@ void OpenAndSave(benchmark::State& state) {
   int round = 0;
   for (auto _ : state) {
     people::patScreen_SM screen({session, user, *screens});
-    screen.Choose(std::to_string(1 + round % 2000));
+    screen.Opened = session::Opening::Existing(session::RecordKind::Patient, 1 + round % 2000);
     session.prepared.clear();
     opening += bench::Time([&] { screen.Load(); });
     const auto opened = std::exchange(session.prepared, {});

@@ -102,9 +102,9 @@ void MainFrame::MakeCommands() {
   add(patient, "&Find Patient...\tCtrl+F", "Finds or adds a patient by name or ID", "Find_32.png",
       [this] { FindPatient(); });
   add(patient, "&New Patient\tCtrl+N", "Adds a patient", "New_32.png",
-      [this] { NewPatient(std::string(session::kNew)); });
+      [this] { NewPatient(session::Opening::Mode::New); });
   add(patient, "&Emergency Patient\tCtrl+E", "Adds an emergency patient", "Pat_Info_32.png",
-      [this] { NewPatient(std::string(session::kEmergency)); });
+      [this] { NewPatient(session::Opening::Mode::Emergency); });
   // A mnemonic is found only in the part of the window that has the focus.
   const int call = wxWindow::NewControlId();
   keys.emplace_back(wxACCEL_ALT, 'C', call);
@@ -153,11 +153,12 @@ void MainFrame::ChooseList(int kind) {
                      desk_.Classes().LookUpList(), "ShowList", {{"ListType", std::to_string(kind)}});
 }
 
-void MainFrame::NewPatient(const std::string& mode) {
-  std::string id = mode;
-  bool save_and_book = true;
-  desk_.Context().screens.Load_PatInfo_Small(id, {}, save_and_book);
-  Tell(id == mode ? "No patient was added" : "Patient " + id + " was added" + (save_and_book ? ", to be booked" : ""));
+void MainFrame::NewPatient(session::Opening::Mode mode) {
+  const session::Outcome outcome =
+      desk_.Context().screens.Edit({.kind = session::RecordKind::Patient, .mode = mode, .may_book = true});
+  Tell(outcome.Saved()
+           ? "Patient " + std::to_string(outcome.id) + " was added" + (outcome.save_and_book ? ", to be booked" : "")
+           : "No patient was added");
 }
 
 void MainFrame::FindPatient() {

@@ -20,7 +20,7 @@ class MainFrame : public wxFrame {
   void ChooseMethod(const std::string& name);
   void ChooseList(int kind);
 
-  void NewPatient(const std::string& mode);
+  void NewPatient(session::Opening::Mode mode);
   void FindPatient();
   void SwitchUser();
   void ShowWho();

@@ -1,5 +1,6 @@
 #include "desk/public_screens.h"
 
+#include "entry/record_id.h"
 #include "forms/text.h"
 
 namespace host {
@@ -11,13 +12,48 @@ std::string FromBool(bool value) {
 
 }  // namespace
 
-entry::Arguments PublicScreens::Call(std::string_view method, entry::Arguments arguments) const {
+session::Outcome PublicScreens::Call(std::string_view method, const char* id_argument,
+                                     entry::Arguments& arguments) const {
   editing_screen_.Find(method)->invoke(arguments);
-  return arguments;
+  return entry::ReadOutcome(arguments.at(id_argument));
 }
 
-std::optional<session::ListChoice> PublicScreens::ShowList(session::LookUpListTypes type,
-                                                           const session::ListRequest& request) {
+session::Outcome PublicScreens::Edit(const session::Opening& opening) {
+  const std::string id = entry::IdText(opening);
+  switch (opening.kind) {
+    case session::RecordKind::Patient: {
+      entry::Arguments arguments = {
+          {"l_ID", id}, {"ns_ID", opening.typed_name}, {"GoToQuickAppoint", FromBool(opening.may_book)}};
+      session::Outcome outcome = Call("Load_PatInfo_Small", "l_ID", arguments);
+      outcome.save_and_book = forms::IsOn(arguments.at("GoToQuickAppoint"));
+      return outcome;
+    }
+    case session::RecordKind::Carrier: {
+      entry::Arguments arguments = {{"Ins_Com_ID_Num", id}};
+      return Call("Ins_Company_Start", "Ins_Com_ID_Num", arguments);
+    }
+    case session::RecordKind::Pharmacy: {
+      entry::Arguments arguments = {{"PhaID", id}};
+      return Call("Pharmacy_Start", "PhaID", arguments);
+    }
+    case session::RecordKind::GroupPlan: {
+      entry::Arguments arguments = {{"GroPlaID", id}, {"InsCoID", std::to_string(opening.carrier)}};
+      return Call("Grp_Plan_Start", "GroPlaID", arguments);
+    }
+    case session::RecordKind::RecallMaster: {
+      entry::Arguments arguments = {{"RecallID", id}};
+      const session::Outcome outcome = Call("Recall_Master_Start", "RecallID", arguments);
+      return forms::IsOn(arguments.at("DataSaved")) ? outcome : session::Outcome();
+    }
+    default: {
+      entry::Arguments arguments = {{"PersonType", std::string(entry::PersonKey(opening.kind))}, {"SrchFld", id}};
+      editing_screen_.properties.at("NewEmployeePasswordID").set(std::to_string(opening.new_employee_login));
+      return Call("PaTable_Edit_Start", "SrchFld", arguments);
+    }
+  }
+}
+
+session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, const session::ListRequest& request) {
   auto& properties = look_up_list_.properties;
   properties.at("ListType").set(std::to_string(type));
   properties.at("ListTitle").set(request.title);
@@ -29,45 +65,13 @@ std::optional<session::ListChoice> PublicScreens::ShowList(session::LookUpListTy
   const std::int32_t id = session::ToId(session::Value(properties.at("SelectedID").get()));
   std::string text = properties.at("Select_String").get();
   if (id == 0 || (id == request.selected && text.empty())) {
-    return std::nullopt;
+    return {};
   }
-  return session::ListChoice{id, std::move(text)};
+  return {session::ListOutcome::End::Chosen, id, std::move(text)};
 }
 
 std::optional<session::PickedText> PublicScreens::ShowPickList(session::PickList /*list*/, std::string_view /*title*/) {
   return std::nullopt;
-}
-
-void PublicScreens::Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book) {
-  const entry::Arguments told =
-      Call("Load_PatInfo_Small", {{"l_ID", id}, {"ns_ID", typed_name}, {"GoToQuickAppoint", FromBool(save_and_book)}});
-  id = told.at("l_ID");
-  save_and_book = forms::IsOn(told.at("GoToQuickAppoint"));
-}
-
-void PublicScreens::PaTable_Edit_Start(std::string_view person_type, std::string& id) {
-  id = Call("PaTable_Edit_Start", {{"PersonType", std::string(person_type)}, {"SrchFld", id}}).at("SrchFld");
-}
-
-void PublicScreens::Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id) {
-  plan_id = Call("Grp_Plan_Start", {{"GroPlaID", plan_id}, {"InsCoID", std::to_string(carrier_id)}}).at("GroPlaID");
-}
-
-void PublicScreens::Recall_Master_Start(std::string& recall_id, bool& canceled, bool& data_saved) {
-  const entry::Arguments told =
-      Call("Recall_Master_Start",
-           {{"RecallID", recall_id}, {"Canceled", FromBool(canceled)}, {"DataSaved", FromBool(data_saved)}});
-  recall_id = told.at("RecallID");
-  canceled = forms::IsOn(told.at("Canceled"));
-  data_saved = forms::IsOn(told.at("DataSaved"));
-}
-
-void PublicScreens::Ins_Company_Start(std::string& carrier_id) {
-  carrier_id = Call("Ins_Company_Start", {{"Ins_Com_ID_Num", carrier_id}}).at("Ins_Com_ID_Num");
-}
-
-void PublicScreens::Pharmacy_Start(std::string& pharmacy_id) {
-  pharmacy_id = Call("Pharmacy_Start", {{"PhaID", pharmacy_id}}).at("PhaID");
 }
 
 }  // namespace host

@@ -1,7 +1,7 @@
 #include "com/arguments.h"
 
+#include "entry/record_id.h"
 #include "forms/text.h"
-#include "session/screens.h"
 
 namespace com {
 
@@ -52,7 +52,7 @@ forms::Currency CurrencyOf(const VARIANT* argument) {
 
 IdArgument::IdArgument(VARIANT* argument)
     : argument_(argument),
-      given_(IsLeftOut(argument) ? std::string(session::kNew) : std::string(forms::Trim(ToText(*argument)))),
+      given_(IsLeftOut(argument) ? std::string(entry::kNew) : std::string(forms::Trim(ToText(*argument)))),
       text_(given_) {}
 
 void IdArgument::Return() const {

@@ -1,22 +1,46 @@
 #include "entry/editing_screen.h"
 
+#include "entry/component_screens.h"
+#include "entry/form_catalog.h"
+#include "entry/record_id.h"
+
 namespace entry {
 
-void EditingScreen::Open(const std::function<void(ComponentScreens&)>& screen) {
-  // Kept while the screen is open, whatever the host assigns meanwhile.
-  const std::shared_ptr<session::Session> session = PV();
+using session::Outcome;
+using session::RecordKind;
+
+std::shared_ptr<session::Session> EditingScreen::BeginCall() {
+  std::shared_ptr<session::Session> session = PV();
   if (session == nullptr) {
     user_.Tell("The host has not handed over its session (PV).", std::string(forms::kSuiteTitle),
                forms::Icon::Critical);
-    return;
+    return nullptr;
   }
   RegisterMainForm(StartForm);
-  ComponentScreens screens(*session, user_, NewEmployeePasswordID);
-  screen(screens);
+  return session;
+}
+
+std::optional<Outcome> EditingScreen::Edit(const session::Opening& opening) {
+  const auto session = BeginCall();
+  if (session == nullptr) {
+    return std::nullopt;
+  }
+  return ComponentScreens(*session, user_).Edit(opening);
+}
+
+std::optional<Outcome> EditingScreen::EditById(session::Opening opening, std::string& id) {
+  ReadId(id, opening);
+  const auto outcome = Edit(opening);
+  if (outcome && outcome->Saved()) {
+    id = std::to_string(outcome->id);
+  }
+  return outcome;
 }
 
 bool EditingScreen::OpenNotBuilt(std::string_view form, std::string_view what) {
-  Open([&](ComponentScreens& screens) { screens.TellNotBuilt(form, what); });
+  if (BeginCall() != nullptr) {
+    TellNotBuilt(user_, form, what);
+  }
   return false;
 }
 
@@ -61,28 +85,40 @@ void EditingScreen::Employer_Start(std::string& /*tmp*/, std::string& /*patient_
                                    session::EmployerStartTab /*start_tab*/) {}
 
 void EditingScreen::Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id) {
-  Open([&](ComponentScreens& screens) { screens.Grp_Plan_Start(plan_id, carrier_id); });
+  EditById({.kind = RecordKind::GroupPlan, .carrier = carrier_id}, plan_id);
 }
 
 void EditingScreen::Recall_Master_Start(std::string& /*temporary_number*/, std::string& recall_id, bool& canceled,
                                         bool& data_saved) {
-  Open([&](ComponentScreens& screens) { screens.Recall_Master_Start(recall_id, canceled, data_saved); });
+  if (const auto outcome = EditById({.kind = RecordKind::RecallMaster}, recall_id)) {
+    data_saved = outcome->Saved();
+    canceled = !data_saved;
+  }
 }
 
 void EditingScreen::Ins_Company_Start(std::string& carrier_id) {
-  Open([&](ComponentScreens& screens) { screens.Ins_Company_Start(carrier_id); });
+  EditById({.kind = RecordKind::Carrier}, carrier_id);
 }
 
 void EditingScreen::Pharmacy_Start(std::string& /*typed_id*/, std::string& pharmacy_id) {
-  Open([&](ComponentScreens& screens) { screens.Pharmacy_Start(pharmacy_id); });
+  EditById({.kind = RecordKind::Pharmacy}, pharmacy_id);
 }
 
 void EditingScreen::Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book) {
-  Open([&](ComponentScreens& screens) { screens.Load_PatInfo_Small(id, typed_name, save_and_book); });
+  if (const auto outcome =
+          EditById({.kind = RecordKind::Patient, .typed_name = typed_name, .may_book = save_and_book}, id)) {
+    save_and_book = outcome->save_and_book;
+  }
 }
 
 void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::string& id) {
-  Open([&](ComponentScreens& screens) { screens.PaTable_Edit_Start(person_type, id); });
+  if (const auto kind = PersonKind(person_type)) {
+    if (const auto outcome = EditById({.kind = *kind, .new_employee_login = NewEmployeePasswordID}, id)) {
+      id = IdText(*outcome).value_or(id);
+    }
+  } else {
+    BeginCall();
+  }
 }
 
 bool EditingScreen::eReminder_PersonalSetup(std::int32_t /*patient_id*/) {

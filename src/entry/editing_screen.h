@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
-#include "entry/component_screens.h"
 #include "entry/global_slots.h"
 #include "forms/user.h"
 #include "session/screens.h"
@@ -64,8 +65,13 @@ class EditingScreen : public IGlobal {
   bool eReminder_PersonalSetup(std::int32_t patient_id);
 
  private:
-  // Opens over the session; tells the person when none was handed over.
-  void Open(const std::function<void(ComponentScreens&)>& screen);
+  // The session that a screen keeps while it is open, whatever the host assigns meanwhile. Tells the person when none
+  // was handed over.
+  std::shared_ptr<session::Session> BeginCall();
+  // Nothing without a session.
+  std::optional<session::Outcome> Edit(const session::Opening& opening);
+  // `id` tells what to open, and becomes a saved record's.
+  std::optional<session::Outcome> EditById(session::Opening opening, std::string& id);
   bool OpenNotBuilt(std::string_view form, std::string_view what);
 
   forms::User& user_;

@@ -1,8 +1,11 @@
 #include "entry/form_catalog.h"
 
-#include <array>
+#include <algorithm>
+#include <initializer_list>
+#include <stdexcept>
 
 #include "entry/component_screens.h"
+#include "entry/record_id.h"
 #include "forms/text.h"
 #include "lookup/frmTGList.h"
 #include "people/frmContacts.h"
@@ -12,43 +15,117 @@
 namespace entry {
 namespace {
 
-using Maker = std::unique_ptr<forms::Form> (*)(const session::ScreenContext&);
+using session::Opening;
+using session::Outcome;
+using session::RecordKind;
+using session::ScreenContext;
 
-struct Entry {
+// A screen of the suite, and what it edits.
+struct Screen {
   std::string_view name;
-  Maker make;
+  std::vector<RecordKind> edits;
+  // Null for one that is not part of this version.
+  std::unique_ptr<forms::Form> (*make)(const ScreenContext&) = nullptr;
+  Outcome (*edit)(const ScreenContext&, const Opening&) = nullptr;
+  std::string_view what = {};  // what it is for, where it is not part of this version
 };
 
+// A form that others open, or that is opened by its name alone.
 template <typename T>
-std::unique_ptr<forms::Form> Make(const session::ScreenContext& context) {
-  return std::make_unique<T>(context);
+Screen Opens(std::string_view name) {
+  return {.name = name, .edits = {}, .make = [](const ScreenContext& context) -> std::unique_ptr<forms::Form> {
+            return std::make_unique<T>(context);
+          }};
 }
 
-constexpr std::array kForms = {
-    Entry{"patScreen_SM", Make<people::patScreen_SM>},
-    Entry{"frmContacts", Make<people::frmContacts>},
-    Entry{"frmDatabaseSearch", Make<people::frmDatabaseSearch>},
-    Entry{"frmTGList", Make<lookup::frmTGList>},
-};
+// An editing screen: it takes its `Opened` before it is shown, and tells by `Ended` how it was left.
+template <typename T>
+Screen Edits(std::string_view name, std::initializer_list<RecordKind> kinds) {
+  return {.name = name,
+          .edits = kinds,
+          .make = [](const ScreenContext& context) -> std::unique_ptr<forms::Form> {
+            auto screen = std::make_unique<T>(context);
+            screen->Properties["Mode"] = {nullptr,
+                                          [&opened = screen->Opened](const std::string& id) { ReadId(id, opened); }};
+            return screen;
+          },
+          .edit =
+              [](const ScreenContext& context, const Opening& opening) {
+                T screen(context);
+                screen.Opened = opening;
+                context.user.Show(screen);
+                return screen.Ended();
+              }};
+}
+
+Screen NotBuilt(std::string_view name, std::initializer_list<RecordKind> kinds, std::string_view what) {
+  return {.name = name, .edits = kinds, .what = what};
+}
+
+// Every screen stands here once; every kind of record is edited by one of them.
+const std::vector<Screen>& AllScreens() {
+  static const std::vector<Screen> screens = {
+      Edits<people::patScreen_SM>("patScreen_SM", {RecordKind::Patient}),
+      Opens<people::frmContacts>("frmContacts"),
+      Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
+      Opens<lookup::frmTGList>("frmTGList"),
+      NotBuilt("EmployeeFrm", {RecordKind::Employee}, "employees"),
+      NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
+      NotBuilt("docScreen",
+               {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2, RecordKind::ReferInOut,
+                RecordKind::Referral},
+               "providers, referrals and physicians"),
+      NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
+      NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
+      NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),
+      NotBuilt("insScreen", {RecordKind::Pharmacy}, "pharmacies"),
+  };
+  return screens;
+}
+
+const Screen& ScreenOf(RecordKind kind) {
+  for (const Screen& screen : AllScreens()) {
+    if (std::ranges::find(screen.edits, kind) != screen.edits.end()) {
+      return screen;
+    }
+  }
+  throw std::logic_error("no screen edits records of this kind");
+}
 
 }  // namespace
 
 std::vector<std::string> FormNames() {
   std::vector<std::string> names;
-  names.reserve(kForms.size());
-  for (const Entry& entry : kForms) {
-    names.emplace_back(entry.name);
+  for (const Screen& screen : AllScreens()) {
+    if (screen.make != nullptr) {
+      names.emplace_back(screen.name);
+    }
   }
   return names;
 }
 
-std::unique_ptr<forms::Form> MakeForm(std::string_view name, const session::ScreenContext& context) {
-  for (const Entry& entry : kForms) {
-    if (forms::EqualsIgnoringCase(entry.name, name)) {
-      return entry.make(context);
+std::unique_ptr<forms::Form> MakeForm(std::string_view name, const ScreenContext& context) {
+  for (const Screen& screen : AllScreens()) {
+    if (screen.make != nullptr && forms::EqualsIgnoringCase(screen.name, name)) {
+      return screen.make(context);
     }
   }
   return nullptr;
+}
+
+Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
+  const Screen& screen = ScreenOf(opening.kind);
+  if (screen.edit != nullptr) {
+    return screen.edit(context, opening);
+  }
+  TellNotBuilt(context.user, screen.name, screen.what);
+  return {.end = Outcome::End::NotBuilt};
+}
+
+void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what) {
+  user.Tell("The screen for " + std::string(what) + " (" + std::string(form) +
+                ") is not part of this version yet. Nothing was changed.",
+            std::string(forms::kSuiteTitle), forms::Icon::Information);
 }
 
 std::unique_ptr<session::Screens> MakeScreens(session::Session& session, forms::User& user) {

@@ -14,7 +14,14 @@ namespace entry {
 std::vector<std::string> FormNames();
 
 // A new form of that class, its inputs at their defaults; nullptr when there is no such class. Case does not matter.
+// An editing screen takes "NEW", "EMERGENCY" or an ID by its property "Mode".
 std::unique_ptr<forms::Form> MakeForm(std::string_view name, const session::ScreenContext& context);
+
+// Opens the screen that edits records of this kind, or says that it is not part of this version.
+session::Outcome EditRecord(const session::ScreenContext& context, const session::Opening& opening);
+
+// Says that a screen of the suite is not part of this version.
+void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what);
 
 // The screens as they reach one another, for a host that opens forms by name.
 std::unique_ptr<session::Screens> MakeScreens(session::Session& session, forms::User& user);

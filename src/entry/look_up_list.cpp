@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "entry/component_screens.h"
+#include "entry/record_id.h"
 #include "lookup/look_up.h"
 
 namespace entry {
@@ -52,13 +53,14 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   options.show_patient_buttons = ShowPatientButtons;
   options.skip_list_if_new = Skip_List_IF_New;
   options.events = Events;
-  ComponentScreens screens(*session, user_, NewEmployeePasswordID);
-  const lookup::LookUpResult result = lookup::ShowLookUpList(screens.Context(), ListType, options);
-  if (result.choice) {
-    SelectedID = result.choice->id;
-    Select_String = result.choice->text;
-  } else if (result.answer == session::kNew) {
-    Select_String = result.answer;
+  options.new_employee_login = NewEmployeePasswordID;
+  const ComponentScreens screens(*session, user_);
+  const session::ListOutcome outcome = lookup::ShowLookUpList(screens.Context(), ListType, options);
+  if (outcome.Chosen()) {
+    SelectedID = outcome.id;
+    Select_String = outcome.text;
+  } else if (outcome.end == session::ListOutcome::End::New) {
+    Select_String = kNew;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "entry/record_id.h"
 #include "forms/text.h"
 
 namespace entry {
@@ -39,7 +40,7 @@ class Reader {
   bool Bool(const char* name) { return forms::IsOn(arguments_[name]); }
   Currency Money(const char* name) { return Currency::Parse(arguments_[name]).value_or(Currency()); }
   // A record ID; one that was left out asks for a new record.
-  std::string& Id(const char* name) { return arguments_.try_emplace(name, session::kNew).first->second; }
+  std::string& Id(const char* name) { return arguments_.try_emplace(name, kNew).first->second; }
 
   void Return(const char* name, bool value) { arguments_[name] = FromBool(value); }
   void Return(const char* name, Currency value) { arguments_[name] = forms::ToPlainText(value); }

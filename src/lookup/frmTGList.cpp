@@ -94,9 +94,9 @@ void frmTGList::SetSQL(std::string sql) {
   sql_ = context_.session.DatabaseKind() == session::kFileDatabase ? std::move(sql) : WithoutDistinctRow(sql);
 }
 
-const std::string& frmTGList::ShowList() {
-  if (Request.starts_with(session::kSkipListIfNew)) {
-    Result = session::kNew;
+const session::ListOutcome& frmTGList::ShowList() {
+  if (SkipIfNew) {
+    Result.end = session::ListOutcome::End::New;
   } else {
     context_.user.Show(*this);
   }
@@ -251,24 +251,14 @@ void frmTGList::DotNetGrid_HeadClick(int column) {
 }
 
 void frmTGList::DotNetGrid_AddRecord() {
-  Open(std::string(session::kNew));
-}
-
-void frmTGList::Open(const std::string& id) {
-  if (!EditRecord) {
-    Result = session::kNew;
+  if (!Edits) {
+    Result.end = session::ListOutcome::End::New;
     Close();
     return;
   }
-  const std::string saved = EditRecord(id);
-  if (saved.empty()) {
-    return;
-  }
-  if (id == session::kNew) {  // no filter hides the new row
-    DotNetGrid.ClearFilters();
-    Requery({}, sort_, session::ToId(saved));
-  } else {
-    Requery(conditions_, sort_, session::ToId(saved));
+  if (const session::Outcome outcome = context_.screens.Edit(*Edits); outcome.Saved()) {
+    DotNetGrid.ClearFilters();  // no filter hides the new row
+    Requery({}, sort_, outcome.id);
   }
 }
 
@@ -276,8 +266,7 @@ void frmTGList::Choose() {
   if (DotNetGrid.Row < 0) {
     return;
   }
-  Result = Chosen(IDFld.Caption.get());
-  Select_String = Chosen(NamFld.Caption.get());
+  Result = {session::ListOutcome::End::Chosen, CurrentID(), Chosen(NamFld.Caption.get())};
   Close();
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,26 +42,24 @@ class frmTGList : public forms::Form {
   std::string Title;  // names the list while it loads and in messages; the caption where there is none
   std::string LayoutKey;
   std::int32_t StartingID = 0;
-  // Begins with "SKIP LIST IF NEW" to be answered "NEW" without a list.
-  std::string Request;
+  // The list is not shown, a new record is wanted.
+  bool SkipIfNew = false;
 
   // "DISTINCTROW" becomes "DISTINCT" unless the database is a file.
   void SetSQL(std::string sql);
   const std::string& SQL() const { return sql_; }
 
-  // Opens the editing screen of this kind with "NEW" or a record's ID and gives the ID that it saved, empty when it
-  // saved nothing. Without it New answers "NEW" to the caller and nothing can be edited.
-  std::function<std::string(const std::string& id)> EditRecord;
+  // How New opens the editing screen; Edit opens it on the current record. Without it New is the caller's to carry
+  // out, and nothing can be edited.
+  std::optional<session::Opening> Edits;
   ListEvents Events;
 
   // Shows the list unless the request skips it, and gives the result. Where it closed for a navigation command the
   // host has heard of it.
-  const std::string& ShowList();
+  const session::ListOutcome& ShowList();
 
-  // The chosen ID as text, "NEW" or "CANCEL_AND_CLOSE".
-  std::string Result{session::kCancelAndClose};
-  // The chosen row's name column.
-  std::string Select_String;
+  // How the list was left.
+  session::ListOutcome Result;
   // The navigation command that closed the list, empty for none, and the ID of the record that it goes to.
   std::string Whereto;
   std::string Designation_String;
@@ -88,6 +85,8 @@ class frmTGList : public forms::Form {
  private:
   void RegisterControls();
   void RegisterProperties();
+  // The result by its name: the chosen ID as text, "NEW" or "CANCEL_AND_CLOSE".
+  std::string ResultText() const;
   void WireHandlers();
   void ReadOptions();
   void WriteOption(std::string_view key, bool set);
@@ -126,7 +125,6 @@ class frmTGList : public forms::Form {
   std::optional<std::vector<std::string>> FilterConditions() const;
   void ClearFilter();
   void Choose();
-  void Open(const std::string& id);
   std::int32_t CurrentID() const;
   const std::string& TitleText() const { return Title.empty() ? Caption.get() : Title; }
 

@@ -4,6 +4,8 @@
 namespace lookup {
 namespace {
 
+constexpr std::string_view kSkipListIfNew = "SKIP LIST IF NEW";
+
 forms::Form::NamedProperty Text(std::string& value) {
   return {[&value] { return value; }, [&value](const std::string& text) { value = text; }};
 }
@@ -23,6 +25,18 @@ forms::Form::NamedProperty Flag(bool& value) {
 }
 
 }  // namespace
+
+std::string frmTGList::ResultText() const {
+  switch (Result.end) {
+    case session::ListOutcome::End::Chosen:
+      return Chosen(IDFld.Caption.get());
+    case session::ListOutcome::End::New:
+      return "NEW";
+    case session::ListOutcome::End::Cancelled:
+      break;
+  }
+  return "CANCEL_AND_CLOSE";
+}
 
 void frmTGList::RegisterControls() {
   Add("MnuFileSel", MnuFileSel);
@@ -51,9 +65,10 @@ void frmTGList::RegisterProperties() {
   Properties["LayoutKey"] = Text(LayoutKey);
   Properties["IDFld"] = Text(IDFld);
   Properties["NamFld"] = Text(NamFld);
-  Properties["Request"] = Text(Request);
-  Properties["Result"] = Text(Result);
-  Properties["Select_String"] = Text(Select_String);
+  Properties["Request"] = {[this] { return SkipIfNew ? std::string(kSkipListIfNew) : std::string(); },
+                           [this](const std::string& text) { SkipIfNew = text.starts_with(kSkipListIfNew); }};
+  Properties["Result"] = {[this] { return ResultText(); }, nullptr};
+  Properties["Select_String"] = {[this] { return Result.text; }, nullptr};
   Properties["Whereto"] = Text(Whereto);
   Properties["Designation_String"] = Text(Designation_String);
   Properties["StartingID"] = Number(StartingID);

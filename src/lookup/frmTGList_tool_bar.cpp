@@ -52,7 +52,7 @@ void frmTGList::Setup_ToolBar() {
 // Without an editing screen New is the caller's to carry out; Edit is nobody's.
 void frmTGList::ShowToolButtons() {
   ToolStrip["New"].Visible = AllowEdit;
-  ToolStrip["Edit"].Visible = AllowEdit && EditRecord != nullptr;
+  ToolStrip["Edit"].Visible = AllowEdit && Edits.has_value();
   ToolStrip["Delete"].Visible = AllowEdit && AllowDelete;
   ToolStrip["RemFilt"].Visible = true;
   ShowNavigation();
@@ -60,8 +60,13 @@ void frmTGList::ShowToolButtons() {
 }
 
 void frmTGList::EditCurrent() {
-  if (DotNetGrid.Row >= 0) {
-    Open(std::to_string(CurrentID()));
+  if (DotNetGrid.Row >= 0 && Edits) {
+    session::Opening opening = *Edits;
+    opening.mode = session::Opening::Mode::Existing;
+    opening.id = CurrentID();
+    if (const session::Outcome outcome = context_.screens.Edit(opening); outcome.Saved()) {
+      Requery(conditions_, sort_, outcome.id);
+    }
   } else if (context_.user.Ask({.text = "Nothing to edit. Do you want to add one?",
                                 .buttons = forms::kYesNo,
                                 .icon = forms::Icon::Question}) == forms::Answer::Yes) {

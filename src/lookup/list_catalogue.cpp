@@ -14,6 +14,7 @@ using data::Statements;
 ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
   ListDefinition list;
   list.kind_key = "pTypEmp";
+  list.edits = session::RecordKind::Employee;
   list.title = "Employee List";
   list.window_texts = {"emplScreen", "ID Num", "Name", "[First Name]", "[Last Name]", "Title", "[ID Num]"};
   if (allow_delete) {
@@ -72,6 +73,7 @@ ListDefinition InsuranceGroupList(const Statements& db) {
 
 ListDefinition RecallMasterList(const Statements& db) {
   ListDefinition list;
+  list.edits = session::RecordKind::RecallMaster;
   list.title = "Recall Master List";
   list.caption = "Recall Master List";
   list.window_texts = {"RecallMaster", "ID #", "Title", "[Title]", "[ID #]"};

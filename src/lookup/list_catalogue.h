@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ struct ListNarrowing {
 struct ListDefinition {
   // The person-type key ("pTypDoc") that the session is told before the list is shown; empty for lists of records.
   std::string kind_key;
+  // What the list's New and Edit edit; nothing for a list whose caller adds.
+  std::optional<session::RecordKind> edits = {};
   std::string title;    // unless the caller gives one
   std::string caption;  // of the window; empty for the title
   // The list's name, its ID and its name column, then the columns that a person tells the rows apart by and the

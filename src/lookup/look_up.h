@@ -20,18 +20,15 @@ struct LookUpOptions {
   bool multi_select = false;
   bool no_double_click = false;
   bool show_facility_options = false;
-  bool show_patient_buttons = false;  // on lists of persons
-  bool skip_list_if_new = false;      // the employee list is answered "NEW" without being shown
+  bool show_patient_buttons = false;    // on lists of persons
+  bool skip_list_if_new = false;        // the employee list is answered by New without being shown
+  std::int32_t new_employee_login = 0;  // the login that a new employee is entered for; 0 for none
   ListEvents events = {};
 };
 
-struct LookUpResult {
-  std::string answer{session::kCancelAndClose};  // the chosen ID, "NEW" or "CANCEL_AND_CLOSE"
-  std::optional<session::ListChoice> choice;     // when a record was chosen
-};
-
 // Shows a list, one of `session::LookUpListTypes`, and tells the host the choice. Any other type shows nothing.
-LookUpResult ShowLookUpList(const session::ScreenContext& context, std::int32_t type, const LookUpOptions& options);
+session::ListOutcome ShowLookUpList(const session::ScreenContext& context, std::int32_t type,
+                                    const LookUpOptions& options);
 
 // Nothing when cancelled. An empty title is the list's own.
 std::optional<session::PickedText> ShowPickList(const session::ScreenContext& context, session::PickList list,

@@ -8,9 +8,11 @@ namespace lookup {
 namespace {
 
 using data::Statements;
+using session::RecordKind;
 
 struct PersonKind {
   const char* key;
+  RecordKind edits;
   const char* title;
   const char* list_name;
   const char* layout_key;
@@ -32,17 +34,24 @@ constexpr const char* kFamilyHeads =
 PersonKind PersonKindOf(session::LookUpListTypes type) {
   switch (type) {
     case session::lulProvider:
-      return {"pTypDoc", "Provider List", "Provider", "frmTGList_PROV", kProviders, true};
+      return {"pTypDoc", RecordKind::Provider, "Provider List", "Provider", "frmTGList_PROV", kProviders, true};
     case session::lulPhysician1:
-      return {"pTypPhy1", "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians, false};
+      return {"pTypPhy1", RecordKind::Physician1, "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians, false};
     case session::lulPhysician2:
-      return {"pTypPhy2", "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians, false};
+      return {"pTypPhy2", RecordKind::Physician2, "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians, false};
     case session::lulReferInOut:
-      return {"pTypPhyRefOut", "Refer In/Out List", "ReferInOut", "frmTGList_RFIO", kReferredInOrOut, false};
+      return {"pTypPhyRefOut",
+              RecordKind::ReferInOut,
+              "Refer In/Out List",
+              "ReferInOut",
+              "frmTGList_RFIO",
+              kReferredInOrOut,
+              false};
     case session::lulReferral:
-      return {"pTypRef", "Referred By List", "Referral", "frmTGList_REFE", kReferrals, false};
+      return {"pTypRef", RecordKind::Referral, "Referred By List", "Referral", "frmTGList_REFE", kReferrals, false};
     case session::lulFamilyHead:
-      return {"pTypPat", "Family Head List", "FamilyHead", "frmTGList_FAMH", kFamilyHeads, true};
+      return {"pTypPat", RecordKind::FamilyMember, "Family Head List", "FamilyHead", "frmTGList_FAMH", kFamilyHeads,
+              true};
     default:
       throw std::out_of_range("no list of persons");
   }
@@ -61,6 +70,7 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   const PersonKind kind = PersonKindOf(type);
   ListDefinition list;
   list.kind_key = kind.key;
+  list.edits = kind.edits;
   list.title = kind.title;
   list.window_texts = {kind.list_name, "ID Num", "Name", "[First Name]", "[Last Name]", "[ID Num]"};
   if (kind.deletable) {
@@ -88,6 +98,7 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
 
 ListDefinition InsuranceCompanyList(const Statements& statements, const ListNarrowing& narrowing) {
   ListDefinition list;
+  list.edits = RecordKind::Carrier;
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
   AddDelete(list, narrowing);
@@ -125,6 +136,7 @@ ListDefinition EmployerList(const Statements& statements, const ListNarrowing& n
 
 ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& narrowing) {
   ListDefinition list;
+  list.edits = RecordKind::GroupPlan;
   list.title = "Group Plan List";
   list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
                        "[Group Number]", "[Plan Name]", "[ID Num]"};
@@ -149,6 +161,7 @@ ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& 
 
 ListDefinition PharmacyList(const Statements& statements, const ListNarrowing& narrowing) {
   ListDefinition list;
+  list.edits = RecordKind::Pharmacy;
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
   AddDelete(list, narrowing);

@@ -37,18 +37,17 @@ std::string NameCondition(const session::Database& database, const TypedName& na
   return name.first.empty() ? last : last + " and pFIRNAM Like " + Quoted(database, name.first);
 }
 
-NameEntry Open(const session::ScreenContext& context, std::string id, const std::string& typed) {
-  NameEntry entry;
-  const std::string asked = id;
-  entry.save_and_book = true;
-  context.screens.Load_PatInfo_Small(id, typed, entry.save_and_book);
-  if (id == session::kNew) {
-    entry.save_and_book = false;
-    return entry;
-  }
-  entry.outcome = asked == session::kNew ? EntryOutcome::Added : EntryOutcome::Edited;
-  entry.patient = session::ToId(session::Value(id));
-  return entry;
+NameEntry Edit(const session::ScreenContext& context, std::int32_t id) {
+  auto opening = session::Opening::Existing(session::RecordKind::Patient, id);
+  opening.may_book = true;
+  const session::Outcome outcome = context.screens.Edit(opening);
+  return {EntryOutcome::Edited, id, outcome.save_and_book};
+}
+
+NameEntry Add(const session::ScreenContext& context, const std::string& typed) {
+  const session::Outcome outcome =
+      context.screens.Edit({.kind = session::RecordKind::Patient, .typed_name = typed, .may_book = true});
+  return outcome.Saved() ? NameEntry{EntryOutcome::Added, outcome.id, outcome.save_and_book} : NameEntry{};
 }
 
 }  // namespace
@@ -104,7 +103,7 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   const std::string text(forms::Trim(*typed));
   const auto entered = ParseNameOrId(text);
   if (const auto* id = std::get_if<std::int32_t>(&entered); id != nullptr && prompt.ids) {
-    return Open(context, std::to_string(*id), {});
+    return Edit(context, *id);
   }
   frmDatabaseSearch search(context);
   search.SearchText = text;
@@ -116,14 +115,14 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   if (found > 0) {
     context.user.Show(search);
     if (search.SelectedID != 0) {
-      return Open(context, std::to_string(search.SelectedID), {});
+      return Edit(context, search.SelectedID);
     }
-    return search.NewWanted ? Open(context, std::string(session::kNew), text) : NameEntry{};
+    return search.NewWanted ? Add(context, text) : NameEntry{};
   }
   const auto add = context.user.Ask({.text = "[ " + text + " ] " + " was not found in the database." + " Add as new?",
                                      .buttons = forms::kYesNo,
                                      .icon = forms::Icon::Question});
-  return add == forms::Answer::Yes ? Open(context, std::string(session::kNew), text) : NameEntry{};
+  return add == forms::Answer::Yes ? Add(context, text) : NameEntry{};
 }
 
 }  // namespace people

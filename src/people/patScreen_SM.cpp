@@ -92,30 +92,29 @@ void patScreen_SM::Register() {
   PictureBox1.Visible = false;
   DialogButtons1.Extra.Caption = "&Save and Book";
 
-  const auto choose = [this](const std::string& id) { Choose(id); };
-  Properties["Mode"] = {nullptr, choose};
-  Properties["pID"] = {[this] { return std::to_string(pID); }, choose};
-  Properties["TypedName"] = {[this] { return TypedName; }, [this](const std::string& name) { TypedName = name; }};
+  Properties["pID"] = {[this] { return std::to_string(pID); },
+                       [this](const std::string& id) {
+                         Opened.mode = session::Opening::Mode::Existing;
+                         Opened.id = session::ToId(session::Value(id));
+                       }};
+  Properties["TypedName"] = {[this] { return Opened.typed_name; },
+                             [this](const std::string& name) { Opened.typed_name = name; }};
   Properties["ShowSaveNBookAppt"] = {[this] { return ShowSaveNBookAppt ? "True" : "False"; },
-                                     [this](const std::string& show) { ShowSaveNBookAppt = forms::IsOn(show); }};
+                                     [this](const std::string& show) { Opened.may_book = forms::IsOn(show); }};
 }
 
-void patScreen_SM::Choose(std::string_view id) {
-  if (forms::EqualsIgnoringCase(id, session::kNew)) {
-    OpenMode = Mode::New;
-  } else if (forms::EqualsIgnoringCase(id, session::kEmergency)) {
-    OpenMode = Mode::Emergency;
-  } else {
-    OpenMode = Mode::Edit;
-    pID = session::ToId(session::Value(std::string(id)));
-  }
+session::Outcome patScreen_SM::Ended() const {
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
+          .id = pID,
+          .save_and_book = ShowSaveNBookAppt};
 }
 
 void patScreen_SM::OnLoad() {
-  const std::string_view prefix = OpenMode == Mode::New ? "New " : OpenMode == Mode::Emergency ? "Emergency " : "";
+  const std::string_view prefix = !Adding()                                          ? ""
+                                  : Opened.mode == session::Opening::Mode::Emergency ? "Emergency "
+                                                                                     : "New ";
   Caption = std::string(prefix) + std::string(kCaption);
-  DialogButtons1.Extra.Visible = ShowSaveNBookAppt;
-  ShowSaveNBookAppt = false;
+  DialogButtons1.Extra.Visible = Opened.may_book;
   const bool loaded = editing::Attempt(context_.user, [this] {
     if (Adding()) {
       LoadNew();
@@ -142,6 +141,7 @@ void patScreen_SM::OnLoad() {
 }
 
 void patScreen_SM::LoadRecord() {
+  pID = Opened.id;
   if (pID == 0 || !Patient_SM.Read(pID)) {
     context_.user.Tell("Patient " + std::to_string(pID) + " was not found in the database.",
                        std::string(forms::kSuiteTitle), forms::Icon::Information);
@@ -167,7 +167,7 @@ void patScreen_SM::LoadNew() {
   const auto person = [&setting](std::string_view key) { return session::ToId(session::Value(setting(key))); };
   const std::int32_t provider = person("OFF_DEF_PRO") != 0 ? person("OFF_DEF_PRO") : person("OFF_PRA_PRO");
   Label5[kProviderId].Caption = provider != 0 ? std::to_string(provider) : std::string();
-  const auto entered = ParseNameOrId(TypedName);
+  const auto entered = ParseNameOrId(Opened.typed_name);
   const auto* typed = std::get_if<people::TypedName>(&entered);  // a number is an ID, never a name
   const people::TypedName name = typed != nullptr ? *typed : people::TypedName();
   Text1[kLastName].Text = forms::Left(name.last, static_cast<std::size_t>(Text1[kLastName].MaxLength.get()));
@@ -292,7 +292,7 @@ bool patScreen_SM::Write() {
   if (Adding()) {
     pID = Patient_SM.Insert();
     Saved = true;
-    OpenMode = Mode::Edit;
+    Opened.mode = session::Opening::Mode::Existing;
     Caption = std::string(kCaption);
     hold_.emplace(context_.session, "PATABLE", pID);
   }

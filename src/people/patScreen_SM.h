@@ -23,7 +23,6 @@ namespace people {
 // The patient quick screen: one person's identity, address, phones, referral and provider on a single page.
 class patScreen_SM : public forms::Form {
  public:
-  enum class Mode { Edit, New, Emergency };
   // Positions in `Text1` and, for the captions beside them, in `Label1`.
   enum Field : std::size_t {
     kLastName,
@@ -82,18 +81,16 @@ class patScreen_SM : public forms::Form {
   forms::DialogButtons DialogButtons1;  // `Extra` saves and books
   data::RecordBinding Patient_SM;
 
-  Mode OpenMode = Mode::New;
-  // The patient to edit, and the saved one afterwards.
+  // Set before it is shown.
+  session::Opening Opened = session::Opening::New(session::RecordKind::Patient);
+  // The patient that is edited, once there is one.
   std::int32_t pID = 0;
-  // The name typed before the screen opened, for a new patient.
-  std::string TypedName;
-  // Set before: offers to save and book an appointment. Read after: that choice was made.
+  // Saving and booking an appointment was chosen.
   bool ShowSaveNBookAppt = false;
   // The record was written at least once.
   bool Saved = false;
 
-  // "NEW", "EMERGENCY" or a patient's ID.
-  void Choose(std::string_view id);
+  session::Outcome Ended() const;
 
   void Contacts_Setup();
   void Contacts_Save();
@@ -125,7 +122,7 @@ class patScreen_SM : public forms::Form {
   void EditContacts();
   void ShowContacts();
   // Fields.
-  bool Adding() const { return OpenMode != Mode::Edit; }
+  bool Adding() const { return Opened.IsNew(); }
   bool MayModify();
   char32_t FilterBirthDate(char32_t character);
   bool TakeBirthDate();

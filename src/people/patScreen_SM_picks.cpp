@@ -16,16 +16,16 @@ struct PersonField {
   std::string_view right;
   std::string_view what;
   const char* type_column;
-  std::string_view type_key;
+  session::RecordKind kind;
   session::LookUpListTypes list;
 };
 
 const PersonField& Describe(patScreen_SM::Field field) {
   static constexpr PersonField kReferralField = {patScreen_SM::kReferralId, "Referral", "CHANGE-REF-NAME",
-                                                 "referral names",          "pTypRef",  "PTYPREF",
+                                                 "referral names",          "pTypRef",  session::RecordKind::Referral,
                                                  session::lulReferral};
   static constexpr PersonField kProviderField = {patScreen_SM::kProviderId, "Provider", "CHANGE-PRO-NAME",
-                                                 "provider names",          "pTypDoc",  "PTYPDOC",
+                                                 "provider names",          "pTypDoc",  session::RecordKind::Provider,
                                                  session::lulProvider};
   return field == patScreen_SM::kReferral ? kReferralField : kProviderField;
 }
@@ -138,13 +138,13 @@ void patScreen_SM::PickPerson(Field field) {
   const PersonField& person = Describe(field);
   const std::int32_t current = session::ToId(session::Value(Label5.at(person.id).Caption.get()));
   const auto picked = context_.screens.ShowList(person.list, {.title = {}, .selected = current});
-  if (!picked || picked->id == 0 || picked->id == current) {
+  if (!picked.Chosen() || picked.id == current) {
     return;
   }
   editing::Attempt(context_.user, [&] {
-    const std::string name = NameOf(picked->id);
+    const std::string name = NameOf(picked.id);
     if (Confirm("Change this patient's " + std::string(person.word) + " to [ " + name + " ] ?")) {
-      SetPerson(field, picked->id, name);
+      SetPerson(field, picked.id, name);
     }
   });
 }
@@ -160,16 +160,14 @@ void patScreen_SM::EditPerson(Field field) {
     return;
   }
   const PersonField& person = Describe(field);
-  std::string id = Label5.at(person.id).Caption;
-  if (session::ToId(session::Value(id)) == 0) {
-    if (!Confirm("Nothing to edit. Do you want to add one?")) {
-      return;
-    }
-    id = session::kNew;
+  const std::int32_t id = session::ToId(session::Value(Label5.at(person.id).Caption.get()));
+  if (id == 0 && !Confirm("Nothing to edit. Do you want to add one?")) {
+    return;
   }
-  context_.screens.PaTable_Edit_Start(person.type_key, id);
-  if (const std::int32_t saved = session::ToId(session::Value(id)); saved != 0) {
-    editing::Attempt(context_.user, [&] { SetPerson(field, saved, NameOf(saved)); });
+  const auto outcome =
+      context_.screens.Edit(id == 0 ? session::Opening::New(person.kind) : session::Opening::Existing(person.kind, id));
+  if (outcome.Saved()) {
+    editing::Attempt(context_.user, [&] { SetPerson(field, outcome.id, NameOf(outcome.id)); });
   }
 }
 

@@ -29,12 +29,54 @@ enum LookUpListTypes : std::int32_t {
 
 enum EmployerStartTab : std::int32_t { estEmployer, estInsurancePlan, estCoverage };
 
-// The texts that stand in place of a record ID.
-inline constexpr std::string_view kNew = "NEW";
-inline constexpr std::string_view kEmergency = "EMERGENCY";
-inline constexpr std::string_view kCancelAndClose = "CANCEL_AND_CLOSE";
-inline constexpr std::string_view kAlreadyOpen = "ALREADY_OPEN";
-inline constexpr std::string_view kSkipListIfNew = "SKIP LIST IF NEW";
+// What an editing screen edits: a person of a kind, or a record.
+enum class RecordKind {
+  Patient,       // in the quick screen
+  FamilyMember,  // or a family's head
+  Provider,
+  Physician1,
+  Physician2,
+  ReferInOut,
+  Referral,
+  Employee,
+  Carrier,
+  Pharmacy,
+  GroupPlan,
+  RecallMaster,
+};
+
+// What an editing screen is opened on.
+struct Opening {
+  enum class Mode { Existing, New, Emergency };
+
+  RecordKind kind = {};
+  Mode mode = Mode::New;
+  std::int32_t id = 0;                  // of the existing record
+  std::string typed_name = {};          // for a new patient: what was typed before the screen opened
+  std::int32_t carrier = 0;             // for a new group plan: whose it is
+  std::int32_t new_employee_login = 0;  // for a new employee: the login that he is entered for, 0 for none
+  bool may_book = false;                // offers to save and book an appointment
+
+  static Opening New(RecordKind kind) { return {.kind = kind}; }
+  static Opening Existing(RecordKind kind, std::int32_t id) { return {.kind = kind, .mode = Mode::Existing, .id = id}; }
+  bool IsNew() const { return mode != Mode::Existing; }
+};
+
+// How an editing screen was left.
+struct Outcome {
+  enum class End {
+    Saved,
+    Cancelled,
+    AlreadyOpen,  // nothing was opened: the screen is open already
+    NotBuilt,     // nothing was opened: the screen is not part of this version
+  };
+
+  End end = End::Cancelled;
+  std::int32_t id = 0;         // of the saved record
+  bool save_and_book = false;  // an appointment is to be booked
+
+  bool Saved() const { return end == End::Saved; }
+};
 
 // What a list is asked for, and what it answers.
 struct ListRequest {
@@ -43,9 +85,14 @@ struct ListRequest {
   bool allow_delete = true;
   bool multi_select = false;
 };
-struct ListChoice {
-  std::int32_t id = 0;
-  std::string text;  // the row's name column
+struct ListOutcome {
+  enum class End { Chosen, New, Cancelled };  // New: a new record is wanted
+
+  End end = End::Cancelled;
+  std::int32_t id = 0;    // of the chosen record
+  std::string text = {};  // its name column
+
+  bool Chosen() const { return end == End::Chosen; }
 };
 
 // A kind of short list that the office keeps for its fields.
@@ -55,22 +102,15 @@ struct PickedText {
   std::string text;
 };
 
-// The public entry methods as the screens call one another. "NEW" in an ID's place asks for a new record.
+// How screens open one another.
 class Screens {
  public:
   virtual ~Screens() = default;
 
+  virtual Outcome Edit(const Opening& opening) = 0;
+  virtual ListOutcome ShowList(LookUpListTypes type, const ListRequest& request) = 0;
   // Nothing when cancelled.
-  virtual std::optional<ListChoice> ShowList(LookUpListTypes type, const ListRequest& request) = 0;
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
-
-  // `id` comes back as the saved record's ID.
-  virtual void Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book) = 0;
-  virtual void PaTable_Edit_Start(std::string_view person_type, std::string& id) = 0;
-  virtual void Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id) = 0;
-  virtual void Recall_Master_Start(std::string& recall_id, bool& canceled, bool& data_saved) = 0;
-  virtual void Ins_Company_Start(std::string& carrier_id) = 0;
-  virtual void Pharmacy_Start(std::string& pharmacy_id) = 0;
 };
 
 // The ports through which a screen speaks.

@@ -42,7 +42,7 @@ class Navigation : public testing::Test {
       list.Timer1.DoElapse();
       heard_.emplace_back(list.Closed() ? "closed" : "open");
     };
-    EXPECT_FALSE(ShowLookUpList(host_.Context(), session::lulEmployee, options_).choice);
+    EXPECT_FALSE(ShowLookUpList(host_.Context(), session::lulEmployee, options_).Chosen());
   }
 
   test_support::PracticeHost host_;

@@ -31,6 +31,7 @@ class ListWindow : public testing::Test {
   void Filter(const std::string& caption, const std::string& text) {
     ASSERT_TRUE(list_.DotNetGrid.DoFilter(list_.DotNetGrid.ColumnIndex(caption), text));
   }
+  static std::string Named(const frmTGList& list, const char* property) { return list.Properties.at(property).get(); }
   const std::string& LastStatement() const { return host_.session.statements.back(); }
 
   test_support::FakeHost host_;
@@ -88,8 +89,9 @@ TEST_F(ListWindow, ChoosesByButtonEnterMenuAndDoubleClick) {
     list.DotNetGrid.DoKey(Key::Down);
     choose(list);
     EXPECT_TRUE(list.Closed());
-    EXPECT_EQ(list.Result, "2");
-    EXPECT_EQ(list.Select_String, "Smith, J");
+    EXPECT_EQ(list.Result.id, 2);
+    EXPECT_EQ(list.Result.text, "Smith, J");
+    EXPECT_EQ(Named(list, "Result"), "2");
   }
 }
 
@@ -101,18 +103,18 @@ TEST_F(ListWindow, AnswersNothingChosenAndNew) {
   EXPECT_FALSE(list_.Closed());
   list_.DoKey(Key::Esc);
   EXPECT_TRUE(list_.Closed());
-  EXPECT_EQ(list_.Result, "CANCEL_AND_CLOSE");
+  EXPECT_EQ(Named(list_, "Result"), "CANCEL_AND_CLOSE");
 
   frmTGList adds(host_.Context());
   adds.SetSQL(list_.SQL());
   adds.Load();
   EXPECT_FALSE(adds.ToolStrip["Edit"].Visible) << "there is nothing to edit with";
   adds.ToolStrip["New"].DoClick();
-  EXPECT_EQ(adds.Result, "NEW");
+  EXPECT_EQ(Named(adds, "Result"), "NEW");
 
   frmTGList skipped(host_.Context());
-  skipped.Request = "SKIP LIST IF NEW";
-  EXPECT_EQ(skipped.ShowList(), "NEW");
+  skipped.Properties.at("Request").set("SKIP LIST IF NEW");
+  EXPECT_EQ(skipped.ShowList().end, session::ListOutcome::End::New);
   EXPECT_EQ(host_.user.shown, 0);
 }
 
@@ -189,18 +191,19 @@ TEST_F(ListWindow, ReportsABrokenFetchOnceAndKeepsTheRowsThatCame) {
 
 TEST_F(ListWindow, OpensTheEditingScreenAndFindsItsRecord) {
   Fill(3);
-  std::vector<std::string> edited;
-  list_.EditRecord = [&](const std::string& id) {
-    edited.push_back(id);
-    return std::string("3");
-  };
+  host_.screens.saves = 3;
+  list_.Edits = session::Opening{.kind = session::RecordKind::GroupPlan, .carrier = 12};
   list_.Load();
   Filter("Last Name", "S");
   list_.ToolStrip["New"].DoClick();
   EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name") << "no filter hides the new record";
   EXPECT_EQ(list_.DotNetGrid.Row.get(), 2);
   list_.ToolStrip["Edit"].DoClick();
-  EXPECT_THAT(edited, ElementsAre("NEW", "3"));
+  ASSERT_EQ(host_.screens.opened.size(), 2U);
+  EXPECT_TRUE(host_.screens.opened[0].IsNew());
+  EXPECT_EQ(host_.screens.opened[0].carrier, 12);
+  EXPECT_FALSE(host_.screens.opened[1].IsNew());
+  EXPECT_EQ(host_.screens.opened[1].id, 3);
   EXPECT_FALSE(list_.Closed());
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 using lookup::frmTGList;
 using lookup::ShowLookUpList;
+using End = session::ListOutcome::End;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -32,8 +33,8 @@ class LookUp : public testing::Test {
 TEST_F(LookUp, TellsTheHostThePersonTypeAndTheChoice) {
   act_ = [](frmTGList& list) { list.DialogButtons1.OK.DoClick(); };
   const auto result = ShowLookUpList(host_.Context(), session::lulReferral, {});
-  EXPECT_EQ(result.answer, "7");
-  EXPECT_EQ(result.choice->text, "Wolf");
+  EXPECT_EQ(result.id, 7);
+  EXPECT_EQ(result.text, "Wolf");
   EXPECT_EQ(caption_, "Referred By List");
   EXPECT_THAT(host_.session.person_types, ElementsAre("pTypRef"));
   EXPECT_THAT(host_.session.handed, ElementsAre("pID PaTable 7"));
@@ -42,28 +43,27 @@ TEST_F(LookUp, TellsTheHostThePersonTypeAndTheChoice) {
 TEST_F(LookUp, KeepsTheChoiceThatTheHostDoesNotTake) {
   act_ = [](frmTGList& list) { list.DialogButtons1.OK.DoClick(); };
   host_.session.takes_hand_offs = false;
-  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulReferral, {}).choice->id, 7);
+  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulReferral, {}).id, 7);
   EXPECT_THAT(host_.user.told, ElementsAre(testing::HasSubstr("not taken")));
 }
 
 TEST_F(LookUp, TellsTheHostNothingWhenNothingIsChosen) {
   const auto result = ShowLookUpList(host_.Context(), session::lulInsuranceCo, {.title = "Select Replacement"});
-  EXPECT_EQ(result.answer, "CANCEL_AND_CLOSE");
-  EXPECT_FALSE(result.choice);
+  EXPECT_EQ(result.end, End::Cancelled);
   EXPECT_EQ(caption_, "Select Replacement");
   EXPECT_THAT(host_.session.person_types, IsEmpty());
   EXPECT_THAT(host_.session.handed, IsEmpty());
 }
 
 TEST_F(LookUp, ShowsNothingForAnUnknownTypeAndSkipsAListForANewEmployee) {
-  EXPECT_EQ(ShowLookUpList(host_.Context(), 14, {}).answer, "CANCEL_AND_CLOSE");
-  EXPECT_EQ(ShowLookUpList(host_.Context(), -1, {}).answer, "CANCEL_AND_CLOSE");
-  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulEmployee, {.skip_list_if_new = true}).answer, "NEW");
+  EXPECT_EQ(ShowLookUpList(host_.Context(), 14, {}).end, End::Cancelled);
+  EXPECT_EQ(ShowLookUpList(host_.Context(), -1, {}).end, End::Cancelled);
+  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulEmployee, {.skip_list_if_new = true}).end, End::New);
   EXPECT_EQ(host_.user.shown, 0);
 }
 
 TEST_F(LookUp, OpensTheKindsEditingScreen) {
-  host_.screens.saves = "8";
+  host_.screens.saves = 8;
   act_ = [](frmTGList& list) {
     list.ToolStrip["New"].DoClick();
     EXPECT_EQ(list.DotNetGrid.Row.get(), 1);
@@ -71,7 +71,10 @@ TEST_F(LookUp, OpensTheKindsEditingScreen) {
     list.ToolStrip["Delete"].DoClick();
   };
   ShowLookUpList(host_.Context(), session::lulProvider, {});
-  EXPECT_THAT(host_.screens.opened, ElementsAre("PTYPDOC NEW", "PTYPDOC 8"));
+  ASSERT_EQ(host_.screens.opened.size(), 2U);
+  EXPECT_TRUE(host_.screens.opened[0].IsNew());
+  EXPECT_EQ(host_.screens.opened[1].kind, session::RecordKind::Provider);
+  EXPECT_EQ(host_.screens.opened[1].id, 8);
   EXPECT_THAT(host_.user.told, ElementsAre(testing::HasSubstr("Provider List is not part of this version yet")));
 }
 

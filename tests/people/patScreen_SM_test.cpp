@@ -41,8 +41,7 @@ TEST(PatientQuickScreen, KeepsWhatWasTypedWhenAStatementFails) {
   PracticeHost host(host::CreatePractice("sqlite::memory:"));
   StubbornUser user;
   patScreen_SM screen({host.session, user, host.screens});
-  screen.OpenMode = patScreen_SM::Mode::New;
-  screen.TypedName = "O'Brien, John";
+  screen.Opened.typed_name = "O'Brien, John";
   std::string refused;
   host.session.hear = [&refused](const std::string& sql) {
     if (!refused.empty() && sql.starts_with(refused)) {
@@ -93,8 +92,7 @@ TEST(PatientQuickScreen, LeavesThePracticeWholeWhenKilledDuringASave) {
         }
       };
       patScreen_SM screen(host.Context());
-      screen.OpenMode = patScreen_SM::Mode::New;
-      screen.TypedName = "Smith, John";
+      screen.Opened.typed_name = "Smith, John";
       host.user.acts = Person::Add;
       host.user.Show(screen);
       _exit(0);

@@ -131,30 +131,18 @@ class FakeUser : public forms::User {
   void Wait(std::string_view text, double) override { waits.emplace_back(text); }
 };
 
-// Every editing screen saves `saves`, or is left with Cancel when that is empty.
+// Every editing screen saves the record `saves`, or is left with Cancel when that is 0.
 class FakeScreens : public session::Screens {
  public:
-  std::string saves;
-  std::vector<std::string> opened;
+  std::int32_t saves = 0;
+  std::vector<session::Opening> opened;
 
-  std::optional<session::ListChoice> ShowList(session::LookUpListTypes, const session::ListRequest&) override {
-    return std::nullopt;
+  session::Outcome Edit(const session::Opening& opening) override {
+    opened.push_back(opening);
+    return saves == 0 ? session::Outcome() : session::Outcome{.end = session::Outcome::End::Saved, .id = saves};
   }
+  session::ListOutcome ShowList(session::LookUpListTypes, const session::ListRequest&) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
-  void Load_PatInfo_Small(std::string&, const std::string&, bool&) override {}
-  void PaTable_Edit_Start(std::string_view person_type, std::string& id) override {
-    opened.push_back(std::string(person_type) + " " + id);
-    id = saves.empty() ? std::string(session::kCancelAndClose) : saves;
-  }
-  void Grp_Plan_Start(std::string&, std::int32_t) override {}
-  void Recall_Master_Start(std::string& id, bool& canceled, bool& data_saved) override {
-    opened.push_back("recall " + id);
-    canceled = saves.empty();
-    data_saved = !canceled;
-    id = canceled ? id : saves;
-  }
-  void Ins_Company_Start(std::string&) override {}
-  void Pharmacy_Start(std::string&) override {}
 };
 
 struct FakeHost {
