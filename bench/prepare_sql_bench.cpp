@@ -16,8 +16,8 @@ void PrepareStatements(benchmark::State& state) {
   bench::Bare engine(subject.Path());
   const data::Statements statements(subject.Session());
   const std::array texts = {
-      lookup::DefinitionOf(session::lulEmployee, statements).sql,
-      lookup::DefinitionOf(session::lulRecallMaster, statements).sql,
+      lookup::DefinitionOf(session::lulEmployee, statements).sql.Text(),
+      lookup::DefinitionOf(session::lulRecallMaster, statements).sql.Text(),
       std::string("SELECT * FROM PATable WHERE pID=12"),
       std::string("UPDATE Patable SET pLASNAM='O''Brien', pBIRDAT=#01/02/1980# WHERE pID=12"),
       std::string("Select Top 200 * from ZipCodTable where ZipCodCit>='Spr' order by ZipCodCit,ZipCodZip;"),

@@ -103,17 +103,10 @@ void PressCharacter(Interpreter& interpreter, forms::Control& control, const std
   TypeInto(interpreter, control, text, true);
 }
 
-// Onward in reading order, past the last control to the first.
-void FocusNext(Interpreter& interpreter, const forms::Control& from) {
-  const auto& controls = interpreter.Top().Controls();
-  const auto at = static_cast<std::size_t>(std::ranges::find(controls, &from) - controls.begin());
-  for (std::size_t step = 1; step < controls.size(); ++step) {
-    forms::Control& next = *controls[(at + step) % controls.size()];
-    if (next.Usable() && next.TakesFocus()) {
-      interpreter.SetActedOn(next);
-      Focus(interpreter, next);
-      return;
-    }
+void GoOn(Interpreter& interpreter, forms::Control* next) {
+  if (next != nullptr) {
+    interpreter.SetActedOn(*next);
+    Focus(interpreter, *next);
   }
 }
 
@@ -150,8 +143,10 @@ void ActByKey(Interpreter& interpreter, forms::Control& control, Key key) {
     button->DoClick();
   } else if (key == Key::Enter && box != nullptr && box->MultiLine) {
     box->DoAppend("\r\n");
-  } else if (key == Key::Tab || key == Key::Enter) {
-    FocusNext(interpreter, control);
+  } else if (key == Key::Tab) {
+    GoOn(interpreter, interpreter.Top().NextStop(&control));
+  } else if (key == Key::Enter) {
+    GoOn(interpreter, interpreter.Top().NextField(&control));
   } else if (key == Key::Delete && box != nullptr && !box->ReadOnly) {
     box->DoType("");
   }

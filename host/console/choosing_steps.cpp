@@ -240,7 +240,7 @@ void ShowTab(Interpreter& interpreter, StepWords& words) {
   words.End();
   std::vector<std::vector<std::string>> entries;
   for (const std::string& tab : tabs.Tabs.get()) {
-    entries.push_back({WithoutMnemonic(tab)});
+    entries.push_back({forms::WithoutMnemonic(tab)});
   }
   const int index = FindEntry(tabs.Name(), entries, wanted);
   if (Focus(interpreter, tabs)) {

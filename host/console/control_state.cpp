@@ -209,18 +209,9 @@ std::string StateOf(const Control& control) {
 
 }  // namespace
 
-std::string WithoutMnemonic(std::string_view text) {
-  std::string seen;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    i += text[i] == '&' && i + 1 < text.size() ? 1U : 0U;
-    seen += text[i];
-  }
-  return seen;
-}
-
 void PropertyValue::Check(const Expectation& wanted) const {
   const bool holds = wanted.Matches(text) || (truth && wanted.MatchesTruth(*truth)) ||
-                     (mnemonic && wanted.Matches(WithoutMnemonic(text)));
+                     (mnemonic && wanted.Matches(forms::WithoutMnemonic(text)));
   if (!holds) {
     Differ(wanted.Describe(), truth ? text : Quoted(text));
   }

@@ -24,9 +24,6 @@ struct PropertyValue {
 // property. `Visible` and `Enabled` are what a person finds: with the panels that the control lies on.
 std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::string_view property);
 
-// A caption as a person sees it, without the "&" before its mnemonic.
-std::string WithoutMnemonic(std::string_view text);
-
 // The visible cells of a row, joined by "|".
 std::string RowText(const forms::Grid& grid, int row);
 

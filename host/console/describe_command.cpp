@@ -15,6 +15,7 @@
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
+#include "forms/text.h"
 #include "forms/text_box.h"
 #include "forms/tool_bar.h"
 
@@ -70,17 +71,17 @@ std::string CaptionOf(const Control& control) {
   if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control); tabs != nullptr) {
     std::string captions;
     for (const std::string& tab : tabs->Tabs.get()) {
-      captions += (captions.empty() ? "" : "|") + WithoutMnemonic(tab);
+      captions += (captions.empty() ? "" : "|") + forms::WithoutMnemonic(tab);
     }
     return captions;
   }
   const auto caption = ReadProperty(control, "caption");
-  return caption ? WithoutMnemonic(caption->text) : "";
+  return caption ? forms::WithoutMnemonic(caption->text) : "";
 }
 
-// No control tells the column it is bound to yet.
-std::string ColumnOf(const Control& /*control*/) {
-  return {};
+std::string ColumnOf(const Control& control) {
+  const auto* field = dynamic_cast<const forms::Field*>(&control);
+  return field == nullptr ? std::string() : field->DataField;
 }
 
 std::string OneLine(std::string_view text) {
@@ -100,7 +101,7 @@ std::string OneLine(std::string_view text) {
 
 std::string DescribeControls(const forms::Form& form) {
   std::string lines;
-  for (const Control* control : form.Controls()) {
+  for (const Control* control : form.ReadingOrder()) {
     lines += control->Name() + "\t" + std::string(KindOf(*control)) + "\t" + OneLine(CaptionOf(*control)) + "\t" +
              ColumnOf(*control) + "\t" + OneLine(control->ToolTip.get()) + "\t" +
              (control->Container == nullptr ? "" : control->Container->Name()) + "\n";

@@ -61,10 +61,10 @@ RecordLocks::Key RecordLocks::KeyOf(std::string_view table, std::int32_t id) con
   return {database_.CurrentOfficeID(), forms::ToUpper(table), id};
 }
 
-std::string RecordLocks::OfRecord(const Key& key) const {
+data::Sql RecordLocks::OfRecord(const Key& key) const {
   const bool scoped = data::Statements(database_).OfficeScoped();
   return "(RLTable=" + Literal(key.table) + ") AND (RLRecID=" + Literal(key.id) + ")" +
-         (scoped ? " AND (OfficeID=" + Literal(key.office) + ")" : "");
+         (scoped ? " AND (OfficeID=" + Literal(key.office) + ")" : data::Sql());
 }
 
 std::string RecordLocks::OwnerOf(const Key& key) const {
@@ -82,8 +82,8 @@ bool RecordLocks::Hold(std::string_view table, std::int32_t id) {
   const bool scoped = statements.OfficeScoped();
   // One statement takes a record that is free; where two come at once, the unique index lets one of them in.
   statements.Execute("INSERT INTO RecordLockTable (RLTable, RLRecID, RLWho, RLOwner" +
-                     std::string(scoped ? ", OfficeID" : "") + ") VALUES (" + Literal(key.table) + ", " + Literal(id) +
-                     ", " + Literal(user_) + ", " + Literal(owner_) + statements.Office(", ", "") +
+                     (scoped ? data::Sql(", OfficeID") : data::Sql()) + ") VALUES (" + Literal(key.table) + ", " +
+                     Literal(id) + ", " + Literal(user_) + ", " + Literal(owner_) + statements.Office(", ", "") +
                      ") ON CONFLICT DO NOTHING");
   std::string owner = OwnerOf(key);
   if (!owner.empty() && owner != owner_ && !MayBeAlive(ProcessOf(owner))) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/sql.h"
 #include "practice/machine.h"
 #include "session/session.h"
 
@@ -36,7 +37,7 @@ class RecordLocks {
   };
 
   Key KeyOf(std::string_view table, std::int32_t id) const;  // in the office that the session is in
-  std::string OfRecord(const Key& key) const;                // the condition for its row
+  data::Sql OfRecord(const Key& key) const;                  // the condition for its row
   std::string OwnerOf(const Key& key) const;                 // empty when it is free
   void Free(const Key& key);
 

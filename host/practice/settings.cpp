@@ -8,16 +8,15 @@ namespace {
 
 using data::Literal;
 
-std::string OfWhere(std::string_view prefix, std::string_view section, std::string_view key) {
-  const std::string column(prefix);
-  return "(" + column + "Section=" + Literal(section) + ") AND (" + column + "Key=" + Literal(key) + ")";
+data::Sql OfWhere(data::Words prefix, std::string_view section, std::string_view key) {
+  return "(" + data::Sql(prefix) + "Section=" + Literal(section) + ") AND (" + prefix + "Key=" + Literal(key) + ")";
 }
 
 // Writes the one row that `where` finds, or the first.
-void Write(const data::Statements& statements, const std::string& table, const std::string& key_column,
-           const std::string& where, data::Assignments identity, data::Assignments::value_type value) {
-  const std::int32_t id = session::ToId(
-      statements.SelectValue("SELECT " + key_column + " FROM " + table + " WHERE " + where + statements.Office()));
+void Write(const data::Statements& statements, data::Words table, data::Words key_column, const data::Sql& where,
+           data::Assignments identity, data::Assignment value) {
+  const std::int32_t id = session::ToId(statements.SelectValue("SELECT " + data::Sql(key_column) + " FROM " + table +
+                                                               " WHERE " + where + statements.Office()));
   if (id != 0) {
     statements.Update(table, {value}, key_column, id);
     return;

@@ -15,7 +15,7 @@ TableWriter::TableWriter(OfficeDatabase& database, Identities& identities, std::
     : database_(database),
       next_id_(identities.NextId(table)),
       head_("INSERT INTO " + std::string(table) + " (" + std::string(columns)),
-      tail_(data::Statements(database).Office(", ", ")")),
+      tail_(data::Statements(database).Office(", ", ")").Text()),
       guids_(database.KeepsRowGuids(table) ? &identities.guids : nullptr) {
   if (guids_ != nullptr) {
     head_ += ", UniqueID";
@@ -30,7 +30,7 @@ TableWriter::TableWriter(OfficeDatabase& database, Identities& identities, std::
 
 void TableWriter::Begin(std::int32_t id) {
   rows_ += rows_.empty() ? "(" : ", (";
-  rows_ += data::Literal(id);
+  rows_ += data::Literal(id).Text();
 }
 
 void TableWriter::End() {

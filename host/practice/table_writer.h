@@ -54,7 +54,7 @@ class TableWriter {
   template <class Value>
   void Append(const Value& value) {
     rows_ += ", ";
-    rows_ += data::Literal(value);
+    rows_ += data::Literal(value).Text();
   }
 
   OfficeDatabase& database_;

@@ -1,6 +1,25 @@
 #include "data/literal.h"
 
+#include <charconv>
+#include <string>
+
 namespace data {
+
+// The one way from a text of any origin into a statement.
+class LiteralMaker {
+ public:
+  // Between quotes, with every one inside doubled.
+  static Sql Quoted(std::string_view text, char open, char close) {
+    std::string quoted(1, open);
+    for (const char c : text) {
+      quoted.append(c == close ? 2 : 1, c);
+    }
+    return Sql::Made(quoted + close);
+  }
+  static Sql Number(std::string digits) { return Sql::Made(std::move(digits)); }
+  static Sql Moment(const std::string& time) { return Sql::Made("#" + time + "#"); }
+};
+
 namespace {
 
 std::string EscapeWildcards(std::string_view text) {
@@ -18,53 +37,65 @@ std::string EscapeWildcards(std::string_view text) {
 }
 
 struct LiteralOf {
-  std::string operator()(std::monostate) const { return "Null"; }
-  std::string operator()(std::int64_t number) const { return std::to_string(number); }
-  std::string operator()(double number) const { return session::ToText(session::Value(number)); }
-  std::string operator()(forms::Currency amount) const { return Literal(amount); }
-  std::string operator()(const std::string& text) const { return Literal(text); }
-  std::string operator()(forms::DateTime time) const { return Literal(time); }
-  std::string operator()(const session::Guid& guid) const { return Literal(session::ToText(guid)); }
-  std::string operator()(const session::Blob& blob) const { return Literal(session::ToText(session::Value(blob))); }
+  Sql operator()(std::monostate) const { return Sql("Null"); }
+  Sql operator()(std::int64_t number) const { return LiteralMaker::Number(std::to_string(number)); }
+  Sql operator()(double number) const { return LiteralMaker::Number(session::ToText(session::Value(number))); }
+  Sql operator()(forms::Currency amount) const { return Literal(amount); }
+  Sql operator()(const std::string& text) const { return Literal(text); }
+  Sql operator()(forms::DateTime time) const { return Literal(time); }
+  Sql operator()(const session::Guid& guid) const { return Literal(session::ToText(guid)); }
+  Sql operator()(const session::Blob& blob) const { return Literal(session::ToText(session::Value(blob))); }
 };
 
 }  // namespace
 
-std::string Literal(std::string_view text) {
-  std::string literal = "'";
-  for (const char c : text) {
-    literal.append(c == '\'' ? 2 : 1, c);
-  }
-  return literal + "'";
+Sql Literal(std::string_view text) {
+  return LiteralMaker::Quoted(text, '\'', '\'');
 }
 
-std::string Literal(std::int32_t number) {
-  return std::to_string(number);
+Sql Literal(std::int32_t number) {
+  return LiteralMaker::Number(std::to_string(number));
 }
 
-std::string Literal(forms::Currency amount) {
-  return forms::ToPlainText(amount);
+Sql Literal(forms::Currency amount) {
+  return LiteralMaker::Number(forms::ToPlainText(amount));
 }
 
-std::string Literal(forms::Date date) {
-  return "#" + forms::FormatSlashed(date) + "#";
+Sql Literal(forms::Date date) {
+  return LiteralMaker::Moment(forms::FormatSlashed(date));
 }
 
-std::string Literal(forms::DateTime time) {
+Sql Literal(forms::DateTime time) {
   const forms::Date date = forms::DateOf(time);
-  return time == forms::AtMidnight(date) ? Literal(date) : "#" + forms::FormatStamp(time) + "#";
+  return time == forms::AtMidnight(date) ? Literal(date) : LiteralMaker::Moment(forms::FormatStamp(time));
 }
 
-std::string ValueLiteral(const session::Value& value) {
+Sql ValueLiteral(const session::Value& value) {
   return std::visit(LiteralOf{}, value);
 }
 
-std::string LikeBeginning(std::string_view text) {
+Sql NumberLiteral(std::string_view typed) {
+  double number = 0;
+  const char* end = typed.data() + typed.size();
+  const auto [stop, error] = std::from_chars(typed.data(), end, number);
+  const bool whole = error == std::errc() && stop == end && typed.find_first_of("in") == std::string_view::npos;
+  return whole ? LiteralMaker::Number(std::string(typed)) : Literal(typed);
+}
+
+Sql LikeBeginning(std::string_view text) {
   return Literal(EscapeWildcards(text) + "%");
 }
 
-std::string LikeContaining(std::string_view text) {
+Sql LikeContaining(std::string_view text) {
   return Literal("%" + EscapeWildcards(text) + "%");
+}
+
+Sql LikeBeginningInDoubleQuotes(std::string_view text) {
+  return LiteralMaker::Quoted(EscapeWildcards(text) + "%", '"', '"');
+}
+
+Sql Bracketed(std::string_view name) {
+  return LiteralMaker::Quoted(name, '[', ']');
 }
 
 }  // namespace data

@@ -4,32 +4,27 @@
 #include <charconv>
 
 #include "data/literal.h"
+#include "forms/label.h"
 #include "forms/text.h"
 
 namespace data {
 namespace {
 
-// As the column takes a typed number; what is no number goes as text, for the database to judge.
-std::string NumberLiteral(const std::string& text) {
-  double number = 0;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc() && stop == end ? text : Literal(text);
+bool IsNumber(session::FieldType type) {
+  using session::FieldType;
+  return type == FieldType::Integer || type == FieldType::Double || type == FieldType::Currency;
 }
 
 }  // namespace
 
-void RecordBinding::Bind(forms::TextBox& box, std::string column) {
-  bindings_.push_back({&box, nullptr, std::move(column), session::FieldType::Text, 0});
-}
-
-void RecordBinding::Bind(forms::Label& label, std::string column) {
-  bindings_.push_back({nullptr, &label, std::move(column), session::FieldType::Text, 0});
+void RecordBinding::Bind(forms::Field& field, Words column, const Format& format) {
+  field.DataField = column.Text();
+  bindings_.push_back({.field = &field, .column = column, .format = &format});
 }
 
 bool RecordBinding::Read(std::int32_t id) {
   const auto record =
-      statements_.Select("SELECT * FROM " + table_ + " WHERE " + key_ + "=" + Literal(id) + statements_.Office());
+      statements_.Select(Sql("SELECT * FROM ") + table_ + " WHERE " + key_ + "=" + Literal(id) + statements_.Office());
   if (record->Eof() && id != 0) {
     return false;
   }
@@ -41,28 +36,51 @@ bool RecordBinding::Read(std::int32_t id) {
     }
   }
   for (Binding& binding : bindings_) {
-    if (const int field = record->FieldIndex(binding.column); field >= 0) {
-      binding.type = record->Fields()[static_cast<std::size_t>(field)].type;
-      binding.defined_size = record->Fields()[static_cast<std::size_t>(field)].defined_size;
+    if (const int index = record->FieldIndex(binding.column.Text()); index >= 0) {
+      const session::Field& column = record->Fields()[static_cast<std::size_t>(index)];
+      binding.type = column.type;
+      binding.defined_size = column.defined_size;
     }
-    if (binding.box != nullptr) {
-      binding.box->MaxLength = binding.defined_size;
-    }
-    binding.SetText(session::ToText(Column(binding.column)));
+    binding.field->SetRoom(binding.defined_size);
+    const session::Value value = Column(binding.column.Text());
+    binding.field->SetFieldText(session::IsNull(value) ? std::string() : binding.format->show(value));
   }
   MarkWritten();
   return true;
 }
 
+bool RecordBinding::Differs(const Binding& binding) const {
+  const std::string shown = binding.field->FieldText();
+  if (shown == binding.written || shown.empty() || binding.written.empty()) {
+    return shown != binding.written;
+  }
+  const forms::Date today = session_.Today();
+  const auto now = binding.format->take(shown, today);
+  return !now || now != binding.format->take(binding.written, today);
+}
+
 bool RecordBinding::Changed() const {
-  return std::ranges::any_of(bindings_, &Binding::Changed);
+  return std::ranges::any_of(bindings_, [this](const Binding& binding) { return Differs(binding); });
+}
+
+bool RecordBinding::Changed(const forms::Field& field) const {
+  return std::ranges::any_of(bindings_,
+                             [&](const Binding& binding) { return binding.field == &field && Differs(binding); });
+}
+
+forms::Field* RecordBinding::Unreadable() const {
+  const auto found = std::ranges::find_if(bindings_, [this](const Binding& binding) {
+    const std::string text = binding.field->FieldText();
+    return !text.empty() && Differs(binding) && !binding.format->take(text, session_.Today());
+  });
+  return found == bindings_.end() ? nullptr : found->field;
 }
 
 std::int32_t RecordBinding::Insert() {
   Assignments values;
   for (const Binding& binding : bindings_) {
-    if (binding.box != nullptr || !binding.Text().empty()) {
-      values.emplace_back(binding.column, binding.Literal());
+    if (dynamic_cast<const forms::Label*>(binding.field) == nullptr || !binding.field->FieldText().empty()) {
+      values.emplace_back(binding.column, LiteralOf(binding));
     }
   }
   id_ = statements_.Insert(table_, std::move(values));
@@ -73,8 +91,8 @@ std::int32_t RecordBinding::Insert() {
 void RecordBinding::Update() {
   Assignments values;
   for (const Binding& binding : bindings_) {
-    if (binding.Changed()) {
-      values.emplace_back(binding.column, binding.Literal());
+    if (Differs(binding)) {
+      values.emplace_back(binding.column, LiteralOf(binding));
     }
   }
   statements_.Update(table_, values, key_, id_);
@@ -82,8 +100,16 @@ void RecordBinding::Update() {
 }
 
 void RecordBinding::MarkWritten() {
-  for (const Binding& binding : bindings_) {
-    binding.MarkWritten();
+  for (Binding& binding : bindings_) {
+    binding.written = binding.field->FieldText();
+  }
+}
+
+void RecordBinding::MarkWritten(const forms::Field& field) {
+  for (Binding& binding : bindings_) {
+    if (binding.field == &field) {
+      binding.written = field.FieldText();
+    }
   }
 }
 
@@ -93,33 +119,30 @@ session::Value RecordBinding::Column(std::string_view name) const {
   return found == row_.end() ? session::Value() : found->second;
 }
 
-void RecordBinding::Binding::SetText(std::string text) const {
-  if (box != nullptr) {
-    box->Text = std::move(text);
-  } else {
-    label->Caption = std::move(text);
+// As the column takes it: cut to its size; empty is Null but for text. What is no number goes as text, for the database
+// to judge.
+Sql RecordBinding::LiteralOf(const Binding& binding) const {
+  const std::string text = binding.field->FieldText();
+  if (text.empty() && binding.type != session::FieldType::Text) {
+    return Sql("Null");
   }
-}
-
-void RecordBinding::Binding::MarkWritten() const {
-  (box != nullptr ? box->DataChanged : label->DataChanged) = false;
-}
-
-std::string RecordBinding::Binding::Literal() const {
-  using session::FieldType;
-  const std::string& text = Text();
-  if (type == FieldType::Text) {
-    return data::Literal(defined_size > 0 ? forms::Left(text, static_cast<std::size_t>(defined_size)) : text);
+  session::Value value = text;
+  if (auto taken = text.empty() ? std::nullopt : binding.format->take(text, session_.Today())) {
+    value = *std::move(taken);
   }
-  if (text.empty()) {
-    return "Null";
+  if (const auto* words = std::get_if<std::string>(&value)) {
+    if (binding.type == session::FieldType::Text) {
+      return Literal(binding.defined_size > 0 ? forms::Left(*words, static_cast<std::size_t>(binding.defined_size))
+                                              : *words);
+    }
+    if (IsNumber(binding.type)) {
+      return NumberLiteral(*words);
+    }
+    if (const auto time = forms::ParseIso(*words); time && binding.type == session::FieldType::DateTime) {
+      return Literal(*time);
+    }
   }
-  if (type == FieldType::DateTime) {
-    const auto time = forms::ParseIso(text);
-    return time ? data::Literal(*time) : data::Literal(text);
-  }
-  return type == FieldType::Integer || type == FieldType::Double || type == FieldType::Currency ? NumberLiteral(text)
-                                                                                                : data::Literal(text);
+  return ValueLiteral(value);
 }
 
 }  // namespace data

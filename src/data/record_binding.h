@@ -3,63 +3,65 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "data/format.h"
 #include "data/statements.h"
-#include "forms/label.h"
-#include "forms/text_box.h"
+#include "forms/field.h"
+#include "session/session.h"
 
 namespace data {
 
-// Ties a screen's controls to the columns of one row: reads the row into them, takes their maximum lengths from the
-// columns' defined sizes, and writes back the columns whose controls changed.
+// Ties a screen's fields to the columns of one row: reads the row into them, gives them their columns' sizes, and
+// writes back the columns whose fields differ from the row.
 class RecordBinding {
  public:
-  RecordBinding(session::Database& database, std::string table, std::string key)
-      : statements_(database), table_(std::move(table)), key_(std::move(key)) {}
+  RecordBinding(session::Session& session, Words table, Words key)
+      : session_(session), statements_(session), table_(table), key_(key) {}
 
-  void Bind(forms::TextBox& box, std::string column);
-  void Bind(forms::Label& label, std::string column);
+  void Bind(forms::Field& field, Words column, const Format& format = kPlain);
 
-  // Fills the controls from the row. False when there is no such row: the controls stay as they are. ID 0 reads no
-  // row, only the columns' sizes, and empties the controls.
+  // Fills the fields from the row. False when there is no such row: they stay as they are. ID 0 reads no row, only
+  // the columns' sizes, and empties them.
   bool Read(std::int32_t id);
   // 0 until a row has been read or inserted.
   std::int32_t Id() const { return id_; }
 
-  // True from a control's first change until it is read or written.
+  // A field shows another value than the row has.
   bool Changed() const;
-  bool Changed(const forms::TextBox& box) const { return box.DataChanged; }
+  bool Changed(const forms::Field& field) const;
+  // The first field whose text is no value of its format; nullptr for none.
+  forms::Field* Unreadable() const;
 
-  // Inserts a row with every bound text and every bound label that is not empty; the row's ID.
+  // Inserts a row with every bound field, but for labels that are empty; the row's ID.
   std::int32_t Insert();
-  // Updates the bound columns that changed; writes nothing when none did.
+  // Updates the columns of the fields that changed; writes nothing when none did.
   void Update();
-  // The controls equal the row from now on.
+  // What the fields show counts as the row's from now on.
   void MarkWritten();
+  void MarkWritten(const forms::Field& field);
 
-  // A column that no control shows, of the row that was read. Null before.
+  // A column of the row that was read, whether a field shows it or not. Null before.
   session::Value Column(std::string_view name) const;
 
  private:
   struct Binding {
-    forms::TextBox* box;
-    forms::Label* label;
-    std::string column;
-    session::FieldType type;
-    int defined_size;
-
-    const std::string& Text() const { return box != nullptr ? box->Text.get() : label->Caption.get(); }
-    void SetText(std::string text) const;
-    bool Changed() const { return box != nullptr ? box->DataChanged : label->DataChanged; }
-    void MarkWritten() const;
-    // As the column takes it: cut to its size; empty is Null but for text.
-    std::string Literal() const;
+    forms::Field* field;
+    Words column;
+    const Format* format;
+    session::FieldType type = session::FieldType::Text;
+    int defined_size = 0;
+    std::string written = {};  // what the field shows of the row
   };
 
+  bool Differs(const Binding& binding) const;
+  Sql LiteralOf(const Binding& binding) const;
+
+  session::Session& session_;
   Statements statements_;
-  std::string table_;
-  std::string key_;
+  Words table_;
+  Words key_;
   std::int32_t id_ = 0;
   std::vector<Binding> bindings_;
   std::vector<std::pair<std::string, session::Value>> row_;

@@ -5,62 +5,62 @@
 namespace data {
 namespace {
 
-std::string Joined(const Assignments& values, std::string std::pair<std::string, std::string>::*part) {
-  std::string text;
-  for (const auto& value : values) {
-    text += (text.empty() ? "" : ", ") + value.*part;
+// The columns or the literals.
+template <typename Part>
+Sql Joined(const Assignments& values, Part Assignment::*part) {
+  Sql text;
+  for (const Assignment& value : values) {
+    text += (text.Empty() ? Sql() : Sql(", ")) + value.*part;
   }
   return text;
 }
 
 }  // namespace
 
-std::unique_ptr<session::Recordset> Statements::Select(const std::string& sql) const {
-  return database_.Connection().Execute(database_.PrepareSQL(sql, 1));
+std::unique_ptr<session::Recordset> Statements::Select(const Sql& sql) const {
+  return database_.Connection().Execute(database_.PrepareSQL(sql.Text(), 1));
 }
 
-void Statements::Execute(const std::string& sql) const {
+void Statements::Execute(const Sql& sql) const {
   Select(sql);
 }
 
-session::Value Statements::SelectValue(const std::string& sql) const {
+session::Value Statements::SelectValue(const Sql& sql) const {
   const auto rows = Select(sql);
   return rows->Eof() ? session::Value() : rows->Get(0);
 }
 
-std::int32_t Statements::Insert(std::string_view table, Assignments values) const {
-  using Part = std::pair<std::string, std::string>;
+std::int32_t Statements::Insert(Words table, Assignments values) const {
   if (OfficeScoped()) {
-    values.emplace_back("OfficeID", Literal(database_.CurrentOfficeID()));
+    values.push_back({"OfficeID", Literal(database_.CurrentOfficeID())});
   }
-  const bool keeps_guid = database_.KeepsRowGuids(table);
+  const bool keeps_guid = database_.KeepsRowGuids(table.Text());
   if (keeps_guid) {
-    values.emplace_back("UniqueID", "@UniqueID");
+    values.push_back({"UniqueID", "@UniqueID"});
   }
-  const std::string into = "INSERT INTO " + std::string(table) + " (" + Joined(values, &Part::first) + ") ";
-  const std::string row = "VALUES (" + Joined(values, &Part::second) + ")";
+  const Sql into = Sql("INSERT INTO ") + table + " (" + Joined(values, &Assignment::column) + ") ";
+  const Sql row = Sql("VALUES (") + Joined(values, &Assignment::value) + ")";
   if (!keeps_guid) {
     return session::ToId(SelectValue(into + row + "; SELECT @@IDENTITY"));
   }
-  const auto inserted = Select("SET NOCOUNT ON; declare @UniqueID uniqueidentifier; set @UniqueID = newid(); " + into +
-                               "OUTPUT inserted.UniqueID " + row + "; SELECT @UniqueID, @@IDENTITY");
+  const auto inserted = Select(Sql("SET NOCOUNT ON; declare @UniqueID uniqueidentifier; set @UniqueID = newid(); ") +
+                               into + "OUTPUT inserted.UniqueID " + row + "; SELECT @UniqueID, @@IDENTITY");
   return session::ToId(inserted->Get(1));
 }
 
-void Statements::Update(std::string_view table, const Assignments& values, std::string_view key,
-                        std::int32_t id) const {
+void Statements::Update(Words table, const Assignments& values, Words key, std::int32_t id) const {
   if (values.empty()) {
     return;
   }
-  std::string set;
+  Sql set;
   for (const auto& [column, literal] : values) {
-    set += (set.empty() ? "" : ", ") + column + "=" + literal;
+    set += (set.Empty() ? Sql() : Sql(", ")) + column + "=" + literal;
   }
-  Execute("UPDATE " + std::string(table) + " SET " + set + " WHERE " + std::string(key) + "=" + Literal(id) + Office());
+  Execute(Sql("UPDATE ") + table + " SET " + set + " WHERE " + key + "=" + Literal(id) + Office());
 }
 
-std::string Statements::Office(std::string_view before, std::string_view after) const {
-  return OfficeScoped() ? std::string(before) + Literal(database_.CurrentOfficeID()) + std::string(after) : "";
+Sql Statements::Office(Words before, Words after) const {
+  return OfficeScoped() ? before + Literal(database_.CurrentOfficeID()) + after : Sql();
 }
 
 }  // namespace data

@@ -2,17 +2,23 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "data/sql.h"
 #include "session/session.h"
 
 namespace data {
 
-// Columns and their literals, as an insert or an update writes them.
-using Assignments = std::vector<std::pair<std::string, std::string>>;
+// A column and its literal, as an insert or an update writes them.
+struct Assignment {
+  Assignment(Words column_name, Sql literal) : column(column_name), value(std::move(literal)) {}
+  Assignment(Words column_name, Words expression) : column(column_name), value(expression) {}
+
+  Words column;
+  Sql value;
+};
+using Assignments = std::vector<Assignment>;
 
 // The verbs of every screen: statements in the one dialect, prepared and run on the session's connection. All throw
 // session::DatabaseError.
@@ -20,24 +26,24 @@ class Statements {
  public:
   explicit Statements(session::Database& database) : database_(database) {}
 
-  std::unique_ptr<session::Recordset> Select(const std::string& sql) const;
-  void Execute(const std::string& sql) const;
+  std::unique_ptr<session::Recordset> Select(const Sql& sql) const;
+  void Execute(const Sql& sql) const;
   // The first column of the first row; null when there is no row.
-  session::Value SelectValue(const std::string& sql) const;
+  session::Value SelectValue(const Sql& sql) const;
 
   // The new row's ID. On an office-scoped database the row belongs to the current office; a table that keeps row
   // GUIDs is given one.
-  std::int32_t Insert(std::string_view table, Assignments values) const;
+  std::int32_t Insert(Words table, Assignments values) const;
   // Writes nothing when there is nothing to set.
-  void Update(std::string_view table, const Assignments& values, std::string_view key, std::int32_t id) const;
+  void Update(Words table, const Assignments& values, Words key, std::int32_t id) const;
 
   bool OfficeScoped() const { return database_.DatabaseKind() == session::kOfficeScoped; }
   // `before` + the current office + `after`, as " AND (OfficeID=" and ")"; empty where the database holds one office.
-  std::string Office(std::string_view before, std::string_view after) const;
+  Sql Office(Words before, Words after) const;
   // The form that most statements carry: " AND (OfficeID=3)".
-  std::string Office() const { return Office(" AND (OfficeID=", ")"); }
+  Sql Office() const { return Office(" AND (OfficeID=", ")"); }
   // A join's condition, given as " and (ELTable.OfficeID = EmpTable.OfficeID) "; empty where there is one office.
-  std::string OfficeJoin(std::string_view condition) const { return OfficeScoped() ? std::string(condition) : ""; }
+  Sql OfficeJoin(Words condition) const { return OfficeScoped() ? Sql(condition) : Sql(); }
 
  private:
   session::Database& database_;

@@ -8,29 +8,33 @@
 namespace editing {
 namespace {
 
-constexpr std::string_view kFirstPhone = "Pho1";
+using data::Literal;
+using data::Sql;
+using data::Words;
+
+constexpr Words kFirstPhone = kContactCodes.front();
 constexpr std::array<std::string_view, 6> kLabels = {"Phone", "Phone 2", "Fax", "Cell", "Pager", "E-Mail"};
 
 // The code as the columns are spelled; an unknown one becomes the first phone.
-std::string KnownCode(std::string_view code) {
+Words KnownCode(std::string_view code) {
   const auto known =
-      std::ranges::find_if(kContactCodes, [&](std::string_view c) { return forms::EqualsIgnoringCase(c, code); });
-  return std::string(known == kContactCodes.end() ? kFirstPhone : *known);
+      std::ranges::find_if(kContactCodes, [&](Words c) { return forms::EqualsIgnoringCase(c.Text(), code); });
+  return known == kContactCodes.end() ? kFirstPhone : *known;
 }
 
-std::string Column(Side side, std::string_view code) {
-  return std::string(Prefix(side)) + std::string(code);
+Sql Column(Side side, Words code) {
+  return Prefix(side) + Sql(code);
 }
 
 // The column that mirrors the selected contact: "pHomPho".
-std::string VisibleColumn(Side side) {
+Sql VisibleColumn(Side side) {
   return Column(side, "Pho");
 }
 
 }  // namespace
 
-std::string_view Prefix(Side side) {
-  return side == Side::Home ? "pHom" : "pBus";
+Words Prefix(Side side) {
+  return side == Side::Home ? Words("pHom") : Words("pBus");
 }
 
 std::string_view SideLabel(Side side) {
@@ -41,12 +45,12 @@ std::string ContactLabel(std::string& code) {
   const std::string upper = forms::ToUpper(code);
   for (const Side side : kSides) {
     for (std::size_t i = 0; i < kContactCodes.size(); ++i) {
-      if (upper == forms::ToUpper(Column(side, kContactCodes.at(i)))) {
+      if (upper == forms::ToUpper(Column(side, kContactCodes.at(i)).Text())) {
         return std::string(kLabels.at(i));
       }
     }
   }
-  code = kFirstPhone;
+  code = kFirstPhone.Text();
   return std::string(kLabels.front());
 }
 
@@ -60,28 +64,28 @@ std::string NamePromptText(bool ids_allowed) {
 }
 
 void Contacts::Read(std::int32_t person) {
-  const auto row = statements_.Select("SELECT * FROM PATable WHERE pID=" + data::Literal(person) +
+  const auto row = statements_.Select("SELECT * FROM PATable WHERE pID=" + Literal(person) +
                                       statements_.Office(" AND (OfficeID = ", ")"));
   sides_.clear();
   for (const Side side : kSides) {
     SideRow& contacts = sides_[side];
-    const auto text = [&](const std::string& column) {
-      return row->Eof() ? std::string() : session::ToText((*row)[column]);
+    const auto text = [&](const Sql& column) {
+      return row->Eof() ? std::string() : session::ToText((*row)[column.Text()]);
     };
-    const auto size = [&](const std::string& column) {
-      const int field = row->FieldIndex(column);
+    const auto size = [&](const Sql& column) {
+      const int field = row->FieldIndex(column.Text());
       return field < 0 ? 0 : row->Fields()[static_cast<std::size_t>(field)].defined_size;
     };
     const std::string selected = text(Column(side, "Con"));
     contacts.seen = !selected.empty();
-    contacts.selected = KnownCode(selected);
+    contacts.selected = KnownCode(selected).Text();
     visible_sizes_[side] = size(VisibleColumn(side));
-    for (const std::string_view code : kContactCodes) {
-      contacts.values.emplace(code, text(Column(side, code)));
-      contacts.sizes.emplace(code, size(Column(side, code)));
+    for (const Words code : kContactCodes) {
+      contacts.values.emplace(code.Text(), text(Column(side, code)));
+      contacts.sizes.emplace(code.Text(), size(Column(side, code)));
     }
     if (!contacts.seen) {
-      SetValue(side, kFirstPhone, Cut(side, kFirstPhone, text(VisibleColumn(side))));
+      SetValue(side, kFirstPhone.Text(), Cut(side, kFirstPhone.Text(), text(VisibleColumn(side))));
     }
   }
 }
@@ -89,52 +93,51 @@ void Contacts::Read(std::int32_t person) {
 void Contacts::Setup(std::int32_t person) {
   Read(person);
   for (const Side side : kSides) {
-    const SideRow& contacts = sides_[side];
-    if (contacts.seen) {
+    if (sides_[side].seen) {
       continue;
     }
-    const std::string prefix(Prefix(side));
-    statements_.Execute("UPDATE PATable SET " + prefix + "Con='" + contacts.selected + "', " + prefix +
-                        "Pho1=" + data::Literal(Value(side, kFirstPhone)) + Where(person));
+    statements_.Execute("UPDATE PATable SET " + Column(side, "Con") + "=" + Literal(Selected(side)) + ", " +
+                        Column(side, kFirstPhone) + "=" + Literal(Value(side, kFirstPhone.Text())) + Where(person));
   }
 }
 
 std::string Contacts::SideCaption(Side side) const {
-  std::string code = Column(side, Selected(side));
+  std::string code = Column(side, KnownCode(Selected(side))).Text();
   return std::string(SideLabel(side)) + ContactLabel(code);
 }
 
 const std::string& Contacts::Value(Side side, std::string_view code) const {
-  return sides_.at(side).values.find(KnownCode(code))->second;
+  return sides_.at(side).values.find(KnownCode(code).Text())->second;
 }
 
 int Contacts::DefinedSize(Side side, std::string_view code) const {
-  return sides_.at(side).sizes.find(KnownCode(code))->second;
+  return sides_.at(side).sizes.find(KnownCode(code).Text())->second;
 }
 
 void Contacts::Select(Side side, std::string_view code) {
-  sides_[side].selected = KnownCode(code);
+  sides_[side].selected = KnownCode(code).Text();
 }
 
 void Contacts::SetValue(Side side, std::string_view code, std::string value) {
-  sides_[side].values.find(KnownCode(code))->second = std::move(value);
+  sides_[side].values.find(KnownCode(code).Text())->second = std::move(value);
 }
 
 bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visible) {
-  const auto row = statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" +
-                                      data::Literal(person) + statements_.Office());
+  const auto row =
+      statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" + Literal(person) +
+                         statements_.Office());
   if (row->Eof()) {
     return false;
   }
   for (const Side side : kSides) {
     SideRow& contacts = sides_[side];
-    if (const std::string stored = session::ToText((*row)[Column(side, "Con")]); !stored.empty()) {
-      contacts.selected = KnownCode(stored);
+    if (const std::string stored = session::ToText((*row)[Column(side, "Con").Text()]); !stored.empty()) {
+      contacts.selected = KnownCode(stored).Text();
     }
     const std::string& code = contacts.selected;
     SetValue(side, code, Cut(side, code, visible.at(side)));
-    statements_.Execute("UPDATE PATABLE SET " + std::string(Prefix(side)) + "Con='" + code + "', " +
-                        Column(side, code) + "=" + data::Literal(Value(side, code)) + Where(person));
+    statements_.Execute("UPDATE PATABLE SET " + Column(side, "Con") + "=" + Literal(code) + ", " +
+                        Column(side, KnownCode(code)) + "=" + Literal(Value(side, code)) + Where(person));
   }
   SaveVisible(person);
   return true;
@@ -142,11 +145,11 @@ bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visi
 
 void Contacts::SaveAll(std::int32_t person) {
   for (const Side side : kSides) {
-    std::string set = std::string(Prefix(side)) + "Con='" + KnownCode(Selected(side)) + "'";
-    for (const std::string_view code : kContactCodes) {
-      set += ", " + Column(side, code) + "=" + data::Literal(Cut(side, code, Value(side, code)));
+    Sql set = Column(side, "Con") + "=" + Literal(Selected(side));
+    for (const Words code : kContactCodes) {
+      set += ", " + Column(side, code) + "=" + Literal(Cut(side, code.Text(), Value(side, code.Text())));
     }
-    statements_.Execute("UPDATE PATABLE SET " + set + Where(person));
+    statements_.Execute(Sql("UPDATE PATABLE SET ") + set + Where(person));
   }
   SaveVisible(person);
 }
@@ -156,18 +159,18 @@ std::string Contacts::Cut(Side side, std::string_view code, std::string_view val
   return size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : std::string(value);
 }
 
-std::string Contacts::Where(std::int32_t person) const {
-  return " WHERE pID=" + data::Literal(person) + statements_.Office(" AND (OfficeID = ", ")");
+Sql Contacts::Where(std::int32_t person) const {
+  return " WHERE pID=" + Literal(person) + statements_.Office(" AND (OfficeID = ", ")");
 }
 
 void Contacts::SaveVisible(std::int32_t person) {
   const auto visible = [this](Side side) {
     const std::string& value = Value(side, Selected(side));
     const int size = visible_sizes_.at(side);
-    return data::Literal(size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : value);
+    return Literal(size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : value);
   };
   statements_.Execute("UPDATE PATABLE SET pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work) +
-                      " WHERE (pID=" + data::Literal(person) + ")" + statements_.Office());
+                      " WHERE (pID=" + Literal(person) + ")" + statements_.Office());
 }
 
 }  // namespace editing

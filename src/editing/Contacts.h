@@ -14,10 +14,10 @@ enum class Side { Home, Work };
 inline constexpr std::array<Side, 2> kSides = {Side::Home, Side::Work};
 
 // The six ways of reaching a person on either side, by the suffix of their columns.
-inline constexpr std::array<std::string_view, 6> kContactCodes = {"Pho1", "Pho2", "Fax", "Cell", "Pag", "Ema"};
+inline constexpr std::array<data::Words, 6> kContactCodes = {"Pho1", "Pho2", "Fax", "Cell", "Pag", "Ema"};
 
 // "pHom", "pBus".
-std::string_view Prefix(Side side);
+data::Words Prefix(Side side);
 // "Home ", "Work ".
 std::string_view SideLabel(Side side);
 // The label of a contact's full code ("PHOMFAX" in any case): "Fax". An unknown code is "Phone" and becomes "Pho1".
@@ -63,7 +63,7 @@ class Contacts {
   };
 
   std::string Cut(Side side, std::string_view code, std::string_view value) const;
-  std::string Where(std::int32_t person) const;
+  data::Sql Where(std::int32_t person) const;
   void SaveVisible(std::int32_t person);
 
   data::Statements statements_;

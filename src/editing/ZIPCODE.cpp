@@ -1,11 +1,14 @@
 #include "editing/ZIPCODE.h"
 
 #include "data/literal.h"
-#include "editing/attempt.h"
+#include "editing/editing_form.h"
 #include "forms/text.h"
 
 namespace editing {
 namespace {
+
+using data::Literal;
+using data::Sql;
 
 constexpr std::string_view kTitle = "City State, Zip Code";
 constexpr std::string_view kStop = "STOP";
@@ -81,42 +84,46 @@ Place Place::Parse(std::string_view text) {
   return place;
 }
 
-void ZIPCODE::Attach(forms::Form& form, const Boxes& boxes) {
-  boxes_.emplace(boxes);
-  form.Add("ZipCode_Panel", ZipCode_Panel);
-  form.Add("ZIPCode_Combo", ZIPCode_Combo);
-  form.Add("ZipCode_Cmd_Panel", ZipCode_Cmd_Panel);
-  form.Add("ZipCode_Cmd", ZipCode_Cmd);
-  ZipCode_Panel.Visible = false;
-  ZIPCode_Combo.Container = &ZipCode_Panel;
-  ZipCode_Cmd_Panel.Container = &ZipCode_Panel;
+ZIPCODE::ZIPCODE(const session::ScreenContext& context, const Parts& parts) : Rules(context), parts_(parts) {
   for (forms::Button& button : ZipCode_Cmd) {
     button.Container = &ZipCode_Cmd_Panel;
   }
+  Add("ZIPCode_Combo", ZIPCode_Combo);
+  Add("ZipCode_Cmd_Panel", ZipCode_Cmd_Panel);
+  Add("ZipCode_Cmd", ZipCode_Cmd);
+  ZIPCode_Combo.AccessibleName = "Known places";
   ZipCode_Cmd[kAdd].Caption = "&Add";
   ZipCode_Cmd[kEdit].Caption = "&Edit";
   ZipCode_Cmd[kDelete].Caption = "&Delete";
   ZipCode_Cmd[kAdd].ToolTip = "Add the city, state and ZIP on the screen to the list";
-  ZipCode_Cmd[kAdd].Click = [this] { Add(); };
-  ZipCode_Cmd[kEdit].Click = [this] { Edit(); };
-  ZipCode_Cmd[kDelete].Click = [this] { Delete(); };
+  ZipCode_Cmd[kAdd].Click = [this] { AddPlace(); };
+  ZipCode_Cmd[kEdit].Click = [this] { EditPlace(); };
+  ZipCode_Cmd[kDelete].Click = [this] { DeletePlace(); };
   ZIPCode_Combo.Click = [this] { Pick(); };
   ZIPCode_Combo.KeyDown = [this](forms::Key key) { return OnListKey(key); };
   ZIPCode_Combo.KeyPress = [this](char32_t character) { OnListCharacter(character); };
+  parts_.city.Change = [this] { Show(Opener::City); };
+  parts_.zip.Change = [this] { Show(Opener::Zip); };
+  for (forms::TextBox* box : {&parts_.city, &parts_.zip}) {
+    box->KeyDown = [this](forms::Key key) { return OnBoxKey(key); };
+  }
+  parts_.drop.Click = [this] {
+    if (EditingForm::MayModify(*this)) {
+      Show(Opener::City);
+    }
+  };
 }
 
 std::optional<std::int32_t> ZIPCODE::Find(const Place& place) const {
-  const auto id =
-      statements_.SelectValue("SELECT ZipCodID FROM ZipCodTable WHERE (ZipCodCit=" + data::Literal(place.city) +
-                              ") AND (ZipCodSta=" + data::Literal(place.state) +
-                              ") AND (ZipCodZip=" + data::Literal(place.zip) + ")" + statements_.Office() + ";");
+  const auto id = statements_.SelectValue("SELECT ZipCodID FROM ZipCodTable WHERE (ZipCodCit=" + Literal(place.city) +
+                                          ") AND (ZipCodSta=" + Literal(place.state) +
+                                          ") AND (ZipCodZip=" + Literal(place.zip) + ")" + statements_.Office() + ";");
   return session::IsNull(id) ? std::nullopt : std::optional(session::ToId(id));
 }
 
 void ZIPCODE::Show(Opener opener) {
-  opener_ = opener;
-  ZipCode_Panel.Tag = opener == Opener::City ? "CITY" : "";
-  ZipCode_Panel.Visible = true;
+  Tag = opener == Opener::City ? "CITY" : "";
+  Drop(opener == Opener::City ? parts_.city : parts_.zip);
   Fill(OpenerBox().Text.get());
   ZIPCode_Combo.SetFocus();
 }
@@ -127,17 +134,17 @@ void ZIPCODE::Fill(std::string_view typed) {
   }
   const std::string tag = ZIPCode_Combo.Tag;
   ZIPCode_Combo.Tag += kStop;
-  const bool city = opener_ == Opener::City;
-  const std::string column = city ? "ZipCodCit" : "ZipCodZip";
+  const bool city = &OpenerBox() == &parts_.city;
+  const data::Words column = city ? data::Words("ZipCodCit") : data::Words("ZipCodZip");
   std::vector<forms::ListItem> items;
   bool leads = false;
-  Attempt(context_.user, [&] {
+  Attempt([&] {
     const auto rows =
-        statements_.Select("Select Top " + std::string(city ? "200" : "20") + " * from ZipCodTable where " + column +
-                           ">=" + data::Literal(typed) + statements_.Office() + " order by " +
-                           (city ? "ZipCodCit,ZipCodZip" : "ZipCodZip,ZipCodCit") + ";");
+        statements_.Select((city ? Sql("Select Top 200") : Sql("Select Top 20")) + " * from ZipCodTable where " +
+                           column + ">=" + Literal(typed) + statements_.Office() +
+                           (city ? Sql(" order by ZipCodCit,ZipCodZip;") : Sql(" order by ZipCodZip,ZipCodCit;")));
     if (!rows->Eof()) {
-      const std::string first = session::ToText((*rows)[column]);
+      const std::string first = session::ToText((*rows)[column.Text()]);
       leads = forms::EqualsIgnoringCase(forms::Left(first, forms::CharacterCount(typed)), typed);
     }
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -153,24 +160,13 @@ void ZIPCODE::Fill(std::string_view typed) {
   ZIPCode_Combo.Tag = tag;
 }
 
-void ZIPCODE::Hide() {
-  ZipCode_Panel.Visible = false;
-}
-
-void ZIPCODE::FocusLeft() {
-  if (ZipCode_Panel.Visible) {
-    Hide();
-    SplitTyped();
-  }
-}
-
-bool ZIPCODE::Add() {
+bool ZIPCODE::AddPlace() {
   SplitTyped();
   const Place place = OnScreen();
   if (!HasCity(place) || !Confirm("Add [ " + place.Text() + " ] to database", kTitle)) {
     return false;
   }
-  return Attempt(context_.user, [&] {
+  return Attempt([&] {
     const auto known = Find(place);
     if (const auto stored = Read(known ? *known : statements_.Insert("ZipCodTable", ValuesOf(place)))) {
       PutOnScreen(*stored);
@@ -179,7 +175,7 @@ bool ZIPCODE::Add() {
   });
 }
 
-bool ZIPCODE::Edit() {
+bool ZIPCODE::EditPlace() {
   const auto entry = ConfirmCurrent("Edit");
   if (!entry) {
     return false;
@@ -193,27 +189,20 @@ bool ZIPCODE::Edit() {
   if (!HasCity(changed) || !Confirm("Update City, State, and Zipcode?", "City, State, and Zipcode")) {
     return false;
   }
-  return Attempt(context_.user, [&] {
+  return Attempt([&] {
     statements_.Update("ZipCodTable", ValuesOf(changed), "ZipCodID", entry->id);
     Fill(OpenerBox().Text.get());
     ZIPCode_Combo.ListIndex = ZIPCode_Combo.IndexOfData(entry->id);
   });
 }
 
-bool ZIPCODE::Delete() {
+bool ZIPCODE::DeletePlace() {
   const auto entry = ConfirmCurrent("Delete");
-  return entry && Attempt(context_.user, [&] {
-           statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(entry->id) +
-                               statements_.Office() + ";");
+  return entry && Attempt([&] {
+           statements_.Execute("DELETE * FROM ZipCodTable WHERE ZipCodID=" + Literal(entry->id) + statements_.Office() +
+                               ";");
            Fill(OpenerBox().Text.get());
          });
-}
-
-bool ZIPCODE::Confirm(std::string question, std::string_view title) {
-  return context_.user.Ask({.text = std::move(question),
-                            .title = std::string(title),
-                            .buttons = forms::kYesNo,
-                            .icon = forms::Icon::Question}) == forms::Answer::Yes;
 }
 
 // The current entry, when there is one and the person agrees.
@@ -224,7 +213,7 @@ std::optional<ZIPCODE::Entry> ZIPCODE::ConfirmCurrent(std::string_view verb) {
   }
   const std::int32_t id = current->data;
   std::optional<Place> place;
-  if (!Attempt(context_.user, [&] { place = Read(id); }) || !place ||
+  if (!Attempt([&] { place = Read(id); }) || !place ||
       !Confirm(std::string(verb) + " [ " + place->Text() + " ] ?", kTitle)) {
     return std::nullopt;
   }
@@ -235,26 +224,26 @@ std::optional<ZIPCODE::Entry> ZIPCODE::ConfirmCurrent(std::string_view verb) {
 data::Assignments ZIPCODE::ValuesOf(const Place& place) const {
   const auto fitting = [](const std::string& text, const forms::TextBox& box) {
     const int room = box.MaxLength;
-    return data::Literal(room > 0 ? forms::Left(text, static_cast<std::size_t>(room)) : text);
+    return Literal(room > 0 ? forms::Left(text, static_cast<std::size_t>(room)) : text);
   };
-  return {{"ZipCodCit", fitting(place.city, boxes_->city)},
-          {"ZipCodSta", fitting(place.state, boxes_->state)},
-          {"ZipCodZip", fitting(place.zip, boxes_->zip)}};
+  return {{"ZipCodCit", fitting(place.city, parts_.city)},
+          {"ZipCodSta", fitting(place.state, parts_.state)},
+          {"ZipCodZip", fitting(place.zip, parts_.zip)}};
 }
 
 Place ZIPCODE::OnScreen() const {
-  return {boxes_->city.Text, boxes_->state.Text, boxes_->zip.Text};
+  return {parts_.city.Text, parts_.state.Text, parts_.zip.Text};
 }
 
 void ZIPCODE::PutOnScreen(const Place& place) {
-  boxes_->city.Text = place.city;
-  boxes_->state.Text = place.state;
-  boxes_->zip.Text = place.zip;
+  parts_.city.Text = place.city;
+  parts_.state.Text = place.state;
+  parts_.zip.Text = place.zip;
 }
 
 std::optional<Place> ZIPCODE::Read(std::int32_t id) const {
   const auto row =
-      statements_.Select("SELECT * FROM ZipCodTable WHERE ZipCodID=" + data::Literal(id) + statements_.Office() + ";");
+      statements_.Select("SELECT * FROM ZipCodTable WHERE ZipCodID=" + Literal(id) + statements_.Office() + ";");
   if (row->Eof()) {
     return std::nullopt;
   }
@@ -267,7 +256,7 @@ void ZIPCODE::Pick() {
   if (current == nullptr) {
     return;
   }
-  Attempt(context_.user, [&] {
+  Attempt([&] {
     if (const auto place = Read(current->data)) {
       PutOnScreen(*place);
     }
@@ -276,25 +265,23 @@ void ZIPCODE::Pick() {
 }
 
 void ZIPCODE::Leave() {
-  Hide();
-  if (AfterPick != nullptr) {
-    AfterPick->SetFocus();
-  }
+  Visible = false;
+  parts_.next.SetFocus();
 }
 
 // A whole place typed into the city box goes into its boxes. Other countries' codes are typed into their own.
 void ZIPCODE::SplitTyped() {
-  Place place = SplitPlace(boxes_->city.Text.get(), NonUs());
+  Place place = SplitPlace(parts_.city.Text.get(), NonUs());
   if (place.state.empty() || (place.zip.empty() && !NonUs())) {
     return;
   }
   if (place.zip.empty()) {
-    place.zip = boxes_->zip.Text;
+    place.zip = parts_.zip.Text;
   }
   PutOnScreen(place);
 }
 
-bool ZIPCODE::HasCity(const Place& place) {
+bool ZIPCODE::HasCity(const Place& place) const {
   if (place.city.empty()) {
     context_.user.Tell("A place needs a city. Please type it first.", std::string(kTitle), forms::Icon::Information);
   }
@@ -304,12 +291,19 @@ bool ZIPCODE::HasCity(const Place& place) {
 // On with what was typed, to the box behind the one that dropped the list.
 void ZIPCODE::LeaveTyped() {
   SplitTyped();
-  if (opener_ == Opener::Zip) {
+  if (&OpenerBox() == &parts_.zip) {
     Leave();
   } else {
-    Hide();
-    boxes_->state.SetFocus();
+    Visible = false;
+    parts_.state.SetFocus();
   }
+}
+
+bool ZIPCODE::OnBoxKey(forms::Key key) {
+  if (key == forms::Key::F9) {
+    parts_.drop.DoClick();
+  }
+  return key == forms::Key::F9;
 }
 
 bool ZIPCODE::OnListKey(forms::Key key) {
@@ -325,15 +319,15 @@ bool ZIPCODE::OnListKey(forms::Key key) {
       LeaveTyped();
       return true;
     case forms::Key::Esc:
-      Hide();
+      Visible = false;
       OpenerBox().SetFocus();
       return true;
     case forms::Key::Insert:
-      Add();
+      AddPlace();
       return true;
     case forms::Key::Delete:
       if (ZIPCode_Combo.Current() != nullptr && (!BeforeDeleteKey || BeforeDeleteKey())) {
-        Delete();
+        DeletePlace();
       }
       return true;
     default:

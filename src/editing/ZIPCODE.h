@@ -7,13 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "data/statements.h"
+#include "editing/rules.h"
 #include "forms/button.h"
-#include "forms/form.h"
 #include "forms/list_box.h"
-#include "forms/panels.h"
 #include "forms/text_box.h"
-#include "session/screens.h"
+#include "forms/user_control.h"
 
 namespace editing {
 
@@ -33,47 +31,46 @@ struct Place {
 // City, state and ZIP of a text typed as a whole. `non_us` is the office's "NON_US_ZIP_CODE".
 Place SplitPlace(std::string_view text, bool non_us);
 
-// The table of known places, and the panel with which a screen fills its city, state and ZIP boxes from it.
-class ZIPCODE {
+// The city, state and ZIP boxes of a screen, and the panel (`ZipCode_Panel`) that drops below them and fills them from
+// the table of known places.
+class ZIPCODE : public forms::DropPanel, private Rules {
  public:
-  // The screen's three boxes.
-  struct Boxes {
+  // The screen's own controls.
+  struct Parts {
     forms::TextBox& city;
     forms::TextBox& state;
     forms::TextBox& zip;
+    forms::Button& drop;   // drops the list below the city, as F9 does in a box
+    forms::Control& next;  // where the focus goes after a pick
   };
   enum class Opener { City, Zip };
   enum Command { kAdd, kEdit, kDelete };
 
-  explicit ZIPCODE(const session::ScreenContext& context) : context_(context), statements_(context.session) {}
+  ZIPCODE(const session::ScreenContext& context, const Parts& parts);
 
-  forms::Panel ZipCode_Panel;
   forms::ListBox ZIPCode_Combo;  // its tag ends in "STOP" while it is being filled
   forms::Panel ZipCode_Cmd_Panel;
   std::array<forms::Button, 3> ZipCode_Cmd;  // by `Command`
 
   // A rule of the screen that must agree before the Delete key deletes an entry.
   std::function<bool()> BeforeDeleteKey;
-  // Where the focus goes after a pick.
-  forms::Control* AfterPick = nullptr;
 
-  // Registers the controls with the screen and wires them to its boxes.
-  void Attach(forms::Form& form, const Boxes& boxes);
-
+  const Parts& Fields() const { return parts_; }
   // None when the table has no such place.
   std::optional<std::int32_t> Find(const Place& place) const;
 
   // Drops the panel below the box that opens it, with the places at or after the box's text.
   void Show(Opener opener);
   void Fill(std::string_view typed);
-  void Hide();
-  // The focus has left for elsewhere on the screen: a whole place typed into the city box is split into its boxes.
-  void FocusLeft();
 
   // Asks first; false when declined or failed.
-  bool Add();
-  bool Edit();
-  bool Delete();
+  bool AddPlace();
+  bool EditPlace();
+  bool DeletePlace();
+
+ protected:
+  std::string Scope() const override { return {}; }
+  void OnFocusLeft() override { SplitTyped(); }
 
  private:
   struct Entry {
@@ -81,7 +78,6 @@ class ZIPCODE {
     Place place;
   };
 
-  bool Confirm(std::string question, std::string_view title);
   std::optional<Entry> ConfirmCurrent(std::string_view verb);
   data::Assignments ValuesOf(const Place& place) const;
   Place OnScreen() const;
@@ -92,16 +88,14 @@ class ZIPCODE {
   void LeaveTyped();
   void SplitTyped();
   // Says so when there is none.
-  bool HasCity(const Place& place);
+  bool HasCity(const Place& place) const;
+  bool OnBoxKey(forms::Key key);
   bool OnListKey(forms::Key key);
   void OnListCharacter(char32_t character);
-  forms::TextBox& OpenerBox() const { return opener_ == Opener::City ? boxes_->city : boxes_->zip; }
+  forms::TextBox& OpenerBox() const { return Below == &parts_.zip ? parts_.zip : parts_.city; }
   bool NonUs() const;
 
-  session::ScreenContext context_;
-  data::Statements statements_;
-  std::optional<Boxes> boxes_;
-  Opener opener_ = Opener::City;
+  Parts parts_;
 };
 
 }  // namespace editing

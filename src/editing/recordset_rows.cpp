@@ -8,8 +8,15 @@ constexpr int kRowsAtOnce = 500;
 
 }  // namespace
 
-RecordsetRows::RecordsetRows(std::unique_ptr<session::Recordset> recordset)
-    : recordset_(std::move(recordset)), fields_(recordset_->Fields()) {}
+RecordsetRows::RecordsetRows(std::unique_ptr<session::Recordset> recordset, Cells cells)
+    : recordset_(std::move(recordset)), fields_(recordset_->Fields()), cells_(std::move(cells)) {
+  if (!cells_.empty()) {
+    return;
+  }
+  for (std::size_t field = 0; field < fields_.size(); ++field) {
+    cells_.push_back([field](const session::Recordset& row) { return session::ToText(row.Get(field)); });
+  }
+}
 
 void RecordsetRows::Fetch(int count) {
   if (recordset_ == nullptr) {
@@ -45,8 +52,8 @@ void RecordsetRows::AddRow() {
     pages_.emplace_back();
   }
   Page& page = pages_.back();
-  for (std::size_t field = 0; field < fields_.size(); ++field) {
-    page.text += session::ToText(recordset_->Get(field));
+  for (const auto& cell : cells_) {
+    page.text += cell(*recordset_);
     page.ends.push_back(static_cast<std::uint32_t>(page.text.size()));
   }
   ++count_;
@@ -55,7 +62,7 @@ void RecordsetRows::AddRow() {
 std::string RecordsetRows::Text(int row, int column) const {
   const Page& page = pages_[static_cast<std::size_t>(row / kRowsAPage)];
   const std::size_t cell =
-      static_cast<std::size_t>(row % kRowsAPage) * fields_.size() + static_cast<std::size_t>(column);
+      static_cast<std::size_t>(row % kRowsAPage) * cells_.size() + static_cast<std::size_t>(column);
   const std::size_t begin = cell == 0 ? 0 : page.ends[cell - 1];
   return page.text.substr(begin, page.ends[cell] - begin);
 }

@@ -14,7 +14,10 @@ namespace editing {
 // The rows of a recordset as a grid's cells, fetched piece by piece and kept as text.
 class RecordsetRows : public forms::GridRows {
  public:
-  explicit RecordsetRows(std::unique_ptr<session::Recordset> recordset);
+  // The cells of a row; without them they are the fields.
+  using Cells = std::vector<std::function<std::string(const session::Recordset& row)>>;
+
+  explicit RecordsetRows(std::unique_ptr<session::Recordset> recordset, Cells cells = {});
 
   // After every piece; `FetchMore` reports here what the database refused, and stops.
   std::function<void()> Arrived;
@@ -42,6 +45,7 @@ class RecordsetRows : public forms::GridRows {
 
   std::unique_ptr<session::Recordset> recordset_;
   std::vector<session::Field> fields_;
+  Cells cells_;
   std::vector<Page> pages_;
   int count_ = 0;
 };

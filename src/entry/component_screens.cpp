@@ -2,7 +2,7 @@
 
 #include "data/literal.h"
 #include "data/statements.h"
-#include "editing/attempt.h"
+#include "editing/rules.h"
 #include "entry/form_catalog.h"
 #include "lookup/look_up.h"
 
@@ -32,7 +32,7 @@ std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickL
 bool ComponentScreens::AcceptLogin(std::int32_t login) {
   std::string name;
   const data::Statements statements(context_.session);
-  const bool read = editing::Attempt(context_.user, [&] {
+  const bool read = editing::Rules(context_).Attempt([&] {
     name = session::ToText(statements.SelectValue("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(login) +
                                                   statements.Office(" and (OfficeID = ", ") ")));
   });

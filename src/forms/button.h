@@ -19,6 +19,9 @@ class Button : public Control {
   bool TakesEnter() const override { return true; }
   // Takes the focus first: a field that keeps the focus by its rule keeps the button from acting.
   void DoClick();
+
+ protected:
+  std::string OwnCaption() const override { return Caption; }
 };
 
 // A picture that may be clicked.

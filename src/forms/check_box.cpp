@@ -1,5 +1,7 @@
 #include "forms/check_box.h"
 
+#include "forms/text.h"
+
 namespace forms {
 
 bool CheckBox::DoCheck(CheckState state) {
@@ -13,9 +15,20 @@ bool CheckBox::DoCheck(CheckState state) {
   return true;
 }
 
-void CheckBox::Changed(Aspect aspect) {
-  DataChanged = DataChanged || aspect == Aspect::Value;
-  Control::Changed(aspect);
+std::string CheckBox::FieldText() const {
+  return Value == CheckState::Mixed ? std::string() : Value == CheckState::On ? "1" : "0";
+}
+
+void CheckBox::SetFieldText(std::string text) {
+  if (text.empty() && ThreeState) {
+    Value = CheckState::Mixed;
+  } else {
+    Value = IsOn(text) ? CheckState::On : CheckState::Off;
+  }
+}
+
+bool OptionButton::StopsTab() const {
+  return Control::StopsTab() && (Value || group_ == nullptr || group_->Chosen() < 0);
 }
 
 void OptionButton::DoChoose() {

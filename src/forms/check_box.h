@@ -5,27 +5,32 @@
 #include <string>
 #include <vector>
 
-#include "forms/control.h"
+#include "forms/field.h"
 
 namespace forms {
 
 enum class CheckState { Off, On, Mixed };
 
-class CheckBox : public Control {
+class CheckBox : public Field {
  public:
   Property<std::string> Caption{*this};
   Property<CheckState> Value{*this, CheckState::Off, Aspect::Value};
   // A person may choose `Mixed` too.
   Property<bool> ThreeState{*this, false};
 
-  bool DataChanged = false;
   // A person changed the state.
   std::function<void()> Click;
 
   bool TakesEnter() const override { return true; }
   // False when the box has no such state for a person.
   bool DoCheck(CheckState state);
-  void Changed(Aspect aspect) override;
+
+  std::string FieldText() const override;
+  // An empty text is mixed where the box has three states; what is not on is off.
+  void SetFieldText(std::string text) override;
+
+ protected:
+  std::string OwnCaption() const override { return Caption; }
 };
 
 // One of several choices of which one at most is on.
@@ -37,8 +42,13 @@ class OptionButton : public Control {
   std::function<void()> Click;
 
   bool TakesEnter() const override { return true; }
+  // The Tab key stops at the chosen one of a group; the arrow keys go from one to the other.
+  bool StopsTab() const override;
   void DoChoose();
   void Changed(Aspect aspect) override;
+
+ protected:
+  std::string OwnCaption() const override { return Caption; }
 
  private:
   friend class OptionGroup;

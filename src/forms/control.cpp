@@ -1,6 +1,8 @@
 #include "forms/control.h"
 
 #include "forms/form.h"
+#include "forms/label.h"
+#include "forms/text.h"
 
 namespace forms {
 
@@ -30,9 +32,23 @@ bool Control::DoFocus() {
   return Usable() && (!TakesFocus() || form_ == nullptr || form_->DoFocus(*this));
 }
 
+std::string Control::SpokenName() const {
+  for (const std::string& caption :
+       {Heading != nullptr ? Heading->Caption.get() : std::string(), OwnCaption(), AccessibleName, ToolTip.get()}) {
+    std::string name = WithoutMnemonic(caption);
+    name.erase(name.find_last_not_of(" :.") + 1);
+    if (const std::string_view trimmed = Trim(name); !trimmed.empty()) {
+      return std::string(trimmed);
+    }
+  }
+  return {};
+}
+
 bool Control::DoKey(Key key) {
-  if (KeyDown && KeyDown(key)) {
-    return true;
+  for (Control* at = this; at != nullptr; at = at->Container) {
+    if (at->OnKey(key)) {
+      return true;
+    }
   }
   return form_ != nullptr && form_->DoKey(key);
 }

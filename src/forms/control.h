@@ -11,6 +11,7 @@ namespace forms {
 
 class Control;
 class Form;
+class Label;
 
 // The keys that a rule may take; every other key is a character.
 enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown };
@@ -36,9 +37,15 @@ class Control : public Observable {
 
   // False for a button that may be reached while a field's rule would keep the focus: cancel, help.
   bool CausesValidation = true;
+  // False for a control that the Tab key passes by, because a key in a field does the same.
+  bool TabStop = true;
 
-  // The panel that this control lies on: hidden or disabled with it.
+  // The panel that this control lies on: hidden or disabled with it, and asked for the keys that it does not use.
   Control* Container = nullptr;
+  // The label that says what this control is for; its mnemonic leads here.
+  Label* Heading = nullptr;
+  // What the control is called where nobody sees it, unless a heading or its own caption says it.
+  std::string AccessibleName;
 
   std::function<void()> Enter;
   std::function<void()> Leave;
@@ -48,6 +55,8 @@ class Control : public Observable {
   // The name under which the form registered it: "Text1(3)", "DialogButtons1.OK".
   const std::string& Name() const { return name_; }
   Form* Owner() const { return form_; }
+  // The heading, the control's own caption, its accessible name or its tip, as it is read aloud; empty for none.
+  std::string SpokenName() const;
 
   // Visible and enabled, and so is every panel that it lies on.
   bool Shown() const;
@@ -56,6 +65,8 @@ class Control : public Observable {
 
   // True when the focus may rest on it.
   virtual bool TakesFocus() const { return true; }
+  // True when the Tab key stops there.
+  virtual bool StopsTab() const { return TabStop && TakesFocus() && Usable(); }
   // True when Enter there goes on to the next field or acts on the control itself, and not on the form's default
   // button.
   virtual bool TakesEnter() const { return false; }
@@ -65,7 +76,7 @@ class Control : public Observable {
 
   // A person comes to act on it: true when it is usable and the focus, where it takes any, is now here.
   bool DoFocus();
-  // True when a rule, here or on the form, used the key up.
+  // True when a rule used the key up: here, on a panel that the control lies on, or on the form.
   bool DoKey(Key key);
 
   void Watch(ControlObserver* observer) { observer_ = observer; }
@@ -75,6 +86,11 @@ class Control : public Observable {
   friend class Form;
 
   static void Fire(const std::function<void()>& slot);
+
+  // The control's own use for a key, pressed on it or on a control that lies on it.
+  virtual bool OnKey(Key key) { return KeyDown && KeyDown(key); }
+  // What stands on the control itself; "&" before the mnemonic.
+  virtual std::string OwnCaption() const { return {}; }
 
   // Registers the parts of a composed control ("DialogButtons1.OK") with the form.
   virtual void RegisterParts(Form& form);

@@ -2,16 +2,68 @@
 
 #include <algorithm>
 
-#include "forms/button.h"
+#include "forms/dialog_buttons.h"
+#include "forms/label.h"
 #include "forms/text.h"
 
 namespace forms {
-
 void Form::Add(const std::string& name, Control& control) {
   control.name_ = name;
   control.form_ = this;
   controls_.push_back(&control);
+  order_.push_back(&control);
+  if (auto* user_control = dynamic_cast<UserControl*>(&control)) {
+    user_controls_.push_back(user_control);
+  }
   control.RegisterParts(*this);
+}
+
+void Form::Reads(const std::vector<Control*>& first) {
+  std::vector<Control*> order;
+  const auto take = [&](Control& control) {
+    const auto found = std::ranges::find(order_, &control);
+    if (found != order_.end()) {
+      order_.erase(found);
+      order.push_back(&control);
+    }
+  };
+  const auto take_headed = [&](Control& control) {
+    if (control.Heading != nullptr) {
+      take(*control.Heading);
+    }
+    take(control);
+  };
+  for (Control* control : first) {
+    take_headed(*control);
+    for (Control* other : std::vector(order_)) {
+      if (other->LiesOn(*control)) {
+        take_headed(*other);
+      }
+    }
+  }
+  order.insert(order.end(), order_.begin(), order_.end());
+  order_ = std::move(order);
+}
+
+// A dropped panel is no part of the page: the way on from there is that from its field, and the way back leads to it.
+Control* Form::NextStop(const Control* from, bool backward) const {
+  const DropPanel* const dropped = from == nullptr ? nullptr : DropPanelUnder(*from);
+  if (dropped != nullptr && dropped->Below != nullptr) {
+    from = dropped->Below;
+    if (backward) {
+      return *std::ranges::find(order_, from);
+    }
+  }
+  const std::size_t count = order_.size();
+  const auto found = std::ranges::find(order_, from);
+  std::size_t at = found != order_.end() ? static_cast<std::size_t>(found - order_.begin()) : backward ? 0 : count - 1;
+  for (std::size_t step = 0; step < count; ++step) {
+    at = (at + (backward ? count - 1 : 1)) % count;
+    if (order_[at] != from && order_[at]->StopsTab() && DropPanelUnder(*order_[at]) == nullptr) {
+      return order_[at];
+    }
+  }
+  return nullptr;
 }
 
 Control* Form::Find(std::string_view name) const {
@@ -24,6 +76,14 @@ void Form::Load() {
   if (!loaded_) {
     loaded_ = true;
     OnLoad();
+    for (UserControl* part : user_controls_) {
+      if (!closed_) {
+        part->OnLoad();
+      }
+    }
+    if (Control* first = NextField(nullptr); first != nullptr && active_ == nullptr && !closed_) {
+      DoFocus(*first);
+    }
   }
 }
 
@@ -45,8 +105,22 @@ void Form::SetFocus(Control& control) {
   Rest(control);
 }
 
+Control* Form::NextField(const Control* from) const {
+  Control* const first = NextStop(from);
+  Control* stop = first;
+  while (stop != nullptr && dynamic_cast<const Button*>(stop) != nullptr &&
+         dynamic_cast<const DialogButtons*>(stop->Container) == nullptr) {
+    stop = NextStop(stop);
+    if (stop == first) {
+      return nullptr;
+    }
+  }
+  return stop;
+}
+
 bool Form::DoClose() {
-  if (!closed_ && QueryClose()) {
+  const auto agrees = [](UserControl* part) { return part->QueryClose(); };
+  if (!closed_ && std::ranges::all_of(user_controls_, agrees) && QueryClose()) {
     Close();
   }
   return closed_;
@@ -69,9 +143,17 @@ bool Form::DoFocus(Control& control) {
 bool Form::DoLeave() {
   const bool left = LeaveActive();
   if (left) {
-    OnFocus(nullptr);
+    TellFocus(nullptr);
   }
   return left;
+}
+
+bool Form::DoIdle() {
+  bool more = OnIdle();
+  for (UserControl* part : user_controls_) {
+    more = part->OnIdle() || more;
+  }
+  return more;
 }
 
 // While the left control's rule runs, `leaving_` stands; a rule that sets the focus takes it down.
@@ -109,8 +191,15 @@ bool Form::DoKey(Key key) {
 void Form::Rest(Control& control) {
   active_ = &control;
   Changed(Aspect::Focus);
-  OnFocus(&control);
+  TellFocus(&control);
   Control::Fire(control.Enter);
+}
+
+void Form::TellFocus(Control* control) {
+  OnFocus(control);
+  for (UserControl* part : user_controls_) {
+    part->OnFocus(control);
+  }
 }
 
 void Form::Changed(Aspect aspect) {

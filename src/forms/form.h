@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/control.h"
+#include "forms/user_control.h"
 
 namespace forms {
 
@@ -32,7 +33,7 @@ class Form : public Observable {
   // The class's name: "patScreen_SM".
   const std::string& Name() const { return name_; }
 
-  // Makes a control known; reading order is the order of registration.
+  // Makes a control known. Controls are read in the order in which they are added, unless `Reads` says otherwise.
   void Add(const std::string& name, Control& control);
   template <typename T, std::size_t N>
   void Add(const std::string& name, std::array<T, N>& controls) {
@@ -43,6 +44,12 @@ class Form : public Observable {
   // Nullptr when no control has that name; case does not matter.
   Control* Find(std::string_view name) const;
   const std::vector<Control*>& Controls() const { return controls_; }
+  // The controls as a person reads them: a panel before what lies on it, a heading before its control.
+  const std::vector<Control*>& ReadingOrder() const { return order_; }
+  // Where the Tab key goes from there, round the form; backward with Shift. Nullptr when there is no other stop.
+  Control* NextStop(const Control* from, bool backward = false) const;
+  // Where Enter goes on to from a field: the next field, or the dialog buttons behind the last.
+  Control* NextField(const Control* from) const;
   // Pressed by Enter where the focus is on a control that has no use for it, and by Esc.
   void SetDefaultButton(class Button* button) { default_button_ = button; }
   void SetCancelButton(class Button* button) { cancel_button_ = button; }
@@ -54,6 +61,7 @@ class Form : public Observable {
   };
   std::map<std::string, NamedProperty, std::less<>> Properties;
 
+  // The focus is then in the first field, unless a rule put it elsewhere.
   void Load();
   bool Loaded() const { return loaded_; }
   bool Closed() const { return closed_; }
@@ -72,8 +80,8 @@ class Form : public Observable {
   bool DoLeave();
   // Keys that no control used: F9 and the like for the form's own rules, Enter and Esc for its buttons.
   bool DoKey(Key key);
-  // Some of the work that waits until the person pauses; false when there is none left.
-  virtual bool DoIdle() { return false; }
+  // The person pauses: some of the work that waits for it is done. False when there is none left.
+  bool DoIdle();
 
   void Watch(FormObserver* observer) { observer_ = observer; }
   void Changed(Aspect aspect) override;
@@ -86,13 +94,20 @@ class Form : public Observable {
   virtual bool OnKey(Key /*key*/) { return false; }
   // The focus now rests on the control, by a person or a rule; nullptr when it left for nowhere.
   virtual void OnFocus(Control* /*control*/) {}
+  virtual bool OnIdle() { return false; }
+
+  // Puts these first in the reading order, each with what lies on it; the others follow as they were added.
+  void Reads(const std::vector<Control*>& first);
 
  private:
   bool LeaveActive();
   void Rest(Control& control);
+  void TellFocus(Control* control);
 
   std::string name_;
   std::vector<Control*> controls_;
+  std::vector<Control*> order_;
+  std::vector<UserControl*> user_controls_;
   class Button* default_button_ = nullptr;
   class Button* cancel_button_ = nullptr;
   Control* active_ = nullptr;

@@ -3,17 +3,14 @@
 #include <functional>
 #include <string>
 
-#include "forms/control.h"
+#include "forms/field.h"
 
 namespace forms {
 
 // A text on the screen; a hidden one may hold a column's value for a rule.
-class Label : public Control {
+class Label : public Field {
  public:
   Property<std::string> Caption{*this, {}, Aspect::Value};
-
-  // Set whenever `Caption` becomes different; cleared by a record binding.
-  bool DataChanged = false;
 
   std::function<void()> Click;
 
@@ -24,10 +21,11 @@ class Label : public Control {
     }
   }
 
-  void Changed(Aspect aspect) override {
-    DataChanged = DataChanged || aspect == Aspect::Value;
-    Control::Changed(aspect);
-  }
+  std::string FieldText() const override { return Caption; }
+  void SetFieldText(std::string text) override { Caption = std::move(text); }
+
+ protected:
+  std::string OwnCaption() const override { return Caption; }
 };
 
 }  // namespace forms

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/text.h"
+
 namespace forms {
 
 const ListItem* ListBox::Current() const {
@@ -45,6 +47,34 @@ bool ListBox::DoHighlight(int index) {
 void ListBox::DoOpen() {
   if (Current() != nullptr && DoFocus()) {
     Fire(DblClick);
+  }
+}
+
+std::string ListBox::FieldText() const {
+  const ListItem* current = Current();
+  if (current == nullptr) {
+    return {};
+  }
+  return BoundByData ? std::to_string(current->data) : current->text;
+}
+
+void ListBox::SetFieldText(std::string text) {
+  const auto& items = Items.get();
+  const auto found = std::ranges::find_if(items, [&](const ListItem& item) {
+    return BoundByData ? std::to_string(item.data) == text : EqualsIgnoringCase(item.text, text);
+  });
+  ListIndex = found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
+// A box that takes typing holds texts that its list does not have.
+std::string ComboBox::FieldText() const {
+  return BoundByData ? ListBox::FieldText() : Text;
+}
+
+void ComboBox::SetFieldText(std::string text) {
+  ListBox::SetFieldText(text);
+  if (!BoundByData && Current() == nullptr) {
+    Text = std::move(text);
   }
 }
 

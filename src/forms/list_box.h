@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/control.h"
+#include "forms/field.h"
 
 namespace forms {
 
@@ -18,11 +18,14 @@ struct ListItem {
 };
 
 // A list of entries of which one may be current.
-class ListBox : public Control {
+class ListBox : public Field {
  public:
   Property<std::vector<ListItem>> Items{*this, {}, Aspect::Items};
   // -1 for none.
   Property<int> ListIndex{*this, -1, Aspect::Value};
+
+  // A record keeps the entry's number in place of its text.
+  bool BoundByData = false;
 
   // A person chose an entry.
   std::function<void()> Click;
@@ -42,6 +45,10 @@ class ListBox : public Control {
   bool DoHighlight(int index);
   // A double click on the current entry.
   void DoOpen();
+
+  std::string FieldText() const override;
+  // An entry that is not there leaves none current.
+  void SetFieldText(std::string text) override;
 };
 
 // A list that drops down from its box; the box may take typing. An entry made current gives the box its text, and
@@ -57,6 +64,9 @@ class ComboBox : public ListBox {
   bool TakesEnter() const override { return true; }
   void Changed(Aspect aspect) override;
   void DoEdit(std::string text);
+
+  std::string FieldText() const override;
+  void SetFieldText(std::string text) override;
 
  private:
   int shown_index_ = -1;

@@ -12,7 +12,13 @@ namespace forms {
 class Panel : public Control {
  public:
   Property<std::string> Caption{*this};
+
   bool TakesFocus() const override { return false; }
+  // What lies on it changes with it.
+  void Changed(Aspect aspect) override;
+
+ protected:
+  std::string OwnCaption() const override { return Caption; }
 };
 
 // Pages of which one is in front.

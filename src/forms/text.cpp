@@ -164,6 +164,24 @@ std::string ToProper(std::string_view utf8) {
   });
 }
 
+std::string WithoutMnemonic(std::string_view caption) {
+  std::string seen;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    i += caption[i] == '&' && i + 1 < caption.size() ? 1U : 0U;
+    seen += caption[i];
+  }
+  return seen;
+}
+
+char MnemonicOf(std::string_view caption) {
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] == '&' && caption[++i] != '&') {
+      return ToLower(caption.substr(i, 1)).front();
+    }
+  }
+  return '\0';
+}
+
 bool IsOn(std::string_view text) {
   constexpr std::array<std::string_view, 6> kSet = {"1", "-1", "on", "true", "yes", "y"};
   return std::ranges::any_of(kSet, [text](std::string_view set) { return EqualsIgnoringCase(text, set); });

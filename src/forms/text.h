@@ -28,6 +28,11 @@ std::string ToLower(std::string_view utf8);
 // First letter of each word upper, the others lower; an apostrophe stands within a word.
 std::string ToProper(std::string_view utf8);
 
+// A caption as a person reads it, without the "&" before its mnemonic; "&&" is one "&".
+std::string WithoutMnemonic(std::string_view caption);
+// The letter behind the "&", lower case; 0 for none.
+char MnemonicOf(std::string_view caption);
+
 // A setting that is set: "1", "-1", "on", "true", "yes" or "y" in any case.
 bool IsOn(std::string_view text);
 

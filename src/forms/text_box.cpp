@@ -93,13 +93,6 @@ void TextBox::DoEdit(std::string text) {
   Fire(Change);
 }
 
-void TextBox::Changed(Aspect aspect) {
-  if (aspect == Aspect::Value) {
-    DataChanged = true;
-  }
-  Control::Changed(aspect);
-}
-
 // Key by key: the first character that passes the filter replaces what stood there from `from` on.
 void TextBox::TypeKeys(std::size_t from, std::string_view text) {
   std::size_t to = CharacterCount(Text.get());

@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "forms/control.h"
+#include "forms/field.h"
 
 namespace forms {
 
 // A field of text, UTF-8.
-class TextBox : public Control {
+class TextBox : public Field {
  public:
   Property<std::string> Text{*this, {}, Aspect::Value};
   // In characters; 0 is unlimited. It bounds what is typed, never what the rules assign.
@@ -22,9 +22,6 @@ class TextBox : public Control {
   // An entry mask: '#' a digit, 'A' a letter, '&' any character, everything else stands for itself and is put in
   // as the person types past it.
   Property<std::string> Mask{*this};
-
-  // Set whenever `Text` becomes different, by whomever; cleared by a record binding when the field equals the row.
-  bool DataChanged = false;
 
   // A person changed the text.
   std::function<void()> Change;
@@ -44,7 +41,9 @@ class TextBox : public Control {
   // The text as a widget holds it after the person edited it there with keys that passed the filter.
   void DoEdit(std::string text);
 
-  void Changed(Aspect aspect) override;
+  std::string FieldText() const override { return Text; }
+  void SetFieldText(std::string text) override { Text = std::move(text); }
+  void SetRoom(int characters) override { MaxLength = characters; }
 
  private:
   void TypeKeys(std::size_t from, std::string_view text);

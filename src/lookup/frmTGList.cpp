@@ -2,30 +2,30 @@
 
 #include <algorithm>
 
-#include "editing/attempt.h"
+#include "data/literal.h"
 
 namespace lookup {
 namespace {
 
 constexpr int kFirstPage = 100;
 
-// "DISTINCTROW", in whatever case, wherever it stands.
-std::string WithoutDistinctRow(const std::string& sql) {
+// "DISTINCTROW" becomes "DISTINCT", in whatever case and wherever it stands.
+data::Sql WithoutDistinctRow(const data::Sql& sql) {
   constexpr std::string_view kDistinctRow = "DISTINCTROW";
-  constexpr std::size_t kRowLength = 3;
   const auto same = [](char left, char right) { return left == right || left == right - 'A' + 'a'; };
-  std::string text;
-  auto rest = sql.begin();
-  while (rest != sql.end()) {
-    const auto found = std::search(rest, sql.end(), kDistinctRow.begin(), kDistinctRow.end(), same);
-    text.append(rest, found);
-    if (found == sql.end()) {
+  const std::string& text = sql.Text();
+  data::Sql result;
+  auto rest = text.begin();
+  while (rest != text.end()) {
+    const auto found = std::search(rest, text.end(), kDistinctRow.begin(), kDistinctRow.end(), same);
+    result += sql.Part(static_cast<std::size_t>(rest - text.begin()), static_cast<std::size_t>(found - rest));
+    if (found == text.end()) {
       break;
     }
-    text.append(kDistinctRow.substr(0, kDistinctRow.size() - kRowLength));
+    result += data::Sql("DISTINCT");
     rest = found + static_cast<std::ptrdiff_t>(kDistinctRow.size());
   }
-  return text;
+  return result;
 }
 
 std::string Rows(int count) {
@@ -48,8 +48,7 @@ forms::GridColumn ColumnOf(const session::Field& field) {
 
 }  // namespace
 
-frmTGList::frmTGList(const session::ScreenContext& context)
-    : Form("frmTGList"), context_(context), statements_(context.session) {
+frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"), Rules(context) {
   MnuFileSel.Caption = "&Select";
   MnuFileSort.Caption = "S&ort";
   MnuFileResDef.Caption = "&Restore Default Layout";
@@ -90,8 +89,8 @@ void frmTGList::WireHandlers() {
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
 }
 
-void frmTGList::SetSQL(std::string sql) {
-  sql_ = context_.session.DatabaseKind() == session::kFileDatabase ? std::move(sql) : WithoutDistinctRow(sql);
+void frmTGList::SetSQL(const data::Sql& sql) {
+  sql_ = context_.session.DatabaseKind() == session::kFileDatabase ? sql : WithoutDistinctRow(sql);
 }
 
 const session::ListOutcome& frmTGList::ShowList() {
@@ -115,14 +114,14 @@ void frmTGList::OnLoad() {
   DotNetGrid.SetFocus();
 }
 
-bool frmTGList::DoIdle() {
+bool frmTGList::OnIdle() {
   return !Closed() && DotNetGrid.FetchMore();
 }
 
-bool frmTGList::Requery(const std::vector<std::string>& conditions, const std::string& sort, std::int32_t await_id) {
-  const std::string text = statement_.Text(conditions, sort);
+bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, std::int32_t await_id) {
+  const data::Sql text = statement_.With(conditions, sort);
   std::shared_ptr<editing::RecordsetRows> rows;
-  const bool read = editing::Attempt(context_.user, [&] {
+  const bool read = Attempt([&] {
     const forms::WaitText wait(context_.user, "  Loading " + TitleText() + " - Please Wait  ");
     rows = std::make_shared<editing::RecordsetRows>(statements_.Select(text));
     rows->Fetch(kFirstPage);
@@ -134,9 +133,9 @@ bool frmTGList::Requery(const std::vector<std::string>& conditions, const std::s
   }
   conditions_ = conditions;
   sort_ = sort;
-  SQLLabel.Caption = text;
+  SQLLabel.Caption = text.Text();
   rows->Arrived = [this] { RowsArrived(); };
-  rows->Failed = [this](const session::DatabaseError& error) { editing::Report(context_.user, error); };
+  rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
   awaited_id_ = await_id;
   searched_ = 0;
   DotNetGrid.Row = -1;
@@ -144,7 +143,7 @@ bool frmTGList::Requery(const std::vector<std::string>& conditions, const std::s
   rows_ = std::move(rows);
   if (first) {
     SetGridLayout();
-    const SortTerm term = FirstSortTerm(sort);
+    const SortTerm term = FirstSortTerm(sort.Text());
     DotNetGrid.SortColumn = DotNetGrid.ColumnIndex(term.caption);
     DotNetGrid.SortDescending = term.descending;
   }
@@ -244,7 +243,8 @@ bool frmTGList::DotNetGrid_KeyDown(forms::Key key) {
 
 void frmTGList::DotNetGrid_HeadClick(int column) {
   const std::string& caption = DotNetGrid.Columns.get()[static_cast<std::size_t>(column)].caption;
-  if (!Requery(conditions_, "[" + caption + "]" + (DotNetGrid.SortDescending ? " DESC" : ""), CurrentID())) {
+  if (!Requery(conditions_, data::Bracketed(caption) + (DotNetGrid.SortDescending ? data::Sql(" DESC") : data::Sql()),
+               CurrentID())) {
     DotNetGrid.SortColumn = sort_column_;
     DotNetGrid.SortDescending = sort_descending_;
   }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "data/statements.h"
 #include "editing/recordset_rows.h"
+#include "editing/rules.h"
 #include "forms/button.h"
 #include "forms/check_box.h"
 #include "forms/dialog_buttons.h"
@@ -23,13 +23,13 @@
 namespace lookup {
 
 // The list window: the rows of one statement, to filter, sort and choose from.
-class frmTGList : public forms::Form {
+class frmTGList : public forms::Form, private editing::Rules {
  public:
   explicit frmTGList(const session::ScreenContext& context);
 
   // Inputs, set before it is shown.
   std::shared_ptr<void> OwnerForm;
-  std::string SortBy;
+  data::Sql SortBy;
   std::int32_t ShowMode = 0;
   bool AllowEdit = true;
   bool AllowDelete = false;
@@ -46,8 +46,8 @@ class frmTGList : public forms::Form {
   bool SkipIfNew = false;
 
   // "DISTINCTROW" becomes "DISTINCT" unless the database is a file.
-  void SetSQL(std::string sql);
-  const std::string& SQL() const { return sql_; }
+  void SetSQL(const data::Sql& sql);
+  const data::Sql& SQL() const { return sql_; }
 
   // How New opens the editing screen; Edit opens it on the current record. Without it New is the caller's to carry
   // out, and nothing can be edited.
@@ -76,11 +76,10 @@ class frmTGList : public forms::Form {
   forms::Timer Timer1;         // one-shot; its tag carries a deferred command
   forms::DialogButtons DialogButtons1;
 
-  // Works in idle time until every row has arrived.
-  bool DoIdle() override;
-
  protected:
   void OnLoad() override;
+  // Fetches until every row has arrived.
+  bool OnIdle() override;
 
  private:
   void RegisterControls();
@@ -116,27 +115,25 @@ class frmTGList : public forms::Form {
   void DotNetGrid_HeadClick(int column);
 
   // Where an ID is awaited it becomes current when its row arrives, and the first row when it does not.
-  bool Requery(const std::vector<std::string>& conditions, const std::string& sort, std::int32_t await_id);
+  bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, std::int32_t await_id);
   void RowsArrived();
   void SetGridLayout();
   void ShowCount();
   void EnableCommands();
   // Nothing when names were filtered in two ways.
-  std::optional<std::vector<std::string>> FilterConditions() const;
+  std::optional<std::vector<data::Sql>> FilterConditions() const;
   void ClearFilter();
   void Choose();
   std::int32_t CurrentID() const;
   const std::string& TitleText() const { return Title.empty() ? Caption.get() : Title; }
 
-  session::ScreenContext context_;
-  data::Statements statements_;
   forms::OptionGroup filter_modes_{&optFiltLeft, &optFiltMid};
 
-  std::string sql_;
+  data::Sql sql_;
   ListStatement statement_;
   std::shared_ptr<editing::RecordsetRows> rows_;
-  std::vector<std::string> conditions_;  // of the rows that are shown
-  std::string sort_;
+  std::vector<data::Sql> conditions_;  // of the rows that are shown
+  data::Sql sort_;
   int sort_column_ = -1;  // as the grid stood for the rows that are shown
   bool sort_descending_ = false;
   std::int32_t awaited_id_ = 0;

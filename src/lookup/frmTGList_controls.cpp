@@ -14,6 +14,10 @@ forms::Form::NamedProperty Text(forms::Label& label) {
   return {[&label] { return label.Caption.get(); }, [&label](const std::string& text) { label.Caption = text; }};
 }
 
+forms::Form::NamedProperty Text(data::Sql& value) {
+  return {[&value] { return value.Text(); }, [&value](const std::string& text) { value = data::Sql::OfHost(text); }};
+}
+
 forms::Form::NamedProperty Number(std::int32_t& value) {
   return {[&value] { return std::to_string(value); },
           [&value](const std::string& text) { value = session::ToId(text); }};
@@ -57,7 +61,8 @@ void frmTGList::RegisterControls() {
 }
 
 void frmTGList::RegisterProperties() {
-  Properties["SQL"] = {[this] { return sql_; }, [this](const std::string& text) { SetSQL(text); }};
+  Properties["SQL"] = {[this] { return sql_.Text(); },
+                       [this](const std::string& text) { SetSQL(data::Sql::OfHost(text)); }};
   Properties["Caption"] = {[this] { return Caption.get(); }, [this](const std::string& text) { Caption = text; }};
   Properties["SortBy"] = Text(SortBy);
   Properties["Title"] = Text(Title);

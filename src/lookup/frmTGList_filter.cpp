@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "data/literal.h"
-#include "editing/attempt.h"
 #include "forms/text.h"
 #include "lookup/frmTGList.h"
 #include "lookup/name_filter.h"
@@ -27,7 +26,7 @@ std::string* NameCell(NameFilter& names, std::string_view caption) {
 }  // namespace
 
 void frmTGList::ReadOptions() {
-  editing::Attempt(context_.user, [this] {
+  Attempt([this] {
     optFiltMid.Value = forms::IsOn(context_.session.UserOption(kOptions, kSearchAnywhere));
     const bool auto_clear = forms::IsOn(context_.session.UserOption(kOptions, kAutoClear));
     chkAutoClearFilter.Value = auto_clear ? forms::CheckState::On : forms::CheckState::Off;
@@ -36,7 +35,7 @@ void frmTGList::ReadOptions() {
 }
 
 void frmTGList::WriteOption(std::string_view key, bool set) {
-  editing::Attempt(context_.user, [&] { context_.session.SetUserOption(kOptions, key, set ? "1" : "0"); });
+  Attempt([&] { context_.session.SetUserOption(kOptions, key, set ? "1" : "0"); });
 }
 
 // The rows that stand filtered are filtered anew.
@@ -73,11 +72,11 @@ void frmTGList::ClearFilter() {
   }
 }
 
-std::optional<std::vector<std::string>> frmTGList::FilterConditions() const {
+std::optional<std::vector<data::Sql>> frmTGList::FilterConditions() const {
   const bool anywhere = optFiltMid.Value;
   const bool of_persons = DotNetGrid.ColumnIndex("Last Name") >= 0 && DotNetGrid.ColumnIndex("First Name") >= 0;
   NameFilter names;
-  std::vector<std::string> conditions;
+  std::vector<data::Sql> conditions;
   for (const forms::GridColumn& column : DotNetGrid.Columns.get()) {
     if (forms::Trim(column.filter).empty()) {
       continue;
@@ -93,7 +92,7 @@ std::optional<std::vector<std::string>> frmTGList::FilterConditions() const {
     return std::nullopt;
   }
   const NameColumns columns = {statement_.Expression("Last Name"), statement_.Expression("First Name")};
-  if (std::string condition = NameCondition(names, columns, anywhere); !condition.empty()) {
+  if (data::Sql condition = NameCondition(names, columns, anywhere); !condition.Empty()) {
     conditions.insert(conditions.begin(), std::move(condition));
   }
   return conditions;

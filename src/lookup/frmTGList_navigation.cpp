@@ -1,7 +1,7 @@
 #include <array>
 
 #include "data/literal.h"
-#include "editing/attempt.h"
+#include "data/persons.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -10,11 +10,6 @@ namespace {
 constexpr std::array kCommands = {"Patient", "Trans",    "TransHis", "FamTab", "Aging",
                                   "Notes",   "PrintEnv", "Label",    "LtrQ",   "Image"};
 constexpr std::string_view kDeferred = "GOTO,";
-
-std::string NameOf(const session::Recordset& person, std::size_t last, std::size_t first) {
-  const std::string first_name = session::ToText(person.Get(first));
-  return session::ToText(person.Get(last)) + (first_name.empty() ? "" : ", " + first_name);
-}
 
 }  // namespace
 
@@ -43,18 +38,17 @@ void frmTGList::GoTo(const std::string& command) {
 
 bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
   bool patient = false;
-  editing::Attempt(context_.user, [&] {
+  Attempt([&] {
     std::string name;
     {
       const auto person = statements_.Select(
           "SELECT pTypPat, pLASNAM, pFIRNAM FROM PATable WHERE pID=" + data::Literal(id) + statements_.Office());
       if (person->Eof()) {
-        context_.user.Tell("Person " + std::to_string(id) + " was not found in the database.",
-                           std::string(forms::kSuiteTitle), forms::Icon::Information);
+        Tell("Person " + std::to_string(id) + " was not found in the database.", forms::Icon::Information);
         return;
       }
       patient = session::ToText(person->Get(0)) >= "1";
-      name = NameOf(*person, 1, 2);
+      name = data::LastFirst(person->Get(1), person->Get(2));
     }
     if (patient || !WantsPatient(name, command)) {
       return;
@@ -67,10 +61,7 @@ bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
 
 bool frmTGList::WantsPatient(const std::string& name, const std::string& command) const {
   const std::string screen = command == "Trans" ? "Patient Transaction Screen" : "Patient Information Screen";
-  return context_.user.Ask({.text = name + " is not a patient and has no " + screen + ". Do you want to make " + name +
-                                    " a patient now?",
-                            .buttons = forms::kYesNo,
-                            .icon = forms::Icon::Question}) == forms::Answer::Yes;
+  return Confirm(name + " is not a patient and has no " + screen + ". Do you want to make " + name + " a patient now?");
 }
 
 void frmTGList::Timer1_Elapsed() {

@@ -9,7 +9,9 @@
 namespace lookup {
 namespace {
 
+using data::Sql;
 using data::Statements;
+using data::Words;
 
 ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
   ListDefinition list;
@@ -21,28 +23,27 @@ ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
     list.window_texts.emplace_back("Delete");
   }
   // The second join and the reach of the office condition are what practices have stored: they stay as they are.
-  list.sql =
-      "SELECT DISTINCTROW PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
-      "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], "
-      "PATABLE.pProTTL AS Title, PATABLE.pBUSPHO AS [Business Phone], "
-      "PATABLE.pHOMPHO AS [Home Phone], PATABLE.pADD1 AS [Home Address 1], "
-      "PATABLE.pADD2 AS [Home Address 2], PATABLE.pCIT AS [H-City], PATABLE.pSTA AS [H-State], "
-      "PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num], "
-      "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpAdd2 AS [Business Address 2], "
-      "EmpTable.EmpCIT AS [B-City], EmpTable.EmpSTA AS [B-State], EmpTable.EmpZip AS [B-Zip] "
-      "FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID" +
-      db.OfficeJoin(" and (PATABLE.OfficeID = ELTable.OfficeID) ") +
-      ") LEFT JOIN EmpTable ON ELTable.elEmpID = ELTable.EmpInd " +
-      db.OfficeJoin(" and (ELTable.OfficeID = ELTable.OfficeID) ") +
-      "WHERE (PATABLE.pTypEmp='1') OR (PATABLE.pTypEmp='2') " + db.Office(" and (PATABLE.OfficeID = ", ") ");
-  list.sort = "Name";
+  list.sql = Sql("SELECT DISTINCTROW PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
+                 "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], "
+                 "PATABLE.pProTTL AS Title, PATABLE.pBUSPHO AS [Business Phone], "
+                 "PATABLE.pHOMPHO AS [Home Phone], PATABLE.pADD1 AS [Home Address 1], "
+                 "PATABLE.pADD2 AS [Home Address 2], PATABLE.pCIT AS [H-City], PATABLE.pSTA AS [H-State], "
+                 "PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num], "
+                 "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpAdd2 AS [Business Address 2], "
+                 "EmpTable.EmpCIT AS [B-City], EmpTable.EmpSTA AS [B-State], EmpTable.EmpZip AS [B-Zip] "
+                 "FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID") +
+             db.OfficeJoin(" and (PATABLE.OfficeID = ELTable.OfficeID) ") +
+             ") LEFT JOIN EmpTable ON ELTable.elEmpID = ELTable.EmpInd " +
+             db.OfficeJoin(" and (ELTable.OfficeID = ELTable.OfficeID) ") +
+             "WHERE (PATABLE.pTypEmp='1') OR (PATABLE.pTypEmp='2') " + db.Office(" and (PATABLE.OfficeID = ", ") ");
+  list.sort = Words("Name");
   list.layout_key = "frmTGList_EMPL";
   list.hand_off_column = "pID";
   list.hand_off_table = "PaTable";
   return list;
 }
 
-std::string LinkJoins(const Statements& db) {
+Sql LinkJoins(const Statements& db) {
   return "FROM ((ELTable INNER JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd" +
          db.OfficeJoin(" and (ELTable.OfficeID = EmpTable.OfficeID) ") +
          ") INNER JOIN InsCoTable ON ELTable.elInsID = InsCoTable.InsCoInd" +
@@ -57,16 +58,15 @@ ListDefinition InsuranceGroupList(const Statements& db) {
   list.caption = "Copy Insurance Plan From ...";
   list.window_texts = {"InsGroup",       "Link ID",  "Group Number", "[Employer Name]",  "[Insurance Company]",
                        "[Group Number]", "[Emp ID]", "ALL",          "Insurance Company"};
-  list.sql =
-      "SELECT DISTINCTROW EmpTable.EmpNam as [Employer Name], "
-      "InsCoTable.InsCoNam as [Insurance Company], "
-      "GroPlaTable.GroPlaGroNum as [Group Number], "
-      "GroPlaTable.GroPlaNam as [Plan Name], "
-      "GroPlaTable.GroPlaInd as [Plan ID], "
-      "EmpTable.EmpInd as [Emp ID], "
-      "ELTable.elID as [Link ID] " +
-      LinkJoins(db) + "WHERE (((ELTable.elFla)=0))" + db.Office(" and (ELTable.OfficeID = ", ") ");
-  list.sort = "[Insurance Company], [Group Number]";
+  list.sql = Sql("SELECT DISTINCTROW EmpTable.EmpNam as [Employer Name], "
+                 "InsCoTable.InsCoNam as [Insurance Company], "
+                 "GroPlaTable.GroPlaGroNum as [Group Number], "
+                 "GroPlaTable.GroPlaNam as [Plan Name], "
+                 "GroPlaTable.GroPlaInd as [Plan ID], "
+                 "EmpTable.EmpInd as [Emp ID], "
+                 "ELTable.elID as [Link ID] ") +
+             LinkJoins(db) + "WHERE (((ELTable.elFla)=0))" + db.Office(" and (ELTable.OfficeID = ", ") ");
+  list.sort = Words("[Insurance Company], [Group Number]");
   list.layout_key = "frmTGList_INGR";
   return list;
 }
@@ -77,17 +77,16 @@ ListDefinition RecallMasterList(const Statements& db) {
   list.title = "Recall Master List";
   list.caption = "Recall Master List";
   list.window_texts = {"RecallMaster", "ID #", "Title", "[Title]", "[ID #]"};
-  list.sql =
-      "SELECT DISTINCT RSTable.RCRecNum as [ID #],  "
-      "RSTable.RCTtl as Title, "
-      "RSTable.RCRecPer as Period,  "
-      "RSTable.RCDuePer as Due, "
-      "RSTable.RCDuePerLet as [Due Letter], "
-      "RSTable.RCCod as [Recall Codes] "
-      "FROM RSTable "
-      "WHERE RCRecNum <> 0" +
-      db.Office(" and (OfficeID = ", ") ");
-  list.sort = "[ID #]";
+  list.sql = Sql("SELECT DISTINCT RSTable.RCRecNum as [ID #],  "
+                 "RSTable.RCTtl as Title, "
+                 "RSTable.RCRecPer as Period,  "
+                 "RSTable.RCDuePer as Due, "
+                 "RSTable.RCDuePerLet as [Due Letter], "
+                 "RSTable.RCCod as [Recall Codes] "
+                 "FROM RSTable "
+                 "WHERE RCRecNum <> 0") +
+             db.Office(" and (OfficeID = ", ") ");
+  list.sort = Words("[ID #]");
   list.layout_key = "frmTGList_RCMA";
   return list;
 }
@@ -98,13 +97,13 @@ ListDefinition ManagedCarePlansList(const Statements& db) {
   list.caption = "Select Managed Care Plan ...";
   list.window_texts = {"CapPlans", "Plan ID", "Group Number", "[Group Number]", "[Plan ID]"};
   list.sql =
-      "SELECT DISTINCT InsCoTable.InsCoNam as [Insurance Company], GroPlaTable.GroPlaGroNum as [Group Number], "
-      "GroPlaTable.GroPlaNam as [Plan Name], GroPlaTable.GroPlaInd as [Plan ID], "
-      "InsCoTable.InsCoInd as [Ins ID], "
-      "ELTable.elID as [Link ID] " +
+      Sql("SELECT DISTINCT InsCoTable.InsCoNam as [Insurance Company], GroPlaTable.GroPlaGroNum as [Group Number], "
+          "GroPlaTable.GroPlaNam as [Plan Name], GroPlaTable.GroPlaInd as [Plan ID], "
+          "InsCoTable.InsCoInd as [Ins ID], "
+          "ELTable.elID as [Link ID] ") +
       LinkJoins(db) + "WHERE (((ELTable.elFla)=0)) AND ((GroPlaTable.GroPlaCat)='CAPITATION')" +
       db.Office(" and (ELTable.OfficeID = ", ") ");
-  list.sort = "[Insurance Company], [Group Number]";
+  list.sort = Words("[Insurance Company], [Group Number]");
   list.layout_key = "frmTGList_CAPL";
   return list;
 }
@@ -169,10 +168,10 @@ ListDefinition DefinitionOf(session::PickList list, const Statements& statements
   definition.title = kind.title;
   definition.window_texts = {kind.key, "ID Num", kPickDescription, "[Code]", "[Description]"};
   definition.sql =
-      "SELECT PickListTable.PLCode AS [Code], PickListTable.PLDes AS [Description], PickListTable.PLID AS [ID Num] "
-      "FROM PickListTable WHERE (PickListTable.PLKind=" +
+      Sql("SELECT PickListTable.PLCode AS [Code], PickListTable.PLDes AS [Description], PickListTable.PLID AS [ID Num] "
+          "FROM PickListTable WHERE (PickListTable.PLKind=") +
       data::Literal(kind.key) + ")" + statements.Office(" and (PickListTable.OfficeID = ", ") ");
-  definition.sort = "[Code], [Description]";
+  definition.sort = Words("[Code], [Description]");
   definition.layout_key = kind.layout;
   return definition;
 }

@@ -28,8 +28,8 @@ struct ListDefinition {
   // The list's name, its ID and its name column, then the columns that a person tells the rows apart by and the
   // commands of the list ("Delete"; "ALL": it starts unfiltered).
   std::vector<std::string> window_texts;
-  std::string sql;
-  std::string sort;
+  data::Sql sql;
+  data::Sql sort;
   std::string layout_key;
   // Under which the host is told the choice; empty when it is not told.
   std::string hand_off_column;

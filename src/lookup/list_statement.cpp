@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cctype>
 
+#include "data/literal.h"
 #include "forms/text.h"
 
 namespace lookup {
 namespace {
+
+using data::Sql;
 
 // A word, a bracketed or quoted name, or a single sign outside all parentheses.
 struct Token {
@@ -66,20 +69,20 @@ std::string WithoutBrackets(std::string_view name) {
   return std::string(bracketed ? name.substr(1, name.size() - 2) : name);
 }
 
-std::string_view TrimRight(std::string_view text) {
-  while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back())) != 0) {
-    text.remove_suffix(1);
-  }
-  return text;
-}
-
 using TokenRange = std::pair<std::vector<Token>::const_iterator, std::vector<Token>::const_iterator>;
 
-ListStatement::Column ReadColumn(std::string_view sql, std::size_t begin, std::size_t end, TokenRange tokens) {
+// Without the blanks around it.
+Sql Trimmed(const Sql& sql, std::size_t begin, std::size_t end) {
+  const std::string_view text = sql.Text();
+  const std::string_view part = forms::Trim(text.substr(begin, end - begin));
+  return part.empty() ? Sql() : sql.Part(static_cast<std::size_t>(part.data() - text.data()), part.size());
+}
+
+ListStatement::Column ReadColumn(const Sql& statement, std::size_t begin, std::size_t end, TokenRange tokens) {
+  const std::string_view sql = statement.Text();
   for (auto token = tokens.first; token != tokens.second; ++token) {
     if (token->word == "AS") {
-      return {WithoutBrackets(sql.substr(token->end, end - token->end)),
-              std::string(forms::Trim(sql.substr(begin, token->begin - begin)))};
+      return {WithoutBrackets(sql.substr(token->end, end - token->end)), Trimmed(statement, begin, token->begin)};
     }
   }
   const std::string_view expression = forms::Trim(sql.substr(begin, end - begin));
@@ -87,13 +90,14 @@ ListStatement::Column ReadColumn(std::string_view sql, std::size_t begin, std::s
   const auto expression_end = static_cast<std::size_t>(expression.data() - sql.data()) + expression.size();
   const bool named = tokens.first != tokens.second && std::prev(tokens.second)->end == expression_end;
   const std::size_t last = named ? std::prev(tokens.second)->begin : begin;
-  return {WithoutBrackets(sql.substr(last, end - last)), std::string(expression)};
+  return {WithoutBrackets(sql.substr(last, end - last)), Trimmed(statement, begin, end)};
 }
 
 }  // namespace
 
-ListStatement::ListStatement(std::string sql) : sql_(std::move(sql)), where_end_(sql_.size()), order_(sql_.size()) {
-  const std::vector<Token> tokens = TopLevelTokens(sql_);
+ListStatement::ListStatement(Sql sql)
+    : sql_(std::move(sql)), where_end_(sql_.Text().size()), order_(sql_.Text().size()) {
+  const std::vector<Token> tokens = TopLevelTokens(sql_.Text());
   auto token = tokens.begin();
   const auto is = [&](std::string_view word) { return token != tokens.end() && token->word == word; };
   if (!is("SELECT")) {
@@ -112,7 +116,7 @@ ListStatement::ListStatement(std::string sql) : sql_(std::move(sql)), where_end_
       ++token;
     }
     const std::size_t begin = first == tokens.begin() ? 0 : std::prev(first)->end;
-    const std::size_t end = token == tokens.end() ? sql_.size() : token->begin;
+    const std::size_t end = token == tokens.end() ? sql_.Text().size() : token->begin;
     columns_.push_back(ReadColumn(sql_, begin, end, {first, token}));
     if (is(",")) {
       ++token;
@@ -130,39 +134,37 @@ ListStatement::ListStatement(std::string sql) : sql_(std::move(sql)), where_end_
   }
 }
 
-std::string ListStatement::Expression(std::string_view caption) const {
+Sql ListStatement::Expression(std::string_view caption) const {
   const auto found = std::ranges::find_if(
       columns_, [&](const Column& column) { return forms::EqualsIgnoringCase(column.caption, caption); });
-  return found == columns_.end() ? "[" + std::string(caption) + "]" : found->expression;
+  return found == columns_.end() ? data::Bracketed(caption) : found->expression;
 }
 
-std::string ListStatement::Text(const std::vector<std::string>& conditions, std::string_view sort) const {
-  const std::string_view sql = sql_;
-  if (conditions.empty() && sort.empty()) {
+Sql ListStatement::With(const std::vector<Sql>& conditions, const Sql& sort) const {
+  if (conditions.empty() && sort.Empty()) {
     return sql_;
   }
-  std::string text;
+  Sql text;
   if (conditions.empty()) {
-    text = sql.substr(0, order_);
+    text = sql_.Part(0, order_);
   } else {
     if (where_ == std::string::npos) {
-      text = std::string(TrimRight(sql.substr(0, where_end_))) + " WHERE (";
+      text = Trimmed(sql_, 0, where_end_) + " WHERE (";
     } else {
-      text = std::string(sql.substr(0, where_)) + " (";
-      text.append(forms::Trim(sql.substr(where_, where_end_ - where_))).append(") AND (");
+      text = sql_.Part(0, where_) + " (" + Trimmed(sql_, where_, where_end_) + ") AND (";
     }
     for (std::size_t i = 0; i < conditions.size(); ++i) {
-      text.append(i == 0 ? "" : " AND ").append(conditions[i]);
+      text += (i == 0 ? Sql() : Sql(" AND ")) + conditions[i];
     }
-    text += ")";
+    text += Sql(")");
     if (where_end_ < order_) {
-      text.append(" ").append(sql.substr(where_end_, order_ - where_end_));
+      text += Sql(" ") + sql_.Part(where_end_, order_ - where_end_);
     }
   }
-  if (!sort.empty()) {
-    return text.append(" ORDER BY ").append(sort);
+  if (!sort.Empty()) {
+    return text + " ORDER BY " + sort;
   }
-  return order_ < sql.size() ? text.append(" ").append(sql.substr(order_)) : text;
+  return order_ < sql_.Text().size() ? text + " " + sql_.Part(order_) : text;
 }
 
 SortTerm FirstSortTerm(std::string_view sort) {

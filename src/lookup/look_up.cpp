@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "data/statements.h"
-#include "editing/attempt.h"
+#include "editing/rules.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -66,8 +66,8 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, std::int32_t t
     outcome.text = WithoutOpenComma(std::move(outcome.text));
   }
   if (!list.hand_off_table.empty()) {
-    editing::Attempt(context.user,
-                     [&] { context.session.RecordHandOff(list.hand_off_column, list.hand_off_table, outcome.id); });
+    editing::Rules(context).Attempt(
+        [&] { context.session.RecordHandOff(list.hand_off_column, list.hand_off_table, outcome.id); });
   }
   return outcome;
 }

@@ -6,24 +6,26 @@
 namespace lookup {
 namespace {
 
+using data::Sql;
+
 class Conditions {
  public:
   Conditions(const NameColumns& columns, bool anywhere) : columns_(columns), anywhere_(anywhere) {}
 
-  std::string Names(std::string_view last, std::string_view first) const {
+  Sql Names(std::string_view last, std::string_view first) const {
     last = forms::Trim(last);
     first = forms::Trim(first);
-    std::string text;
+    Sql text;
     if (!last.empty()) {
       text = "((" + columns_.last_name + ") like " + Pattern(last) + ")";
     }
     if (!first.empty()) {
-      text += (text.empty() ? "" : " AND ") + ("((" + columns_.first_name + ") like " + Pattern(first) + ")");
+      text += (text.Empty() ? Sql("((") : Sql(" AND ((")) + columns_.first_name + ") like " + Pattern(first) + ")";
     }
-    return text.empty() ? text : "(" + text + ")";
+    return text.Empty() ? text : "(" + text + ")";
   }
 
-  std::string Name(std::string_view name) const {
+  Sql Name(std::string_view name) const {
     name = forms::Trim(name);
     if (const std::size_t comma = name.find(','); comma != std::string_view::npos) {
       return Names(name.substr(0, comma), name.substr(comma + 1));
@@ -33,15 +35,15 @@ class Conditions {
       return Names(name, {});
     }
     const std::size_t last_blank = name.rfind(' ');
-    std::string text = Names(name.substr(first_blank), name.substr(0, first_blank));
+    Sql text = Names(name.substr(first_blank), name.substr(0, first_blank));
     if (last_blank != first_blank) {
-      text += " OR " + Names(name.substr(last_blank), name.substr(0, last_blank));
+      text += Sql(" OR ") + Names(name.substr(last_blank), name.substr(0, last_blank));
     }
     return "(" + text + " OR " + Names(name, {}) + ")";
   }
 
  private:
-  std::string Pattern(std::string_view text) const {
+  Sql Pattern(std::string_view text) const {
     return anywhere_ ? data::LikeContaining(text) : data::LikeBeginning(text);
   }
 
@@ -51,7 +53,7 @@ class Conditions {
 
 }  // namespace
 
-std::string NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere) {
+Sql NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere) {
   const Conditions conditions(columns, anywhere);
   return filter.name.empty() ? conditions.Names(filter.last_name, filter.first_name) : conditions.Name(filter.name);
 }

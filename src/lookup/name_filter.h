@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "data/sql.h"
+
 namespace lookup {
 
 // What a person typed into the filter cells of a list of persons.
@@ -22,13 +24,13 @@ inline constexpr std::string_view kDifferentNames =
 
 // The expressions that the list selects its names from.
 struct NameColumns {
-  std::string last_name;   // "PATABLE.pLASNAM"
-  std::string first_name;  // "PATABLE.pFIRNAM"
+  data::Sql last_name;   // "PATABLE.pLASNAM"
+  data::Sql first_name;  // "PATABLE.pFIRNAM"
 };
 
 // "(((PATABLE.pLASNAM) like 'Smi%') AND ((PATABLE.pFIRNAM) like 'J%'))", with the half that was not typed left out;
 // `anywhere` finds the letters inside the names too. A name of several words without a comma matches as first and
 // last name, parted at its first or its last blank, or as a last name of several words. Empty for an empty filter.
-std::string NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere);
+data::Sql NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere);
 
 }  // namespace lookup

@@ -7,7 +7,9 @@
 namespace lookup {
 namespace {
 
+using data::Sql;
 using data::Statements;
+using data::Words;
 using session::RecordKind;
 
 struct PersonKind {
@@ -16,18 +18,18 @@ struct PersonKind {
   const char* title;
   const char* list_name;
   const char* layout_key;
-  const char* condition;
+  Words condition;
   bool deletable;
 };
 
 // Compared for equality, which an index on the flag answers at once in a practice of any size.
-constexpr const char* kProviders = "(PATABLE.pTypDoc='1') OR (PATABLE.pTypDoc='2')";
-constexpr const char* kPhysicians = "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2')";
-constexpr const char* kReferrals = "(PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
+constexpr Words kProviders = "(PATABLE.pTypDoc='1') OR (PATABLE.pTypDoc='2')";
+constexpr Words kPhysicians = "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2')";
+constexpr Words kReferrals = "(PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
 // Patients are referred in by referral sources and out to physicians.
-constexpr const char* kReferredInOrOut =
+constexpr Words kReferredInOrOut =
     "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2') OR (PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
-constexpr const char* kFamilyHeads =
+constexpr Words kFamilyHeads =
     "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
     "PATABLE.pTypPat >= '1'";
 
@@ -76,20 +78,19 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   if (kind.deletable) {
     AddDelete(list, narrowing);
   }
-  std::string condition = "(" + std::string(kind.condition) + ")";
+  Sql condition = Sql("(") + kind.condition + ")";
   if (type == session::lulFamilyHead && narrowing.family_head_including != 0) {
     condition = "(" + condition + " or PATABLE.pID = " + data::Literal(narrowing.family_head_including) + ")";
   }
-  list.sql =
-      "SELECT PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
-      "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], " +
-      std::string(type == session::lulFamilyHead ? "PATABLE.pTTL" : "PATABLE.pProTTL") +
-      " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
-      "PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD1 AS [Address 1], PATABLE.pADD2 AS [Address 2], "
-      "PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num] "
-      "FROM PATABLE WHERE " +
-      condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
-  list.sort = "[Last Name], [First Name]";
+  list.sql = Sql("SELECT PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
+                 "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], ") +
+             (type == session::lulFamilyHead ? Sql("PATABLE.pTTL") : Sql("PATABLE.pProTTL")) +
+             " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
+             "PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD1 AS [Address 1], PATABLE.pADD2 AS [Address 2], "
+             "PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num] "
+             "FROM PATABLE WHERE " +
+             condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
+  list.sort = Words("[Last Name], [First Name]");
   list.layout_key = kind.layout_key;
   list.hand_off_column = "pID";
   list.hand_off_table = "PaTable";
@@ -102,14 +103,13 @@ ListDefinition InsuranceCompanyList(const Statements& statements, const ListNarr
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
   AddDelete(list, narrowing);
-  list.sql =
-      "SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
-      "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, "
-      "InsCoTable.InsCoZip AS Zip, InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoTel2 AS [Phone 2], "
-      "InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoInd AS [ID Num] "
-      "FROM InsCoTable WHERE (InsCoTable.InsCoInd <> 0)" +
-      statements.Office(" and (InsCoTable.OfficeID = ", ") ");
-  list.sort = "[Insurance Company]";
+  list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
+                 "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, "
+                 "InsCoTable.InsCoZip AS Zip, InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoTel2 AS [Phone 2], "
+                 "InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoInd AS [ID Num] "
+                 "FROM InsCoTable WHERE (InsCoTable.InsCoInd <> 0)") +
+             statements.Office(" and (InsCoTable.OfficeID = ", ") ");
+  list.sort = Words("[Insurance Company]");
   list.layout_key = "frmTGList_INSC";
   list.hand_off_column = "InsCoID";
   list.hand_off_table = "InsCoTable";
@@ -121,13 +121,13 @@ ListDefinition EmployerList(const Statements& statements, const ListNarrowing& n
   list.title = "Employer List";
   list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
   AddDelete(list, narrowing);
-  list.sql =
-      "SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], EmpTable.EmpAdd2 AS [Address 2], "
-      "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
-      "EmpTable.EmpInd AS [ID Num] "
-      "FROM EmpTable WHERE (EmpTable.EmpInd <> 0)" +
-      statements.Office(" and (EmpTable.OfficeID = ", ") ");
-  list.sort = "[Employer Name]";
+  list.sql = Sql("SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], EmpTable.EmpAdd2 AS "
+                 "[Address 2], "
+                 "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
+                 "EmpTable.EmpInd AS [ID Num] "
+                 "FROM EmpTable WHERE (EmpTable.EmpInd <> 0)") +
+             statements.Office(" and (EmpTable.OfficeID = ", ") ");
+  list.sort = Words("[Employer Name]");
   list.layout_key = "frmTGList_EMPR";
   list.hand_off_column = "EmpInd";
   list.hand_off_table = "EmpTable";
@@ -141,18 +141,17 @@ ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& 
   list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
                        "[Group Number]", "[Plan Name]", "[ID Num]"};
   AddDelete(list, narrowing);
-  list.sql =
-      "SELECT InsCoTable.InsCoNam AS [Insurance Company], GroPlaTable.GroPlaNam AS [Plan Name], "
-      "GroPlaTable.GroPlaGroNum AS [Group Number], GroPlaTable.GroPlaCat AS Category, "
-      "GroPlaTable.GroPlaInd AS [ID Num] "
-      "FROM GroPlaTable LEFT JOIN InsCoTable ON GroPlaTable.GroPlaInsID = InsCoTable.InsCoInd" +
-      statements.OfficeJoin(" and (GroPlaTable.OfficeID = InsCoTable.OfficeID)") +
-      " WHERE (GroPlaTable.GroPlaInd <> 0)";
+  list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], GroPlaTable.GroPlaNam AS [Plan Name], "
+                 "GroPlaTable.GroPlaGroNum AS [Group Number], GroPlaTable.GroPlaCat AS Category, "
+                 "GroPlaTable.GroPlaInd AS [ID Num] "
+                 "FROM GroPlaTable LEFT JOIN InsCoTable ON GroPlaTable.GroPlaInsID = InsCoTable.InsCoInd") +
+             statements.OfficeJoin(" and (GroPlaTable.OfficeID = InsCoTable.OfficeID)") +
+             " WHERE (GroPlaTable.GroPlaInd <> 0)";
   if (narrowing.group_plan_company != 0) {
     list.sql += " and (GroPlaTable.GroPlaInsID = " + data::Literal(narrowing.group_plan_company) + ")";
   }
   list.sql += statements.Office(" and (GroPlaTable.OfficeID = ", ") ");
-  list.sort = "[Insurance Company], [Plan Name]";
+  list.sort = Words("[Insurance Company], [Plan Name]");
   list.layout_key = "frmTGList_GRPL";
   list.hand_off_column = "GroPlaInd";
   list.hand_off_table = "GroPlaTable";
@@ -165,13 +164,13 @@ ListDefinition PharmacyList(const Statements& statements, const ListNarrowing& n
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
   AddDelete(list, narrowing);
-  list.sql =
-      "SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], PhaTable.PhaAdd2 AS [Address 2], "
-      "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "
-      "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num] "
-      "FROM PhaTable WHERE (PhaTable.PhaID <> 0)" +
-      statements.Office(" and (PhaTable.OfficeID = ", ") ");
-  list.sort = "[Pharmacy Name]";
+  list.sql = Sql("SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], PhaTable.PhaAdd2 AS "
+                 "[Address 2], "
+                 "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "
+                 "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num] "
+                 "FROM PhaTable WHERE (PhaTable.PhaID <> 0)") +
+             statements.Office(" and (PhaTable.OfficeID = ", ") ");
+  list.sort = Words("[Pharmacy Name]");
   list.layout_key = "frmTGList_PHAR";
   list.hand_off_column = "PhaID";
   list.hand_off_table = "PhaTable";

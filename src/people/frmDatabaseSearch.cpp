@@ -1,12 +1,16 @@
 #include "people/frmDatabaseSearch.h"
 
-#include "data/statements.h"
-#include "editing/attempt.h"
+#include <functional>
+
+#include "editing/recordset_rows.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
 
 namespace people {
 namespace {
+
+constexpr int kFirstPage = 100;
+constexpr int kIdColumn = 5;
 
 // "1 Main St Apt 2 Springfield, IL 62701", without what is not known.
 std::string Address(const std::string& line1, const std::string& line2, const std::string& city,
@@ -25,34 +29,18 @@ std::string Address(const std::string& line1, const std::string& line2, const st
   return address;
 }
 
-// Persons as they are read from the statement.
-class PersonRows : public forms::TableRows {
- public:
-  PersonRows(std::unique_ptr<session::Recordset> persons, std::vector<std::int32_t>& ids)
-      : persons_(std::move(persons)), ids_(ids) {}
+std::string Text(const session::Recordset& person, std::string_view column) {
+  return session::ToText(person[column]);
+}
 
-  bool FetchMore() override {
-    constexpr int kPage = 100;
-    for (int i = 0; i < kPage && !persons_->Eof(); ++i, persons_->MoveNext()) {
-      const session::Recordset& person = *persons_;
-      const auto text = [&](const char* column) { return session::ToText(person[column]); };
-      ids_.push_back(session::ToId(person["pID"]));
-      rows.push_back(
-          {{text("pFIRNAM") + " " + text("pLASNAM") + " [ " + text("pID") + " ]", text("pHOMPHO"), text("pBUSPHO"),
-            text("pSSN"), Address(text("pADD1"), text("pADD2"), text("pCIT"), text("pSTA"), text("pZIP"))}});
-    }
-    return !persons_->Eof();
-  }
-
- private:
-  std::unique_ptr<session::Recordset> persons_;
-  std::vector<std::int32_t>& ids_;
-};
+std::function<std::string(const session::Recordset&)> Column(std::string_view column) {
+  return [column](const session::Recordset& person) { return Text(person, column); };
+}
 
 }  // namespace
 
 frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
-    : Form("frmDatabaseSearch"), context_(context) {
+    : Form("frmDatabaseSearch"), Rules(context) {
   Caption = "Database Search";
   Add("Name_List", Name_List);
   Add("DialogButtons1", DialogButtons1);
@@ -60,11 +48,11 @@ frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
   Properties["FamilyHeads"] = {[this] { return std::string(FamilyHeads ? "True" : "False"); },
                                [this](const std::string& text) { FamilyHeads = forms::IsOn(text); }};
   Properties["SelectedID"] = {[this] { return std::to_string(SelectedID); }, nullptr};
-  Name_List.Columns = std::vector<forms::GridColumn>{{.key = "Name", .caption = "Name", .width = 220},
-                                                     {.key = "pHOMPHO", .caption = "Home", .width = 110},
-                                                     {.key = "pBUSPHO", .caption = "Work", .width = 110},
-                                                     {.key = "pSSN", .caption = "SSN", .width = 90},
-                                                     {.key = "Addr", .caption = "Addr.", .width = 320}};
+  Name_List.Columns = std::vector<forms::GridColumn>{
+      {.key = "Name", .caption = "Name", .width = 220},    {.key = "pHOMPHO", .caption = "Home", .width = 110},
+      {.key = "pBUSPHO", .caption = "Work", .width = 110}, {.key = "pSSN", .caption = "SSN", .width = 90},
+      {.key = "Addr", .caption = "Addr.", .width = 320},   {.key = "pID", .caption = "ID", .visible = false}};
+  Name_List.AccessibleName = "Persons found";
   Name_List.DblClick = [this] { Choose(); };
   Name_List.KeyDown = [this](forms::Key key) {
     if (key == forms::Key::Enter) {
@@ -85,26 +73,33 @@ frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
 }
 
 int frmDatabaseSearch::Search() {
-  const data::Statements statements(context_.session);
-  ids_.clear();
-  auto rows =
-      std::make_shared<PersonRows>(statements.Select(NameSearch(context_.session, SearchText, FamilyHeads)), ids_);
-  rows->FetchMore();
+  const auto name = [](const session::Recordset& person) {
+    return Text(person, "pFIRNAM") + " " + Text(person, "pLASNAM") + " [ " + Text(person, "pID") + " ]";
+  };
+  const auto address = [](const session::Recordset& person) {
+    return Address(Text(person, "pADD1"), Text(person, "pADD2"), Text(person, "pCIT"), Text(person, "pSTA"),
+                   Text(person, "pZIP"));
+  };
+  const auto rows = std::make_shared<editing::RecordsetRows>(
+      statements_.Select(NameSearch(context_.session, SearchText, FamilyHeads)),
+      editing::RecordsetRows::Cells{name, Column("pHOMPHO"), Column("pBUSPHO"), Column("pSSN"), address,
+                                    Column("pID")});
+  rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  rows->Fetch(kFirstPage);
   Name_List.Rows = rows;
   Name_List.Row = rows->Count() > 0 ? 0 : -1;
   return rows->Count();
 }
 
 void frmDatabaseSearch::OnLoad() {
-  if (ids_.empty() && !editing::Attempt(context_.user, [this] { Search(); })) {
+  if (Name_List.RowCount() == 0 && !Attempt([this] { Search(); })) {
     Close();
   }
 }
 
 void frmDatabaseSearch::Choose() {
-  const int row = Name_List.Row;
-  if (row >= 0 && row < static_cast<int>(ids_.size())) {
-    SelectedID = ids_[static_cast<std::size_t>(row)];
+  if (const int row = Name_List.Row; row >= 0) {
+    SelectedID = session::ToId(session::Value(std::string(Name_List.Cell(row, kIdColumn))));
     Close();
   }
 }

@@ -1,19 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <vector>
 
+#include "editing/rules.h"
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
 #include "forms/grid.h"
-#include "session/screens.h"
 
 namespace people {
 
 // The "Database Search" list: the persons whose names begin as typed.
-class frmDatabaseSearch : public forms::Form {
+class frmDatabaseSearch : public forms::Form, private editing::Rules {
  public:
   explicit frmDatabaseSearch(const session::ScreenContext& context);
 
@@ -30,16 +28,13 @@ class frmDatabaseSearch : public forms::Form {
 
   // Reads the first matches; how many there are. Throws session::DatabaseError.
   int Search();
-  bool DoIdle() override { return Name_List.FetchMore(); }
 
  protected:
   void OnLoad() override;
+  bool OnIdle() override { return Name_List.FetchMore(); }
 
  private:
   void Choose();
-
-  session::ScreenContext context_;
-  std::vector<std::int32_t> ids_;
 };
 
 }  // namespace people

@@ -6,35 +6,26 @@
 #include "data/literal.h"
 #include "data/statements.h"
 #include "editing/Contacts.h"
-#include "editing/attempt.h"
+#include "editing/rules.h"
 #include "forms/text.h"
 #include "people/frmDatabaseSearch.h"
 
 namespace people {
 namespace {
 
+using data::Sql;
 using editing::NamePromptText;
 
-std::string Quoted(const session::Database& database, std::string_view beginning) {
-  std::string literal = data::LikeBeginning(beginning);
-  if (database.DatabaseKind() != session::kFileDatabase) {
-    return literal;
-  }
-  // The file database's statements put text into double quotes.
-  std::string quoted = "\"";
-  for (std::size_t i = 1; i + 1 < literal.size(); ++i) {
-    quoted.append(literal[i] == '"' ? 2 : 1, literal[i]);
-    if (literal[i] == '\'') {
-      ++i;  // a doubled quote
-    }
-  }
-  return quoted + "\"";
+// The file database's statements put text into double quotes.
+Sql Beginning(const session::Database& database, std::string_view name) {
+  return database.DatabaseKind() == session::kFileDatabase ? data::LikeBeginningInDoubleQuotes(name)
+                                                           : data::LikeBeginning(name);
 }
 
-std::string NameCondition(const session::Database& database, const TypedName& name) {
-  const std::string last = "pLASNAM Like " + Quoted(database, name.last);
-  // Persons without a first name are found by their last name alone.
-  return name.first.empty() ? last : last + " and pFIRNAM Like " + Quoted(database, name.first);
+// Persons without a first name are found by their last name alone.
+Sql NameCondition(const session::Database& database, const TypedName& name) {
+  const Sql last = "pLASNAM Like " + Beginning(database, name.last);
+  return name.first.empty() ? last : last + " and pFIRNAM Like " + Beginning(database, name.first);
 }
 
 NameEntry Edit(const session::ScreenContext& context, std::int32_t id) {
@@ -64,11 +55,6 @@ TypedName ParseName(std::string_view text) {
   return {std::string(text.substr(blank + 1)), std::string(forms::Trim(text.substr(0, blank)))};
 }
 
-std::string LastFirst(const session::Value& last, const session::Value& first) {
-  const std::string first_name = session::ToText(first);
-  return session::ToText(last) + (first_name.empty() ? "" : ", " + first_name);
-}
-
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {
   text = forms::Trim(text);
   std::int32_t id = 0;
@@ -80,19 +66,17 @@ std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {
   return ParseName(text);
 }
 
-std::string NameSearch(const session::Database& database, std::string_view text, bool family_heads) {
+Sql NameSearch(session::Database& database, std::string_view text, bool family_heads) {
   const TypedName name = ParseName(text);
-  std::string condition = NameCondition(database, name);
+  Sql condition = NameCondition(database, name);
   if (text.find(',') == std::string_view::npos && !name.first.empty()) {
     condition = "((" + condition + ") or (" + NameCondition(database, {name.first, name.last}) + "))";
   }
   if (family_heads) {
-    condition += " and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')";
+    condition += Sql(" and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')");
   }
-  if (database.DatabaseKind() == session::kOfficeScoped) {
-    condition += " AND (OfficeID=" + data::Literal(database.CurrentOfficeID()) + ")";
-  }
-  return "Select * from Patable where " + condition + " order by pLasNam, pFirNam";
+  return "Select * from Patable where " + condition + data::Statements(database).Office() +
+         " order by pLasNam, pFirNam";
 }
 
 NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
@@ -105,11 +89,12 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   if (const auto* id = std::get_if<std::int32_t>(&entered); id != nullptr && prompt.ids) {
     return Edit(context, *id);
   }
+  const editing::Rules rules(context);
   frmDatabaseSearch search(context);
   search.SearchText = text;
   search.FamilyHeads = prompt.family_heads;
   int found = 0;
-  if (!editing::Attempt(context.user, [&] { found = search.Search(); })) {
+  if (!rules.Attempt([&] { found = search.Search(); })) {
     return {};
   }
   if (found > 0) {
@@ -119,10 +104,8 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
     }
     return search.NewWanted ? Add(context, text) : NameEntry{};
   }
-  const auto add = context.user.Ask({.text = "[ " + text + " ] " + " was not found in the database." + " Add as new?",
-                                     .buttons = forms::kYesNo,
-                                     .icon = forms::Icon::Question});
-  return add == forms::Answer::Yes ? Add(context, text) : NameEntry{};
+  return rules.Confirm("[ " + text + " ]  was not found in the database. Add as new?") ? Add(context, text)
+                                                                                       : NameEntry{};
 }
 
 }  // namespace people

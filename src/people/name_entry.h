@@ -5,6 +5,7 @@
 #include <string_view>
 #include <variant>
 
+#include "data/sql.h"
 #include "session/screens.h"
 
 namespace people {
@@ -23,12 +24,9 @@ TypedName ParseName(std::string_view text);
 // A typed ID or name; text that is a whole number is an ID.
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text);
 
-// "Smith, John"; without the comma when there is no first name.
-std::string LastFirst(const session::Value& last, const session::Value& first);
-
 // The statement that finds the persons whose names begin so. A name typed without a comma is looked for in the
 // reversed word order too.
-std::string NameSearch(const session::Database& database, std::string_view text, bool family_heads);
+data::Sql NameSearch(session::Database& database, std::string_view text, bool family_heads);
 
 enum class EntryOutcome { None, Edited, Added };
 struct NameEntry {

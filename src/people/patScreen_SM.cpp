@@ -2,56 +2,81 @@
 
 #include "data/literal.h"
 #include "forms/text.h"
-#include "people/frmContacts.h"
 #include "people/name_entry.h"
 
 namespace people {
 namespace {
 
-using editing::Side;
+using data::Literal;
+using data::Sql;
+using data::Words;
 
 constexpr std::string_view kSetup = "DEFAULT_OFFICE_SETUP";
-constexpr std::string_view kCaption = "Patient Information";
-constexpr std::string_view kExitLine = "Do you want to save now?";
 
-struct BoundText {
+struct BoundField {
   std::size_t index;
-  const char* column;
+  Words column;
 };
-constexpr std::array kTextColumns = {BoundText{0, "pLASNAM"}, BoundText{1, "pFIRNAM"}, BoundText{3, "pSEX"},
-                                     BoundText{4, "pTTL"},    BoundText{6, "pSSN"},    BoundText{7, "pHOMPHO"},
-                                     BoundText{8, "pBUSPHO"}, BoundText{9, "pADD1"},   BoundText{10, "pADD2"},
-                                     BoundText{11, "pCIT"},   BoundText{12, "pSTA"},   BoundText{13, "pZIP"},
-                                     BoundText{15, "pMEDALE"}};
-constexpr std::array kLabelColumns = {BoundText{0, "pMEDALEUPD"},    BoundText{1, "pTypPat"},
-                                      BoundText{2, "pTypDoc"},       BoundText{3, "pTypRef"},
-                                      BoundText{4, "pTypPhy"},       BoundText{5, "pTypEmp"},
-                                      BoundText{6, "pTypX1"},        BoundText{7, "pTypX2"},
-                                      BoundText{8, "pBIRDAT"},       BoundText{9, "pREFIND"},
-                                      BoundText{10, "pFAMHEAIND"},   BoundText{11, "pPROIND"},
-                                      BoundText{12, "pPHY1"},        BoundText{13, "pPHY2"},
-                                      BoundText{19, "pGPDenFeeTyp"}, BoundText{20, "pGPDenFeeTypPerm"},
-                                      BoundText{21, "pACCTYP"}};
+constexpr std::array kTextColumns = {BoundField{0, "pLASNAM"}, BoundField{1, "pFIRNAM"}, BoundField{3, "pSEX"},
+                                     BoundField{4, "pTTL"},    BoundField{6, "pSSN"},    BoundField{7, "pHOMPHO"},
+                                     BoundField{8, "pBUSPHO"}, BoundField{9, "pADD1"},   BoundField{10, "pADD2"},
+                                     BoundField{11, "pCIT"},   BoundField{12, "pSTA"},   BoundField{13, "pZIP"},
+                                     BoundField{15, "pMEDALE"}};
+constexpr std::array kLabelColumns = {BoundField{0, "pMEDALEUPD"},    BoundField{1, "pTypPat"},
+                                      BoundField{2, "pTypDoc"},       BoundField{3, "pTypRef"},
+                                      BoundField{4, "pTypPhy"},       BoundField{5, "pTypEmp"},
+                                      BoundField{6, "pTypX1"},        BoundField{7, "pTypX2"},
+                                      BoundField{8, "pBIRDAT"},       BoundField{9, "pREFIND"},
+                                      BoundField{10, "pFAMHEAIND"},   BoundField{11, "pPROIND"},
+                                      BoundField{12, "pPHY1"},        BoundField{13, "pPHY2"},
+                                      BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
+                                      BoundField{21, "pACCTYP"}};
 constexpr std::array kCaptions = {
     "&Last Name", "&First Name", "&Birth Date", "Se&x", "&Title", "Referred By :", "SS&N",        "Home Phone",
     "Work Phone", "&Address",    "Address 2",   "City", "State",  "&ZIP Code",     "&Provider :", "&Medical Alert"};
 
+constexpr PersonKind kReferralKind = {.word = "Referral",
+                                      .whose = "this patient's",
+                                      .right = "CHANGE-REF-NAME",
+                                      .right_what = "referral names",
+                                      .type = "pTypRef",
+                                      .record = session::RecordKind::Referral,
+                                      .list = session::lulReferral};
+constexpr PersonKind kProviderKind = {.word = "Provider",
+                                      .whose = "this patient's",
+                                      .right = "CHANGE-PRO-NAME",
+                                      .right_what = "provider names",
+                                      .type = "pTypDoc",
+                                      .record = session::RecordKind::Provider,
+                                      .list = session::lulProvider};
+
+std::string SearchHelp(const std::string& what) {
+  return "Type the last name [comma] first name and press [Enter] to enter a new " + what + ".////To add a new " +
+         what + ", type in " + what + " name and press [Enter] Key.////Press [Esc] key to close search window.";
+}
+
 }  // namespace
 
 patScreen_SM::patScreen_SM(const session::ScreenContext& context)
-    : Form("patScreen_SM"),
-      ZipCodes(context),
+    : EditingForm("patScreen_SM", context),
       Patient_SM(context.session, "Patable", "pID"),
-      context_(context),
-      statements_(context.session),
-      contacts_(context.session) {
-  for (const BoundText& bound : kTextColumns) {
+      BirthDate(context, {Text1[kBirthDate], Command3D1[kPickBirthDate], Label5[kBirthDay], Label5[kAgeText]}),
+      SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, "this patient's"),
+      Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Patient_SM),
+      ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2, Text1[kHomePhone]}),
+      Name_List(context),
+      Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
+      Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
+      PictureBox1(context) {
+  for (const BoundField& bound : kTextColumns) {
     Patient_SM.Bind(Text1.at(bound.index), bound.column);
   }
-  for (const BoundText& bound : kLabelColumns) {
+  for (const BoundField& bound : kLabelColumns) {
     Patient_SM.Bind(Label5.at(bound.index), bound.column);
+    Label5.at(bound.index).Visible = false;
   }
   Register();
+  SetHelp();
   Wire();
 }
 
@@ -62,35 +87,53 @@ void patScreen_SM::Register() {
   Add("Command3D1", Command3D1);
   Add("Command3D2", Command3D2);
   Add("cmdContact", cmdContact);
+  Add("BirthDate", BirthDate);
+  Add("SexTitle", SexTitle);
+  Add("Phones", Phones);
   Add("Name_List", Name_List);
-  Add("dbcNameSearch", dbcNameSearch);
-  ZipCodes.Attach(*this, {Text1[kCity], Text1[kState], Text1[kZip]});
+  Add("ZipCode_Panel", ZipCodes);
   Add("picSwapName", picSwapName);
   Add("PictureBox1", PictureBox1);
-  Add("Label3", Label3);
   Add("DialogButtons1", DialogButtons1);
 
   for (std::size_t i = 0; i < Label1.size(); ++i) {
     Label1.at(i).Caption = kCaptions.at(i);
+    Text1.at(i).Heading = &Label1.at(i);
   }
-  for (const BoundText& bound : kLabelColumns) {
-    Label5.at(bound.index).Visible = false;
+  for (forms::Button* button :
+       {&Command3D1[0], &Command3D1[1], &Command3D1[2], &Command3D1[3], &Command3D1[4], &Command3D1[5], &Command3D2}) {
+    button->Caption = "...";
+    button->ToolTip = "DATABASE LIST, Left mouse - Database list";
+    button->TabStop = false;
   }
-  for (forms::Button& button : Command3D1) {
-    button.Caption = "...";
-    button.ToolTip = "DATABASE LIST, Left mouse - Database list";
-  }
-  Command3D2.Caption = "...";
-  Command3D2.ToolTip = "DATABASE LIST, Left mouse - Database list";
+  Command3D1[kPickFeeSchedule].TabStop = true;  // no field stands before it
   cmdContact.Caption = "&Contacts...";
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
-  dbcNameSearch.Editable = true;
-  dbcNameSearch.Container = &Name_List;
-  Name_List.Visible = false;
-  Label3.Container = &PictureBox1;
-  PictureBox1.Visible = false;
   DialogButtons1.Extra.Caption = "&Save and Book";
+  Reads({&Text1[kLastName],
+         &Text1[kFirstName],
+         &picSwapName,
+         &SexTitle,
+         &BirthDate,
+         &Text1[kSsn],
+         &Phones,
+         &Text1[kAddress1],
+         &Text1[kAddress2],
+         &Text1[kCity],
+         &Text1[kState],
+         &Text1[kZip],
+         &Command3D2,
+         &Text1[kReferral],
+         &Command3D1[kPickReferral],
+         &Text1[kProvider],
+         &Command3D1[kPickProvider],
+         &Text1[kMedicalAlert],
+         &Command3D1[kPickMedicalAlert],
+         &Label5[kFeeScheduleText],
+         &Command3D1[kPickFeeSchedule],
+         &PictureBox1,
+         &DialogButtons1});
 
   Properties["pID"] = {[this] { return std::to_string(pID); },
                        [this](const std::string& id) {
@@ -103,62 +146,83 @@ void patScreen_SM::Register() {
                                      [this](const std::string& show) { Opened.may_book = forms::IsOn(show); }};
 }
 
-session::Outcome patScreen_SM::Ended() const {
-  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
-          .id = pID,
-          .save_and_book = ShowSaveNBookAppt};
+void patScreen_SM::SetHelp() {
+  const std::string name = "Make changes if needed and press [Enter] to continue.";
+  PictureBox1.Set(Text1[kLastName], name);
+  PictureBox1.Set(Text1[kFirstName], name);
+  PictureBox1.Set(Text1[kBirthDate],
+                  "Type the birth date directly on this field. There is no need to hyphenate.////The age in years and "
+                  "months will appear automatically!");
+  PictureBox1.Set(Text1[kReferral], SearchHelp("Referral"));
+  PictureBox1.Set(Text1[kProvider], SearchHelp("Provider"));
+  PictureBox1.Set(Text1[kAddress1],
+                  "Type the patient's street address in Address Line 1. There is no need to capitalize.");
+  PictureBox1.Set(Text1[kAddress2],
+                  "Address Line 2 is optional. For example, it might be used for an apartment number.");
+  PictureBox1.Set(Text1[kState],
+                  "The State field will fill in automatically when you select from the City or Zip Code database.");
 }
 
-void patScreen_SM::OnLoad() {
-  const std::string_view prefix = !Adding()                                          ? ""
-                                  : Opened.mode == session::Opening::Mode::Emergency ? "Emergency "
-                                                                                     : "New ";
-  Caption = std::string(prefix) + std::string(kCaption);
+void patScreen_SM::Wire() {
+  Name_List.Attach(Referral);
+  Name_List.Attach(Provider);
+  ZipCodes.BeforeDeleteKey = [this] { return Confirm("Do you want delete this City, State, and Zip Code?"); };
+  Phones.SaveNew = [this] { return Save(); };
+  Text1[kMedicalAlert].KeyDown = [this](forms::Key key) {
+    if (key == forms::Key::F9) {
+      PickMedicalAlert();
+    }
+    return key == forms::Key::F9;
+  };
+  Command3D1[kPickMedicalAlert].Click = [this] { PickMedicalAlert(); };
+  Command3D1[kPickFeeSchedule].Click = [this] { PickFeeSchedule(); };
+  picSwapName.Click = [this] { picSwapName_Click(); };
+  DialogButtons1.OK.Click = [this] { SaveFromButton(false); };
+  DialogButtons1.Extra.Click = [this] { SaveFromButton(true); };
+  DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
+
+  const auto always = [] { return true; };
+  const auto adding = [this] { return Adding(); };
+  OnSave(adding, [this] { Insert(); });
+  OnSave([this] { return Adding() || Patient_SM.Changed(Text1[kFirstName]); }, [this] { WriteNickname(); });
+  OnSave(always, [this] { Patient_SM.Update(); });
+  OnSave(always, [this] { Contacts_Save(); });
+  OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
+}
+
+void patScreen_SM::Read() {
+  const bool emergency = Opened.mode == session::Opening::Mode::Emergency;
+  Caption = std::string(!Opened.IsNew() ? "" : emergency ? "Emergency " : "New ") + "Patient Information";
   DialogButtons1.Extra.Visible = Opened.may_book;
-  const bool loaded = editing::Attempt(context_.user, [this] {
-    if (Adding()) {
-      LoadNew();
-    } else {
-      LoadRecord();
-    }
-    if (Closed()) {
-      return;
-    }
-    ShowPerson(kReferral, kReferralId);
-    ShowPerson(kProvider, kProviderId);
-    ShowAge();
-    ShowFeeSchedule();
-    Contacts_Setup();
-    Patient_SM.MarkWritten();
-    // A name that was carried over is not thrown away without asking.
-    Text1[kLastName].DataChanged = Adding() && !Text1[kLastName].Text->empty();
-  });
-  if (!loaded) {
-    Close();
-  } else if (!Closed()) {
-    Text1[kLastName].SetFocus();
+  if (Opened.IsNew()) {
+    ReadNew();
+  } else {
+    ReadExisting();
   }
+  if (Closed()) {
+    return;
+  }
+  Referral.Show();
+  Provider.Show();
+  BirthDate.Show();
+  SexTitle.Show();
+  ShowFeeSchedule();
+  Contacts_Setup();
 }
 
-void patScreen_SM::LoadRecord() {
+void patScreen_SM::ReadExisting() {
   pID = Opened.id;
   if (pID == 0 || !Patient_SM.Read(pID)) {
-    context_.user.Tell("Patient " + std::to_string(pID) + " was not found in the database.",
-                       std::string(forms::kSuiteTitle), forms::Icon::Information);
+    Tell("Patient " + std::to_string(pID) + " was not found in the database.", forms::Icon::Information);
     Close();
     return;
   }
-  hold_.emplace(context_.session, "PATABLE", pID);
-  read_only_ = !hold_->Held();
-  if (read_only_) {
-    Caption = Caption.get() + " - Read only";
-    for (forms::TextBox& box : Text1) {
-      box.ReadOnly = true;
-    }
-  }
+  Hold("PATABLE", pID);
 }
 
-void patScreen_SM::LoadNew() {
+// A name that was carried over is not thrown away without asking.
+void patScreen_SM::ReadNew() {
   Patient_SM.Read(0);
   const auto setting = [this](std::string_view key) { return context_.session.OfficeSetting(kSetup, key); };
   Label5[kIsPatient].Caption = "1";
@@ -167,35 +231,15 @@ void patScreen_SM::LoadNew() {
   const auto person = [&setting](std::string_view key) { return session::ToId(session::Value(setting(key))); };
   const std::int32_t provider = person("OFF_DEF_PRO") != 0 ? person("OFF_DEF_PRO") : person("OFF_PRA_PRO");
   Label5[kProviderId].Caption = provider != 0 ? std::to_string(provider) : std::string();
+  Patient_SM.MarkWritten();
   const auto entered = ParseNameOrId(Opened.typed_name);
-  const auto* typed = std::get_if<people::TypedName>(&entered);  // a number is an ID, never a name
-  const people::TypedName name = typed != nullptr ? *typed : people::TypedName();
-  Text1[kLastName].Text = forms::Left(name.last, static_cast<std::size_t>(Text1[kLastName].MaxLength.get()));
-  Text1[kFirstName].Text = forms::Left(name.first, static_cast<std::size_t>(Text1[kFirstName].MaxLength.get()));
-}
-
-void patScreen_SM::ShowPerson(Field field, HiddenField id) {
-  Text1.at(field).Text = NameOf(session::ToId(session::Value(Label5.at(id).Caption.get())));
-}
-
-std::string patScreen_SM::NameOf(std::int32_t person) const {
-  if (person == 0) {
-    return {};
+  if (const auto* name = std::get_if<TypedName>(&entered)) {  // a number is an ID, never a name
+    const auto fitting = [](const forms::TextBox& box, const std::string& text) {
+      return forms::Left(text, static_cast<std::size_t>(box.MaxLength.get()));
+    };
+    Text1[kLastName].Text = fitting(Text1[kLastName], name->last);
+    Text1[kFirstName].Text = fitting(Text1[kFirstName], name->first);
   }
-  const auto row = statements_.Select("SELECT pLASNAM, pFIRNAM FROM PATable WHERE pID=" + data::Literal(person) +
-                                      statements_.Office());
-  if (row->Eof()) {
-    return {};
-  }
-  return LastFirst(row->Get(0), row->Get(1));
-}
-
-void patScreen_SM::ShowAge() {
-  const auto birth = forms::ParseIso(Label5[kBirthDay].Caption.get());
-  Text1[kBirthDate].Text = birth ? forms::FormatDashed(forms::DateOf(*birth)) : std::string();
-  birth_date_shown_ = Text1[kBirthDate].Text;
-  const auto age = birth ? forms::AgeAt(forms::DateOf(*birth), context_.session.Today()) : std::nullopt;
-  Label5[kAgeText].Caption = age ? " Date : " + birth_date_shown_ + " Age : " + forms::FormatAge(*age) : std::string();
 }
 
 void patScreen_SM::ShowFeeSchedule() {
@@ -203,59 +247,25 @@ void patScreen_SM::ShowFeeSchedule() {
   Label5[kFeeScheduleText].Caption = "Fee Schedule : " + (schedule.empty() ? "( none )" : schedule);
 }
 
-void patScreen_SM::Contacts_Setup() {
-  const std::int32_t person = Patient_SM.Id();
-  if (person != 0 && !read_only_) {
-    contacts_.Setup(person);
-  } else {
-    contacts_.Read(person);
-  }
-  const auto show = [this](Field field, Side side) {
-    Label1.at(field).Caption = contacts_.SideCaption(side);
-    Text1.at(field).MaxLength = contacts_.DefinedSize(side, contacts_.Selected(side));
-  };
-  show(kHomePhone, Side::Home);
-  show(kWorkPhone, Side::Work);
-}
-
-void patScreen_SM::Contacts_Save() {
-  contacts_.Save(pID, {{Side::Home, Text1[kHomePhone].Text}, {Side::Work, Text1[kWorkPhone].Text}});
-}
-
-bool patScreen_SM::Unsaved() const {
-  return !read_only_ && (write_pending_ || Patient_SM.Changed() || Text1[kBirthDate].Text.get() != birth_date_shown_);
-}
-
-bool patScreen_SM::QueryClose() {
-  if (!Unsaved()) {
-    return true;
-  }
-  const std::string text = Adding() ? "New Patient, " + FullName() + "\r\n" +
-                                          ", has not been saved. This new entry will be discarded if you answer No." +
-                                          "\r\n" + std::string(kExitLine)
-                                    : "Current changes to " + FullName() + " have not been saved. Save now?";
-  switch (context_.user.Ask({.text = text, .buttons = forms::kYesNoCancel, .icon = forms::Icon::Question})) {
-    case forms::Answer::Yes:
-      return Save();
-    case forms::Answer::No:
-      return true;
-    default:
-      return false;
-  }
-}
-
 std::string patScreen_SM::FullName() const {
   return Text1[kFirstName].Text.get() + " " + Text1[kLastName].Text.get();
+}
+
+editing::EditingForm::ClosingQuestion patScreen_SM::OnClosing() const {
+  if (Adding()) {
+    return {.text = "New Patient, " + FullName() + "\r\n" +
+                    ", has not been saved. This new entry will be discarded if you answer No.\r\n"
+                    "Do you want to save now?",
+            .offers_to_save = true};
+  }
+  return {.text = "Current changes to " + FullName() + " have not been saved. Save now?", .offers_to_save = true};
 }
 
 // OK, and "Save and Book".
 void patScreen_SM::SaveFromButton(bool and_book) {
   if (Adding() || Unsaved()) {
-    const auto answer = context_.user.Ask({.text = Adding() ? "Save this new record?" : "Save changes to this record?",
-                                           .title = "Save Changes",
-                                           .buttons = forms::kYesNo,
-                                           .icon = forms::Icon::Question});
-    if (answer != forms::Answer::Yes || !Save()) {
+    const std::string question = Adding() ? "Save this new record?" : "Save changes to this record?";
+    if (!Confirm(question, "Save Changes") || !Save()) {
       return;
     }
   }
@@ -263,95 +273,91 @@ void patScreen_SM::SaveFromButton(bool and_book) {
   Close();
 }
 
-bool patScreen_SM::Save() {
-  if (!TakeBirthDate() || !TakeSex()) {
+bool patScreen_SM::Check() {
+  if (!BirthDate.Take() || !SexTitle.Take()) {
     return false;
   }
   for (forms::TextBox& box : Text1) {
     box.Text = std::string(forms::Trim(box.Text.get()));
   }
   if (Text1[kLastName].Text->empty() && Text1[kFirstName].Text->empty()) {
-    context_.user.Tell("First and last name cannot be blank.", std::string(forms::kSuiteTitle),
-                       forms::Icon::Information);
+    Tell("First and last name cannot be blank.", forms::Icon::Information);
     Text1[kLastName].SetFocus();
     return false;
   }
-  bool written = false;
-  return editing::Attempt(context_.user, [&] { written = Write(); }) && written;
-}
-
-// A failed statement leaves what it did not reach marked, and the next save goes on from there. False when the row is
-// gone.
-bool patScreen_SM::Write() {
-  const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
-  if (Text1[kMedicalAlert].DataChanged) {
+  if (Patient_SM.Changed(Text1[kMedicalAlert])) {
     Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
   }
-  nickname_pending_ = nickname_pending_ || Text1[kFirstName].DataChanged || Adding();
-  write_pending_ = true;
-  if (Adding()) {
-    pID = Patient_SM.Insert();
-    Saved = true;
-    Opened.mode = session::Opening::Mode::Existing;
-    Caption = std::string(kCaption);
-    hold_.emplace(context_.session, "PATABLE", pID);
-  }
-  if (nickname_pending_) {
-    WriteNickname();
-    nickname_pending_ = false;
-  }
-  Patient_SM.Update();
-  if (!contacts_.Save(pID, {{Side::Home, Text1[kHomePhone].Text}, {Side::Work, Text1[kWorkPhone].Text}})) {
-    context_.user.Tell("Another user has deleted this patient. Your entries are still on the screen.",
-                       std::string(forms::kSuiteTitle), forms::Icon::Exclamation);
-    return false;
-  }
-  birth_date_shown_ = Text1[kBirthDate].Text;
-  write_pending_ = false;
-  Saved = true;
-  context_.session.RecordHandOff("pID", "PaTable", pID);
   return true;
 }
 
+void patScreen_SM::Insert() {
+  pID = Patient_SM.Insert();
+  Caption = "Patient Information";
+  Hold("PATABLE", pID);
+}
+
 void patScreen_SM::WriteNickname() {
-  statements_.Execute("UPDATE PATABLE SET pNICNAM=" + data::Literal(Text1[kFirstName].Text.get()) +
-                      " WHERE pID=" + data::Literal(pID) + statements_.Office(" and (OfficeID = ", ") "));
+  statements_.Execute("UPDATE PATABLE SET pNICNAM=" + Literal(Text1[kFirstName].Text.get()) +
+                      " WHERE pID=" + Literal(pID) + statements_.Office(" and (OfficeID = ", ") "));
 }
 
-void patScreen_SM::EditContacts() {
-  if (Adding()) {
-    const auto answer = context_.user.Ask(
-        {.text = "Before editing contact information, this new entry must be saved.\r\n" + std::string(kExitLine),
-         .buttons = forms::kYesNo,
-         .icon = forms::Icon::Question});
-    if (answer != forms::Answer::Yes || !Save()) {
-      return;
-    }
-  }
-  frmContacts dialog(context_);
-  dialog.pID = pID;
-  dialog.ReadOnly = read_only_;
-  if (Text1[kHomePhone].DataChanged) {
-    dialog.Typed[Side::Home] = Text1[kHomePhone].Text;
-  }
-  if (Text1[kWorkPhone].DataChanged) {
-    dialog.Typed[Side::Work] = Text1[kWorkPhone].Text;
-  }
-  context_.user.Show(dialog);
-  if (dialog.Saved) {
-    editing::Attempt(context_.user, [this] { ShowContacts(); });
+session::Outcome patScreen_SM::Ended() const {
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
+          .id = pID,
+          .save_and_book = ShowSaveNBookAppt};
+}
+
+void patScreen_SM::picSwapName_Click() {
+  if (MayModify()) {
+    const std::string last = Text1[kLastName].Text;
+    Text1[kLastName].Text = Text1[kFirstName].Text.get();
+    Text1[kFirstName].Text = last;
   }
 }
 
-// The visible numbers as the contact dialog wrote them; a change to another field stays as it is.
-void patScreen_SM::ShowContacts() {
-  Contacts_Setup();
-  const auto show = [this](Field field, Side side) {
-    Text1.at(field).Text = contacts_.Value(side, contacts_.Selected(side));
-    Text1.at(field).DataChanged = false;
-  };
-  show(kHomePhone, Side::Home);
-  show(kWorkPhone, Side::Work);
+void patScreen_SM::PickMedicalAlert() {
+  if (!MayModify()) {
+    return;
+  }
+  const auto picked = context_.screens.ShowPickList(session::PickList::MedicalAlert, "Medical Alert");
+  const std::string current = Text1[kMedicalAlert].Text;
+  if (!picked || picked->text == current) {
+    return;
+  }
+  const auto answer = context_.user.Ask({.text = "Update Medical Alert?\r\n"
+                                                 "Click 'Yes' to append to the existing data.\r\n"
+                                                 "Click 'No' to replace the existing data.\r\n"
+                                                 "Click 'Cancel' to discard the changes.",
+                                         .buttons = forms::kYesNoCancel,
+                                         .icon = forms::Icon::Question});
+  if (answer == forms::Answer::Cancel) {
+    return;
+  }
+  const bool append = answer == forms::Answer::Yes && !current.empty();
+  const std::string alert = append ? current + ", " + picked->text : picked->text;
+  if (const int room = Text1[kMedicalAlert].MaxLength;
+      room > 0 && forms::CharacterCount(alert) > static_cast<std::size_t>(room)) {
+    Tell("The medical alert has room for " + std::to_string(room) +
+             " characters. Please shorten it first; it was not changed.",
+         forms::Icon::Exclamation);
+    return;
+  }
+  Text1[kMedicalAlert].Text = alert;
+  Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
+}
+
+void patScreen_SM::PickFeeSchedule() {
+  if (!MayModify()) {
+    return;
+  }
+  const auto picked = context_.screens.ShowPickList(session::PickList::FeeSchedule, "Fee Schedule");
+  const std::string current = Label5[kFeeSchedule].Caption;
+  if (picked && picked->code != current &&
+      Confirm("Change this patient from Fee Schedule " + current + " to " + picked->code + " ?")) {
+    Label5[kFeeSchedule].Caption = picked->code;
+    ShowFeeSchedule();
+  }
 }
 
 }  // namespace people

@@ -2,26 +2,26 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "data/record_binding.h"
-#include "editing/Contacts.h"
 #include "editing/ZIPCODE.h"
-#include "editing/attempt.h"
+#include "editing/birth_date_field.h"
+#include "editing/editing_form.h"
+#include "editing/field_help.h"
+#include "editing/name_search.h"
 #include "forms/button.h"
 #include "forms/dialog_buttons.h"
-#include "forms/form.h"
 #include "forms/label.h"
-#include "forms/list_box.h"
-#include "forms/panels.h"
 #include "forms/text_box.h"
-#include "session/screens.h"
+#include "people/person_field.h"
+#include "people/phone_pair.h"
+#include "people/sex_title_field.h"
 
 namespace people {
 
 // The patient quick screen: one person's identity, address, phones, referral and provider on a single page.
-class patScreen_SM : public forms::Form {
+class patScreen_SM : public editing::EditingForm {
  public:
   // Positions in `Text1` and, for the captions beside them, in `Label1`.
   enum Field : std::size_t {
@@ -72,93 +72,50 @@ class patScreen_SM : public forms::Form {
   std::array<forms::Button, 6> Command3D1;
   forms::Button Command3D2;  // drops the list of places
   forms::Button cmdContact;
-  forms::Panel Name_List;  // holds `dbcNameSearch`
-  forms::ComboBox dbcNameSearch;
-  editing::ZIPCODE ZipCodes;
   forms::PictureBox picSwapName;
-  forms::Panel PictureBox1;             // the balloon of the field help
-  forms::Label Label3;                  // its text
   forms::DialogButtons DialogButtons1;  // `Extra` saves and books
   data::RecordBinding Patient_SM;
 
-  // Set before it is shown.
-  session::Opening Opened = session::Opening::New(session::RecordKind::Patient);
-  // The patient that is edited, once there is one.
-  std::int32_t pID = 0;
-  // Saving and booking an appointment was chosen.
-  bool ShowSaveNBookAppt = false;
-  // The record was written at least once.
-  bool Saved = false;
+  editing::BirthDateField BirthDate;
+  SexTitleField SexTitle;
+  PhonePair Phones;
+  editing::ZIPCODE ZipCodes;
+  editing::NameSearch Name_List;
+  PersonField Referral;
+  PersonField Provider;
+  editing::FieldHelp PictureBox1;
 
+  session::Opening Opened = session::Opening::New(session::RecordKind::Patient);
+  // The patient to edit, and the saved one afterwards.
+  std::int32_t pID = 0;
+  // The choice to save and book an appointment was made.
+  bool ShowSaveNBookAppt = false;
   session::Outcome Ended() const;
 
-  void Contacts_Setup();
-  void Contacts_Save();
+  void Contacts_Setup() { Phones.Setup(); }
+  void Contacts_Save() { Phones.Save(); }
   void picSwapName_Click();
 
  protected:
-  void OnLoad() override;
-  bool QueryClose() override;
-  bool OnKey(forms::Key key) override;
-  void OnFocus(forms::Control* control) override;
+  void Read() override;
+  bool Differs() const override { return Patient_SM.Changed() || BirthDate.Pending(); }
+  bool Check() override;
+  ClosingQuestion OnClosing() const override;
 
  private:
-  // Reading.
   void Register();
+  void SetHelp();
   void Wire();
-  void LoadRecord();
-  void LoadNew();
-  void ShowPerson(Field field, HiddenField id);
-  std::string NameOf(std::int32_t person) const;
-  void ShowAge();
+  void ReadExisting();
+  void ReadNew();
   void ShowFeeSchedule();
-  // Saving.
-  bool Unsaved() const;
-  bool Save();
-  bool Write();
-  void WriteNickname();
-  void SaveFromButton(bool and_book);
+  bool Adding() const { return Patient_SM.Id() == 0; }
   std::string FullName() const;
-  void EditContacts();
-  void ShowContacts();
-  // Fields.
-  bool Adding() const { return Opened.IsNew(); }
-  bool MayModify();
-  char32_t FilterBirthDate(char32_t character);
-  bool TakeBirthDate();
-  bool TakeSex();
-  void EnterField(std::size_t field);
-  void ShowHelp();
-  // Picks.
-  void Pick(PickButton button);
-  void PickBirthDate();
-  void PickSexTitle();
+  void SaveFromButton(bool and_book);
+  void Insert();
+  void WriteNickname();
   void PickMedicalAlert();
   void PickFeeSchedule();
-  bool Confirm(const std::string& text);
-  // Referral and provider.
-  void DropNames(Field field);
-  void PickPerson(Field field);
-  void EditPerson(Field field);
-  void RemovePerson(Field field);
-  bool OnPersonKey(Field field, forms::Key key);
-  void SetPerson(Field field, std::int32_t id, const std::string& name);
-  void TakeSearchedName();
-  void LeaveSearch();
-  void AddSearchedName(const std::string& typed);
-  bool MayChangePerson(Field field);
-  bool OnSearchKey(forms::Key key);
-
-  session::ScreenContext context_;
-  data::Statements statements_;
-  editing::Contacts contacts_;
-  std::optional<editing::RecordHold> hold_;
-  bool read_only_ = false;
-  bool write_pending_ = false;  // a save stopped on its way
-  bool nickname_pending_ = false;
-  std::size_t help_field_ = kLastName;
-  Field searching_ = kReferral;
-  std::string birth_date_shown_;
 };
 
 }  // namespace people

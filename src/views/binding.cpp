@@ -54,11 +54,19 @@ void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) 
 }
 
 void Binding::ShowState() {
-  if (widget_.IsShown() != control_.Visible) {
-    widget_.Show(control_.Visible);
+  // A container that has a widget hides and disables what is in it; one without leaves that to the widgets.
+  bool visible = control_.Visible;
+  bool enabled = control_.Enabled;
+  for (const forms::Control* panel = control_.Container; panel != nullptr && Dialog().Find(*panel) == nullptr;
+       panel = panel->Container) {
+    visible = visible && panel->Visible;
+    enabled = enabled && panel->Enabled;
+  }
+  if (widget_.IsShown() != visible) {
+    widget_.Show(visible);
     Dialog().LayOutSoon();
   }
-  widget_.Enable(control_.Enabled);
+  widget_.Enable(enabled);
   if (widget_.GetToolTipText() != views::ToWx(control_.ToolTip.get())) {
     widget_.SetToolTip(views::ToWx(control_.ToolTip.get()));
   }

@@ -128,7 +128,9 @@ wxButton* MakeButton(wxWindow* parent, forms::Button& control) {
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
   auto* button =
       new wxButton(parent, wxID_ANY, wxString::FromUTF8("\u2026"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
-  KeepOutOfTabOrder(*button);
+  if (!control.TabStop) {
+    KeepOutOfTabOrder(*button);
+  }
   FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
 }

@@ -13,7 +13,7 @@
 namespace views {
 
 wxButton* MakeButton(wxWindow* parent, forms::Button& control);
-// The small grey button behind a field that opens its list; the Tab key passes it by, F9 in the field does the same.
+// The small grey button behind a field that opens its list.
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control);
 wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);

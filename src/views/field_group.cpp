@@ -1,5 +1,11 @@
 #include "views/field_group.h"
 
+#include <vector>
+
+#include "forms/label.h"
+#include "views/button_binders.h"
+#include "views/text_binders.h"
+
 namespace views {
 
 FieldGroup::FieldGroup(wxWindow* parent, const wxString& title)
@@ -9,7 +15,27 @@ FieldGroup::FieldGroup(wxWindow* parent, const wxString& title)
   box_->Add(rows_, wxSizerFlags(1).Expand().Border(wxALL, parent->FromDIP(8)));
 }
 
+void FieldGroup::Row(std::initializer_list<Field> fields, forms::Button* list) {
+  wxWindow* first = nullptr;
+  std::vector<wxWindow*> widgets;
+  for (const Field& field : fields) {
+    // A caption leads by its mnemonic to the widget that is made next.
+    wxWindow* caption = MakeCaption(Box(), *field.box.Heading);
+    if (first == nullptr) {
+      first = caption;
+    } else {
+      widgets.push_back(caption);
+    }
+    widgets.push_back(MakeTextBox(Box(), field.box, field.characters));
+  }
+  Add(first, widgets, list == nullptr ? nullptr : MakePickButton(Box(), *list));
+}
+
 void FieldGroup::Row(wxWindow* caption, std::initializer_list<wxWindow*> fields, wxWindow* behind) {
+  Add(caption, fields, behind);
+}
+
+void FieldGroup::Add(wxWindow* caption, const std::vector<wxWindow*>& fields, wxWindow* behind) {
   if (caption != nullptr) {
     rows_->Add(caption, wxGBPosition(next_, 0), wxDefaultSpan, wxALIGN_CENTER_VERTICAL);
   }

@@ -5,7 +5,6 @@
 #include <wx/tokenzr.h>
 
 #include "forms/button.h"
-#include "forms/dialog_buttons.h"
 #include "views/placing.h"
 
 namespace views {
@@ -56,6 +55,10 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
   }
 }
 
+bool IsTab(const wxKeyEvent& event) {
+  return event.GetKeyCode() == WXK_TAB || event.GetKeyCode() == WXK_NUMPAD_TAB;
+}
+
 }  // namespace
 
 FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places)
@@ -102,14 +105,6 @@ void FormDialog::Run() {
   FitContents();
   SetClientSize(GetMinClientSize());
   RestorePlace();
-  if (form_.ActiveControl() == nullptr) {
-    for (const auto& binding : bindings_) {
-      if (IsField(binding->Control())) {
-        form_.DoFocus(binding->Control());
-        break;
-      }
-    }
-  }
   ShowFocus();
   // The tab order becomes the toolkit's in idle time; a fast typist does not wait for that.
   wxIdleEvent now;
@@ -168,8 +163,15 @@ void FormDialog::OnKey(wxKeyEvent& event) {
   if (!SyncFocus()) {
     return;
   }
+  Binding* binding = Focused();
+  if (event.GetModifiers() == wxMOD_SHIFT && IsTab(event)) {
+    if ((binding != nullptr && binding->Uses(forms::Key::Tab)) || !GoTo(NextStop(binding, true))) {
+      event.Skip();
+    }
+    return;
+  }
   const auto key = KeyOf(event);
-  if (!key || !UseKey(Focused(), *key)) {
+  if (!key || !UseKey(binding, *key)) {
     event.Skip();
   }
 }
@@ -186,25 +188,23 @@ bool FormDialog::UseKey(Binding* binding, forms::Key key) {
     form_.DoClose();
     return true;
   }
-  if (key == forms::Key::Enter && binding != nullptr && IsField(binding->Control())) {
-    ToNextField(*binding);
-    return true;
+  if (key == forms::Key::Tab) {
+    return GoTo(NextStop(binding, false));
   }
-  return false;
+  return key == forms::Key::Enter && binding != nullptr && IsField(binding->Control()) &&
+         GoTo(form_.NextField(&binding->Control()));
 }
 
-// Behind the last field come the dialog buttons.
-void FormDialog::ToNextField(const Binding& from) {
-  bool behind = false;
-  for (const auto& binding : bindings_) {
-    const forms::Control& control = binding->Control();
-    const bool closing = dynamic_cast<const forms::DialogButtons*>(control.Container) != nullptr;
-    if (behind && (IsField(control) || (closing && control.Usable()))) {
-      binding->TakeFocus();
-      return;
-    }
-    behind = behind || binding.get() == &from;
+forms::Control* FormDialog::NextStop(const Binding* from, bool backward) const {
+  return form_.NextStop(from == nullptr ? nullptr : &from->Control(), backward);
+}
+
+bool FormDialog::GoTo(const forms::Control* control) {
+  const Binding* binding = control == nullptr ? nullptr : Find(*control);
+  if (binding != nullptr) {
+    binding->TakeFocus();
   }
+  return binding != nullptr;
 }
 
 void FormDialog::ShowFocus() {

@@ -14,7 +14,7 @@
 namespace views {
 
 // The window of a form: title, focus, keys, idle work, closing, and the place that it had when it was last closed.
-// A view fills it with widgets, bound in the order in which a person tabs through them.
+// A view fills it with widgets; the Tab key follows the form's reading order.
 class FormDialog : public Dialog, private forms::FormObserver {
  public:
   // `places` keeps where windows stood, by user; nullptr when nobody is logged in.
@@ -52,8 +52,8 @@ class FormDialog : public Dialog, private forms::FormObserver {
   // Makes the form's focus that of the widgets; false when a rule kept it elsewhere. Called before the form is told
   // of a key or a click, so that `Leave` and `Enter` run first.
   bool SyncFocus();
-  // As Enter does in a field that has no other use for it.
-  void ToNextField(const Binding& from);
+  // The widgets' focus goes to the control; false when there is none, or none that the view shows.
+  bool GoTo(const forms::Control* control);
   // Lays the window out again, after the rules that are running.
   void LayOutSoon();
   // While something modal stands before it, a dialog does no idle work and lets no time pass.
@@ -66,6 +66,7 @@ class FormDialog : public Dialog, private forms::FormObserver {
 
   void OnKey(wxKeyEvent& event);
   bool UseKey(Binding* binding, forms::Key key);
+  forms::Control* NextStop(const Binding* from, bool backward) const;
   void ShowFocus();
   Binding* Focused() const;
   void FitContents();

@@ -26,19 +26,19 @@ void KeepBehind(const wxWindow& panel) {
 
 class DropBinding : public Binding {
  public:
-  DropBinding(forms::Panel& control, wxPanel& widget, std::function<const forms::Control&()> anchor)
-      : Binding(control, widget), anchor_(std::move(anchor)) {
+  DropBinding(forms::DropPanel& control, wxPanel& widget) : Binding(control, widget), panel_(control) {
     widget.Bind(wxEVT_IDLE, [this](wxIdleEvent&) { Place(); });
-    widget.Bind(wxEVT_CHAR_HOOK, &DropBinding::OnKey, this);
   }
 
  protected:
   void Refresh(forms::Aspect /*aspect*/) override { Place(); }
 
  private:
-  // The anchor may change, and move, while the panel is down.
+  const Binding* Field() const { return panel_.Below == nullptr ? nullptr : Dialog().Find(*panel_.Below.get()); }
+
+  // The field may change, and move, while the panel is down.
   void Place() {
-    const Binding* under = Control().Visible ? Dialog().Find(anchor_()) : nullptr;
+    const Binding* under = panel_.Visible ? Field() : nullptr;
     if (under == nullptr) {
       return;
     }
@@ -59,19 +59,7 @@ class DropBinding : public Binding {
     }
   }
 
-  // From the panel the Tab key goes on behind the field, and back to it.
-  void OnKey(wxKeyEvent& event) {
-    Binding* under = Dialog().Find(anchor_());
-    if (event.GetKeyCode() != WXK_TAB || under == nullptr) {
-      event.Skip();
-    } else if (event.ShiftDown()) {
-      under->TakeFocus();
-    } else {
-      Dialog().ToNextField(*under);
-    }
-  }
-
-  std::function<const forms::Control&()> anchor_;
+  forms::DropPanel& panel_;
 };
 
 // No time passes while something modal stands before the dialog.
@@ -112,13 +100,13 @@ wxPanel* MakePanel(wxWindow* parent, forms::Panel& control) {
   return panel;
 }
 
-wxPanel* MakeDropPanel(wxWindow* parent, forms::Panel& control, std::function<const forms::Control&()> anchor) {
+wxPanel* MakeDropPanel(wxWindow* parent, forms::DropPanel& control) {
   auto* panel = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_RAISED);
   panel->Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent& event) {
     event.GetDC()->SetBackground(wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
     event.GetDC()->Clear();
   });
-  FormDialog::Of(*parent).Attach<DropBinding>(control, *panel, std::move(anchor));
+  FormDialog::Of(*parent).Attach<DropBinding>(control, *panel);
   return panel;
 }
 

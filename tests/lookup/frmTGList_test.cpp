@@ -15,9 +15,9 @@ class ListWindow : public testing::Test {
   ListWindow() {
     host_.session.columns = {"Name", "Last Name", "First Name", "ID Num"};
     list_.SetSQL(
-        "SELECT DISTINCTROW P.L+', '+P.F AS Name, P.L AS [Last Name], P.F AS [First Name], P.I AS [ID Num] "
-        "FROM P WHERE P.T='1'");
-    list_.SortBy = "Name";
+        data::Words("SELECT DISTINCTROW P.L+', '+P.F AS Name, P.L AS [Last Name], P.F AS [First Name], P.I AS [ID Num] "
+                    "FROM P WHERE P.T='1'"));
+    list_.SortBy = data::Words("Name");
     list_.Caption = "Employee List";
     list_.IDFld.Caption = "ID Num";
     list_.NamFld.Caption = "Name";
@@ -39,9 +39,9 @@ class ListWindow : public testing::Test {
 };
 
 TEST_F(ListWindow, KeepsDistinctRowForAFileDatabaseAlone) {
-  EXPECT_THAT(list_.SQL(), HasSubstr("DISTINCTROW"));
+  EXPECT_THAT(list_.SQL().Text(), HasSubstr("DISTINCTROW"));
   host_.session.kind = 7;
-  list_.SetSQL("select DistinctRow A, 'DISTINCTROW' from T");
+  list_.SetSQL(data::Words("select DistinctRow A, 'DISTINCTROW' from T"));
   EXPECT_EQ(list_.SQL(), "select DISTINCT A, 'DISTINCT' from T");
 }
 

@@ -16,7 +16,7 @@ class ListCatalogue : public testing::Test {
     session_.kind = kind;
     return DefinitionOf(static_cast<session::LookUpListTypes>(type), data::Statements(session_), narrowing);
   }
-  std::string Sql(std::int32_t kind, std::int32_t type) { return On(kind, type).sql; }
+  std::string Sql(std::int32_t kind, std::int32_t type) { return On(kind, type).sql.Text(); }
 
   test_support::FakeSession session_;
 };
@@ -93,9 +93,9 @@ TEST_F(ListCatalogue, ScopesEveryListToItsOfficeAndNoOther) {
 }
 
 TEST_F(ListCatalogue, NarrowsPlansByCarrierAndAddsAPatientToTheHeads) {
-  EXPECT_THAT(On(7, 9, {.group_plan_company = 12}).sql,
+  EXPECT_THAT(On(7, 9, {.group_plan_company = 12}).sql.Text(),
               HasSubstr(" and (GroPlaTable.GroPlaInsID = 12) and (GroPlaTable.OfficeID = 3) "));
-  EXPECT_THAT(On(7, 5, {.family_head_including = 12}).sql,
+  EXPECT_THAT(On(7, 5, {.family_head_including = 12}).sql.Text(),
               HasSubstr(">= '1') or PATABLE.pID = 12) and (PATABLE.OfficeID = 3) "));
 }
 

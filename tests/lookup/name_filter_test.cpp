@@ -5,10 +5,10 @@ namespace {
 using lookup::NameCondition;
 using lookup::NameFilter;
 
-const lookup::NameColumns kColumns = {"PATABLE.pLASNAM", "PATABLE.pFIRNAM"};
+const lookup::NameColumns kColumns = {data::Words("PATABLE.pLASNAM"), data::Words("PATABLE.pFIRNAM")};
 
 std::string ByName(const std::string& name) {
-  return NameCondition({.name = name}, {"L", "F"}, false);
+  return NameCondition({.name = name}, {data::Words("L"), data::Words("F")}, false).Text();
 }
 
 TEST(NameFilter, ReadsLastCommaFirst) {

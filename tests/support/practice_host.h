@@ -45,7 +45,7 @@ struct PracticeHost {
 
   session::ScreenContext Context() { return {session, user, screens}; }
   std::string Value(const std::string& sql) {
-    return session::ToText(data::Statements(session.Office()).SelectValue(sql));
+    return session::ToText(data::Statements(session.Office()).SelectValue(data::Sql::OfHost(sql)));
   }
 };
 

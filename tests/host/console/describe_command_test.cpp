@@ -41,7 +41,8 @@ TEST(Describe, TellsOneFormOrAll) {
   for (const std::string& name : entry::FormNames()) {
     EXPECT_THAT("\n" + all, HasSubstr("\n" + name + "\n" + Described(name)));
   }
-  EXPECT_THAT(Described("PATSCREEN_SM"), StartsWith("Text1(0)\tTextBox\t"));
+  EXPECT_THAT(Described("PATSCREEN_SM"),
+              StartsWith("Label1(0)\tLabel\tLast Name\t\t\t\nText1(0)\tTextBox\t\tpLASNAM\t\t\n"));
   EXPECT_THROW(Described("frmNothing"), std::invalid_argument);
 }
 

@@ -64,11 +64,11 @@ class SampleForm : public forms::Form {
   forms::DialogButtons DialogButtons1;
   int idle_work = 0;
 
-  bool DoIdle() override { return idle_work > 0 && --idle_work > 0; }
+  bool OnIdle() override { return idle_work > 0 && --idle_work > 0; }
 
  protected:
   bool QueryClose() override {
-    return !Text1[0].DataChanged ||
+    return Text1[0].Text == "" ||
            user_.Ask({.text = "Close?", .buttons = forms::kYesNo, .default_answer = forms::Answer::No}) ==
                forms::Answer::Yes;
   }

@@ -170,7 +170,7 @@ TEST(CheckingSteps, AFailureShowsPlaceDifferenceAndTheControlItSpeaksOf) {
 TEST(CheckingSteps, ScreenPrintsItWhole) {
   std::ostringstream output;
   EXPECT_EQ(Play("screen\nclose\nscreen", &output), "");
-  EXPECT_THAT(output.str(), StartsWith("  SampleForm \"Sample\"\n    Text1(0) = \"\"\n"));
+  EXPECT_THAT(output.str(), StartsWith("  SampleForm \"Sample\"\n    Text1(0) = \"\"  focus\n"));
   EXPECT_THAT(output.str(), HasSubstr("    cmdOnPanel = \"\"  hidden\n"));
   EXPECT_THAT(output.str(), HasSubstr("    Check1 = off\n"));
   EXPECT_THAT(output.str(), EndsWith("no screen is open\n"));

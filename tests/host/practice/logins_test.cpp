@@ -50,7 +50,7 @@ TEST_F(LoginsTest, ThePasswordItselfIsNotKept) {
 TEST_F(LoginsTest, RightsHoldAtTheLocationThatIsOpened) {
   const std::int32_t id = Add("mary", {1, 2}, {"EDIT-EMP-INS", "Change-Ins-Plan-Detail"});
   const data::Statements statements(database_);
-  statements.Execute("UPDATE PWATable SET PWAWriFla=0 WHERE OffLocID=2 AND PWAAreOfPro='EDIT-EMP-INS'");
+  statements.Execute(data::Sql("UPDATE PWATable SET PWAWriFla=0 WHERE OffLocID=2 AND PWAAreOfPro='EDIT-EMP-INS'"));
 
   const auto primary = LogIn(database_, "mary", "s3cret");
   ASSERT_TRUE(primary);

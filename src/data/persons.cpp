@@ -1,0 +1,26 @@
+#include "data/persons.h"
+
+#include "data/literal.h"
+
+namespace data {
+
+std::string LastFirst(const session::Value& last, const session::Value& first) {
+  const std::string first_name = session::ToText(first);
+  return session::ToText(last) + (first_name.empty() ? "" : ", " + first_name);
+}
+
+std::string NameOfPerson(const Statements& statements, std::int32_t person) {
+  if (person == 0) {
+    return {};
+  }
+  const auto row =
+      statements.Select("SELECT pLASNAM, pFIRNAM FROM PATable WHERE pID=" + Literal(person) + statements.Office());
+  return row->Eof() ? std::string() : LastFirst(row->Get(0), row->Get(1));
+}
+
+std::unique_ptr<session::Recordset> PersonsOfType(const Statements& statements, Words type) {
+  return statements.Select(Sql("SELECT pID AS ID, pLASNAM, pFIRNAM FROM PATable WHERE (") + type + "='1' OR " + type +
+                           "='2')" + statements.Office() + " ORDER BY pLASNAM, pFIRNAM");
+}
+
+}  // namespace data

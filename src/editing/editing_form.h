@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editing/record_hold.h"
+#include "editing/rules.h"
+#include "forms/form.h"
+
+namespace editing {
+
+// What every editing screen does: it reads when it opens, and closes when that fails; saves step by step; asks on
+// closing with changes unsaved; and changes nothing of a record that another user holds.
+class EditingForm : public forms::Form, public Rules {
+ public:
+  EditingForm(std::string name, const session::ScreenContext& context) : Form(std::move(name)), Rules(context) {}
+
+  // Something was written.
+  bool Saved = false;
+
+  // Another user holds the record.
+  bool ReadOnly() const { return read_only_; }
+  // Whether the screen that the control is on may be changed; says so when it may not.
+  static bool MayModify(const forms::Control& control);
+  bool MayModify() const;
+
+ protected:
+  // Reads what the screen shows; may close it.
+  virtual void Read() = 0;
+  // What the screen shows differs from what was read.
+  virtual bool Differs() const = 0;
+  // Whether what is on the screen can be saved; says why not, and puts the focus there.
+  virtual bool Check() { return true; }
+
+  // A step of saving, run in the order of the calls when it is due. One that was due when a save stopped on its way
+  // stays due.
+  void OnSave(std::function<bool()> due, std::function<void()> run);
+  // False when something kept it from being saved whole.
+  bool Save();
+  // Changed, or saved in part.
+  bool Unsaved() const;
+
+  // What is asked when the screen closes with changes unsaved.
+  struct ClosingQuestion {
+    std::string text = "Are you sure that you want to exit without saving the changes?";
+    bool offers_to_save = false;  // Yes saves, No discards, Cancel stays; without it Yes discards and No stays
+  };
+  virtual ClosingQuestion OnClosing() const { return {}; }
+
+  // Holds the record for as long as the screen is open; one that another user holds can only be looked at.
+  void Hold(const std::string& table, std::int32_t id);
+  void MakeReadOnly();
+
+  void OnLoad() override;
+  bool QueryClose() override;
+
+ private:
+  struct Step {
+    std::function<bool()> due;
+    std::function<void()> run;
+    bool pending = false;
+  };
+
+  std::vector<Step> steps_;
+  std::optional<RecordHold> hold_;
+  bool read_only_ = false;
+};
+
+}  // namespace editing

@@ -1,0 +1,42 @@
+#include "editing/rules.h"
+
+namespace editing {
+
+bool Rules::Attempt(const std::function<void()>& operation) const {
+  try {
+    operation();
+    return true;
+  } catch (const Refusal& refusal) {
+    Tell(refusal.what(), forms::Icon::Exclamation);
+  } catch (const session::DatabaseError& error) {
+    Report(error);
+  } catch (const std::overflow_error& error) {
+    Tell("A number is too large: " + std::string(error.what()) + ". Nothing was changed.", forms::Icon::Exclamation);
+  }
+  return false;
+}
+
+void Rules::Report(const session::DatabaseError& error) const {
+  Tell("The database could not carry out this operation.\r\n\r\n" + std::string(error.what()), forms::Icon::Critical);
+}
+
+void Rules::Tell(std::string text, forms::Icon icon) const {
+  context_.user.Tell(std::move(text), std::string(forms::kSuiteTitle), icon);
+}
+
+bool Rules::Confirm(std::string question, std::string_view title) const {
+  return context_.user.Ask({.text = std::move(question),
+                            .title = std::string(title),
+                            .buttons = forms::kYesNo,
+                            .icon = forms::Icon::Question}) == forms::Answer::Yes;
+}
+
+bool Rules::HasRight(std::string_view right, std::string_view what) const {
+  const bool has = context_.session.HasRight(right);
+  if (!has) {
+    Tell("User [" + context_.session.UserName() + "] does not have the rights to modify " + std::string(what) + ".");
+  }
+  return has;
+}
+
+}  // namespace editing

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "data/statements.h"
+#include "forms/user.h"
+#include "session/screens.h"
+
+namespace editing {
+
+// A rule ends the operation that is running; the person is told why.
+class Refusal : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The ports as the rules of a screen, or of a part of one, use them.
+class Rules {
+ public:
+  explicit Rules(const session::ScreenContext& context) : context_(context), statements_(context.session) {}
+
+  // Runs one operation. A refusal, a failed statement or a number past its range ends it, and the person is told.
+  // False when it was ended.
+  bool Attempt(const std::function<void()>& operation) const;
+  // Tells the person what the database refused.
+  void Report(const session::DatabaseError& error) const;
+
+  void Tell(std::string text, forms::Icon icon = forms::Icon::None) const;
+  // A question that is answered with Yes or No.
+  bool Confirm(std::string question, std::string_view title = forms::kSuiteTitle) const;
+  // Whether the user has the right; says so when he has not: "User [Ann] does not have the rights to modify provider
+  // names." for "provider names".
+  bool HasRight(std::string_view right, std::string_view what) const;
+
+ protected:
+  session::ScreenContext context_;
+  data::Statements statements_;
+};
+
+}  // namespace editing

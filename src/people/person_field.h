@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "editing/name_search.h"
+#include "forms/label.h"
+
+namespace people {
+
+// What makes one field of persons differ from another.
+struct PersonKind {
+  std::string_view word;        // "Referral"
+  std::string_view whose;       // "this patient's", in the confirmations
+  std::string_view right;       // to change it
+  std::string_view right_what;  // for the refusal: "referral names"
+  data::Words type;             // the flag of the persons to choose from
+  session::RecordKind record;   // what their editing screen is opened for
+  session::LookUpListTypes list;
+};
+
+// A field that shows the name of a person whose ID the record keeps: a referral, a provider.
+class PersonField : public editing::SearchedField, private editing::Rules {
+ public:
+  // The screen's hidden label holds the person's ID for the record.
+  PersonField(const session::ScreenContext& context, const PersonKind& kind, forms::TextBox& field,
+              forms::Button& list_button, forms::Label& id)
+      : SearchedField(field, list_button), Rules(context), kind_(kind), id_(id) {}
+
+  // Shows the name of the person whose ID the label holds. Throws session::DatabaseError.
+  void Show();
+
+  std::vector<forms::ListItem> Names() override;
+  std::int32_t Current() const override;
+  void Take(std::int32_t id, const std::string& name) override;
+  bool Enter(const std::string& typed) override;
+  void Edit() override;
+  void Remove() override;
+  void PickFromList() override;
+
+ private:
+  bool MayChange() const;
+  void Set(std::int32_t id, const std::string& name);
+
+  PersonKind kind_;
+  forms::Label& id_;
+  int last_name_size_ = 0;  // of the columns, in characters
+  int first_name_size_ = 0;
+};
+
+}  // namespace people

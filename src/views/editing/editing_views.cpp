@@ -1,0 +1,55 @@
+#include "views/editing/editing_views.h"
+
+#include <wx/settings.h>
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/choice_binders.h"
+#include "views/panel_binders.h"
+#include "views/text_binders.h"
+
+namespace views {
+
+void LayOut(FieldGroup& group, editing::BirthDateField& field) {
+  const auto& parts = field.Fields();
+  group.Row({{parts.box, 12}}, &parts.calendar);
+  group.Row(nullptr, {MakeLabel(group.Box(), parts.age)});
+}
+
+void LayOut(FieldGroup& group, editing::ZIPCODE& places) {
+  const auto& parts = places.Fields();
+  group.Row({{parts.city, 24}});
+  group.Row({{parts.state, 4}, {parts.zip, 12}}, &parts.drop);
+
+  wxPanel* panel = MakeDropPanel(wxGetTopLevelParent(group.Box()), places);
+  auto* inside = new wxBoxSizer(wxVERTICAL);
+  inside->Add(MakeListBox(panel, places.ZIPCode_Combo, {24, 3, 10}, 8), wxSizerFlags(1).Expand());
+  wxPanel* commands = MakePanel(panel, places.ZipCode_Cmd_Panel);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  for (forms::Button& button : places.ZipCode_Cmd) {
+    row->Add(MakeButton(commands, button), wxSizerFlags(1).Border(wxALL, panel->FromDIP(3)));
+  }
+  commands->SetSizer(row);
+  inside->Add(commands, wxSizerFlags().Expand());
+  panel->SetSizerAndFit(inside);
+}
+
+void LayOut(wxWindow& dialog, editing::NameSearch& search) {
+  wxPanel* panel = MakeDropPanel(&dialog, search);
+  auto* inside = new wxBoxSizer(wxVERTICAL);
+  inside->Add(MakeSearchList(panel, search.dbcNameSearch, 34, 6), wxSizerFlags(1).Expand());
+  panel->SetSizerAndFit(inside);
+}
+
+wxPanel* LayOut(wxWindow& dialog, editing::FieldHelp& help) {
+  wxPanel* balloon = MakePanel(&dialog, help);
+  balloon->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
+  auto* text = MakeLabel(balloon, help.Label3);
+  text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
+  auto* inside = new wxBoxSizer(wxVERTICAL);
+  inside->Add(text, wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(6)));
+  balloon->SetSizer(inside);
+  return balloon;
+}
+
+}  // namespace views

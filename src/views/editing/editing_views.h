@@ -1,0 +1,21 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include "editing/ZIPCODE.h"
+#include "editing/birth_date_field.h"
+#include "editing/field_help.h"
+#include "editing/name_search.h"
+#include "views/field_group.h"
+
+// The one layout of each user control that several fields' screens have.
+namespace views {
+
+void LayOut(FieldGroup& group, editing::BirthDateField& field);
+// City, state and ZIP; the list of places drops over the dialog.
+void LayOut(FieldGroup& group, editing::ZIPCODE& places);
+// Drops over the dialog.
+void LayOut(wxWindow& dialog, editing::NameSearch& search);
+wxPanel* LayOut(wxWindow& dialog, editing::FieldHelp& help);
+
+}  // namespace views
