@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "data/sql.h"
 #include "practice/machine.h"
@@ -33,7 +34,9 @@ class RecordLocks {
     std::string table;
     std::int32_t id;
 
-    friend auto operator<=>(const Key&, const Key&) = default;
+    bool operator<(const Key& other) const {
+      return std::tie(office, table, id) < std::tie(other.office, other.table, other.id);
+    }
   };
 
   Key KeyOf(std::string_view table, std::int32_t id) const;  // in the office that the session is in
