@@ -90,6 +90,27 @@ std::optional<Key> ParseKey(std::string_view name) {
   return found == kKeys.end() ? std::nullopt : std::optional(found->key);
 }
 
+void ClickOn(forms::Control& control) {
+  if (auto* button = dynamic_cast<forms::Button*>(&control); button != nullptr) {
+    button->DoClick();
+  } else if (auto* label = dynamic_cast<forms::Label*>(&control); label != nullptr) {
+    label->DoClick();
+  } else if (auto* option = dynamic_cast<forms::OptionButton*>(&control); option != nullptr) {
+    option->DoChoose();
+  } else if (auto* box = dynamic_cast<forms::CheckBox*>(&control); box != nullptr) {
+    box->DoCheck(box->Value == forms::CheckState::On ? forms::CheckState::Off : forms::CheckState::On);
+  } else if (!control.TakesFocus()) {
+    FailKind(control, "control to click on");
+  }
+}
+
+// Of those that the space bar presses.
+bool IsPressed(const forms::Control& control) {
+  return dynamic_cast<const forms::Button*>(&control) != nullptr ||
+         dynamic_cast<const forms::CheckBox*>(&control) != nullptr ||
+         dynamic_cast<const forms::OptionButton*>(&control) != nullptr;
+}
+
 void PressCharacter(Interpreter& interpreter, forms::Control& control, const std::string& text) {
   if (forms::CharacterCount(text) != 1) {
     Fail("there is no key " + Quoted(text));
@@ -97,6 +118,12 @@ void PressCharacter(Interpreter& interpreter, forms::Control& control, const std
   if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr && list->KeyPress) {
     if (Focus(interpreter, control)) {
       list->KeyPress(forms::ToUtf32(text).front());
+    }
+    return;
+  }
+  if (text == " " && IsPressed(control)) {
+    if (Focus(interpreter, control)) {
+      ClickOn(control);
     }
     return;
   }
@@ -161,20 +188,6 @@ void Press(Interpreter& interpreter, StepWords& words) {
     PressCharacter(interpreter, control, name);
   } else if (Focus(interpreter, control) && !control.DoKey(*key) && !interpreter.Top().Closed()) {
     ActByKey(interpreter, control, *key);
-  }
-}
-
-void ClickOn(forms::Control& control) {
-  if (auto* button = dynamic_cast<forms::Button*>(&control); button != nullptr) {
-    button->DoClick();
-  } else if (auto* label = dynamic_cast<forms::Label*>(&control); label != nullptr) {
-    label->DoClick();
-  } else if (auto* option = dynamic_cast<forms::OptionButton*>(&control); option != nullptr) {
-    option->DoChoose();
-  } else if (auto* box = dynamic_cast<forms::CheckBox*>(&control); box != nullptr) {
-    box->DoCheck(box->Value == forms::CheckState::On ? forms::CheckState::Off : forms::CheckState::On);
-  } else if (!control.TakesFocus()) {
-    FailKind(control, "control to click on");
   }
 }
 

@@ -43,6 +43,8 @@ TEST(ActingSteps, OnEveryKindOfControl) {
                  "expect Check1 = mixed\n"
                  "check Check1 on\n"
                  "expect Check1.Value = True\n"
+                 "press Check1 \" \"\n"
+                 "expect Check1 = off\n"
                  "choose optRight\n"
                  "expect optRight = on\n"
                  "choose optLeft\n"
