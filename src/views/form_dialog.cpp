@@ -98,6 +98,12 @@ Binding* FormDialog::Find(const forms::Control& control) const {
   return found == by_control_.end() ? nullptr : found->second;
 }
 
+void FormDialog::FinishLayout() {
+  for (const auto& make : std::exchange(over_page_, {})) {
+    make();
+  }
+}
+
 void FormDialog::Run() {
   if (form_.Closed()) {
     return;

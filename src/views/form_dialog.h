@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <utility>
@@ -41,6 +42,9 @@ class FormDialog : public Dialog, private forms::FormObserver {
     }
     return binding;
   }
+  // Makes what lies over the page, when all of the page is made.
+  void OverPage(std::function<void()> make) { over_page_.push_back(std::move(make)); }
+  void FinishLayout();
   // Keeps a watcher that has no widget.
   void Keep(std::unique_ptr<forms::ControlObserver> watcher) { watchers_.push_back(std::move(watcher)); }
   // Nullptr for a control that the view does not show.
@@ -76,6 +80,7 @@ class FormDialog : public Dialog, private forms::FormObserver {
   forms::Form& form_;
   const views::Pictures& pictures_;
   session::Settings* places_;
+  std::vector<std::function<void()>> over_page_;
   std::vector<std::unique_ptr<Binding>> bindings_;
   std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
   std::map<const forms::Control*, Binding*> by_control_;

@@ -20,6 +20,7 @@ bool ViewRegistry::LayOut(FormDialog& dialog) const {
     return false;
   }
   view->second(dialog);
+  dialog.FinishLayout();
   return true;
 }
 

@@ -16,12 +16,10 @@ void LayOut(FieldGroup& group, editing::BirthDateField& field) {
   group.Row(nullptr, {MakeLabel(group.Box(), parts.age)});
 }
 
-void LayOut(FieldGroup& group, editing::ZIPCODE& places) {
-  const auto& parts = places.Fields();
-  group.Row({{parts.city, 24}});
-  group.Row({{parts.state, 4}, {parts.zip, 12}}, &parts.drop);
+namespace {
 
-  wxPanel* panel = MakeDropPanel(wxGetTopLevelParent(group.Box()), places);
+void MakePlaceList(FormDialog& dialog, editing::ZIPCODE& places) {
+  wxPanel* panel = MakeDropPanel(&dialog, places);
   auto* inside = new wxBoxSizer(wxVERTICAL);
   inside->Add(MakeListBox(panel, places.ZIPCode_Combo, {24, 3, 10}, 8), wxSizerFlags(1).Expand());
   wxPanel* commands = MakePanel(panel, places.ZipCode_Cmd_Panel);
@@ -34,14 +32,26 @@ void LayOut(FieldGroup& group, editing::ZIPCODE& places) {
   panel->SetSizerAndFit(inside);
 }
 
-void LayOut(wxWindow& dialog, editing::NameSearch& search) {
-  wxPanel* panel = MakeDropPanel(&dialog, search);
-  auto* inside = new wxBoxSizer(wxVERTICAL);
-  inside->Add(MakeSearchList(panel, search.dbcNameSearch, 34, 6), wxSizerFlags(1).Expand());
-  panel->SetSizerAndFit(inside);
+}  // namespace
+
+void LayOut(FieldGroup& group, editing::ZIPCODE& places) {
+  const auto& parts = places.Fields();
+  group.Row({{parts.city, 24}});
+  group.Row({{parts.state, 4}, {parts.zip, 12}}, &parts.drop);
+  auto& dialog = FormDialog::Of(*group.Box());
+  dialog.OverPage([&dialog, &places] { MakePlaceList(dialog, places); });
 }
 
-wxPanel* LayOut(wxWindow& dialog, editing::FieldHelp& help) {
+void LayOut(FormDialog& dialog, editing::NameSearch& search) {
+  dialog.OverPage([&dialog, &search] {
+    wxPanel* panel = MakeDropPanel(&dialog, search);
+    auto* inside = new wxBoxSizer(wxVERTICAL);
+    inside->Add(MakeSearchList(panel, search.dbcNameSearch, 34, 6), wxSizerFlags(1).Expand());
+    panel->SetSizerAndFit(inside);
+  });
+}
+
+wxPanel* LayOut(FormDialog& dialog, editing::FieldHelp& help) {
   wxPanel* balloon = MakePanel(&dialog, help);
   balloon->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
   auto* text = MakeLabel(balloon, help.Label3);

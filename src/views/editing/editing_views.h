@@ -7,6 +7,7 @@
 #include "editing/field_help.h"
 #include "editing/name_search.h"
 #include "views/field_group.h"
+#include "views/form_dialog.h"
 
 // The one layout of each user control that several fields' screens have.
 namespace views {
@@ -15,7 +16,7 @@ void LayOut(FieldGroup& group, editing::BirthDateField& field);
 // City, state and ZIP; the list of places drops over the dialog.
 void LayOut(FieldGroup& group, editing::ZIPCODE& places);
 // Drops over the dialog.
-void LayOut(wxWindow& dialog, editing::NameSearch& search);
-wxPanel* LayOut(wxWindow& dialog, editing::FieldHelp& help);
+void LayOut(FormDialog& dialog, editing::NameSearch& search);
+wxPanel* LayOut(FormDialog& dialog, editing::FieldHelp& help);
 
 }  // namespace views
