@@ -1,0 +1,146 @@
+#include "editing/editing_form.h"
+
+#include "forms/text_box.h"
+#include "support/fake_host.h"
+
+namespace {
+
+using editing::EditingForm;
+using forms::Answer;
+
+struct AskedUser : test_support::FakeUser {
+  std::vector<Answer> answers;
+  std::vector<forms::Message> asked;
+
+  Answer Ask(const forms::Message& message) override {
+    asked.push_back(message);
+    if (message.buttons.size() == 1) {
+      return Answer::OK;
+    }
+    const Answer answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  }
+};
+
+// One field, saved in three steps.
+class NoteForm : public EditingForm {
+ public:
+  explicit NoteForm(const session::ScreenContext& context) : EditingForm("NoteForm", context) {
+    Caption = "Note";
+    Add("Text1", Text1);
+    const auto differs = [this] { return Differs(); };
+    OnSave(differs, [this] { Step("first"); });
+    OnSave([] { return false; }, [this] { Step("never due"); });
+    OnSave(differs, [this] { Step("second"); });
+    OnSave(differs, [this] { Step("third"); });
+  }
+
+  forms::TextBox Text1;
+  std::vector<std::string> steps;
+  std::string stops_at;
+  std::function<void()> on_read = [] {};
+  bool offers_to_save = true;
+
+  using EditingForm::Hold;
+  using EditingForm::Save;
+  using EditingForm::Unsaved;
+
+ protected:
+  void Read() override {
+    on_read();
+    read_ = Text1.Text;
+  }
+  bool Differs() const override { return Text1.Text != read_; }
+  ClosingQuestion OnClosing() const override {
+    return offers_to_save ? ClosingQuestion{.text = "Save now?", .offers_to_save = true} : EditingForm::OnClosing();
+  }
+
+ private:
+  void Step(const std::string& name) {
+    if (name == stops_at) {
+      throw session::DatabaseError("the server went away", "UPDATE", 1);
+    }
+    steps.push_back(name);
+    read_ = Text1.Text;  // the row equals the screen from the first step on
+  }
+
+  std::string read_;
+};
+
+class EditingFormTest : public testing::Test {
+ protected:
+  struct LockedSession : test_support::FakeSession {
+    bool free = true;
+    bool HoldRecord(std::string_view, std::int32_t) override { return free; }
+  };
+  LockedSession session_;
+  AskedUser user_;
+  test_support::FakeScreens screens_;
+  NoteForm form_{{session_, user_, screens_}};
+};
+
+TEST_F(EditingFormTest, ASaveThatStoppedGoesOnWhereItStopped) {
+  form_.Load();
+  form_.Text1.DoType("new");
+  form_.stops_at = "second";
+  EXPECT_FALSE(form_.Save());
+  EXPECT_THAT(user_.asked.back().text, testing::HasSubstr("the server went away"));
+  EXPECT_TRUE(form_.Unsaved()) << "though no field differs any more";
+  EXPECT_TRUE(form_.Saved) << "something is in the database";
+  form_.stops_at.clear();
+  EXPECT_TRUE(form_.Save());
+  EXPECT_THAT(form_.steps, testing::ElementsAre("first", "second", "third"));
+  EXPECT_FALSE(form_.Unsaved());
+}
+
+TEST_F(EditingFormTest, AsksOnClosingInItsOwnWordsAndDoesWhatTheAnswerMeans) {
+  form_.Load();
+  form_.Text1.DoType("new");
+  user_.answers = {Answer::Cancel, Answer::Yes};
+  EXPECT_FALSE(form_.DoClose());
+  EXPECT_TRUE(form_.DoClose());
+  EXPECT_EQ(form_.steps.size(), 3U) << "Yes saves";
+  EXPECT_EQ(user_.asked.front().text, "Save now?");
+
+  NoteForm plain({session_, user_, screens_});
+  plain.offers_to_save = false;
+  plain.Load();
+  EXPECT_FALSE(plain.Unsaved());
+  plain.Text1.DoType("new");
+  user_.answers = {Answer::No, Answer::Yes};
+  EXPECT_FALSE(plain.DoClose());
+  EXPECT_TRUE(plain.DoClose());
+  EXPECT_TRUE(plain.steps.empty()) << "Yes leaves without saving";
+  EXPECT_EQ(user_.asked.back().text, "Are you sure that you want to exit without saving the changes?");
+  EXPECT_EQ(user_.asked.back().Default(), Answer::No);
+}
+
+TEST_F(EditingFormTest, ARecordThatAnotherHoldsIsOnlyLookedAt) {
+  session_.free = false;
+  form_.on_read = [this] {
+    form_.Text1.Text = std::string("kept");
+    form_.Hold("PATABLE", 5);
+  };
+  form_.Load();
+  EXPECT_EQ(form_.Caption.get(), "Note - Read only");
+  form_.Text1.DoType("other");
+  EXPECT_TRUE(form_.Text1.DoKey(forms::Key::Delete));
+  EXPECT_EQ(form_.Text1.Text.get(), "kept");
+  ASSERT_EQ(user_.asked.size(), 2U) << "once for the typing, once for the key";
+  EXPECT_EQ(user_.asked.front().text, "Read only, cannot modify.");
+  form_.Text1.Text = std::string("by a rule");
+  EXPECT_TRUE(form_.DoClose()) << "nothing to save, and nothing asked";
+}
+
+TEST_F(EditingFormTest, WhatEndsAnOperationIsToldAndAFailedReadCloses) {
+  EXPECT_FALSE(form_.Attempt([] { throw editing::Refusal("Another user was faster."); }));
+  EXPECT_FALSE(form_.Attempt([] { throw std::overflow_error("the amount is too large"); }));
+  EXPECT_EQ(user_.asked[0].text, "Another user was faster.");
+  EXPECT_EQ(user_.asked[1].text, "A number is too large: the amount is too large. Nothing was changed.");
+  form_.on_read = [] { throw session::DatabaseError("refused", "SELECT", 1); };
+  form_.Load();
+  EXPECT_TRUE(form_.Closed());
+}
+
+}  // namespace
