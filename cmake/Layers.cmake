@@ -5,9 +5,10 @@
 #   add_layer(host_database FOLDER host/database ...)
 #
 # PLAIN keeps toolkits, platforms and engines out: their headers, where the system's include path would offer them,
-# are shadowed by ones that refuse to compile.
+# are shadowed by ones that refuse to compile. The standard library's headers are precompiled once, by the first layer;
+# HEADERS names a file of further ones to precompile with them, HEADERS_OF the layer that did so.
 function(add_layer name)
-  cmake_parse_arguments(ARG "PLAIN" "FOLDER" "SEES;USES" ${ARGN})
+  cmake_parse_arguments(ARG "PLAIN" "FOLDER;HEADERS;HEADERS_OF" "SEES;USES" ${ARGN})
   if(NOT ARG_FOLDER)
     set(ARG_FOLDER src/${name})
   endif()
@@ -22,7 +23,17 @@ function(add_layer name)
     if(ARG_PLAIN)
       target_include_directories(${name} BEFORE PRIVATE ${PROJECT_SOURCE_DIR}/cmake/forbidden)
     endif()
-    target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/standard.pch.h)
+    get_property(standard_headers_of GLOBAL PROPERTY STANDARD_HEADERS_OF)
+    if(ARG_HEADERS OR NOT standard_headers_of)
+      target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/standard.pch.h ${ARG_HEADERS})
+    elseif(ARG_HEADERS_OF)
+      target_precompile_headers(${name} REUSE_FROM ${ARG_HEADERS_OF})
+    else()
+      target_precompile_headers(${name} REUSE_FROM ${standard_headers_of})
+    endif()
+    if(NOT standard_headers_of)
+      set_property(GLOBAL PROPERTY STANDARD_HEADERS_OF ${name})
+    endif()
   else()
     add_library(${name} INTERFACE)
     set(scope INTERFACE)
