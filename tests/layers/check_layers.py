@@ -43,8 +43,8 @@ def layer_of(path):
 
 
 def probe(command, include):
-    """What the compiler says to a source that includes this alone; empty when it takes it."""
-    done = subprocess.run([*command, "-fsyntax-only", "-x", "c++", "-"], input=f"#include <{include}>\n", text=True,
+    """What the preprocessor says to a source that includes this alone; empty when it takes it."""
+    done = subprocess.run([*command, "-E", "-o", "/dev/null", "-x", "c++", "-"], input=f"#include <{include}>\n", text=True,
                           capture_output=True, cwd=BUILD)
     return "" if done.returncode == 0 else done.stderr or "refused without a word"
 
