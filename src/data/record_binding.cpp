@@ -68,12 +68,15 @@ bool RecordBinding::Changed(const forms::Field& field) const {
                              [&](const Binding& binding) { return binding.field == &field && Differs(binding); });
 }
 
-forms::Field* RecordBinding::Unreadable() const {
+std::optional<RecordBinding::Unreadable> RecordBinding::FirstUnreadable() const {
   const auto found = std::ranges::find_if(bindings_, [this](const Binding& binding) {
     const std::string text = binding.field->FieldText();
     return !text.empty() && Differs(binding) && !binding.format->take(text, session_.Today());
   });
-  return found == bindings_.end() ? nullptr : found->field;
+  if (found == bindings_.end()) {
+    return std::nullopt;
+  }
+  return Unreadable{*found->field, found->format->what};
 }
 
 std::int32_t RecordBinding::Insert() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,8 +32,12 @@ class RecordBinding {
   // A field shows another value than the row has.
   bool Changed() const;
   bool Changed(const forms::Field& field) const;
-  // The first field whose text is no value of its format; nullptr for none.
-  forms::Field* Unreadable() const;
+  // The first field whose text is no value of its format.
+  struct Unreadable {
+    forms::Field& field;
+    std::string_view what;  // it should be: "date"
+  };
+  std::optional<Unreadable> FirstUnreadable() const;
 
   // Inserts a row with every bound field, but for labels that are empty; the row's ID.
   std::int32_t Insert();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/text.h"
 #include "forms/text_box.h"
 
 namespace editing {
@@ -10,6 +11,17 @@ void EditingForm::OnLoad() {
   if (!Attempt([this] { Read(); })) {
     Close();
   }
+}
+
+bool EditingForm::Readable(const data::RecordBinding& record) const {
+  const auto unreadable = record.FirstUnreadable();
+  if (unreadable) {
+    constexpr std::size_t kToldBack = 40;  // characters
+    Tell("[ " + forms::Left(unreadable->field.FieldText(), kToldBack) + " ] is not a valid " +
+         std::string(unreadable->what) + ".");
+    unreadable->field.SetFocus();
+  }
+  return !unreadable;
 }
 
 void EditingForm::OnSave(std::function<bool()> due, std::function<void()> run) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/record_binding.h"
 #include "editing/record_hold.h"
 #include "editing/rules.h"
 #include "forms/form.h"
@@ -35,6 +36,8 @@ class EditingForm : public forms::Form, public Rules {
   virtual bool Differs() const = 0;
   // Whether what is on the screen can be saved; says why not, and puts the focus there.
   virtual bool Check() { return true; }
+  // For `Check`: whether every field of the record holds a value of its format.
+  bool Readable(const data::RecordBinding& record) const;
 
   // A step of saving, run in the order of the calls when it is due. One that was due when a save stopped on its way
   // stays due.

@@ -90,9 +90,12 @@ TEST_F(Binding, InsertsEveryFieldButEmptyLabelsAndTellsWhatCannotBeRead) {
   ASSERT_TRUE(record_.Read(0));
   name_.DoType("Roe");
   birth_.DoType("13-45-1980");
-  EXPECT_EQ(record_.Unreadable(), &birth_);
+  const auto unreadable = record_.FirstUnreadable();
+  ASSERT_TRUE(unreadable);
+  EXPECT_EQ(&unreadable->field, &birth_);
+  EXPECT_EQ(unreadable->what, "date");
   birth_.DoType("1/2/1980");
-  EXPECT_EQ(record_.Unreadable(), nullptr);
+  EXPECT_FALSE(record_.FirstUnreadable());
   const std::string id = std::to_string(record_.Insert());
   EXPECT_EQ(statements_.back(),
             "INSERT INTO PATable (pLASNAM, pBIRDAT, pTypPat, pPROIND, pHOMPHO) VALUES ('Roe', #01/02/1980#, '', Null, "

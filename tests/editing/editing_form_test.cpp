@@ -43,6 +43,7 @@ class NoteForm : public EditingForm {
   bool offers_to_save = true;
 
   using EditingForm::Hold;
+  using EditingForm::Readable;
   using EditingForm::Save;
   using EditingForm::Unsaved;
 
@@ -92,6 +93,16 @@ TEST_F(EditingFormTest, ASaveThatStoppedGoesOnWhereItStopped) {
   EXPECT_TRUE(form_.Save());
   EXPECT_THAT(form_.steps, testing::ElementsAre("first", "second", "third"));
   EXPECT_FALSE(form_.Unsaved());
+}
+
+TEST_F(EditingFormTest, AFieldThatIsNoValueOfItsFormatIsToldAndGetsTheFocus) {
+  data::RecordBinding record(session_, "PATable", "pID");
+  record.Bind(form_.Text1, "pBIRDAT", data::kDate);
+  EXPECT_TRUE(form_.Readable(record));
+  form_.Text1.Text = std::string(10000, '9');
+  EXPECT_FALSE(form_.Readable(record));
+  EXPECT_EQ(user_.asked.back().text, "[ " + std::string(40, '9') + " ] is not a valid date.");
+  EXPECT_TRUE(form_.Text1.HasFocus());
 }
 
 TEST_F(EditingFormTest, AsksOnClosingInItsOwnWordsAndDoesWhatTheAnswerMeans) {
