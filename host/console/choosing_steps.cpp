@@ -93,7 +93,7 @@ int FindRow(const forms::Grid& grid, const std::vector<int>& columns, const std:
 }
 
 // By a visible cell, else by its position, else by a hidden cell.
-void MakeRowCurrent(Interpreter& interpreter, forms::Grid& grid, const std::string& wanted) {
+int FindRow(const forms::Grid& grid, const std::string& wanted) {
   int row = FindRow(grid, grid.VisibleColumns(), wanted);
   if (row < 0) {
     row = ParsePosition(wanted).value_or(-1);
@@ -106,9 +106,7 @@ void MakeRowCurrent(Interpreter& interpreter, forms::Grid& grid, const std::stri
   if (row < 0 || row >= grid.RowCount()) {
     Fail(grid.Name() + " has no row " + Quoted(wanted) + " among its " + std::to_string(grid.RowCount()));
   }
-  if (Focus(interpreter, grid)) {
-    grid.DoRow(row);
-  }
+  return row;
 }
 
 void Pick(Interpreter& interpreter, StepWords& words) {
@@ -116,7 +114,10 @@ void Pick(Interpreter& interpreter, StepWords& words) {
   const std::string wanted = words.Take("an entry");
   words.End();
   if (auto* grid = dynamic_cast<forms::Grid*>(&control); grid != nullptr) {
-    MakeRowCurrent(interpreter, *grid, wanted);
+    const int row = FindRow(*grid, wanted);
+    if (Focus(interpreter, *grid)) {
+      grid->DoRow(row);
+    }
   } else if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr) {
     PickEntry(interpreter, *list, wanted);
   } else {
@@ -161,9 +162,16 @@ void EnterCell(Interpreter& interpreter, forms::Grid& grid, int column, const st
   }
 }
 
+// A colour cell without a text lets the person pick.
 void EditCell(Interpreter& interpreter, StepWords& words) {
   auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
   const int column = TakeColumn(grid, words);
+  if (words.AtEnd()) {
+    if (Focus(interpreter, grid) && !grid.DoPick(column)) {
+      Fail("there is nothing to pick for the cell");
+    }
+    return;
+  }
   const std::string text = words.Take("a text");
   words.End();
   EnterCell(interpreter, grid, column, text);
@@ -210,6 +218,79 @@ void Sort(Interpreter& interpreter, StepWords& words) {
   words.End();
   if (Focus(interpreter, grid)) {
     grid.DoSort(column);
+  }
+}
+
+int TakePosition(StepWords& words) {
+  const std::string text = words.Take("a position");
+  const auto position = ParsePosition(text);
+  if (!position) {
+    Fail(Quoted(text) + " is no position");
+  }
+  return *position;
+}
+
+void RequireSeveral(const forms::Grid& grid) {
+  if (!grid.MultiSelect) {
+    Fail(grid.Name() + " selects one row alone");
+  }
+}
+
+void ToggleRow(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int row = FindRow(grid, words.Take("a row"));
+  words.End();
+  RequireSeveral(grid);
+  if (Focus(interpreter, grid)) {
+    grid.DoToggleRow(row);
+  }
+}
+
+void ExtendRows(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int row = FindRow(grid, words.Take("a row"));
+  words.End();
+  RequireSeveral(grid);
+  if (Focus(interpreter, grid)) {
+    grid.DoExtendTo(row);
+  }
+}
+
+void MoveRow(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int from = TakePosition(words);
+  const int to = TakePosition(words);
+  words.End();
+  if (!grid.RowsMove) {
+    Fail("the rows of " + grid.Name() + " stay where they are");
+  }
+  if (Focus(interpreter, grid) && !grid.DoMoveRow(from, to)) {
+    Fail(grid.Name() + " has " + std::to_string(grid.RowCount()) + " rows");
+  }
+}
+
+// The position is one among the columns that are seen.
+void MoveColumn(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  const int to = TakePosition(words);
+  words.End();
+  const auto& visible = grid.VisibleColumns();
+  if (to < 0 || to >= static_cast<int>(visible.size())) {
+    Fail(grid.Name() + " has " + std::to_string(visible.size()) + " columns");
+  }
+  if (Focus(interpreter, grid)) {
+    grid.DoMoveColumn(column, visible[static_cast<std::size_t>(to)]);
+  }
+}
+
+void SizeColumn(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  const int width = words.TakeNumber("a width");
+  words.End();
+  if (Focus(interpreter, grid) && !grid.DoSizeColumn(column, width)) {
+    Fail("no column is that wide");
   }
 }
 
@@ -263,10 +344,17 @@ constexpr std::array kSteps = {
     Step{"pick", StepKind::Act, "CONTROL TEXT|#N", "an entry of a combo or list", Pick},
     Step{"row", StepKind::Act, "GRID TEXT|#N", "makes a row current", Pick},
     Step{"open-row", StepKind::Act, "GRID", "double click on the current row", OpenRow},
-    Step{"cell", StepKind::Act, "GRID COLUMN TEXT", "edits a cell of the current row", EditCell},
+    Step{"toggle-row", StepKind::Act, "GRID TEXT|#N", "a click with Ctrl: takes a row into the selection, or out",
+         ToggleRow},
+    Step{"extend-rows", StepKind::Act, "GRID TEXT|#N", "a click with Shift: selects up to the row", ExtendRows},
+    Step{"move", StepKind::Act, "GRID #N #M", "drags a row to another's place", MoveRow},
+    Step{"cell", StepKind::Act, "GRID COLUMN [TEXT]", "edits a cell of the current row; picks without a text",
+         EditCell},
     Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row", TickCell},
     Step{"filter", StepKind::Act, "GRID COLUMN TEXT", "types into the filter cell", Filter},
     Step{"sort", StepKind::Act, "GRID COLUMN", "clicks the header", Sort},
+    Step{"move-column", StepKind::Act, "GRID COLUMN #M", "drags a column to that place", MoveColumn},
+    Step{"size-column", StepKind::Act, "GRID COLUMN WIDTH", "drags a column's edge; pixels at 100 %", SizeColumn},
     Step{"tab", StepKind::Act, "TABS TEXT|#N", "brings a page to the front", ShowTab},
     Step{"slide", StepKind::Act, "SLIDER N", "moves a slider", Slide},
 };

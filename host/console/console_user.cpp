@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "console/color_text.h"
 #include "console/interpreter.h"
 #include "console/question.h"
 #include "forms/dates.h"
@@ -74,7 +73,7 @@ std::optional<forms::Color> ConsoleUser::PickColor(forms::Color /*start*/) {
   std::optional<forms::Color> picked;
   Question question{.name = "colour picker", .title = {}, .text = {}};
   question.choose = [&](const std::string& value) {
-    picked = ParseColor(value);
+    picked = forms::ParseColor(value);
     return picked.has_value();
   };
   interpreter_.PlayQuestion(question);

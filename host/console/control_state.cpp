@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
-#include "console/color_text.h"
 #include "console/step_failure.h"
 #include "forms/button.h"
 #include "forms/check_box.h"
@@ -27,11 +27,19 @@ PropertyValue Caption(std::string text) {
 PropertyValue Number(int number) {
   return {.text = std::to_string(number)};
 }
+// "0,2"
+PropertyValue Numbers(const std::vector<int>& numbers) {
+  std::string text;
+  for (const int number : numbers) {
+    text += (text.empty() ? "" : ",") + std::to_string(number);
+  }
+  return Text(std::move(text));
+}
 PropertyValue Truth(bool truth) {
   return {.text = truth ? "on" : "off", .truth = truth};
 }
 PropertyValue ColorOf(const std::optional<forms::Color>& color) {
-  return Text(color ? ColorText(*color) : "");
+  return Text(color ? forms::ColorText(*color) : "");
 }
 PropertyValue State(forms::CheckState state) {
   return state == forms::CheckState::Mixed ? Text("mixed") : Truth(state == forms::CheckState::On);
@@ -128,6 +136,12 @@ constexpr std::array kOfGrid = {
                  }},
     Reader<Grid>{"count", [](const Grid& grid) { return Number(grid.RowCount()); }},
     Reader<Grid>{"row", [](const Grid& grid) { return Number(grid.Row); }},
+    Reader<Grid>{"col",
+                 [](const Grid& grid) {
+                   const bool current = grid.Col >= 0 && grid.Col < static_cast<int>(grid.Columns->size());
+                   return Text(current ? grid.Columns.get()[static_cast<std::size_t>(grid.Col.get())].caption : "");
+                 }},
+    Reader<Grid>{"selected", [](const Grid& grid) { return Numbers(grid.Selected()); }},
     Reader<Grid>{"multiselect", [](const Grid& grid) { return Truth(grid.MultiSelect); }},
     Reader<Grid>{"sortcolumn",
                  [](const Grid& grid) {
@@ -228,8 +242,8 @@ std::string RowText(const forms::Grid& grid, int row) {
   std::string text;
   bool first = true;
   for (const int column : grid.VisibleColumns()) {
-    text += (first ? "" : "|") + grid.Cell(row, column);
-    first = false;
+    text += std::exchange(first, false) ? "" : "|";
+    text += grid.Cell(row, column);
   }
   return text;
 }

@@ -59,12 +59,12 @@ void RecordsetRows::AddRow() {
   ++count_;
 }
 
-std::string RecordsetRows::Text(int row, int column) const {
+std::string_view RecordsetRows::Text(int row, int column) const {
   const Page& page = pages_[static_cast<std::size_t>(row / kRowsAPage)];
   const std::size_t cell =
       static_cast<std::size_t>(row % kRowsAPage) * cells_.size() + static_cast<std::size_t>(column);
   const std::size_t begin = cell == 0 ? 0 : page.ends[cell - 1];
-  return page.text.substr(begin, page.ends[cell] - begin);
+  return std::string_view(page.text).substr(begin, page.ends[cell] - begin);
 }
 
 }  // namespace editing

@@ -31,7 +31,7 @@ class RecordsetRows : public forms::GridRows {
   void Fetch(int count);
 
   int Count() const override { return count_; }
-  std::string Text(int row, int column) const override;
+  std::string_view Text(int row, int column) const override;
   bool FetchMore() override;
 
  private:

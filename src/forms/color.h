@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace forms {
 
@@ -11,5 +14,10 @@ struct Color {
 
   friend bool operator==(const Color&, const Color&) = default;
 };
+
+// "#80FF00"
+std::string ColorText(Color color);
+// Nothing when the text is no colour of that form.
+std::optional<Color> ParseColor(std::string_view text);
 
 }  // namespace forms

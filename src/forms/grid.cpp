@@ -1,12 +1,40 @@
 #include "forms/grid.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <numeric>
+#include <utility>
 
 namespace forms {
+namespace {
 
-std::string TableRows::Text(int row, int column) const {
+// What stood at `from` stands at `to` then.
+template <typename T>
+void MoveWithin(std::vector<T>& sequence, int from, int to) {
+  const auto at = sequence.begin();
+  if (from < to) {
+    std::rotate(at + from, at + from + 1, at + to + 1);
+  } else {
+    std::rotate(at + to, at + from, at + from + 1);
+  }
+}
+
+}  // namespace
+
+std::string_view TableRows::Text(int row, int cell) const {
   const auto& cells = rows[static_cast<std::size_t>(row)].cells;
-  return static_cast<std::size_t>(column) < cells.size() ? cells[static_cast<std::size_t>(column)] : std::string();
+  return static_cast<std::size_t>(cell) < cells.size() ? std::string_view(cells[static_cast<std::size_t>(cell)])
+                                                       : std::string_view();
+}
+
+std::optional<Color> TableRows::Fore(int row, int cell) const {
+  const Row& colored = rows[static_cast<std::size_t>(row)];
+  return colored.colored_cell < 0 || colored.colored_cell == cell ? colored.fore : std::nullopt;
+}
+
+std::optional<Color> TableRows::Back(int row, int cell) const {
+  const Row& colored = rows[static_cast<std::size_t>(row)];
+  return colored.colored_cell < 0 || colored.colored_cell == cell ? colored.back : std::nullopt;
 }
 
 int Grid::ColumnIndex(std::string_view caption) const {
@@ -21,14 +49,20 @@ int Grid::ColumnIndex(std::string_view caption) const {
   return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
-std::vector<int> Grid::VisibleColumns() const {
-  std::vector<int> visible;
-  for (std::size_t i = 0; i < Columns->size(); ++i) {
-    if (Columns.get()[i].visible) {
-      visible.push_back(static_cast<int>(i));
-    }
+std::vector<std::string> Grid::ChoicesOf(int row, int column) const {
+  return Choices ? Choices(row, column) : Column(column).choices;
+}
+
+std::vector<int> Grid::Selected() const {
+  std::vector<int> rows(selected_.begin(), std::ranges::lower_bound(selected_, RowCount()));
+  if (rows.empty() && Holds(Row)) {
+    rows.push_back(Row);
   }
-  return visible;
+  return rows;
+}
+
+bool Grid::IsSelected(int row) const {
+  return selected_.empty() ? row == Row : std::ranges::binary_search(selected_, row);
 }
 
 bool Grid::Offers(int column) const {
@@ -36,11 +70,19 @@ bool Grid::Offers(int column) const {
 }
 
 bool Grid::Accepts(int column, const std::string& text) const {
-  const GridColumn& edited = Column(column);
-  if (edited.kind == GridColumn::Kind::Check) {
-    return text == "0" || text == "1";
+  switch (Column(column).kind) {
+    case GridColumn::Kind::Check:
+      return text == "0" || text == "1";
+    case GridColumn::Kind::DropDown: {
+      const auto choices = ChoicesOf(Row, column);
+      return std::ranges::find(choices, text) != choices.end();
+    }
+    case GridColumn::Kind::Color:
+      return text.empty() || ParseColor(text).has_value();
+    case GridColumn::Kind::Text:
+      break;
   }
-  return edited.kind != GridColumn::Kind::DropDown || std::ranges::find(edited.choices, text) != edited.choices.end();
+  return true;
 }
 
 bool Grid::FetchMore() {
@@ -59,19 +101,88 @@ void Grid::ClearFilters() {
   Columns = std::move(columns);
 }
 
+void Grid::MoveTo(int row, int column) {
+  const bool moved = !(Row == row && Col == column);
+  Row = row;
+  Col = column;
+  if (moved) {
+    Fire(RowColChange);
+  }
+}
+
+void Grid::Select(std::vector<int> rows) {
+  if (selected_ != rows) {
+    selected_ = std::move(rows);
+    Control::Changed(Aspect::Value);
+    Fire(SelectionChange);
+  }
+}
+
 bool Grid::DoRow(int row) {
-  if (row < 0 || row >= RowCount()) {
+  return DoGoTo(row, Offers(Col) || visible_.empty() ? Col.get() : visible_.front());
+}
+
+bool Grid::DoGoTo(int row, int column) {
+  if (!Holds(row) || (column >= 0 && !Offers(column))) {
     return false;
   }
-  if (DoFocus() && !(Row == row)) {
-    Row = row;
-    Fire(RowColChange);
+  if (DoFocus()) {
+    anchor_ = row;
+    Select({});
+    MoveTo(row, column);
+  }
+  return true;
+}
+
+bool Grid::DoToggleRow(int row) {
+  if (!MultiSelect || !Holds(row)) {
+    return false;
+  }
+  if (DoFocus()) {
+    std::vector<int> rows = Selected();
+    const auto place = std::ranges::lower_bound(rows, row);
+    if (place != rows.end() && *place == row) {
+      rows.erase(place);
+    } else {
+      rows.insert(place, row);
+    }
+    anchor_ = row;
+    Select(std::move(rows));
+    MoveTo(row, Col);
+  }
+  return true;
+}
+
+bool Grid::DoExtendTo(int row) {
+  if (!MultiSelect || !Holds(row)) {
+    return false;
+  }
+  if (DoFocus()) {
+    if (!Holds(anchor_)) {
+      anchor_ = Holds(Row) ? Row.get() : row;
+    }
+    std::vector<int> rows(static_cast<std::size_t>(std::abs(row - anchor_)) + 1);
+    std::iota(rows.begin(), rows.end(), std::min(row, anchor_));
+    Select(std::move(rows));
+    MoveTo(row, Col);
+  }
+  return true;
+}
+
+bool Grid::DoSelectAll() {
+  if (!MultiSelect || RowCount() == 0) {
+    return false;
+  }
+  if (DoFocus()) {
+    std::vector<int> rows(static_cast<std::size_t>(RowCount()));
+    std::iota(rows.begin(), rows.end(), 0);
+    Select(std::move(rows));
   }
   return true;
 }
 
 bool Grid::DoOpenRow() {
-  if (!HasRow()) {
+  if (!Holds(Row)) {
     return false;
   }
   if (DoFocus()) {
@@ -81,18 +192,37 @@ bool Grid::DoOpenRow() {
 }
 
 bool Grid::DoCell(int column, const std::string& text) {
-  if (!HasRow() || !Offers(column) || !Column(column).editable || !Accepts(column, text)) {
+  if (!Holds(Row) || !Offers(column) || !Column(column).editable || !Accepts(column, text)) {
     return false;
   }
-  if (!DoFocus() || (CellEdited && !CellEdited(column, text))) {
+  if (!DoFocus()) {
     return true;
   }
-  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr && HasRow()) {
+  MoveTo(Row, column);
+  if (CellEdited && !CellEdited(column, text)) {
+    Refresh();
+    return true;
+  }
+  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr && Holds(Row) && Offers(column)) {
     auto& cells = table->rows[static_cast<std::size_t>(Row.get())].cells;
-    cells.resize(std::max(cells.size(), static_cast<std::size_t>(column) + 1));
-    cells[static_cast<std::size_t>(column)] = text;
+    const auto cell = static_cast<std::size_t>(CellOf(column));
+    cells.resize(std::max(cells.size(), cell + 1));
+    cells[cell] = text;
   }
   Refresh();
+  return true;
+}
+
+bool Grid::DoPick(int column) {
+  if (!Holds(Row) || !Offers(column) || !Column(column).editable || Column(column).kind != GridColumn::Kind::Color) {
+    return false;
+  }
+  if (DoFocus() && Pick) {
+    MoveTo(Row, column);
+    if (const auto text = Pick(column)) {
+      DoCell(column, *text);
+    }
+  }
   return true;
 }
 
@@ -122,6 +252,86 @@ bool Grid::DoSort(int column) {
     HeadClick(column);
   }
   return true;
+}
+
+bool Grid::DoMoveColumn(int from, int to) {
+  if (!Offers(from) || !Offers(to)) {
+    return false;
+  }
+  if (!DoFocus() || from == to) {
+    return true;
+  }
+  auto columns = Columns.get();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    columns[i].cell = CellOf(static_cast<int>(i));
+  }
+  MoveWithin(columns, from, to);
+  const auto follow = [from, to](Property<int>& place) {
+    const int at = place;
+    if (at == from) {
+      place = to;
+    } else if (from < at && at <= to) {
+      place = at - 1;
+    } else if (to <= at && at < from) {
+      place = at + 1;
+    }
+  };
+  Columns = std::move(columns);
+  follow(Col);
+  follow(SortColumn);
+  Fire(LayoutChanged);
+  return true;
+}
+
+bool Grid::DoSizeColumn(int column, int width) {
+  constexpr int kLeast = 8;
+  if (!Offers(column) || width < 0) {
+    return false;
+  }
+  auto columns = Columns.get();
+  columns[static_cast<std::size_t>(column)].width = std::max(width, kLeast);
+  if (DoFocus() && !(Columns == columns)) {
+    Columns = std::move(columns);
+    Fire(LayoutChanged);
+  }
+  return true;
+}
+
+bool Grid::DoMoveRow(int from, int to) {
+  if (!RowsMove || !Holds(from) || !Holds(to)) {
+    return false;
+  }
+  if (!DoFocus() || from == to) {
+    return true;
+  }
+  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr) {
+    MoveWithin(table->rows, from, to);
+    Refresh();
+  }
+  Select({});
+  if (RowMoved) {
+    RowMoved(from, to);
+  }
+  if (Holds(to)) {
+    MoveTo(to, Col);
+  }
+  return true;
+}
+
+void Grid::Changed(Aspect aspect) {
+  if (aspect == Aspect::Items) {
+    visible_.clear();
+    for (std::size_t i = 0; i < Columns->size(); ++i) {
+      if (Columns.get()[i].visible) {
+        visible_.push_back(static_cast<int>(i));
+      }
+    }
+    if (std::exchange(selected_in_, Rows.get().get()) != Rows.get().get()) {
+      selected_.clear();
+      anchor_ = -1;
+    }
+  }
+  Control::Changed(aspect);
 }
 
 }  // namespace forms

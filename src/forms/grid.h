@@ -12,7 +12,8 @@
 namespace forms {
 
 struct GridColumn {
-  enum class Kind { Text, Check, DropDown };
+  // The text of a colour cell is "#RRGGBB"; it is not typed but picked.
+  enum class Kind { Text, Check, DropDown, Color };
   enum class Align { Left, Right, Center };
 
   std::string key;      // the data field's name
@@ -24,21 +25,22 @@ struct GridColumn {
   bool editable = false;
   std::vector<std::string> choices = {};  // of a drop-down cell
   std::string filter = {};                // what stands in the filter cell
+  int cell = -1;                          // its place in the rows; -1 for the column's own in `Columns`
 
   friend bool operator==(const GridColumn&, const GridColumn&) = default;
 };
 
-// Where a grid's cells come from: asked for the cells that it paints.
+// Where a grid's cells come from: asked for the cells that it paints, by their place in the row.
 class GridRows {
  public:
   virtual ~GridRows() = default;
 
   // Rows that can be asked for now.
   virtual int Count() const = 0;
-  // A check cell is "1" or "0".
-  virtual std::string Text(int row, int column) const = 0;
-  virtual std::optional<Color> Fore(int /*row*/) const { return std::nullopt; }
-  virtual std::optional<Color> Back(int /*row*/) const { return std::nullopt; }
+  // A check cell is "1" or "0". The text lives until the rows change or more are fetched.
+  virtual std::string_view Text(int row, int cell) const = 0;
+  virtual std::optional<Color> Fore(int /*row*/, int /*cell*/) const { return std::nullopt; }
+  virtual std::optional<Color> Back(int /*row*/, int /*cell*/) const { return std::nullopt; }
   // Fetches some more; false when there are no more.
   virtual bool FetchMore() { return false; }
 };
@@ -50,60 +52,106 @@ class TableRows : public GridRows {
     std::vector<std::string> cells;
     std::optional<Color> fore = {};
     std::optional<Color> back = {};
+    int colored_cell = -1;  // the one that has the colours; -1 for all
   };
 
   std::vector<Row> rows;
 
   int Count() const override { return static_cast<int>(rows.size()); }
-  std::string Text(int row, int column) const override;
-  std::optional<Color> Fore(int row) const override { return rows[static_cast<std::size_t>(row)].fore; }
-  std::optional<Color> Back(int row) const override { return rows[static_cast<std::size_t>(row)].back; }
+  std::string_view Text(int row, int cell) const override;
+  std::optional<Color> Fore(int row, int cell) const override;
+  std::optional<Color> Back(int row, int cell) const override;
 };
 
 class Grid : public Control {
  public:
+  // In the order in which they are shown, which a person may change.
   Property<std::vector<GridColumn>> Columns{*this, {}, Aspect::Items};
   Property<std::shared_ptr<GridRows>> Rows{*this, std::make_shared<TableRows>(), Aspect::Items};
-  // The current row; -1 for none.
+  // The current row, and the current column in `Columns`; -1 for none.
   Property<int> Row{*this, -1, Aspect::Value};
+  Property<int> Col{*this, -1, Aspect::Value};
   // A row of filter cells under the captions.
   Property<bool> FilterBar{*this, false};
+  // A person may select several rows.
   Property<bool> MultiSelect{*this, false};
+  // A person may drag rows to other places.
+  Property<bool> RowsMove{*this, false};
   // Index into `Columns` of the column that the rows are sorted by; -1 for none.
   Property<int> SortColumn{*this, -1, Aspect::Items};
   Property<bool> SortDescending{*this, false, Aspect::Items};
 
+  // The columns that the slots are given are places in `Columns`.
   std::function<void()> RowColChange;
+  std::function<void()> SelectionChange;
   std::function<void()> DblClick;
   // A person changed filter cells; they stand in `Columns`.
   std::function<void()> FilterChanged;
   std::function<void(int column)> HeadClick;
   // A person entered a cell of the current row; false refuses and leaves the cell as it was.
   std::function<bool(int column, const std::string& text)> CellEdited;
+  // What a drop-down cell offers, where that is not the same in every row.
+  std::function<std::vector<std::string>(int row, int column)> Choices;
+  // Lets the person pick for a colour cell of the current row: the new text, nothing when given up.
+  std::function<std::optional<std::string>(int column)> Pick;
+  // The tip of a cell, or of a caption for row -1; empty for none.
+  std::function<std::string(int row, int column)> Tip;
+  // A person moved or sized columns.
+  std::function<void()> LayoutChanged;
+  // A person dragged a row to the place that another had. `TableRows` have moved, other rows are the rule's to move.
+  std::function<void(int from, int to)> RowMoved;
 
   int RowCount() const { return Rows.get()->Count(); }
-  std::string Cell(int row, int column) const { return Rows.get()->Text(row, column); }
+  std::string_view Cell(int row, int column) const { return Rows.get()->Text(row, CellOf(column)); }
+  std::optional<Color> Fore(int row, int column) const { return Rows.get()->Fore(row, CellOf(column)); }
+  std::optional<Color> Back(int row, int column) const { return Rows.get()->Back(row, CellOf(column)); }
   // By caption, then by key; -1 when there is none.
   int ColumnIndex(std::string_view caption) const;
   // Positions in `Columns` of the visible ones, in order.
-  std::vector<int> VisibleColumns() const;
+  const std::vector<int>& VisibleColumns() const { return visible_; }
+  std::vector<std::string> ChoicesOf(int row, int column) const;
+  // Rows in order: those that are selected, or the current row alone where none are. Rows read anew are not selected.
+  std::vector<int> Selected() const;
+  bool IsSelected(int row) const;
+
   // Tells the view that cells changed or rows came.
   void Refresh() { Changed(Aspect::Items); }
   bool FetchMore();
   void ClearFilters();
 
   // The `Do` members are false when a person sees no such row, column or choice there, or cannot edit the cell.
+  // The row alone, in the column that was current.
   bool DoRow(int row);
+  bool DoGoTo(int row, int column);
+  // Where several may be selected: takes the row in or out, selects up to the row from where that began, or all.
+  bool DoToggleRow(int row);
+  bool DoExtendTo(int row);
+  bool DoSelectAll();
   bool DoOpenRow();
   bool DoCell(int column, const std::string& text);
+  bool DoPick(int column);
   bool DoFilter(int column, std::string text);
   bool DoSort(int column);
+  // Places in `Columns`; pixels at 100 %.
+  bool DoMoveColumn(int from, int to);
+  bool DoSizeColumn(int column, int width);
+  bool DoMoveRow(int from, int to);
+
+  void Changed(Aspect aspect) override;
 
  private:
   const GridColumn& Column(int column) const { return Columns.get()[static_cast<std::size_t>(column)]; }
-  bool HasRow() const { return Row >= 0 && Row < RowCount(); }
+  int CellOf(int column) const { return Column(column).cell < 0 ? column : Column(column).cell; }
+  bool Holds(int row) const { return row >= 0 && row < RowCount(); }
   bool Offers(int column) const;
   bool Accepts(int column, const std::string& text) const;
+  void MoveTo(int row, int column);
+  void Select(std::vector<int> rows);
+
+  std::vector<int> visible_;
+  std::vector<int> selected_;  // in order
+  int anchor_ = -1;            // where a selection that is extended begins
+  const GridRows* selected_in_ = nullptr;
 };
 
 }  // namespace forms

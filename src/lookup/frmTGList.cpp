@@ -74,6 +74,7 @@ void frmTGList::WireHandlers() {
     DotNetGrid.DoSort(column >= 0 ? column : DotNetGrid.ColumnIndex(NamFld.Caption.get()));
   };
   MnuFileResDef.Click = [this] { SetGridLayout(); };
+  DotNetGrid.LayoutChanged = [this] { sort_column_ = DotNetGrid.SortColumn; };
   MnuFileExit.Click = [this] { DoClose(); };
   for (forms::OptionButton* mode : {&optFiltLeft, &optFiltMid}) {
     mode->Click = [this] { FilterModeChanged(); };
@@ -143,9 +144,6 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   rows_ = std::move(rows);
   if (first) {
     SetGridLayout();
-    const SortTerm term = FirstSortTerm(sort.Text());
-    DotNetGrid.SortColumn = DotNetGrid.ColumnIndex(term.caption);
-    DotNetGrid.SortDescending = term.descending;
   }
   sort_column_ = DotNetGrid.SortColumn;
   sort_descending_ = DotNetGrid.SortDescending;
@@ -158,7 +156,7 @@ void frmTGList::RowsArrived() {
   const int id_column = DotNetGrid.ColumnIndex(IDFld.Caption.get());
   if (awaited_id_ != 0 && id_column >= 0) {
     const std::string id = std::to_string(awaited_id_);
-    while (searched_ < rows_->Count() && rows_->Text(searched_, id_column) != id) {
+    while (searched_ < rows_->Count() && DotNetGrid.Cell(searched_, id_column) != id) {
       ++searched_;
     }
     if (searched_ < rows_->Count()) {
@@ -188,6 +186,10 @@ void frmTGList::SetGridLayout() {
     }
   }
   DotNetGrid.Columns = std::move(columns);
+  const SortTerm term = FirstSortTerm(sort_.Text());
+  DotNetGrid.SortColumn = DotNetGrid.ColumnIndex(term.caption);
+  DotNetGrid.SortDescending = term.descending;
+  sort_column_ = DotNetGrid.SortColumn;
 }
 
 void frmTGList::ShowCount() {
@@ -272,7 +274,7 @@ void frmTGList::Choose() {
 
 std::string frmTGList::Chosen(std::string_view caption) const {
   const int column = DotNetGrid.ColumnIndex(caption);
-  return DotNetGrid.Row < 0 || column < 0 ? "" : DotNetGrid.Cell(DotNetGrid.Row, column);
+  return DotNetGrid.Row < 0 || column < 0 ? "" : std::string(DotNetGrid.Cell(DotNetGrid.Row, column));
 }
 
 std::int32_t frmTGList::CurrentID() const {

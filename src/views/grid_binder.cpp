@@ -1,9 +1,11 @@
 #include "views/grid_binder.h"
 
+#include <wx/dc.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include "views/form_dialog.h"
+#include "views/grid_cells.h"
 #include "views/text_binders.h"
 
 namespace views {
@@ -11,94 +13,7 @@ namespace {
 
 constexpr int kFilterDelay = 300;  // milliseconds after the last key
 
-// The control's cells as wxGrid reads them. Painting the last row fetches more.
-class CellTable : public wxGridTableBase {
- public:
-  CellTable(forms::Grid& grid, std::function<void()> last_row_painted)
-      : grid_(grid), last_row_painted_(std::move(last_row_painted)) {}
-
-  int GetNumberRows() override { return rows_; }
-  int GetNumberCols() override { return columns_; }
-  wxString GetColLabelValue(int column) override {
-    const wxString caption = ToWx(Column(column).caption);
-    if (column != grid_.SortColumn) {
-      return caption;
-    }
-    return caption + (grid_.SortDescending ? ToWx(" \u25BC") : ToWx(" \u25B2"));
-  }
-  bool IsEmptyCell(int row, int column) override { return GetValue(row, column).empty(); }
-
-  wxString GetValue(int row, int column) override {
-    if (row >= grid_.RowCount()) {
-      return {};
-    }
-    if (row == rows_ - 1) {
-      last_row_painted_();
-    }
-    return ToWx(grid_.Cell(row, column));
-  }
-
-  void SetValue(int row, int column, const wxString& text) override {
-    if (grid_.DoRow(row)) {
-      grid_.DoCell(column, FromWx(text));
-    }
-  }
-
-  wxGridCellAttr* GetAttr(int row, int column, wxGridCellAttr::wxAttrKind /*kind*/) override {
-    auto* attributes = new wxGridCellAttr;
-    const forms::GridColumn& shape = Column(column);
-    attributes->SetReadOnly(!shape.editable);
-    attributes->SetAlignment(shape.align == forms::GridColumn::Align::Left    ? wxALIGN_LEFT
-                             : shape.align == forms::GridColumn::Align::Right ? wxALIGN_RIGHT
-                                                                              : wxALIGN_CENTRE,
-                             wxALIGN_CENTRE);
-    if (shape.kind == forms::GridColumn::Kind::Check) {
-      attributes->SetRenderer(new wxGridCellBoolRenderer);
-      attributes->SetEditor(new wxGridCellBoolEditor);
-    } else if (shape.kind == forms::GridColumn::Kind::DropDown) {
-      wxArrayString choices;
-      for (const std::string& choice : shape.choices) {
-        choices.push_back(ToWx(choice));
-      }
-      attributes->SetEditor(new wxGridCellChoiceEditor(choices));
-    }
-    if (row < grid_.RowCount()) {
-      if (const auto fore = grid_.Rows.get()->Fore(row)) {
-        attributes->SetTextColour(wxColour(fore->red, fore->green, fore->blue));
-      }
-      if (const auto back = grid_.Rows.get()->Back(row)) {
-        attributes->SetBackgroundColour(wxColour(back->red, back->green, back->blue));
-      }
-    }
-    return attributes;
-  }
-
-  // Brings the widget's counts in step with the control's.
-  void CountAgain() {
-    Tell(rows_, grid_.RowCount(), wxGRIDTABLE_NOTIFY_ROWS_APPENDED, wxGRIDTABLE_NOTIFY_ROWS_DELETED);
-    Tell(columns_, static_cast<int>(grid_.Columns->size()), wxGRIDTABLE_NOTIFY_COLS_APPENDED,
-         wxGRIDTABLE_NOTIFY_COLS_DELETED);
-  }
-
- private:
-  const forms::GridColumn& Column(int column) const { return grid_.Columns.get()[static_cast<std::size_t>(column)]; }
-
-  void Tell(int& count, int wanted, int appended, int deleted) {
-    const int before = std::exchange(count, wanted);
-    if (wanted > before) {
-      wxGridTableMessage message(this, appended, wanted - before);
-      GetView()->ProcessTableMessage(message);
-    } else if (wanted < before) {
-      wxGridTableMessage message(this, deleted, wanted, before - wanted);
-      GetView()->ProcessTableMessage(message);
-    }
-  }
-
-  forms::Grid& grid_;
-  std::function<void()> last_row_painted_;
-  int rows_ = 0;
-  int columns_ = 0;
-};
+using Kind = forms::GridColumn::Kind;
 
 class GridBinding : public Binding {
  public:
@@ -106,20 +21,90 @@ class GridBinding : public Binding {
       : Binding(control, widget), grid_(control), widget_(widget), delay_(&widget) {
     table_ = new CellTable(grid_, [this] { FetchSoon(); });
     widget_.SetTable(table_, true, wxGrid::wxGridSelectRows);
+    BindCells();
+    BindHeads();
+    BindMouse();
+    widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
+    widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
+    delay_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ApplyFilters(); });
+    delay_.SetOwner(&delay_);
+  }
+
+  wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    const bool outer = !std::exchange(showing_, true);
+    if (aspect == forms::Aspect::Items || aspect == forms::Aspect::State) {
+      widget_.BeginBatch();
+      table_->Reread();
+      ShowColumns();
+      widget_.EndBatch();
+      widget_.ForceRefresh();
+    }
+    ShowRow();
+    showing_ = !outer;
+  }
+
+ private:
+  struct Shape {
+    int width;
+    bool visible;
+    friend bool operator==(const Shape&, const Shape&) = default;
+  };
+
+  void BindCells() {
     widget_.Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
-      event.Skip();
       const int row = event.GetRow();
-      if (!showing_ && row != grid_.Row && Dialog().SyncFocus()) {
-        grid_.DoRow(row);
+      const int column = event.GetCol();
+      const bool moves = row != grid_.Row || column != grid_.Col;
+      if (!showing_ && moves && Dialog().SyncFocus()) {
+        grid_.DoGoTo(row, column);
+      }
+      if (showing_ || row == grid_.Row) {
+        event.Skip();
+      } else {
+        event.Veto();
       }
     });
+    widget_.Bind(wxEVT_GRID_RANGE_SELECTED, [this](wxGridRangeSelectEvent& event) {
+      event.Skip();
+      if (!showing_) {  // what is selected is the control's to say
+        Dialog().CallAfter([this] { Refresh(forms::Aspect::Value); });
+      }
+    });
+    widget_.Bind(wxEVT_GRID_CELL_LEFT_CLICK, &GridBinding::OnClick, this);
     widget_.Bind(wxEVT_GRID_CELL_LEFT_DCLICK,
                  [this](wxGridEvent&) { Dialog().CallAfter([this] { grid_.DoOpenRow(); }); });
+  }
+
+  void BindHeads() {
     widget_.Bind(wxEVT_GRID_COL_SORT, [this](wxGridEvent& event) {
       event.Veto();
-      grid_.DoSort(event.GetCol());
+      if (Dialog().SyncFocus()) {
+        grid_.DoSort(event.GetCol());
+      }
     });
-    widget_.Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent&) { PlaceFilters(); });
+    widget_.Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
+      const int column = event.GetRowOrCol();
+      const int width = widget_.GetColSize(column);
+      if (Dialog().SyncFocus() && static_cast<std::size_t>(column) < shapes_.size()) {
+        shapes_[static_cast<std::size_t>(column)].width = FromPixels(width);
+        grid_.DoSizeColumn(column, FromPixels(width));
+      }
+      PlaceFilters();
+    });
+    // The widget moves the column behind this event; the control's order is the one that is shown.
+    widget_.Bind(wxEVT_GRID_COL_MOVE, [this](wxGridEvent& event) {
+      Dialog().CallAfter([this, from = event.GetCol()] {
+        const int to = widget_.GetColPos(from);
+        widget_.ResetColPos();
+        if (Dialog().SyncFocus()) {
+          grid_.DoMoveColumn(from, to);
+        }
+        PlaceFilters();
+      });
+    });
     widget_.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
       event.Skip();
       PlaceFilters();
@@ -132,34 +117,166 @@ class GridBinding : public Binding {
         Dialog().CallAfter([this] { PlaceFilters(); });
       });
     }
-    delay_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ApplyFilters(); });
-    delay_.SetOwner(&delay_);
   }
 
-  wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
+  // With the button held the mouse drags a row, or selects up to where it is; without, it asks for the tip.
+  void BindMouse() {
+    wxWindow* cells = widget_.GetGridWindow();
+    cells->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+      const wxGridCellCoords cell = CellAt(event);
+      if (event.LeftIsDown() && !widget_.IsCellEditControlShown()) {
+        Drag(cell.GetRow());
+        return;
+      }
+      ShowTip(*widget_.GetGridWindow(), cell.GetRow(), cell.GetCol());
+      event.Skip();
+    });
+    cells->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+      event.Skip();
+      const int from = std::exchange(dragged_, -1);
+      widget_.GetGridWindow()->SetCursor(wxNullCursor);
+      if (from >= 0 && from < grid_.RowCount() && drop_ >= 0) {
+        grid_.DoMoveRow(from, drop_);
+      }
+    });
+    wxWindow* heads = widget_.GetGridColLabelWindow();
+    heads->Bind(wxEVT_MOTION, [this, heads](wxMouseEvent& event) {
+      event.Skip();
+      int x = 0;
+      widget_.CalcUnscrolledPosition(event.GetX(), 0, &x, nullptr);
+      ShowTip(*heads, -1, widget_.XToCol(x));
+    });
+  }
 
- protected:
-  void Refresh(forms::Aspect aspect) override {
-    showing_ = true;
-    if (aspect == forms::Aspect::Items || aspect == forms::Aspect::State) {
-      widget_.BeginBatch();
-      table_->CountAgain();
-      ShowColumns();
-      widget_.EndBatch();
-      widget_.ForceRefresh();
+  wxGridCellCoords CellAt(const wxMouseEvent& event) const {
+    int x = 0;
+    int y = 0;
+    widget_.CalcUnscrolledPosition(event.GetX(), event.GetY(), &x, &y);
+    return widget_.XYToCell(x, y);
+  }
+
+  void Drag(int row) {
+    if (row < 0 || row == grid_.Row || row >= grid_.RowCount()) {
+      drop_ = dragged_ >= 0 && row == dragged_ ? -1 : drop_;
+      return;
     }
-    ShowRow();
-    showing_ = false;
+    if (grid_.RowsMove) {
+      dragged_ = dragged_ < 0 ? grid_.Row.get() : dragged_;
+      drop_ = row;
+      widget_.GetGridWindow()->SetCursor(wxCursor(wxCURSOR_SIZENS));
+    } else if (grid_.MultiSelect && Dialog().SyncFocus()) {
+      grid_.DoExtendTo(row);
+    }
   }
 
- private:
-  struct Shape {
-    int width;
-    bool visible;
-    friend bool operator==(const Shape&, const Shape&) = default;
-  };
+  void ShowTip(wxWindow& part, int row, int column) {
+    const bool over_cell = column >= 0 && row < grid_.RowCount() && (row >= 0 || &part != widget_.GetGridWindow());
+    if (!grid_.Tip) {
+      return;
+    }
+    const wxString tip = over_cell ? ToWx(grid_.Tip(row, column)) : wxString();
+    if (part.GetToolTipText() != tip) {
+      part.SetToolTip(tip);
+    }
+  }
 
-  // A width that a person has dragged stays until the rules give another.
+  bool Holds(int column, Kind kind) const {
+    if (column < 0 || column >= static_cast<int>(grid_.Columns->size())) {
+      return false;
+    }
+    const forms::GridColumn& shape = grid_.Columns.get()[static_cast<std::size_t>(column)];
+    return shape.editable && shape.kind == kind;
+  }
+
+  void OnClick(wxGridEvent& event) {
+    const int row = event.GetRow();
+    const int column = event.GetCol();
+    const bool alone = !grid_.MultiSelect || (!event.ControlDown() && !event.ShiftDown());
+    if (!alone) {
+      widget_.GetGridWindow()->SetFocus();
+      if (Dialog().SyncFocus()) {
+        event.ShiftDown() ? grid_.DoExtendTo(row) : grid_.DoToggleRow(row);
+      }
+    } else if (Holds(column, Kind::Check) || Holds(column, Kind::Color)) {
+      widget_.DisableCellEditControl();
+      widget_.GetGridWindow()->SetFocus();
+      Dialog().CallAfter([this, row, column] {
+        if (Dialog().SyncFocus() && grid_.DoGoTo(row, column)) {
+          ActOnCell();
+        }
+      });
+    } else if (event.ControlDown() || event.ShiftDown()) {
+      widget_.GetGridWindow()->SetFocus();
+      widget_.GoToCell(row, column);
+    } else {
+      if (row == grid_.Row && grid_.DoGoTo(row, column)) {  // of several, that one alone
+        ShowRow();
+      }
+      event.Skip();
+    }
+  }
+
+  // Ticks the current cell, or lets the person pick for it. False for a cell that is typed into.
+  bool ActOnCell() {
+    const int column = grid_.Col;
+    if (Holds(column, Kind::Color)) {
+      return grid_.DoPick(column);
+    }
+    return Holds(column, Kind::Check) && grid_.Row >= 0 &&
+           grid_.DoCell(column, grid_.Cell(grid_.Row, column) == "1" ? "0" : "1");
+  }
+
+  // A cell that is being edited has its own use for these keys.
+  void OnHook(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool editing = widget_.IsCellEditControlShown();
+    if (editing && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
+                    key == WXK_UP || key == WXK_DOWN)) {
+      event.DoAllowNextEvent();
+    } else {
+      event.Skip();
+    }
+  }
+
+  void OnKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const int step = RowStep(key);
+    const int row = std::clamp(grid_.Row + step, 0, std::max(0, grid_.RowCount() - 1));
+    if (event.AltDown() && step != 0) {
+      grid_.DoMoveRow(grid_.Row, row);
+    } else if (event.ShiftDown() && step != 0) {
+      grid_.MultiSelect ? grid_.DoExtendTo(row) : grid_.DoRow(row);
+    } else if (event.ControlDown() && key == 'A') {
+      grid_.DoSelectAll();
+    } else if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE && ActOnCell()) {
+      return;
+    } else if (key == WXK_TAB && !widget_.IsEditable()) {
+      widget_.Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
+    } else {
+      event.Skip();
+    }
+  }
+
+  int RowStep(int key) const {
+    const int page = std::max(1, widget_.GetGridWindow()->GetClientSize().y / widget_.GetDefaultRowSize() - 1);
+    switch (key) {
+      case WXK_UP:
+        return -1;
+      case WXK_DOWN:
+        return 1;
+      case WXK_PAGEUP:
+        return -page;
+      case WXK_PAGEDOWN:
+        return page;
+      default:
+        return 0;
+    }
+  }
+
+  // A column's width in pixels on this screen and with this text, and back.
+  int ToPixels(int width) const { return widget_.FromDIP(width) * widget_.GetCharWidth() / 7; }
+  int FromPixels(int pixels) const { return widget_.ToDIP((pixels * 7 + 3) / widget_.GetCharWidth()); }
+
   void ShowColumns() {
     const auto& columns = grid_.Columns.get();
     shapes_.resize(columns.size(), Shape{-1, true});
@@ -168,12 +285,13 @@ class GridBinding : public Binding {
       const Shape wanted{columns[i].width, columns[i].visible};
       if (!(shapes_[i] == wanted)) {
         shapes_[i] = wanted;
-        const int index = static_cast<int>(i);
-        widget_.SetColSize(index, wanted.visible ? widget_.FromDIP(wanted.width) * widget_.GetCharWidth() / 7 : 0);
+        widget_.SetColSize(static_cast<int>(i), wanted.visible ? ToPixels(wanted.width) : 0);
       }
       editable = editable || columns[i].editable;
     }
     widget_.EnableEditing(editable);
+    widget_.SetCellHighlightPenWidth(editable ? widget_.FromDIP(1) : 0);
+    widget_.SetCellHighlightROPenWidth(editable ? widget_.FromDIP(1) : 0);
     widget_.GetGridColLabelWindow()->Refresh();
     ShowFilters();
   }
@@ -253,16 +371,35 @@ class GridBinding : public Binding {
 
   void ShowRow() {
     const int row = grid_.Row;
-    if (row < 0 || row >= widget_.GetNumberRows()) {
-      widget_.ClearSelection();
+    const auto& visible = grid_.VisibleColumns();
+    if (row >= 0 && row < widget_.GetNumberRows() && !visible.empty()) {
+      const int column = std::ranges::binary_search(visible, grid_.Col.get()) ? grid_.Col.get() : -1;
+      if (widget_.GetGridCursorRow() != row || (column >= 0 && widget_.GetGridCursorCol() != column)) {
+        widget_.GoToCell(row, column >= 0 ? column : visible.front());
+      }
+    }
+    ShowSelection();
+  }
+
+  void ShowSelection() {
+    std::vector<std::pair<int, int>> wanted;  // first and last rows
+    for (const int row : grid_.Selected()) {
+      if (!wanted.empty() && wanted.back().second + 1 == row) {
+        wanted.back().second = row;
+      } else if (row < widget_.GetNumberRows()) {
+        wanted.emplace_back(row, row);
+      }
+    }
+    std::vector<std::pair<int, int>> shown;
+    for (const wxGridBlockCoords& block : widget_.GetSelectedRowBlocks()) {
+      shown.emplace_back(block.GetTopRow(), block.GetBottomRow());
+    }
+    if (shown == wanted) {
       return;
     }
-    const auto visible = grid_.VisibleColumns();
-    if (!visible.empty() && widget_.GetGridCursorRow() != row) {
-      widget_.GoToCell(row, visible.front());
-    }
-    if (!widget_.IsInSelection(row, 0)) {
-      widget_.SelectRow(row);
+    widget_.ClearSelection();
+    for (const auto& [first, last] : wanted) {
+      widget_.SelectBlock(first, 0, last, widget_.GetNumberCols() - 1, true);
     }
   }
 
@@ -281,6 +418,8 @@ class GridBinding : public Binding {
   std::vector<Shape> shapes_;
   std::vector<wxTextCtrl*> filters_;
   wxTimer delay_;
+  int dragged_ = -1;  // the row that the mouse drags, and where it would fall
+  int drop_ = -1;
   bool showing_ = false;
   bool fetching_ = false;
 };
@@ -293,10 +432,10 @@ wxGrid* MakeGrid(wxWindow* parent, forms::Grid& control, int lines) {
   grid->SetLabelFont(grid->GetFont());
   grid->SetDefaultCellFitMode(wxGridFitMode::Ellipsize());
   grid->SetDefaultRowSize(grid->GetCharHeight() + grid->FromDIP(8));
-  grid->SetCellHighlightPenWidth(0);
-  grid->SetCellHighlightROPenWidth(0);
+  grid->SetTabBehaviour(wxGrid::Tab_Leave);
   grid->DisableDragRowSize();
   grid->EnableDragGridSize(false);
+  grid->EnableDragColMove();
   const int height = (grid->GetCharHeight() + grid->FromDIP(8)) * (lines + 3);
   int width = 0;
   for (const forms::GridColumn& column : control.Columns.get()) {

@@ -128,7 +128,7 @@ TEST_P(PracticeLists, FilterAndSortByEveryColumn) {
         list.DotNetGrid.DoSort(column);
         FetchAll(list);
         EXPECT_EQ(list.DotNetGrid.RowCount(), rows);
-        const std::string cell = list.DotNetGrid.Cell(rows - 1, column);
+        const std::string cell(list.DotNetGrid.Cell(rows - 1, column));
         list.DotNetGrid.DoFilter(column, cell);
         FetchAll(list);
         ASSERT_GT(list.DotNetGrid.RowCount(), 0);

@@ -139,7 +139,12 @@ TEST_F(Binders, AListShowsColumnsAndTellsCharacters) {
 class ManyRows : public forms::GridRows {
  public:
   int Count() const override { return 1'000'000; }
-  std::string Text(int row, int column) const override { return std::to_string(row) + "/" + std::to_string(column); }
+  std::string_view Text(int row, int cell) const override {
+    return text_ = std::to_string(row) + "/" + std::to_string(cell);
+  }
+
+ private:
+  mutable std::string text_;
 };
 
 TEST_F(Binders, AGridShowsItsRowsAndFilters) {
@@ -174,6 +179,50 @@ TEST_F(Binders, AGridShowsItsRowsAndFilters) {
   EXPECT_EQ(form_.grdRows.Columns.get()[2].filter, "Hou");
   form_.grdRows.ClearFilters();
   EXPECT_EQ(filter->GetValue(), "");
+}
+
+TEST_F(Binders, AGridSelectsAndMovesAsTheControlSays) {
+  auto rows = std::make_shared<forms::TableRows>();
+  for (const char* name : {"Ann", "Bob", "Cay", "Dee"}) {
+    rows->rows.push_back({{name, "0"}});
+  }
+  form_.grdRows.Columns = std::vector<forms::GridColumn>{
+      {.key = "a", .caption = "Name"},
+      {.key = "b", .caption = "On", .kind = forms::GridColumn::Kind::Check, .editable = true}};
+  form_.grdRows.Rows = rows;
+  form_.grdRows.MultiSelect = true;
+  form_.grdRows.RowsMove = true;
+  wxGrid* grid = views::MakeGrid(&dialog_, form_.grdRows, 5);
+  form_.grdRows.DoRow(0);
+  form_.grdRows.DoExtendTo(1);
+  form_.grdRows.DoToggleRow(3);
+  EXPECT_TRUE(grid->IsInSelection(0, 0) && grid->IsInSelection(1, 1) && grid->IsInSelection(3, 0));
+  EXPECT_FALSE(grid->IsInSelection(2, 0));
+
+  const auto press = [grid](int code, int modifiers) {
+    wxKeyEvent key(wxEVT_KEY_DOWN);
+    key.m_keyCode = code;
+    key.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
+    key.SetAltDown((modifiers & wxMOD_ALT) != 0);
+    grid->ProcessWindowEvent(key);
+  };
+  press(WXK_UP, wxMOD_SHIFT);
+  EXPECT_THAT(form_.grdRows.Selected(), testing::ElementsAre(2, 3));
+  form_.grdRows.DoGoTo(2, 1);
+  press(WXK_SPACE, wxMOD_NONE);
+  EXPECT_EQ(form_.grdRows.Cell(2, 1), "1");
+  press(WXK_UP, wxMOD_ALT);
+  EXPECT_EQ(grid->GetCellValue(1, 0), "Cay");
+  EXPECT_EQ(grid->GetGridCursorRow(), 1);
+
+  form_.grdRows.DoMoveColumn(1, 0);
+  EXPECT_EQ(grid->GetColLabelValue(0), "On");
+  EXPECT_EQ(grid->GetCellValue(1, 1), "Cay");
+  form_.grdRows.DoSizeColumn(0, 33);
+  grid->SetColSize(0, grid->GetColSize(0) * 2);
+  wxGridSizeEvent sized(grid->GetId(), wxEVT_GRID_COL_SIZE, grid, 0);
+  grid->ProcessWindowEvent(sized);
+  EXPECT_NEAR(form_.grdRows.Columns.get()[0].width, 66, 1) << "to the pixel";
 }
 
 }  // namespace
