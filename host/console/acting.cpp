@@ -17,6 +17,9 @@ void RequireUsable(const forms::Control& control) {
       Fail(which + " is disabled");
     }
   }
+  if (!control.Usable()) {
+    Fail(control.Name() + " lies on a page that is not in front");
+  }
 }
 
 }  // namespace

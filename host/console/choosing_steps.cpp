@@ -320,12 +320,16 @@ void ShowTab(Interpreter& interpreter, StepWords& words) {
   const std::string wanted = words.Take("a tab");
   words.End();
   std::vector<std::vector<std::string>> entries;
-  for (const std::string& tab : tabs.Tabs.get()) {
-    entries.push_back({forms::WithoutMnemonic(tab)});
+  std::vector<int> places;  // of the tabs that are seen
+  for (int i = 0; i < static_cast<int>(tabs.Tabs->size()); ++i) {
+    if (tabs.HasTab(i)) {
+      entries.push_back({forms::WithoutMnemonic(tabs.Tabs.get()[static_cast<std::size_t>(i)])});
+      places.push_back(i);
+    }
   }
   const int index = FindEntry(tabs.Name(), entries, wanted);
   if (Focus(interpreter, tabs)) {
-    tabs.DoTab(index);
+    tabs.DoTab(places[static_cast<std::size_t>(index)]);
   }
 }
 

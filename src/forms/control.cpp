@@ -7,15 +7,22 @@
 namespace forms {
 
 bool Control::Shown() const {
-  return Visible && (Container == nullptr || Container->Shown());
+  return Visible && (Container == nullptr || (Container->Shows(*this) && Container->Shown()));
 }
 
 bool Control::Usable() const {
-  return Visible && Enabled && (Container == nullptr || Container->Usable());
+  return Visible && Enabled && (Container == nullptr || (Container->Shows(*this) && Container->Usable()));
 }
 
 bool Control::LiesOn(const Control& panel) const {
   return Container != nullptr && (Container == &panel || Container->LiesOn(panel));
+}
+
+void Control::Reveal() const {
+  if (Container != nullptr) {
+    Container->Reveal();
+    Container->BringForward(*this);
+  }
 }
 
 void Control::SetFocus() {

@@ -58,10 +58,12 @@ class Control : public Observable {
   // The heading, the control's own caption, its accessible name or its tip, as it is read aloud; empty for none.
   std::string SpokenName() const;
 
-  // Visible and enabled, and so is every panel that it lies on.
+  // Visible and enabled, and so is every panel that it lies on; of the pages of a strip, the one in front.
   bool Shown() const;
   bool Usable() const;
   bool LiesOn(const Control& panel) const;
+  // Every panel that it lies on brings it forward.
+  void Reveal() const;
 
   // True when the focus may rest on it.
   virtual bool TakesFocus() const { return true; }
@@ -91,6 +93,9 @@ class Control : public Observable {
   virtual bool OnKey(Key key) { return KeyDown && KeyDown(key); }
   // What stands on the control itself; "&" before the mnemonic.
   virtual std::string OwnCaption() const { return {}; }
+  // Whether a control that lies directly on this one is seen there, and how it comes to be.
+  virtual bool Shows(const Control& /*part*/) const { return true; }
+  virtual void BringForward(const Control& /*part*/) {}
 
   // Registers the parts of a composed control ("DialogButtons1.OK") with the form.
   virtual void RegisterParts(Form& form);

@@ -102,6 +102,7 @@ void Form::SetFocus(Control& control) {
     return;
   }
   leaving_ = false;
+  control.Reveal();
   Rest(control);
 }
 

@@ -69,7 +69,8 @@ class Form : public Observable {
   void Close();
 
   Control* ActiveControl() const { return active_; }
-  // By a rule: the focus goes there, and `Leave` of the control before it does not run.
+  // By a rule: the focus goes there, and `Leave` of the control before it does not run. A page behind others that it
+  // lies on comes to the front.
   void SetFocus(Control& control);
 
   // The close box, or the cancel button's default: asks `QueryClose`. True when the form closed.

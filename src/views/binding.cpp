@@ -53,8 +53,8 @@ void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) 
   Refresh(aspect);
 }
 
-void Binding::ShowState() {
-  // A container that has a widget hides and disables what is in it; one without leaves that to the widgets.
+// A container that has a widget hides and disables what is in it; one without leaves that to the widgets.
+void Binding::ShowVisible() {
   bool visible = control_.Visible;
   bool enabled = control_.Enabled;
   for (const forms::Control* panel = control_.Container; panel != nullptr && Dialog().Find(*panel) == nullptr;
@@ -67,6 +67,10 @@ void Binding::ShowState() {
     Dialog().LayOutSoon();
   }
   widget_.Enable(enabled);
+}
+
+void Binding::ShowState() {
+  ShowVisible();
   if (widget_.GetToolTipText() != views::ToWx(control_.ToolTip.get())) {
     widget_.SetToolTip(views::ToWx(control_.ToolTip.get()));
   }

@@ -42,6 +42,8 @@ class Binding : public forms::ControlObserver {
 
  protected:
   virtual void Refresh(forms::Aspect /*aspect*/) {}
+  // Whether it is seen, and can be acted on.
+  virtual void ShowVisible();
 
  private:
   void ShowState();

@@ -126,34 +126,6 @@ class SliderBinding : public Binding {
   wxSlider& widget_;
 };
 
-class TabBinding : public Binding {
- public:
-  TabBinding(forms::TabStrip& control, wxNotebook& widget) : Binding(control, widget), tabs_(control), book_(widget) {
-    book_.Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
-      event.Skip();
-      if (&book_ == event.GetEventObject()) {
-        tabs_.DoTab(event.GetSelection());
-      }
-    });
-  }
-
- protected:
-  void Refresh(forms::Aspect aspect) override {
-    const auto& captions = tabs_.Tabs.get();
-    for (std::size_t i = 0; i < std::min(captions.size(), book_.GetPageCount()); ++i) {
-      book_.SetPageText(i, ToWx(captions[i]));
-    }
-    const int front = tabs_.CurrTab;
-    if (aspect == forms::Aspect::Value && front >= 0 && front < static_cast<int>(book_.GetPageCount())) {
-      book_.ChangeSelection(static_cast<std::size_t>(front));
-    }
-  }
-
- private:
-  forms::TabStrip& tabs_;
-  wxNotebook& book_;
-};
-
 }  // namespace
 
 wxCheckBox* MakeCheckBox(wxWindow* parent, forms::CheckBox& control) {
@@ -176,15 +148,6 @@ wxComboBox* MakeComboBox(wxWindow* parent, forms::ComboBox& control, int charact
   combo->SetInitialSize(wxSize(combo->GetSizeFromTextSize(FieldWidth(*combo, characters)).x, -1));
   FormDialog::Of(*parent).Attach<ComboBinding>(control, *combo);
   return combo;
-}
-
-wxNotebook* MakeTabs(wxWindow* parent, forms::TabStrip& control) {
-  auto* book = new wxNotebook(parent, wxID_ANY);
-  for (const std::string& caption : control.Tabs.get()) {
-    book->AddPage(new wxPanel(book), ToWx(caption));
-  }
-  FormDialog::Of(*parent).Attach<TabBinding>(control, *book);
-  return book;
 }
 
 wxSlider* MakeSlider(wxWindow* parent, forms::Slider& control) {

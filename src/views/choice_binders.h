@@ -3,7 +3,6 @@
 #include <wx/checkbox.h>
 #include <wx/combobox.h>
 #include <wx/listctrl.h>
-#include <wx/notebook.h>
 #include <wx/panel.h>
 #include <wx/radiobut.h>
 #include <wx/slider.h>
@@ -24,8 +23,6 @@ wxComboBox* MakeComboBox(wxWindow* parent, forms::ComboBox& control, int charact
 wxListCtrl* MakeListBox(wxWindow* parent, forms::ListBox& control, const std::vector<int>& columns, int lines);
 // The box and, always open below it, the list of a combo: the list follows what is typed.
 wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characters, int lines);
-// Pages with the strip's captions in the order in which they are added.
-wxNotebook* MakeTabs(wxWindow* parent, forms::TabStrip& control);
 wxSlider* MakeSlider(wxWindow* parent, forms::Slider& control);
 
 }  // namespace views

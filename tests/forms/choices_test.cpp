@@ -1,6 +1,8 @@
 #include "forms/check_box.h"
+#include "forms/form.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
+#include "forms/text_box.h"
 
 namespace forms {
 namespace {
@@ -60,6 +62,72 @@ TEST_F(ComboTest, AnotherTextLeavesNoEntryCurrent) {
   combo.DoEdit("Mo");
   EXPECT_EQ(combo.ListIndex, -1);
   EXPECT_EQ(combo.Text, "Mo");
+}
+
+class TabTest : public testing::Test {
+ protected:
+  TabTest() : form("Form") {
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+      pages[i].Caption = "Page " + std::to_string(i);
+      fields[i].Container = &pages[i];
+      tabs.AddPage(pages[i]);
+    }
+    form.Add("tabs", tabs);
+    form.Add("pages", pages);
+    form.Add("fields", fields);
+  }
+
+  Form form;
+  TabStrip tabs;
+  std::array<Panel, 3> pages;
+  std::array<TextBox, 3> fields;
+};
+
+TEST_F(TabTest, OnlyThePageInFrontIsSeen) {
+  int switched = 0;
+  tabs.Switch = [&switched] { ++switched; };
+  EXPECT_THAT(tabs.Tabs.get(), testing::ElementsAre("Page 0", "Page 1", "Page 2"));
+  EXPECT_TRUE(fields[0].Usable());
+  EXPECT_FALSE(fields[1].Shown());
+  EXPECT_FALSE(fields[1].DoFocus());
+  EXPECT_TRUE(tabs.DoTab(1));
+  EXPECT_TRUE(tabs.DoTab(1));
+  EXPECT_FALSE(tabs.DoTab(3));
+  EXPECT_TRUE(fields[1].DoFocus());
+  EXPECT_FALSE(fields[0].Usable());
+  EXPECT_EQ(switched, 1);
+}
+
+TEST_F(TabTest, ARulesFocusBringsThePageForward) {
+  fields[2].SetFocus();
+  EXPECT_EQ(tabs.CurrTab, 2);
+  EXPECT_TRUE(fields[2].Usable());
+  pages[1].Visible = false;
+  fields[1].SetFocus();
+  EXPECT_EQ(tabs.CurrTab, 2) << "a page without a tab stays away";
+}
+
+TEST_F(TabTest, AFieldThatKeepsTheFocusKeepsItsPage) {
+  fields[0].Leave = [this] { fields[0].SetFocus(); };
+  fields[0].DoFocus();
+  EXPECT_TRUE(tabs.DoTab(1));
+  EXPECT_EQ(tabs.CurrTab, 0);
+}
+
+TEST_F(TabTest, ANeighbourTakesTheFrontOfAPageThatGoes) {
+  tabs.DoTab(1);
+  pages[1].Visible = false;
+  EXPECT_EQ(tabs.CurrTab, 2) << "the one behind it";
+  EXPECT_FALSE(tabs.DoTab(1));
+  EXPECT_EQ(tabs.NextTab(1), 0);
+  pages[2].Visible = false;
+  EXPECT_EQ(tabs.CurrTab, 0) << "or the one before";
+  pages[0].Visible = false;
+  EXPECT_EQ(tabs.CurrTab, -1);
+  pages[1].Visible = true;
+  EXPECT_EQ(tabs.CurrTab, 1);
+  pages[1].Caption = "New";
+  EXPECT_EQ(tabs.Tabs.get()[1], "New");
 }
 
 TEST(Slider, StaysInItsRange) {

@@ -7,6 +7,7 @@
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/grid_binder.h"
+#include "views/tab_binders.h"
 #include "views/text_binders.h"
 
 namespace {
@@ -223,6 +224,40 @@ TEST_F(Binders, AGridSelectsAndMovesAsTheControlSays) {
   wxGridSizeEvent sized(grid->GetId(), wxEVT_GRID_COL_SIZE, grid, 0);
   grid->ProcessWindowEvent(sized);
   EXPECT_NEAR(form_.grdRows.Columns.get()[0].width, 66, 1) << "to the pixel";
+}
+
+TEST_F(Binders, PagesComeAndGoWithTheirTabs) {
+  forms::TabStrip tabs;
+  std::array<forms::Panel, 3> pages;
+  for (forms::Panel& page : pages) {
+    page.Caption = "Page " + std::to_string(&page - pages.data());
+    tabs.AddPage(page);
+  }
+  form_.Add("tabs", tabs);
+  form_.Add("pages", pages);
+  form_.txtName.Container = &pages[2];
+  auto holder = std::make_unique<views::FormDialog>(nullptr, form_, pictures_, nullptr);
+  wxNotebook* book = views::MakeTabs(holder.get(), tabs);
+  views::MakeTextBox(views::PageOf(book, pages[2]), form_.txtName, 10);
+  pages[0].Visible = false;
+  EXPECT_EQ(book->GetPageCount(), 2U);
+  EXPECT_EQ(book->GetPageText(0), "Page 1");
+  EXPECT_EQ(book->GetSelection(), 0);
+  book->SetSelection(1);
+  EXPECT_EQ(tabs.CurrTab, 2);
+  EXPECT_TRUE(form_.txtName.DoFocus());
+  form_.txtName.Leave = [this] { form_.txtName.SetFocus(); };
+  book->SetSelection(0);
+  EXPECT_EQ(book->GetSelection(), 1) << "the field keeps the focus";
+  form_.txtName.Leave = nullptr;
+  pages[0].Visible = true;
+  EXPECT_EQ(book->GetPageText(0), "Page 0");
+  EXPECT_EQ(book->GetSelection(), 2);
+  wxKeyEvent key(wxEVT_CHAR_HOOK);
+  key.m_keyCode = WXK_PAGEDOWN;
+  key.SetControlDown(true);
+  book->ProcessWindowEvent(key);
+  EXPECT_EQ(tabs.CurrTab, 0);
 }
 
 }  // namespace
