@@ -8,6 +8,7 @@
 #include "console/step_failure.h"
 #include "console/steps.h"
 #include "forms/check_box.h"
+#include "forms/check_list_box.h"
 #include "forms/grid.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
@@ -71,15 +72,12 @@ int FindEntry(const std::string& owner, const std::vector<std::vector<std::strin
   return index;
 }
 
-void PickEntry(Interpreter& interpreter, forms::ListBox& list, const std::string& wanted) {
+int FindEntry(const forms::ListBox& list, const std::string& wanted) {
   std::vector<std::vector<std::string>> entries;
   for (const forms::ListItem& item : list.Items.get()) {
     entries.push_back(Split(item.text, '\t'));
   }
-  const int index = FindEntry(list.Name(), entries, wanted);
-  if (Focus(interpreter, list)) {
-    list.DoPick(index);
-  }
+  return FindEntry(list.Name(), entries, wanted);
 }
 
 // The first row with that text in one of the columns; -1 for none.
@@ -119,7 +117,10 @@ void Pick(Interpreter& interpreter, StepWords& words) {
       grid->DoRow(row);
     }
   } else if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr) {
-    PickEntry(interpreter, *list, wanted);
+    const int index = FindEntry(*list, wanted);
+    if (Focus(interpreter, *list)) {
+      list->DoPick(index);
+    }
   } else {
     FailKind(control, "list");
   }
@@ -177,8 +178,27 @@ void EditCell(Interpreter& interpreter, StepWords& words) {
   EnterCell(interpreter, grid, column, text);
 }
 
-void TickCell(Interpreter& interpreter, StepWords& words) {
-  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+void TickEntry(Interpreter& interpreter, forms::CheckListBox& list, StepWords& words) {
+  const std::string wanted = words.Take("an entry");
+  const bool on = words.TakeTruth();
+  words.End();
+  const int index = FindEntry(list, wanted);
+  if (Focus(interpreter, list)) {
+    list.DoTick(index, on);
+  }
+}
+
+void Tick(Interpreter& interpreter, StepWords& words) {
+  forms::Control& control = TakeUsable(interpreter, words);
+  if (auto* list = dynamic_cast<forms::CheckListBox*>(&control); list != nullptr) {
+    TickEntry(interpreter, *list, words);
+    return;
+  }
+  auto* cells = dynamic_cast<forms::Grid*>(&control);
+  if (cells == nullptr) {
+    FailKind(control, "grid or list with checks");
+  }
+  forms::Grid& grid = *cells;
   const int column = TakeColumn(grid, words);
   const bool on = words.TakeTruth();
   words.End();
@@ -354,7 +374,7 @@ constexpr std::array kSteps = {
     Step{"move", StepKind::Act, "GRID #N #M", "drags a row to another's place", MoveRow},
     Step{"cell", StepKind::Act, "GRID COLUMN [TEXT]", "edits a cell of the current row; picks without a text",
          EditCell},
-    Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row", TickCell},
+    Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row, or an entry of a list", Tick},
     Step{"filter", StepKind::Act, "GRID COLUMN TEXT", "types into the filter cell", Filter},
     Step{"sort", StepKind::Act, "GRID COLUMN", "clicks the header", Sort},
     Step{"move-column", StepKind::Act, "GRID COLUMN #M", "drags a column to that place", MoveColumn},

@@ -7,6 +7,7 @@
 #include "console/step_failure.h"
 #include "forms/button.h"
 #include "forms/check_box.h"
+#include "forms/check_list_box.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
@@ -103,6 +104,12 @@ constexpr std::array kOfListBox = {
     Reader<ListBox>{"count", [](const ListBox& list) { return Number(static_cast<int>(list.Items->size())); }},
     Reader<ListBox>{"row", [](const ListBox& list) { return Number(list.ListIndex); }},
     Reader<ListBox>{"listindex", [](const ListBox& list) { return Number(list.ListIndex); }},
+};
+
+// The positions of those that are on: "0,2".
+constexpr std::array kOfCheckListBox = {
+    Reader<forms::CheckListBox>{"checked",
+                                [](const forms::CheckListBox& list) { return Numbers(list.CheckedItems()); }},
 };
 
 constexpr std::array kOfLabel = {
@@ -235,7 +242,7 @@ std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::st
   const std::string name = forms::ToLower(property);
   const auto value = ReadFirst(control, name, kOfTextBox, kOfComboBox, kOfListBox, kOfLabel, kOfButton, kOfCheckBox,
                                kOfOptionButton, kOfGrid, kOfTabStrip, kOfSlider, kOfTimer, kOfPanel);
-  return value || name.empty() ? value : ReadWith(kOfEveryControl, control, name);
+  return value || name.empty() ? value : ReadFirst(control, name, kOfCheckListBox, kOfEveryControl);
 }
 
 std::string RowText(const forms::Grid& grid, int row) {

@@ -135,6 +135,12 @@ wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
   return button;
 }
 
+wxButton* MakeArrow(wxWindow* parent, forms::Button& control) {
+  auto* button = new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  return button;
+}
+
 wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control) {
   auto* picture = new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle());
   FormDialog::Of(*parent).Attach<PictureBinding>(control, *picture);

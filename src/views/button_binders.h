@@ -15,6 +15,8 @@ namespace views {
 wxButton* MakeButton(wxWindow* parent, forms::Button& control);
 // The small grey button behind a field that opens its list.
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control);
+// No wider than its sign: an arrow, a letter.
+wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
 wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
 // A button that opens a menu of the commands.

@@ -17,7 +17,7 @@ wxColour ToWx(forms::Color color) {
 }
 
 // A filled square; an empty cell for a text that is no colour.
-class SwatchRenderer : public wxGridCellStringRenderer {
+class SwatchRenderer : public wxGridCellRenderer {
  public:
   void Draw(wxGrid& grid, wxGridCellAttr& attributes, wxDC& dc, const wxRect& cell, int row, int column,
             bool selected) override {
@@ -29,6 +29,9 @@ class SwatchRenderer : public wxGridCellStringRenderer {
       dc.SetPen(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
       dc.DrawRectangle(swatch);
     }
+  }
+  wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& /*attributes*/, wxDC& /*dc*/, int /*row*/, int /*column*/) override {
+    return grid.FromDIP(wxSize(32, 16));
   }
   wxGridCellRenderer* Clone() const override { return new SwatchRenderer; }
 };

@@ -3,7 +3,9 @@
 #include <wx/textctrl.h>
 #include <wx/tokenzr.h>
 
+#include "forms/check_list_box.h"
 #include "forms/text.h"
+#include "views/button_binders.h"
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/text_binders.h"
@@ -21,7 +23,12 @@ class EntryList : public wxListCtrl {
   EntryList(wxWindow* parent, const forms::ListBox& list)
       : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                    wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER),
-        list_(list) {}
+        list_(list),
+        checks_(dynamic_cast<const forms::CheckListBox*>(&list)) {
+    EnableCheckBoxes(checks_ != nullptr);
+  }
+
+  bool OnGetItemIsChecked(long item) const override { return checks_->IsChecked(static_cast<int>(item)); }
 
   wxString OnGetItemText(long item, long column) const override {
     const auto& items = list_.Items.get();
@@ -45,6 +52,7 @@ class EntryList : public wxListCtrl {
 
  private:
   const forms::ListBox& list_;
+  const forms::CheckListBox* checks_;
 };
 
 // The generic list keeps its entries in a window of its own.
@@ -91,6 +99,9 @@ class ListBinding : public Binding {
         list_.DoHighlight(item);
       }
     });
+    if (auto* checks = dynamic_cast<forms::CheckListBox*>(&control); checks != nullptr) {
+      BindChecks(*checks);
+    }
     widget_.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { list_.DoOpen(); });
     OnEntryClick(widget_, Dialog(), list_);
     EntriesOf(widget_).Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
@@ -115,10 +126,34 @@ class ListBinding : public Binding {
     if (aspect != forms::Aspect::State) {
       ShowCurrent(widget_, list_);
     }
+    if (aspect == forms::Aspect::Value && widget_.HasCheckBoxes()) {
+      widget_.Refresh();
+    }
     showing_ = false;
   }
 
  private:
+  // Space turns the current entry on or off.
+  void BindChecks(forms::CheckListBox& checks) {
+    const auto tick = [this, &checks](int index, bool on) {
+      if (!showing_ && Dialog().SyncFocus()) {
+        checks.DoTick(index, on);
+      }
+      widget_.Refresh();
+    };
+    widget_.Bind(wxEVT_LIST_ITEM_CHECKED,
+                 [tick](wxListEvent& event) { tick(static_cast<int>(event.GetIndex()), true); });
+    widget_.Bind(wxEVT_LIST_ITEM_UNCHECKED,
+                 [tick](wxListEvent& event) { tick(static_cast<int>(event.GetIndex()), false); });
+    EntriesOf(widget_).Bind(wxEVT_KEY_DOWN, [tick, &checks](wxKeyEvent& event) {
+      if (event.GetKeyCode() == WXK_SPACE && !event.HasAnyModifiers()) {
+        tick(checks.ListIndex, !checks.IsChecked(checks.ListIndex));
+      } else {
+        event.Skip();
+      }
+    });
+  }
+
   forms::ListBox& list_;
   wxListCtrl& widget_;
   bool showing_ = false;
@@ -192,6 +227,9 @@ wxListCtrl* MakeEntries(wxWindow* parent, const forms::ListBox& control, const s
     list->AppendColumn({}, wxLIST_FORMAT_LEFT, column);
     width += column;
   }
+  if (list->HasCheckBoxes()) {
+    width += list->FromDIP(24);
+  }
   list->SetInitialSize(wxSize(width, (list->GetCharHeight() + list->FromDIP(6)) * lines));
   return list;
 }
@@ -202,6 +240,25 @@ wxListCtrl* MakeListBox(wxWindow* parent, forms::ListBox& control, const std::ve
   wxListCtrl* list = MakeEntries(parent, control, columns, lines);
   FormDialog::Of(*parent).Attach<ListBinding>(control, *list);
   return list;
+}
+
+wxPanel* MakeListChooser(wxWindow* parent, forms::ListChooser& control, int characters, int lines) {
+  auto* panel = new wxPanel(parent);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  const auto add_buttons = [&](std::initializer_list<forms::Button*> buttons) {
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    for (forms::Button* button : buttons) {
+      column->Add(MakeArrow(panel, *button), wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, panel->FromDIP(3)));
+    }
+    row->Add(column, wxSizerFlags().CenterVertical().Border(wxLEFT | wxRIGHT, panel->FromDIP(6)));
+  };
+  row->Add(MakeListBox(panel, control.Available, {characters}, lines), wxSizerFlags(1).Expand());
+  add_buttons({&control.Add, &control.AddAll, &control.Remove, &control.RemoveAll});
+  row->Add(MakeListBox(panel, control.Chosen, {characters}, lines), wxSizerFlags(1).Expand());
+  add_buttons({&control.Up, &control.Down});
+  panel->SetSizer(row);
+  FormDialog::Of(*parent).Attach<Binding>(control, *panel);
+  return panel;
 }
 
 wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characters, int lines) {

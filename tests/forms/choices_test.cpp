@@ -1,6 +1,8 @@
 #include "forms/check_box.h"
+#include "forms/check_list_box.h"
 #include "forms/form.h"
 #include "forms/list_box.h"
+#include "forms/list_chooser.h"
 #include "forms/panels.h"
 #include "forms/text_box.h"
 
@@ -128,6 +130,80 @@ TEST_F(TabTest, ANeighbourTakesTheFrontOfAPageThatGoes) {
   EXPECT_EQ(tabs.CurrTab, 1);
   pages[1].Caption = "New";
   EXPECT_EQ(tabs.Tabs.get()[1], "New");
+}
+
+TEST(CheckListBox, EntriesAreTurnedOnAndOff) {
+  CheckListBox list;
+  std::vector<int> told;
+  list.ItemCheck = [&told](int index) { told.push_back(index); };
+  list.Items = {{"Mail", 7}, {"Call", 8}, {"Text", 9}};
+  EXPECT_TRUE(list.DoTick(2, true));
+  EXPECT_TRUE(list.DoTick(2, true));
+  EXPECT_FALSE(list.DoTick(3, true));
+  list.Check(0, true);
+  EXPECT_THAT(list.CheckedData(), testing::ElementsAre(7, 9));
+  EXPECT_EQ(list.ListIndex, 2);
+  EXPECT_TRUE(list.DoTick(0, false));
+  EXPECT_THAT(list.CheckedItems(), testing::ElementsAre(2));
+  EXPECT_THAT(told, testing::ElementsAre(2, 0));
+  list.Enabled = false;
+  EXPECT_TRUE(list.DoTick(1, true));
+  EXPECT_FALSE(list.IsChecked(1));
+  list.Items = {{"Call", 8}, {"Text", 9}, {"Fax", 10}};
+  EXPECT_THAT(list.CheckedItems(), testing::IsEmpty()) << "others";
+}
+
+class ChooserTest : public testing::Test {
+ protected:
+  ChooserTest() : form("Form") {
+    form.Add("ToPrint", chooser);
+    chooser.SetItems({{"Name", 1}, {"City", 2}, {"Zip", 3}, {"Age", 4}}, {4, 9, 2});
+    chooser.Change = [this] { ++changes; };
+  }
+
+  static std::string Texts(const ListBox& list) {
+    std::string texts;
+    for (const ListItem& item : list.Items.get()) {
+      texts += item.text + " ";
+    }
+    return texts;
+  }
+
+  Form form;
+  ListChooser chooser;
+  int changes = 0;
+};
+
+TEST_F(ChooserTest, EntriesMoveOverAndBackToTheirPlaces) {
+  EXPECT_EQ(form.Find("ToPrint.AddAll"), &chooser.AddAll);
+  EXPECT_EQ(Texts(chooser.Available), "Name Zip ");
+  EXPECT_EQ(Texts(chooser.Chosen), "Age City ");
+  EXPECT_FALSE(chooser.Add.Enabled) << "nothing is current";
+  chooser.Available.DoHighlight(0);
+  chooser.Add.DoClick();
+  EXPECT_THAT(chooser.ChosenData(), testing::ElementsAre(4, 2, 1));
+  EXPECT_EQ(chooser.Available.Current()->text, "Zip") << "the next click moves that";
+  chooser.Chosen.DoHighlight(1);
+  chooser.Chosen.DoOpen();
+  EXPECT_EQ(Texts(chooser.Available), "City Zip ");
+  chooser.AddAll.DoClick();
+  EXPECT_EQ(Texts(chooser.Chosen), "Age Name City Zip ");
+  EXPECT_FALSE(chooser.AddAll.Enabled);
+  EXPECT_TRUE(chooser.Chosen.HasFocus()) << "its button has nothing left to do";
+  chooser.RemoveAll.DoClick();
+  EXPECT_EQ(Texts(chooser.Available), "Name City Zip Age ");
+  EXPECT_EQ(changes, 4);
+}
+
+TEST_F(ChooserTest, ThePersonGivesTheOrder) {
+  chooser.Chosen.DoHighlight(0);
+  EXPECT_FALSE(chooser.Up.Enabled);
+  chooser.Down.DoClick();
+  EXPECT_THAT(chooser.ChosenData(), testing::ElementsAre(2, 4));
+  EXPECT_FALSE(chooser.Down.Enabled);
+  chooser.Up.DoClick();
+  EXPECT_THAT(chooser.ChosenData(), testing::ElementsAre(4, 2));
+  EXPECT_EQ(chooser.Chosen.ListIndex, 0);
 }
 
 TEST(Slider, StaysInItsRange) {
