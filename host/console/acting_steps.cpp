@@ -11,6 +11,7 @@
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
+#include "forms/rich_text_box.h"
 #include "forms/text.h"
 #include "forms/text_box.h"
 
@@ -25,6 +26,10 @@ void TypeInto(Interpreter& interpreter, forms::Control& control, const std::stri
     return;
   }
   if (auto* box = dynamic_cast<forms::TextBox*>(&control); box != nullptr) {
+    append ? box->DoAppend(text) : box->DoType(text);
+    return;
+  }
+  if (auto* box = dynamic_cast<forms::RichTextBox*>(&control); box != nullptr) {
     append ? box->DoAppend(text) : box->DoType(text);
     return;
   }
@@ -164,18 +169,23 @@ void MoveRow(forms::Control& control, int step) {
 // What a window does with a key that no rule used up.
 void ActByKey(Interpreter& interpreter, forms::Control& control, Key key) {
   auto* box = dynamic_cast<forms::TextBox*>(&control);
+  auto* rich = dynamic_cast<forms::RichTextBox*>(&control);
   if (const int step = RowStep(key); step != 0) {
     MoveRow(control, step);
   } else if (auto* button = dynamic_cast<forms::Button*>(&control); key == Key::Enter && button != nullptr) {
     button->DoClick();
   } else if (key == Key::Enter && box != nullptr && box->MultiLine) {
     box->DoAppend("\r\n");
+  } else if (key == Key::Enter && rich != nullptr) {
+    rich->DoAppend("\r\n");
   } else if (key == Key::Tab) {
     GoOn(interpreter, interpreter.Top().NextStop(&control));
   } else if (key == Key::Enter) {
     GoOn(interpreter, interpreter.Top().NextField(&control));
   } else if (key == Key::Delete && box != nullptr && !box->ReadOnly) {
     box->DoType("");
+  } else if (key == Key::Delete && rich != nullptr) {
+    rich->DoType("");
   }
 }
 

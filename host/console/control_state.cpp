@@ -11,6 +11,7 @@
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
+#include "forms/rich_text_box.h"
 #include "forms/text.h"
 #include "forms/text_box.h"
 
@@ -89,6 +90,13 @@ constexpr std::array kOfTextBox = {
     Reader<TextBox>{
         "passwordchar",
         [](const TextBox& box) { return Text(box.PasswordChar == '\0' ? "" : std::string(1, box.PasswordChar)); }},
+};
+
+using forms::RichTextBox;
+constexpr std::array kOfRichTextBox = {
+    Reader<RichTextBox>{"text", [](const RichTextBox& box) { return Text(box.Text()); }},
+    Reader<RichTextBox>{"html", [](const RichTextBox& box) { return Text(box.Html); }},
+    Reader<RichTextBox>{"readonly", [](const RichTextBox& box) { return Truth(box.ReadOnly); }},
 };
 
 using forms::ComboBox;
@@ -240,8 +248,8 @@ void PropertyValue::Check(const Expectation& wanted) const {
 
 std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::string_view property) {
   const std::string name = forms::ToLower(property);
-  const auto value = ReadFirst(control, name, kOfTextBox, kOfComboBox, kOfListBox, kOfLabel, kOfButton, kOfCheckBox,
-                               kOfOptionButton, kOfGrid, kOfTabStrip, kOfSlider, kOfTimer, kOfPanel);
+  const auto value = ReadFirst(control, name, kOfTextBox, kOfRichTextBox, kOfComboBox, kOfListBox, kOfLabel, kOfButton,
+                               kOfCheckBox, kOfOptionButton, kOfGrid, kOfTabStrip, kOfSlider, kOfTimer, kOfPanel);
   return value || name.empty() ? value : ReadFirst(control, name, kOfCheckListBox, kOfEveryControl);
 }
 

@@ -11,10 +11,13 @@
 #include "entry/form_catalog.h"
 #include "forms/button.h"
 #include "forms/check_box.h"
+#include "forms/check_list_box.h"
 #include "forms/dialog_buttons.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
+#include "forms/list_chooser.h"
 #include "forms/panels.h"
+#include "forms/rich_text_box.h"
 #include "forms/text.h"
 #include "forms/text_box.h"
 #include "forms/tool_bar.h"
@@ -39,6 +42,8 @@ constexpr std::array kKinds = {
     Kind{"RichTextBox", Is<forms::RichTextBox>},
     Kind{"TextBox", Is<forms::TextBox>},
     Kind{"ComboBox", Is<forms::ComboBox>},
+    Kind{"CheckListBox", Is<forms::CheckListBox>},
+    Kind{"ListChooser", Is<forms::ListChooser>},
     Kind{"ListBox", Is<forms::ListBox>},
     Kind{"PictureBox", Is<forms::PictureBox>},
     Kind{"MenuItem", Is<forms::MenuItem>},

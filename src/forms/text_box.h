@@ -49,7 +49,4 @@ class TextBox : public Field {
   void TypeKeys(std::size_t from, std::string_view text);
 };
 
-// A `TextBox` whose text carries formats: HTML as the person and the rules see it.
-class RichTextBox : public TextBox {};
-
 }  // namespace forms

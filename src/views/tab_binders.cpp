@@ -11,7 +11,7 @@ class PageBinding : public Binding {
   using Binding::Binding;
 
  protected:
-  void ShowVisible() override {}
+  void ShowVisible() override { Widget().Enable(Control().Enabled); }
 };
 
 class TabBinding : public Binding {

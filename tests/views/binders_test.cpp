@@ -2,11 +2,14 @@
 #include <wx/wx.h>
 
 #include <wx/clipbrd.h>
+#include <wx/richtext/richtextctrl.h>
 
 #include "forms/text.h"
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/grid_binder.h"
+#include "views/rich_text_binder.h"
+#include "views/rich_text_buffer.h"
 #include "views/tab_binders.h"
 #include "views/text_binders.h"
 
@@ -19,12 +22,14 @@ struct Sample : forms::Form {
     Add("chkFlag", chkFlag);
     Add("lstPlaces", lstPlaces);
     Add("grdRows", grdRows);
+    Add("rtfNote", rtfNote);
     txtNote.MultiLine = true;
   }
   forms::TextBox txtName, txtNote;
   forms::CheckBox chkFlag;
   forms::ListBox lstPlaces;
   forms::Grid grdRows;
+  forms::RichTextBox rtfNote;
 };
 
 // A form in a dialog that is not shown modally: widgets are acted on through their events.
@@ -258,6 +263,34 @@ TEST_F(Binders, PagesComeAndGoWithTheirTabs) {
   key.SetControlDown(true);
   book->ProcessWindowEvent(key);
   EXPECT_EQ(tabs.CurrTab, 0);
+}
+
+TEST_F(Binders, RichTextGoesBothWays) {
+  form_.rtfNote.Html =
+      "<p>Call <b>him</b><br><a href=\"https://a.b/\">here</a></p>"
+      "<ul><li style=\"text-align:right\"><span style=\"font-size:18pt;color:#FF0000\"><i>soon</i></span></li></ul>";
+  const std::string html = form_.rtfNote.Html;
+  form_.rtfNote.DataChanged = false;
+  form_.rtfNote.Change = [this] { form_.txtName.Text = form_.rtfNote.Text(); };
+  wxPanel* panel = views::MakeRichTextBox(&dialog_, form_.rtfNote, 40, 5);
+  auto* text = dynamic_cast<wxRichTextCtrl*>(wxWindow::FindWindowByName("rtfNote.text", panel));
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(forms::WriteHtml(views::ReadBuffer(text->GetBuffer())), html);
+  EXPECT_FALSE(form_.rtfNote.DataChanged) << "showing is no change";
+
+  text->SetInsertionPointEnd();
+  text->WriteText("!");
+  EXPECT_EQ(form_.txtName.Text, "Call him\r\nhere\r\nsoon!");
+  text->SetSelection(0, 4);
+  wxKeyEvent key(wxEVT_CHAR_HOOK);
+  key.m_keyCode = 'U';
+  key.SetControlDown(true);
+  text->ProcessWindowEvent(key);
+  EXPECT_TRUE(form_.rtfNote.Html.get().starts_with("<p><u>Call</u> <b>him</b>")) << form_.rtfNote.Html.get();
+  form_.rtfNote.Html = "<b>x</b>";
+  EXPECT_EQ(text->GetValue(), "x");
+  form_.rtfNote.Html = "";
+  EXPECT_EQ(text->GetValue(), "");
 }
 
 }  // namespace

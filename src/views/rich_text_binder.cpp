@@ -1,0 +1,267 @@
+#include "views/rich_text_binder.h"
+
+#include <wx/choice.h>
+#include <wx/clipbrd.h>
+#include <wx/colordlg.h>
+#include <wx/richtext/richtextctrl.h>
+#include <wx/sizer.h>
+#include <wx/tglbtn.h>
+
+#include "views/form_dialog.h"
+#include "views/rich_text_buffer.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+constexpr std::array kSizes = {8, 9, 10, 11, 12, 14, 18, 24, 36};
+constexpr int kCharacters =
+    wxRICHTEXT_SETSTYLE_WITH_UNDO | wxRICHTEXT_SETSTYLE_OPTIMIZE | wxRICHTEXT_SETSTYLE_CHARACTERS_ONLY;
+constexpr int kParagraphs = wxRICHTEXT_SETSTYLE_WITH_UNDO | wxRICHTEXT_SETSTYLE_PARAGRAPHS_ONLY;
+
+// From elsewhere it takes the text alone: neither pictures nor formats that a text may not have.
+class FormattedText : public wxRichTextCtrl {
+ public:
+  explicit FormattedText(wxWindow* parent)
+      : wxRichTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxRE_MULTILINE | wxBORDER_THEME) {
+    SetFont(parent->GetFont());
+    SetDropTarget(nullptr);
+  }
+
+  void Paste() override {
+    bool own = false;
+    wxTextDataObject text;
+    {
+      const wxClipboardLocker clipboard;
+      own = !clipboard ||
+            wxTheClipboard->IsSupported(wxDataFormat(wxRichTextBufferDataObject::GetRichTextBufferFormatId())) ||
+            !wxTheClipboard->GetData(text);
+    }
+    if (own) {
+      wxRichTextCtrl::Paste();
+    } else if (IsEditable()) {
+      DeleteSelection();
+      WriteText(text.GetText());
+    }
+  }
+};
+
+struct FormatBar {
+  wxToggleButton* bold;
+  wxToggleButton* italic;
+  wxToggleButton* underline;
+  wxToggleButton* list;
+  wxChoice* size;
+  wxButton* color;
+};
+
+class RichTextBinding : public Binding {
+ public:
+  RichTextBinding(forms::RichTextBox& control, wxPanel& widget, FormattedText& text, const FormatBar& bar)
+      : Binding(control, widget), box_(control), text_(text), bar_(bar) {
+    text_.SetName(widget.GetName() + ".text");
+    for (const auto& changed :
+         {wxEVT_RICHTEXT_CONTENT_INSERTED, wxEVT_RICHTEXT_CONTENT_DELETED, wxEVT_RICHTEXT_STYLE_CHANGED}) {
+      text_.Bind(changed, [this](wxRichTextEvent& event) {
+        event.Skip();
+        TellControl();
+      });
+    }
+    text_.Bind(wxEVT_CHAR_HOOK, &RichTextBinding::OnHook, this);
+    BindBar();
+    widget.Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+      event.Skip();
+      ShowFormats();
+    });
+  }
+
+  wxWindow& FocusWidget() const override { return text_; }
+  bool Uses(forms::Key key) const override { return key == forms::Key::Enter; }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::State) {
+      text_.SetEditable(!box_.ReadOnly);
+      for (wxWindow* part :
+           std::initializer_list<wxWindow*>{bar_.bold, bar_.italic, bar_.underline, bar_.list, bar_.size, bar_.color}) {
+        part->Enable(!box_.ReadOnly);
+      }
+    }
+    if (telling_ || forms::WriteHtml(ReadBuffer(text_.GetBuffer())) == box_.Html.get()) {
+      return;
+    }
+    const long caret = text_.GetCaretPosition();
+    FillBuffer(text_.GetBuffer(), box_.Content());
+    text_.SelectNone();
+    text_.SetCaretPosition(std::min(caret, text_.GetLastPosition() - 1));
+    text_.LayoutContent();
+    text_.Refresh();
+  }
+
+ private:
+  // The widget is in the midst of its change: what the rules make of it is shown after that.
+  void TellControl() {
+    if (telling_) {
+      return;
+    }
+    telling_ = true;
+    if (Dialog().SyncFocus()) {
+      box_.DoEdit(ReadBuffer(text_.GetBuffer()));
+    }
+    telling_ = false;
+    Dialog().CallAfter([this] { Refresh(forms::Aspect::Value); });
+  }
+
+  void BindBar() {
+    const auto on = [this](wxToggleButton* button, void (RichTextBinding::*act)()) {
+      button->Bind(wxEVT_TOGGLEBUTTON, [this, act](wxCommandEvent&) { Act(act); });
+    };
+    on(bar_.bold, &RichTextBinding::ToggleBold);
+    on(bar_.italic, &RichTextBinding::ToggleItalic);
+    on(bar_.underline, &RichTextBinding::ToggleUnderline);
+    on(bar_.list, &RichTextBinding::ToggleList);
+    bar_.size->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { Act(&RichTextBinding::ChangeSize); });
+    bar_.color->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Act(&RichTextBinding::ChangeColor); });
+  }
+
+  void Act(void (RichTextBinding::*act)()) {
+    text_.SetFocus();
+    if (Dialog().SyncFocus() && !box_.ReadOnly) {
+      (this->*act)();
+    }
+    ShowFormats();
+  }
+
+  void ToggleBold() { text_.ApplyBoldToSelection(); }
+  void ToggleItalic() { text_.ApplyItalicToSelection(); }
+  void ToggleUnderline() { text_.ApplyUnderlineToSelection(); }
+
+  void ToggleList() {
+    const long at = text_.GetAdjustedCaretPosition(text_.GetCaretPosition());
+    const wxRichTextRange range = text_.HasSelection() ? text_.GetSelectionRange() : wxRichTextRange(at, at + 1);
+    text_.SetStyleEx(range, ListLook(!InList()), kParagraphs);
+  }
+
+  void ChangeSize() {
+    wxRichTextAttr look;
+    look.SetFontPointSize(kSizes[static_cast<std::size_t>(std::max(0, bar_.size->GetSelection()))]);
+    Give(look);
+  }
+
+  void ChangeColor() {
+    const wxColour color = wxGetColourFromUser(&Dialog(), Look().GetTextColour());
+    if (color.IsOk()) {
+      wxRichTextAttr look;
+      look.SetTextColour(color);
+      Give(look);
+    }
+  }
+
+  // To what is selected, or to what is typed next.
+  void Give(const wxRichTextAttr& look) {
+    if (text_.HasSelection()) {
+      text_.SetStyleEx(text_.GetSelectionRange(), look, kCharacters);
+    } else {
+      wxRichTextAttr next = text_.GetDefaultStyleEx();
+      next.Apply(look);
+      text_.SetAndShowDefaultStyle(next);
+    }
+  }
+
+  wxRichTextAttr Look() const {
+    wxRichTextAttr look;
+    const long at = text_.HasSelection() ? text_.GetSelectionRange().GetStart()
+                                         : text_.GetAdjustedCaretPosition(text_.GetCaretPosition());
+    text_.GetStyle(at, look);
+    if (!text_.HasSelection() && text_.IsDefaultStyleShowing()) {
+      look.Apply(text_.GetDefaultStyleEx());
+    }
+    return look;
+  }
+
+  bool InList() const { return IsListLook(Look()); }
+
+  void ShowFormats() {
+    const auto show = [](wxToggleButton& button, bool on) {
+      if (button.GetValue() != on) {
+        button.SetValue(on);
+      }
+    };
+    show(*bar_.bold, text_.IsSelectionBold());
+    show(*bar_.italic, text_.IsSelectionItalics());
+    show(*bar_.underline, text_.IsSelectionUnderlined());
+    show(*bar_.list, InList());
+    const auto size = std::ranges::find(kSizes, Look().GetFontSize());
+    const int place = size == kSizes.end() ? wxNOT_FOUND : static_cast<int>(size - kSizes.begin());
+    if (bar_.size->GetSelection() != place) {
+      bar_.size->SetSelection(place);
+    }
+  }
+
+  void OnHook(wxKeyEvent& event) {
+    const int key = event.GetModifiers() == wxMOD_CONTROL ? event.GetKeyCode() : 0;
+    if (key == 'B') {
+      Act(&RichTextBinding::ToggleBold);
+    } else if (key == 'I') {
+      Act(&RichTextBinding::ToggleItalic);
+    } else if (key == 'U') {
+      Act(&RichTextBinding::ToggleUnderline);
+    } else {
+      event.Skip();
+    }
+  }
+
+  forms::RichTextBox& box_;
+  FormattedText& text_;
+  FormatBar bar_;
+  bool telling_ = false;
+};
+
+// A sign in the format that it gives.
+template <typename Button>
+Button* MakeFormat(wxPanel* panel, const forms::Control& control, const char* key, const char* sign,
+                   const wxString& tip, const wxFont& font) {
+  auto* button = new Button(panel, wxID_ANY, ToWx(sign), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+  button->SetFont(font);
+  button->SetMinSize(wxSize(std::max(button->GetBestSize().x, panel->FromDIP(30)), button->GetBestSize().y));
+  button->SetName(ToWx(control.Name() + "." + key));
+  button->SetToolTip(tip);
+  KeepOutOfTabOrder(*button);
+  return button;
+}
+
+}  // namespace
+
+wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int characters, int lines) {
+  auto* panel = new wxPanel(parent);
+  const wxFont font = panel->GetFont();
+  FormatBar bar{};
+  bar.bold = MakeFormat<wxToggleButton>(panel, control, "bold", "B", "Bold (Ctrl+B)", font.Bold());
+  bar.italic = MakeFormat<wxToggleButton>(panel, control, "italic", "I", "Italic (Ctrl+I)", font.Italic());
+  bar.underline = MakeFormat<wxToggleButton>(panel, control, "underline", "U", "Underline (Ctrl+U)", font.Underlined());
+  bar.size = new wxChoice(panel, wxID_ANY);
+  bar.size->SetName(ToWx(control.Name() + ".size"));
+  bar.size->SetToolTip("Size of the letters, in points");
+  KeepOutOfTabOrder(*bar.size);
+  for (const int size : kSizes) {
+    bar.size->Append(std::to_string(size));
+  }
+  bar.color = MakeFormat<wxButton>(panel, control, "color", "A\u2026", "Colour of the letters", font);
+  bar.list = MakeFormat<wxToggleButton>(panel, control, "list", "\u2022 \u2014", "List", font);
+
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  for (wxWindow* part :
+       std::initializer_list<wxWindow*>{bar.bold, bar.italic, bar.underline, bar.size, bar.color, bar.list}) {
+    row->Add(part, wxSizerFlags().CenterVertical().Border(wxRIGHT, panel->FromDIP(3)));
+  }
+  auto* text = new FormattedText(panel);
+  text->SetMinSize(wxSize(FieldWidth(*panel, characters), (panel->GetCharHeight() + panel->FromDIP(6)) * lines));
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(row, wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
+  column->Add(text, wxSizerFlags(1).Expand());
+  panel->SetSizer(column);
+  FormDialog::Of(*parent).Attach<RichTextBinding>(control, *panel, *text, bar);
+  return panel;
+}
+
+}  // namespace views

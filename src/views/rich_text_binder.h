@@ -1,0 +1,13 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include "forms/rich_text_box.h"
+
+namespace views {
+
+// A field `characters` wide and `lines` high with buttons for the formats above it; Ctrl+B, Ctrl+I and Ctrl+U do the
+// same.
+wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int characters, int lines);
+
+}  // namespace views
