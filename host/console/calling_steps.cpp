@@ -6,6 +6,7 @@
 #include "console/step_failure.h"
 #include "console/steps.h"
 #include "forms/text.h"
+#include "gallery/frmGallery.h"
 
 namespace host {
 namespace {
@@ -114,6 +115,9 @@ const forms::Form::NamedProperty* FindProperty(const forms::Form& form, std::str
 void OpenForm(Interpreter& interpreter, StepWords& words) {
   const std::string name = words.Take("a form");
   auto made = entry::MakeForm(name, interpreter.World().Context());
+  if (made == nullptr) {
+    made = MakeGallery(name, interpreter.Person());
+  }
   if (made == nullptr) {
     Fail("there is no form " + name);
   }

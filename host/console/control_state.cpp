@@ -174,7 +174,14 @@ constexpr std::array kOfTabStrip = {
                        const auto current = static_cast<std::size_t>(tabs.CurrTab.get());
                        return Caption(current < tabs.Tabs->size() ? tabs.Tabs.get()[current] : "");
                      }},
-    Reader<TabStrip>{"count", [](const TabStrip& tabs) { return Number(static_cast<int>(tabs.Tabs->size())); }},
+    Reader<TabStrip>{"count",
+                     [](const TabStrip& tabs) {
+                       int seen = 0;
+                       for (int i = 0; i < static_cast<int>(tabs.Tabs->size()); ++i) {
+                         seen += tabs.HasTab(i) ? 1 : 0;
+                       }
+                       return Number(seen);
+                     }},
     Reader<TabStrip>{"currtab", [](const TabStrip& tabs) { return Number(tabs.CurrTab); }},
 };
 

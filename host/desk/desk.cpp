@@ -3,6 +3,7 @@
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
+#include "desk/frmGallery_view.h"
 #include "desk/frmLogin_view.h"
 
 namespace host {
@@ -37,6 +38,7 @@ void Desk::SetMainWindow(wxWindow* window) {
 views::ViewRegistry Desk::Views() {
   views::ViewRegistry registry = views::ViewRegistry::Standard();
   registry.Add<frmLogin>("frmLogin", LayOut_frmLogin);
+  registry.Add<frmGallery>("frmGallery", LayOut_frmGallery);
   return registry;
 }
 

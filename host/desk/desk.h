@@ -23,7 +23,7 @@ class Desk {
   Desk& operator=(const Desk&) = delete;
   ~Desk();
 
-  // Every view, the login's among them.
+  // Every view, the login's and the gallery's among them.
   static views::ViewRegistry Views();
 
   // Asks who works; false when given up. The public classes then serve that login.

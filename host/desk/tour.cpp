@@ -5,6 +5,7 @@
 #include <wx/dcscreen.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
+#include <wx/settings.h>
 #include <wx/stopwatch.h>
 #include <wx/toplevel.h>
 
@@ -13,6 +14,7 @@
 #include "desk/main_frame.h"
 #include "entry/form_catalog.h"
 #include "forms/text_box.h"
+#include "gallery/frmGallery.h"
 
 namespace host {
 namespace {
@@ -78,6 +80,10 @@ std::vector<Stop> Stops(Desk& desk) {
       list.Find("ShowList")->invoke(none);
     };
   };
+  const auto gallery = [&user] { user.Show(*MakeGallery("frmGallery", user)); };
+  const auto page = [](int index) {
+    return [index](forms::Form& form) { dynamic_cast<frmGallery&>(form).Tabs.DoTab(index); };
+  };
   return {
       {"frmLogin",
        [&desk] {
@@ -95,6 +101,10 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"frmTGList", open_list(session::lulEmployee)},
       {"frmTGList-recall", open_list(session::lulRecallMaster)},
+      {"frmGallery", gallery},
+      {"frmGallery-lists", gallery, page(1)},
+      {"frmGallery-grid", gallery, page(2)},
+      {"frmGallery-notes", gallery, page(3)},
       {"message",
        [&user] {
          user.Ask({.text = "Are you sure that you want to exit without saving the changes?",
@@ -158,7 +168,8 @@ bool TakePictures(Desk& desk, const std::string& folder) {
   bool whole = wxFileName::Mkdir(views::ToWx(folder), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
   VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
     const double scale = window.GetContentScaleFactor();
-    const wxString file = views::ToWx(folder) + "/" + views::ToWx(name) + (scale > 1 ? "@2x" : "") + ".png";
+    const wxString look = wxSystemSettings::GetAppearance().IsDark() ? "-dark" : "";
+    const wxString file = views::ToWx(folder) + "/" + views::ToWx(name) + look + (scale > 1 ? "@2x" : "") + ".png";
     whole = PictureOf(window, scale).ConvertToImage().SaveFile(file, wxBITMAP_TYPE_PNG) && whole;
   });
   return whole;

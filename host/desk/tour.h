@@ -14,8 +14,8 @@ namespace host {
 // must hold the demo's data; asks for no login.
 void VisitWindows(Desk& desk, const std::function<void(const std::string& name, wxTopLevelWindow& window)>& visit);
 
-// Writes a picture of every window to the folder, as NAME.png, or NAME@2x.png at twice the size. False when one could
-// not be written.
+// Writes a picture of every window to the folder, as NAME.png, or NAME@2x.png at twice the size, with "-dark" behind
+// the name where the desktop is dark. False when one could not be written.
 bool TakePictures(Desk& desk, const std::string& folder);
 
 }  // namespace host

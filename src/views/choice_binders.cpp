@@ -145,7 +145,11 @@ wxRadioButton* MakeOption(wxWindow* parent, forms::OptionButton& control, bool f
 wxComboBox* MakeComboBox(wxWindow* parent, forms::ComboBox& control, int characters) {
   auto* combo = new wxComboBox(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, 0, nullptr,
                                control.Editable ? wxCB_DROPDOWN : wxCB_READONLY);
-  combo->SetInitialSize(wxSize(combo->GetSizeFromTextSize(FieldWidth(*combo, characters)).x, -1));
+  wxSize size = combo->GetSizeFromTextSize(FieldWidth(*combo, characters));
+#ifndef __WXMSW__  // GTK's own height does not follow the size of the text
+  size.y = std::max(combo->GetBestSize().y, combo->GetCharHeight() + combo->FromDIP(10));
+#endif
+  combo->SetInitialSize(size);
   FormDialog::Of(*parent).Attach<ComboBinding>(control, *combo);
   return combo;
 }

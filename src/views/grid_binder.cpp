@@ -290,8 +290,10 @@ class GridBinding : public Binding {
       editable = editable || columns[i].editable;
     }
     widget_.EnableEditing(editable);
-    widget_.SetCellHighlightPenWidth(editable ? widget_.FromDIP(1) : 0);
-    widget_.SetCellHighlightROPenWidth(editable ? widget_.FromDIP(1) : 0);
+    const int frame = editable ? widget_.FromDIP(2) : 0;  // around the current cell
+    widget_.SetCellHighlightPenWidth(frame);
+    widget_.SetCellHighlightROPenWidth(frame);
+    widget_.SetCellHighlightColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     widget_.GetGridColLabelWindow()->Refresh();
     ShowFilters();
   }
@@ -373,9 +375,13 @@ class GridBinding : public Binding {
     const int row = grid_.Row;
     const auto& visible = grid_.VisibleColumns();
     if (row >= 0 && row < widget_.GetNumberRows() && !visible.empty()) {
-      const int column = std::ranges::binary_search(visible, grid_.Col.get()) ? grid_.Col.get() : -1;
-      if (widget_.GetGridCursorRow() != row || (column >= 0 && widget_.GetGridCursorCol() != column)) {
-        widget_.GoToCell(row, column >= 0 ? column : visible.front());
+      const int cursor = widget_.GetGridCursorCol();
+      int column = visible.front();
+      for (const int wanted : {cursor, grid_.Col.get()}) {
+        column = std::ranges::binary_search(visible, wanted) ? wanted : column;
+      }
+      if (widget_.GetGridCursorRow() != row || cursor != column) {
+        widget_.GoToCell(row, column);
       }
     }
     ShowSelection();

@@ -4,6 +4,7 @@
 #include <wx/dc.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "views/binding.h"
 
@@ -14,6 +15,18 @@ using Kind = forms::GridColumn::Kind;
 
 wxColour ToWx(forms::Color color) {
   return {color.red, color.green, color.blue};
+}
+
+// The text's colour on a background: the rules', as far as it can be read there.
+wxColour ReadableOn(const wxColour& back, const wxColour& wanted) {
+  constexpr double kDifference = 0.25;
+  const double behind = back.GetLuminance();
+  if (std::abs(wanted.GetLuminance() - behind) >= kDifference) {
+    return wanted;
+  }
+  constexpr int kLighter = 160;  // percent
+  constexpr int kDarker = 40;
+  return wanted.ChangeLightness(behind < 0.5 ? kLighter : kDarker);
 }
 
 // A filled square; an empty cell for a text that is no colour.
@@ -124,12 +137,10 @@ wxGridCellAttr* CellTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKi
     return shared.get();
   }
   wxGridCellAttr* own = shared->Clone();
-  if (fore) {
-    own->SetTextColour(ToWx(*fore));
-  }
-  if (back) {
-    own->SetBackgroundColour(ToWx(*back));
-  }
+  const wxColour behind = back ? ToWx(*back) : GetView()->GetDefaultCellBackgroundColour();
+  const wxColour text = fore ? ToWx(*fore) : GetView()->GetDefaultCellTextColour();
+  own->SetTextColour(ReadableOn(behind, text));
+  own->SetBackgroundColour(behind);
   return own;
 }
 

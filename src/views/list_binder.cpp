@@ -8,6 +8,7 @@
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
+#include "views/framed.h"
 #include "views/text_binders.h"
 
 #ifdef __WXMSW__
@@ -252,9 +253,13 @@ wxPanel* MakeListChooser(wxWindow* parent, forms::ListChooser& control, int char
     }
     row->Add(column, wxSizerFlags().CenterVertical().Border(wxLEFT | wxRIGHT, panel->FromDIP(6)));
   };
-  row->Add(MakeListBox(panel, control.Available, {characters}, lines), wxSizerFlags(1).Expand());
+  const auto add_list = [&](forms::ListBox& list) {
+    row->Add(Framed(panel, [&](wxWindow* frame) { return MakeListBox(frame, list, {characters}, lines); }),
+             wxSizerFlags(1).Expand());
+  };
+  add_list(control.Available);
   add_buttons({&control.Add, &control.AddAll, &control.Remove, &control.RemoveAll});
-  row->Add(MakeListBox(panel, control.Chosen, {characters}, lines), wxSizerFlags(1).Expand());
+  add_list(control.Chosen);
   add_buttons({&control.Up, &control.Down});
   panel->SetSizer(row);
   FormDialog::Of(*parent).Attach<Binding>(control, *panel);

@@ -8,6 +8,7 @@
 #include <wx/tglbtn.h>
 
 #include "views/form_dialog.h"
+#include "views/framed.h"
 #include "views/rich_text_buffer.h"
 #include "views/text_binders.h"
 
@@ -23,7 +24,7 @@ constexpr int kParagraphs = wxRICHTEXT_SETSTYLE_WITH_UNDO | wxRICHTEXT_SETSTYLE_
 class FormattedText : public wxRichTextCtrl {
  public:
   explicit FormattedText(wxWindow* parent)
-      : wxRichTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxRE_MULTILINE | wxBORDER_THEME) {
+      : wxRichTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxRE_MULTILINE) {
     SetFont(parent->GetFont());
     SetDropTarget(nullptr);
   }
@@ -60,6 +61,7 @@ class RichTextBinding : public Binding {
   RichTextBinding(forms::RichTextBox& control, wxPanel& widget, FormattedText& text, const FormatBar& bar)
       : Binding(control, widget), box_(control), text_(text), bar_(bar) {
     text_.SetName(widget.GetName() + ".text");
+    text_.GetParent()->SetName(widget.GetName() + ".frame");
     for (const auto& changed :
          {wxEVT_RICHTEXT_CONTENT_INSERTED, wxEVT_RICHTEXT_CONTENT_DELETED, wxEVT_RICHTEXT_STYLE_CHANGED}) {
       text_.Bind(changed, [this](wxRichTextEvent& event) {
@@ -223,7 +225,7 @@ Button* MakeFormat(wxPanel* panel, const forms::Control& control, const char* ke
                    const wxString& tip, const wxFont& font) {
   auto* button = new Button(panel, wxID_ANY, ToWx(sign), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
   button->SetFont(font);
-  button->SetMinSize(wxSize(std::max(button->GetBestSize().x, panel->FromDIP(30)), button->GetBestSize().y));
+  button->SetMinSize(wxSize(std::max(button->GetBestSize().x, panel->FromDIP(36)), button->GetBestSize().y));
   button->SetName(ToWx(control.Name() + "." + key));
   button->SetToolTip(tip);
   KeepOutOfTabOrder(*button);
@@ -238,7 +240,7 @@ wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int char
   FormatBar bar{};
   bar.bold = MakeFormat<wxToggleButton>(panel, control, "bold", "B", "Bold (Ctrl+B)", font.Bold());
   bar.italic = MakeFormat<wxToggleButton>(panel, control, "italic", "I", "Italic (Ctrl+I)", font.Italic());
-  bar.underline = MakeFormat<wxToggleButton>(panel, control, "underline", "U", "Underline (Ctrl+U)", font.Underlined());
+  bar.underline = MakeFormat<wxToggleButton>(panel, control, "underline", "U\u0332", "Underline (Ctrl+U)", font);
   bar.size = new wxChoice(panel, wxID_ANY);
   bar.size->SetName(ToWx(control.Name() + ".size"));
   bar.size->SetToolTip("Size of the letters, in points");
@@ -252,13 +254,14 @@ wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int char
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   for (wxWindow* part :
        std::initializer_list<wxWindow*>{bar.bold, bar.italic, bar.underline, bar.size, bar.color, bar.list}) {
-    row->Add(part, wxSizerFlags().CenterVertical().Border(wxRIGHT, panel->FromDIP(3)));
+    row->Add(part, wxSizerFlags().Expand().Border(wxRIGHT, panel->FromDIP(3)));
   }
-  auto* text = new FormattedText(panel);
+  FormattedText* text = nullptr;
+  wxWindow* framed = Framed(panel, [&text](wxWindow* frame) { return text = new FormattedText(frame); });
   text->SetMinSize(wxSize(FieldWidth(*panel, characters), (panel->GetCharHeight() + panel->FromDIP(6)) * lines));
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(row, wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
-  column->Add(text, wxSizerFlags(1).Expand());
+  column->Add(framed, wxSizerFlags(1).Expand());
   panel->SetSizer(column);
   FormDialog::Of(*parent).Attach<RichTextBinding>(control, *panel, *text, bar);
   return panel;

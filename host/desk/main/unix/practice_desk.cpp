@@ -18,7 +18,7 @@ constexpr std::string_view kUsage =
     "practice_desk [--database URL] [--tour DIR] [--scale 1|2]\n"
     "  --database URL  the practice, as sqlite:PATH; without it a demo practice in your data folder\n"
     "  --tour DIR      opens every screen on demo data without showing it and writes a picture of each to DIR\n"
-    "  --scale 1|2     size of the windows; a tour without it makes pictures of both\n"
+    "  --scale 1|2     size of the windows; a tour without it makes pictures of both, light and dark\n"
     "Without a display the windows are served to a browser on this machine.\n";
 
 // The pictures and what else comes with the program.
@@ -79,22 +79,25 @@ void Report(const std::string& what) {
   std::cerr << "practice_desk: " << what << '\n';
 }
 
-// A size of the windows holds for a process: one for each.
-int TourInBothSizes(const std::string& program, const DeskOptions& options) {
+// The size of the windows and their colours hold for a process: one for each.
+int TourInEveryLook(const std::string& program, const DeskOptions& options) {
   int status = 0;
-  for (const char* scale : {"1", "2"}) {
-    std::vector<std::string> command = {program, "--tour", options.tour, "--scale", scale};
-    if (!options.database.empty()) {
-      command.insert(command.end(), {"--database", options.database});
+  for (const char* theme : {"Adwaita", "Adwaita:dark"}) {
+    setenv("GTK_THEME", theme, 1);
+    for (const char* scale : {"1", "2"}) {
+      std::vector<std::string> command = {program, "--tour", options.tour, "--scale", scale};
+      if (!options.database.empty()) {
+        command.insert(command.end(), {"--database", options.database});
+      }
+      status = std::max(status, host::ChildProcess(command).WaitForEnd());
     }
-    status = std::max(status, host::ChildProcess(command).WaitForEnd());
   }
   return status;
 }
 
 int Run(const std::string& program, const DeskOptions& options) {
   if (!options.tour.empty() && options.scale == 0) {
-    return TourInBothSizes(program, options);
+    return TourInEveryLook(program, options);
   }
   if (options.scale != 0) {
     setenv("GDK_SCALE", std::to_string(options.scale).c_str(), 1);
