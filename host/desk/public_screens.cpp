@@ -4,13 +4,6 @@
 #include "forms/text.h"
 
 namespace host {
-namespace {
-
-std::string FromBool(bool value) {
-  return value ? "True" : "False";
-}
-
-}  // namespace
 
 session::Outcome PublicScreens::Call(std::string_view method, const char* id_argument,
                                      entry::Arguments& arguments) const {
@@ -23,7 +16,7 @@ session::Outcome PublicScreens::Edit(const session::Opening& opening) {
   switch (opening.kind) {
     case session::RecordKind::Patient: {
       entry::Arguments arguments = {
-          {"l_ID", id}, {"ns_ID", opening.typed_name}, {"GoToQuickAppoint", FromBool(opening.may_book)}};
+          {"l_ID", id}, {"ns_ID", opening.typed_name}, {"GoToQuickAppoint", entry::TextOf(opening.may_book)}};
       session::Outcome outcome = Call("Load_PatInfo_Small", "l_ID", arguments);
       outcome.save_and_book = forms::IsOn(arguments.at("GoToQuickAppoint"));
       return outcome;
@@ -53,18 +46,20 @@ session::Outcome PublicScreens::Edit(const session::Opening& opening) {
   }
 }
 
-session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, const session::ListRequest& request) {
+session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, const session::ListOptions& options) {
   auto& properties = look_up_list_.properties;
   properties.at("ListType").set(std::to_string(type));
-  properties.at("ListTitle").set(request.title);
-  properties.at("SelectedID").set(std::to_string(request.selected));
   properties.at("Select_String").set({});
-  properties.at("AllowDelete").set(FromBool(request.allow_delete));
-  entry::Arguments arguments = {{"InsLLCanMultiSel", FromBool(request.multi_select)}};
-  look_up_list_.Find("ShowList")->invoke(arguments);
+  session::VisitOptions(options,
+                        [&](const char* name, const auto& option) { properties.at(name).set(entry::TextOf(option)); });
+  entry::Arguments none;
+  look_up_list_.Find("ShowList")->invoke(none);
   const std::int32_t id = session::ToId(session::Value(properties.at("SelectedID").get()));
   std::string text = properties.at("Select_String").get();
-  if (id == 0 || (id == request.selected && text.empty())) {
+  if (options.skip_if_new && text == entry::kNew) {
+    return {.end = session::ListOutcome::End::New};
+  }
+  if (id == 0 || (id == options.selected && text.empty())) {
     return {};
   }
   return {session::ListOutcome::End::Chosen, id, std::move(text)};

@@ -21,6 +21,22 @@ bool BoolOf(const VARIANT* argument);
 double DoubleOf(const VARIANT* argument);
 forms::Currency CurrencyOf(const VARIANT* argument);
 
+// Takes an argument as the type of `value`.
+template <typename T>
+void Take(const VARIANT* argument, T& value) {
+  if constexpr (std::is_same_v<T, bool>) {
+    value = BoolOf(argument);
+  } else if constexpr (std::is_same_v<T, std::int32_t>) {
+    value = IntOf(argument);
+  } else if constexpr (std::is_same_v<T, double>) {
+    value = DoubleOf(argument);
+  } else if constexpr (std::is_same_v<T, forms::Currency>) {
+    value = CurrencyOf(argument);
+  } else {
+    value = TextOf(argument);
+  }
+}
+
 // Leaves the host's argument as it is when the screen has not changed what was given.
 template <typename T>
 void Return(VARIANT* argument, const T& given, const T& now) {

@@ -1,5 +1,7 @@
 #include "com/editing_screen_object.h"
 
+#include <array>
+
 #include "com/arguments.h"
 
 namespace com {
@@ -7,16 +9,6 @@ namespace com {
 using automation::FromBstr;
 
 EditingScreenObject::EditingScreenObject() : PublicClass(__uuidof(::EditingScreen), __uuidof(DEditingScreenEvents)) {}
-
-HRESULT EditingScreenObject::put_ExtraID(LONG value) {
-  Screens().ExtraID = value;
-  return S_OK;
-}
-
-HRESULT EditingScreenObject::put_NewEmployeePasswordID(LONG value) {
-  Screens().NewEmployeePasswordID = value;
-  return S_OK;
-}
 
 template <typename Screen>
 HRESULT EditingScreenObject::OpenFor(VARIANT_BOOL* outcome, Screen screen) {
@@ -34,32 +26,18 @@ HRESULT EditingScreenObject::Edit_AdjustPlan_Info(VARIANT* EmployerID, VARIANT* 
                                                   VARIANT* PatientPortion, VARIANT* AllowEditPayment,
                                                   VARIANT_BOOL* Accepted) {
   return OpenFor(Accepted, [&] {
-    const entry::PlanAdjustment given{.employer_id = IntOf(EmployerID),
-                                      .carrier_id = IntOf(CarrierID),
-                                      .group_id = IntOf(GroupID),
-                                      .treatment_code = TextOf(TreatmentCode),
-                                      .office_fee = CurrencyOf(OfficeFee),
-                                      .allowed_fee = CurrencyOf(AllowedFee),
-                                      .plan_calculation_fee = CurrencyOf(PlanCalculationFee),
-                                      .coverage_percent = DoubleOf(CoveragePercent),
-                                      .plan_payment = CurrencyOf(PlanPayment),
-                                      .provider_adjustment = CurrencyOf(ProviderAdjustment),
-                                      .patient_portion = CurrencyOf(PatientPortion),
-                                      .allow_edit_payment = BoolOf(AllowEditPayment)};
+    const std::array arguments = {
+        EmployerID,         CarrierID,       GroupID,     TreatmentCode,      OfficeFee,      AllowedFee,
+        PlanCalculationFee, CoveragePercent, PlanPayment, ProviderAdjustment, PatientPortion, AllowEditPayment};
+    entry::PlanAdjustment given;
+    std::size_t argument = 0;
+    VisitArguments([&](const char*, auto& value) { Take(arguments.at(argument++), value); }, given);
     entry::PlanAdjustment plan = given;
     const bool accepted = Screens().Edit_AdjustPlan_Info(plan);
-    Return(EmployerID, given.employer_id, plan.employer_id);
-    Return(CarrierID, given.carrier_id, plan.carrier_id);
-    Return(GroupID, given.group_id, plan.group_id);
-    Return(TreatmentCode, given.treatment_code, plan.treatment_code);
-    Return(OfficeFee, given.office_fee, plan.office_fee);
-    Return(AllowedFee, given.allowed_fee, plan.allowed_fee);
-    Return(PlanCalculationFee, given.plan_calculation_fee, plan.plan_calculation_fee);
-    Return(CoveragePercent, given.coverage_percent, plan.coverage_percent);
-    Return(PlanPayment, given.plan_payment, plan.plan_payment);
-    Return(ProviderAdjustment, given.provider_adjustment, plan.provider_adjustment);
-    Return(PatientPortion, given.patient_portion, plan.patient_portion);
-    Return(AllowEditPayment, given.allow_edit_payment, plan.allow_edit_payment);
+    argument = 0;
+    VisitArguments(
+        [&](const char*, const auto& before, const auto& now) { Return(arguments.at(argument++), before, now); }, given,
+        plan);
     return accepted;
   });
 }

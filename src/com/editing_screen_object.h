@@ -10,8 +10,9 @@ class EditingScreenObject final : public PublicClass<IEditingScreen, entry::Edit
  public:
   EditingScreenObject();
 
-  HRESULT STDMETHODCALLTYPE get_ExtraID(LONG* value) override { return Get(value, Screens().ExtraID); }
-  HRESULT STDMETHODCALLTYPE put_ExtraID(LONG value) override;
+  COM_PROPERTY(ExtraID, LONG, ExtraID)
+  COM_PROPERTY(NewEmployeePasswordID, LONG, NewEmployeePasswordID)
+
   HRESULT STDMETHODCALLTYPE Edit_AdjustPlan_Info(VARIANT* EmployerID, VARIANT* CarrierID, VARIANT* GroupID,
                                                  VARIANT* TreatmentCode, VARIANT* OfficeFee, VARIANT* AllowedFee,
                                                  VARIANT* PlanCalculationFee, VARIANT* CoveragePercent,
@@ -36,10 +37,6 @@ class EditingScreenObject final : public PublicClass<IEditingScreen, entry::Edit
   HRESULT STDMETHODCALLTYPE Load_PatInfo_Small(VARIANT* l_ID, VARIANT* ns_ID, VARIANT* GoToQuickAppoint) override;
   HRESULT STDMETHODCALLTYPE PaTable_Edit_Start(BSTR PersonType, VARIANT* SrchFld) override;
   HRESULT STDMETHODCALLTYPE eReminder_PersonalSetup(LONG PatientID, VARIANT_BOOL* Saved) override;
-  HRESULT STDMETHODCALLTYPE get_NewEmployeePasswordID(LONG* value) override {
-    return Get(value, Screens().NewEmployeePasswordID);
-  }
-  HRESULT STDMETHODCALLTYPE put_NewEmployeePasswordID(LONG value) override;
 
  private:
   // Opens a screen whose outcome is the method's value.

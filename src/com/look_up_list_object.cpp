@@ -37,10 +37,6 @@ LookUpListObject::LookUpListObject() : PublicClass(__uuidof(::LookUpList), __uui
   ForwardEvents();
 }
 
-HRESULT LookUpListObject::Put(std::string& to, BSTR value) {
-  return Run(nullptr, [&] { to = FromBstr(value); });
-}
-
 void LookUpListObject::ForwardEvents() {
   Screens().Events.SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
     Events().Raise(kSwapModuleCalled, {Variant::Of(where_to), Variant::Of(designation)});

@@ -19,6 +19,15 @@
 #include "com/pv_session.h"
 #include "com/screen_user.h"
 
+// A property of the default interface, kept in a member of the class behind it.
+#define COM_PROPERTY(name, type, member)                       \
+  HRESULT STDMETHODCALLTYPE get_##name(type* value) override { \
+    return Get(value, this->Screens().member);                 \
+  }                                                            \
+  HRESULT STDMETHODCALLTYPE put_##name(type value) override {  \
+    return Put(this->Screens().member, value);                 \
+  }
+
 namespace com {
 
 using automation::Assign;
@@ -193,6 +202,18 @@ class PublicClass
       return E_POINTER;
     }
     return Run(nullptr, [&] { *value = ToBstr(from); });
+  }
+  template <typename T>
+  static HRESULT Put(std::int32_t& to, T value) {
+    to = static_cast<std::int32_t>(value);
+    return S_OK;
+  }
+  static HRESULT Put(bool& to, VARIANT_BOOL value) {
+    to = value != VARIANT_FALSE;
+    return S_OK;
+  }
+  HRESULT Put(std::string& to, BSTR value) {
+    return Run(nullptr, [&] { to = FromBstr(value); });
   }
   static HRESULT GetObject(IDispatch** value, const entry::HostObject& from) {
     if (value == nullptr) {

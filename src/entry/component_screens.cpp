@@ -16,12 +16,7 @@ session::Outcome ComponentScreens::Edit(const session::Opening& opening) {
   return EditRecord(context_, opening);
 }
 
-session::ListOutcome ComponentScreens::ShowList(session::LookUpListTypes type, const session::ListRequest& request) {
-  lookup::LookUpOptions options;
-  options.title = request.title;
-  options.selected = request.selected;
-  options.narrowing.allow_delete = request.allow_delete;
-  options.multi_select = request.multi_select;
+session::ListOutcome ComponentScreens::ShowList(session::LookUpListTypes type, const session::ListOptions& options) {
   return lookup::ShowLookUpList(context_, type, options);
 }
 

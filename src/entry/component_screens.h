@@ -12,7 +12,7 @@ class ComponentScreens : public session::Screens {
   const session::ScreenContext& Context() const { return context_; }
 
   session::Outcome Edit(const session::Opening& opening) override;
-  session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListRequest& request) override;
+  session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
 
  private:

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "forms/currency.h"
 #include "forms/form.h"
 
 // The public classes by the names of their members, with values as text: how the console, the reference host and a
@@ -18,6 +20,12 @@ struct IgnoringCase {
 };
 
 // Truth values are "True" and "False"; "1", "-1", "on" and "true" are read as true.
+std::string TextOf(bool value);
+std::string TextOf(std::int32_t value);
+std::string TextOf(double value);
+std::string TextOf(forms::Currency value);
+std::string TextOf(const std::string& value);
+
 using Arguments = std::map<std::string, std::string, IgnoringCase>;
 
 struct Parameter {

@@ -7,26 +7,11 @@
 #include <string_view>
 
 #include "entry/global_slots.h"
+#include "entry/plan_adjustment.h"
 #include "forms/user.h"
 #include "session/screens.h"
 
 namespace entry {
-
-// What a plan adjustment is worked out from, and its outcome.
-struct PlanAdjustment {
-  std::int32_t employer_id = 0;
-  std::int32_t carrier_id = 0;
-  std::int32_t group_id = 0;
-  std::string treatment_code;
-  forms::Currency office_fee;
-  forms::Currency allowed_fee;
-  forms::Currency plan_calculation_fee;
-  double coverage_percent = 0;
-  forms::Currency plan_payment;
-  forms::Currency provider_adjustment;
-  forms::Currency patient_portion;
-  bool allow_edit_payment = false;
-};
 
 // The editing screens' public class: every method opens one modal screen and returns when it closes. A record ID is
 // a number or "NEW"; the ID that comes back is the saved record's, and stays as given when nothing was saved. Every

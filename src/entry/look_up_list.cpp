@@ -29,7 +29,7 @@ class Clearing {
 }  // namespace
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
-  const Clearing after(ListTitle);
+  const Clearing after(Options.title);
   const std::shared_ptr<session::Session> session = PV();
   if (session == nullptr) {
     user_.Tell("The host has not handed over its session (PV).", std::string(forms::kSuiteTitle),
@@ -40,24 +40,12 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   if (fOwner != nullptr) {
     frmOwner = std::move(fOwner);
   }
-  lookup::LookUpOptions options;
-  options.title = ListTitle;
-  options.selected = SelectedID;
-  options.narrowing.allow_delete = AllowDelete;
-  options.narrowing.group_plan_company = GroupPlanCompanyID;
-  options.narrowing.family_head_including = FamHeadIncPatID;
-  options.show_mode = ShowMode;
-  options.multi_select = MultiSel || (InsLLCanMultiSel && IsInsuranceList(ListType));
-  options.no_double_click = No_Double_Click;
-  options.show_facility_options = ShowFacilityOptions;
-  options.show_patient_buttons = ShowPatientButtons;
-  options.skip_list_if_new = Skip_List_IF_New;
-  options.events = Events;
-  options.new_employee_login = NewEmployeePasswordID;
+  session::ListOptions options = Options;
+  options.multi_select = options.multi_select || (InsLLCanMultiSel && IsInsuranceList(ListType));
   const ComponentScreens screens(*session, user_);
-  const session::ListOutcome outcome = lookup::ShowLookUpList(screens.Context(), ListType, options);
+  const session::ListOutcome outcome = lookup::ShowLookUpList(screens.Context(), ListType, options, Events);
   if (outcome.Chosen()) {
-    SelectedID = outcome.id;
+    Options.selected = outcome.id;
     Select_String = outcome.text;
   } else if (outcome.end == session::ListOutcome::End::New) {
     Select_String = kNew;

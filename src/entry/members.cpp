@@ -16,18 +16,28 @@ namespace {
 using forms::Currency;
 using forms::Form;
 
-std::string FromBool(bool value) {
-  return value ? "True" : "False";
-}
-
 std::int32_t ToInt(const std::string& text) {
   return session::ToId(session::Value(text));
 }
 
-double ToDouble(const std::string& text) {
-  double number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
+void Read(const std::string& text, std::int32_t& value) {
+  value = ToInt(text);
+}
+
+void Read(const std::string& text, double& value) {
+  std::from_chars(text.data(), text.data() + text.size(), value);
+}
+
+void Read(const std::string& text, Currency& value) {
+  value = Currency::Parse(text).value_or(Currency());
+}
+
+void Read(const std::string& text, std::string& value) {
+  value = text;
+}
+
+void Read(const std::string& text, bool& value) {
+  value = forms::IsOn(text);
 }
 
 // Arguments as the methods take them; one that was left out is empty, 0 or False.
@@ -38,12 +48,10 @@ class Reader {
   std::string& Text(const char* name) { return arguments_[name]; }
   std::int32_t Int(const char* name) { return ToInt(arguments_[name]); }
   bool Bool(const char* name) { return forms::IsOn(arguments_[name]); }
-  Currency Money(const char* name) { return Currency::Parse(arguments_[name]).value_or(Currency()); }
   // A record ID; one that was left out asks for a new record.
   std::string& Id(const char* name) { return arguments_.try_emplace(name, kNew).first->second; }
 
-  void Return(const char* name, bool value) { arguments_[name] = FromBool(value); }
-  void Return(const char* name, Currency value) { arguments_[name] = forms::ToPlainText(value); }
+  void Return(const char* name, bool value) { arguments_[name] = TextOf(value); }
 
  private:
   Arguments& arguments_;
@@ -119,7 +127,7 @@ Form::NamedProperty SessionSlot(IGlobal& object, const std::shared_ptr<session::
 }
 
 Form::NamedProperty Property(bool& value) {
-  return {[&value] { return FromBool(value); }, [&value](const std::string& text) { value = forms::IsOn(text); }};
+  return {[&value] { return TextOf(value); }, [&value](const std::string& text) { value = forms::IsOn(text); }};
 }
 
 Form::NamedProperty Property(std::string& value) {
@@ -151,37 +159,24 @@ void AddPrinterMethods(IGlobal& object, std::vector<Method>& methods) {
 }
 
 std::string AdjustPlan(EditingScreen& screen, Arguments& arguments) {
-  Reader reader(arguments);
-  PlanAdjustment plan{.employer_id = reader.Int("EmployerID"),
-                      .carrier_id = reader.Int("CarrierID"),
-                      .group_id = reader.Int("GroupID"),
-                      .treatment_code = reader.Text("TreatmentCode"),
-                      .office_fee = reader.Money("OfficeFee"),
-                      .allowed_fee = reader.Money("AllowedFee"),
-                      .plan_calculation_fee = reader.Money("PlanCalculationFee"),
-                      .coverage_percent = ToDouble(reader.Text("CoveragePercent")),
-                      .plan_payment = reader.Money("PlanPayment"),
-                      .provider_adjustment = reader.Money("ProviderAdjustment"),
-                      .patient_portion = reader.Money("PatientPortion"),
-                      .allow_edit_payment = reader.Bool("AllowEditPayment")};
+  PlanAdjustment plan;
+  VisitArguments([&](const char* name, auto& value) { Read(arguments[name], value); }, plan);
   const bool accepted = screen.Edit_AdjustPlan_Info(plan);
-  reader.Text("CoveragePercent") = session::ToText(session::Value(plan.coverage_percent));
-  reader.Return("OfficeFee", plan.office_fee);
-  reader.Return("AllowedFee", plan.allowed_fee);
-  reader.Return("PlanCalculationFee", plan.plan_calculation_fee);
-  reader.Return("PlanPayment", plan.plan_payment);
-  reader.Return("ProviderAdjustment", plan.provider_adjustment);
-  reader.Return("PatientPortion", plan.patient_portion);
-  return FromBool(accepted);
+  VisitArguments([&](const char* name, const auto& value) { arguments[name] = TextOf(value); }, plan);
+  return TextOf(accepted);
+}
+
+std::vector<Parameter> PlanParameters() {
+  std::vector<Parameter> parameters;
+  const PlanAdjustment any;
+  VisitArguments([&](const char* name, const auto& /*value*/) { parameters.push_back(ByRef(name)); }, any);
+  return parameters;
 }
 
 std::vector<Method> PlanMethods(EditingScreen& screen) {
-  return {{"Edit_AdjustPlan_Info",
-           {ByRef("EmployerID"), ByRef("CarrierID"), ByRef("GroupID"), ByRef("TreatmentCode"), ByRef("OfficeFee"),
-            ByRef("AllowedFee"), ByRef("PlanCalculationFee"), ByRef("CoveragePercent"), ByRef("PlanPayment"),
-            ByRef("ProviderAdjustment"), ByRef("PatientPortion"), ByRef("AllowEditPayment")},
+  return {{"Edit_AdjustPlan_Info", PlanParameters(),
            [&screen](Arguments& arguments) { return AdjustPlan(screen, arguments); }},
-          {"Edit_PPO_Adjustment", {}, [&screen](Arguments&) { return FromBool(screen.Edit_PPO_Adjustment()); }},
+          {"Edit_PPO_Adjustment", {}, [&screen](Arguments&) { return TextOf(screen.Edit_PPO_Adjustment()); }},
           {"Select_Coverage",
            {In("EmployerID"), In("MustSelect"), In("HideElID")},
            [&screen](Arguments& arguments) {
@@ -190,19 +185,19 @@ std::vector<Method> PlanMethods(EditingScreen& screen) {
                  screen.Select_Coverage(reader.Int("EmployerID"), reader.Bool("MustSelect"), reader.Int("HideElID")));
            }},
           {"Edit_Patient_Coverage", {In("PatientID")}, [&screen](Arguments& arguments) {
-             return FromBool(screen.Edit_Patient_Coverage(Reader(arguments).Int("PatientID")));
+             return TextOf(screen.Edit_Patient_Coverage(Reader(arguments).Int("PatientID")));
            }}};
 }
 
 std::vector<Method> LocationMethods(EditingScreen& screen) {
-  return {{"Location_Edit_Screen", {}, [&screen](Arguments&) { return FromBool(screen.Location_Edit_Screen()); }},
+  return {{"Location_Edit_Screen", {}, [&screen](Arguments&) { return TextOf(screen.Location_Edit_Screen()); }},
           {"PatientLocation_Setup",
            {In("PatientID")},
            [&screen](Arguments& arguments) {
-             return FromBool(screen.PatientLocation_Setup(Reader(arguments).Int("PatientID")));
+             return TextOf(screen.PatientLocation_Setup(Reader(arguments).Int("PatientID")));
            }},
           {"LoginLocation_Setup", {In("PasswordID")}, [&screen](Arguments& arguments) {
-             return FromBool(screen.LoginLocation_Setup(Reader(arguments).Int("PasswordID")));
+             return TextOf(screen.LoginLocation_Setup(Reader(arguments).Int("PasswordID")));
            }}};
 }
 
@@ -274,7 +269,7 @@ std::vector<Method> PersonMethods(EditingScreen& screen) {
              return std::string();
            }},
           {"eReminder_PersonalSetup", {In("PatientID")}, [&screen](Arguments& arguments) {
-             return FromBool(screen.eReminder_PersonalSetup(Reader(arguments).Int("PatientID")));
+             return TextOf(screen.eReminder_PersonalSetup(Reader(arguments).Int("PatientID")));
            }}};
 }
 
@@ -306,25 +301,11 @@ Dispatch DispatchOf(LookUpList& list) {
                               }});
   AddPrinterMethods(list, dispatch.methods);
   dispatch.properties = {{"ListType", Property(list.ListType)},
-                         {"Skip_List_IF_New", Property(list.Skip_List_IF_New)},
-                         {"ShowMode", Property(list.ShowMode)},
-                         {"Include_Ins", Property(list.Include_Ins)},
-                         {"InitField", Property(list.InitField)},
-                         {"MultiSel", Property(list.MultiSel)},
-                         {"No_Double_Click", Property(list.No_Double_Click)},
-                         {"bSelectMode", Property(list.bSelectMode)},
-                         {"ShowFacilityOptions", Property(list.ShowFacilityOptions)},
                          {"frmOwner", Property(list.frmOwner)},
                          {"StartForm", Property(list.StartForm)},
-                         {"ListTitle", Property(list.ListTitle)},
-                         {"SelectedID", Property(list.SelectedID)},
-                         {"Select_String", Property(list.Select_String)},
-                         {"ShowPatientButtons", Property(list.ShowPatientButtons)},
-                         {"GroupPlanCompanyID", Property(list.GroupPlanCompanyID)},
-                         {"EmployerPatientID", Property(list.EmployerPatientID)},
-                         {"FamHeadIncPatID", Property(list.FamHeadIncPatID)},
-                         {"NewEmployeePasswordID", Property(list.NewEmployeePasswordID)},
-                         {"AllowDelete", Property(list.AllowDelete)}};
+                         {"Select_String", Property(list.Select_String)}};
+  session::VisitOptions(list.Options,
+                        [&](const char* name, auto& option) { dispatch.properties.emplace(name, Property(option)); });
   return dispatch;
 }
 

@@ -95,7 +95,7 @@ void frmTGList::SetSQL(const data::Sql& sql) {
 }
 
 const session::ListOutcome& frmTGList::ShowList() {
-  if (SkipIfNew) {
+  if (Options.skip_if_new) {
     Result.end = session::ListOutcome::End::New;
   } else {
     context_.user.Show(*this);
@@ -109,9 +109,9 @@ const session::ListOutcome& frmTGList::ShowList() {
 void frmTGList::OnLoad() {
   ReadOptions();
   ShowToolButtons();
-  DotNetGrid.MultiSelect = MultiSelect;
+  DotNetGrid.MultiSelect = Options.multi_select;
   statement_ = ListStatement(sql_);
-  Requery({}, SortBy, StartingID);
+  Requery({}, SortBy, Options.selected);
   DotNetGrid.SetFocus();
 }
 
@@ -219,7 +219,7 @@ void frmTGList::DotNetGrid_RowColChange() {
 }
 
 void frmTGList::DotNetGrid_DblClick() {
-  if (!No_Double_Click) {
+  if (!Options.no_double_click) {
     Choose();
   }
 }

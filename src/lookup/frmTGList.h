@@ -29,21 +29,13 @@ class frmTGList : public forms::Form, private editing::Rules {
 
   // Inputs, set before it is shown.
   std::shared_ptr<void> OwnerForm;
+  // The title names the list while it loads and in messages; the caption does where there is none. Nothing is deleted
+  // unless that is allowed.
+  session::ListOptions Options = {.allow_delete = false};
   data::Sql SortBy;
-  std::int32_t ShowMode = 0;
   bool AllowEdit = true;
-  bool AllowDelete = false;
-  bool MultiSelect = false;
-  bool ShowFacilityOptions = false;
-  bool No_Double_Click = false;
-  // The buttons that lead to the suite's screens of a patient; the rows must be persons.
-  bool ShowPatientButtons = false;
   std::string ListName;
-  std::string Title;  // names the list while it loads and in messages; the caption where there is none
   std::string LayoutKey;
-  std::int32_t StartingID = 0;
-  // The list is not shown, a new record is wanted.
-  bool SkipIfNew = false;
 
   // "DISTINCTROW" becomes "DISTINCT" unless the database is a file.
   void SetSQL(const data::Sql& sql);
@@ -125,7 +117,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   void ClearFilter();
   void Choose();
   std::int32_t CurrentID() const;
-  const std::string& TitleText() const { return Title.empty() ? Caption.get() : Title; }
+  const std::string& TitleText() const { return Options.title.empty() ? Caption.get() : Options.title; }
 
   forms::OptionGroup filter_modes_{&optFiltLeft, &optFiltMid};
 

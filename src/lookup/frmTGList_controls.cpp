@@ -6,24 +6,26 @@ namespace {
 
 constexpr std::string_view kSkipListIfNew = "SKIP LIST IF NEW";
 
-forms::Form::NamedProperty Text(std::string& value) {
+using Property = forms::Form::NamedProperty;
+
+Property Named(std::string& value) {
   return {[&value] { return value; }, [&value](const std::string& text) { value = text; }};
 }
 
-forms::Form::NamedProperty Text(forms::Label& label) {
+Property Named(forms::Label& label) {
   return {[&label] { return label.Caption.get(); }, [&label](const std::string& text) { label.Caption = text; }};
 }
 
-forms::Form::NamedProperty Text(data::Sql& value) {
+Property Named(data::Sql& value) {
   return {[&value] { return value.Text(); }, [&value](const std::string& text) { value = data::Sql::OfHost(text); }};
 }
 
-forms::Form::NamedProperty Number(std::int32_t& value) {
+Property Named(std::int32_t& value) {
   return {[&value] { return std::to_string(value); },
           [&value](const std::string& text) { value = session::ToId(text); }};
 }
 
-forms::Form::NamedProperty Flag(bool& value) {
+Property Named(bool& value) {
   return {[&value] { return value ? "True" : "False"; },
           [&value](const std::string& text) { value = forms::IsOn(text); }};
 }
@@ -64,26 +66,23 @@ void frmTGList::RegisterProperties() {
   Properties["SQL"] = {[this] { return sql_.Text(); },
                        [this](const std::string& text) { SetSQL(data::Sql::OfHost(text)); }};
   Properties["Caption"] = {[this] { return Caption.get(); }, [this](const std::string& text) { Caption = text; }};
-  Properties["SortBy"] = Text(SortBy);
-  Properties["Title"] = Text(Title);
-  Properties["ListName"] = Text(ListName);
-  Properties["LayoutKey"] = Text(LayoutKey);
-  Properties["IDFld"] = Text(IDFld);
-  Properties["NamFld"] = Text(NamFld);
-  Properties["Request"] = {[this] { return SkipIfNew ? std::string(kSkipListIfNew) : std::string(); },
-                           [this](const std::string& text) { SkipIfNew = text.starts_with(kSkipListIfNew); }};
+  Properties["SortBy"] = Named(SortBy);
+  Properties["ListName"] = Named(ListName);
+  Properties["LayoutKey"] = Named(LayoutKey);
+  Properties["IDFld"] = Named(IDFld);
+  Properties["NamFld"] = Named(NamFld);
+  Properties["AllowEdit"] = Named(AllowEdit);
+  session::VisitOptions(Options, [this](const char* name, auto& option) { Properties[name] = Named(option); });
+  // What the window itself calls them.
+  Properties["Title"] = Named(Options.title);
+  Properties["StartingID"] = Named(Options.selected);
+  Properties["MultiSelect"] = Named(Options.multi_select);
+  Properties["Request"] = {[this] { return Options.skip_if_new ? std::string(kSkipListIfNew) : std::string(); },
+                           [this](const std::string& text) { Options.skip_if_new = text.starts_with(kSkipListIfNew); }};
   Properties["Result"] = {[this] { return ResultText(); }, nullptr};
   Properties["Select_String"] = {[this] { return Result.text; }, nullptr};
-  Properties["Whereto"] = Text(Whereto);
-  Properties["Designation_String"] = Text(Designation_String);
-  Properties["StartingID"] = Number(StartingID);
-  Properties["ShowMode"] = Number(ShowMode);
-  Properties["AllowEdit"] = Flag(AllowEdit);
-  Properties["AllowDelete"] = Flag(AllowDelete);
-  Properties["MultiSelect"] = Flag(MultiSelect);
-  Properties["ShowFacilityOptions"] = Flag(ShowFacilityOptions);
-  Properties["No_Double_Click"] = Flag(No_Double_Click);
-  Properties["ShowPatientButtons"] = Flag(ShowPatientButtons);
+  Properties["Whereto"] = Named(Whereto);
+  Properties["Designation_String"] = Named(Designation_String);
 }
 
 }  // namespace lookup

@@ -15,7 +15,7 @@ constexpr std::string_view kDeferred = "GOTO,";
 
 void frmTGList::ShowNavigation() {
   for (const char* command : kCommands) {
-    ToolStrip[command].Visible = ShowPatientButtons;
+    ToolStrip[command].Visible = Options.show_patient_buttons;
   }
 }
 

@@ -53,7 +53,7 @@ void frmTGList::Setup_ToolBar() {
 void frmTGList::ShowToolButtons() {
   ToolStrip["New"].Visible = AllowEdit;
   ToolStrip["Edit"].Visible = AllowEdit && Edits.has_value();
-  ToolStrip["Delete"].Visible = AllowEdit && AllowDelete;
+  ToolStrip["Delete"].Visible = AllowEdit && Options.allow_delete;
   ToolStrip["RemFilt"].Visible = true;
   ShowNavigation();
   ShowSeparators();

@@ -133,7 +133,7 @@ bool ListDefinition::HasCommand(const std::string& command) const {
 }
 
 ListDefinition DefinitionOf(session::LookUpListTypes type, const Statements& statements,
-                            const ListNarrowing& narrowing) {
+                            const session::ListOptions& options) {
   switch (type) {
     case session::lulProvider:
     case session::lulPhysician1:
@@ -141,21 +141,21 @@ ListDefinition DefinitionOf(session::LookUpListTypes type, const Statements& sta
     case session::lulReferInOut:
     case session::lulReferral:
     case session::lulFamilyHead:
-      return PersonList(type, statements, narrowing);
+      return PersonList(type, statements, options);
     case session::lulEmployee:
-      return EmployeeList(statements, narrowing.allow_delete);
+      return EmployeeList(statements, options.allow_delete);
     case session::lulInsuranceCo:
-      return InsuranceCompanyList(statements, narrowing);
+      return InsuranceCompanyList(statements, options);
     case session::lulEmployer:
-      return EmployerList(statements, narrowing);
+      return EmployerList(statements, options);
     case session::lulGroupPlan:
-      return GroupPlanList(statements, narrowing);
+      return GroupPlanList(statements, options);
     case session::lulInsGroup:
       return InsuranceGroupList(statements);
     case session::lulRecallMaster:
       return RecallMasterList(statements);
     case session::lulPharmacy:
-      return PharmacyList(statements, narrowing);
+      return PharmacyList(statements, options);
     case session::lulCapPlans:
       return ManagedCarePlansList(statements);
   }

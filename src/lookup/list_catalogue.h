@@ -10,13 +10,6 @@
 
 namespace lookup {
 
-// What a caller narrows a list by.
-struct ListNarrowing {
-  bool allow_delete = true;
-  std::int32_t group_plan_company = 0;     // group plans of this carrier alone; 0 for all
-  std::int32_t family_head_including = 0;  // this patient among the family heads, head or not; 0 for none
-};
-
 // One kind of look-up list: what it shows, and what becomes of the choice.
 struct ListDefinition {
   // The person-type key ("pTypDoc") that the session is told before the list is shown; empty for lists of records.
@@ -45,7 +38,7 @@ inline constexpr std::int32_t kListKinds = 14;
 
 // Throws std::out_of_range for no kind of list.
 ListDefinition DefinitionOf(session::LookUpListTypes type, const data::Statements& statements,
-                            const ListNarrowing& narrowing = {});
+                            const session::ListOptions& options = {});
 
 // The columns of a short list.
 inline constexpr const char* kPickCode = "Code";

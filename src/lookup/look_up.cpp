@@ -5,6 +5,7 @@
 #include "data/statements.h"
 #include "editing/rules.h"
 #include "lookup/frmTGList.h"
+#include "lookup/list_catalogue.h"
 
 namespace lookup {
 namespace {
@@ -12,8 +13,8 @@ namespace {
 using session::ScreenContext;
 
 void SetList(frmTGList& window, const ListDefinition& list, const std::string& title) {
-  window.Title = title.empty() ? list.title : title;
-  window.Caption = title.empty() && !list.caption.empty() ? list.caption : window.Title;
+  window.Options.title = title.empty() ? list.title : title;
+  window.Caption = title.empty() && !list.caption.empty() ? list.caption : window.Options.title;
   window.ListName = list.ListName();
   window.IDFld.Caption = list.IdColumn();
   window.NamFld.Caption = list.NameColumn();
@@ -32,29 +33,25 @@ std::string WithoutOpenComma(std::string name) {
 
 }  // namespace
 
-session::ListOutcome ShowLookUpList(const ScreenContext& context, std::int32_t type, const LookUpOptions& options) {
+session::ListOutcome ShowLookUpList(const ScreenContext& context, std::int32_t type,
+                                    const session::ListOptions& options, const ListEvents& events) {
   if (type < 0 || type >= kListKinds) {
     return {};
   }
   const auto kind = static_cast<session::LookUpListTypes>(type);
-  const ListDefinition list = DefinitionOf(kind, data::Statements(context.session), options.narrowing);
+  const ListDefinition list = DefinitionOf(kind, data::Statements(context.session), options);
   frmTGList window(context);
+  window.Options = options;
+  window.Options.allow_delete = list.HasCommand("Delete");
+  window.Options.show_patient_buttons = options.show_patient_buttons && !list.kind_key.empty();
+  window.Options.skip_if_new = options.skip_if_new && kind == session::lulEmployee;
   SetList(window, list, options.title);
-  window.StartingID = options.selected;
-  window.ShowMode = options.show_mode;
-  window.MultiSelect = options.multi_select;
-  window.No_Double_Click = options.no_double_click;
-  window.ShowFacilityOptions = options.show_facility_options;
-  window.ShowPatientButtons = options.show_patient_buttons && !list.kind_key.empty();
-  window.Events = options.events;
-  window.AllowDelete = list.HasCommand("Delete");
+  window.Events = events;
   if (list.edits) {
-    window.Edits = session::Opening{.kind = *list.edits,
-                                    .carrier = options.narrowing.group_plan_company,
-                                    .new_employee_login = options.new_employee_login};
+    window.Edits = session::Opening{
+        .kind = *list.edits, .carrier = options.group_plan_company, .new_employee_login = options.new_employee_login};
   }
   window.AllowEdit = list.edits.has_value();
-  window.SkipIfNew = kind == session::lulEmployee && options.skip_list_if_new;
   if (!list.kind_key.empty()) {
     context.session.SetCurrentPersonType(list.kind_key);
   }

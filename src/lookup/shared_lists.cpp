@@ -59,8 +59,8 @@ PersonKind PersonKindOf(session::LookUpListTypes type) {
   }
 }
 
-void AddDelete(ListDefinition& list, const ListNarrowing& narrowing) {
-  if (narrowing.allow_delete) {
+void AddDelete(ListDefinition& list, const session::ListOptions& options) {
+  if (options.allow_delete) {
     list.window_texts.emplace_back("Delete");
   }
 }
@@ -68,7 +68,8 @@ void AddDelete(ListDefinition& list, const ListNarrowing& narrowing) {
 }  // namespace
 
 // Sorted by the names themselves, not by their sum, so that an index on them gives the rows one by one.
-ListDefinition PersonList(session::LookUpListTypes type, const Statements& statements, const ListNarrowing& narrowing) {
+ListDefinition PersonList(session::LookUpListTypes type, const Statements& statements,
+                          const session::ListOptions& options) {
   const PersonKind kind = PersonKindOf(type);
   ListDefinition list;
   list.kind_key = kind.key;
@@ -76,11 +77,11 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   list.title = kind.title;
   list.window_texts = {kind.list_name, "ID Num", "Name", "[First Name]", "[Last Name]", "[ID Num]"};
   if (kind.deletable) {
-    AddDelete(list, narrowing);
+    AddDelete(list, options);
   }
   Sql condition = Sql("(") + kind.condition + ")";
-  if (type == session::lulFamilyHead && narrowing.family_head_including != 0) {
-    condition = "(" + condition + " or PATABLE.pID = " + data::Literal(narrowing.family_head_including) + ")";
+  if (type == session::lulFamilyHead && options.family_head_including != 0) {
+    condition = "(" + condition + " or PATABLE.pID = " + data::Literal(options.family_head_including) + ")";
   }
   list.sql = Sql("SELECT PATABLE.pLASNAM+', '+PATABLE.pFIRNAM AS Name, "
                  "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], ") +
@@ -97,12 +98,12 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   return list;
 }
 
-ListDefinition InsuranceCompanyList(const Statements& statements, const ListNarrowing& narrowing) {
+ListDefinition InsuranceCompanyList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::Carrier;
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
-  AddDelete(list, narrowing);
+  AddDelete(list, options);
   list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
                  "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, "
                  "InsCoTable.InsCoZip AS Zip, InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoTel2 AS [Phone 2], "
@@ -116,11 +117,11 @@ ListDefinition InsuranceCompanyList(const Statements& statements, const ListNarr
   return list;
 }
 
-ListDefinition EmployerList(const Statements& statements, const ListNarrowing& narrowing) {
+ListDefinition EmployerList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.title = "Employer List";
   list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
-  AddDelete(list, narrowing);
+  AddDelete(list, options);
   list.sql = Sql("SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], EmpTable.EmpAdd2 AS "
                  "[Address 2], "
                  "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
@@ -134,21 +135,21 @@ ListDefinition EmployerList(const Statements& statements, const ListNarrowing& n
   return list;
 }
 
-ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& narrowing) {
+ListDefinition GroupPlanList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::GroupPlan;
   list.title = "Group Plan List";
   list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
                        "[Group Number]", "[Plan Name]", "[ID Num]"};
-  AddDelete(list, narrowing);
+  AddDelete(list, options);
   list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], GroPlaTable.GroPlaNam AS [Plan Name], "
                  "GroPlaTable.GroPlaGroNum AS [Group Number], GroPlaTable.GroPlaCat AS Category, "
                  "GroPlaTable.GroPlaInd AS [ID Num] "
                  "FROM GroPlaTable LEFT JOIN InsCoTable ON GroPlaTable.GroPlaInsID = InsCoTable.InsCoInd") +
              statements.OfficeJoin(" and (GroPlaTable.OfficeID = InsCoTable.OfficeID)") +
              " WHERE (GroPlaTable.GroPlaInd <> 0)";
-  if (narrowing.group_plan_company != 0) {
-    list.sql += " and (GroPlaTable.GroPlaInsID = " + data::Literal(narrowing.group_plan_company) + ")";
+  if (options.group_plan_company != 0) {
+    list.sql += " and (GroPlaTable.GroPlaInsID = " + data::Literal(options.group_plan_company) + ")";
   }
   list.sql += statements.Office(" and (GroPlaTable.OfficeID = ", ") ");
   list.sort = Words("[Insurance Company], [Plan Name]");
@@ -158,12 +159,12 @@ ListDefinition GroupPlanList(const Statements& statements, const ListNarrowing& 
   return list;
 }
 
-ListDefinition PharmacyList(const Statements& statements, const ListNarrowing& narrowing) {
+ListDefinition PharmacyList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::Pharmacy;
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
-  AddDelete(list, narrowing);
+  AddDelete(list, options);
   list.sql = Sql("SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], PhaTable.PhaAdd2 AS "
                  "[Address 2], "
                  "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "

@@ -7,10 +7,10 @@ namespace lookup {
 
 // Of providers, physicians, referral sources and family heads.
 ListDefinition PersonList(session::LookUpListTypes type, const data::Statements& statements,
-                          const ListNarrowing& narrowing);
-ListDefinition InsuranceCompanyList(const data::Statements& statements, const ListNarrowing& narrowing);
-ListDefinition EmployerList(const data::Statements& statements, const ListNarrowing& narrowing);
-ListDefinition GroupPlanList(const data::Statements& statements, const ListNarrowing& narrowing);
-ListDefinition PharmacyList(const data::Statements& statements, const ListNarrowing& narrowing);
+                          const session::ListOptions& options);
+ListDefinition InsuranceCompanyList(const data::Statements& statements, const session::ListOptions& options);
+ListDefinition EmployerList(const data::Statements& statements, const session::ListOptions& options);
+ListDefinition GroupPlanList(const data::Statements& statements, const session::ListOptions& options);
+ListDefinition PharmacyList(const data::Statements& statements, const session::ListOptions& options);
 
 }  // namespace lookup

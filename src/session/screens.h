@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "forms/user.h"
+#include "session/list_options.h"
 #include "session/session.h"
 
 namespace session {
@@ -78,13 +79,7 @@ struct Outcome {
   bool Saved() const { return end == End::Saved; }
 };
 
-// What a list is asked for, and what it answers.
-struct ListRequest {
-  std::string title;          // empty: the kind's default
-  std::int32_t selected = 0;  // the record to start on
-  bool allow_delete = true;
-  bool multi_select = false;
-};
+// How a list was left.
 struct ListOutcome {
   enum class End { Chosen, New, Cancelled };  // New: a new record is wanted
 
@@ -108,7 +103,7 @@ class Screens {
   virtual ~Screens() = default;
 
   virtual Outcome Edit(const Opening& opening) = 0;
-  virtual ListOutcome ShowList(LookUpListTypes type, const ListRequest& request) = 0;
+  virtual ListOutcome ShowList(LookUpListTypes type, const ListOptions& options) = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
 };

@@ -18,11 +18,11 @@ class Navigation : public testing::Test {
                                                  .practice = {.kind = 7, .office = 2, .offices = 2},
                                                  .password_cost = host::HashCost::Least})) {
     options_.show_patient_buttons = true;
-    options_.events.ButtonClicked = [this](const std::string& key, std::int32_t id) {
+    events_.ButtonClicked = [this](const std::string& key, std::int32_t id) {
       heard_.push_back(key + " " + std::to_string(id));
     };
-    options_.events.CheckEvent = [this](bool& handled) { handled = handles_; };
-    options_.events.SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
+    events_.CheckEvent = [this](bool& handled) { handled = handles_; };
+    events_.SwapModuleCalled = [this](const std::string& where_to, const std::string& designation) {
       heard_.push_back("swap " + where_to + " " + designation);
     };
     StartOn("OfficeID = 2");
@@ -42,11 +42,12 @@ class Navigation : public testing::Test {
       list.Timer1.DoElapse();
       heard_.emplace_back(list.Closed() ? "closed" : "open");
     };
-    EXPECT_FALSE(ShowLookUpList(host_.Context(), session::lulEmployee, options_).Chosen());
+    EXPECT_FALSE(ShowLookUpList(host_.Context(), session::lulEmployee, options_, events_).Chosen());
   }
 
   test_support::PracticeHost host_;
-  lookup::LookUpOptions options_;
+  session::ListOptions options_;
+  lookup::ListEvents events_;
   std::string id_;
   bool handles_ = false;
   std::vector<std::string> heard_;

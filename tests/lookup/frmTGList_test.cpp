@@ -47,7 +47,7 @@ TEST_F(ListWindow, KeepsDistinctRowForAFileDatabaseAlone) {
 
 TEST_F(ListWindow, ShowsAPageAtOnceAndTheRestWhileIdle) {
   Fill(1300);
-  list_.StartingID = 700;
+  list_.Options.selected = 700;
   list_.Load();
   EXPECT_EQ(LastStatement(), list_.SQL() + " ORDER BY Name");
   EXPECT_THAT(host_.user.waits, ElementsAre("  Loading Employee List - Please Wait  ", ""));
@@ -64,7 +64,7 @@ TEST_F(ListWindow, ShowsAPageAtOnceAndTheRestWhileIdle) {
 
 TEST_F(ListWindow, LeavesThePersonWhereHeWentBeforeTheStartingRecordCame) {
   Fill(1300);
-  list_.StartingID = 700;
+  list_.Options.selected = 700;
   list_.Load();
   list_.DotNetGrid.DoRow(5);
   while (list_.DoIdle()) {
@@ -97,7 +97,7 @@ TEST_F(ListWindow, ChoosesByButtonEnterMenuAndDoubleClick) {
 
 TEST_F(ListWindow, AnswersNothingChosenAndNew) {
   Fill(1);
-  list_.No_Double_Click = true;
+  list_.Options.no_double_click = true;
   list_.Load();
   list_.DotNetGrid.DoOpenRow();
   EXPECT_FALSE(list_.Closed());

@@ -12,9 +12,9 @@ using testing::Not;
 
 class ListCatalogue : public testing::Test {
  protected:
-  ListDefinition On(std::int32_t kind, std::int32_t type, const lookup::ListNarrowing& narrowing = {}) {
+  ListDefinition On(std::int32_t kind, std::int32_t type, const session::ListOptions& options = {}) {
     session_.kind = kind;
-    return DefinitionOf(static_cast<session::LookUpListTypes>(type), data::Statements(session_), narrowing);
+    return DefinitionOf(static_cast<session::LookUpListTypes>(type), data::Statements(session_), options);
   }
   std::string Sql(std::int32_t kind, std::int32_t type) { return On(kind, type).sql.Text(); }
 

@@ -1,6 +1,7 @@
 #include "lookup/look_up.h"
 
 #include "lookup/frmTGList.h"
+#include "lookup/list_catalogue.h"
 #include "practice/demo.h"
 #include "support/fake_host.h"
 #include "support/practice_host.h"
@@ -58,7 +59,7 @@ TEST_F(LookUp, TellsTheHostNothingWhenNothingIsChosen) {
 TEST_F(LookUp, ShowsNothingForAnUnknownTypeAndSkipsAListForANewEmployee) {
   EXPECT_EQ(ShowLookUpList(host_.Context(), 14, {}).end, End::Cancelled);
   EXPECT_EQ(ShowLookUpList(host_.Context(), -1, {}).end, End::Cancelled);
-  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulEmployee, {.skip_list_if_new = true}).end, End::New);
+  EXPECT_EQ(ShowLookUpList(host_.Context(), session::lulEmployee, {.skip_if_new = true}).end, End::New);
   EXPECT_EQ(host_.user.shown, 0);
 }
 

@@ -141,7 +141,7 @@ class FakeScreens : public session::Screens {
     opened.push_back(opening);
     return saves == 0 ? session::Outcome() : session::Outcome{.end = session::Outcome::End::Saved, .id = saves};
   }
-  session::ListOutcome ShowList(session::LookUpListTypes, const session::ListRequest&) override { return {}; }
+  session::ListOutcome ShowList(session::LookUpListTypes, const session::ListOptions&) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
 };
 
