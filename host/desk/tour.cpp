@@ -9,6 +9,7 @@
 #include <wx/stopwatch.h>
 #include <wx/toplevel.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "desk/main_frame.h"
@@ -60,10 +61,15 @@ std::int32_t FirstPatient(Desk& desk) {
   return rows->Eof() ? 0 : session::ToId(rows->Get(0));
 }
 
+// The window's name: what comes behind a "-" tells its states apart.
+std::string Window(const Stop& stop) {
+  return stop.name.substr(0, stop.name.find('-'));
+}
+
 std::vector<Stop> Stops(Desk& desk) {
   views::WxUser& user = desk.User();
   const std::string patient = std::to_string(FirstPatient(desk));
-  const auto open_form = [&desk](const char* name, std::vector<std::pair<std::string, std::string>> properties) {
+  const auto open_form = [&desk](const std::string& name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
       const auto form = entry::MakeForm(name, desk.Context());
       for (const auto& [property, value] : properties) {
@@ -84,7 +90,7 @@ std::vector<Stop> Stops(Desk& desk) {
   const auto page = [](int index) {
     return [index](forms::Form& form) { dynamic_cast<frmGallery&>(form).Tabs.DoTab(index); };
   };
-  return {
+  std::vector<Stop> stops = {
       {"frmLogin",
        [&desk] {
          frmLogin login = LoginOf(desk.OfPractice());
@@ -115,6 +121,13 @@ std::vector<Stop> Stops(Desk& desk) {
       {"input", [&user] { user.Input({.prompt = "Enter name or ID number below.\rExample:\r      John Smith"}); }},
       {"calendar", [&user] { user.PickDate("Calendar", std::chrono::year(1980) / std::chrono::January / 2); }},
   };
+  // A form without a stop of its own is seen as it opens.
+  for (const std::string& form : entry::FormNames()) {
+    if (std::ranges::none_of(stops, [&](const Stop& stop) { return Window(stop) == form; })) {
+      stops.push_back({form, open_form(form, {})});
+    }
+  }
+  return stops;
 }
 
 // A frame has its bars outside the area that it draws; no other window hides it when it is pictured.

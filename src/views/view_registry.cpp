@@ -1,7 +1,9 @@
 #include "views/view_registry.h"
 
-#include "views/lookup/lookup_views.h"
-#include "views/people/people_views.h"
+#include "views/lookup/frmTGList_view.h"
+#include "views/people/frmContacts_view.h"
+#include "views/people/frmDatabaseSearch_view.h"
+#include "views/people/patScreen_SM_view.h"
 
 namespace views {
 

@@ -3,7 +3,7 @@
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
 #include "views/grid_binder.h"
-#include "views/lookup/lookup_views.h"
+#include "views/lookup/frmTGList_view.h"
 #include "views/panel_binders.h"
 #include "views/text_binders.h"
 

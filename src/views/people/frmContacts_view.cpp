@@ -3,7 +3,7 @@
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
 #include "views/field_group.h"
-#include "views/people/people_views.h"
+#include "views/people/frmContacts_view.h"
 #include "views/text_binders.h"
 
 namespace views {

@@ -2,7 +2,7 @@
 
 #include "views/button_binders.h"
 #include "views/grid_binder.h"
-#include "views/people/people_views.h"
+#include "views/people/frmDatabaseSearch_view.h"
 
 namespace views {
 

@@ -3,7 +3,7 @@
 #include "views/button_binders.h"
 #include "views/editing/editing_views.h"
 #include "views/field_group.h"
-#include "views/people/people_views.h"
+#include "views/people/patScreen_SM_view.h"
 #include "views/people/person_fields_view.h"
 #include "views/text_binders.h"
 
