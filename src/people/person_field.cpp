@@ -54,7 +54,7 @@ void PersonField::PickFromList() {
   if (!MayChange()) {
     return;
   }
-  const auto picked = context_.screens.ShowList(kind_.list, {.title = {}, .selected = Current()});
+  const auto picked = context_.screens.ShowList(kind_.list, {.selected = Current()});
   if (!picked.Chosen() || picked.id == Current()) {
     return;
   }
