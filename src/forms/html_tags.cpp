@@ -251,8 +251,8 @@ HtmlPiece HtmlScanner::TakeTag() {
 void HtmlScanner::SkipContent(std::string_view tag) {
   const std::string end = "</" + std::string(tag);
   const auto same = [](char a, char b) { return ToLower({&a, 1}) == ToLower({&b, 1}); };
-  const auto found = std::ranges::search(rest_, end, same);
-  rest_.remove_prefix(static_cast<std::size_t>(found.begin() - rest_.begin()));
+  const auto found = std::search(rest_.begin(), rest_.end(), end.begin(), end.end(), same);
+  rest_.remove_prefix(static_cast<std::size_t>(found - rest_.begin()));
   rest_.remove_prefix(rest_.empty() ? 0 : std::min(rest_.find('>'), rest_.size() - 1) + 1);
 }
 

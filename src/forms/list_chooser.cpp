@@ -123,7 +123,7 @@ void ListChooser::MoveBy(int step) {
 }
 
 // A button that has nothing left to do passes the focus on.
-void ListChooser::Arranged(Button& button, ListBox& next) {
+void ListChooser::Arranged(const Button& button, ListBox& next) const {
   if (button.HasFocus() && !button.Enabled) {
     next.SetFocus();
   }

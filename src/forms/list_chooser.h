@@ -47,7 +47,7 @@ class ListChooser : public Control {
   void MoveOver(bool add);
   void MoveAll(bool add);
   void MoveBy(int step);
-  void Arranged(Button& button, ListBox& next);
+  void Arranged(const Button& button, ListBox& next) const;
   void EnableButtons();
 
   std::vector<ListItem> all_;
