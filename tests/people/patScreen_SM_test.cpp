@@ -25,54 +25,6 @@ class Person {
   }
 };
 
-// A form cannot be told to close by a person who will not discard what was typed.
-struct StubbornUser : test_support::FakeUser {
-  forms::Answer Ask(const forms::Message& message) override {
-    told.push_back(message.text);
-    return message.Default();
-  }
-  void Show(forms::Form& form) override {
-    form.Load();
-    acts(form);
-  }
-};
-
-TEST(PatientQuickScreen, KeepsWhatWasTypedWhenAStatementFails) {
-  PracticeHost host(host::CreatePractice("sqlite::memory:"));
-  StubbornUser user;
-  patScreen_SM screen({host.session, user, host.screens});
-  screen.Opened.typed_name = "O'Brien, John";
-  std::string refused;
-  host.session.hear = [&refused](const std::string& sql) {
-    if (!refused.empty() && sql.starts_with(refused)) {
-      throw session::DatabaseError("the server went away", sql, 1);
-    }
-  };
-  user.acts = [&](forms::Form& form) {
-    for (const char* statement : {"INSERT INTO Patable", "UPDATE PATABLE SET pNICNAM", "UPDATE PATABLE SET pHomCon"}) {
-      refused = statement;
-      user.told.clear();
-      if (form.Closed()) {
-        break;
-      }
-      if (screen.Text1[patScreen_SM::kAddress1].Text->empty()) {
-        Person::Add(form);
-      } else {
-        screen.DialogButtons1.OK.DoClick();
-      }
-      EXPECT_FALSE(form.Closed()) << statement;
-      EXPECT_EQ(screen.Text1[patScreen_SM::kAddress1].Text.get(), "1 Main St");
-      EXPECT_THAT(user.told.back(), testing::HasSubstr("the server went away"));
-    }
-    refused.clear();
-    screen.DialogButtons1.OK.DoClick();
-  };
-  user.Show(screen);
-  EXPECT_TRUE(screen.Closed());
-  EXPECT_EQ(host.Value("SELECT Count(*) FROM PATable WHERE pLASNAM='O''Brien'"), "1");
-  EXPECT_EQ(host.Value("SELECT pNICNAM + '|' + pHomPho1 FROM PATable WHERE pLASNAM='O''Brien'"), "John|555-0100");
-}
-
 // The child is killed at its Nth statement, for every N, until a save gets through.
 TEST(PatientQuickScreen, LeavesThePracticeWholeWhenKilledDuringASave) {
   const auto folder = std::filesystem::temp_directory_path() / ("kill_test_" + std::to_string(getpid()));

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -105,15 +106,18 @@ class FakeSession : public session::Session, public session::Connection {
 class FakeUser : public forms::User {
  public:
   std::function<void(forms::Form&)> acts;  // what the person does in a window
+  // The answer to a question; without it the default one.
+  std::function<forms::Answer(const forms::Message&)> answers;
+  std::optional<std::string> input;  // what is typed into every input box; nothing cancels it
   std::vector<std::string> told;
   std::vector<std::string> waits;
   int shown = 0;
 
   forms::Answer Ask(const forms::Message& message) override {
     told.push_back(message.text);
-    return message.Default();
+    return answers ? answers(message) : message.Default();
   }
-  std::optional<std::string> Input(const forms::InputBox&) override { return std::nullopt; }
+  std::optional<std::string> Input(const forms::InputBox&) override { return input; }
   void Show(forms::Form& form) override {
     ++shown;
     form.Load();

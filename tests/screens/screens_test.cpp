@@ -1,0 +1,368 @@
+// What every screen does because it is one.
+
+#include <algorithm>
+
+#include "entry/form_catalog.h"
+#include "forms/label.h"
+#include "forms/user_control.h"
+#include "screens/trying.h"
+#include "screens/ways.h"
+
+namespace screens_test {
+namespace {
+
+using forms::Answer;
+using forms::Form;
+using session::Outcome;
+
+constexpr const char* kPlain = "1 Elm St";
+
+bool Has(const std::string& text, std::string_view part) {
+  return text.find(part) != std::string::npos;
+}
+
+bool WasToldOfRefusal(Desk& desk) {
+  return std::ranges::any_of(desk.User().told, [](const std::string& text) { return Has(text, "was refused"); });
+}
+
+bool Offers(const forms::Message& message, Answer answer) {
+  return std::ranges::find(message.buttons, answer) != message.buttons.end();
+}
+
+Answer Agree(const forms::Message& message) {
+  return Offers(message, Answer::Yes) ? Answer::Yes : message.Default();
+}
+
+// Throws the changes away, whichever way the question is put.
+Answer Discard(const forms::Message& message) {
+  return Offers(message, Answer::Cancel) && Offers(message, Answer::No) ? Answer::No : Agree(message);
+}
+
+// Opens the way and does something in its own window; windows over it are agreed to.
+Outcome Open(Desk& desk, const std::function<Outcome(Desk&)>& open, const std::function<void(Form&)>& act) {
+  int depth = 0;
+  desk.User().answers = Agree;
+  desk.User().input = "Reed, Ann";
+  desk.User().acts = [&](Form& form) {
+    if (++depth == 1) {
+      act(form);
+    } else if (depth <= 3) {
+      Accept(form);
+    }
+    --depth;
+  };
+  Outcome outcome;
+  EXPECT_NO_THROW(outcome = open(desk));
+  EXPECT_TRUE(desk.User().waits.empty() || desk.User().waits.back().empty()) << "the wait text stays";
+  return outcome;
+}
+
+// Everything that can be done there, on a fresh practice again for each thing that closes the screen.
+void TryAll(const Way& way, std::int32_t kind, const std::function<void(Desk&)>& prepare,
+            const std::function<void(Desk&, Form&, const std::string& what)>& tried,
+            const std::function<void(Desk&)>& left = {}) {
+  std::set<std::string> closers;
+  for (bool whole = false; !whole && !testing::Test::HasFailure();) {
+    Desk desk(kind);
+    prepare(desk);
+    Open(desk, way.open, [&](Form& form) {
+      whole = form.Closed() || TryEverything(form, closers, [&](const std::string& what) { tried(desk, form, what); });
+    });
+    if (left) {
+      left(desk);
+    }
+  }
+}
+
+struct WayOut {
+  std::string name;
+  std::function<void(Form&)> leave;
+};
+std::vector<WayOut> WaysOut() {
+  return {{"Cancel", [](Form& form) { PressCancel(form); }}, {"Esc", PressEsc}, {"the close box", [](Form& form) {
+                                                                                   form.DoClose();
+                                                                                 }}};
+}
+
+class Screen : public testing::TestWithParam<Way> {
+ protected:
+  const Way& way = GetParam();
+};
+class SavingScreen : public Screen {};
+class HeldRecord : public Screen {};
+
+std::string WayName(const testing::TestParamInfo<Way>& info) {
+  return info.param.form + "_" + info.param.how;
+}
+INSTANTIATE_TEST_SUITE_P(Every, Screen, testing::ValuesIn(AllWays()), WayName);
+INSTANTIATE_TEST_SUITE_P(Every, SavingScreen, testing::ValuesIn(WaysThat([](const Way& way) { return way.saves; })),
+                         WayName);
+INSTANTIATE_TEST_SUITE_P(Every, HeldRecord,
+                         testing::ValuesIn(WaysThat([](const Way& way) { return way.OnExisting(); })), WayName);
+
+TEST_P(Screen, KnowsItsControlsAndStartsOnOne) {
+  Desk desk;
+  bool opened = false;
+  Open(desk, way.open, [&](Form& form) {
+    opened = true;
+    EXPECT_EQ(form.Name(), way.form);
+    ASSERT_FALSE(form.Closed()) << testing::PrintToString(desk.User().told);
+    const forms::Control* active = form.ActiveControl();
+    EXPECT_TRUE(active != nullptr && active->Usable() && active->TakesFocus());
+    for (const forms::Control* control : form.Controls()) {
+      EXPECT_EQ(form.Find(control->Name()), control) << control->Name() << " is there twice";
+      for (const forms::Control* other : {static_cast<const forms::Control*>(control->Container),
+                                          static_cast<const forms::Control*>(control->Heading)}) {
+        EXPECT_TRUE(other == nullptr || form.Find(other->Name()) == other) << "beside " << control->Name();
+      }
+    }
+  });
+  EXPECT_TRUE(opened);
+}
+
+TEST_P(Screen, ClosesUntouchedWithoutAQuestionOrATrace) {
+  for (const WayOut& out : WaysOut()) {
+    SCOPED_TRACE(out.name);
+    Desk desk;
+    const Outcome outcome = Open(desk, way.open, [&](Form& form) {
+      desk.User().told.clear();
+      out.leave(form);
+      EXPECT_TRUE(form.Closed());
+    });
+    EXPECT_THAT(desk.User().told, testing::IsEmpty());
+    EXPECT_THAT(desk.Locks(), testing::IsEmpty());
+    EXPECT_FALSE(outcome.Saved());
+  }
+}
+
+// Every statement, every second, every third.
+TEST_P(Screen, TellsOfEveryRefusedStatement) {
+  for (const int every : {1, 2, 3}) {
+    SCOPED_TRACE("every statement of " + std::to_string(every));
+    int heard = 0;
+    std::string refused;
+    TryAll(
+        way, session::kOfficeScoped,
+        [&](Desk& desk) {
+          heard = every == 1 ? -1000 : 0;  // the screen opens first
+          desk.Session().hear = [&, every](const std::string& sql) {
+            if (++heard > 0 && heard % every == 0) {
+              refused = sql;
+              throw session::DatabaseError("was refused", sql, 1);
+            }
+          };
+        },
+        [&](Desk& desk, Form&, const std::string& what) {
+          heard = std::max(heard, 0);
+          EXPECT_TRUE(refused.empty() || WasToldOfRefusal(desk)) << what << " did not tell of " << refused;
+          refused.clear();
+          desk.User().told.clear();
+        });
+  }
+}
+
+TEST_P(Screen, KeepsToItsOffice) {
+  for (const std::int32_t kind : {session::kOfficeScoped, session::kFileDatabase}) {
+    const std::string other = kind == session::kOfficeScoped ? " WHERE OfficeID<>2" : " WHERE 1=0";
+    const Rows others = Desk(kind).AllRows(other);
+    TryAll(
+        way, kind,
+        [kind](Desk& desk) {
+          desk.Session().hear = [kind](const std::string& sql) {
+            EXPECT_EQ(Has(sql, "OfficeID"), kind == session::kOfficeScoped) << sql;
+          };
+        },
+        [](Desk&, Form&, const std::string&) {},
+        [&](Desk& desk) { EXPECT_EQ(Difference(others, desk.AllRows(other)), "") << "rows of another office"; });
+  }
+}
+
+TEST_P(HeldRecord, IsOnlyLookedAt) {
+  const auto texts = [](const Form& form) {
+    auto all = BoundTexts(form);
+    all.merge(Texts(form));
+    return all;
+  };
+  std::vector<std::pair<std::string, std::int32_t>> locks;
+  std::map<std::string, std::string> shown;
+  Desk first;
+  Open(first, way.open, [&](Form& form) {
+    locks = first.Locks();
+    shown = texts(form);
+  });
+  ASSERT_THAT(locks, testing::Not(testing::IsEmpty())) << "the screen does not hold its record";
+  std::vector<std::string> writes;
+  TryAll(
+      way, session::kOfficeScoped,
+      [&](Desk& desk) {
+        for (const auto& [table, id] : locks) {
+          desk.HoldElsewhere(table, id);
+        }
+        desk.Session().hear = [&](const std::string& sql) {
+          if (!sql.starts_with("SELECT") && !sql.starts_with("Select")) {
+            writes.push_back(sql);
+          }
+        };
+      },
+      [&](Desk& desk, Form& form, const std::string& what) {
+        EXPECT_THAT(writes, testing::IsEmpty()) << what;
+        EXPECT_EQ(texts(form), shown) << what;
+        if (what.ends_with(" type")) {
+          EXPECT_EQ(desk.User().told.back(), "Read only, cannot modify.") << what;
+        }
+      });
+}
+
+// What a save with nothing in its way leaves.
+struct Left {
+  std::string rows;
+  std::map<std::string, std::string> texts;
+};
+
+Left Save(const Way& way, const std::string& text) {
+  Desk desk;
+  const Rows before = desk.AllRows();
+  Left left;
+  std::map<std::string, std::string> typed;
+  const Outcome outcome = Open(desk, way.open, [&](Form& form) {
+    FillIn(form, text);
+    typed = Texts(form);
+    PressOK(form);
+    EXPECT_TRUE(form.Closed()) << testing::PrintToString(desk.User().told);
+  });
+  EXPECT_TRUE(outcome.Saved());
+  EXPECT_THAT(desk.Locks(), testing::IsEmpty());
+  left.rows = Difference(before, desk.AllRows());
+  Open(
+      desk, [&](Desk&) { return way.OpenAgain(desk, outcome), outcome; },
+      [&](Form& form) { left.texts = Texts(form); });
+  EXPECT_EQ(left.texts, typed);
+  return left;
+}
+
+TEST_P(SavingScreen, KeepsAnyTextAsItWasTyped) {
+  const std::string rows = Save(way, kPlain).rows;
+  const std::string controls =
+      "a\x01"
+      "b\x1f"
+      "c\x7f"
+      "d\r\ne";
+  for (const std::string& text :
+       {std::string("Robert'); DROP TABLE PATable; --"), std::string("100%_[a-f]*?"),
+        std::string("'single' \"double\" `back` ''"), std::string("\\ \\\\ \\' \\n"), std::string("a\tb"),
+        std::string("Zoë 日本 🦷"), std::string("e\u0301 o\u0308 ñ n\u0303"), std::string("\u200Fשלום\u200E abc"),
+        controls, std::string("@@IDENTITY; #1/2/2020# TRUE [x]"), std::string(10000, 'x')}) {
+    SCOPED_TRACE(text.substr(0, 40));
+    EXPECT_EQ(Save(way, text).rows, rows);
+  }
+}
+
+// The second try is by the same button, or on the way out.
+TEST_P(SavingScreen, SavesOnceWhicheverStatementIsRefused) {
+  const Left whole = Save(way, kPlain);
+  const Rows before = Desk().AllRows();
+  for (const bool closing : {false, true}) {
+    bool refused = true;
+    for (int last = 1; refused && !HasFailure(); ++last) {
+      Desk desk;
+      int heard = 0;
+      refused = false;
+      desk.Session().hear = [&](const std::string& sql) {
+        if (++heard == last) {
+          refused = true;
+          throw session::DatabaseError("was refused", sql, 1);
+        }
+      };
+      const auto type_and_save = [&](Form& form) {
+        if (form.Closed()) {
+          return;
+        }
+        FillIn(form, kPlain);
+        const auto typed = Texts(form);
+        PressOK(form);
+        if (!form.Closed()) {
+          EXPECT_TRUE(refused);
+          EXPECT_EQ(Texts(form), typed);
+          closing ? static_cast<void>(form.DoClose()) : static_cast<void>(PressOK(form));
+          EXPECT_TRUE(form.Closed());
+        }
+      };
+      Outcome outcome = Open(desk, way.open, type_and_save);
+      if (!outcome.Saved()) {
+        EXPECT_TRUE(refused);
+        outcome = Open(desk, way.open, type_and_save);
+      }
+      EXPECT_TRUE(outcome.Saved());
+      EXPECT_EQ(WasToldOfRefusal(desk), refused);
+      EXPECT_THAT(desk.Locks(), testing::IsEmpty());
+      EXPECT_EQ(Difference(before, desk.AllRows()), whole.rows);
+      if (HasFailure()) {
+        ADD_FAILURE() << "statement " << last << " was refused";
+      }
+    }
+  }
+}
+
+// Closes a screen with changes; whether it saved them.
+bool CloseChanged(Desk& desk, Form& form, const std::function<void(Form&)>& leave, Answer answer) {
+  FillIn(form, kPlain);
+  const auto typed = Texts(form);
+  std::vector<forms::Message> asked;
+  desk.User().answers = [&](const forms::Message& message) {
+    asked.push_back(message);
+    return Offers(message, answer) ? answer : Discard(message);
+  };
+  leave(form);
+  desk.User().answers = Discard;
+  EXPECT_FALSE(asked.empty()) << "the changes are lost without a question";
+  if (asked.empty()) {
+    return false;
+  }
+  const bool offers_to_save = Offers(asked[0], Answer::Cancel);
+  EXPECT_EQ(Has(asked[0].text, "without saving"), !offers_to_save) << asked[0].text;
+  EXPECT_TRUE(Offers(asked[0], Answer::Yes) && Offers(asked[0], Answer::No));
+  const bool stays = answer == (offers_to_save ? Answer::Cancel : Answer::No);
+  EXPECT_EQ(form.Closed(), !stays);
+  if (stays) {
+    EXPECT_EQ(Texts(form), typed);
+  }
+  return offers_to_save && answer == Answer::Yes;
+}
+
+TEST_P(SavingScreen, DoesOnClosingWhatWasAnswered) {
+  const Left saved = Save(way, kPlain);
+  for (const WayOut& out : WaysOut()) {
+    for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
+      SCOPED_TRACE(out.name + ", " + std::string(forms::Caption(answer)));
+      Desk desk;
+      Rows before;
+      bool saves = false;
+      const Outcome outcome = Open(desk, way.open, [&](Form& form) {
+        before = desk.AllRows();
+        saves = CloseChanged(desk, form, out.leave, answer);
+      });
+      EXPECT_EQ(outcome.Saved(), saves);
+      EXPECT_EQ(Difference(before, desk.AllRows()), saves ? saved.rows : "");
+      EXPECT_THAT(desk.Locks(), testing::IsEmpty());
+    }
+  }
+}
+
+TEST_P(HeldRecord, ThatIsNotThereIsToldAndHoldsNothing) {
+  Desk desk;
+  Open(
+      desk,
+      [this](Desk& on) { return entry::EditRecord(on.Context(), session::Opening::Existing(*way.kind, 987654321)); },
+      [](Form& form) { EXPECT_TRUE(form.Closed()); });
+  EXPECT_EQ(desk.User().told.size(), 1U);
+  EXPECT_THAT(desk.Locks(), testing::IsEmpty());
+}
+
+TEST(Catalogue, HasAWayInToEveryForm) {
+  for (const std::string& name : entry::FormNames()) {
+    EXPECT_NE(std::ranges::find(AllWays(), name, &Way::form), AllWays().end()) << name;
+  }
+}
+
+}  // namespace
+}  // namespace screens_test

@@ -1,0 +1,256 @@
+#include "screens/ways.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <ostream>
+
+#include "database/schema.h"
+#include "editing/editing_form.h"
+#include "entry/form_catalog.h"
+#include "practice/demo.h"
+
+namespace screens_test {
+namespace {
+
+using session::Opening;
+using session::RecordKind;
+
+constexpr auto kLastList = session::lulCapPlans;
+constexpr auto kLastPickList = session::PickList::MedicalAlert;
+
+// What is asked of a practice of its own office.
+struct Asked {
+  const char* value;
+  const char* table;
+  const char* condition = "1=1";
+
+  std::string Of(Desk& desk) const {
+    return desk.Value("SELECT Min(" + std::string(value) + ") FROM " + table + " WHERE " + condition +
+                      " AND OfficeID=" + std::to_string(desk.Session().CurrentOfficeID()));
+  }
+};
+
+// A kind of record by name, and one of its records by ID.
+struct KnownKind {
+  const char* name = nullptr;
+  Asked id;
+};
+constexpr std::array kKinds = {KnownKind{"Patient", {"pID", "PATable", "pTypPat='1'"}},
+                               KnownKind{"FamilyMember", {"pID", "PATable", "pTypPat='1'"}},
+                               KnownKind{"Provider", {"pID", "PATable", "pTypDoc='1'"}},
+                               KnownKind{"Physician1", {"pID", "PATable", "pTypPhy='1'"}},
+                               KnownKind{"Physician2", {"pID", "PATable", "pTypPhy='1'"}},
+                               KnownKind{"ReferInOut", {"pID", "PATable", "pTypRef='1'"}},
+                               KnownKind{"Referral", {"pID", "PATable", "pTypRef='1'"}},
+                               KnownKind{"Employee", {"pID", "PATable", "pTypEmp='1'"}},
+                               KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
+                               KnownKind{"Pharmacy", {"PhaInd", "PhaTable"}},
+                               KnownKind{"GroupPlan", {"GroPlaInd", "GroPlaTable"}},
+                               KnownKind{"RecallMaster", {"RCRecNum", "RSTable", "RCRecNum<>0"}}};
+static_assert(kKinds.size() == static_cast<std::size_t>(RecordKind::RecallMaster) + 1);
+
+// What a form that is opened by its name alone is given.
+const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
+  static const std::map<std::string, std::map<std::string, Asked>> properties = {
+      {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
+  };
+  return properties;
+}
+
+// Only looks which form it is shown.
+struct Onlooker : test_support::FakeUser {
+  std::string form;
+  void Show(forms::Form& shown) override { form = shown.Name(); }
+};
+
+// The form that edits such records; empty while there is none.
+std::string FormOf(RecordKind kind) {
+  test_support::FakeHost host;
+  Onlooker user;
+  entry::EditRecord({host.session, user, host.screens}, Opening::New(kind));
+  return user.form;
+}
+
+std::vector<Way> WaysToEdit(RecordKind kind) {
+  const KnownKind& known = kKinds.at(static_cast<std::size_t>(kind));
+  const std::string form = FormOf(kind);
+  if (form.empty()) {
+    return {};
+  }
+  const auto edit = [](const Opening& opening) {
+    return [opening](Desk& desk) { return entry::EditRecord(desk.Context(), opening); };
+  };
+  std::vector<Way> ways = {{form, "New" + std::string(known.name), edit(Opening::New(kind)), kind, true},
+                           {form, "Existing" + std::string(known.name),
+                            [kind, &known](Desk& desk) {
+                              const auto id = session::ToId(session::Value(known.id.Of(desk)));
+                              EXPECT_NE(id, 0) << "no " << known.name << " in the demo practice";
+                              return entry::EditRecord(desk.Context(), Opening::Existing(kind, id));
+                            },
+                            kind, true}};
+  if (kind == RecordKind::Patient) {
+    ways.push_back({form, "EmergencyPatient", edit({.kind = kind, .mode = Opening::Mode::Emergency}), kind, true});
+  }
+  return ways;
+}
+
+session::Outcome OpenByName(const std::string& name, Desk& desk) {
+  const auto form = entry::MakeForm(name, desk.Context());
+  if (const auto known = FormProperties().find(name); known != FormProperties().end()) {
+    for (const auto& [property, asked] : known->second) {
+      form->Properties[property].set(asked.Of(desk));
+    }
+  }
+  desk.User().Show(*form);
+  const auto* editing = dynamic_cast<const editing::EditingForm*>(form.get());
+  return {.end =
+              editing != nullptr && editing->Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled};
+}
+
+bool IsEditingForm(const std::string& name) {
+  test_support::FakeHost host;
+  return dynamic_cast<const editing::EditingForm*>(entry::MakeForm(name, host.Context()).get()) != nullptr;
+}
+
+std::vector<Way> MakeWays() {
+  std::vector<Way> ways;
+  for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
+    std::ranges::copy(WaysToEdit(static_cast<RecordKind>(kind)), std::back_inserter(ways));
+  }
+  for (int list = 0; list <= kLastList; ++list) {
+    ways.push_back({"frmTGList", "List" + std::to_string(list), [list](Desk& desk) {
+                      desk.Context().screens.ShowList(static_cast<session::LookUpListTypes>(list), {});
+                      return session::Outcome();
+                    }});
+  }
+  for (int list = 0; list <= static_cast<int>(kLastPickList); ++list) {
+    ways.push_back({"frmTGList", "PickList" + std::to_string(list), [list](Desk& desk) {
+                      desk.Context().screens.ShowPickList(static_cast<session::PickList>(list), {});
+                      return session::Outcome();
+                    }});
+  }
+  for (const std::string& name : entry::FormNames()) {
+    if (std::ranges::find(ways, name, &Way::form) == ways.end()) {
+      ways.push_back({name, "ByName", [name](Desk& desk) { return OpenByName(name, desk); }, {}, IsEditingForm(name)});
+    }
+  }
+  return ways;
+}
+
+// Made once for each kind of database. Few places are enough.
+const std::filesystem::path& MadePractice(std::int32_t kind) {
+  static const Folder folder;
+  static std::map<std::int32_t, std::filesystem::path> made;
+  std::filesystem::path& file = made[kind];
+  if (file.empty()) {
+    file = folder.Path() / std::to_string(kind);
+    const std::int32_t office = kind == session::kOfficeScoped ? 2 : 1;
+    const auto practice =
+        host::MakeDemo("sqlite:" + file.string(), {.patients = 12,
+                                                   .practice = {.kind = kind, .office = office, .offices = office},
+                                                   .password_cost = host::HashCost::Least});
+    practice.Database().connection->Execute("DELETE FROM ZipCodTable WHERE ZipCodID % 500 <> 0");
+    practice.Database().connection->Execute("VACUUM");
+  }
+  return file;
+}
+
+std::string CopyOfPractice(const Folder& folder, std::int32_t kind) {
+  const std::filesystem::path file = folder.Path() / "practice.db";
+  std::filesystem::copy_file(MadePractice(kind), file);
+  return "sqlite:" + file.string();
+}
+
+}  // namespace
+
+Folder::Folder() {
+  static int last = 0;
+  path_ = testing::TempDir() + "screens_" + std::to_string(getpid()) + "_" + std::to_string(++last);
+  std::filesystem::create_directory(path_);
+}
+
+std::string Difference(const Rows& before, const Rows& after) {
+  std::string text;
+  for (const auto& [table, rows] : after) {
+    std::vector<std::string> gone;
+    std::vector<std::string> come;
+    std::ranges::set_difference(before.at(table), rows, std::back_inserter(gone));
+    std::ranges::set_difference(rows, before.at(table), std::back_inserter(come));
+    if (!gone.empty() || !come.empty()) {
+      text += table + " -" + std::to_string(gone.size()) + " +" + std::to_string(come.size()) + ", ";
+    }
+  }
+  return text;
+}
+
+Desk::Desk(std::int32_t kind)
+    : host_(host::Practice(CopyOfPractice(folder_, kind))),
+      screens_(entry::MakeScreens(host_.session, host_.user)),
+      other_user_(host_.session.Office(), "Bob") {
+  host_.session.Connection().Execute("PRAGMA synchronous=OFF");
+}
+
+std::string Desk::Value(const std::string& sql) {
+  return session::ToText(host_.session.Connection().Execute(sql)->Get(0));
+}
+
+Rows Desk::AllRows(const std::string& condition) {
+  Rows all;
+  for (const host::Table& table : host::PracticeTables()) {
+    if (table.name == "RecordLockTable") {
+      continue;
+    }
+    auto& rows = all[std::string(table.name)];
+    for (const auto row = host_.session.Connection().Execute("SELECT * FROM " + std::string(table.name) + condition);
+         !row->Eof(); row->MoveNext()) {
+      std::string text;
+      for (std::size_t i = 0; i < row->Fields().size(); ++i) {
+        text += session::ToText(row->Get(i)) + "\x1f";
+      }
+      rows.insert(std::move(text));
+    }
+  }
+  return all;
+}
+
+std::vector<std::pair<std::string, std::int32_t>> Desk::Locks() {
+  std::vector<std::pair<std::string, std::int32_t>> locks;
+  for (const auto row = host_.session.Connection().Execute("SELECT RLTable, RLRecID FROM RecordLockTable"); !row->Eof();
+       row->MoveNext()) {
+    locks.emplace_back(session::ToText(row->Get(0)), session::ToId(row->Get(1)));
+  }
+  return locks;
+}
+
+void Desk::HoldElsewhere(const std::string& table, std::int32_t id) {
+  ASSERT_TRUE(other_user_.Hold(table, id));
+}
+
+void PrintTo(const Way& way, std::ostream* out) {
+  *out << way.form << " " << way.how;
+}
+
+const std::vector<Way>& AllWays() {
+  static const std::vector<Way> ways = MakeWays();
+  return ways;
+}
+
+std::vector<Way> WaysThat(const std::function<bool(const Way&)>& suit) {
+  std::vector<Way> ways;
+  std::ranges::copy_if(AllWays(), std::back_inserter(ways), suit);
+  return ways;
+}
+
+void Way::OpenAgain(Desk& desk, const session::Outcome& saved) const {
+  if (kind) {
+    entry::EditRecord(desk.Context(), Opening::Existing(*kind, saved.id));
+  } else {
+    open(desk);
+  }
+}
+
+}  // namespace screens_test
