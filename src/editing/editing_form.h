@@ -40,7 +40,7 @@ class EditingForm : public forms::Form, public Rules {
   bool Readable(const data::RecordBinding& record) const;
 
   // A step of saving, run in the order of the calls when it is due. One that was due when a save stopped on its way
-  // stays due.
+  // stays due, and runs again as a whole: what must not be done twice is a step of its own.
   void OnSave(std::function<bool()> due, std::function<void()> run);
   // False when something kept it from being saved whole.
   bool Save();

@@ -185,6 +185,7 @@ void patScreen_SM::Wire() {
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
   OnSave(adding, [this] { Insert(); });
+  OnSave(adding, [this] { Hold("PATABLE", pID); });
   OnSave([this] { return Adding() || Patient_SM.Changed(Text1[kFirstName]); }, [this] { WriteNickname(); });
   OnSave(always, [this] { Patient_SM.Update(); });
   OnSave(always, [this] { Contacts_Save(); });
@@ -294,7 +295,6 @@ bool patScreen_SM::Check() {
 void patScreen_SM::Insert() {
   pID = Patient_SM.Insert();
   Caption = "Patient Information";
-  Hold("PATABLE", pID);
 }
 
 void patScreen_SM::WriteNickname() {
