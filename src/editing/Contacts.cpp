@@ -139,19 +139,21 @@ bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visi
     statements_.Execute("UPDATE PATABLE SET " + Column(side, "Con") + "=" + Literal(code) + ", " +
                         Column(side, KnownCode(code)) + "=" + Literal(Value(side, code)) + Where(person));
   }
-  SaveVisible(person);
+  statements_.Execute("UPDATE PATABLE SET " + VisibleNumbers() + " WHERE (pID=" + Literal(person) + ")" +
+                      statements_.Office());
   return true;
 }
 
+// In one statement: contacts without the visible numbers that mirror them would never be put right.
 void Contacts::SaveAll(std::int32_t person) {
+  Sql set = VisibleNumbers();
   for (const Side side : kSides) {
-    Sql set = Column(side, "Con") + "=" + Literal(Selected(side));
+    set += ", " + Column(side, "Con") + "=" + Literal(Selected(side));
     for (const Words code : kContactCodes) {
       set += ", " + Column(side, code) + "=" + Literal(Cut(side, code.Text(), Value(side, code.Text())));
     }
-    statements_.Execute(Sql("UPDATE PATABLE SET ") + set + Where(person));
   }
-  SaveVisible(person);
+  statements_.Execute("UPDATE PATABLE SET " + set + Where(person));
 }
 
 std::string Contacts::Cut(Side side, std::string_view code, std::string_view value) const {
@@ -163,14 +165,13 @@ Sql Contacts::Where(std::int32_t person) const {
   return " WHERE pID=" + Literal(person) + statements_.Office(" AND (OfficeID = ", ")");
 }
 
-void Contacts::SaveVisible(std::int32_t person) {
+Sql Contacts::VisibleNumbers() const {
   const auto visible = [this](Side side) {
     const std::string& value = Value(side, Selected(side));
     const int size = visible_sizes_.at(side);
     return Literal(size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : value);
   };
-  statements_.Execute("UPDATE PATABLE SET pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work) +
-                      " WHERE (pID=" + Literal(person) + ")" + statements_.Office());
+  return "pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work);
 }
 
 }  // namespace editing

@@ -64,7 +64,8 @@ class Contacts {
 
   std::string Cut(Side side, std::string_view code, std::string_view value) const;
   data::Sql Where(std::int32_t person) const;
-  void SaveVisible(std::int32_t person);
+  // What the visible columns are set to.
+  data::Sql VisibleNumbers() const;
 
   data::Statements statements_;
   std::map<Side, SideRow> sides_;
