@@ -6,7 +6,8 @@
 #
 # PLAIN keeps toolkits, platforms and engines out: their headers, where the system's include path would offer them,
 # are shadowed by ones that refuse to compile. The standard library's headers are precompiled once, by the first layer;
-# HEADERS names a file of further ones to precompile with them, HEADERS_OF the layer that did so.
+# HEADERS names a file of further ones to precompile with them, HEADERS_OF the layer that did so: what sees the toolkit uses
+# the one of views, as the toolkit brings flags of its own.
 function(add_layer name)
   cmake_parse_arguments(ARG "PLAIN" "FOLDER;HEADERS;HEADERS_OF" "SEES;USES" ${ARGN})
   if(NOT ARG_FOLDER)
