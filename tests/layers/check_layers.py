@@ -92,7 +92,7 @@ def check_includes():
     checked = 0
     for source, paths in seen_by_source():
         layer = layer_of(source)
-        foreign = [path for path in paths if FOREIGN_PATH.search(path)]
+        foreign = [path for path in paths if FOREIGN_PATH.search(path) and not layer_of(path)]
         if layer not in SEES:
             foreign_elsewhere += bool(foreign)
             continue
