@@ -39,6 +39,10 @@ bool Control::DoFocus() {
   return Usable() && (!TakesFocus() || form_ == nullptr || form_->DoFocus(*this));
 }
 
+char Control::Mnemonic() const {
+  return MnemonicOf(OwnCaption());
+}
+
 std::string Control::SpokenName() const {
   for (const std::string& caption :
        {Heading != nullptr ? Heading->Caption.get() : std::string(), OwnCaption(), AccessibleName, ToolTip.get()}) {

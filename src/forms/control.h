@@ -55,6 +55,8 @@ class Control : public Observable {
   // The name under which the form registered it: "Text1(3)", "DialogButtons1.OK".
   const std::string& Name() const { return name_; }
   Form* Owner() const { return form_; }
+  // The letter that leads to it with Alt, lower case; 0 for none. A field is reached by its heading's.
+  char Mnemonic() const;
   // The heading, the control's own caption, its accessible name or its tip, as it is read aloud; empty for none.
   std::string SpokenName() const;
 

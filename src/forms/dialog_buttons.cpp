@@ -7,7 +7,7 @@ namespace forms {
 DialogButtons::DialogButtons() {
   OK.Caption = "&OK";
   Extra.Visible = false;
-  Cancel.Caption = "&Cancel";
+  Cancel.Caption = "Cancel";
   Help.Caption = "&Help";
   Cancel.CausesValidation = false;
   Help.CausesValidation = false;

@@ -5,7 +5,7 @@
 namespace forms {
 
 // The button bar at a screen's foot. Enter outside a field presses `OK` and Esc `Cancel`; `Extra` is the screen's
-// own button between them and is hidden until the screen asks for it.
+// own button between them and is hidden until the screen asks for it. `Cancel` has no mnemonic: its key is Esc.
 class DialogButtons : public Control {
  public:
   DialogButtons();

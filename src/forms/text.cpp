@@ -173,6 +173,18 @@ std::string WithoutMnemonic(std::string_view caption) {
   return seen;
 }
 
+std::string WithMnemonic(std::string_view text, char letter) {
+  std::string caption;
+  bool marked = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool marks = !marked && EqualsIgnoringCase(text.substr(i, 1), {&letter, 1});
+    marked = marked || marks;
+    caption += marks || text[i] == '&' ? "&" : "";
+    caption += text[i];
+  }
+  return caption;
+}
+
 char MnemonicOf(std::string_view caption) {
   for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
     if (caption[i] == '&' && caption[++i] != '&') {

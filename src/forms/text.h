@@ -30,6 +30,8 @@ std::string ToProper(std::string_view utf8);
 
 // A caption as a person reads it, without the "&" before its mnemonic; "&&" is one "&".
 std::string WithoutMnemonic(std::string_view caption);
+// The text as a caption with the first of that letter, in either case, for its mnemonic.
+std::string WithMnemonic(std::string_view text, char letter);
 // The letter behind the "&", lower case; 0 for none.
 char MnemonicOf(std::string_view caption);
 

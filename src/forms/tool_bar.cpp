@@ -12,6 +12,7 @@ Button& ToolBar::Add(std::string key, std::string caption, std::string picture) 
   item.button.Caption = std::move(caption);
   item.button.Picture = std::move(picture);
   item.button.Container = this;
+  item.button.TabStop = false;
   item.button.Click = [this, &item] {
     if (ItemClicked) {
       ItemClicked(item.key);

@@ -10,7 +10,7 @@
 
 namespace forms {
 
-// A row of buttons, each known by its key: "ToolStrip.New".
+// A row of buttons, each known by its key: "ToolStrip.New". The Tab key passes them by.
 class ToolBar : public Control {
  public:
   struct Item {

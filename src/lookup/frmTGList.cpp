@@ -51,7 +51,7 @@ forms::GridColumn ColumnOf(const session::Field& field) {
 frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"), Rules(context) {
   MnuFileSel.Caption = "&Select";
   MnuFileSort.Caption = "S&ort";
-  MnuFileResDef.Caption = "&Restore Default Layout";
+  MnuFileResDef.Caption = "Restore Default &Layout";
   MnuFileExit.Caption = "E&xit";
   optFiltLeft.Caption = "Filter from the &start of the text";
   optFiltMid.Caption = "Filter &anywhere in the text";
@@ -60,6 +60,7 @@ frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"),
     hidden->Visible = false;
   }
   DotNetGrid.FilterBar = true;
+  DotNetGrid.AccessibleName = "List";
   DialogButtons1.Help.Visible = false;
   Setup_ToolBar();
   RegisterControls();

@@ -13,13 +13,13 @@ struct Tool {
 };
 
 constexpr std::array<Tool, 21> kTools = {{
-    {"New", "New", "New_32.png"},
-    {"Edit", "Edit", "Edit_32.png"},
-    {"Delete", "Delete", "Delete_32.png"},
+    {"New", "&New", "New_32.png"},
+    {"Edit", "&Edit", "Edit_32.png"},
+    {"Delete", "&Delete", "Delete_32.png"},
     {"TopSep1", "", ""},
-    {"RemFilt", "Remove Filter", "Rem_Filter_32.png"},
+    {"RemFilt", "&Remove Filter", "Rem_Filter_32.png"},
     {"TopSep2", "", ""},
-    {"Print", "Print List", "Print_32.png"},
+    {"Print", "&Print List", "Print_32.png"},
     {"TopSep3", "", ""},
     {"Patient", "Goto Patient", "Pat_Info_32.png"},
     {"Trans", "Goto Transaction", "Trans_32.png"},

@@ -1,10 +1,17 @@
 #include "people/frmContacts.h"
 
+#include "forms/text.h"
+
 namespace people {
 namespace {
 
 using editing::kContactCodes;
 using editing::Side;
+
+// A letter for each of the contact codes.
+constexpr std::string_view Mnemonics(Side side) {
+  return side == Side::Home ? "m2fcpi" : "wnxlge";
+}
 
 forms::OptionGroup Group(std::array<forms::OptionButton, 6>& options) {
   return forms::OptionGroup({&options[0], &options[1], &options[2], &options[3], &options[4], &options[5]});
@@ -23,7 +30,8 @@ frmContacts::frmContacts(const session::ScreenContext& context)
       Add("opt" + suffix + std::to_string(i) + ")", options.at(i));
       Add("txt" + suffix + std::to_string(i) + ")", boxes.at(i));
       std::string code = std::string(editing::Prefix(side).Text()) + std::string(kContactCodes.at(i).Text());
-      options.at(i).Caption = std::string(editing::SideLabel(side)) + editing::ContactLabel(code);
+      options.at(i).Caption = forms::WithMnemonic(std::string(editing::SideLabel(side)) + editing::ContactLabel(code),
+                                                  Mnemonics(side).at(i));
       boxes.at(i).AccessibleName = options.at(i).Caption;
     }
   }

@@ -32,8 +32,12 @@ constexpr std::array kLabelColumns = {BoundField{0, "pMEDALEUPD"},    BoundField
                                       BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
                                       BoundField{21, "pACCTYP"}};
 constexpr std::array kCaptions = {
-    "&Last Name", "&First Name", "&Birth Date", "Se&x", "&Title", "Referred By :", "SS&N",        "Home Phone",
-    "Work Phone", "&Address",    "Address 2",   "City", "State",  "&ZIP Code",     "&Provider :", "&Medical Alert"};
+    "&Last Name", "&First Name", "&Birth Date", "Se&x",  "&Title", "&Referred By :", "SS&N",        "Home Phone",
+    "Work Phone", "Address &1",  "Address &2",  "Cit&y", "&State", "&ZIP Code",      "&Provider :", "Med&ical Alert"};
+
+// Of the pick buttons, as they are read aloud.
+constexpr std::array kPickNames = {"Calendar",      "Sex and title list", "Referral list",
+                                   "Provider list", "Medical alert list", "Fee schedule list"};
 
 constexpr PersonKind kReferralKind = {.word = "Referral",
                                       .whose = "this patient's",
@@ -100,6 +104,10 @@ void patScreen_SM::Register() {
     Label1.at(i).Caption = kCaptions.at(i);
     Text1.at(i).Heading = &Label1.at(i);
   }
+  for (std::size_t i = 0; i < Command3D1.size(); ++i) {
+    Command3D1.at(i).AccessibleName = kPickNames.at(i);
+  }
+  Command3D2.AccessibleName = "City, state and ZIP list";
   for (forms::Button* button :
        {&Command3D1[0], &Command3D1[1], &Command3D1[2], &Command3D1[3], &Command3D1[4], &Command3D1[5], &Command3D2}) {
     button->Caption = "...";
@@ -107,10 +115,11 @@ void patScreen_SM::Register() {
     button->TabStop = false;
   }
   Command3D1[kPickFeeSchedule].TabStop = true;  // no field stands before it
+  Command3D1[kPickFeeSchedule].Heading = &Label5[kFeeScheduleText];
   cmdContact.Caption = "&Contacts...";
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
-  DialogButtons1.Extra.Caption = "&Save and Book";
+  DialogButtons1.Extra.Caption = "Sa&ve and Book";
   Reads({&Text1[kLastName],
          &Text1[kFirstName],
          &picSwapName,
@@ -245,7 +254,8 @@ void patScreen_SM::ReadNew() {
 
 void patScreen_SM::ShowFeeSchedule() {
   const std::string& schedule = Label5[kFeeSchedule].Caption;
-  Label5[kFeeScheduleText].Caption = "Fee Schedule : " + (schedule.empty() ? "( none )" : schedule);
+  Label5[kFeeScheduleText].Caption =
+      forms::WithMnemonic("Fee Schedule : " + (schedule.empty() ? "( none )" : schedule), 'u');
 }
 
 std::string patScreen_SM::FullName() const {

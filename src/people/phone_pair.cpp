@@ -1,6 +1,7 @@
 #include "people/phone_pair.h"
 
 #include "editing/editing_form.h"
+#include "forms/text.h"
 #include "people/frmContacts.h"
 
 namespace people {
@@ -27,7 +28,7 @@ void PhonePair::Setup() {
     contacts_.Read(record_.Id());
   }
   for (const auto& [side, box] : Boxes()) {
-    box.Heading->Caption = contacts_.SideCaption(side);
+    box.Heading->Caption = forms::WithMnemonic(contacts_.SideCaption(side), side == Side::Home ? 'm' : 'w');
     box.MaxLength = contacts_.DefinedSize(side, contacts_.Selected(side));
   }
 }

@@ -174,7 +174,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
   return bar;
 }
 
-wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands) {
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands) {
   auto* button = new wxButton(parent, wxID_ANY, caption + ToWx(" \u25BE"));
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   KeepOutOfTabOrder(*button);
@@ -183,8 +183,8 @@ wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<
       return;
     }
     wxMenu menu;
-    std::map<int, forms::MenuItem*> by_id;
-    for (forms::MenuItem* command : commands) {
+    std::map<int, forms::Button*> by_id;
+    for (forms::Button* command : commands) {
       if (command->Visible) {
         wxMenuItem* item = menu.Append(wxID_ANY, ToWx(command->Caption.get()));
         item->Enable(command->Usable());

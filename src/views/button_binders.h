@@ -20,7 +20,7 @@ wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
 wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
 // A button that opens a menu of the commands.
-wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::MenuItem*> commands);
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands);
 // OK, the screen's own button, Cancel and Help, at the right.
 wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control);
 

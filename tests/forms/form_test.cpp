@@ -2,6 +2,7 @@
 
 #include "forms/check_box.h"
 #include "forms/dialog_buttons.h"
+#include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
 #include "forms/text_box.h"
@@ -41,6 +42,8 @@ class NameForm : public Form {
   CheckBox chkActive;
   ListBox lstNames;
   DialogButtons DialogButtons1;
+  using Form::Reads;
+
   std::vector<std::string> events;
   bool may_close = true;
 
@@ -64,6 +67,39 @@ TEST(Form, KnowsItsControlsByNameAndInReadingOrder) {
   bar.Add("Edit", "Edit", "Edit.png");
   EXPECT_EQ(form.Find("ToolStrip.New"), &bar["New"]);
   EXPECT_EQ(form.Find("ToolStrip.Edit"), &bar["Edit"]) << "added after the bar was registered";
+}
+
+TEST(Form, TabFollowsTheReadingOrderPastToolBars) {
+  NameForm form;
+  ToolBar bar;
+  bar.Add("New", "New", "New.png");
+  form.Add("ToolStrip", bar);
+  form.Reads({&form.chkActive, &form.Text1[0]});
+  std::vector<std::string> stops;
+  for (const Control* stop = form.NextStop(nullptr); stops.size() < 7; stop = form.NextStop(stop)) {
+    stops.push_back(stop->Name());
+  }
+  EXPECT_THAT(stops, ElementsAre("chkActive", "Text1(0)", "Text1(1)", "lstNames", "DialogButtons1.OK",
+                                 "DialogButtons1.Cancel", "DialogButtons1.Help"));
+  EXPECT_EQ(form.NextStop(&form.DialogButtons1.Help), &form.chkActive);
+  EXPECT_EQ(form.NextStop(&form.chkActive, true), &form.DialogButtons1.Help);
+}
+
+TEST(Form, AControlIsCalledByTheFirstThatSaysIt) {
+  NameForm form;
+  TextBox& box = form.Text1[0];
+  EXPECT_EQ(box.SpokenName(), "");
+  box.ToolTip = " Type a name ";
+  EXPECT_EQ(box.SpokenName(), "Type a name");
+  box.AccessibleName = "Name";
+  EXPECT_EQ(box.SpokenName(), "Name");
+  Label heading;
+  heading.Caption = "&Last Name :";
+  box.Heading = &heading;
+  EXPECT_EQ(box.SpokenName(), "Last Name");
+  EXPECT_EQ(form.DialogButtons1.OK.SpokenName(), "OK");
+  EXPECT_EQ(form.DialogButtons1.OK.Mnemonic(), 'o');
+  EXPECT_EQ(form.DialogButtons1.Cancel.Mnemonic(), '\0') << "its key is Esc";
 }
 
 TEST(Form, MovingTheFocusLeavesAndEnters) {

@@ -49,6 +49,18 @@ TEST(Text, CaseMappingComesBack) {
   }
 }
 
+TEST(Text, CaptionsMarkOneLetter) {
+  EXPECT_EQ(WithMnemonic("Home Phone 2", 'm'), "Ho&me Phone 2");
+  EXPECT_EQ(WithMnemonic("Home Phone 2", '2'), "Home Phone &2");
+  EXPECT_EQ(WithMnemonic("A & B", 'b'), "A && &B");
+  EXPECT_EQ(WithMnemonic("Fax", 'z'), "Fax");
+  for (const char* caption : {"Ho&me", "A && &Me", "&M"}) {
+    EXPECT_EQ(MnemonicOf(caption), 'm');
+  }
+  EXPECT_EQ(MnemonicOf("A && B &"), '\0');
+  EXPECT_EQ(WithoutMnemonic("A && &Me"), "A & Me");
+}
+
 TEST(Text, EqualityIgnoresCase) {
   EXPECT_TRUE(EqualsIgnoringCase("patscreen_sm", "patScreen_SM"));
   EXPECT_TRUE(EqualsIgnoringCase("\u00C9LAN", "\u00E9lan"));

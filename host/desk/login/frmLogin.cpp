@@ -15,6 +15,9 @@ frmLogin::frmLogin(const std::vector<std::int32_t>& offices, std::int32_t first_
   Add("cboOffice", cboOffice);
   Add("lblMessage", lblMessage);
   Add("DialogButtons1", DialogButtons1);
+  txtUser.Heading = &lblUser;
+  txtPassword.Heading = &lblPassword;
+  cboOffice.Heading = &lblOffice;
   lblUser.Caption = "&User name";
   lblPassword.Caption = "&Password";
   lblOffice.Caption = "O&ffice";

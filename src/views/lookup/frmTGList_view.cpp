@@ -14,11 +14,18 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   const auto beside = wxSizerFlags().CenterVertical().Border(wxRIGHT, 2 * gap);
   auto* page = new wxBoxSizer(wxVERTICAL);
 
+  // The keyboard comes to the tool bar's commands through the menu.
+  std::vector<forms::Button*> menu = {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFileResDef};
+  for (forms::ToolBar::Item& item : form.ToolStrip.Items()) {
+    if (!item.separator) {
+      menu.push_back(&item.button);
+    }
+  }
+  menu.push_back(&form.MnuFileExit);
   auto* commands = new wxBoxSizer(wxHORIZONTAL);
   commands->AddSpacer(gap / 2);
-  commands->Add(
-      MakeMenuButton(&dialog, "L&ist", {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFileResDef, &form.MnuFileExit}),
-      wxSizerFlags().CenterVertical().Border(wxRIGHT, gap / 2));
+  commands->Add(MakeMenuButton(&dialog, "L&ist", std::move(menu)),
+                wxSizerFlags().CenterVertical().Border(wxRIGHT, gap / 2));
   commands->Add(MakeToolBar(&dialog, form.ToolStrip), wxSizerFlags(1).Expand());
   page->Add(commands, wxSizerFlags().Expand().Border(wxALL, gap / 2));
   page->Add(MakeGrid(&dialog, form.DotNetGrid, 16), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));

@@ -42,7 +42,7 @@ wxSizer* PracticeGroup(FormDialog& dialog, patScreen_SM& form) {
   LayOut(group, form.Referral);
   LayOut(group, form.Provider);
   group.Row({{form.Text1[form.kMedicalAlert], 28}}, &form.Command3D1[form.kPickMedicalAlert]);
-  wxWindow* schedule = MakeLabel(group.Box(), form.Label5[form.kFeeScheduleText]);
+  wxWindow* schedule = MakeCaption(group.Box(), form.Label5[form.kFeeScheduleText]);
   group.Row(nullptr, {schedule}, MakePickButton(group.Box(), form.Command3D1[form.kPickFeeSchedule]));
   return group.Sizer();
 }
