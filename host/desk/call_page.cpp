@@ -7,6 +7,7 @@
 #include <wx/textctrl.h>
 #include <wx/wupdlock.h>
 
+#include "views/accessible_name.h"
 #include "views/binding.h"
 #include "views/text_binders.h"
 
@@ -39,6 +40,7 @@ CallPage::CallPage(wxWindow* parent, std::function<void(const std::string& outco
   box->GetStaticBox()->SetName("group Outcome");
   outcome_ = new wxListCtrl(box->GetStaticBox(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT);
   outcome_->SetName("outcome");
+  views::SetAccessibleName(*outcome_, "Outcome");
   outcome_->AppendColumn("Name", wxLIST_FORMAT_LEFT, views::FieldWidth(*outcome_, 28));
   outcome_->AppendColumn("Value");
   outcome_->SetMinSize(wxSize(-1, outcome_->GetCharHeight() * 7));
@@ -93,6 +95,7 @@ CallPage::Field CallPage::MakeField(wxSizer* rows, const std::string& name, cons
   if (value == "True" || value == "False") {
     auto* box = new wxCheckBox(fields_, wxID_ANY, {});
     box->SetName(ToWx(name));
+    views::SetAccessibleName(*box, name);
     box->SetValue(value == "True");
     rows->Add(box, wxSizerFlags().CenterVertical());
     return {name, [box] { return std::string(box->GetValue() ? "True" : "False"); },
@@ -101,6 +104,7 @@ CallPage::Field CallPage::MakeField(wxSizer* rows, const std::string& name, cons
   auto* text = new wxTextCtrl(fields_, wxID_ANY, ToWx(value));
   views::SizeField(*text, 20);
   text->SetName(ToWx(name));
+  views::SetAccessibleName(*text, name);
   rows->Add(text, wxSizerFlags().Expand());
   return {name, [text] { return FromWx(text->GetValue()); },
           [text](const std::string& shown) { text->ChangeValue(ToWx(shown)); }};

@@ -12,6 +12,7 @@
 #include <array>
 
 #include "people/name_entry.h"
+#include "views/accessible_name.h"
 #include "views/placing.h"
 #include "views/text_binders.h"
 
@@ -124,6 +125,7 @@ void MainFrame::MakeCommands() {
 wxListBox* MainFrame::MakeMethods(wxWindow* parent) {
   auto* list = new wxListBox(parent, wxID_ANY);
   list->SetName("EditingScreen");
+  views::SetAccessibleName(*list, "Editing screens");
   for (const entry::Method& method : desk_.Classes().EditingScreen().methods) {
     list->Append(ToWx(method.name));
   }
@@ -136,6 +138,7 @@ wxListBox* MainFrame::MakeMethods(wxWindow* parent) {
 wxListBox* MainFrame::MakeLists(wxWindow* parent) {
   auto* list = new wxListBox(parent, wxID_ANY);
   list->SetName("LookUpList");
+  views::SetAccessibleName(*list, "Look-up lists");
   for (const char* kind : kListKinds) {
     list->Append(kind);
   }

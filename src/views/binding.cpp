@@ -2,6 +2,7 @@
 
 #include <wx/textctrl.h>
 
+#include "views/accessible_name.h"
 #include "views/form_dialog.h"
 
 namespace views {
@@ -51,6 +52,14 @@ void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) 
     ShowState();
   }
   Refresh(aspect);
+  if (aspect != forms::Aspect::Items) {
+    ShowName();
+    Dialog().HeadingChanged(control_);
+  }
+}
+
+void Binding::ShowName() const {
+  SetAccessibleName(FocusWidget(), control_.SpokenName());
 }
 
 // A container that has a widget hides and disables what is in it; one without leaves that to the widgets.

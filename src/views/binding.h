@@ -39,6 +39,8 @@ class Binding : public forms::ControlObserver {
   virtual bool Uses(forms::Key /*key*/) const { return false; }
 
   void ControlChanged(forms::Control& control, forms::Aspect aspect) final;
+  // Gives assistive tools the control's spoken name.
+  void ShowName() const;
 
  protected:
   virtual void Refresh(forms::Aspect /*aspect*/) {}

@@ -5,6 +5,7 @@
 #include <wx/tokenzr.h>
 
 #include "forms/button.h"
+#include "forms/label.h"
 #include "views/placing.h"
 
 namespace views {
@@ -134,6 +135,14 @@ bool FormDialog::SyncFocus() {
   const bool moved = form_.DoFocus(focused->Control());
   ShowFocus();
   return moved;
+}
+
+void FormDialog::HeadingChanged(const forms::Control& heading) const {
+  for (const auto& binding : bindings_) {
+    if (binding->Control().Heading == &heading) {
+      binding->ShowName();
+    }
+  }
 }
 
 void FormDialog::LayOutSoon() {

@@ -58,6 +58,8 @@ class FormDialog : public Dialog, private forms::FormObserver {
   bool SyncFocus();
   // The widgets' focus goes to the control; false when there is none, or none that the view shows.
   bool GoTo(const forms::Control* control);
+  // What the control heads may be called otherwise now.
+  void HeadingChanged(const forms::Control& heading) const;
   // Lays the window out again, after the rules that are running.
   void LayOutSoon();
   // While something modal stands before it, a dialog does no idle work and lets no time pass.

@@ -4,6 +4,7 @@
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
+#include "views/accessible_name.h"
 #include "views/form_dialog.h"
 #include "views/grid_cells.h"
 #include "views/text_binders.h"
@@ -311,6 +312,7 @@ class GridBinding : public Binding {
     for (std::size_t i = 0; i < wanted; ++i) {
       filters_[i]->SetName(ToWx(grid_.Name() + ".filter." + columns[i].key));
       filters_[i]->SetHint("Filter");
+      SetAccessibleName(*filters_[i], "Filter " + columns[i].caption);
       if (!delay_.IsRunning() && filters_[i]->GetValue() != ToWx(columns[i].filter)) {
         filters_[i]->ChangeValue(ToWx(columns[i].filter));
       }

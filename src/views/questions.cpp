@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "views/accessible_name.h"
 #include "views/binding.h"
 #include "views/placing.h"
 #include "views/text_binders.h"
@@ -128,6 +129,7 @@ InputDialog::InputDialog(wxWindow* parent, const forms::InputBox& box)
   SizeField(*text_, kWrapCharacters * 3 / 4);
   SetName("input");
   text_->SetName("field");
+  SetAccessibleName(*text_, box.prompt);
   text_->SelectAll();
   text_->SetFocus();
   const int gap = FromDIP(12);
@@ -151,6 +153,7 @@ CalendarDialog::CalendarDialog(wxWindow* parent, std::string_view title, std::ch
                                               static_cast<int>(start.year())))) {
   SetName("calendar");
   calendar_->SetName("days");
+  SetAccessibleName(*calendar_, std::string(title));
   calendar_->Bind(wxEVT_CALENDAR_DOUBLECLICKED, [this](wxCalendarEvent&) { EndModal(wxID_OK); });
   calendar_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {

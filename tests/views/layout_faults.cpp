@@ -78,7 +78,6 @@ class Check {
         Pair(*shown[i], *shown[j]);
       }
     }
-    TabOrder(shown);
   }
 
  private:
@@ -112,21 +111,6 @@ class Check {
     if (!Floats(first) && !Floats(second) && first.GetRect().Intersects(second.GetRect()) &&
         !IsA<wxNotebook>(*first.GetParent())) {
       Add(first, " overlaps " + Called(second));
-    }
-  }
-
-  // Each stop lies to the right of the one before it, or below.
-  void TabOrder(const std::vector<const wxWindow*>& shown) {
-    const wxWindow* before = nullptr;
-    for (const wxWindow* next : shown) {
-      if (!next->AcceptsFocusRecursively() || !next->CanAcceptFocusFromKeyboard() || Floats(*next)) {
-        continue;
-      }
-      if (before != nullptr && next->GetRect().GetLeft() <= before->GetRect().GetRight() &&
-          next->GetRect().GetTop() <= before->GetRect().GetBottom()) {
-        Add(*before, " comes before " + Called(*next) + " in the tab order, which lies above it or to its left");
-      }
-      before = next;
     }
   }
 };

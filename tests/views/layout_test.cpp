@@ -7,6 +7,7 @@
 #include "desk/tour.h"
 #include "layout_faults.h"
 #include "practice/demo.h"
+#include "reach_faults.h"
 
 namespace {
 
@@ -26,6 +27,7 @@ TEST(Layout, OfEveryWindowIsGood) {
   host::VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
     seen.insert(name.substr(0, name.find('-')));
     EXPECT_THAT(LayoutFaults(window), IsEmpty()) << name;
+    EXPECT_THAT(ReachFaults(window), IsEmpty()) << name;
   });
   for (const std::string& view : host::Desk::Views().Names()) {
     EXPECT_TRUE(seen.contains(view)) << view << " was not visited";
@@ -85,12 +87,6 @@ TEST_F(BadLayout, ShowsOverlappingWidgets) {
 TEST_F(BadLayout, ShowsAWidgetWithoutAName) {
   Put(nullptr, left_);
   EXPECT_THAT(Faults(), ElementsAre(HasSubstr("has no name")));
-}
-
-TEST_F(BadLayout, ShowsTabStopsOutOfReadingOrder) {
-  Put("right", right_);
-  Put("left", left_);
-  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("\"right\" comes before wxButton \"left\"")));
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <wx/stattext.h>
+#include <wx/toplevel.h>
+
+#include <string>
+#include <vector>
+
+// What a screen reader finds, and what Alt and a letter do, as GTK itself tells.
+
+// The names of the groups around a widget, the innermost first.
+std::vector<std::string> AccessibleGroups(const wxWindow& widget);
+// Whether the caption's mnemonic leads to the widget.
+bool LeadsTo(const wxStaticText& caption, const wxWindow& widget);
+// False when the window has no such mnemonic.
+bool PressMnemonic(const wxTopLevelWindow& window, char letter);
