@@ -8,7 +8,6 @@ namespace people {
 namespace {
 
 using data::Literal;
-using data::Sql;
 using data::Words;
 
 constexpr std::string_view kSetup = "DEFAULT_OFFICE_SETUP";
