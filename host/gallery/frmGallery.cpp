@@ -80,6 +80,22 @@ void frmGallery::FillFields() {
   for (forms::Panel* page : {&pnlFields, &pnlLists, &pnlGrid, &pnlNotes, &pnlExtra}) {
     Tabs.AddPage(*page);
   }
+  for (const auto& [field, heading] :
+       std::initializer_list<std::pair<forms::Control&, forms::Label&>>{{txtName, lblName},
+                                                                        {txtPassword, lblPassword},
+                                                                        {txtDate, lblDate},
+                                                                        {txtRemarks, lblRemarks},
+                                                                        {cboKind, lblKind},
+                                                                        {cboPlace, lblPlace},
+                                                                        {sldSize, lblSize},
+                                                                        {lstPlaces, lblList},
+                                                                        {lstChecks, lblChecks},
+                                                                        {txtExtra, lblExtra}}) {
+    field.Heading = &heading;
+  }
+  Tabs.AccessibleName = "Pages";
+  grdRows.AccessibleName = "Rows";
+  rtfNote.AccessibleName = "Note";
   lblName.Caption = "&Name :";
   txtName.Text = "Ann Example";
   txtName.MaxLength = 30;
@@ -92,7 +108,7 @@ void frmGallery::FillFields() {
   lblRemarks.Caption = "&Remarks :";
   txtRemarks.MultiLine = true;
   txtRemarks.Text = "First line\r\nsecond line";
-  lblKind.Caption = "&Kind :";
+  lblKind.Caption = "K&ind :";
   cboKind.Items = std::vector<forms::ListItem>{{"Home", 1}, {"Work", 2}, {"Other", 3}};
   cboKind.ListIndex = 1;
   lblPlace.Caption = "&Place :";
@@ -103,7 +119,7 @@ void frmGallery::FillFields() {
   chkActive.Value = forms::CheckState::Mixed;
   chkExtra.Caption = "Show the &extra page";
   optLeft.Caption = "&Left";
-  optRight.Caption = "R&ight";
+  optRight.Caption = "Ri&ght";
   optLeft.Value = true;
   lblSize.Caption = "&Size :";
   sldSize.Value = 4;
@@ -130,7 +146,7 @@ void frmGallery::FillLists() {
   lblChecks.Caption = "Re&minders by";
   lstChecks.Items = std::vector<forms::ListItem>{{"Mail", 1}, {"Telephone", 2}, {"Message", 3}};
   lstChecks.Check(1, true);
-  lblChooser.Caption = "Colu&mns to print";
+  lblChooser.Caption = "Col&umns to print";
   chsColumns.SetItems({{"Name", 1}, {"City", 2}, {"State", 3}, {"Balance", 4}, {"Age", 5}}, {4, 1});
   chsColumns.Chosen.ListIndex = 0;
 }

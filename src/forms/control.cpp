@@ -45,7 +45,7 @@ char Control::Mnemonic() const {
 
 std::string Control::SpokenName() const {
   for (const std::string& caption :
-       {Heading != nullptr ? Heading->Caption.get() : std::string(), OwnCaption(), AccessibleName, ToolTip.get()}) {
+       {Heading != nullptr ? Heading->Caption.get() : std::string(), AccessibleName, OwnCaption(), ToolTip.get()}) {
     std::string name = WithoutMnemonic(caption);
     name.erase(name.find_last_not_of(" :.") + 1);
     if (const std::string_view trimmed = Trim(name); !trimmed.empty()) {

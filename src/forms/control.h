@@ -44,7 +44,7 @@ class Control : public Observable {
   Control* Container = nullptr;
   // The label that says what this control is for; its mnemonic leads here.
   Label* Heading = nullptr;
-  // What the control is called where nobody sees it, unless a heading or its own caption says it.
+  // What the control is called where nobody sees it, when it has no heading and its own caption does not say it.
   std::string AccessibleName;
 
   std::function<void()> Enter;
@@ -57,7 +57,7 @@ class Control : public Observable {
   Form* Owner() const { return form_; }
   // The letter that leads to it with Alt, lower case; 0 for none. A field is reached by its heading's.
   char Mnemonic() const;
-  // The heading, the control's own caption, its accessible name or its tip, as it is read aloud; empty for none.
+  // The heading, the accessible name, the control's own caption or its tip, as it is read aloud; empty for none.
   std::string SpokenName() const;
 
   // Visible and enabled, and so is every panel that it lies on; of the pages of a strip, the one in front.

@@ -16,6 +16,7 @@ void ListChooser::Part::Changed(Aspect aspect) {
 ListChooser::ListChooser() {
   const auto set_up = [this](Button& button, const char* caption, const char* tip, std::function<void()> click) {
     button.Caption = caption;
+    button.AccessibleName = tip;
     button.ToolTip = tip;
     button.Click = std::move(click);
     button.Container = this;
@@ -26,6 +27,8 @@ ListChooser::ListChooser() {
   set_up(RemoveAll, "<<", "Take all entries out", [this] { MoveAll(false); });
   set_up(Up, "\u25B2", "Move the entry up", [this] { MoveBy(-1); });
   set_up(Down, "\u25BC", "Move the entry down", [this] { MoveBy(1); });
+  Available.AccessibleName = "Available";
+  Chosen.AccessibleName = "Chosen";
   Available.Container = this;
   Chosen.Container = this;
   Available.DblClick = Add.Click;

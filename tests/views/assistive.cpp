@@ -11,6 +11,7 @@ int atk_object_get_role(AtkObject* object);
 const char* atk_role_get_name(int role);
 GtkWidget* gtk_label_get_mnemonic_widget(GtkLabel* label);
 int gtk_widget_is_ancestor(GtkWidget* widget, GtkWidget* ancestor);
+int gtk_window_has_toplevel_focus(GtkWindow* window);
 int gtk_window_mnemonic_activate(GtkWindow* window, unsigned letter, int modifiers);
 }
 
@@ -28,7 +29,14 @@ std::vector<std::string> AccessibleGroups(const wxWindow& widget) {
 
 bool LeadsTo(const wxStaticText& caption, const wxWindow& widget) {
   GtkWidget* const target = gtk_label_get_mnemonic_widget(reinterpret_cast<GtkLabel*>(caption.GetHandle()));
-  return target != nullptr && (target == widget.GetHandle() || gtk_widget_is_ancestor(target, widget.GetHandle()) != 0);
+  GtkWidget* const wanted = widget.GetHandle();
+  // What scrolls has the text inside; a frame hands the focus on to what it is around.
+  return target != nullptr && (target == wanted || gtk_widget_is_ancestor(target, wanted) != 0 ||
+                               gtk_widget_is_ancestor(wanted, target) != 0);
+}
+
+bool HasKeyboard(const wxTopLevelWindow& window) {
+  return gtk_window_has_toplevel_focus(reinterpret_cast<GtkWindow*>(window.GetHandle())) != 0;
 }
 
 bool PressMnemonic(const wxTopLevelWindow& window, char letter) {

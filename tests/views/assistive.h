@@ -12,5 +12,7 @@
 std::vector<std::string> AccessibleGroups(const wxWindow& widget);
 // Whether the caption's mnemonic leads to the widget.
 bool LeadsTo(const wxStaticText& caption, const wxWindow& widget);
+// Whether the display gives the window the keys.
+bool HasKeyboard(const wxTopLevelWindow& window);
 // False when the window has no such mnemonic.
 bool PressMnemonic(const wxTopLevelWindow& window, char letter);

@@ -37,6 +37,16 @@ std::vector<const wxWindow*> ShownIn(const wxWindow& parent) {
   return shown;
 }
 
+// A book's stop is its row of tabs, above the page.
+wxRect PlaceOf(const wxWindow& stop) {
+  wxRect place = stop.GetScreenRect();
+  const auto* book = dynamic_cast<const wxBookCtrlBase*>(&stop);
+  if (book != nullptr && book->GetCurrentPage() != nullptr) {
+    place.SetBottom(book->GetCurrentPage()->GetScreenRect().GetTop() - 1);
+  }
+  return place;
+}
+
 // The titled groups that a widget lies in, the innermost first.
 std::vector<const wxStaticBox*> GroupsOf(const wxWindow& widget) {
   std::vector<const wxStaticBox*> groups;
@@ -111,9 +121,9 @@ class Check {
   // A later stop lies below an earlier one or to its right, where it may begin another column.
   void ReadingOrder() {
     for (std::size_t i = 0; i < stops_.size(); ++i) {
-      const wxRect before = stops_[i]->GetScreenRect();
+      const wxRect before = PlaceOf(*stops_[i]);
       for (std::size_t j = i + 1; j < stops_.size(); ++j) {
-        const wxRect after = stops_[j]->GetScreenRect();
+        const wxRect after = PlaceOf(*stops_[j]);
         if (after.GetLeft() <= before.GetRight() && after.GetTop() <= before.GetBottom()) {
           Add(*stops_[i], "comes before " + Called(*stops_[j]) + ", which lies above it or to its left");
           break;
@@ -142,7 +152,10 @@ class Check {
       for (const wxStaticBox* group : groups) {
         titles.push_back(group->GetLabelText().utf8_string());
       }
-      if (AccessibleGroups(*stop) != titles) {
+      // Pages of a book and the like come further out.
+      auto heard = AccessibleGroups(*stop);
+      heard.resize(titles.size());
+      if (heard != titles) {
         Add(*stop, "is not heard in its group");
       }
       around = groups;

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <wx/wx.h>
 
+#include <wx/stopwatch.h>
+
 #include "assistive.h"
 #include "forms/button.h"
 #include "forms/label.h"
@@ -66,6 +68,16 @@ class Reach : public testing::Test {
     wxIdleEvent now;
     dialog_.SendIdleEvents(now);
   }
+  // The display gives a window the keyboard in its own time.
+  void AwaitKeyboard() {
+    constexpr long kPatience = 5000;  // milliseconds
+    const wxStopWatch watch;
+    while (!HasKeyboard(dialog_) && watch.Time() < kPatience) {
+      dialog_.Raise();
+      wxTheApp->Yield();
+      wxMilliSleep(5);
+    }
+  }
   std::string Heard(const forms::Control& control) const {
     return views::AccessibleName(dialog_.Find(control)->FocusWidget());
   }
@@ -98,7 +110,7 @@ TEST_F(Reach, MnemonicsGoThroughTheRules) {
   form_.txtName.Leave = [&] { events.emplace_back("leave name"); };
   form_.txtCity.Enter = [&] { events.emplace_back("enter city"); };
   form_.txtName.DoFocus();
-  wxTheApp->Yield();
+  AwaitKeyboard();
   EXPECT_TRUE(PressMnemonic(dialog_, 'y'));
   wxTheApp->Yield();
   EXPECT_TRUE(form_.txtCity.HasFocus());
