@@ -37,7 +37,7 @@ std::string EscapeWildcards(std::string_view text) {
 }
 
 struct LiteralOf {
-  Sql operator()(std::monostate) const { return Sql("Null"); }
+  Sql operator()(std::monostate) const { return Words("Null"); }
   Sql operator()(std::int64_t number) const { return LiteralMaker::Number(std::to_string(number)); }
   Sql operator()(double number) const { return LiteralMaker::Number(session::ToText(session::Value(number))); }
   Sql operator()(forms::Currency amount) const { return Literal(amount); }

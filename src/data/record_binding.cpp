@@ -127,7 +127,7 @@ session::Value RecordBinding::Column(std::string_view name) const {
 Sql RecordBinding::LiteralOf(const Binding& binding) const {
   const std::string text = binding.field->FieldText();
   if (text.empty() && binding.type != session::FieldType::Text) {
-    return Sql("Null");
+    return Words("Null");
   }
   session::Value value = text;
   if (auto taken = text.empty() ? std::nullopt : binding.format->take(text, session_.Today())) {

@@ -21,7 +21,7 @@ class Button : public Control {
   void DoClick();
 
  protected:
-  std::string OwnCaption() const override { return Caption; }
+  std::string OwnCaption() const override { return Caption.get(); }
 };
 
 // A picture that may be clicked.

@@ -30,7 +30,7 @@ class CheckBox : public Field {
   void SetFieldText(std::string text) override;
 
  protected:
-  std::string OwnCaption() const override { return Caption; }
+  std::string OwnCaption() const override { return Caption.get(); }
 };
 
 // One of several choices of which one at most is on.
@@ -48,7 +48,7 @@ class OptionButton : public Control {
   void Changed(Aspect aspect) override;
 
  protected:
-  std::string OwnCaption() const override { return Caption; }
+  std::string OwnCaption() const override { return Caption.get(); }
 
  private:
   friend class OptionGroup;

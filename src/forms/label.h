@@ -21,11 +21,11 @@ class Label : public Field {
     }
   }
 
-  std::string FieldText() const override { return Caption; }
+  std::string FieldText() const override { return Caption.get(); }
   void SetFieldText(std::string text) override { Caption = std::move(text); }
 
  protected:
-  std::string OwnCaption() const override { return Caption; }
+  std::string OwnCaption() const override { return Caption.get(); }
 };
 
 }  // namespace forms

@@ -19,7 +19,7 @@ class Panel : public Control {
   void Changed(Aspect aspect) override;
 
  protected:
-  std::string OwnCaption() const override { return Caption; }
+  std::string OwnCaption() const override { return Caption.get(); }
 };
 
 // Tabs of which one is in front, each with a page or, for a strip that only switches, without.

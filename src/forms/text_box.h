@@ -41,7 +41,7 @@ class TextBox : public Field {
   // The text as a widget holds it after the person edited it there with keys that passed the filter.
   void DoEdit(std::string text);
 
-  std::string FieldText() const override { return Text; }
+  std::string FieldText() const override { return Text.get(); }
   void SetFieldText(std::string text) override { Text = std::move(text); }
   void SetRoom(int characters) override { MaxLength = characters; }
 

@@ -13,13 +13,13 @@ using data::Words;
 using session::RecordKind;
 
 struct PersonKind {
-  const char* key;
-  RecordKind edits;
-  const char* title;
-  const char* list_name;
-  const char* layout_key;
+  const char* key = nullptr;
+  RecordKind edits = {};
+  const char* title = nullptr;
+  const char* list_name = nullptr;
+  const char* layout_key = nullptr;
   Words condition;
-  bool deletable;
+  bool deletable = false;
 };
 
 // Compared for equality, which an index on the flag answers at once in a practice of any size.

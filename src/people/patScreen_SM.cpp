@@ -13,7 +13,7 @@ using data::Words;
 constexpr std::string_view kSetup = "DEFAULT_OFFICE_SETUP";
 
 struct BoundField {
-  std::size_t index;
+  std::size_t index = 0;
   Words column;
 };
 constexpr std::array kTextColumns = {BoundField{0, "pLASNAM"}, BoundField{1, "pFIRNAM"}, BoundField{3, "pSEX"},

@@ -214,7 +214,7 @@ forms::Control* FormDialog::NextStop(const Binding* from, bool backward) const {
   return form_.NextStop(from == nullptr ? nullptr : &from->Control(), backward);
 }
 
-bool FormDialog::GoTo(const forms::Control* control) {
+bool FormDialog::GoTo(const forms::Control* control) const {
   const Binding* binding = control == nullptr ? nullptr : Find(*control);
   if (binding != nullptr) {
     binding->TakeFocus();

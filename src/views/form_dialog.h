@@ -57,7 +57,7 @@ class FormDialog : public Dialog, private forms::FormObserver {
   // of a key or a click, so that `Leave` and `Enter` run first.
   bool SyncFocus();
   // The widgets' focus goes to the control; false when there is none, or none that the view shows.
-  bool GoTo(const forms::Control* control);
+  bool GoTo(const forms::Control* control) const;
   // What the control heads may be called otherwise now.
   void HeadingChanged(const forms::Control& heading) const;
   // Lays the window out again, after the rules that are running.
