@@ -1,25 +1,20 @@
 #include "views/grid_binder.h"
 
 #include <wx/dc.h>
-#include <wx/textctrl.h>
-#include <wx/timer.h>
 
-#include "views/accessible_name.h"
 #include "views/form_dialog.h"
 #include "views/grid_cells.h"
-#include "views/text_binders.h"
+#include "views/grid_filters.h"
 
 namespace views {
 namespace {
-
-constexpr int kFilterDelay = 300;  // milliseconds after the last key
 
 using Kind = forms::GridColumn::Kind;
 
 class GridBinding : public Binding {
  public:
   GridBinding(forms::Grid& control, wxGrid& widget)
-      : Binding(control, widget), grid_(control), widget_(widget), delay_(&widget) {
+      : Binding(control, widget), grid_(control), widget_(widget), filters_(control, widget) {
     table_ = new CellTable(grid_, [this] { FetchSoon(); });
     widget_.SetTable(table_, true, wxGrid::wxGridSelectRows);
     BindCells();
@@ -27,8 +22,6 @@ class GridBinding : public Binding {
     BindMouse();
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
     widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
-    delay_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ApplyFilters(); });
-    delay_.SetOwner(&delay_);
   }
 
   wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
@@ -93,7 +86,7 @@ class GridBinding : public Binding {
         shapes_[static_cast<std::size_t>(column)].width = FromPixels(width);
         grid_.DoSizeColumn(column, FromPixels(width));
       }
-      PlaceFilters();
+      filters_.Place();
     });
     // The widget moves the column behind this event; the control's order is the one that is shown.
     widget_.Bind(wxEVT_GRID_COL_MOVE, [this](wxGridEvent& event) {
@@ -103,19 +96,19 @@ class GridBinding : public Binding {
         if (Dialog().SyncFocus()) {
           grid_.DoMoveColumn(from, to);
         }
-        PlaceFilters();
+        filters_.Place();
       });
     });
     widget_.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
       event.Skip();
-      PlaceFilters();
+      filters_.Place();
     });
     for (const auto& scrolled :
          {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
           wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
       widget_.Bind(scrolled, [this](wxScrollWinEvent& event) {
         event.Skip();
-        Dialog().CallAfter([this] { PlaceFilters(); });
+        Dialog().CallAfter([this] { filters_.Place(); });
       });
     }
   }
@@ -296,81 +289,7 @@ class GridBinding : public Binding {
     widget_.SetCellHighlightROPenWidth(frame);
     widget_.SetCellHighlightColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     widget_.GetGridColLabelWindow()->Refresh();
-    ShowFilters();
-  }
-
-  void ShowFilters() {
-    const auto& columns = grid_.Columns.get();
-    const std::size_t wanted = grid_.FilterBar ? columns.size() : 0;
-    while (filters_.size() > wanted) {
-      filters_.back()->Destroy();
-      filters_.pop_back();
-    }
-    while (filters_.size() < wanted) {
-      filters_.push_back(MakeFilter());
-    }
-    for (std::size_t i = 0; i < wanted; ++i) {
-      filters_[i]->SetName(ToWx(grid_.Name() + ".filter." + columns[i].key));
-      filters_[i]->SetHint("Filter");
-      SetAccessibleName(*filters_[i], "Filter " + columns[i].caption);
-      if (!delay_.IsRunning() && filters_[i]->GetValue() != ToWx(columns[i].filter)) {
-        filters_[i]->ChangeValue(ToWx(columns[i].filter));
-      }
-    }
-    const int caption = widget_.GetCharHeight() + widget_.FromDIP(10);
-    const int height = filters_.empty() ? caption : caption + filters_.front()->GetMinSize().y + widget_.FromDIP(4);
-    if (widget_.GetColLabelSize() != height) {
-      widget_.SetColLabelSize(height);
-      widget_.SetColLabelAlignment(wxALIGN_LEFT, filters_.empty() ? wxALIGN_CENTRE : wxALIGN_TOP);
-    }
-    PlaceFilters();
-  }
-
-  wxTextCtrl* MakeFilter() {
-    auto* filter = new wxTextCtrl(widget_.GetGridColLabelWindow(), wxID_ANY);
-    SizeField(*filter, 1);
-    filter->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
-    filter->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-      const int key = event.GetKeyCode();
-      if (key == WXK_RETURN || key == WXK_NUMPAD_ENTER) {
-        ApplyFilters();
-      } else if (key == WXK_DOWN) {
-        ApplyFilters();
-        TakeFocus();
-        grid_.DoRow(std::max(0, grid_.Row.get()));
-      } else {
-        event.Skip();
-      }
-    });
-    return filter;
-  }
-
-  void ApplyFilters() {
-    delay_.Stop();
-    if (!Dialog().SyncFocus()) {
-      return;
-    }
-    for (std::size_t i = 0; i < filters_.size(); ++i) {
-      const std::string typed = FromWx(filters_[i]->GetValue());
-      if (typed != grid_.Columns.get()[i].filter) {
-        grid_.DoFilter(static_cast<int>(i), typed);
-      }
-    }
-  }
-
-  void PlaceFilters() {
-    const int gap = widget_.FromDIP(1);
-    int start = 0;
-    widget_.CalcScrolledPosition(0, 0, &start, nullptr);
-    for (std::size_t i = 0; i < filters_.size(); ++i) {
-      const int width = widget_.GetColSize(static_cast<int>(i));
-      filters_[i]->Show(width > 4 * gap);
-      if (filters_[i]->IsShown()) {
-        const int height = filters_[i]->GetMinSize().y;
-        filters_[i]->SetSize(start + gap, widget_.GetColLabelSize() - height - 2 * gap, width - 2 * gap, height);
-      }
-      start += width;
-    }
+    filters_.Show();
   }
 
   void ShowRow() {
@@ -424,8 +343,7 @@ class GridBinding : public Binding {
   wxGrid& widget_;
   CellTable* table_ = nullptr;  // the widget owns it
   std::vector<Shape> shapes_;
-  std::vector<wxTextCtrl*> filters_;
-  wxTimer delay_;
+  GridFilters filters_;
   int dragged_ = -1;  // the row that the mouse drags, and where it would fall
   int drop_ = -1;
   bool showing_ = false;

@@ -1,0 +1,111 @@
+#include "views/grid_filters.h"
+
+#include <algorithm>
+
+#include "views/accessible_name.h"
+#include "views/form_dialog.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+constexpr int kFilterDelay = 300;  // milliseconds after the last key
+
+}  // namespace
+
+GridFilters::GridFilters(forms::Grid& grid, wxGrid& widget) : grid_(grid), widget_(widget) {
+  delay_.SetOwner(&delay_);
+  delay_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Apply(); });
+}
+
+void GridFilters::Show() {
+  const auto& columns = grid_.Columns.get();
+  const std::size_t wanted = grid_.FilterBar ? columns.size() : 0;
+  while (cells_.size() > wanted) {
+    cells_.back()->Destroy();
+    cells_.pop_back();
+  }
+  while (cells_.size() < wanted) {
+    cells_.push_back(MakeCell());
+  }
+  for (std::size_t i = 0; i < wanted; ++i) {
+    cells_[i]->SetName(ToWx(grid_.Name() + ".filter." + columns[i].key));
+    cells_[i]->SetHint("Filter");
+    SetAccessibleName(*cells_[i], "Filter " + columns[i].caption);
+    if (!delay_.IsRunning() && cells_[i]->GetValue() != ToWx(columns[i].filter)) {
+      cells_[i]->ChangeValue(ToWx(columns[i].filter));
+    }
+  }
+  const int caption = widget_.GetCharHeight() + widget_.FromDIP(10);
+  const int height = cells_.empty() ? caption : caption + cells_.front()->GetMinSize().y + widget_.FromDIP(4);
+  if (widget_.GetColLabelSize() != height) {
+    widget_.SetColLabelSize(height);
+    widget_.SetColLabelAlignment(wxALIGN_LEFT, cells_.empty() ? wxALIGN_CENTRE : wxALIGN_TOP);
+  }
+  Place();
+}
+
+void GridFilters::Place() {
+  const int gap = widget_.FromDIP(1);
+  int start = 0;
+  widget_.CalcScrolledPosition(0, 0, &start, nullptr);
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const int width = widget_.GetColSize(static_cast<int>(i));
+    cells_[i]->Show(width > 4 * gap);
+    if (cells_[i]->IsShown()) {
+      const int height = cells_[i]->GetMinSize().y;
+      cells_[i]->SetSize(start + gap, widget_.GetColLabelSize() - height - 2 * gap, width - 2 * gap, height);
+    }
+    start += width;
+  }
+}
+
+wxTextCtrl* GridFilters::MakeCell() {
+  auto* cell = new wxTextCtrl(widget_.GetGridColLabelWindow(), wxID_ANY);
+  SizeField(*cell, 1);
+  cell->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
+  cell->Bind(wxEVT_CHAR_HOOK, [this, cell](wxKeyEvent& event) { OnKey(*cell, event); });
+  return cell;
+}
+
+// The Tab key goes through the cells before it leaves the grid.
+void GridFilters::OnKey(wxTextCtrl& cell, wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  wxTextCtrl* beside = key == WXK_TAB ? Beside(cell, event.ShiftDown()) : nullptr;
+  if (beside != nullptr) {
+    beside->SetFocus();
+  } else if (key == WXK_RETURN || key == WXK_NUMPAD_ENTER) {
+    Apply();
+  } else if (key == WXK_DOWN) {
+    Apply();
+    widget_.GetGridWindow()->SetFocus();
+    grid_.DoRow(std::max(0, grid_.Row.get()));
+  } else {
+    event.Skip();
+  }
+}
+
+void GridFilters::Apply() {
+  delay_.Stop();
+  if (!FormDialog::Of(widget_).SyncFocus()) {
+    return;
+  }
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const std::string typed = FromWx(cells_[i]->GetValue());
+    if (typed != grid_.Columns.get()[i].filter) {
+      grid_.DoFilter(static_cast<int>(i), typed);
+    }
+  }
+}
+
+wxTextCtrl* GridFilters::Beside(const wxTextCtrl& cell, bool backward) const {
+  const auto count = static_cast<std::ptrdiff_t>(cells_.size());
+  const std::ptrdiff_t step = backward ? -1 : 1;
+  std::ptrdiff_t at = std::ranges::find(cells_, &cell) - cells_.begin() + step;
+  while (at >= 0 && at < count && !cells_[static_cast<std::size_t>(at)]->IsShown()) {
+    at += step;
+  }
+  return at >= 0 && at < count ? cells_[static_cast<std::size_t>(at)] : nullptr;
+}
+
+}  // namespace views
