@@ -20,6 +20,7 @@
 #include "com/screen_user.h"
 
 // A property of the default interface, kept in a member of the class behind it.
+// NOLINTBEGIN(bugprone-macro-parentheses): a type cannot stand in parentheses
 #define COM_PROPERTY(name, type, member)                       \
   HRESULT STDMETHODCALLTYPE get_##name(type* value) override { \
     return Get(value, this->Screens().member);                 \
@@ -27,6 +28,7 @@
   HRESULT STDMETHODCALLTYPE put_##name(type value) override {  \
     return Put(this->Screens().member, value);                 \
   }
+// NOLINTEND(bugprone-macro-parentheses)
 
 namespace com {
 

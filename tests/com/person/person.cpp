@@ -60,6 +60,13 @@ std::wstring TitleOf(HWND window) {
   return {title.data(), static_cast<std::size_t>(GetWindowTextW(window, title.data(), title.size()))};
 }
 
+// As it is read, without the mark of the letter that leads to it.
+std::wstring ReadOf(HWND window) {
+  std::wstring text = TitleOf(window);
+  std::erase(text, L'&');
+  return text;
+}
+
 struct Search {
   std::wstring_view title;
   HWND found = nullptr;
@@ -67,7 +74,7 @@ struct Search {
 
 BOOL CALLBACK Look(HWND window, LPARAM wanted) {
   auto& search = *reinterpret_cast<Search*>(wanted);
-  if (IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE && TitleOf(window) == search.title) {
+  if (IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE && ReadOf(window) == search.title) {
     search.found = window;
   }
   return search.found == nullptr ? TRUE : FALSE;
