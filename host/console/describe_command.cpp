@@ -21,6 +21,7 @@
 #include "forms/text.h"
 #include "forms/text_box.h"
 #include "forms/tool_bar.h"
+#include "forms/user_control.h"
 
 namespace host {
 namespace {
@@ -55,6 +56,8 @@ constexpr std::array kKinds = {
     Kind{"TabStrip", Is<forms::TabStrip>},
     Kind{"Slider", Is<forms::Slider>},
     Kind{"Timer", Is<forms::Timer>},
+    Kind{"DropPanel", Is<forms::DropPanel>},
+    Kind{"UserControl", Is<forms::UserControl>},
     Kind{"Panel", Is<forms::Panel>},
     Kind{"ToolBar", Is<forms::ToolBar>},
     Kind{"DialogButtons", Is<forms::DialogButtons>},

@@ -47,7 +47,7 @@ constexpr std::array kKinds = {KnownKind{"Patient", {"pID", "PATable", "pTypPat=
                                KnownKind{"Referral", {"pID", "PATable", "pTypRef='1'"}},
                                KnownKind{"Employee", {"pID", "PATable", "pTypEmp='1'"}},
                                KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
-                               KnownKind{"Pharmacy", {"PhaInd", "PhaTable"}},
+                               KnownKind{"Pharmacy", {"PhaID", "PhaTable"}},
                                KnownKind{"GroupPlan", {"GroPlaInd", "GroPlaTable"}},
                                KnownKind{"RecallMaster", {"RCRecNum", "RSTable", "RCRecNum<>0"}}};
 static_assert(kKinds.size() == static_cast<std::size_t>(RecordKind::RecallMaster) + 1);
