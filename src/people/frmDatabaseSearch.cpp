@@ -10,7 +10,6 @@ namespace people {
 namespace {
 
 constexpr int kFirstPage = 100;
-constexpr int kIdColumn = 5;
 
 // "1 Main St Apt 2 Springfield, IL 62701", without what is not known.
 std::string Address(const std::string& line1, const std::string& line2, const std::string& city,
@@ -99,7 +98,7 @@ void frmDatabaseSearch::OnLoad() {
 
 void frmDatabaseSearch::Choose() {
   if (const int row = Name_List.Row; row >= 0) {
-    SelectedID = session::ToId(session::Value(std::string(Name_List.Cell(row, kIdColumn))));
+    SelectedID = session::ToId(session::Value(std::string(Name_List.Cell(row, Name_List.ColumnIndex("pID")))));
     Close();
   }
 }
