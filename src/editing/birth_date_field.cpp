@@ -4,6 +4,18 @@
 #include "forms/text.h"
 
 namespace editing {
+namespace {
+
+constexpr std::size_t kToldBack = 40;  // characters
+
+// The year was typed with its four digits.
+bool HasWholeYear(const std::string& typed, forms::Date date) {
+  return typed.find_first_of("/-") == std::string::npos
+             ? typed.size() == std::string_view("01021980").size()
+             : typed.find(std::to_string(static_cast<int>(date.year()))) != std::string::npos;
+}
+
+}  // namespace
 
 BirthDateField::BirthDateField(const session::ScreenContext& context, const Parts& parts)
     : Rules(context), parts_(parts) {
@@ -33,11 +45,11 @@ bool BirthDateField::Take() {
   const forms::Date today = context_.session.Today();
   auto birth = forms::ParseDate(typed, today);
   // Two digits of a year that would be in the future are of the last century.
-  if (birth && *birth > today && !typed.ends_with(std::to_string(static_cast<int>(birth->year())))) {
+  if (birth && *birth > today && !HasWholeYear(typed, *birth)) {
     birth = forms::Date(birth->year() - std::chrono::years(100), birth->month(), birth->day());
   }
   if (!typed.empty() && (!birth || !birth->ok() || *birth > today)) {
-    Tell("[ " + typed + " ] is not a birth date. Please type month, day and year.");
+    Tell("[ " + forms::Left(typed, kToldBack) + " ] is not a birth date. Please type month, day and year.");
     parts_.box.SetFocus();
     return false;
   }

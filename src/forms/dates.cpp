@@ -65,20 +65,28 @@ std::optional<Date> Calendar(std::optional<int> of_year, std::optional<int> of_m
   return date.ok() ? std::optional(date) : std::nullopt;
 }
 
-// Month, day and year as they stand in the text.
-std::optional<std::array<std::string_view, 3>> TypedParts(std::string_view text) {
+using Parts = std::array<std::string_view, 3>;  // month, day and year
+
+// As they stand in the text. Eight digits whose first two are no month begin with the year.
+std::optional<Parts> TypedParts(std::string_view text) {
   const std::size_t first = text.find_first_of("/-");
   if (first == std::string_view::npos) {
+    if (text.size() == 8 && Number(text.substr(0, 2)).value_or(0) > 12) {
+      return Parts{text.substr(4, 2), text.substr(6), text.substr(0, 4)};
+    }
     if (text.size() != 6 && text.size() != 8) {
       return std::nullopt;
     }
-    return std::array{text.substr(0, 2), text.substr(2, 2), text.substr(4)};
+    return Parts{text.substr(0, 2), text.substr(2, 2), text.substr(4)};
   }
   const std::size_t second = text.find_first_of("/-", first + 1);
   if (second == std::string_view::npos) {
     return std::nullopt;
   }
-  return std::array{text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1)};
+  const std::string_view begin = text.substr(0, first);
+  const std::string_view middle = text.substr(first + 1, second - first - 1);
+  const std::string_view end = text.substr(second + 1);
+  return begin.size() == 4 ? Parts{middle, end, begin} : Parts{begin, middle, end};
 }
 
 std::string Counted(int number, std::string_view unit) {

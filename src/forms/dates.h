@@ -16,8 +16,8 @@ Date DateOf(DateTime time);
 DateTime AtMidnight(Date date);
 
 // A date as a person types it: month, day and year with "/" or "-" between them, or six or eight digits without
-// ("010280", "01021980"). A two-digit year lies in the hundred years up to `today`'s year. Nothing when it is no day of
-// the calendar.
+// ("010280", "01021980"); also with a year of four digits in front ("1980-01-02", "19800102"). A two-digit year lies in
+// the hundred years up to `today`'s year. Nothing when it is no day of the calendar.
 std::optional<Date> ParseDate(std::string_view text, Date today);
 
 // The "Short Date" format of the practice: "1/2/1980".

@@ -18,6 +18,10 @@ TEST(Dates, AreTypedWithAndWithoutSeparators) {
   EXPECT_EQ(Typed("010280"), "1980-01-02");
   EXPECT_EQ(Typed(" 01021980 "), "1980-01-02");
   EXPECT_EQ(Typed("2/29/2024"), "2024-02-29");
+  EXPECT_EQ(Typed("1980-01-02"), "1980-01-02");
+  EXPECT_EQ(Typed("1980/1/2"), "1980-01-02");
+  EXPECT_EQ(Typed("19800102"), "1980-01-02");
+  EXPECT_EQ(Typed("12112011"), "2011-12-11") << "what begins with a month does so";
 }
 
 TEST(Dates, TwoDigitYearsLieInTheHundredYearsUpToToday) {
@@ -27,9 +31,10 @@ TEST(Dates, TwoDigitYearsLieInTheHundredYearsUpToToday) {
 }
 
 TEST(Dates, WhatIsNoDayIsRefused) {
-  for (const auto* text : {"",          "/",        "//",      "1/2",     "1/2/",     "/2/80",     "13/1/1980",
-                           "2/29/2023", "0/1/1980", "1/32/80", "1/2/980", "001/2/80", "1/2/19800", "10280",
-                           "0102198",   "1/2/80/3", "+1/2/80", "a/b/cd",  "1//80",    "1/ 2/80",   "01-02-0099"}) {
+  for (const auto* text :
+       {"",         "/",       "//",      "1/2",      "1/2/",       "/2/80",    "13/1/1980", "2/29/2023",
+        "0/1/1980", "1/32/80", "1/2/980", "001/2/80", "1/2/19800",  "10280",    "0102198",   "1/2/80/3",
+        "+1/2/80",  "a/b/cd",  "1//80",   "1/ 2/80",  "01-02-0099", "19801302", "1980-1",    "1980-1-002"}) {
     EXPECT_EQ(Typed(text), "none") << text;
   }
 }
