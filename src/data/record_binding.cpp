@@ -135,8 +135,7 @@ Sql RecordBinding::LiteralOf(const Binding& binding) const {
   }
   if (const auto* words = std::get_if<std::string>(&value)) {
     if (binding.type == session::FieldType::Text) {
-      return Literal(binding.defined_size > 0 ? forms::Left(*words, static_cast<std::size_t>(binding.defined_size))
-                                              : *words);
+      return Literal(forms::Fitting(*words, binding.defined_size));
     }
     if (IsNumber(binding.type)) {
       return NumberLiteral(*words);

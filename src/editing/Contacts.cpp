@@ -157,8 +157,7 @@ void Contacts::SaveAll(std::int32_t person) {
 }
 
 std::string Contacts::Cut(Side side, std::string_view code, std::string_view value) const {
-  const int size = DefinedSize(side, code);
-  return size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : std::string(value);
+  return forms::Fitting(value, DefinedSize(side, code));
 }
 
 Sql Contacts::Where(std::int32_t person) const {
@@ -167,9 +166,7 @@ Sql Contacts::Where(std::int32_t person) const {
 
 Sql Contacts::VisibleNumbers() const {
   const auto visible = [this](Side side) {
-    const std::string& value = Value(side, Selected(side));
-    const int size = visible_sizes_.at(side);
-    return Literal(size > 0 ? forms::Left(value, static_cast<std::size_t>(size)) : value);
+    return Literal(forms::Fitting(Value(side, Selected(side)), visible_sizes_.at(side)));
   };
   return "pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work);
 }

@@ -223,8 +223,7 @@ std::optional<ZIPCODE::Entry> ZIPCODE::ConfirmCurrent(std::string_view verb) {
 // As the screen's boxes could show them.
 data::Assignments ZIPCODE::ValuesOf(const Place& place) const {
   const auto fitting = [](const std::string& text, const forms::TextBox& box) {
-    const int room = box.MaxLength;
-    return Literal(room > 0 ? forms::Left(text, static_cast<std::size_t>(room)) : text);
+    return Literal(forms::Fitting(text, box.MaxLength));
   };
   return {{"ZipCodCit", fitting(place.city, parts_.city)},
           {"ZipCodSta", fitting(place.state, parts_.state)},

@@ -6,8 +6,6 @@
 namespace editing {
 namespace {
 
-constexpr std::size_t kToldBack = 40;  // characters
-
 // The year was typed with its four digits.
 bool HasWholeYear(const std::string& typed, forms::Date date) {
   return typed.find_first_of("/-") == std::string::npos
@@ -49,7 +47,7 @@ bool BirthDateField::Take() {
     birth = forms::Date(birth->year() - std::chrono::years(100), birth->month(), birth->day());
   }
   if (!typed.empty() && (!birth || !birth->ok() || *birth > today)) {
-    Tell("[ " + forms::Left(typed, kToldBack) + " ] is not a birth date. Please type month, day and year.");
+    Tell(ToldBack(typed) + " is not a birth date. Please type month, day and year.");
     parts_.box.SetFocus();
     return false;
   }

@@ -16,9 +16,7 @@ void EditingForm::OnLoad() {
 bool EditingForm::Readable(const data::RecordBinding& record) const {
   const auto unreadable = record.FirstUnreadable();
   if (unreadable) {
-    constexpr std::size_t kToldBack = 40;  // characters
-    Tell("[ " + forms::Left(unreadable->field.FieldText(), kToldBack) + " ] is not a valid " +
-         std::string(unreadable->what) + ".");
+    Tell(ToldBack(unreadable->field.FieldText()) + " is not a valid " + std::string(unreadable->what) + ".");
     unreadable->field.SetFocus();
   }
   return !unreadable;
@@ -98,6 +96,11 @@ bool EditingForm::MayModify() const {
     Tell("Read only, cannot modify.");
   }
   return !read_only_;
+}
+
+bool EditingForm::ReadOnly(const forms::Control& control) {
+  const auto* screen = dynamic_cast<const EditingForm*>(control.Owner());
+  return screen != nullptr && screen->ReadOnly();
 }
 
 bool EditingForm::MayModify(const forms::Control& control) {

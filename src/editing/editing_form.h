@@ -25,7 +25,8 @@ class EditingForm : public forms::Form, public Rules {
 
   // Another user holds the record.
   bool ReadOnly() const { return read_only_; }
-  // Whether the screen that the control is on may be changed; says so when it may not.
+  // The same of the screen that a control is on.
+  static bool ReadOnly(const forms::Control& control);
   static bool MayModify(const forms::Control& control);
   bool MayModify() const;
 

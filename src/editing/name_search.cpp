@@ -36,8 +36,7 @@ void NameSearch::Attach(SearchedField& field) {
 }
 
 void NameSearch::DropBelow(SearchedField& field) {
-  const auto* screen = dynamic_cast<const EditingForm*>(Owner());
-  if (screen != nullptr && screen->ReadOnly()) {
+  if (EditingForm::ReadOnly(*this)) {
     return;
   }
   field_ = &field;

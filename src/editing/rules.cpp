@@ -1,5 +1,7 @@
 #include "editing/rules.h"
 
+#include "forms/text.h"
+
 namespace editing {
 
 bool Rules::Attempt(const std::function<void()>& operation) const {
@@ -22,6 +24,11 @@ void Rules::Report(const session::DatabaseError& error) const {
 
 void Rules::Tell(std::string text, forms::Icon icon) const {
   context_.user.Tell(std::move(text), std::string(forms::kSuiteTitle), icon);
+}
+
+std::string Rules::ToldBack(std::string_view text) {
+  constexpr std::size_t kMost = 40;  // characters
+  return "[ " + forms::Left(text, kMost) + " ]";
 }
 
 bool Rules::Confirm(std::string question, std::string_view title) const {

@@ -7,6 +7,7 @@
 #include "forms/text.h"
 
 namespace forms {
+
 void Form::Add(const std::string& name, Control& control) {
   control.name_ = name;
   control.form_ = this;

@@ -138,6 +138,10 @@ std::string Left(std::string_view utf8, std::size_t count) {
   return ToUtf8(ToUtf32(utf8).substr(0, count));
 }
 
+std::string Fitting(std::string_view utf8, int room) {
+  return room > 0 ? Left(utf8, static_cast<std::size_t>(room)) : std::string(utf8);
+}
+
 std::string_view Trim(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t first = text.find_first_not_of(kBlanks);

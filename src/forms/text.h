@@ -18,6 +18,8 @@ constexpr bool IsDigit(char c) {
 std::size_t CharacterCount(std::string_view utf8);
 // The first `count` characters.
 std::string Left(std::string_view utf8, std::size_t count);
+// As much as there is room for, in characters; 0 is unlimited, as `TextBox::MaxLength` and a column's size have it.
+std::string Fitting(std::string_view utf8, int room);
 
 // Without the blanks, tabs and line breaks at both ends.
 std::string_view Trim(std::string_view text);

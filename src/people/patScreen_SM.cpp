@@ -243,11 +243,8 @@ void patScreen_SM::ReadNew() {
   Patient_SM.MarkWritten();
   const auto entered = ParseNameOrId(Opened.typed_name);
   if (const auto* name = std::get_if<TypedName>(&entered)) {  // a number is an ID, never a name
-    const auto fitting = [](const forms::TextBox& box, const std::string& text) {
-      return forms::Left(text, static_cast<std::size_t>(box.MaxLength.get()));
-    };
-    Text1[kLastName].Text = fitting(Text1[kLastName], name->last);
-    Text1[kFirstName].Text = fitting(Text1[kFirstName], name->first);
+    Text1[kLastName].Text = forms::Fitting(name->last, Text1[kLastName].MaxLength);
+    Text1[kFirstName].Text = forms::Fitting(name->first, Text1[kFirstName].MaxLength);
   }
 }
 

@@ -7,15 +7,9 @@
 #include "people/name_entry.h"
 
 namespace people {
-namespace {
 
-// As the column takes it, which is unlimited for 0.
-data::Sql Fitting(const std::string& text, int size) {
-  return data::Literal(size > 0 ? forms::Left(text, static_cast<std::size_t>(size)) : text);
-}
-
-}  // namespace
-
+using data::Literal;
+using forms::Fitting;
 void PersonField::Show() {
   box.Text = data::NameOfPerson(statements_, Current());
 }
@@ -96,9 +90,9 @@ bool PersonField::Enter(const std::string& typed) {
     return false;
   }
   return Attempt([&] {
-    const std::int32_t id = statements_.Insert("PATable", {{"pLASNAM", Fitting(name.last, last_name_size_)},
-                                                           {"pFIRNAM", Fitting(name.first, first_name_size_)},
-                                                           {kind_.type, data::Literal("1")}});
+    const std::int32_t id = statements_.Insert("PATable", {{"pLASNAM", Literal(Fitting(name.last, last_name_size_))},
+                                                           {"pFIRNAM", Literal(Fitting(name.first, first_name_size_))},
+                                                           {kind_.type, Literal("1")}});
     context_.session.RecordHandOff("pID", "PaTable", id);
     Set(id, data::NameOfPerson(statements_, id));
   });

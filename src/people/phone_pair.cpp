@@ -6,6 +6,7 @@
 
 namespace people {
 
+using editing::EditingForm;
 using editing::Side;
 
 PhonePair::PhonePair(const session::ScreenContext& context, const Parts& parts, data::RecordBinding& record)
@@ -16,13 +17,8 @@ PhonePair::PhonePair(const session::ScreenContext& context, const Parts& parts, 
   parts_.contacts.Click = [this] { Edit(); };
 }
 
-bool PhonePair::ReadOnly() const {
-  const auto* screen = dynamic_cast<const editing::EditingForm*>(Owner());
-  return screen != nullptr && screen->ReadOnly();
-}
-
 void PhonePair::Setup() {
-  if (record_.Id() != 0 && !ReadOnly()) {
+  if (record_.Id() != 0 && !EditingForm::ReadOnly(*this)) {
     contacts_.Setup(record_.Id());
   } else {
     contacts_.Read(record_.Id());
@@ -47,7 +43,7 @@ void PhonePair::Edit() {
   }
   frmContacts dialog(context_);
   dialog.pID = record_.Id();
-  dialog.OnlyLook = ReadOnly();
+  dialog.OnlyLook = EditingForm::ReadOnly(*this);
   for (const auto& [side, box] : Boxes()) {
     if (record_.Changed(box)) {
       dialog.Typed[side] = box.Text;

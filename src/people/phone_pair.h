@@ -43,7 +43,6 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   std::array<Box, 2> Boxes() const {
     return {Box{editing::Side::Home, parts_.home}, Box{editing::Side::Work, parts_.work}};
   }
-  bool ReadOnly() const;
   void Edit();
 
   Parts parts_;
