@@ -78,11 +78,11 @@ Variant PracticeObject::LogIn(const CallArguments& arguments) const {
     Refuse("The practice has no office " + std::to_string(office) + ".");
   }
   OfficeDatabase database(*practice_, office);
-  auto login = host::LogIn(database, arguments.Text(0), arguments.Text(1));
-  if (!login) {
+  auto answer = host::LogIn(database, arguments.Text(0), arguments.Text(1), LocalNow());
+  if (!answer) {
     Refuse("User name and password do not belong together.");
   }
-  const auto own = std::make_shared<OwnSession>(practice_, office, std::move(login->rights),
+  const auto own = std::make_shared<OwnSession>(practice_, office, std::move(answer.login->rights),
                                                 ThisMachine(data_folder_, FolderOf(automation::ModulePath())));
   const auto session = MakeSessionObject(std::shared_ptr<session::Session>(own, &own->session));
   return Variant::Of(session.Get());

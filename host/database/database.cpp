@@ -20,8 +20,10 @@ std::string SqlitePath(const std::string& url) {
                                {}, 0);
 }
 
-PracticeDatabase Sqlite(std::unique_ptr<session::Connection> connection, const CreationOptions& options) {
-  return {std::move(connection), PrepareSqlite, options};
+PracticeDatabase Sqlite(std::unique_ptr<SqliteConnection> connection, const CreationOptions& options) {
+  auto* opened = connection.get();
+  return {std::move(connection), PrepareSqlite, options,
+          [opened](const ChangeAuthor* author) { opened->WriteAs(author); }};
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "database/change_author.h"
 #include "database/migration.h"
 #include "session/connection.h"
 
@@ -15,6 +17,8 @@ struct PracticeDatabase {
   // The screens' dialect as the engine reads it.
   std::string (*prepare)(std::string_view statement) = nullptr;
   CreationOptions options;
+  // Whose the changes are from now on, for the change log; nullptr for nobody's.
+  std::function<void(const ChangeAuthor* author)> write_as;
 
   // Runs a statement in the screens' dialect.
   std::unique_ptr<session::Recordset> Run(std::string_view statement) const {

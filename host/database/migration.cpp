@@ -24,6 +24,16 @@ void MakeTable(session::Connection& connection, const Table& table, const Creati
   }
 }
 
+// Gives columns that came in what older rows shall have in them.
+void FillColumns(session::Connection& connection, const Table& table, const std::function<bool(int since)>& is_due) {
+  for (const Column& column : table.columns) {
+    if (is_due(column.since) && !column.upgrade.empty()) {
+      connection.Execute("UPDATE " + std::string(table.name) + " SET " + std::string(column.name) + "=" +
+                         std::string(column.upgrade));
+    }
+  }
+}
+
 // From version 0, which has no tables, to `to`, everything that came in between.
 void Upgrade(session::Connection& connection, const CreationOptions& options, int from, int to) {
   const auto is_due = [&](int since) { return from < since && since <= to; };
@@ -39,6 +49,9 @@ void Upgrade(session::Connection& connection, const CreationOptions& options, in
           connection.Execute(sqlite::AddColumn(table, column));
         }
       }
+    }
+    if (from > 0) {
+      FillColumns(connection, table, is_due);
     }
     for (const Index& index : table.indexes) {
       if (is_due(std::max(index.since, table.since))) {

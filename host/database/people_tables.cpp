@@ -42,6 +42,7 @@ Table Persons() {
                   {"pTypEmp", "pTypEmp IS NOT NULL"},
                   {"pDocIni", "pDocIni IS NOT NULL"}},
       .row_guid = true,
+      .logged = true,
   };
 }
 

@@ -14,6 +14,8 @@ struct Column {
   int size = 0;                         // characters of a Text column
   std::string_view default_value = {};  // as a statement writes it; empty is null
   int since = 1;                        // the schema version that brought it
+  std::string_view upgrade = {};        // what rows of an older version are given, as SQLite writes it
+  bool secret = false;                  // the change log says that it changed, not from what to what
 };
 
 struct Index {
@@ -32,10 +34,14 @@ struct Table {
   std::vector<Index> indexes = {};
   bool row_guid = false;
   int since = 1;
+  bool logged = false;  // what a session writes to it stands in the change log
 };
 
 // The version that a new database has.
-inline constexpr int kSchemaVersion = 2;
+inline constexpr int kSchemaVersion = 3;
+
+// What sessions wrote to the tables that are `logged`, and who logged in.
+inline constexpr std::string_view kChangeLog = "ChangeTable";
 
 const std::vector<Table>& PracticeTables();
 // By name without regard to case; null when there is none.
@@ -52,6 +58,9 @@ bool IsTextColumn(std::string_view name);
 // UserOptionTable     UOID; UOUseNam (the login name), UOSection, UOKey, UOValue
 // PickListTable       PLID; PLKind ("SEXTITLE", "FEESCHED", "MEDALERT", "MEDSPEC", "BILTTL", "PROTITLE"), PLCode, PLDes
 // LogTable            LogID; LogKind ("CM", "CHANGE", "INS_LOG"), LogCat, LogPid, LogText, LogWho, LogDat
+// ChangeTable         ChaID; ChaDat, ChaWho (the login name), ChaWhat ("added", "changed", "deleted", "login",
+// "refused"),
+//                     ChaTab, ChaRecID, ChaCol, ChaOld, ChaNew: a row for each column that a statement changed
 // RecordLockTable     RLID; RLTable, RLRecID, RLWho, RLOwner (the process that holds it), RLDat
 // AccountTable        AccID; AccPid, AccBal, AccPlaBal, AccPla (0 none, 1 own, 2 family budget plan)
 //

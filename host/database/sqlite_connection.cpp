@@ -1,5 +1,6 @@
 #include "database/sqlite_connection.h"
 
+#include "database/sqlite_change_log.h"
 #include "database/sqlite_handle.h"
 #include "database/sqlite_recordset.h"
 #include "forms/text.h"
@@ -33,6 +34,8 @@ class SqliteFile {
   }
 
   Identity identity;
+  const ChangeAuthor* author = nullptr;
+  bool logs_changes = false;
   bool in_memory;
   SqliteHandle main;
   SqliteReaders readers;
@@ -78,6 +81,14 @@ void SqliteConnection::CommitTrans() {
 
 void SqliteConnection::RollbackTrans() {
   file_->main.Run("ROLLBACK");
+}
+
+void SqliteConnection::WriteAs(const ChangeAuthor* author) {
+  if (author != nullptr && !file_->logs_changes) {
+    LogChanges(file_->main, file_->author);
+    file_->logs_changes = true;
+  }
+  file_->author = author;
 }
 
 void SqliteConnection::Cancel() {

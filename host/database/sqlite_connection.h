@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "database/change_author.h"
 #include "session/connection.h"
 
 namespace host {
@@ -32,6 +33,9 @@ class SqliteConnection final : public session::Connection {
   void CommitTrans() override;
   void RollbackTrans() override;
   void Cancel() override;
+
+  // Whose the changes are from now on, nullptr for nobody's: those are not logged. The practice has its tables by then.
+  void WriteAs(const ChangeAuthor* author);
 
  private:
   std::unique_ptr<SqliteFile> file_;

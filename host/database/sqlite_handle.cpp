@@ -132,16 +132,21 @@ void SqliteHandle::Run(const std::string& batch) {
   }
 }
 
+void SqliteHandle::AddFunction(const char* name, const void* state,
+                               void (*answer)(sqlite3_context*, int, sqlite3_value**)) {
+  sqlite3_create_function(database_.get(), name, 0, SQLITE_UTF8, const_cast<void*>(state), answer, nullptr, nullptr);
+}
+
 void SqliteHandle::Interrupt() {
   if (stepping_) {
     sqlite3_interrupt(database_.get());
   }
 }
 
-// Triggers of the schema insert nothing, so the last insert that is heard of is the statement's own.
+// Triggers insert nothing but into the change log, so the last other insert that is heard of is the statement's own.
 void SqliteHandle::NoteInsert(void* handle, int operation, const char* /*schema*/, const char* table,
                               sqlite3_int64 row) {
-  if (operation == SQLITE_INSERT) {
+  if (operation == SQLITE_INSERT && std::string_view(table) != kChangeLog) {
     static_cast<SqliteHandle*>(handle)->inserted_ = InsertedRow{table, row};
   }
 }

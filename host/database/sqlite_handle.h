@@ -41,6 +41,8 @@ class SqliteHandle {
   bool Step(sqlite3_stmt* statement, const std::string& batch);
   // Runs a batch that has no rows.
   void Run(const std::string& batch);
+  // A function without arguments for statements, which is given `state` as its user data.
+  void AddFunction(const char* name, const void* state, void (*answer)(sqlite3_context*, int, sqlite3_value**));
   // Ends the step that is under way, from whichever thread.
   void Interrupt();
 

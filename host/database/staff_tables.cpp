@@ -2,22 +2,46 @@
 
 namespace host::tables {
 
+namespace {
+
+Column Secret(std::string_view name, int size) {
+  Column column = Text(name, size);
+  column.secret = true;
+  return column;
+}
+
+// 0 but for logins that had their name with others before names were unique: they keep it and are told apart.
+Column Namesake(std::string_view name) {
+  Column column = Flag(name);
+  column.since = 3;
+  column.upgrade =
+      "(SELECT COUNT(*) FROM PWMTable AS elder WHERE elder.PWMUseNam=PWMTable.PWMUseNam AND "
+      "elder.OfficeID=PWMTable.OfficeID AND elder.PWMID<PWMTable.PWMID)";
+  return column;
+}
+
+}  // namespace
+
 // Employees, their logins and rights, schedules and clock times.
 std::vector<Table> Staff() {
   return {
       {.name = "PWMTable",
        .key = "PWMID",
-       .columns = {Int("PWMID"), Text("PWMUseNam", kLogin), Text("PWMPasWor", 200), Int("PWMPid"), Number("OffLocID")},
-       .indexes = {{"PWMUseNam"}, {"PWMPid"}}},
+       .columns = {Int("PWMID"), Text("PWMUseNam", kLogin), Secret("PWMPasWor", 200), Int("PWMPid"), Number("OffLocID"),
+                   Namesake("PWMNamesake")},
+       .indexes = {{"PWMUseNam"}, {"PWMPid"}, {.columns = "PWMUseNam, PWMNamesake", .unique = true, .since = 3}},
+       .logged = true},
       {.name = "PWATable",
        .key = "PWAID",
        .columns = {Int("PWAID"), Int("PWAPWMID"), Text("PWAUseNam", kLogin), Int("OffLocID"), Text("PWAAreOfPro", 40),
                    Flag("PWAReaFla"), Flag("PWAWriFla"), Flag("PWAFla1"), Flag("PWAFla2")},
-       .indexes = {{"PWAUseNam, OffLocID"}, {"PWAPWMID, OffLocID"}}},
+       .indexes = {{"PWAUseNam, OffLocID"}, {"PWAPWMID, OffLocID"}},
+       .logged = true},
       {.name = "ealTable",
        .key = "ealID",
        .columns = {Int("ealID"), Int("ealPWMID"), Int("ealOffLocID"), Flag("ealAccLoc")},
-       .indexes = {{"ealPWMID, ealOffLocID"}}},
+       .indexes = {{"ealPWMID, ealOffLocID"}},
+       .logged = true},
       {.name = "EBTable",
        .key = "EBID",
        .columns = {Int("EBID"),

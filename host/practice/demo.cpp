@@ -5,6 +5,7 @@
 #include "practice/demo_office.h"
 #include "practice/demo_recalls.h"
 #include "practice/demo_staff.h"
+#include "practice/settings.h"
 
 namespace host {
 namespace {
@@ -27,6 +28,9 @@ Practice MakeDemo(const std::string& url, const DemoOptions& options) {
     for (const std::int32_t number : practice.Offices()) {
       demo::DemoOffice office(practice, number, identities, options.seed + static_cast<std::uint64_t>(number));
       FillZipTable(office);
+      WriteOfficeSetting(office.Database(), kDeskSection, kLoginHint,
+                         "This is the demo practice. Log in as admin with the password admin,\n"
+                         "or as front with front, who has fewer rights.");
       demo::OfficeRecords records;
       records.staff = demo::MakeStaff(office, passwords, options.patients);
       const std::int32_t location = records.staff.locations.front();

@@ -15,7 +15,19 @@ HostSession::HostSession(Practice& practice, std::int32_t office, LoginRights us
       database_(practice, office),
       user_(std::move(user)),
       surroundings_(std::move(surroundings)),
+      author_{{}, surroundings_.clock},
       locks_(database_, user_.Name()) {}
+
+HostSession::~HostSession() {
+  practice_.Database().write_as(nullptr);
+}
+
+// Several sessions may share a practice, and users a session: what is run now is this one's.
+session::Connection& HostSession::Connection() {
+  author_.name = user_.Name();
+  practice_.Database().write_as(&author_);
+  return database_.Connection();
+}
 
 std::string HostSession::OfficeSetting(std::string_view section, std::string_view key) const {
   return ReadOfficeSetting(database_, section, key);

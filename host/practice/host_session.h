@@ -32,6 +32,9 @@ struct HandOff {
 class HostSession : public session::Session {
  public:
   HostSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings);
+  HostSession(const HostSession&) = delete;
+  HostSession& operator=(const HostSession&) = delete;
+  ~HostSession() override;
 
   // Hears of every record that was handed off.
   std::function<void(const HandOff&)> OnHandOff;
@@ -47,7 +50,7 @@ class HostSession : public session::Session {
   std::int32_t DatabaseKind() const override { return database_.DatabaseKind(); }
   std::int32_t CurrentOfficeID() const override { return database_.CurrentOfficeID(); }
   std::string PrepareSQL(const std::string& sql, int flag) const override { return database_.PrepareSQL(sql, flag); }
-  session::Connection& Connection() override { return database_.Connection(); }
+  session::Connection& Connection() override;
   bool KeepsRowGuids(std::string_view table) const override { return database_.KeepsRowGuids(table); }
 
   std::string UserName() const override { return user_.Name(); }
@@ -75,6 +78,7 @@ class HostSession : public session::Session {
   mutable OfficeDatabase database_;
   LoginRights user_;
   Surroundings surroundings_;
+  ChangeAuthor author_;
   RecordLocks locks_;
   std::string person_type_;
 };

@@ -10,6 +10,7 @@
 #include "data/literal.h"
 #include "data/statements.h"
 #include "forms/text.h"
+#include "practice/change_log.h"
 
 namespace host {
 namespace {
@@ -32,6 +33,86 @@ void StartSodium() {
   if (sodium_init() < 0) {
     throw std::runtime_error("The password library cannot be started.");
   }
+}
+
+// The first refusals cost nothing but the work of a guess; each further one doubles the wait, up to this.
+constexpr int kFreeRefusals = 3;
+constexpr int kMostDoublings = 8;  // 256 seconds
+
+std::chrono::seconds WaitOf(session::Database& database, std::string_view logged_name, forms::DateTime now) {
+  const Refusals refusals = RefusalsOf(database, logged_name);
+  if (refusals.count < kFreeRefusals) {
+    return std::chrono::seconds(0);
+  }
+  const std::chrono::seconds whole(1 << std::min(refusals.count - kFreeRefusals, kMostDoublings));
+  // A clock that was set back makes nobody wait for longer.
+  return std::clamp(refusals.last + whole - now, std::chrono::seconds(0), whole);
+}
+
+// A login that the name and the password belong to.
+struct Candidate {
+  std::int32_t login = 0;
+  std::int32_t person = 0;
+  std::int32_t primary_location = 0;
+  std::string name;
+};
+
+// What stands for an unknown name: it may be a password that was typed into the wrong field, so that no more of it is
+// kept than tells most names apart.
+std::string MarkOf(std::string_view unknown_name) {
+  StartSodium();
+  const std::string folded = forms::ToUpper(unknown_name);
+  std::array<unsigned char, crypto_generichash_BYTES_MIN> hash{};
+  crypto_generichash(hash.data(), hash.size(), reinterpret_cast<const unsigned char*>(folded.data()), folded.size(),
+                     nullptr, 0);
+  return "unknown name #" + std::to_string((hash[0] << 8U) | hash[1]);
+}
+
+std::string LoggedName(const data::Statements& statements, std::string_view name) {
+  const std::string known = session::ToText(statements.SelectValue(
+      "SELECT PWMUseNam FROM PWMTable WHERE (PWMUseNam=" + Literal(name) + ")" + statements.Office()));
+  return known.empty() ? MarkOf(name) : known;
+}
+
+// Namesakes are told apart by their passwords. Where there is no such name, a guess at somebody's password takes the
+// time that one at his own would.
+std::optional<Candidate> CandidateOf(const data::Statements& statements, std::string_view name,
+                                     std::string_view password) {
+  const auto logins = statements.Select(
+      "SELECT PWMID, PWMUseNam, PWMPasWor, PWMPid, OffLocID FROM PWMTable WHERE (PWMUseNam=" + Literal(name) + ")" +
+      statements.Office());
+  if (logins->Eof()) {
+    PasswordMatches(session::ToText(statements.SelectValue("SELECT TOP 1 PWMPasWor FROM PWMTable WHERE (PWMID>0)" +
+                                                           statements.Office())),
+                    password);
+  }
+  for (; !logins->Eof(); logins->MoveNext()) {
+    if (PasswordMatches(session::ToText(logins->Get(2)), password)) {
+      return Candidate{session::ToId(logins->Get(0)), session::ToId(logins->Get(3)), session::ToId(logins->Get(4)),
+                       session::ToText(logins->Get(1))};
+    }
+  }
+  return std::nullopt;
+}
+
+// The primary location is granted always.
+bool Grants(const data::Statements& statements, const Candidate& login, std::int32_t location) {
+  return location == login.primary_location ||
+         !statements
+              .Select("SELECT ealID FROM ealTable WHERE (ealPWMID=" + Literal(login.login) +
+                      ") AND (ealOffLocID=" + Literal(location) + ") AND (ealAccLoc<>0)" + statements.Office())
+              ->Eof();
+}
+
+LoginRights RightsAt(const data::Statements& statements, const Candidate& login, std::int32_t location) {
+  LoginRights rights(login.name);
+  const auto granted =
+      statements.Select("SELECT PWAAreOfPro FROM PWATable WHERE (PWAPWMID=" + Literal(login.login) +
+                        ") AND (OffLocID=" + Literal(location) + ") AND (PWAWriFla<>0)" + statements.Office());
+  for (; !granted->Eof(); granted->MoveNext()) {
+    rights.Grant(session::ToText(granted->Get(0)));
+  }
+  return rights;
 }
 
 }  // namespace
@@ -99,33 +180,21 @@ void SetPassword(session::Database& database, std::int32_t login, std::string_vi
   data::Statements(database).Update("PWMTable", {{"PWMPasWor", Literal(hash)}}, "PWMID", login);
 }
 
-std::optional<LoginResult> LogIn(session::Database& database, std::string_view name, std::string_view password,
-                                 std::int32_t location) {
+LoginAnswer LogIn(session::Database& database, std::string_view name, std::string_view password, forms::DateTime now,
+                  std::int32_t location) {
   const data::Statements statements(database);
-  const auto login = statements.Select(
-      "SELECT PWMID, PWMUseNam, PWMPasWor, PWMPid, OffLocID FROM PWMTable WHERE (PWMUseNam=" + Literal(name) + ")" +
-      statements.Office());
-  if (login->Eof() || !PasswordMatches(session::ToText(login->Get(2)), password)) {
-    return std::nullopt;
+  const std::string logged_name = LoggedName(statements, name);
+  if (const auto wait = WaitOf(database, logged_name, now); wait.count() > 0) {
+    return {std::nullopt, wait};
   }
-  const std::int32_t id = session::ToId(login->Get(0));
-  const std::int32_t primary = session::ToId(login->Get(4));
-  const std::int32_t opened = location == 0 ? primary : location;
-  if (opened != primary &&
-      statements
-          .Select("SELECT ealID FROM ealTable WHERE (ealPWMID=" + Literal(id) +
-                  ") AND (ealOffLocID=" + Literal(opened) + ") AND (ealAccLoc<>0)" + statements.Office())
-          ->Eof()) {
-    return std::nullopt;
+  const std::optional<Candidate> login = CandidateOf(statements, name, password);
+  const std::int32_t opened = login && location == 0 ? login->primary_location : location;
+  if (!login || !Grants(statements, *login, opened)) {
+    LogTry(database, {.who = logged_name, .when = now});
+    return {std::nullopt, WaitOf(database, logged_name, now)};
   }
-  LoginResult result{id, session::ToId(login->Get(3)), opened, LoginRights(session::ToText(login->Get(1)))};
-  const auto rights =
-      statements.Select("SELECT PWAAreOfPro FROM PWATable WHERE (PWAPWMID=" + Literal(id) +
-                        ") AND (OffLocID=" + Literal(opened) + ") AND (PWAWriFla<>0)" + statements.Office());
-  for (; !rights->Eof(); rights->MoveNext()) {
-    result.rights.Grant(session::ToText(rights->Get(0)));
-  }
-  return result;
+  LogTry(database, {.who = logged_name, .login = login->login, .when = now});
+  return {LoginResult{login->login, login->person, opened, RightsAt(statements, *login, opened)}, {}};
 }
 
 }  // namespace host

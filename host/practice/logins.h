@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -9,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/dates.h"
 #include "session/session.h"
 
 namespace host {
@@ -80,9 +82,17 @@ struct NewLogin {
 std::int32_t AddLogin(session::Database& database, const NewLogin& login);
 void SetPassword(session::Database& database, std::int32_t login, std::string_view hash);
 
-// Opens a session's login at a location, 0 for its primary one. Nothing when name and password do not belong
-// together or the location is not granted to the login.
-std::optional<LoginResult> LogIn(session::Database& database, std::string_view name, std::string_view password,
-                                 std::int32_t location = 0);
+struct LoginAnswer {
+  std::optional<LoginResult> login;  // nothing when it is refused
+  std::chrono::seconds wait{0};      // until when no try of this name is looked at
+
+  explicit operator bool() const { return login.has_value(); }
+};
+
+// Opens a session's login at a location, 0 for its primary one. Refused when name and password do not belong together
+// or the location is not granted to the login; after some refusals for a growing time, whatever the password is. An
+// unknown name takes as long as a wrong password, and waits as long. Each login and refusal stands in the change log.
+LoginAnswer LogIn(session::Database& database, std::string_view name, std::string_view password, forms::DateTime now,
+                  std::int32_t location = 0);
 
 }  // namespace host

@@ -11,6 +11,12 @@ inline constexpr std::string_view kOfficeDefaults = "DEFAULT_OFFICE_SETUP";
 // The provider of a new patient; "OFF_PRA_PRO" is the practice's own.
 inline constexpr std::string_view kDefaultProvider = "OFF_DEF_PRO";
 
+// The desk's own settings of an office: after how many idle minutes it locks itself, "0" for never; what its login says
+// below the name.
+inline constexpr std::string_view kDeskSection = "DESK";
+inline constexpr std::string_view kLockMinutes = "LOCK_MINUTES";
+inline constexpr std::string_view kLoginHint = "LOGIN_HINT";
+
 // Options belong to a login name. Sections and keys are compared without regard to case. An absent one is empty.
 std::string ReadOfficeSetting(session::Database& database, std::string_view section, std::string_view key);
 void WriteOfficeSetting(session::Database& database, std::string_view section, std::string_view key,

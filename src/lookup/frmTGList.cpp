@@ -36,8 +36,10 @@ forms::GridColumn ColumnOf(const session::Field& field) {
   constexpr int kLetter = 8;
   constexpr int kMostLetters = 26;
   constexpr int kUnknownLetters = 16;
+  constexpr int kMomentLetters = 19;
   const bool text = field.type == session::FieldType::Text;
-  const int unsized = text ? kUnknownLetters : kLetter;
+  const bool moment = field.type == session::FieldType::DateTime;
+  const int unsized = text ? kUnknownLetters : moment ? kMomentLetters : kLetter;
   const int letters = std::max(static_cast<int>(field.name.size()) + 2,
                                field.defined_size > 0 ? std::min(field.defined_size, kMostLetters) : unsized);
   return {.key = field.name,

@@ -6,6 +6,7 @@
 
 #include "console/demo_command.h"
 #include "console/describe_command.h"
+#include "console/log_command.h"
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
 #include "console/terminal.h"
@@ -22,7 +23,9 @@ constexpr const char* kUsage =
     "                                          container, parted by tabs\n"
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
     "[--row-guids]\n"
-    "                                          makes a demo practice\n";
+    "                                          makes a demo practice\n"
+    "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
+    "                                          who changed what and when, and who logged in\n";
 
 class UsageError {};
 
@@ -81,6 +84,30 @@ int MakeDemoPractice(Words& words) {
   return 0;
 }
 
+int ShowLog(Words& words) {
+  host::ChangeFilter filter;
+  std::string url;
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--database") {
+      url = words.Take();
+    } else if (option == "--user") {
+      filter.who = words.Take();
+    } else if (option == "--table") {
+      filter.table = words.Take();
+    } else if (option == "--record") {
+      filter.record = words.TakeNumber();
+    } else {
+      throw UsageError();
+    }
+  }
+  if (url.empty()) {
+    throw UsageError();
+  }
+  host::PrintChanges(url, filter, std::cout);
+  return 0;
+}
+
 int RunFiles(Words& words) {
   host::RunOptions options;
   std::vector<std::string> files;
@@ -124,6 +151,9 @@ int RunCommand(Words& words) {
   }
   if (command == "demo") {
     return MakeDemoPractice(words);
+  }
+  if (command == "log") {
+    return ShowLog(words);
   }
   if (command == "--database") {
     const std::string url = words.Take();

@@ -13,11 +13,15 @@ namespace {
 using session::DatabaseError;
 using session::ToId;
 
+// Indexes and triggers, and the columns of tables, in whichever order.
 std::set<std::string> Objects(session::Connection& connection) {
   std::set<std::string> objects;
-  const auto rows = connection.Execute("SELECT type || ' ' || name || ' ' || coalesce(sql, '') FROM sqlite_schema");
-  for (; !rows->Eof(); rows->MoveNext()) {
-    objects.insert(session::ToText(rows->Get(0)));
+  for (const char* all : {"SELECT coalesce(sql, name) FROM sqlite_schema WHERE type<>'table'",
+                          "SELECT t.name || ' ' || c.name || ' ' || c.type || ' ' || coalesce(c.dflt_value, '') "
+                          "FROM sqlite_schema t, pragma_table_info(t.name) c"}) {
+    for (const auto rows = connection.Execute(all); !rows->Eof(); rows->MoveNext()) {
+      objects.insert(session::ToText(rows->Get(0)));
+    }
   }
   return objects;
 }
@@ -27,12 +31,14 @@ TEST(Migration, OlderDatabaseBecomesLikeANewOne) {
   const CreationOptions options{.kind = 7, .office = 3, .offices = 4, .row_guids = true};
   CreateSchema(old, options, 1);
   old.Execute("INSERT INTO ZipCodTable (ZipCodCit) VALUES ('Boston')");
+  old.Execute("INSERT INTO PWMTable (PWMUseNam) VALUES ('ann'), ('bob'), ('ANN')");
   EXPECT_THROW(old.Execute("SELECT * FROM PickListTable"), DatabaseError);
   const CreationOptions kept = MigrateSchema(old);
   EXPECT_EQ(kept.kind, 7);
   EXPECT_EQ(kept.offices, 4);
   EXPECT_TRUE(kept.row_guids);
   EXPECT_EQ(ToId(old.Execute("SELECT OfficeID FROM ZipCodTable WHERE ZipCodID=1")->Get(0)), 3);
+  EXPECT_EQ(ToId(old.Execute("SELECT PWMNamesake FROM PWMTable WHERE PWMID=3")->Get(0)), 1);
   SqliteConnection fresh(":memory:");
   CreateSchema(fresh, options);
   EXPECT_EQ(Objects(old), Objects(fresh));

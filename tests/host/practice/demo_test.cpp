@@ -103,13 +103,13 @@ TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
 TEST(Demo, ItsLoginsOpen) {
   Practice practice = Make(1);
   HostSession session(practice, practice.Office(), LoginRights("x"), StandingStill());
-  const auto admin = LogIn(session.Office(), "admin", "admin");
-  const auto front = LogIn(session.Office(), "front", "front");
+  const auto admin = LogIn(session.Office(), "admin", "admin", session.Now());
+  const auto front = LogIn(session.Office(), "front", "front", session.Now());
   ASSERT_TRUE(admin && front);
-  EXPECT_TRUE(admin->rights.Supervisor());
-  EXPECT_TRUE(front->rights.Has("EDIT-EMP-INS"));
-  EXPECT_FALSE(front->rights.Has("CHANGE-PRO-NAME"));
-  EXPECT_FALSE(front->rights.Has("CHANGE-REF-NAME"));
+  EXPECT_TRUE(admin.login->rights.Supervisor());
+  EXPECT_TRUE(front.login->rights.Has("EDIT-EMP-INS"));
+  EXPECT_FALSE(front.login->rights.Has("CHANGE-PRO-NAME"));
+  EXPECT_FALSE(front.login->rights.Has("CHANGE-REF-NAME"));
   EXPECT_EQ(Ask(practice, "SELECT pTypDoc FROM PATable WHERE pID=" +
                               session.OfficeSetting("DEFAULT_OFFICE_SETUP", "OFF_DEF_PRO")),
             "1");
