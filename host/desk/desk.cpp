@@ -3,6 +3,10 @@
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "database/file_path.h"
 #include "desk/frmGallery_view.h"
 #include "desk/frmLogin_view.h"
 
@@ -43,13 +47,25 @@ views::ViewRegistry Desk::Views() {
 }
 
 bool Desk::LogIn() {
+  const std::filesystem::path remembered = FilePath(data_folder_ + "/last_user.txt");
   frmLogin login = LoginOf(practice_);
+  std::string last_user;
+  std::getline(std::ifstream(remembered), last_user);
+  login.Remember(last_user);
   user_.Show(login);
   if (!login.Result) {
     return false;
   }
+  std::ofstream(remembered) << login.Result->rights.Name() << '\n';
   Open(*login.Result, login.Office);
   return true;
+}
+
+void Desk::AskForUser() {
+  frmLogin login = LoginOf(practice_);
+  login.Office = session_->CurrentOfficeID();
+  login.LockFor(session_->UserName());
+  user_.Show(login);
 }
 
 void Desk::Open(const LoginResult& login, std::int32_t office) {

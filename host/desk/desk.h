@@ -29,6 +29,8 @@ class Desk {
   // Asks who works; false when given up. The public classes then serve that login.
   bool LogIn();
   void Open(const LoginResult& login, std::int32_t office);
+  // Asks the user who is logged in for his password until he gives it.
+  void AskForUser();
 
   // What every window stands before; nullptr for none.
   void SetMainWindow(wxWindow* window);

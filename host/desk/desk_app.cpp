@@ -31,6 +31,7 @@ void DeskApp::Serve(std::unique_ptr<Desk> desk) {
   SetExitOnFrameDelete(true);
   frame->Show();
   frame->Raise();
+  lock_ = std::make_unique<IdleLock>(*desk_);
 }
 
 bool DeskApp::OnInit() {
@@ -59,6 +60,7 @@ int DeskApp::OnRun() {
 }
 
 int DeskApp::OnExit() {
+  lock_.reset();
   desk_.reset();
   return wxApp::OnExit();
 }

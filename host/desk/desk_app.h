@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desk/desk.h"
+#include "desk/idle_lock.h"
 
 namespace host {
 
@@ -37,6 +38,7 @@ class DeskApp : public wxApp {
   std::function<void(DeskApp&)> work_;
   std::function<void(const std::string&)> report_;
   std::unique_ptr<Desk> desk_;
+  std::unique_ptr<IdleLock> lock_;
   int status_ = 0;
 };
 

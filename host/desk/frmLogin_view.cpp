@@ -11,7 +11,7 @@ namespace host {
 
 void LayOut_frmLogin(views::FormDialog& dialog, frmLogin& form) {
   const int gap = dialog.FromDIP(10);
-  views::FieldGroup group(&dialog, "Practice");
+  views::FieldGroup group(&dialog, "Log in");
   const auto row = [&](forms::Label& caption, forms::TextBox& field) {
     wxWindow* label = views::MakeCaption(group.Box(), caption);
     group.Row(label, {views::MakeTextBox(group.Box(), field, 26)});
@@ -22,7 +22,11 @@ void LayOut_frmLogin(views::FormDialog& dialog, frmLogin& form) {
   group.Row(office, {views::MakeComboBox(group.Box(), form.cboOffice, 20)});
 
   auto* page = new wxBoxSizer(wxVERTICAL);
+  wxWindow* practice = views::MakeLabel(&dialog, form.lblPractice);
+  practice->SetFont(practice->GetFont().Scaled(1.4F).Bold());
+  page->Add(practice, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, gap));
   page->Add(group.Sizer(), wxSizerFlags(1).Expand().Border(wxALL, gap));
+  page->Add(views::MakeLabel(&dialog, form.lblHint), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   page->Add(views::MakeLabel(&dialog, form.lblMessage), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
   page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, gap));
   dialog.SetSizer(page);

@@ -1,5 +1,7 @@
 #include "desk/tour.h"
 
+#include "desk/change_list.h"
+
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
@@ -107,6 +109,13 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"frmTGList", open_list(session::lulEmployee)},
       {"frmTGList-recall", open_list(session::lulRecallMaster)},
+      {"frmTGList-changes",
+       [&desk] {
+         const session::ScreenContext context = desk.Context();
+         context.session.Connection().Execute(context.session.PrepareSQL(
+             "UPDATE PATable SET pADD1='14 Elm Street', pZIP='02134' WHERE pID=" + std::to_string(1), 1));
+         ShowChangeList(context);
+       }},
       {"frmGallery", gallery},
       {"frmGallery-lists", gallery, page(1)},
       {"frmGallery-grid", gallery, page(2)},

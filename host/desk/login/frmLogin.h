@@ -1,8 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
@@ -17,32 +19,50 @@ namespace host {
 // Who works, and in which office of the practice. A refusal leaves what was typed.
 class frmLogin : public forms::Form {
  public:
+  struct OfficeChoice {
+    std::int32_t number = 0;
+    std::string practice;  // its name
+    std::string hint;      // what to type, on a practice that is for trying out
+  };
   // Opens the login of a practice's office.
-  using Check = std::function<std::optional<LoginResult>(std::int32_t office, const std::string& name,
-                                                         const std::string& password)>;
+  using Check = std::function<LoginAnswer(std::int32_t office, const std::string& name, const std::string& password)>;
 
-  frmLogin(const std::vector<std::int32_t>& offices, std::int32_t first_office, Check check);
+  frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check);
 
+  // Set before it is shown: who worked here last.
+  void Remember(const std::string& user);
+  // The same window for a desk that locked itself: it opens for its user only, and cannot be given up.
+  void LockFor(const std::string& user);
+
+  forms::Label lblPractice;
   forms::Label lblUser;
   forms::TextBox txtUser;
   forms::Label lblPassword;
   forms::TextBox txtPassword;
   forms::Label lblOffice;
   forms::ComboBox cboOffice;  // seen where the practice has several
-  forms::Label lblMessage;    // why the last try failed
+  forms::Label lblHint;
+  forms::Label lblMessage;  // why the last try failed
   forms::DialogButtons DialogButtons1;
 
   // Nothing when given up.
   std::optional<LoginResult> Result;
   std::int32_t Office;
 
- private:
-  void Try();
+ protected:
+  bool QueryClose() override { return !locked_ || Result; }
 
+ private:
+  void ChooseOffice();
+  void Try();
+  void Refuse(const std::string& why, forms::Control& field);
+
+  std::vector<OfficeChoice> offices_;
   Check check_;
+  bool locked_ = false;
 };
 
-// A login form over the practice's own logins.
+// A login form over the practice's own logins, at the machine's time.
 frmLogin LoginOf(Practice& practice);
 
 }  // namespace host

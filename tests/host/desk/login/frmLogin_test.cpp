@@ -5,19 +5,21 @@
 namespace {
 
 using host::frmLogin;
+using host::LoginAnswer;
 using host::LoginResult;
 
 // Lets "ann" in with "pw" and notes the office.
 frmLogin::Check OnlyAnn(std::int32_t& office_asked) {
   return [&office_asked](std::int32_t office, const std::string& name, const std::string& password) {
     office_asked = office;
-    return name == "ann" && password == "pw" ? std::optional(LoginResult{5, 0, 0, {}}) : std::nullopt;
+    return name == "ann" && password == "pw" ? LoginAnswer{LoginResult{5, 0, 0, {}}, {}}
+                                             : LoginAnswer{std::nullopt, std::chrono::seconds(password.size() / 5)};
   };
 }
 
 TEST(FrmLogin, KeepsWhatWasTypedWhenRefused) {
   std::int32_t office = 0;
-  frmLogin form({1}, 1, OnlyAnn(office));
+  frmLogin form({{1, "Bay Dental", ""}}, 1, OnlyAnn(office));
   form.txtUser.DoType(" ann ");
   form.txtPassword.DoType("no");
   form.DialogButtons1.OK.DoClick();
@@ -37,7 +39,7 @@ TEST(FrmLogin, KeepsWhatWasTypedWhenRefused) {
 
 TEST(FrmLogin, AsksForAName) {
   std::int32_t office = 0;
-  frmLogin form({1}, 1, OnlyAnn(office));
+  frmLogin form({{1, "Bay Dental", ""}}, 1, OnlyAnn(office));
   form.DialogButtons1.OK.DoClick();
   EXPECT_EQ(form.lblMessage.Caption.get(), "Please type your user name.");
   EXPECT_TRUE(form.txtUser.HasFocus());
@@ -46,11 +48,15 @@ TEST(FrmLogin, AsksForAName) {
 
 TEST(FrmLogin, OffersTheOfficesOfAPracticeThatHasSeveral) {
   std::int32_t office = 0;
-  EXPECT_FALSE(frmLogin({1}, 1, OnlyAnn(office)).cboOffice.Visible);
-  frmLogin form({1, 2, 7}, 2, OnlyAnn(office));
+  EXPECT_FALSE(frmLogin({{1, "Bay Dental", ""}}, 1, OnlyAnn(office)).cboOffice.Visible);
+  frmLogin form({{1, "Bay", "hint"}, {2, "Hill", ""}, {7, "Lake", "ann, pw"}}, 2, OnlyAnn(office));
   EXPECT_TRUE(form.cboOffice.Visible);
   EXPECT_EQ(form.cboOffice.Text.get(), "Office 2");
+  EXPECT_EQ(form.lblPractice.Caption.get(), "Hill");
+  EXPECT_FALSE(form.lblHint.Visible);
   form.cboOffice.DoPick(2);
+  EXPECT_EQ(form.lblPractice.Caption.get(), "Lake");
+  EXPECT_EQ(form.lblHint.Caption.get(), "ann, pw");
   form.txtUser.DoType("ann");
   form.txtPassword.DoType("pw");
   form.DialogButtons1.OK.DoClick();
@@ -59,18 +65,35 @@ TEST(FrmLogin, OffersTheOfficesOfAPracticeThatHasSeveral) {
 }
 
 TEST(FrmLogin, SaysWhenTheDatabaseCannotBeRead) {
-  frmLogin form({1}, 1, [](auto&&...) -> std::optional<LoginResult> {
-    throw session::DatabaseError("disk I/O error", "SELECT", 10);
-  });
+  frmLogin form({{1, "Bay Dental", ""}}, 1,
+                [](auto&&...) -> LoginAnswer { throw session::DatabaseError("disk I/O error", "SELECT", 10); });
   form.txtUser.DoType("ann");
   form.DialogButtons1.OK.DoClick();
   EXPECT_THAT(form.lblMessage.Caption.get(), testing::HasSubstr("disk I/O error"));
   EXPECT_FALSE(form.Closed());
 }
 
+TEST(FrmLogin, ALockedDeskOpensForItsUserOnly) {
+  std::int32_t office = 0;
+  frmLogin form({{1, "Bay Dental", ""}}, 1, OnlyAnn(office));
+  form.LockFor("ann");
+  form.DoKey(forms::Key::Esc);
+  EXPECT_FALSE(form.DoClose());
+  EXPECT_TRUE(form.txtPassword.HasFocus());
+  form.txtUser.DoType("bob");
+  EXPECT_EQ(form.txtUser.Text.get(), "ann");
+  form.txtPassword.DoType("wrong, and long");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_EQ(form.lblMessage.Caption.get(),
+            "User name and password do not belong together. Please wait 3 seconds before the next try.");
+  form.txtPassword.DoType("pw");
+  form.txtPassword.DoKey(forms::Key::Enter);
+  EXPECT_TRUE(form.Closed());
+}
+
 TEST(FrmLogin, IsGivenUpByCancel) {
   std::int32_t office = 0;
-  frmLogin form({1}, 1, OnlyAnn(office));
+  frmLogin form({{1, "Bay Dental", ""}}, 1, OnlyAnn(office));
   form.DoKey(forms::Key::Esc);
   EXPECT_TRUE(form.Closed());
   EXPECT_FALSE(form.Result);

@@ -1,0 +1,103 @@
+#include "desk/idle_lock.h"
+
+#include <wx/evtloop.h>
+#include <wx/menu.h>
+#include <wx/stopwatch.h>
+#include <wx/toplevel.h>
+
+#include <charconv>
+#include <utility>
+#include <vector>
+
+#include "practice/settings.h"
+
+namespace host {
+namespace {
+
+constexpr int kLookEvery = 5000;  // milliseconds
+constexpr int kUsualMinutes = 15;
+
+int LockMinutes(const HostSession& session) {
+  const std::string text = session.OfficeSetting(kDeskSection, kLockMinutes);
+  int minutes = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), minutes);
+  return error == std::errc() && end == text.data() + text.size() ? minutes : kUsualMinutes;
+}
+
+// Windows without their contents and names.
+class Curtain {
+ public:
+  Curtain() {
+    for (wxWindow* window : wxTopLevelWindows) {
+      auto& top = dynamic_cast<wxTopLevelWindow&>(*window);
+      titles_.emplace_back(&top, top.GetTitle());
+      top.SetTitle("Locked");
+      for (wxWindow* part : top.GetChildren()) {
+        if (!part->IsTopLevel() && part->IsShown()) {
+          part->Hide();
+          hidden_.push_back(part);
+        }
+      }
+    }
+  }
+  Curtain(const Curtain&) = delete;
+  Curtain& operator=(const Curtain&) = delete;
+  ~Curtain() {
+    for (wxWindow* part : hidden_) {
+      part->Show();
+    }
+    for (const auto& [top, title] : titles_) {
+      top->SetTitle(title);
+    }
+  }
+
+ private:
+  std::vector<std::pair<wxTopLevelWindow*, wxString>> titles_;
+  std::vector<wxWindow*> hidden_;
+};
+
+}  // namespace
+
+IdleLock::IdleLock(Desk& desk) : desk_(desk), touched_(wxGetUTCTimeMillis()) {
+  wxEvtHandler::AddFilter(this);
+  timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Look(); });
+  timer_.Start(kLookEvery);
+}
+
+IdleLock::~IdleLock() {
+  wxEvtHandler::RemoveFilter(this);
+}
+
+int IdleLock::FilterEvent(wxEvent& event) {
+  const wxEventType type = event.GetEventType();
+  if (type == wxEVT_KEY_DOWN || type == wxEVT_CHAR_HOOK || type == wxEVT_MOTION || type == wxEVT_LEFT_DOWN ||
+      type == wxEVT_RIGHT_DOWN || type == wxEVT_MOUSEWHEEL) {
+    touched_ = wxGetUTCTimeMillis();
+  }
+  return Event_Skip;
+}
+
+void IdleLock::Look() {
+  // While a statement runs the windows may paint, and nothing else.
+  const auto* loop = wxEventLoopBase::GetActive();
+  if (locked_ || loop == nullptr || loop->IsYielding()) {
+    return;
+  }
+  const int minutes = LockMinutes(desk_.Session());
+  constexpr int kMinute = 60'000;
+  if (minutes > 0 && wxGetUTCTimeMillis() - touched_ >= static_cast<wxLongLong_t>(minutes) * kMinute) {
+    Lock();
+  }
+}
+
+void IdleLock::Lock() {
+  locked_ = true;
+  {
+    const Curtain curtain;
+    desk_.AskForUser();
+  }
+  locked_ = false;
+  touched_ = wxGetUTCTimeMillis();
+}
+
+}  // namespace host
