@@ -201,7 +201,7 @@ std::string Desk::Value(const std::string& sql) {
 Rows Desk::AllRows(const std::string& condition) {
   Rows all;
   for (const host::Table& table : host::PracticeTables()) {
-    if (table.name == "RecordLockTable") {
+    if (table.name == "RecordLockTable" || table.name == host::kChangeLog) {
       continue;
     }
     auto& rows = all[std::string(table.name)];
