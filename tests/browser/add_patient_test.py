@@ -7,33 +7,16 @@ A failure leaves what the browser showed in PICTURE.
 """
 import base64
 import contextlib
-import os
 import pathlib
-import re
 import sqlite3
-import subprocess
 import sys
 import tempfile
 
+from desk import desk
 from webdriver import Browser, wait_until
 
 # Windows that a person sees, the newest last; their numbers grow.
 WINDOWS = "return Object.values(surfaces).filter(s => s.visible && !s.isTemp).map(s => s.id).sort((a, b) => a - b)"
-
-
-@contextlib.contextmanager
-def desk(program, folder):
-    """The desk on a fresh demo practice; gives its process and its address."""
-    environment = {name: value for name, value in os.environ.items()
-                   if name not in ("DISPLAY", "WAYLAND_DISPLAY", "BROADWAY_DISPLAY", "GDK_BACKEND")}
-    environment.update(XDG_DATA_HOME=folder, XDG_RUNTIME_DIR=folder)
-    with subprocess.Popen([program], env=environment, stdout=subprocess.PIPE, text=True) as process:
-        try:
-            address = re.search(r"http://127\.0\.0\.1:\d+/", process.stdout.readline())
-            assert address, "the desk printed no address"
-            yield process, address[0]
-        finally:
-            process.terminate()
 
 
 class Windows:

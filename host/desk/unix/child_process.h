@@ -19,6 +19,8 @@ class ChildProcess {
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
 
+  // While it runs.
+  pid_t Id() const { return id_; }
   bool Running();
   // Its exit status.
   int WaitForEnd();

@@ -1,8 +1,7 @@
 #include "unix/displays.h"
 
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <sys/socket.h>
+#include <sodium.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,8 +11,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iomanip>
-#include <sstream>
 #include <stdexcept>
 #include <system_error>
 #include <thread>
@@ -21,45 +18,20 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kLoopback = "127.0.0.1";
-
 bool IsSet(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr && *value != '\0';
 }
 
-int FreePort() {
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof address;
-  const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  auto* generic = reinterpret_cast<sockaddr*>(&address);  // NOLINT: the C interface takes it so
-  const bool found = probe >= 0 && bind(probe, generic, length) == 0 && getsockname(probe, generic, &length) == 0;
-  close(probe);
-  if (!found) {
-    throw std::runtime_error("No port of 127.0.0.1 is free.");
-  }
-  return ntohs(address.sin_port);
-}
-
-// Whether a kernel's table of sockets has a line with both texts. It tells who listens without a caller that hangs up.
-bool HasLine(const char* table, const std::string& first, const std::string& second) {
-  std::ifstream lines(table);
+// Whether a file of the kernel's has a line that ends so and has the other text.
+bool HasLine(const std::string& file, std::string_view end, std::string_view part) {
+  std::ifstream lines(file);
   for (std::string line; std::getline(lines, line);) {
-    if (line.find(first) != std::string::npos && line.find(second) != std::string::npos) {
+    if (line.ends_with(end) && line.find(part) != std::string::npos) {
       return true;
     }
   }
   return false;
-}
-
-// The browser and the program come to the server through one socket each.
-bool ServesWindows(int port) {
-  std::ostringstream local;
-  local << "0100007F:" << std::uppercase << std::hex << std::setw(4) << std::setfill('0') << port;
-  return HasLine("/proc/net/tcp", local.str(), " 00000000:0000 0A ") &&
-         HasLine("/proc/net/unix", "/broadway" + std::to_string(port + 1) + ".socket", " 00010000 ");
 }
 
 std::unique_ptr<ChildProcess> Start(const std::vector<std::string>& command, const std::string& package,
@@ -90,22 +62,29 @@ bool HasDisplay() {
   return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("BROADWAY_DISPLAY");
 }
 
-OwnDisplay ServeToBrowser() {
-  namespace fs = std::filesystem;
-  const int port = FreePort();
-  const std::string number = std::to_string(port);
-  if (!IsSet("XDG_RUNTIME_DIR")) {
-    const fs::path folder = fs::temp_directory_path() / ("practice_desk-" + std::to_string(getuid()));
-    fs::create_directories(folder);
-    fs::permissions(folder, fs::perms::owner_all);
-    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+// Broadway takes the programs at an abstract socket, which everybody on the machine can reach: the guard keeps other
+// users out, and a number that nobody can know before keeps them from taking its name.
+OwnDisplay ServeToBrowser(const std::string& title, std::uint16_t port,
+                          const std::function<void(const std::string&)>& log) {
+  auto page = std::make_unique<BrowserServer>(title, port, log);
+  const std::uint32_t number = randombytes_uniform(1'000'000'000);
+  const std::string display = ":" + std::to_string(number);
+  const std::string programs_socket = "/broadway" + std::to_string(number + 1) + ".socket";
+  const std::string guard = ProgramFolder() + "/broadway_guard.so";
+  const char* before = std::getenv("LD_PRELOAD");
+  const std::string preloaded = before != nullptr ? before : "";
+  setenv("LD_PRELOAD", (guard + " " + preloaded).c_str(), 1);
+  auto server = Start({"broadwayd", "--unixsocket=" + page->WindowsSocket(), display}, "libgtk-3-bin", [&] {
+    constexpr std::string_view kListens = " 00010000 ";
+    return HasLine("/proc/net/unix", programs_socket, kListens);
+  });
+  setenv("LD_PRELOAD", preloaded.c_str(), 1);
+  if (!HasLine("/proc/" + std::to_string(server->Id()) + "/maps", guard, "")) {
+    throw std::runtime_error("broadwayd cannot be kept to this user: it does not load " + guard + ".");
   }
-  const std::string display = ":" + number;
-  auto server = Start({"broadwayd", "--address=" + std::string(kLoopback), "--port=" + number, display}, "libgtk-3-bin",
-                      [port] { return ServesWindows(port); });
   setenv("GDK_BACKEND", "broadway", 1);
   setenv("BROADWAY_DISPLAY", display.c_str(), 1);
-  return {std::move(server), "http://" + std::string(kLoopback) + ":" + number + "/"};
+  return {std::move(server), std::move(page)};
 }
 
 // The server takes a free number by itself and writes it when it is up.

@@ -9,17 +9,20 @@
 #include "desk/desk_options.h"
 #include "desk/tour.h"
 #include "unix/displays.h"
+#include "unix/temporary_folder.h"
 
 namespace {
 
 using host::DeskOptions;
 
 constexpr std::string_view kUsage =
-    "practice_desk [--database URL] [--tour DIR] [--scale 1|2]\n"
+    "practice_desk [--database URL] [--port N] [--tour DIR] [--scale 1|2]\n"
     "  --database URL  the practice, as sqlite:PATH; without it a demo practice in your data folder\n"
+    "  --port N        where a browser finds the windows; without it any port that is free\n"
     "  --tour DIR      opens every screen on demo data without showing it and writes a picture of each to DIR\n"
     "  --scale 1|2     size of the windows; a tour without it makes pictures of both, light and dark\n"
-    "Without a display the windows are served to a browser on this machine.\n";
+    "Without a display the windows are served to a browser on this machine, one page at a time. The address that is\n"
+    "printed opens once; the browser is let in again until practice_desk ends.\n";
 
 // The pictures and what else comes with the program.
 std::string ShareFolder() {
@@ -38,30 +41,9 @@ std::string DataFolder() {
   return folder;
 }
 
-// A folder that goes when this goes.
-class TemporaryFolder {
- public:
-  TemporaryFolder() : path_((std::filesystem::temp_directory_path() / "practice_desk-XXXXXX").string()) {
-    if (mkdtemp(path_.data()) == nullptr) {
-      throw std::runtime_error("No folder can be made in " + std::filesystem::temp_directory_path().string() + ".");
-    }
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
 void Tour(const DeskOptions& options) {
   constexpr std::int32_t kPatients = 200;
-  const TemporaryFolder temporary;
+  const host::TemporaryFolder temporary;
   host::Desk desk(host::OpenOrMakeDemo(options.database, temporary.Path(), kPatients), temporary.Path(), ShareFolder(),
                   host::ClassesOfThisProgram);
   if (!host::TakePictures(desk, options.tour)) {
@@ -75,8 +57,9 @@ void Serve(host::DeskApp& app, const DeskOptions& options) {
                                          folder, ShareFolder(), host::ClassesOfThisProgram));
 }
 
+// One write, because the browser's server reports from a thread of its own.
 void Report(const std::string& what) {
-  std::cerr << "practice_desk: " << what << '\n';
+  std::cerr << "practice_desk: " + what + '\n';
 }
 
 // The size of the windows and their colours hold for a process: one for each.
@@ -104,13 +87,14 @@ int Run(const std::string& program, const DeskOptions& options) {
   }
   host::OwnDisplay display;
   if (!host::HasDisplay()) {
-    display = options.tour.empty() ? host::ServeToBrowser() : host::HideFromEverybody();
+    display =
+        options.tour.empty() ? host::ServeToBrowser("Practice Desk", options.port, Report) : host::HideFromEverybody();
   }
-  if (!display.address.empty()) {
+  if (display.page != nullptr) {
     // This display has no resolution of its own, which the toolkit makes good and complains of at every text.
     wxApp::GTKAllowDiagnosticsControl();
     wxApp::GTKSuppressDiagnostics();
-    std::cout << "Open " << display.address << " in a browser on this machine." << std::endl;
+    std::cout << "Open " << display.page->Address() << " in a browser on this machine." << std::endl;
   }
   const auto work = [&options](host::DeskApp& app) {
     if (options.tour.empty()) {

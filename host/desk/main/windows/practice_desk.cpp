@@ -42,8 +42,8 @@ void Work(host::DeskApp& app) {
     throw std::invalid_argument(*wrong + "\n\n" + std::string(kUsage));
   }
   const auto& options = std::get<host::DeskOptions>(parsed);
-  if (!options.tour.empty() || options.scale != 0) {
-    throw std::invalid_argument("Tours and scales are for Linux.\n\n" + std::string(kUsage));
+  if (!options.tour.empty() || options.scale != 0 || options.port != 0) {
+    throw std::invalid_argument("Tours, scales and ports are for Linux.\n\n" + std::string(kUsage));
   }
   Serve(app, options.database);
 }
