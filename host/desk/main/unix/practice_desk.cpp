@@ -57,6 +57,13 @@ void Serve(host::DeskApp& app, const DeskOptions& options) {
                                          folder, ShareFolder(), host::ClassesOfThisProgram));
 }
 
+// The window that stays is as large as the page.
+void FitToPage(host::DeskApp& app) {
+  if (auto* window = dynamic_cast<wxTopLevelWindow*>(app.GetTopWindow())) {
+    window->Maximize();
+  }
+}
+
 // One write, because the browser's server reports from a thread of its own.
 void Report(const std::string& what) {
   std::cerr << "practice_desk: " + what + '\n';
@@ -96,9 +103,12 @@ int Run(const std::string& program, const DeskOptions& options) {
     wxApp::GTKSuppressDiagnostics();
     std::cout << "Open " << display.page->Address() << " in a browser on this machine." << std::endl;
   }
-  const auto work = [&options](host::DeskApp& app) {
+  const auto work = [&options, in_browser = display.page != nullptr](host::DeskApp& app) {
     if (options.tour.empty()) {
       Serve(app, options);
+      if (in_browser) {
+        FitToPage(app);
+      }
     } else {
       Tour(options);
     }
