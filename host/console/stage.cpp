@@ -107,7 +107,8 @@ Stage::~Stage() {
   slots_.SetDAC(nullptr);
   slots_.SetGIC(nullptr);
   slots_.SetGC(nullptr);
-  slots_.SetPrinter({});
+  entry::EditingScreen::SetPrinter({});
+  entry::LookUpList::SetPrinter({});
 }
 
 bool Stage::New(std::string_view class_name, const std::string& name) {

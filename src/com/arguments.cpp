@@ -1,8 +1,5 @@
 #include "com/arguments.h"
 
-#include "entry/record_id.h"
-#include "forms/text.h"
-
 namespace com {
 
 using automation::Assign;
@@ -50,10 +47,7 @@ forms::Currency CurrencyOf(const VARIANT* argument) {
   return forms::Currency::FromTenThousandths(V_CY(&amount).int64);
 }
 
-IdArgument::IdArgument(VARIANT* argument)
-    : argument_(argument),
-      given_(IsLeftOut(argument) ? std::string(entry::kNew) : std::string(forms::Trim(ToText(*argument)))),
-      text_(given_) {}
+IdArgument::IdArgument(VARIANT* argument) : argument_(argument), given_(TextOf(argument)), text_(given_) {}
 
 void IdArgument::Return() const {
   if (text_ == given_) {

@@ -11,8 +11,7 @@
 #include "automation/variant.h"
 #include "forms/currency.h"
 
-// By-reference arguments as the screens take them. One that was left out, or holds Empty or Null, is empty, 0 or False;
-// in a record ID's place it asks for a new record. An empty text is handed on as it is.
+// By-reference arguments as the screens take them. One that was left out, or holds Empty or Null, is empty, 0 or False.
 namespace com {
 
 std::string TextOf(const VARIANT* argument);
@@ -50,8 +49,8 @@ void Return(VARIANT* argument, const T& given, const T& now) {
   }
 }
 
-// A record ID, "NEW" or another text in its place. `Return` leaves the host's argument as it is when the ID has not
-// changed; otherwise it becomes a number where the ID is one.
+// A record ID, "NEW" or another text in its place; an empty one asks for a new record. `Return` leaves the host's
+// argument as it is when the ID has not changed; otherwise it becomes a number where the ID is one.
 class IdArgument {
  public:
   explicit IdArgument(VARIANT* argument);

@@ -1,5 +1,6 @@
 #include "entry/editing_screen.h"
 
+#include "editing/rules.h"
 #include "entry/component_screens.h"
 #include "entry/form_catalog.h"
 #include "entry/record_id.h"
@@ -20,19 +21,19 @@ std::shared_ptr<session::Session> EditingScreen::BeginCall() {
   return session;
 }
 
-std::optional<Outcome> EditingScreen::Edit(const session::Opening& opening) {
+std::optional<Outcome> EditingScreen::EditById(session::Opening opening, std::string& id) {
   const auto session = BeginCall();
   if (session == nullptr) {
     return std::nullopt;
   }
-  return ComponentScreens(*session, user_).Edit(opening);
-}
-
-std::optional<Outcome> EditingScreen::EditById(session::Opening opening, std::string& id) {
-  ReadId(id, opening);
-  const auto outcome = Edit(opening);
-  if (outcome && outcome->Saved()) {
-    id = std::to_string(outcome->id);
+  if (!ReadId(id, opening)) {
+    user_.Tell(editing::Rules::ToldBack(id) + " is neither \"NEW\" nor the number of a record.",
+               std::string(forms::kSuiteTitle), forms::Icon::Information);
+    return std::nullopt;
+  }
+  const Outcome outcome = ComponentScreens(*session, user_).Edit(opening);
+  if (outcome.Saved()) {
+    id = std::to_string(outcome.id);
   }
   return outcome;
 }

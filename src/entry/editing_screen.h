@@ -14,9 +14,9 @@
 namespace entry {
 
 // The editing screens' public class: every method opens one modal screen and returns when it closes. A record ID is
-// a number or "NEW"; the ID that comes back is the saved record's, and stays as given when nothing was saved. Every
-// method tells the person, and changes nothing, while `PV` is not assigned.
-class EditingScreen : public IGlobal {
+// a number or "NEW", which an empty text is too; the ID that comes back is the saved record's, and stays as given when
+// nothing was saved. Every method tells the person, and changes nothing, while `PV` is not assigned.
+class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
  public:
   explicit EditingScreen(forms::User& user) : user_(user) {}
 
@@ -53,9 +53,8 @@ class EditingScreen : public IGlobal {
   // The session that a screen keeps while it is open, whatever the host assigns meanwhile. Tells the person when none
   // was handed over.
   std::shared_ptr<session::Session> BeginCall();
-  // Nothing without a session.
-  std::optional<session::Outcome> Edit(const session::Opening& opening);
-  // `id` tells what to open, and becomes a saved record's.
+  // `id` tells what to open, and becomes a saved record's. Nothing without a session, and for an `id` that is none,
+  // which the person is told as it was typed.
   std::optional<session::Outcome> EditById(session::Opening opening, std::string& id);
   bool OpenNotBuilt(std::string_view form, std::string_view what);
 

@@ -45,8 +45,11 @@ Screen Edits(std::string_view name, std::initializer_list<RecordKind> kinds) {
           .edits = kinds,
           .make = [](const ScreenContext& context) -> std::unique_ptr<forms::Form> {
             auto screen = std::make_unique<T>(context);
-            screen->Properties["Mode"] = {nullptr,
-                                          [&opened = screen->Opened](const std::string& id) { ReadId(id, opened); }};
+            screen->Properties["Mode"] = {nullptr, [&opened = screen->Opened](const std::string& id) {
+                                            if (!ReadId(id, opened)) {
+                                              throw std::invalid_argument("\"" + id + "\" is no record ID");
+                                            }
+                                          }};
             return screen;
           },
           .edit =

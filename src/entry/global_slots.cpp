@@ -1,7 +1,5 @@
 #include "entry/global_slots.h"
 
-#include <utility>
-
 namespace entry {
 namespace {
 
@@ -10,7 +8,6 @@ struct Slots {
   HostObject gic;
   HostObject gc;
   std::shared_ptr<session::Session> pv;
-  Printer printer;
   HostObject main_form;
   int instances = 0;
 };
@@ -74,14 +71,6 @@ void IGlobal::RegisterMainForm(const HostObject& form) {
   if (TheSlots().main_form == nullptr) {
     TheSlots().main_form = form;
   }
-}
-
-void IGlobal::SetPrinter(Printer printer) {
-  TheSlots().printer = std::move(printer);
-}
-
-const Printer& IGlobal::GetPrinter() const {
-  return TheSlots().printer;
 }
 
 }  // namespace entry

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "session/session.h"
 
@@ -40,10 +41,24 @@ class IGlobal {
   // The host's main form, kept from the first instance that had one for as long as there are instances.
   const HostObject& MainForm() const;
   void RegisterMainForm(const HostObject& form);
+};
 
-  // The printer that the host passes in and out for the screens' printing; one for the component.
-  void SetPrinter(Printer printer);
-  const Printer& GetPrinter() const;
+// The printer that the host passes in and out for the screens' printing: one for each public class, whichever instance
+// it was passed through.
+template <typename Class>
+class ClassPrinter {
+ public:
+  static void SetPrinter(Printer printer) { Kept() = std::move(printer); }
+  static const Printer& GetPrinter() { return Kept(); }
+
+ private:
+  ClassPrinter() = default;
+  friend Class;
+
+  static Printer& Kept() {
+    static Printer printer;
+    return printer;
+  }
 };
 
 }  // namespace entry

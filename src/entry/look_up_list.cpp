@@ -4,6 +4,7 @@
 
 #include "entry/component_screens.h"
 #include "entry/record_id.h"
+#include "lookup/list_catalogue.h"
 #include "lookup/look_up.h"
 
 namespace entry {
@@ -30,6 +31,9 @@ class Clearing {
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   const Clearing after(Options.title);
+  if (ListType < 0 || ListType >= lookup::kListKinds) {
+    return;
+  }
   const std::shared_ptr<session::Session> session = PV();
   if (session == nullptr) {
     user_.Tell("The host has not handed over its session (PV).", std::string(forms::kSuiteTitle),
@@ -43,7 +47,8 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   session::ListOptions options = Options;
   options.multi_select = options.multi_select || (InsLLCanMultiSel && IsInsuranceList(ListType));
   const ComponentScreens screens(*session, user_);
-  const session::ListOutcome outcome = lookup::ShowLookUpList(screens.Context(), ListType, options, Events);
+  const session::ListOutcome outcome =
+      lookup::ShowLookUpList(screens.Context(), static_cast<session::LookUpListTypes>(ListType), options, Events);
   if (outcome.Chosen()) {
     Options.selected = outcome.id;
     Select_String = outcome.text;

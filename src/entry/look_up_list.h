@@ -13,8 +13,8 @@ namespace entry {
 
 // The lists' public class. `ShowList` shows the kind in `ListType` and returns when the list closes; the selected
 // record of the options and `Select_String` then hold the chosen one, and are as before when nothing was chosen. The
-// options' title holds for one call.
-class LookUpList : public IGlobal {
+// options' title holds for one call. A `ListType` that is no kind shows nothing.
+class LookUpList : public IGlobal, public ClassPrinter<LookUpList> {
  public:
   explicit LookUpList(forms::User& user) : user_(user) {}
 

@@ -48,8 +48,6 @@ class Reader {
   std::string& Text(const char* name) { return arguments_[name]; }
   std::int32_t Int(const char* name) { return ToInt(arguments_[name]); }
   bool Bool(const char* name) { return forms::IsOn(arguments_[name]); }
-  // A record ID; one that was left out asks for a new record.
-  std::string& Id(const char* name) { return arguments_.try_emplace(name, kNew).first->second; }
 
   void Return(const char* name, bool value) { arguments_[name] = TextOf(value); }
 
@@ -143,14 +141,15 @@ Parameter ByRef(std::string name) {
 }
 
 // The methods that both classes have.
-void AddPrinterMethods(IGlobal& object, std::vector<Method>& methods) {
-  methods.push_back({"SetPrinter", {In("PN"), In("DM"), In("DN")}, [&object](Arguments& arguments) {
+template <typename Class>
+void AddPrinterMethods(std::vector<Method>& methods) {
+  methods.push_back({"SetPrinter", {In("PN"), In("DM"), In("DN")}, [](Arguments& arguments) {
                        Reader reader(arguments);
-                       object.SetPrinter({reader.Text("PN"), reader.Text("DM"), reader.Text("DN")});
+                       Class::SetPrinter({reader.Text("PN"), reader.Text("DM"), reader.Text("DN")});
                        return std::string();
                      }});
-  methods.push_back({"GetPrinter", {ByRef("PN"), ByRef("DM"), ByRef("DN")}, [&object](Arguments& arguments) {
-                       const Printer& printer = object.GetPrinter();
+  methods.push_back({"GetPrinter", {ByRef("PN"), ByRef("DM"), ByRef("DN")}, [](Arguments& arguments) {
+                       const Printer& printer = Class::GetPrinter();
                        arguments["PN"] = printer.name;
                        arguments["DM"] = printer.device_mode;
                        arguments["DN"] = printer.device_names;
@@ -224,7 +223,7 @@ std::vector<Method> RecordMethods(EditingScreen& screen) {
            {ByRef("GroPlaID"), In("InsCoID")},
            [&screen](Arguments& arguments) {
              Reader reader(arguments);
-             screen.Grp_Plan_Start(reader.Id("GroPlaID"), reader.Int("InsCoID"));
+             screen.Grp_Plan_Start(reader.Text("GroPlaID"), reader.Int("InsCoID"));
              return std::string();
            }},
           {"Recall_Master_Start",
@@ -233,7 +232,7 @@ std::vector<Method> RecordMethods(EditingScreen& screen) {
              Reader reader(arguments);
              bool canceled = reader.Bool("Canceled");
              bool data_saved = reader.Bool("DataSaved");
-             screen.Recall_Master_Start(reader.Text("TmpRecNum"), reader.Id("RecallID"), canceled, data_saved);
+             screen.Recall_Master_Start(reader.Text("TmpRecNum"), reader.Text("RecallID"), canceled, data_saved);
              reader.Return("Canceled", canceled);
              reader.Return("DataSaved", data_saved);
              return std::string();
@@ -241,12 +240,12 @@ std::vector<Method> RecordMethods(EditingScreen& screen) {
           {"Ins_Company_Start",
            {ByRef("Ins_Com_ID_Num")},
            [&screen](Arguments& arguments) {
-             screen.Ins_Company_Start(Reader(arguments).Id("Ins_Com_ID_Num"));
+             screen.Ins_Company_Start(Reader(arguments).Text("Ins_Com_ID_Num"));
              return std::string();
            }},
           {"Pharmacy_Start", {ByRef("sPhaID"), ByRef("PhaID")}, [&screen](Arguments& arguments) {
              Reader reader(arguments);
-             screen.Pharmacy_Start(reader.Text("sPhaID"), reader.Id("PhaID"));
+             screen.Pharmacy_Start(reader.Text("sPhaID"), reader.Text("PhaID"));
              return std::string();
            }}};
 }
@@ -257,7 +256,7 @@ std::vector<Method> PersonMethods(EditingScreen& screen) {
            [&screen](Arguments& arguments) {
              Reader reader(arguments);
              bool save_and_book = reader.Bool("GoToQuickAppoint");
-             screen.Load_PatInfo_Small(reader.Id("l_ID"), reader.Text("ns_ID"), save_and_book);
+             screen.Load_PatInfo_Small(reader.Text("l_ID"), reader.Text("ns_ID"), save_and_book);
              reader.Return("GoToQuickAppoint", save_and_book);
              return std::string();
            }},
@@ -265,7 +264,7 @@ std::vector<Method> PersonMethods(EditingScreen& screen) {
            {In("PersonType"), ByRef("SrchFld")},
            [&screen](Arguments& arguments) {
              Reader reader(arguments);
-             screen.PaTable_Edit_Start(reader.Text("PersonType"), reader.Id("SrchFld"));
+             screen.PaTable_Edit_Start(reader.Text("PersonType"), reader.Text("SrchFld"));
              return std::string();
            }},
           {"eReminder_PersonalSetup", {In("PatientID")}, [&screen](Arguments& arguments) {
@@ -283,7 +282,7 @@ Dispatch DispatchOf(EditingScreen& screen) {
   Dispatch dispatch{.class_name = "EditingScreen", .methods = {}, .properties = {}};
   Append(dispatch.methods, PlanMethods(screen));
   Append(dispatch.methods, LocationMethods(screen));
-  AddPrinterMethods(screen, dispatch.methods);
+  AddPrinterMethods<EditingScreen>(dispatch.methods);
   Append(dispatch.methods, RecordMethods(screen));
   Append(dispatch.methods, PersonMethods(screen));
   dispatch.properties = {{"ExtraID", Property(screen.ExtraID)},
@@ -299,7 +298,7 @@ Dispatch DispatchOf(LookUpList& list) {
                                 list.ShowList(Reader(arguments).Bool("InsLLCanMultiSel"));
                                 return std::string();
                               }});
-  AddPrinterMethods(list, dispatch.methods);
+  AddPrinterMethods<LookUpList>(dispatch.methods);
   dispatch.properties = {{"ListType", Property(list.ListType)},
                          {"frmOwner", Property(list.frmOwner)},
                          {"StartForm", Property(list.StartForm)},

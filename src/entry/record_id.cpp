@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
 #include "forms/text.h"
@@ -29,11 +30,20 @@ constexpr std::array kPersonKinds = {
 
 }  // namespace
 
-void ReadId(std::string_view id, Opening& opening) {
-  opening.id = session::ToId(session::Value(std::string(id)));
-  opening.mode = forms::EqualsIgnoringCase(id, kNew)         ? Opening::Mode::New
-                 : forms::EqualsIgnoringCase(id, kEmergency) ? Opening::Mode::Emergency
-                                                             : Opening::Mode::Existing;
+bool ReadId(std::string_view id, Opening& opening) {
+  id = forms::Trim(id);
+  opening.id = 0;
+  if (id.empty() || forms::EqualsIgnoringCase(id, kNew)) {
+    opening.mode = Opening::Mode::New;
+    return true;
+  }
+  if (opening.kind == RecordKind::Patient && forms::EqualsIgnoringCase(id, kEmergency)) {
+    opening.mode = Opening::Mode::Emergency;
+    return true;
+  }
+  opening.mode = Opening::Mode::Existing;
+  const auto [stop, error] = std::from_chars(id.data(), id.data() + id.size(), opening.id);
+  return error == std::errc() && stop == id.data() + id.size();
 }
 
 std::string IdText(const Opening& opening) {

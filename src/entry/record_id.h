@@ -11,8 +11,8 @@ namespace entry {
 
 inline constexpr std::string_view kNew = "NEW";
 
-// "NEW", "EMERGENCY" or a number, in whatever case; any other text is ID 0.
-void ReadId(std::string_view id, session::Opening& opening);
+// "NEW", for a patient "EMERGENCY", or a number, in whatever case; an empty text is "NEW". False for any other text.
+bool ReadId(std::string_view id, session::Opening& opening);
 std::string IdText(const session::Opening& opening);
 
 // The ID as a person's method gives it back: the saved record's, "CANCEL_AND_CLOSE" or "ALREADY_OPEN"; nothing when it

@@ -23,28 +23,16 @@ void SetList(frmTGList& window, const ListDefinition& list, const std::string& t
   window.LayoutKey = list.layout_key;
 }
 
-// A person without a first name is known by the last name alone.
-std::string WithoutOpenComma(std::string name) {
-  if (name.ends_with(", ")) {
-    name.resize(name.size() - 2);
-  }
-  return name;
-}
-
 }  // namespace
 
-session::ListOutcome ShowLookUpList(const ScreenContext& context, std::int32_t type,
+session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookUpListTypes type,
                                     const session::ListOptions& options, const ListEvents& events) {
-  if (type < 0 || type >= kListKinds) {
-    return {};
-  }
-  const auto kind = static_cast<session::LookUpListTypes>(type);
-  const ListDefinition list = DefinitionOf(kind, data::Statements(context.session), options);
+  const ListDefinition list = DefinitionOf(type, data::Statements(context.session), options);
   frmTGList window(context);
   window.Options = options;
   window.Options.allow_delete = list.HasCommand("Delete");
   window.Options.show_patient_buttons = options.show_patient_buttons && !list.kind_key.empty();
-  window.Options.skip_if_new = options.skip_if_new && kind == session::lulEmployee;
+  window.Options.skip_if_new = options.skip_if_new && type == session::lulEmployee;
   SetList(window, list, options.title);
   window.Events = events;
   if (list.edits) {
@@ -59,8 +47,9 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, std::int32_t t
   if (outcome.id == 0) {
     return {.end = outcome.Chosen() ? session::ListOutcome::End::Cancelled : outcome.end};
   }
-  if (!list.kind_key.empty()) {
-    outcome.text = WithoutOpenComma(std::move(outcome.text));
+  // A person without a first name is known by the last name alone.
+  if (!list.kind_key.empty() && window.Chosen("First Name").empty()) {
+    outcome.text = window.Chosen("Last Name");
   }
   if (!list.hand_off_table.empty()) {
     editing::Rules(context).Attempt(

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +9,8 @@
 
 namespace lookup {
 
-// Shows a list, one of `session::LookUpListTypes`, and tells the host the choice. Any other type shows nothing.
-session::ListOutcome ShowLookUpList(const session::ScreenContext& context, std::int32_t type,
+// Shows a list, and tells the host the choice.
+session::ListOutcome ShowLookUpList(const session::ScreenContext& context, session::LookUpListTypes type,
                                     const session::ListOptions& options, const ListEvents& events = {});
 
 // Nothing when cancelled. An empty title is the list's own.

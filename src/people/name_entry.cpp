@@ -28,6 +28,23 @@ Sql NameCondition(const session::Database& database, const TypedName& name) {
   return name.first.empty() ? last : last + " and pFIRNAM Like " + Beginning(database, name.first);
 }
 
+// Whether the office has a person of that ID; says so when it has not.
+bool IsThere(const session::ScreenContext& context, std::int32_t id, std::string_view typed) {
+  const editing::Rules rules(context);
+  const data::Statements statements(context.session);
+  bool found = false;
+  if (!rules.Attempt([&] {
+        found = !session::IsNull(
+            statements.SelectValue("SELECT pID FROM PATable WHERE pID=" + data::Literal(id) + statements.Office()));
+      })) {
+    return false;
+  }
+  if (!found) {
+    rules.Tell(NoSuchPatient(typed), forms::Icon::Information);
+  }
+  return found;
+}
+
 NameEntry Edit(const session::ScreenContext& context, std::int32_t id) {
   auto opening = session::Opening::Existing(session::RecordKind::Patient, id);
   opening.may_book = true;
@@ -60,7 +77,7 @@ std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {
   std::int32_t id = 0;
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, id);
-  if (!text.empty() && error == std::errc() && stop == end) {
+  if (!text.empty() && error != std::errc::invalid_argument && stop == end) {
     return id;
   }
   return ParseName(text);
@@ -79,6 +96,10 @@ Sql NameSearch(session::Database& database, std::string_view text, bool family_h
          " order by pLasNam, pFirNam";
 }
 
+std::string NoSuchPatient(std::string_view id) {
+  return "Patient " + std::string(id) + " was not found in the database.";
+}
+
 NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
   const auto typed = context.user.Input({.prompt = NamePromptText(prompt.ids)});
   if (!typed || forms::Trim(*typed).empty()) {
@@ -87,7 +108,7 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   const std::string text(forms::Trim(*typed));
   const auto entered = ParseNameOrId(text);
   if (const auto* id = std::get_if<std::int32_t>(&entered); id != nullptr && prompt.ids) {
-    return Edit(context, *id);
+    return IsThere(context, *id, text) ? Edit(context, *id) : NameEntry{};
   }
   const editing::Rules rules(context);
   frmDatabaseSearch search(context);

@@ -21,7 +21,7 @@ struct TypedName {
 // first name; one word is a last name.
 TypedName ParseName(std::string_view text);
 
-// A typed ID or name; text that is a whole number is an ID.
+// A typed ID or name; text that is a whole number is an ID, 0 for one that is too large.
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text);
 
 // The statement that finds the persons whose names begin so. A name typed without a comma is looked for in the
@@ -40,6 +40,9 @@ struct NamePrompt {
   bool ids = true;            // a number is a patient's ID; otherwise it is a name like any other
   bool family_heads = false;  // finds family heads alone
 };
+
+// What is told of an ID that nobody has.
+std::string NoSuchPatient(std::string_view id);
 
 // The way in to a patient: asks for a name or ID, finds or offers to add the patient, and opens the quick screen.
 NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt = {});

@@ -223,7 +223,7 @@ void patScreen_SM::Read() {
 void patScreen_SM::ReadExisting() {
   pID = Opened.id;
   if (pID == 0 || !Patient_SM.Read(pID)) {
-    Tell("Patient " + std::to_string(pID) + " was not found in the database.", forms::Icon::Information);
+    Tell(NoSuchPatient(std::to_string(pID)), forms::Icon::Information);
     Close();
     return;
   }

@@ -165,10 +165,12 @@ TEST_F(ComponentTest, GivesThePrinterBackAsItCame) {
   const std::string bytes("\0\xD8odd", 5);
   const Variant name = Variant::Of("Zoë's printer");
   const Variant mode = Variant::OfBytes(bytes);
+  const Variant other = Variant::Of("Labels");
   ASSERT_EQ(NewScreen()->SetPrinter(V_BSTR(&name), V_BSTR(&mode), nullptr), S_OK);
+  ASSERT_EQ(NewList()->SetPrinter(V_BSTR(&other), nullptr, nullptr), S_OK);
   Variant told;
   Variant bytes_told;
-  ASSERT_EQ(NewList()->GetPrinter(&told, &bytes_told, nullptr), S_OK);
+  ASSERT_EQ(NewScreen()->GetPrinter(&told, &bytes_told, nullptr), S_OK);
   EXPECT_EQ(automation::ToText(told), "Zoë's printer");
   EXPECT_EQ(automation::BytesOf(V_BSTR(&bytes_told)), bytes);
 }

@@ -58,8 +58,8 @@ Expect "nothing is changed by Employer_Start", id = "NEW" And number = 7
 
 Dim name, mode, names
 screen.SetPrinter "Laser", "A4", "LPT1"
-list.GetPrinter name, mode, names
-Expect "the printer is one for both classes", name = "Laser" And mode = "A4" And names = "LPT1"
+screen.GetPrinter name, mode, names
+Expect "the printer is kept", name = "Laser" And mode = "A4" And names = "LPT1"
 
 ' A title holds for one call.
 list.ShowList

