@@ -6,6 +6,7 @@
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/msw/private.h>
 #include <wx/nativewin.h>
 
 #include <memory>
@@ -168,7 +169,8 @@ struct HostCall {
   std::shared_ptr<session::Settings> places;
   HWND focus = nullptr;                                    // where the person was typing
   wxEventLoopBase* around = wxEventLoopBase::GetActive();  // of the screens of an outer call
-  std::unique_ptr<Owner> window = {};                      // once something was shown before the owner
+  wxWindow* shown_before = nullptr;                        // the owner, once something was shown before it
+  std::unique_ptr<Owner> window = {};                      // the same, where an outer call does not see it already
   std::unique_ptr<QuitWatch> quit = {};                    // of the outermost call
   std::unique_ptr<VisualStyles> styles = std::make_unique<VisualStyles>();
 };
@@ -190,7 +192,7 @@ class Windows {
     calls_.pop_back();
     Serve();
     EndWithOwner();
-    if (ended.window != nullptr && IsWindow(ended.focus) != FALSE) {
+    if (ended.shown_before != nullptr && IsWindow(ended.focus) != FALSE) {
       SetFocus(ended.focus);
     }
   }
@@ -199,8 +201,13 @@ class Windows {
       Start();
     }
     HostCall& call = calls_.back();
-    if (call.owner != nullptr && call.window == nullptr) {
-      call.window = std::make_unique<Owner>(call.owner);
+    if (call.owner != nullptr && call.shown_before == nullptr) {
+      // The owner of an outer call, or one of our own screens.
+      call.shown_before = wxFindWinFromHandle(call.owner);
+      if (call.shown_before == nullptr) {
+        call.window = std::make_unique<Owner>(call.owner);
+        call.shown_before = call.window->Seen();
+      }
     }
     Serve();
     return *user_;
@@ -225,7 +232,7 @@ class Windows {
   }
   // One after the other, the screens whose owner is gone.
   void EndWithOwner() {
-    if (!calls_.empty() && calls_.back().window != nullptr && IsWindow(calls_.back().owner) == FALSE &&
+    if (!calls_.empty() && calls_.back().shown_before != nullptr && IsWindow(calls_.back().owner) == FALSE &&
         wxEventLoopBase::GetActive() != calls_.back().around) {
       EndScreen();
     }
@@ -233,8 +240,7 @@ class Windows {
   // The innermost call's windows come before its owner.
   void Serve() {
     if (user_ != nullptr) {
-      const Owner* owner = calls_.empty() ? nullptr : calls_.back().window.get();
-      user_->SetMainWindow(owner == nullptr ? nullptr : owner->Seen());
+      user_->SetMainWindow(calls_.empty() ? nullptr : calls_.back().shown_before);
       user_->SetPlaces(calls_.empty() ? nullptr : calls_.back().places.get());
     }
   }

@@ -30,27 +30,33 @@ int WindowsOfThisThread() {
   return count;
 }
 
-// A class of windows by the name that the component's own toolkit gives its windows, as in a host that uses it too.
-const wchar_t* HostClass() {
-  static const WNDCLASSW registered = [] {
-    WNDCLASSW named{};
-    named.lpfnWndProc = DefWindowProcW;
-    named.lpszClassName = L"wxWindowNR";
-    RegisterClassW(&named);
-    return named;
-  }();
-  return registered.lpszClassName;
+// By the name that the component's own toolkit gives its windows, as in a host that uses it too.
+constexpr const wchar_t* kClassOfTheToolkit = L"wxWindowNR";
+
+// Makes a class of windows once.
+const wchar_t* WindowClass(const wchar_t* name) {
+  WNDCLASSW named{};
+  named.lpfnWndProc = DefWindowProcW;
+  named.lpszClassName = name;
+  RegisterClassW(&named);
+  return name;
+}
+
+// A host's form, by the handle of its window.
+ComPtr<ScriptedObject> FormOf(HWND window) {
+  auto form = ScriptedObject::Make();
+  form->Answer("hWnd", Variant::Of(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window))));
+  return form;
 }
 
 // A host's window, with an `hwnd` and a field that the person was in. It keeps its procedure.
 class Owner {
  public:
-  Owner()
-      : window_(CreateWindowExW(0, HostClass(), L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500, 300, nullptr,
-                                nullptr, nullptr, nullptr)),
+  explicit Owner(const wchar_t* window_class = kClassOfTheToolkit)
+      : window_(CreateWindowExW(0, WindowClass(window_class), L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 500,
+                                300, nullptr, nullptr, nullptr, nullptr)),
         field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 200, 30, window_, nullptr, nullptr,
                                nullptr)) {
-    form_->Answer("hWnd", Variant::Of(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window_))));
     SetForegroundWindow(window_);
     SetFocus(field_);
   }
@@ -72,20 +78,22 @@ class Owner {
   HWND window_;
   HWND field_;
   LONG_PTR procedure_ = GetWindowLongPtrW(window_, GWLP_WNDPROC);
-  ComPtr<ScriptedObject> form_ = ScriptedObject::Make();
+  ComPtr<ScriptedObject> form_ = FormOf(window_);
 };
 
-// An object but for one member.
-class Lacking final : public automation::Counted<IDispatch> {
+// An object that tells when it is asked for a member, which it then offers or not.
+class Watched final : public automation::Counted<IDispatch> {
  public:
-  Lacking(ComPtr<IDispatch> object, std::wstring member) : object_(std::move(object)), member_(std::move(member)) {}
+  Watched(ComPtr<IDispatch> object, std::wstring member, std::function<bool()> offers)
+      : object_(std::move(object)), member_(std::move(member)), offers_(std::move(offers)) {}
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return object_->GetTypeInfoCount(count); }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
     return object_->GetTypeInfo(index, locale, info);
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
-    return member_ == names[0] ? DISP_E_UNKNOWNNAME : object_->GetIDsOfNames(id, names, count, locale, ids);
+    return member_ == names[0] && !offers_() ? DISP_E_UNKNOWNNAME
+                                             : object_->GetIDsOfNames(id, names, count, locale, ids);
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* parameters,
                                    VARIANT* value, EXCEPINFO* exception, UINT* wrong) override {
@@ -95,6 +103,7 @@ class Lacking final : public automation::Counted<IDispatch> {
  private:
   ComPtr<IDispatch> object_;
   std::wstring member_;
+  std::function<bool()> offers_;
 };
 
 // Over a demo practice, whose session is handed to the component.
@@ -239,7 +248,7 @@ TEST_F(ScreensTest, EndsWithTheOwnersWindow) {
 
 // Where the windows stood is asked of the session when the first one is up already.
 TEST_F(ScreensTest, TellsAMemberThatTheSessionLacks) {
-  const auto lacking = ComPtr<IDispatch>::Adopt(new Lacking(pv, L"UserOption"));
+  const auto lacking = ComPtr<IDispatch>::Adopt(new Watched(pv, L"UserOption", [] { return false; }));
   NewScreen()->putref_PV(lacking.Get());
   EXPECT_EQ(EditPatient("NEW", R"(
     await TAVO Windows
@@ -279,6 +288,37 @@ TEST_F(ScreensTest, StandsBeforeTheOwner) {
   EXPECT_FALSE(owner_enabled);
 }
 
+// The host is asked for a statement and shows a list first, before the same window.
+TEST_F(ScreensTest, OpensAListWhileAScreenLoads) {
+  const Owner plain(L"HostWindow");
+  bool asked = false;
+  const auto watched = ComPtr<IDispatch>::Adopt(new Watched(pv, L"PrepareSQL", [&] {
+    if (!std::exchange(asked, true)) {
+      const auto list = NewList();
+      list->putref_frmOwner(plain.Form());
+      list->put_ListType(lulEmployee);
+      EXPECT_EQ(list->ShowList(VARIANT_FALSE, Variant()), S_OK);
+    }
+    return true;
+  }));
+  const auto screen = NewScreen();
+  screen->putref_PV(watched.Get());
+  screen->putref_frmOwner(plain.Form());
+  Person person([&](Person& he) {
+    HWND list = he.Await(L"Employee List");
+    EXPECT_EQ(GetWindow(list, GW_OWNER), plain.Window());
+    Do(he, "press Esc\nawait New Patient Information");
+    EXPECT_FALSE(IsWindowEnabled(plain.Window()));
+    he.Press(VK_ESCAPE);
+  });
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_EQ(person.Failure(), "");
+  EXPECT_TRUE(asked);
+  EXPECT_TRUE(IsWindowEnabled(plain.Window()));
+  screen->putref_PV(pv.Get());
+}
+
 TEST_F(ScreensTest, OpensAScreenFromAnEventOfAList) {
   const auto list = NewList();
   ComPtr<IConnectionPoint> point;
@@ -286,8 +326,11 @@ TEST_F(ScreensTest, OpensAScreenFromAnEventOfAList) {
   const auto sink = ScriptedObject::Make();
   sink->Answer("SwapModuleCalled", Variant());
   sink->Add("ButtonClicked", [this](const CallArguments&) {
+    // Before the list itself.
+    const auto screen = NewScreen();
+    screen->putref_frmOwner(FormOf(GetActiveWindow()).Get());
     Variant id = Variant::Of("NEW");
-    NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr);
+    screen->Load_PatInfo_Small(&id, nullptr, nullptr);
     return Variant();
   });
   sink->Answer("BeforePrint", Variant());
