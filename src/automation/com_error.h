@@ -9,13 +9,15 @@ namespace automation {
 // A call that ends with a HRESULT other than success.
 class ComError : public std::exception {
  public:
-  explicit ComError(HRESULT result) : result_(result) {}
+  // `what` is a text that stands as long as the program does.
+  explicit ComError(HRESULT result, const char* what = "the call was refused") : result_(result), what_(what) {}
 
   HRESULT Result() const { return result_; }
-  const char* what() const noexcept override { return "the call was refused"; }
+  const char* what() const noexcept override { return what_; }
 
  private:
   HRESULT result_;
+  const char* what_;
 };
 
 // Throws ComError for a failure.

@@ -1,6 +1,7 @@
 #include "com/host_object.h"
 
 #include "automation/dispatch_object.h"
+#include "automation/module.h"
 
 namespace com {
 
@@ -11,7 +12,10 @@ entry::HostObject KeepObject(IDispatch* object) {
   if (object == nullptr) {
     return nullptr;
   }
-  return {ComPtr(object).Copy(), [](void* kept) { static_cast<IDispatch*>(kept)->Release(); }};
+  // The library stays loaded until it is released.
+  return {ComPtr(object).Copy(), [living = std::make_shared<automation::LivingObject>()](void* kept) {
+            static_cast<IDispatch*>(kept)->Release();
+          }};
 }
 
 IDispatch* GiveObject(const entry::HostObject& object) {

@@ -17,6 +17,7 @@
 #include "com/event_source.h"
 #include "com/host_object.h"
 #include "com/pv_session.h"
+#include "com/screen_thread.h"
 #include "com/screen_user.h"
 
 // A property of the default interface, kept in a member of the class behind it.
@@ -76,6 +77,10 @@ class PublicClass
                                    UINT* wrong_argument) override {
     HRESULT result = S_OK;
     const HRESULT passed = Run(nullptr, [&] {
+      // Automation would hand them on to the object that the property holds, or fall where it holds none.
+      if (parameters != nullptr && parameters->cArgs > 0 && (flags & DISPATCH_PROPERTYGET) != 0 && IsRead(member)) {
+        throw automation::ComError(DISP_E_BADPARAMCOUNT);
+      }
       SetErrorInfo(0, nullptr);
       result = Type()->Invoke(static_cast<Dual*>(this), member, flags, parameters, value, exception, wrong_argument);
     });
@@ -176,6 +181,7 @@ class PublicClass
   template <typename Operation>
   HRESULT Open(Operation operation) {
     return Run(user_.get(), [&] {
+      const ScreenThread thread;
       const Call call(*user_, OwnerWindow(), entry_.PV());
       operation();
     });
@@ -247,6 +253,12 @@ class PublicClass
       type_ = automation::TypeInfoOf(__uuidof(Dual));
     }
     return type_;
+  }
+  // Whether the member is a property.
+  bool IsRead(DISPID member) {
+    const ComPtr<ITypeInfo2> type = Type().template As<ITypeInfo2>();
+    UINT index = 0;
+    return type && SUCCEEDED(type->GetFuncIndexOfMemId(member, INVOKE_PROPERTYGET, &index));
   }
   HWND OwnerWindow() const {
     for (const entry::HostObject* form : {&entry_.frmOwner, &entry_.StartForm, &entry_.MainForm()}) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "automation/dispatch_object.h"
+#include "automation/module.h"
 #include "com/ado_connection.h"
 #include "session/session.h"
 
@@ -48,6 +49,7 @@ class PvSession : public session::Session {
   bool StartProgram(const std::string& command_line) override;
 
  private:
+  automation::LivingObject living_;  // the slot that holds it keeps the library loaded
   DispatchObject pv_;
   AdoConnection connection_;
 };

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <thread>
+
 #include "scripted_object.h"
 #include "support/component.h"
 
@@ -175,6 +177,47 @@ TEST_F(ComponentTest, GivesThePrinterBackAsItCame) {
   EXPECT_EQ(automation::BytesOf(V_BSTR(&bytes_told)), bytes);
 }
 
+TEST_F(ComponentTest, RefusesAPropertyThatIsReadWithArguments) {
+  const auto list = NewList();
+  Variant one = Variant::Of(1);
+  DISPPARAMS given{&one, nullptr, 1, 0};
+  for (const wchar_t* property : {L"frmOwner", L"PV", L"SelectedID"}) {
+    auto* name = const_cast<LPOLESTR>(property);
+    DISPID member = DISPID_UNKNOWN;
+    ASSERT_EQ(list->GetIDsOfNames(IID_NULL, &name, 1, 0, &member), S_OK);
+    Variant value;
+    EXPECT_EQ(
+        list->Invoke(member, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &given, &value, nullptr, nullptr),
+        DISP_E_BADPARAMCOUNT);
+  }
+}
+
+// The second apartment asks while the first one has a screen open, and once more when that is closed.
+TEST_F(ComponentTest, OpensScreensOnOneThreadAtATime) {
+  std::array<HRESULT, 2> results{};
+  const auto ask_elsewhere = [&](HRESULT& result) {
+    std::thread([&] {
+      CoInitialize(nullptr);
+      Variant id = Variant::Of(7);
+      result = NewScreen()->Load_PatInfo_Small(&id, nullptr, nullptr);
+      CoUninitialize();
+    }).join();
+  };
+  const auto pv = ScriptedObject::Make();
+  pv->Add("DatabaseKind", [&](const automation::CallArguments&) {
+    ask_elsewhere(results[0]);
+    return Variant::Of(7);
+  });
+  const auto screen = NewScreen();
+  screen->putref_PV(pv.Get());
+  Variant id = Variant::Of(7);
+  EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  screen->putref_PV(nullptr);
+  ask_elsewhere(results[1]);
+  EXPECT_EQ(results[0], RPC_E_WRONG_THREAD);
+  EXPECT_EQ(results[1], S_OK);
+}
+
 TEST_F(ComponentTest, HoldsNothingAfterAThousandRounds) {
   const auto pv = ScriptedObject::Make();
   const int objects = ScriptedObject::living;
@@ -213,6 +256,15 @@ TEST_F(ComponentTest, TellsWhetherItIsInUse) {
   component.Factory(__uuidof(::LookUpList))->LockServer(FALSE);
   EXPECT_FALSE(component.InUse());
   EXPECT_THROW(component.Factory(IID_IUnknown), automation::ComError);
+  const auto kept = ScriptedObject::Make();
+  NewScreen()->putref_GC(kept.Get());
+  EXPECT_TRUE(component.InUse());
+  NewList()->putref_PV(kept.Get());
+  NewScreen()->putref_GC(nullptr);
+  EXPECT_TRUE(component.InUse());
+  NewScreen()->putref_PV(nullptr);
+  EXPECT_FALSE(component.InUse());
+  EXPECT_EQ(kept->References(), 1U);
 }
 
 }  // namespace

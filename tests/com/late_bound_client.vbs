@@ -15,7 +15,7 @@ Class Session
   End Property
 End Class
 
-Dim screen, list, pv
+Dim screen, list, pv, number
 Set screen = CreateObject("twSimpleEditScreens.EditingScreen")
 Set list = CreateObject("twSimpleEditScreens.LookUpList")
 Set pv = New Session
@@ -41,9 +41,14 @@ Set list.DAC = Nothing
 Expect "Nothing clears a slot", screen.DAC Is Nothing
 Set list.frmOwner = pv
 Expect "an owner is kept", list.frmOwner Is pv
+On Error Resume Next
+Set list.frmOwner = Nothing
+number = list.frmOwner(1)
+Expect "a property takes no argument", Err.Number <> 0
+On Error GoTo 0
 
 ' By-reference arguments, given, not changed, and left out.
-Dim id, book, number
+Dim id, book
 id = "NEW"
 book = True
 screen.Load_PatInfo_Small id, "Smith", book
