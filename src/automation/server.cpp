@@ -2,7 +2,9 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "automation/com_error.h"
 #include "automation/module.h"
@@ -26,9 +28,13 @@ class Key {
     }
   }
 
-  LSTATUS Open(HKEY parent, const std::wstring& path) {
+  // Where it is missing it is made.
+  LSTATUS Make(HKEY parent, const std::wstring& path) {
     return RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_READ | KEY_WRITE, nullptr,
                            &key_, nullptr);
+  }
+  LSTATUS Open(HKEY parent, const std::wstring& path, REGSAM access) {
+    return RegOpenKeyExW(parent, path.c_str(), 0, access, &key_);
   }
   HKEY Get() const { return key_; }
 
@@ -42,7 +48,7 @@ void CheckKey(LSTATUS status) {
 
 void SetText(HKEY classes, const std::wstring& path, const wchar_t* name, const std::wstring& text) {
   Key key;
-  CheckKey(key.Open(classes, path));
+  CheckKey(key.Make(classes, path));
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   CheckKey(RegSetValueExW(key.Get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                           static_cast<DWORD>(bytes)));
@@ -62,11 +68,6 @@ void WriteClass(HKEY classes, const ServedClass& entry, const GUID* type_library
   SetText(classes, class_key + L"\\Programmable", nullptr, L"");
   SetText(classes, entry.prog_id, nullptr, entry.title);
   SetText(classes, std::wstring(entry.prog_id) + L"\\CLSID", nullptr, id);
-}
-
-void DeleteClass(HKEY classes, const ServedClass& entry) {
-  RegDeleteTreeW(classes, (L"CLSID\\" + ToWideText(entry.id)).c_str());
-  RegDeleteTreeW(classes, entry.prog_id);
 }
 
 // While it lives, what is written to HKEY_CLASSES_ROOT goes to `classes`: automation registers type libraries there.
@@ -101,27 +102,52 @@ void RegisterIn(HKEY classes, const Server& server) {
   }
 }
 
-// Automation fails for a type library that is not there.
-bool Holds(HKEY classes, const GUID& type_library) {
-  HKEY key = nullptr;
-  const std::wstring path = L"TypeLib\\" + ToWideText(type_library);
-  if (RegOpenKeyExW(classes, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
-    return false;
-  }
-  RegCloseKey(key);
-  return true;
+bool Holds(HKEY classes, const std::wstring& path) {
+  Key key;
+  return key.Open(classes, path, KEY_READ) == ERROR_SUCCESS;
 }
 
+// What `Register` writes below the classes of a hive: each class by its number and by its name.
+std::vector<std::wstring> ClassKeys(const Server& server) {
+  std::vector<std::wstring> keys;
+  for (const ServedClass& served : server.classes) {
+    keys.push_back(L"CLSID\\" + ToWideText(served.id));
+    keys.emplace_back(served.prog_id);
+  }
+  return keys;
+}
+
+// Takes away all that can be; throws ComError where something stays.
 void UnregisterIn(HKEY classes, const Server& server) {
+  LSTATUS status = ERROR_SUCCESS;
+  for (const std::wstring& key : ClassKeys(server)) {
+    if (const LSTATUS deleted = RegDeleteTreeW(classes, key.c_str());
+        deleted != ERROR_SUCCESS && deleted != ERROR_FILE_NOT_FOUND) {
+      status = deleted;
+    }
+  }
   if (server.has_type_library) {
     const TLIBATTR library = AttributesOf(*TypeLibrary().Get());
-    if (Holds(classes, library.guid)) {
+    // Automation fails for one that is not there.
+    if (Holds(classes, L"TypeLib\\" + ToWideText(library.guid))) {
       const ClassesRoot root(classes);
       Check(UnRegisterTypeLib(library.guid, library.wMajorVerNum, library.wMinorVerNum, library.lcid, library.syskind));
     }
   }
-  for (const ServedClass& served : server.classes) {
-    DeleteClass(classes, served);
+  CheckKey(status);
+}
+
+void UnregisterFrom(HKEY hive, const Server& server) {
+  Key classes;
+  const LSTATUS opened = classes.Open(hive, kClasses, KEY_READ | KEY_WRITE);
+  if (opened == ERROR_SUCCESS) {
+    UnregisterIn(classes.Get(), server);
+    return;
+  }
+  Key closed;
+  if (closed.Open(hive, kClasses, KEY_READ) == ERROR_SUCCESS &&
+      std::ranges::any_of(ClassKeys(server), [&](const std::wstring& key) { return Holds(closed.Get(), key); })) {
+    CheckKey(opened);
   }
 }
 
@@ -130,8 +156,8 @@ void UnregisterIn(HKEY classes, const Server& server) {
 HRESULT Register(const Server& server) noexcept {
   try {
     Key classes;
-    if (classes.Open(HKEY_LOCAL_MACHINE, kClasses) != ERROR_SUCCESS) {
-      CheckKey(classes.Open(HKEY_CURRENT_USER, kClasses));
+    if (classes.Make(HKEY_LOCAL_MACHINE, kClasses) != ERROR_SUCCESS) {
+      CheckKey(classes.Make(HKEY_CURRENT_USER, kClasses));
     }
     RegisterIn(classes.Get(), server);
     return S_OK;
@@ -141,16 +167,15 @@ HRESULT Register(const Server& server) noexcept {
 }
 
 HRESULT Unregister(const Server& server) noexcept {
-  try {
-    for (HKEY hive : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
-      if (Key classes; classes.Open(hive, kClasses) == ERROR_SUCCESS) {
-        UnregisterIn(classes.Get(), server);
-      }
+  HRESULT result = S_OK;
+  for (HKEY hive : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+    try {
+      UnregisterFrom(hive, server);
+    } catch (...) {
+      result = ResultOfException();
     }
-    return S_OK;
-  } catch (...) {
-    return ResultOfException();
   }
+  return result;
 }
 
 }  // namespace automation

@@ -25,7 +25,7 @@ const Server& ThisServer();
 // Writes the classes, apartment-threaded, and the type library to the registry: for the machine, or for the person who
 // is logged in where the machine's hive cannot be written.
 HRESULT Register(const Server& server) noexcept;
-// Takes them away, for the machine and for the person.
+// Takes them away, for the machine and for the person; fails where something of them stays.
 HRESULT Unregister(const Server& server) noexcept;
 
 }  // namespace automation

@@ -1,6 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "support/component.h"
+
+#include <gtest/gtest.h>
+#include <sddl.h>
 
 namespace {
 
@@ -39,6 +40,18 @@ int CountIn(HKEY hive) {
     count += Exists(hive, L"Software\\Classes\\" + key) ? 1 : 0;
   }
   return count;
+}
+
+// Who may do what with a key of the machine's classes, in Windows' own words.
+void Protect(const std::wstring& path, const wchar_t* rights) {
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  HKEY key = nullptr;
+  ASSERT_NE(ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &descriptor, nullptr), FALSE);
+  ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + path).c_str(), 0, WRITE_DAC, &key),
+            ERROR_SUCCESS);
+  EXPECT_EQ(RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, descriptor), ERROR_SUCCESS);
+  RegCloseKey(key);
+  LocalFree(descriptor);
 }
 
 class RegistrationTest : public testing::Test {
@@ -87,6 +100,32 @@ TEST_F(RegistrationTest, IsForThePersonWhereTheMachineIsClosed) {
   EXPECT_EQ(unregistered, S_OK);
   EXPECT_EQ(CountIn(HKEY_CURRENT_USER), 0);
   EXPECT_EQ(CountIn(HKEY_LOCAL_MACHINE), 0);
+}
+
+TEST_F(RegistrationTest, LeavesNothingWhereNothingWas) {
+  HKEY empty = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\empty", 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS,
+                            nullptr, &empty, nullptr),
+            ERROR_SUCCESS);
+  ASSERT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, empty), ERROR_SUCCESS);
+  const HRESULT unregistered = component.Unregister();
+  RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+  DWORD keys = 1;
+  RegQueryInfoKeyW(empty, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                   nullptr);
+  RegCloseKey(empty);
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\empty");
+  EXPECT_EQ(unregistered, S_OK);
+  EXPECT_EQ(keys, 0U);
+}
+
+TEST_F(RegistrationTest, SaysWhatItCouldNotTakeAway) {
+  ASSERT_EQ(component.Register(), S_OK);
+  Protect(Keys().front(), L"D:(D;;KR;;;WD)(A;;KA;;;WD)");
+  const HRESULT unregistered = component.Unregister();
+  Protect(Keys().front(), L"D:(A;;KA;;;WD)");
+  EXPECT_EQ(unregistered, E_ACCESSDENIED);
+  EXPECT_EQ(CountIn(HKEY_LOCAL_MACHINE), 1);
 }
 
 }  // namespace
