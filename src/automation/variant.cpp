@@ -39,6 +39,28 @@ Variant Plain(const VARIANT& variant) {
   return plain;
 }
 
+// The same, and for an object its default property.
+Variant WithoutObject(const VARIANT& variant) {
+  Variant plain = Plain(variant);
+  if (V_VT(&plain) != VT_DISPATCH) {
+    return plain;
+  }
+  const Variant object = std::move(plain);
+  plain = Variant();
+  if (V_DISPATCH(&object) != nullptr) {
+    Variant value;
+    DISPPARAMS none{};
+    Check(V_DISPATCH(&object)->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                      DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, &value, nullptr, nullptr));
+    plain = Plain(value);
+  }
+  // An object in an object's place could go on for ever.
+  if (V_VT(&plain) == VT_DISPATCH || V_VT(&plain) == VT_UNKNOWN) {
+    throw ComError(DISP_E_TYPEMISMATCH);
+  }
+  return plain;
+}
+
 Value FromDecimal(const DECIMAL& decimal) {
   const bool negative = (decimal.sign & DECIMAL_NEG) != 0;
   constexpr int kPlaces = 4;
@@ -94,21 +116,6 @@ SAFEARRAY* ToBytes(const session::Blob& blob) {
     SafeArrayUnaccessData(array);
   }
   return array;
-}
-
-Value FromObject(IDispatch* object) {
-  if (object == nullptr) {
-    return {};
-  }
-  Variant value;
-  DISPPARAMS none{};
-  Check(object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
-                       &value, nullptr, nullptr));
-  // An object in an object's place could go on for ever.
-  if (V_VT(&value) == VT_DISPATCH) {
-    throw ComError(DISP_E_TYPEMISMATCH);
-  }
-  return ToValue(value);
 }
 
 Value FromUnsigned(std::uint64_t number) {
@@ -260,8 +267,8 @@ Variant Variant::Of(IDispatch* object) {
 }
 
 Value ToValue(const VARIANT& variant) {
-  if ((V_VT(&variant) & VT_BYREF) != 0) {
-    return ToValue(Plain(variant));
+  if ((V_VT(&variant) & VT_BYREF) != 0 || V_VT(&variant) == VT_DISPATCH) {
+    return ToValue(WithoutObject(variant));
   }
   switch (V_VT(&variant)) {
     case VT_EMPTY:
@@ -300,8 +307,6 @@ Value ToValue(const VARIANT& variant) {
       return FromDecimal(V_DECIMAL(&variant));
     case VT_BSTR:
       return FromBstr(V_BSTR(&variant));
-    case VT_DISPATCH:
-      return FromObject(V_DISPATCH(&variant));
     case VT_ARRAY | VT_UI1:
     case VT_ARRAY | VT_I1:
       return FromBytes(V_ARRAY(&variant));
@@ -317,8 +322,9 @@ Variant ToVariant(const Value& value) {
 }
 
 Variant ChangeType(const VARIANT& variant, VARTYPE type) {
+  Variant plain = WithoutObject(variant);
   Variant changed;
-  Check(VariantChangeTypeEx(&changed, const_cast<VARIANT*>(&variant), LOCALE_INVARIANT, 0, type));
+  Check(VariantChangeTypeEx(&changed, &plain, LOCALE_INVARIANT, 0, type));
   return changed;
 }
 

@@ -32,7 +32,7 @@ std::unique_ptr<session::Recordset> AdoConnection::Execute(const std::string& sq
       throw session::DatabaseError("The connection of the host gives no recordset for \"Execute\".", {},
                                    DISP_E_TYPEMISMATCH);
     }
-    return std::make_unique<AdoRecordset>(std::move(recordset), IsBatch(sql));
+    return std::make_unique<AdoRecordset>(std::move(recordset), sql, IsBatch(sql));
   } catch (const session::DatabaseError& failure) {
     throw ErrorOf(failure, sql);
   }

@@ -1,5 +1,6 @@
 #include "com/ado_recordset.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -18,6 +19,11 @@ constexpr std::int32_t kBlockRows = 64;
 constexpr std::int32_t kAllRows = -1;
 constexpr std::int32_t kClosed = 0;
 constexpr int kFeatureNotAvailable = static_cast<int>(0x800A0CB3);
+
+// More than any practice has: whoever gives more does not end.
+constexpr int kMostResults = 1000;
+constexpr std::int32_t kMostFields = 10000;
+constexpr std::int64_t kMostRows = 2'000'000;
 
 // ADO's DataTypeEnum.
 FieldType TypeOf(std::int32_t ado_type) {
@@ -61,7 +67,7 @@ bool IsUnlimited(std::int32_t ado_type) {
 }
 
 // Nothing after the last result, and from a provider that gives one result a statement.
-ComPtr<IDispatch> NextResult(const DispatchObject& recordset) {
+ComPtr<IDispatch> ResultAfter(const DispatchObject& recordset) {
   if (!recordset.Offers("NextRecordset")) {
     return {};
   }
@@ -99,7 +105,8 @@ session::Value ParseGuid(const std::string& text) {
 
 }  // namespace
 
-AdoRecordset::AdoRecordset(DispatchObject recordset, bool batch) : recordset_(std::move(recordset)) {
+AdoRecordset::AdoRecordset(DispatchObject recordset, std::string statement, bool batch)
+    : recordset_(std::move(recordset)), statement_(std::move(statement)) {
   SkipResultsWithoutRows();
   while (recordset_.Get() != nullptr) {
     ReadFields();
@@ -108,27 +115,37 @@ AdoRecordset::AdoRecordset(DispatchObject recordset, bool batch) : recordset_(st
       return;
     }
     // The rows of a result are gone when the next one is asked for.
-    recordset_ = DispatchObject(NextResult(recordset_), recordset_.Name());
+    NextResult();
     SkipResultsWithoutRows();
   }
 }
 
 void AdoRecordset::SkipResultsWithoutRows() {
   while (recordset_.Get() != nullptr && recordset_.Offers("State") && recordset_.Int("State") == kClosed) {
-    recordset_ = DispatchObject(NextResult(recordset_), recordset_.Name());
+    NextResult();
   }
+}
+
+void AdoRecordset::NextResult() {
+  if (++results_ > kMostResults) {
+    Refuse("gives results without an end.");
+  }
+  recordset_ = DispatchObject(ResultAfter(recordset_), recordset_.Name());
 }
 
 void AdoRecordset::ReadFields() {
   fields_.clear();
   const DispatchObject fields = recordset_.Object("Fields", "Fields");
   const std::int32_t count = fields.Int("Count");
+  if (count < 0 || count > kMostFields) {
+    Refuse("tells of " + std::to_string(count) + " fields.");
+  }
   for (std::int32_t i = 0; i < count; ++i) {
     const DispatchObject field = fields.Object("Item", "A field", {Variant::Of(i)});
     const std::int32_t type = field.Int("Type");
     fields_.push_back({.name = field.Text("Name"),
                        .type = TypeOf(type),
-                       .defined_size = IsUnlimited(type) ? 0 : field.Int("DefinedSize")});
+                       .defined_size = IsUnlimited(type) ? 0 : std::max(0, field.Int("DefinedSize"))});
   }
 }
 
@@ -140,24 +157,47 @@ void AdoRecordset::Fetch(std::int32_t count) {
     return;
   }
   block_ = recordset_.Call("GetRows", {Variant::Of(count)});
-  LONG last = -1;
+  ReadBounds();
+  fetched_ += rows_ - row_;
+  if (rows_ <= row_) {
+    Refuse("gives no rows before its end.");
+  }
+  if (fetched_ > kMostRows) {
+    Refuse("gives rows without an end.");
+  }
+}
+
+void AdoRecordset::ReadBounds() {
+  LONG first_row = 0;
+  LONG last_row = -1;
+  LONG last_field = -1;
   if (V_VT(&block_) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&block_)) != 2 ||
       FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 1, &first_field_)) ||
-      FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 2, &row_)) ||
-      FAILED(SafeArrayGetUBound(V_ARRAY(&block_), 2, &last))) {
-    throw session::DatabaseError(recordset_.Name() + " of the host gives no rows for \"GetRows\".", {}, 0);
+      FAILED(SafeArrayGetUBound(V_ARRAY(&block_), 1, &last_field)) ||
+      FAILED(SafeArrayGetLBound(V_ARRAY(&block_), 2, &first_row)) ||
+      FAILED(SafeArrayGetUBound(V_ARRAY(&block_), 2, &last_row))) {
+    Refuse("gives no rows for \"GetRows\".");
   }
-  rows_ = last + 1;
+  if (std::int64_t{last_field} - first_field_ + 1 != static_cast<std::int64_t>(fields_.size())) {
+    Refuse("gives rows of other fields than it tells.");
+  }
+  row_ = first_row;
+  rows_ = std::int64_t{last_row} + 1;
 }
 
 void AdoRecordset::MoveNext() {
-  if (++row_ >= rows_) {
+  if (++row_ < rows_) {
+    return;
+  }
+  try {
     Fetch(kBlockRows);
+  } catch (const session::DatabaseError& failure) {
+    throw session::DatabaseError(failure.what(), statement_, failure.Code());
   }
 }
 
 session::Value AdoRecordset::Get(std::size_t field) const {
-  std::array<LONG, 2> at = {first_field_ + static_cast<LONG>(field), row_};
+  std::array<LONG, 2> at = {first_field_ + static_cast<LONG>(field), static_cast<LONG>(row_)};
   void* cell = nullptr;
   try {
     Check(SafeArrayPtrOfIndex(V_ARRAY(&block_), at.data(), &cell));
@@ -167,9 +207,12 @@ session::Value AdoRecordset::Get(std::size_t field) const {
     }
     return value;
   } catch (const ComError& error) {
-    throw session::DatabaseError("The value of column " + fields_[field].name + " cannot be read.", {},
-                                 static_cast<int>(error.Result()));
+    Refuse("gives no value that can be read for the column " + fields_[field].name + ".", error.Result());
   }
+}
+
+void AdoRecordset::Refuse(const std::string& what, HRESULT result) const {
+  throw session::DatabaseError(recordset_.Name() + " of the host " + what, statement_, static_cast<int>(result));
 }
 
 }  // namespace com

@@ -20,6 +20,7 @@ class ScriptedObject final : public automation::NamedObject {
   std::vector<std::string> calls;
 
   using NamedObject::Add;
+  using NamedObject::AddDefault;
   void Answer(const std::string& name, const automation::Variant& value) {
     Add(name, [value](const automation::CallArguments&) { return value; });
   }

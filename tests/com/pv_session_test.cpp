@@ -16,15 +16,23 @@ using test_support::ScriptedObject;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// The message with which a call fails, empty when it does not.
+// How a call fails, empty when it does not.
+struct Failure {
+  std::string what;
+  std::string statement;
+};
 template <typename Call>
-std::string FailureOf(Call call) {
+Failure FailureIn(Call call) {
   try {
     call();
   } catch (const session::DatabaseError& error) {
-    return error.what();
+    return {error.what(), error.Statement()};
   }
   return {};
+}
+template <typename Call>
+std::string FailureOf(Call call) {
+  return FailureIn(call).what;
 }
 
 class PvSessionTest : public testing::Test {
@@ -104,12 +112,17 @@ class AdoTest : public PvSessionTest {
     });
   }
 
-  Variant Block(std::int32_t wanted) {
-    const std::int32_t count = wanted < 0 ? rows - given : std::min(wanted, rows - given);
-    std::array<SAFEARRAYBOUND, 2> bounds = {SAFEARRAYBOUND{2, 0}, SAFEARRAYBOUND{static_cast<ULONG>(count), 0}};
+  static Variant EmptyBlock(std::int32_t fields, std::int32_t rows) {
+    std::array<SAFEARRAYBOUND, 2> bounds = {SAFEARRAYBOUND{static_cast<ULONG>(fields), 0},
+                                            SAFEARRAYBOUND{static_cast<ULONG>(rows), 0}};
     Variant block;
     V_ARRAY(&block) = SafeArrayCreate(VT_VARIANT, 2, bounds.data());
     V_VT(&block) = VT_ARRAY | VT_VARIANT;
+    return block;
+  }
+  Variant Block(std::int32_t wanted) {
+    const std::int32_t count = wanted < 0 ? rows - given : std::min(wanted, rows - given);
+    Variant block = EmptyBlock(2, count);
     for (LONG row = 0; row < count; ++row) {
       std::array<LONG, 2> at = {0, row};
       Variant id = Variant::Of(given++);
@@ -163,17 +176,61 @@ TEST_F(AdoTest, GivesTheLastResultOfABatch) {
   EXPECT_TRUE(session.Connection().Execute("UPDATE ... SET pNOTE='a;b'")->Eof());
 }
 
+// Whatever a host's recordset does, reading it comes to an end.
+TEST_F(AdoTest, RefusesARecordsetThatNeverEnds) {
+  const auto read_all = [this] {
+    const auto failure = FailureIn([&] {
+      for (const auto read = session.Connection().Execute("SELECT 1; SELECT 2"); !read->Eof(); read->MoveNext()) {
+      }
+      for (const auto read = session.Connection().Execute("SELECT 1"); !read->Eof(); read->MoveNext()) {
+      }
+    });
+    EXPECT_THAT(failure.statement, testing::StartsWith("SELECT 1"));
+    return failure.what;
+  };
+  const auto itself = [this](const automation::CallArguments&) { return Holding(recordset); };
+  recordset->Answer("EOF", Variant::Of(false));
+  recordset->Answer("GetRows", EmptyBlock(2, 100000));
+  EXPECT_THAT(read_all(), HasSubstr("rows without an end"));
+  recordset->Answer("GetRows", EmptyBlock(2, 0));
+  EXPECT_THAT(read_all(), HasSubstr("gives no rows"));
+  recordset->Add("NextRecordset", itself);
+  state = 0;
+  EXPECT_THAT(read_all(), HasSubstr("results without an end"));
+  // It answers itself for whatever is asked.
+  recordset->AddDefault("Value", itself);
+  recordset->Add("Fields", itself);
+  recordset->Add("Count", itself);
+  state = 1;
+  EXPECT_THAT(read_all(), HasSubstr("\"Count\""));
+  recordset->Add("State", itself);
+  EXPECT_THAT(read_all(), HasSubstr("\"State\""));
+}
+
+TEST_F(AdoTest, RefusesFieldsThatAreNotSo) {
+  const auto failure = [this] {
+    return FailureOf([&] { static_cast<void>(session.Connection().Execute("SELECT")->Get(0)); });
+  };
+  for (const std::int32_t count : {-1, 1'000'000'000}) {
+    fields->Answer("Count", Variant::Of(count));
+    EXPECT_THAT(failure(), HasSubstr(std::to_string(count) + " fields"));
+  }
+  for (const std::int32_t count : {1, 3}) {
+    fields->Answer("Count", Variant::Of(count));
+    EXPECT_THAT(failure(), HasSubstr("other fields"));
+    given = 0;
+  }
+  recordset->Answer("GetRows", Variant::Of("no rows"));
+  EXPECT_THAT(failure(), HasSubstr("\"GetRows\""));
+}
+
 TEST_F(AdoTest, TellsWhatTheProviderSaid) {
   connection->Add("Execute", [](const automation::CallArguments&) -> Variant {
     throw session::DatabaseError("Syntax error", {}, 0);
   });
-  try {
-    session.Connection().Execute("SELEKT");
-    FAIL() << "nothing was thrown";
-  } catch (const session::DatabaseError& error) {
-    EXPECT_STREQ(error.what(), "Syntax error");
-    EXPECT_EQ(error.Statement(), "SELEKT");
-  }
+  const Failure told = FailureIn([&] { session.Connection().Execute("SELEKT"); });
+  EXPECT_EQ(told.what, "Syntax error");
+  EXPECT_EQ(told.statement, "SELEKT");
   const auto errors = ScriptedObject::Make();
   const auto error = ScriptedObject::Make();
   errors->Answer("Count", Variant::Of(1));
