@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <stdexcept>
 
 #include "data/literal.h"
 #include "forms/label.h"
@@ -15,6 +16,14 @@ bool IsNumber(session::FieldType type) {
   return type == FieldType::Integer || type == FieldType::Double || type == FieldType::Currency;
 }
 
+auto& Find(auto& bindings, const forms::Field& field) {
+  const auto found = std::ranges::find_if(bindings, [&](const auto& binding) { return binding.field == &field; });
+  if (found == bindings.end()) {
+    throw std::out_of_range("the field " + field.Name() + " is not bound");
+  }
+  return *found;
+}
+
 }  // namespace
 
 void RecordBinding::Bind(forms::Field& field, Words column, const Format& format) {
@@ -22,9 +31,37 @@ void RecordBinding::Bind(forms::Field& field, Words column, const Format& format
   bindings_.push_back({.field = &field, .column = column, .format = &format});
 }
 
+void RecordBinding::Tie(const forms::Field& field, const forms::Field& to) {
+  Of(field).tied_to = &to;
+}
+
+std::unique_ptr<session::Recordset> RecordBinding::Row(std::int32_t id) const {
+  return statements_.Select(Sql("SELECT * FROM ") + table_ + " WHERE " + key_ + "=" + Literal(id) +
+                            statements_.Office());
+}
+
+RecordBinding::Binding& RecordBinding::Of(const forms::Field& field) {
+  return Find(bindings_, field);
+}
+
+const RecordBinding::Binding& RecordBinding::Of(const forms::Field& field) const {
+  return Find(bindings_, field);
+}
+
+std::string RecordBinding::Shown(const Binding& binding, const session::Recordset& row) {
+  const int index = row.Eof() ? -1 : row.FieldIndex(binding.column.Text());
+  const session::Value value = index < 0 ? session::Value() : row.Get(static_cast<std::size_t>(index));
+  return session::IsNull(value) ? std::string() : binding.format->show(value);
+}
+
+void RecordBinding::Show(Binding& binding, const session::Recordset& row) {
+  binding.read = Shown(binding, row);
+  binding.field->SetFieldText(binding.read);
+  binding.written = binding.field->FieldText();
+}
+
 bool RecordBinding::Read(std::int32_t id) {
-  const auto record =
-      statements_.Select(Sql("SELECT * FROM ") + table_ + " WHERE " + key_ + "=" + Literal(id) + statements_.Office());
+  const auto record = Row(id);
   if (record->Eof() && id != 0) {
     return false;
   }
@@ -42,21 +79,36 @@ bool RecordBinding::Read(std::int32_t id) {
       binding.defined_size = column.defined_size;
     }
     binding.field->SetRoom(binding.defined_size);
-    const session::Value value = Column(binding.column.Text());
-    binding.field->SetFieldText(session::IsNull(value) ? std::string() : binding.format->show(value));
+    Show(binding, *record);
   }
-  MarkWritten();
   return true;
 }
 
-bool RecordBinding::Differs(const Binding& binding) const {
-  const std::string shown = binding.field->FieldText();
-  if (shown == binding.written || shown.empty() || binding.written.empty()) {
-    return shown != binding.written;
+void RecordBinding::Refresh(const std::vector<forms::Field*>& fields) {
+  const auto record = Row(id_);
+  if (record->Eof()) {
+    return;
+  }
+  for (forms::Field* field : fields) {
+    Show(Of(*field), *record);
+  }
+}
+
+bool RecordBinding::Same(const Binding& binding, const std::string& left, const std::string& right) const {
+  if (left == right || left.empty() || right.empty()) {
+    return left == right;
   }
   const forms::Date today = session_.Today();
-  const auto now = binding.format->take(shown, today);
-  return !now || now != binding.format->take(binding.written, today);
+  const auto value = binding.format->take(left, today);
+  return value && value == binding.format->take(right, today);
+}
+
+bool RecordBinding::Differs(const Binding& binding) const {
+  return !Same(binding, binding.field->FieldText(), binding.written);
+}
+
+bool RecordBinding::Due(const Binding& binding) const {
+  return Differs(binding) || (binding.tied_to != nullptr && Differs(Of(*binding.tied_to)));
 }
 
 bool RecordBinding::Changed() const {
@@ -66,6 +118,10 @@ bool RecordBinding::Changed() const {
 bool RecordBinding::Changed(const forms::Field& field) const {
   return std::ranges::any_of(bindings_,
                              [&](const Binding& binding) { return binding.field == &field && Differs(binding); });
+}
+
+const std::string& RecordBinding::Stored(const forms::Field& field) const {
+  return Of(field).written;
 }
 
 std::optional<RecordBinding::Unreadable> RecordBinding::FirstUnreadable() const {
@@ -93,27 +149,67 @@ std::int32_t RecordBinding::Insert() {
 
 void RecordBinding::Update() {
   Assignments values;
-  for (const Binding& binding : bindings_) {
-    if (Differs(binding)) {
+  std::vector<Binding*> due;
+  for (Binding& binding : bindings_) {
+    if (Due(binding)) {
       values.emplace_back(binding.column, LiteralOf(binding));
+      due.push_back(&binding);
     }
   }
   statements_.Update(table_, values, key_, id_);
-  MarkWritten();
+  for (Binding* binding : due) {
+    MarkWritten(*binding);
+  }
+}
+
+std::optional<std::vector<RecordBinding::Conflict>> RecordBinding::Conflicts() const {
+  std::vector<Conflict> conflicts;
+  if (id_ == 0 || std::ranges::none_of(bindings_, [this](const Binding& binding) { return Due(binding); })) {
+    return conflicts;
+  }
+  const auto record = Row(id_);
+  if (record->Eof()) {
+    return std::nullopt;
+  }
+  for (const Binding& binding : bindings_) {
+    std::string stored = Shown(binding, *record);
+    if (Due(binding) && !binding.repeats && !Same(binding, stored, binding.read) &&
+        !Same(binding, stored, binding.field->FieldText())) {
+      conflicts.push_back({*binding.field, std::move(stored)});
+    }
+  }
+  return conflicts;
+}
+
+void RecordBinding::Overwrite(const std::vector<Conflict>& conflicts) {
+  for (const Conflict& conflict : conflicts) {
+    Of(conflict.field).read = conflict.stored;
+  }
+}
+
+void RecordBinding::Take(const std::vector<Conflict>& conflicts) {
+  std::vector<forms::Field*> taken;
+  for (const Conflict& conflict : conflicts) {
+    taken.push_back(&conflict.field);
+    if (const forms::Field* to = Of(conflict.field).tied_to) {
+      taken.push_back(Of(*to).field);
+    }
+  }
+  Refresh(taken);
 }
 
 void RecordBinding::MarkWritten() {
   for (Binding& binding : bindings_) {
-    binding.written = binding.field->FieldText();
+    MarkWritten(binding);
   }
 }
 
 void RecordBinding::MarkWritten(const forms::Field& field) {
-  for (Binding& binding : bindings_) {
-    if (binding.field == &field) {
-      binding.written = field.FieldText();
-    }
-  }
+  MarkWritten(Of(field));
+}
+
+void RecordBinding::MarkWritten(Binding& binding) {
+  binding.read = binding.written = binding.field->FieldText();
 }
 
 session::Value RecordBinding::Column(std::string_view name) const {

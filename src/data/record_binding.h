@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,16 +23,25 @@ class RecordBinding {
       : session_(session), statements_(session), table_(table), key_(key) {}
 
   void Bind(forms::Field& field, Words column, const Format& format = kPlain);
+  // The field's column belongs to that of another field, the choice of a number to the number: it is written whenever
+  // the other one is, and whoever takes its stored value takes both.
+  void Tie(const forms::Field& field, const forms::Field& to);
+  // The field's column only repeats what another one holds: it is no conflict of its own.
+  void Repeats(const forms::Field& field) { Of(field).repeats = true; }
 
   // Fills the fields from the row. False when there is no such row: they stay as they are. ID 0 reads no row, only
   // the columns' sizes, and empties them.
   bool Read(std::int32_t id);
+  // Reads the row anew for these fields alone; nothing happens when it is gone.
+  void Refresh(const std::vector<forms::Field*>& fields);
   // 0 until a row has been read or inserted.
   std::int32_t Id() const { return id_; }
 
   // A field shows another value than the row has.
   bool Changed() const;
   bool Changed(const forms::Field& field) const;
+  // What the row has for a bound field, as the field shows it.
+  const std::string& Stored(const forms::Field& field) const;
   // The first field whose text is no value of its format.
   struct Unreadable {
     forms::Field& field;
@@ -43,6 +53,19 @@ class RecordBinding {
   std::int32_t Insert();
   // Updates the columns of the fields that changed; writes nothing when none did.
   void Update();
+
+  // A column that is about to be updated, and that somebody else has given another value since it was read.
+  struct Conflict {
+    forms::Field& field;
+    std::string stored;  // as the field would show it
+  };
+  // Reads the row anew where there is anything to update. Nothing when it is gone.
+  std::optional<std::vector<Conflict>> Conflicts() const;
+  // The next update writes what the fields show over what is stored.
+  void Overwrite(const std::vector<Conflict>& conflicts);
+  // The fields show what is stored, and what is tied to them too.
+  void Take(const std::vector<Conflict>& conflicts);
+
   // What the fields show counts as the row's from now on.
   void MarkWritten();
   void MarkWritten(const forms::Field& field);
@@ -57,10 +80,23 @@ class RecordBinding {
     const Format* format;
     session::FieldType type = session::FieldType::Text;
     int defined_size = 0;
-    std::string written = {};  // what the field shows of the row
+    std::string read = {};     // what the row had, or was given
+    std::string written = {};  // what the field shows of that
+    const forms::Field* tied_to = nullptr;
+    bool repeats = false;
   };
 
+  std::unique_ptr<session::Recordset> Row(std::int32_t id) const;
+  Binding& Of(const forms::Field& field);
+  const Binding& Of(const forms::Field& field) const;
+  static std::string Shown(const Binding& binding, const session::Recordset& row);
+  static void Show(Binding& binding, const session::Recordset& row);
+  static void MarkWritten(Binding& binding);
+  // Two texts of the field stand for the same value.
+  bool Same(const Binding& binding, const std::string& left, const std::string& right) const;
   bool Differs(const Binding& binding) const;
+  // The next update writes its column.
+  bool Due(const Binding& binding) const;
   Sql LiteralOf(const Binding& binding) const;
 
   session::Session& session_;

@@ -10,31 +10,24 @@ namespace {
 
 using data::Literal;
 using data::Sql;
-using data::Words;
 
-constexpr Words kFirstPhone = kContactCodes.front();
-constexpr std::array<std::string_view, 6> kLabels = {"Phone", "Phone 2", "Fax", "Cell", "Pager", "E-Mail"};
-
-// The code as the columns are spelled; an unknown one becomes the first phone.
-Words KnownCode(std::string_view code) {
-  const auto known =
-      std::ranges::find_if(kContactCodes, [&](Words c) { return forms::EqualsIgnoringCase(c.Text(), code); });
-  return known == kContactCodes.end() ? kFirstPhone : *known;
-}
-
-Sql Column(Side side, Words code) {
-  return Prefix(side) + Sql(code);
-}
-
-// The column that mirrors the selected contact: "pHomPho".
-Sql VisibleColumn(Side side) {
-  return Column(side, "Pho");
-}
+constexpr std::array<std::string_view, kContactCodes.size()> kLabels = {"Phone", "Phone 2", "Fax",
+                                                                        "Cell",  "Pager",   "E-Mail"};
+constexpr SideColumns kHome = {
+    "pHomPho", "pHomCon", {"pHomPho1", "pHomPho2", "pHomFax", "pHomCell", "pHomPag", "pHomEma"}};
+constexpr SideColumns kWork = {
+    "pBusPho", "pBusCon", {"pBusPho1", "pBusPho2", "pBusFax", "pBusCell", "pBusPag", "pBusEma"}};
 
 }  // namespace
 
-Words Prefix(Side side) {
-  return side == Side::Home ? Words("pHom") : Words("pBus");
+std::size_t ContactOf(std::string_view code) {
+  const auto known =
+      std::ranges::find_if(kContactCodes, [&](data::Words c) { return forms::EqualsIgnoringCase(c.Text(), code); });
+  return known == kContactCodes.end() ? 0 : static_cast<std::size_t>(known - kContactCodes.begin());
+}
+
+const SideColumns& ColumnsOf(Side side) {
+  return side == Side::Home ? kHome : kWork;
 }
 
 std::string_view SideLabel(Side side) {
@@ -42,16 +35,19 @@ std::string_view SideLabel(Side side) {
 }
 
 std::string ContactLabel(std::string& code) {
-  const std::string upper = forms::ToUpper(code);
   for (const Side side : kSides) {
-    for (std::size_t i = 0; i < kContactCodes.size(); ++i) {
-      if (upper == forms::ToUpper(Column(side, kContactCodes.at(i)).Text())) {
+    for (std::size_t i = 0; i < kLabels.size(); ++i) {
+      if (forms::EqualsIgnoringCase(code, ColumnsOf(side).contacts.at(i).Text())) {
         return std::string(kLabels.at(i));
       }
     }
   }
-  code = kFirstPhone.Text();
+  code = kContactCodes.front().Text();
   return std::string(kLabels.front());
+}
+
+std::string_view LabelOfContact(std::string_view code) {
+  return kLabels.at(ContactOf(code));
 }
 
 std::string NamePromptText(bool ids_allowed) {
@@ -66,109 +62,96 @@ std::string NamePromptText(bool ids_allowed) {
 void Contacts::Read(std::int32_t person) {
   const auto row = statements_.Select("SELECT * FROM PATable WHERE pID=" + Literal(person) +
                                       statements_.Office(" AND (OfficeID = ", ")"));
-  sides_.clear();
+  const auto text = [&](data::Words column) {
+    return row->Eof() ? std::string() : session::ToText((*row)[column.Text()]);
+  };
+  const auto size = [&](data::Words column) {
+    const int field = row->FieldIndex(column.Text());
+    return field < 0 ? 0 : row->Fields()[static_cast<std::size_t>(field)].defined_size;
+  };
   for (const Side side : kSides) {
+    const SideColumns& columns = ColumnsOf(side);
+    const std::string selected = text(columns.selected);
     SideRow& contacts = sides_[side];
-    const auto text = [&](const Sql& column) {
-      return row->Eof() ? std::string() : session::ToText((*row)[column.Text()]);
-    };
-    const auto size = [&](const Sql& column) {
-      const int field = row->FieldIndex(column.Text());
-      return field < 0 ? 0 : row->Fields()[static_cast<std::size_t>(field)].defined_size;
-    };
-    const std::string selected = text(Column(side, "Con"));
-    contacts.seen = !selected.empty();
-    contacts.selected = KnownCode(selected).Text();
-    visible_sizes_[side] = size(VisibleColumn(side));
-    for (const Words code : kContactCodes) {
-      contacts.values.emplace(code.Text(), text(Column(side, code)));
-      contacts.sizes.emplace(code.Text(), size(Column(side, code)));
-    }
-    if (!contacts.seen) {
-      SetValue(side, kFirstPhone.Text(), Cut(side, kFirstPhone.Text(), text(VisibleColumn(side))));
-    }
+    contacts = {.seen = !selected.empty(),
+                .selected = ContactOf(selected),
+                .visible = text(columns.visible),
+                .visible_size = size(columns.visible),
+                .first_phone = text(columns.contacts.front())};
+    std::ranges::transform(columns.contacts, contacts.sizes.begin(), size);
   }
 }
 
-void Contacts::Setup(std::int32_t person) {
+bool Contacts::Setup(std::int32_t person) {
   Read(person);
+  bool changed = false;
   for (const Side side : kSides) {
-    if (sides_[side].seen) {
+    const SideRow& row = sides_[side];
+    if (row.seen) {
       continue;
     }
-    statements_.Execute("UPDATE PATable SET " + Column(side, "Con") + "=" + Literal(Selected(side)) + ", " +
-                        Column(side, kFirstPhone) + "=" + Literal(Value(side, kFirstPhone.Text())) + Where(person));
+    const SideColumns& columns = ColumnsOf(side);
+    Sql set = Sql(columns.selected) + "=" + Literal(Selected(side)) + ", ";
+    if (row.visible.empty() && !row.first_phone.empty()) {
+      set += Sql(columns.visible) + "=" + Literal(forms::Fitting(row.first_phone, row.visible_size));
+    } else {
+      set += Sql(columns.contacts.front()) + "=" + Literal(forms::Fitting(row.visible, row.sizes.front()));
+    }
+    statements_.Execute("UPDATE PATable SET " + set + Where(person));
+    changed = true;
   }
+  return changed;
 }
 
 std::string Contacts::SideCaption(Side side) const {
-  std::string code = Column(side, KnownCode(Selected(side))).Text();
-  return std::string(SideLabel(side)) + ContactLabel(code);
+  return std::string(SideLabel(side)) + std::string(LabelOfContact(Selected(side)));
 }
 
-const std::string& Contacts::Value(Side side, std::string_view code) const {
-  return sides_.at(side).values.find(KnownCode(code).Text())->second;
+int Contacts::SelectedSize(Side side) const {
+  const SideRow& row = sides_.at(side);
+  return row.sizes.at(row.selected);
 }
 
-int Contacts::DefinedSize(Side side, std::string_view code) const {
-  return sides_.at(side).sizes.find(KnownCode(code).Text())->second;
-}
-
-void Contacts::Select(Side side, std::string_view code) {
-  sides_[side].selected = KnownCode(code).Text();
-}
-
-void Contacts::SetValue(Side side, std::string_view code, std::string value) {
-  sides_[side].values.find(KnownCode(code).Text())->second = std::move(value);
-}
-
-bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& visible) {
-  const auto row =
-      statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" + Literal(person) +
-                         statements_.Office());
-  if (row->Eof()) {
-    return false;
-  }
-  for (const Side side : kSides) {
-    SideRow& contacts = sides_[side];
-    if (const std::string stored = session::ToText((*row)[Column(side, "Con").Text()]); !stored.empty()) {
-      contacts.selected = KnownCode(stored).Text();
+bool Contacts::Save(std::int32_t person, const std::map<Side, std::string>& shown) {
+  std::map<Side, std::string> visible;
+  std::map<Side, std::size_t> selected;
+  {
+    const auto row =
+        statements_.Select("SELECT pID, pHomPho, pBusPho, pHomCon, pBusCon FROM PATable WHERE pID=" + Literal(person) +
+                           statements_.Office());
+    if (row->Eof()) {
+      return false;
     }
-    const std::string& code = contacts.selected;
-    SetValue(side, code, Cut(side, code, visible.at(side)));
-    statements_.Execute("UPDATE PATABLE SET " + Column(side, "Con") + "=" + Literal(code) + ", " +
-                        Column(side, KnownCode(code)) + "=" + Literal(Value(side, code)) + Where(person));
+    for (const Side side : kSides) {
+      visible[side] = session::ToText((*row)[ColumnsOf(side).visible.Text()]);
+      selected[side] = ContactOf(session::ToText((*row)[ColumnsOf(side).selected.Text()]));
+    }
   }
-  statements_.Execute("UPDATE PATABLE SET " + VisibleNumbers() + " WHERE (pID=" + Literal(person) + ")" +
-                      statements_.Office());
+  for (const auto& [side, value] : shown) {
+    const SideColumns& columns = ColumnsOf(side);
+    const SideRow& row = sides_.at(side);
+    const std::size_t contact = selected[side];
+    const std::string kept = forms::Fitting(value, row.sizes.at(contact));
+    statements_.Execute(Sql("UPDATE PATABLE SET ") + columns.selected + "=" +
+                        Literal(kContactCodes.at(contact).Text()) + ", " + columns.contacts.at(contact) + "=" +
+                        Literal(kept) + Where(person));
+    visible[side] = forms::Fitting(kept, row.visible_size);
+  }
+  if (!shown.empty()) {
+    statements_.Execute("UPDATE PATABLE SET pHomPho=" + Literal(visible[Side::Home]) + ", pBusPho=" +
+                        Literal(visible[Side::Work]) + " WHERE (pID=" + Literal(person) + ")" + statements_.Office());
+  }
   return true;
 }
 
-// In one statement: contacts without the visible numbers that mirror them would never be put right.
-void Contacts::SaveAll(std::int32_t person) {
-  Sql set = VisibleNumbers();
-  for (const Side side : kSides) {
-    set += ", " + Column(side, "Con") + "=" + Literal(Selected(side));
-    for (const Words code : kContactCodes) {
-      set += ", " + Column(side, code) + "=" + Literal(Cut(side, code.Text(), Value(side, code.Text())));
-    }
-  }
-  statements_.Execute("UPDATE PATABLE SET " + set + Where(person));
-}
-
-std::string Contacts::Cut(Side side, std::string_view code, std::string_view value) const {
-  return forms::Fitting(value, DefinedSize(side, code));
+void Contacts::Mirror(std::int32_t person, Side side, std::string_view selected) {
+  const SideColumns& columns = ColumnsOf(side);
+  statements_.Execute(Sql("UPDATE PATABLE SET ") + columns.visible + "=" + columns.contacts.at(ContactOf(selected)) +
+                      " WHERE (pID=" + Literal(person) + ")" + statements_.Office());
 }
 
 Sql Contacts::Where(std::int32_t person) const {
   return " WHERE pID=" + Literal(person) + statements_.Office(" AND (OfficeID = ", ")");
-}
-
-Sql Contacts::VisibleNumbers() const {
-  const auto visible = [this](Side side) {
-    return Literal(forms::Fitting(Value(side, Selected(side)), visible_sizes_.at(side)));
-  };
-  return "pHomPho=" + visible(Side::Home) + ", pBusPho=" + visible(Side::Work);
 }
 
 }  // namespace editing

@@ -6,6 +6,16 @@
 #include "forms/text_box.h"
 
 namespace editing {
+namespace {
+
+// A record's value, as a person is told of it.
+std::string ToldValue(const forms::Field& field, const std::string& value) {
+  constexpr std::size_t kMost = 250;  // characters
+  const std::string told = field.Told && !value.empty() ? field.Told(value) : value;
+  return value.empty() ? "nothing" : Rules::ToldBack(told.empty() ? value : told, kMost);
+}
+
+}  // namespace
 
 void EditingForm::OnLoad() {
   if (!Attempt([this] { Read(); })) {
@@ -27,19 +37,78 @@ void EditingForm::OnSave(std::function<bool()> due, std::function<void()> run) {
 }
 
 bool EditingForm::Save() {
-  return Check() && Attempt([this] {
-           const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
-           for (Step& step : steps_) {
-             step.pending = step.pending || step.due();
+  bool settled = false;
+  return Check() && Attempt([&] {
+           settled = SettleConflicts();
+           if (settled) {
+             RunSteps();
            }
-           for (Step& step : steps_) {
-             if (step.pending) {
-               step.run();
-               step.pending = false;
-               Saved = true;
-             }
-           }
-         });
+         }) &&
+         settled;
+}
+
+void EditingForm::RunSteps() {
+  const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
+  for (Step& step : steps_) {
+    step.pending = step.pending || step.due();
+  }
+  for (Step& step : steps_) {
+    if (step.pending) {
+      step.run();
+      step.pending = false;
+      Saved = true;
+    }
+  }
+}
+
+bool EditingForm::SettleConflicts() {
+  std::vector<std::vector<data::RecordBinding::Conflict>> found;
+  std::vector<std::string> lines;
+  for (const data::RecordBinding* record : records_) {
+    auto conflicts = record->Conflicts();
+    if (!conflicts) {
+      throw Refusal(std::string(kDeletedMeanwhile));
+    }
+    for (const auto& [field, stored] : *conflicts) {
+      std::string line = field.SpokenName() + ": yours " + ToldValue(field, field.FieldText()) + ", stored " +
+                         ToldValue(field, stored);
+      if (std::ranges::find(lines, line) == lines.end()) {  // columns that mirror each other are one to the person
+        lines.push_back(std::move(line));
+      }
+    }
+    found.push_back(*std::move(conflicts));
+  }
+  if (lines.empty()) {
+    return true;
+  }
+  const forms::Answer answer = AskAboutConflicts(lines);
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    if (answer == forms::Answer::Yes) {
+      records_[i]->Overwrite(found[i]);
+    } else if (answer == forms::Answer::No) {
+      records_[i]->Take(found[i]);
+    }
+  }
+  if (answer == forms::Answer::No) {
+    OnTaken();
+  }
+  return answer != forms::Answer::Cancel;
+}
+
+forms::Answer EditingForm::AskAboutConflicts(const std::vector<std::string>& lines) const {
+  std::string text = "Another user has changed this record:\r\n";
+  for (const std::string& line : lines) {
+    text += "\r\n" + line;
+  }
+  text +=
+      "\r\n\r\nClick 'Yes' to save yours over what is stored.\r\n"
+      "Click 'No' to keep what is stored, and save the rest.\r\n"
+      "Click 'Cancel' to go back to the screen.";
+  return context_.user.Ask({.text = std::move(text),
+                            .title = "Save Changes",
+                            .buttons = forms::kYesNoCancel,
+                            .icon = forms::Icon::Exclamation,
+                            .default_answer = forms::Answer::Cancel});
 }
 
 bool EditingForm::Unsaved() const {

@@ -14,6 +14,10 @@
 
 namespace editing {
 
+// Why a save is refused when the row is gone.
+inline constexpr std::string_view kDeletedMeanwhile =
+    "Another user has deleted this record. Your entries are still on the screen.";
+
 // What every editing screen does: it reads when it opens, and closes when that fails; saves step by step; asks on
 // closing with changes unsaved; and changes nothing of a record that another user holds.
 class EditingForm : public forms::Form, public Rules {
@@ -39,6 +43,12 @@ class EditingForm : public forms::Form, public Rules {
   virtual bool Check() { return true; }
   // For `Check`: whether every field of the record holds a value of its format.
   bool Readable(const data::RecordBinding& record) const;
+
+  // A record that the screen edits. Before a save the person is asked about columns that another user has changed since
+  // they were read; nothing is saved when the row is gone.
+  void Edits(data::RecordBinding& record) { records_.push_back(&record); }
+  // Fields of a record show what is stored in the place of what was typed: the time to show what hangs on them.
+  virtual void OnTaken() {}
 
   // A step of saving, run in the order of the calls when it is due. One that was due when a save stopped on its way
   // stays due, and runs again as a whole: what must not be done twice is a step of its own.
@@ -69,6 +79,12 @@ class EditingForm : public forms::Form, public Rules {
     bool pending = false;
   };
 
+  // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
+  bool SettleConflicts();
+  forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;
+  void RunSteps();
+
+  std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;
   std::optional<RecordHold> hold_;
   bool read_only_ = false;

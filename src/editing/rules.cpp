@@ -26,9 +26,8 @@ void Rules::Tell(std::string text, forms::Icon icon) const {
   context_.user.Tell(std::move(text), std::string(forms::kSuiteTitle), icon);
 }
 
-std::string Rules::ToldBack(std::string_view text) {
-  constexpr std::size_t kMost = 40;  // characters
-  return "[ " + forms::Left(text, kMost) + " ]";
+std::string Rules::ToldBack(std::string_view text, std::size_t most) {
+  return "[ " + forms::Left(text, most) + " ]";
 }
 
 bool Rules::Confirm(std::string question, std::string_view title) const {

@@ -29,8 +29,8 @@ class Rules {
   void Report(const session::DatabaseError& error) const;
 
   void Tell(std::string text, forms::Icon icon = forms::Icon::None) const;
-  // "[ text ]", cut where it is too long for a message.
-  static std::string ToldBack(std::string_view text);
+  // "[ text ]", cut after so many characters.
+  static std::string ToldBack(std::string_view text, std::size_t most = 40);
   // A question that is answered with Yes or No.
   bool Confirm(std::string question, std::string_view title = forms::kSuiteTitle) const;
   // Whether the user has the right; says so when he has not: "User [Ann] does not have the rights to modify provider

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "forms/control.h"
@@ -11,6 +12,8 @@ class Field : public Control {
  public:
   // The column that it is bound to; empty for none.
   std::string DataField;
+  // How a value is told to a person where the field keeps an ID or a code; as it is without.
+  std::function<std::string(const std::string& value)> Told;
 
   // A check box is "1", "0" or, mixed, empty; a list gives its current entry's text or number.
   virtual std::string FieldText() const = 0;

@@ -30,14 +30,6 @@ constexpr std::array kLabelColumns = {BoundField{0, "pMEDALEUPD"},    BoundField
                                       BoundField{12, "pPHY1"},        BoundField{13, "pPHY2"},
                                       BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
                                       BoundField{21, "pACCTYP"}};
-constexpr std::array kCaptions = {
-    "&Last Name", "&First Name", "&Birth Date", "Se&x",  "&Title", "&Referred By :", "SS&N",        "Home Phone",
-    "Work Phone", "Address &1",  "Address &2",  "Cit&y", "&State", "&ZIP Code",      "&Provider :", "Med&ical Alert"};
-
-// Of the pick buttons, as they are read aloud.
-constexpr std::array kPickNames = {"Calendar",      "Sex and title list", "Referral list",
-                                   "Provider list", "Medical alert list", "Fee schedule list"};
-
 constexpr PersonKind kReferralKind = {.word = "Referral",
                                       .whose = "this patient's",
                                       .right = "CHANGE-REF-NAME",
@@ -52,11 +44,6 @@ constexpr PersonKind kProviderKind = {.word = "Provider",
                                       .type = "pTypDoc",
                                       .record = session::RecordKind::Provider,
                                       .list = session::lulProvider};
-
-std::string SearchHelp(const std::string& what) {
-  return "Type the last name [comma] first name and press [Enter] to enter a new " + what + ".////To add a new " +
-         what + ", type in " + what + " name and press [Enter] Key.////Press [Esc] key to close search window.";
-}
 
 }  // namespace
 
@@ -78,97 +65,10 @@ patScreen_SM::patScreen_SM(const session::ScreenContext& context)
     Patient_SM.Bind(Label5.at(bound.index), bound.column);
     Label5.at(bound.index).Visible = false;
   }
+  Patient_SM.Bind(nickname_, "pNICNAM");
   Register();
   SetHelp();
   Wire();
-}
-
-void patScreen_SM::Register() {
-  Add("Text1", Text1);
-  Add("Label1", Label1);
-  Add("Label5", Label5);
-  Add("Command3D1", Command3D1);
-  Add("Command3D2", Command3D2);
-  Add("cmdContact", cmdContact);
-  Add("BirthDate", BirthDate);
-  Add("SexTitle", SexTitle);
-  Add("Phones", Phones);
-  Add("Name_List", Name_List);
-  Add("ZipCode_Panel", ZipCodes);
-  Add("picSwapName", picSwapName);
-  Add("PictureBox1", PictureBox1);
-  Add("DialogButtons1", DialogButtons1);
-
-  for (std::size_t i = 0; i < Label1.size(); ++i) {
-    Label1.at(i).Caption = kCaptions.at(i);
-    Text1.at(i).Heading = &Label1.at(i);
-  }
-  for (std::size_t i = 0; i < Command3D1.size(); ++i) {
-    Command3D1.at(i).AccessibleName = kPickNames.at(i);
-  }
-  Command3D2.AccessibleName = "City, state and ZIP list";
-  for (forms::Button* button :
-       {&Command3D1[0], &Command3D1[1], &Command3D1[2], &Command3D1[3], &Command3D1[4], &Command3D1[5], &Command3D2}) {
-    button->Caption = "...";
-    button->ToolTip = "DATABASE LIST, Left mouse - Database list";
-    button->TabStop = false;
-  }
-  Command3D1[kPickFeeSchedule].TabStop = true;  // no field stands before it
-  Command3D1[kPickFeeSchedule].Heading = &Label5[kFeeScheduleText];
-  cmdContact.Caption = "&Contacts...";
-  picSwapName.Picture = "SWAP-16X16.PNG";
-  picSwapName.ToolTip = " Swap first and last name ";
-  DialogButtons1.Extra.Caption = "Sa&ve and Book";
-  Reads({&Text1[kLastName],
-         &Text1[kFirstName],
-         &picSwapName,
-         &SexTitle,
-         &BirthDate,
-         &Text1[kSsn],
-         &Phones,
-         &Text1[kAddress1],
-         &Text1[kAddress2],
-         &Text1[kCity],
-         &Text1[kState],
-         &Text1[kZip],
-         &Command3D2,
-         &Text1[kReferral],
-         &Command3D1[kPickReferral],
-         &Text1[kProvider],
-         &Command3D1[kPickProvider],
-         &Text1[kMedicalAlert],
-         &Command3D1[kPickMedicalAlert],
-         &Label5[kFeeScheduleText],
-         &Command3D1[kPickFeeSchedule],
-         &PictureBox1,
-         &DialogButtons1});
-
-  Properties["pID"] = {[this] { return std::to_string(pID); },
-                       [this](const std::string& id) {
-                         Opened.mode = session::Opening::Mode::Existing;
-                         Opened.id = session::ToId(session::Value(id));
-                       }};
-  Properties["TypedName"] = {[this] { return Opened.typed_name; },
-                             [this](const std::string& name) { Opened.typed_name = name; }};
-  Properties["ShowSaveNBookAppt"] = {[this] { return ShowSaveNBookAppt ? "True" : "False"; },
-                                     [this](const std::string& show) { Opened.may_book = forms::IsOn(show); }};
-}
-
-void patScreen_SM::SetHelp() {
-  const std::string name = "Make changes if needed and press [Enter] to continue.";
-  PictureBox1.Set(Text1[kLastName], name);
-  PictureBox1.Set(Text1[kFirstName], name);
-  PictureBox1.Set(Text1[kBirthDate],
-                  "Type the birth date directly on this field. There is no need to hyphenate.////The age in years and "
-                  "months will appear automatically!");
-  PictureBox1.Set(Text1[kReferral], SearchHelp("Referral"));
-  PictureBox1.Set(Text1[kProvider], SearchHelp("Provider"));
-  PictureBox1.Set(Text1[kAddress1],
-                  "Type the patient's street address in Address Line 1. There is no need to capitalize.");
-  PictureBox1.Set(Text1[kAddress2],
-                  "Address Line 2 is optional. For example, it might be used for an apartment number.");
-  PictureBox1.Set(Text1[kState],
-                  "The State field will fill in automatically when you select from the City or Zip Code database.");
 }
 
 void patScreen_SM::Wire() {
@@ -190,12 +90,16 @@ void patScreen_SM::Wire() {
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
 
+  Text1[kFirstName].Change = [this] { NicknameFollows(); };
+
+  // The row's own statement carries everything; those behind it repeat the nickname and the contacts.
+  Edits(Patient_SM);
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
-  OnSave([this] { return Adding() || Patient_SM.Changed(Text1[kFirstName]); }, [this] { WriteNickname(); });
   OnSave(always, [this] { Patient_SM.Update(); });
+  OnSave([this] { return Patient_SM.Changed(nickname_); }, [this] { WriteNickname(); });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
@@ -212,22 +116,29 @@ void patScreen_SM::Read() {
   if (Closed()) {
     return;
   }
+  ShowReferences();
+  Contacts_Setup();
+}
+
+// What stands for columns that nobody sees.
+void patScreen_SM::ShowReferences() {
   Referral.Show();
   Provider.Show();
   BirthDate.Show();
   SexTitle.Show();
   ShowFeeSchedule();
-  Contacts_Setup();
 }
 
+// Held before it is read: what is shown is what the one who held it before has left.
 void patScreen_SM::ReadExisting() {
   pID = Opened.id;
+  if (pID != 0) {
+    Hold("PATABLE", pID);
+  }
   if (pID == 0 || !Patient_SM.Read(pID)) {
     Tell(NoSuchPatient(std::to_string(pID)), forms::Icon::Information);
     Close();
-    return;
   }
-  Hold("PATABLE", pID);
 }
 
 // A name that was carried over is not thrown away without asking.
@@ -270,6 +181,9 @@ editing::EditingForm::ClosingQuestion patScreen_SM::OnClosing() const {
 
 // OK, and "Save and Book".
 void patScreen_SM::SaveFromButton(bool and_book) {
+  if ((Adding() || Unsaved()) && !Check()) {
+    return;
+  }
   if (Adding() || Unsaved()) {
     const std::string question = Adding() ? "Save this new record?" : "Save changes to this record?";
     if (!Confirm(question, "Save Changes") || !Save()) {
@@ -284,18 +198,43 @@ bool patScreen_SM::Check() {
   if (!BirthDate.Take() || !SexTitle.Take()) {
     return false;
   }
-  for (forms::TextBox& box : Text1) {
-    box.Text = std::string(forms::Trim(box.Text.get()));
-  }
-  if (Text1[kLastName].Text->empty() && Text1[kFirstName].Text->empty()) {
-    Tell("First and last name cannot be blank.", forms::Icon::Information);
+  Trim();
+  if (Text1[kLastName].Text->empty()) {
+    Tell("Last name cannot be blank.", forms::Icon::Information);
     Text1[kLastName].SetFocus();
     return false;
   }
   if (Patient_SM.Changed(Text1[kMedicalAlert])) {
     Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
   }
+  NicknameFollows();
+  Phones.Follow();
   return true;
+}
+
+// What nobody touched keeps its blanks.
+void patScreen_SM::Trim() {
+  for (const BoundField& bound : kTextColumns) {
+    forms::TextBox& box = Text1.at(bound.index);
+    if (Patient_SM.Changed(box)) {
+      box.Text = std::string(forms::Trim(box.Text.get()));
+    }
+  }
+}
+
+// Blanks around it make no other name.
+void patScreen_SM::NicknameFollows() {
+  const std::string_view name = forms::Trim(Text1[kFirstName].Text.get());
+  nickname_.Caption =
+      name == forms::Trim(Patient_SM.Stored(Text1[kFirstName])) ? Patient_SM.Stored(nickname_) : std::string(name);
+}
+
+void patScreen_SM::OnTaken() {
+  if (!Patient_SM.Changed(Text1[kFirstName])) {
+    NicknameFollows();
+  }
+  Phones.ShowTaken();
+  ShowReferences();
 }
 
 void patScreen_SM::Insert() {
@@ -304,8 +243,8 @@ void patScreen_SM::Insert() {
 }
 
 void patScreen_SM::WriteNickname() {
-  statements_.Execute("UPDATE PATABLE SET pNICNAM=" + Literal(Text1[kFirstName].Text.get()) +
-                      " WHERE pID=" + Literal(pID) + statements_.Office(" and (OfficeID = ", ") "));
+  statements_.Execute("UPDATE PATABLE SET pNICNAM=" + Literal(nickname_.Caption.get()) + " WHERE pID=" + Literal(pID) +
+                      statements_.Office(" and (OfficeID = ", ") "));
 }
 
 session::Outcome patScreen_SM::Ended() const {
@@ -319,6 +258,7 @@ void patScreen_SM::picSwapName_Click() {
     const std::string last = Text1[kLastName].Text;
     Text1[kLastName].Text = Text1[kFirstName].Text.get();
     Text1[kFirstName].Text = last;
+    NicknameFollows();
   }
 }
 

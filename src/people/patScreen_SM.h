@@ -100,6 +100,7 @@ class patScreen_SM : public editing::EditingForm {
   void Read() override;
   bool Differs() const override { return Patient_SM.Changed() || BirthDate.Pending(); }
   bool Check() override;
+  void OnTaken() override;
   ClosingQuestion OnClosing() const override;
 
  private:
@@ -108,7 +109,10 @@ class patScreen_SM : public editing::EditingForm {
   void Wire();
   void ReadExisting();
   void ReadNew();
+  void ShowReferences();
   void ShowFeeSchedule();
+  void NicknameFollows();
+  void Trim();
   bool Adding() const { return Patient_SM.Id() == 0; }
   std::string FullName() const;
   void SaveFromButton(bool and_book);
@@ -116,6 +120,8 @@ class patScreen_SM : public editing::EditingForm {
   void WriteNickname();
   void PickMedicalAlert();
   void PickFeeSchedule();
+
+  forms::Label nickname_;  // of the row; rewritten with the first name
 };
 
 }  // namespace people

@@ -10,6 +10,15 @@ namespace people {
 
 using data::Literal;
 using forms::Fitting;
+
+PersonField::PersonField(const session::ScreenContext& context, const PersonKind& kind, forms::TextBox& field,
+                         forms::Button& list_button, forms::Label& id)
+    : SearchedField(field, list_button), Rules(context), kind_(kind), id_(id) {
+  id_.Told = [this](const std::string& person) {
+    return data::NameOfPerson(statements_, session::ToId(session::Value(person)));
+  };
+}
+
 void PersonField::Show() {
   box.Text = data::NameOfPerson(statements_, Current());
 }

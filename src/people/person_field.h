@@ -24,8 +24,7 @@ class PersonField : public editing::SearchedField, private editing::Rules {
  public:
   // The screen's hidden label holds the person's ID for the record.
   PersonField(const session::ScreenContext& context, const PersonKind& kind, forms::TextBox& field,
-              forms::Button& list_button, forms::Label& id)
-      : SearchedField(field, list_button), Rules(context), kind_(kind), id_(id) {}
+              forms::Button& list_button, forms::Label& id);
 
   // Shows the name of the person whose ID the label holds. Throws session::DatabaseError.
   void Show();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <set>
 
 #include "data/record_binding.h"
 #include "editing/Contacts.h"
@@ -23,31 +24,46 @@ class PhonePair : public forms::UserControl, private editing::Rules {
     forms::Button& contacts;
   };
 
-  // The boxes are bound to the record's visible numbers.
+  // The screen binds the boxes to the record's visible numbers. What is typed there goes into the contact that they
+  // show as well, in the record's own statement.
   PhonePair(const session::ScreenContext& context, const Parts& parts, data::RecordBinding& record);
 
   const Parts& Fields() const { return parts_; }
   // Saves a new person, before his contacts are edited; false when that failed.
   std::function<bool()> SaveNew;
 
-  // Reads the contacts of the record, as `Contacts::Setup`, and labels the boxes. Throws session::DatabaseError.
+  // Prepares the contacts of the record that was read, as `Contacts::Setup`, and labels the boxes. Throws
+  // session::DatabaseError.
   void Setup();
-  // Stores what the boxes show. Throws session::DatabaseError, and Refusal when the person's row is gone.
+  // Before the record is compared with its row or written: the contacts follow the boxes.
+  void Follow();
+  // After stored values took the place of what was typed: a contact's stored value shows in its box.
+  void ShowTaken();
+  // After the record was written: stores what was typed. Throws session::DatabaseError, and Refusal when the person's
+  // row is gone.
   void Save();
 
  private:
-  struct Box {
+  // A box, and the columns behind it that nobody sees.
+  struct SideFields {
     editing::Side side;
-    forms::TextBox& text;
+    forms::TextBox& box;
+    forms::Label selected = {};
+    std::array<forms::Label, editing::kContactCodes.size()> contacts = {};
   };
-  std::array<Box, 2> Boxes() const {
-    return {Box{editing::Side::Home, parts_.home}, Box{editing::Side::Work, parts_.work}};
-  }
+  std::array<SideFields*, 2> Sides() { return {&home_, &work_}; }
+  void Bind(SideFields& side);
+  // The contact that is selected in the row.
+  std::size_t Selected(const SideFields& side) const;
+  void Refresh();
   void Edit();
 
   Parts parts_;
   data::RecordBinding& record_;
   editing::Contacts contacts_;
+  SideFields home_{.side = editing::Side::Home, .box = parts_.home};
+  SideFields work_{.side = editing::Side::Work, .box = parts_.work};
+  std::set<editing::Side> typed_;
 };
 
 }  // namespace people

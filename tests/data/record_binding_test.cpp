@@ -86,6 +86,38 @@ TEST_F(Binding, OfAnyFieldIsChangedWhenItDiffersFromTheRow) {
   EXPECT_EQ(statements_.size(), count) << "nothing has changed";
 }
 
+// A value is no conflict when it is the same in other digits, when a field shows it as another one, or when nobody
+// touched it.
+TEST_F(Binding, TellsWhatSomebodyElseChangedMeanwhile) {
+  host_.Value("INSERT INTO PATable (pID, pLASNAM, pBIRDAT, pTypPat, pREFIND) VALUES (5, 'Roe', #01/02/1980#, '3', 7)");
+  ASSERT_TRUE(record_.Read(5));
+  host_.Value("UPDATE PATable SET pREFIND=8, pBIRDAT=#01/03/1980# WHERE pID=5");
+  const std::size_t count = statements_.size();
+  EXPECT_TRUE(record_.Conflicts()->empty());
+  EXPECT_EQ(statements_.size(), count) << "there is nothing to update";
+  patient_.DoCheck(patient_.Value == forms::CheckState::On ? forms::CheckState::Off : forms::CheckState::On);
+  birth_.DoType("1/3/80");
+  EXPECT_TRUE(record_.Conflicts()->empty());
+  EXPECT_EQ(statements_.size(), count + 1);
+
+  record_.Tie(hidden_, name_);
+  name_.DoType("Row");
+  const auto conflicts = record_.Conflicts();
+  ASSERT_EQ(conflicts->size(), 1U);
+  EXPECT_EQ(&conflicts->front().field, &hidden_);
+  EXPECT_EQ(conflicts->front().stored, "8");
+  record_.Overwrite(*conflicts);
+  EXPECT_TRUE(record_.Conflicts()->empty()) << "settled";
+  record_.Take(*conflicts);
+  EXPECT_EQ(hidden_.Caption.get(), "8");
+  EXPECT_EQ(name_.Text.get(), "Roe") << "it is tied to what was taken";
+  record_.Update();
+  EXPECT_EQ(host_.Value("SELECT pLASNAM + ' ' + pREFIND FROM PATable"), "Roe 8");
+  name_.DoType("Row");
+  host_.Value("DELETE * FROM PATable WHERE pID=5");
+  EXPECT_FALSE(record_.Conflicts());
+}
+
 TEST_F(Binding, InsertsEveryFieldButEmptyLabelsAndTellsWhatCannotBeRead) {
   ASSERT_TRUE(record_.Read(0));
   name_.DoType("Roe");

@@ -28,7 +28,7 @@ TEST(Contacts, MovesTheNumberOfAnOldRowIntoItsFirstPhone) {
   EXPECT_EQ(contacts.SideCaption(Side::Work), "Work E-Mail");
   EXPECT_EQ(host.Value("SELECT pHomCon + '|' + pHomPho1 FROM PATable WHERE pID=7"), "Pho1|555-0100");
 
-  const int size = contacts.DefinedSize(Side::Home, "Pho1");
+  const int size = contacts.SelectedSize(Side::Home);
   ASSERT_GT(size, 0);
   contacts.Save(7, {{Side::Home, std::string(10000, '5')}, {Side::Work, "x@y.z"}});
   EXPECT_EQ(host.Value("SELECT pHomPho1 FROM PATable WHERE pID=7"), std::string(static_cast<std::size_t>(size), '5'));
