@@ -3,6 +3,18 @@
 #include "data/literal.h"
 
 namespace data {
+namespace {
+
+std::string NameWhere(const Statements& statements, std::int32_t person, const Sql& condition) {
+  if (person == 0) {
+    return {};
+  }
+  const auto row = statements.Select("SELECT pLASNAM, pFIRNAM FROM PATable WHERE pID=" + Literal(person) + condition +
+                                     statements.Office());
+  return row->Eof() ? std::string() : LastFirst(row->Get(0), row->Get(1));
+}
+
+}  // namespace
 
 std::string LastFirst(const session::Value& last, const session::Value& first) {
   const std::string first_name = session::ToText(first);
@@ -10,12 +22,11 @@ std::string LastFirst(const session::Value& last, const session::Value& first) {
 }
 
 std::string NameOfPerson(const Statements& statements, std::int32_t person) {
-  if (person == 0) {
-    return {};
-  }
-  const auto row =
-      statements.Select("SELECT pLASNAM, pFIRNAM FROM PATable WHERE pID=" + Literal(person) + statements.Office());
-  return row->Eof() ? std::string() : LastFirst(row->Get(0), row->Get(1));
+  return NameWhere(statements, person, {});
+}
+
+std::string NameOfReferral(const Statements& statements, std::int32_t person) {
+  return NameWhere(statements, person, Words(" AND (pTypRef='1' OR pTypRef='2')"));
 }
 
 std::unique_ptr<session::Recordset> PersonsOfType(const Statements& statements, Words type) {

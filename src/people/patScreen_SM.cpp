@@ -1,6 +1,7 @@
 #include "people/patScreen_SM.h"
 
 #include "data/literal.h"
+#include "data/persons.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
 
@@ -123,6 +124,7 @@ void patScreen_SM::Read() {
 // What stands for columns that nobody sees.
 void patScreen_SM::ShowReferences() {
   Referral.Show();
+  ShowSecondReferral();
   Provider.Show();
   BirthDate.Show();
   SexTitle.Show();
@@ -157,6 +159,19 @@ void patScreen_SM::ReadNew() {
     Text1[kLastName].Text = forms::Fitting(name->last, Text1[kLastName].MaxLength);
     Text1[kFirstName].Text = forms::Fitting(name->first, Text1[kFirstName].MaxLength);
   }
+}
+
+// The row has one column for a referral. A physician of the patient who is a referral source as well is the second.
+void patScreen_SM::ShowSecondReferral() {
+  std::string name;
+  for (const HiddenField physician : {kPhysician1, kPhysician2}) {
+    const std::int32_t id = session::ToId(session::Value(Label5.at(physician).Caption.get()));
+    if (name.empty() && id != Referral.Current()) {
+      name = data::NameOfReferral(statements_, id);
+    }
+  }
+  Label5[kSecondReferralText].Caption = "Also Referred By : " + name;
+  Label5[kSecondReferralText].Visible = !name.empty();
 }
 
 void patScreen_SM::ShowFeeSchedule() {

@@ -49,8 +49,11 @@ class patScreen_SM : public editing::EditingForm {
     kBirthDay = 8,
     kReferralId = 9,
     kProviderId = 11,
+    kPhysician1 = 12,
+    kPhysician2 = 13,
     kAgeText = 14,
     kFeeScheduleText = 15,
+    kSecondReferralText = 16,
     kFeeSchedule = 19,
     kAccountType = 21,
   };
@@ -110,6 +113,7 @@ class patScreen_SM : public editing::EditingForm {
   void ReadExisting();
   void ReadNew();
   void ShowReferences();
+  void ShowSecondReferral();
   void ShowFeeSchedule();
   void NicknameFollows();
   void Trim();

@@ -11,6 +11,7 @@ namespace views {
 FieldGroup::FieldGroup(wxWindow* parent, const wxString& title)
     : box_(new wxStaticBoxSizer(wxVERTICAL, parent, title)),
       rows_(new wxGridBagSizer(parent->FromDIP(6), parent->FromDIP(8))) {
+  rows_->SetEmptyCellSize(wxSize(0, 0));  // a hidden row leaves no band
   Box()->SetName("group " + title);
   box_->Add(rows_, wxSizerFlags(1).Expand().Border(wxALL, parent->FromDIP(8)));
 }

@@ -40,6 +40,7 @@ wxSizer* AddressGroup(FormDialog& dialog, patScreen_SM& form) {
 wxSizer* PracticeGroup(FormDialog& dialog, patScreen_SM& form) {
   FieldGroup group(&dialog, "Practice");
   LayOut(group, form.Referral);
+  group.Row(nullptr, {MakeCaption(group.Box(), form.Label5[form.kSecondReferralText])});
   LayOut(group, form.Provider);
   group.Row({{form.Text1[form.kMedicalAlert], 28}}, &form.Command3D1[form.kPickMedicalAlert]);
   wxWindow* schedule = MakeCaption(group.Box(), form.Label5[form.kFeeScheduleText]);
