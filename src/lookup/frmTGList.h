@@ -90,6 +90,8 @@ class frmTGList : public forms::Form, private editing::Rules {
   void ToolStrip_ItemClicked(const std::string& key);
 
   void EditCurrent();
+  // Whether the current row is a record of this office; says so when it is not.
+  bool IsOurs() const;
 
   void ShowNavigation();
   void EnableNavigation();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "data/literal.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -74,6 +75,31 @@ void frmTGList::EditCurrent() {
   }
 }
 
+// The stored statement of the employees reaches into other offices, where an ID is another person's.
+bool frmTGList::IsOurs() const {
+  if (!Edits || Edits->kind != session::RecordKind::Employee || !statements_.OfficeScoped() || DotNetGrid.Row < 0) {
+    return true;
+  }
+  bool ours = false;
+  Attempt([&] {
+    const auto person = statements_.Select(
+        "SELECT pLASNAM AS [Last Name], pFIRNAM AS [First Name], pProTTL AS Title, pBUSPHO AS [Business Phone], "
+        "pHOMPHO AS [Home Phone], pADD1 AS [Home Address 1], pADD2 AS [Home Address 2], pCIT AS [H-City], "
+        "pSTA AS [H-State], pZIP AS Zip FROM PATable WHERE pID=" +
+        data::Literal(CurrentID()) + statements_.Office());
+    ours = !person->Eof();
+    for (std::size_t i = 0; ours && i < person->Fields().size(); ++i) {
+      ours = session::ToText(person->Get(i)) == Chosen(person->Fields()[i].name);
+    }
+    if (!ours) {
+      Tell(Chosen("Last Name") + ", " + Chosen("First Name") +
+               " is a person of another office, or has been changed meanwhile. Nothing was done.",
+           forms::Icon::Information);
+    }
+  });
+  return ours;
+}
+
 // A separator stands only between buttons that are shown.
 void frmTGList::ShowSeparators() {
   forms::ToolBar::Item* waiting = nullptr;
@@ -108,13 +134,15 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
   }
   if (key == "New") {
     DotNetGrid_AddRecord();
+  } else if (key == "RemFilt") {
+    ClearFilter();
+  } else if (!IsOurs()) {
+    return;
   } else if (key == "Edit") {
     EditCurrent();
   } else if (key == "Delete") {
     context_.user.Tell("Deleting from the " + TitleText() + " is not part of this version yet. Nothing was changed.",
                        std::string(forms::kSuiteTitle), forms::Icon::Information);
-  } else if (key == "RemFilt") {
-    ClearFilter();
   } else {
     GoTo(key);
   }
