@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "database/schema.h"
 #include "entry/form_catalog.h"
 #include "forms/label.h"
 #include "forms/user_control.h"
@@ -90,6 +91,7 @@ class Screen : public testing::TestWithParam<Way> {
 };
 class SavingScreen : public Screen {};
 class HeldRecord : public Screen {};
+class SavedRecord : public Screen {};
 
 std::string WayName(const testing::TestParamInfo<Way>& info) {
   return info.param.form + "_" + info.param.how;
@@ -99,6 +101,9 @@ INSTANTIATE_TEST_SUITE_P(Every, SavingScreen, testing::ValuesIn(WaysThat([](cons
                          WayName);
 INSTANTIATE_TEST_SUITE_P(Every, HeldRecord,
                          testing::ValuesIn(WaysThat([](const Way& way) { return way.OnExisting(); })), WayName);
+INSTANTIATE_TEST_SUITE_P(Every, SavedRecord,
+                         testing::ValuesIn(WaysThat([](const Way& way) { return way.OnExisting() && way.saves; })),
+                         WayName);
 
 TEST_P(Screen, KnowsItsControlsAndStartsOnOne) {
   Desk desk;
@@ -346,6 +351,32 @@ TEST_P(SavingScreen, DoesOnClosingWhatWasAnswered) {
       EXPECT_THAT(desk.Locks(), testing::IsEmpty());
     }
   }
+}
+
+// A field that takes any text is changed here, and its column elsewhere.
+TEST_P(SavedRecord, IsNotWrittenOverAnotherUsersChangeUnasked) {
+  Desk desk;
+  Open(desk, way.open, [&](Form& form) {
+    const auto [table, id] = desk.Locks().at(0);
+    FillIn(form, kPlain);
+    const auto field = std::ranges::find_if(form.Controls(), [](const forms::Control* control) {
+      const auto* box = dynamic_cast<const forms::TextBox*>(control);
+      return box != nullptr && !box->DataField.empty() && box->Text.get() == kPlain;
+    });
+    ASSERT_NE(field, form.Controls().end());
+    desk.Session().Connection().Execute("UPDATE " + table + " SET " +
+                                        dynamic_cast<const forms::TextBox*>(*field)->DataField + "='elsewhere' WHERE " +
+                                        std::string(host::FindTable(table)->key) + "=" + std::to_string(id));
+    std::string asked;
+    desk.User().answers = [&](const forms::Message& message) {
+      asked = message.text;
+      return Has(message.text, "Another user has changed") ? Answer::Cancel : Agree(message);
+    };
+    PressOK(form);
+    EXPECT_TRUE(Has(asked, (*field)->SpokenName() + ": yours [ 1 Elm St ], stored [ elsewhere ]")) << asked;
+    EXPECT_FALSE(form.Closed());
+    desk.User().answers = Discard;
+  });
 }
 
 TEST_P(HeldRecord, ThatIsNotThereIsToldAndHoldsNothing) {
