@@ -1,5 +1,7 @@
 #include "editing/ZIPCODE.h"
 
+#include <utility>
+
 #include "data/literal.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
@@ -32,10 +34,13 @@ Place SplitUs(std::string_view text) {
     const std::size_t end = candidate.find_first_not_of(kZipCharacters, first);
     place.zip = candidate.substr(first, end == std::string_view::npos ? end : end - first);
   }
-  std::string& city = place.city;
-  if (candidate == place.zip && city.size() > 4 && city[city.size() - 3] == ' ') {
-    place.state = city.substr(city.size() - 2);
-    city.erase(city.size() - 3);
+  std::string_view head = place.city;
+  if (head.ends_with(',')) {
+    head.remove_suffix(1);  // "Springfield IL, 62701"
+  }
+  if (candidate == place.zip && head.size() > 4 && head[head.size() - 3] == ' ') {
+    place.state = head.substr(head.size() - 2);
+    place.city = head.substr(0, head.size() - 3);
   }
   return place;
 }
@@ -49,6 +54,19 @@ Place SplitNonUs(std::string_view text) {
   }
   place.city = forms::ToProper(place.city);
   return place;
+}
+
+// "62701", or with more behind it, and not "51" of a town's name.
+bool IsWholeZip(std::string_view text) {
+  constexpr std::size_t kDigits = 5;
+  constexpr std::size_t kMost = 10;  // with four digits more, and a dash
+  return text.size() >= kDigits && text.size() <= kMost &&
+         text.substr(0, kDigits).find_first_not_of("0123456789") == std::string_view::npos &&
+         text.find_first_not_of(kZipCharacters) == std::string_view::npos;
+}
+
+Place PlaceIn(const session::Recordset& row) {
+  return {session::ToText(row["ZipCodCit"]), session::ToText(row["ZipCodSta"]), session::ToText(row["ZipCodZip"])};
 }
 
 }  // namespace
@@ -72,13 +90,14 @@ Place Place::Parse(std::string_view text) {
   if (comma != std::string_view::npos) {
     place.zip = forms::Trim(text.substr(comma + 1));
   }
-  const std::string_view head = forms::Trim(text.substr(0, comma));
+  // Between a city and the comma a blank stands where there is no state.
+  const std::string_view head = comma == std::string_view::npos ? forms::Trim(text) : text.substr(0, comma);
   const std::size_t blank = head.rfind(' ');
   if (blank != std::string_view::npos && forms::CharacterCount(head.substr(blank + 1)) == 2) {
     place.state = head.substr(blank + 1);
     place.city = forms::Trim(head.substr(0, blank));
   } else {
-    place.city = head;
+    place.city = forms::Trim(head);
   }
   CutTrailingComma(place.city);
   return place;
@@ -96,20 +115,22 @@ ZIPCODE::ZIPCODE(const session::ScreenContext& context, const Parts& parts) : Ru
   ZipCode_Cmd[kEdit].Caption = "&Edit";
   ZipCode_Cmd[kDelete].Caption = "&Delete";
   ZipCode_Cmd[kAdd].ToolTip = "Add the city, state and ZIP on the screen to the list";
-  ZipCode_Cmd[kAdd].Click = [this] { AddPlace(); };
-  ZipCode_Cmd[kEdit].Click = [this] { EditPlace(); };
-  ZipCode_Cmd[kDelete].Click = [this] { DeletePlace(); };
+  ZipCode_Cmd[kAdd].Click = [this] { AddPlace(), BackToList(); };
+  ZipCode_Cmd[kEdit].Click = [this] { EditPlace(), BackToList(); };
+  ZipCode_Cmd[kDelete].Click = [this] { DeletePlace(), BackToList(); };
   ZIPCode_Combo.Click = [this] { Pick(); };
   ZIPCode_Combo.KeyDown = [this](forms::Key key) { return OnListKey(key); };
   ZIPCode_Combo.KeyPress = [this](char32_t character) { OnListCharacter(character); };
-  parts_.city.Change = [this] { Show(Opener::City); };
-  parts_.zip.Change = [this] { Show(Opener::Zip); };
-  for (forms::TextBox* box : {&parts_.city, &parts_.zip}) {
-    box->KeyDown = [this](forms::Key key) { return OnBoxKey(key); };
+  parts_.city.Change = [this] { Typed(Opener::City); };
+  parts_.zip.Change = [this] { Typed(Opener::Zip); };
+  for (const Opener opener : {Opener::City, Opener::Zip}) {
+    BoxOf(opener).KeyDown = [this, opener](forms::Key key) { return OnBoxKey(opener, key); };
   }
   parts_.drop.Click = [this] {
     if (EditingForm::MayModify(*this)) {
       Show(Opener::City);
+    } else {
+      parts_.city.SetFocus();
     }
   };
 }
@@ -121,11 +142,45 @@ std::optional<std::int32_t> ZIPCODE::Find(const Place& place) const {
   return session::IsNull(id) ? std::nullopt : std::optional(session::ToId(id));
 }
 
+std::vector<Place> ZIPCODE::PlacesOf(std::string_view zip) const {
+  std::vector<Place> places;
+  if (zip.empty() || unread_) {
+    return places;
+  }
+  const auto rows = statements_.Select("SELECT * FROM ZipCodTable WHERE (ZipCodZip=" + Literal(zip) + ")" +
+                                       statements_.Office() + ";");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    places.push_back(PlaceIn(*rows));
+  }
+  return places;
+}
+
+// Where the list cannot be read the person goes on typing without it, and is told so no second time.
+void ZIPCODE::Typed(Opener opener) {
+  typed_ = opener;
+  if (!unread_) {
+    Show(opener);
+  }
+}
+
 void ZIPCODE::Show(Opener opener) {
   Tag = opener == Opener::City ? "CITY" : "";
-  Drop(opener == Opener::City ? parts_.city : parts_.zip);
+  Below = &BoxOf(opener);
   Fill(OpenerBox().Text.get());
-  ZIPCode_Combo.SetFocus();
+  if (unread_) {
+    Hide();
+  } else {
+    Drop(OpenerBox());
+    ZIPCode_Combo.SetFocus();
+  }
+}
+
+// The focus does not stay behind in the list.
+void ZIPCODE::Hide() {
+  Visible = false;
+  if (ZIPCode_Combo.HasFocus() || parts_.drop.HasFocus()) {
+    OpenerBox().SetFocus();
+  }
 }
 
 void ZIPCODE::Fill(std::string_view typed) {
@@ -138,6 +193,7 @@ void ZIPCODE::Fill(std::string_view typed) {
   const data::Words column = city ? data::Words("ZipCodCit") : data::Words("ZipCodZip");
   std::vector<forms::ListItem> items;
   bool leads = false;
+  unread_ = true;
   Attempt([&] {
     const auto rows =
         statements_.Select((city ? Sql("Select Top 200") : Sql("Select Top 20")) + " * from ZipCodTable where " +
@@ -148,10 +204,11 @@ void ZIPCODE::Fill(std::string_view typed) {
       leads = forms::EqualsIgnoringCase(forms::Left(first, forms::CharacterCount(typed)), typed);
     }
     for (; !rows->Eof(); rows->MoveNext()) {
-      items.push_back({session::ToText((*rows)["ZipCodCit"]) + "\t" + session::ToText((*rows)["ZipCodSta"]) + "\t" +
-                           session::ToText((*rows)["ZipCodZip"]),
-                       session::ToId((*rows)["ZipCodID"])});
+      const Place place = PlaceIn(*rows);
+      items.push_back({place.city + "\t" + place.state + "\t" + place.zip, session::ToId((*rows)["ZipCodID"])});
     }
+    unread_ = false;
+    ReadOfficeSetting();
   });
   ZIPCode_Combo.Clear();
   ZIPCode_Combo.Items = std::move(items);
@@ -161,7 +218,9 @@ void ZIPCODE::Fill(std::string_view typed) {
 }
 
 bool ZIPCODE::AddPlace() {
-  SplitTyped();
+  if (!Attempt([this] { SplitTyped(); })) {
+    return false;
+  }
   const Place place = OnScreen();
   if (!HasCity(place) || !Confirm("Add [ " + place.Text() + " ] to database", kTitle)) {
     return false;
@@ -243,39 +302,75 @@ void ZIPCODE::PutOnScreen(const Place& place) {
 std::optional<Place> ZIPCODE::Read(std::int32_t id) const {
   const auto row =
       statements_.Select("SELECT * FROM ZipCodTable WHERE ZipCodID=" + Literal(id) + statements_.Office() + ";");
-  if (row->Eof()) {
-    return std::nullopt;
-  }
-  return Place{session::ToText((*row)["ZipCodCit"]), session::ToText((*row)["ZipCodSta"]),
-               session::ToText((*row)["ZipCodZip"])};
+  return row->Eof() ? std::nullopt : std::optional(PlaceIn(*row));
 }
 
 void ZIPCODE::Pick() {
   const forms::ListItem* current = ZIPCode_Combo.Current();
-  if (current == nullptr) {
-    return;
+  const bool read = current != nullptr && Attempt([&] {
+                      if (const auto place = Read(current->data)) {
+                        PutOnScreen(*place);
+                      }
+                    });
+  if (read) {
+    Leave();
   }
-  Attempt([&] {
-    if (const auto place = Read(current->data)) {
-      PutOnScreen(*place);
-    }
-  });
-  Leave();
 }
 
+// On from a place that is whole.
 void ZIPCODE::Leave() {
+  typed_.reset();
   Visible = false;
-  parts_.next.SetFocus();
+  parts_.zip.FocusNext();
+}
+
+void ZIPCODE::OnFocus(forms::Control* control) {
+  DropPanel::OnFocus(control);
+  if (control != nullptr && control->LiesOn(*this)) {
+    return;
+  }
+  if (typed_ && control != &BoxOf(*typed_)) {
+    Attempt([this] { TakeTyped(); });
+  }
+  if (control != &parts_.city && control != &parts_.zip) {
+    unread_ = false;
+  }
+}
+
+void ZIPCODE::TakeTyped() {
+  if (std::exchange(typed_, std::nullopt) == Opener::City) {
+    SplitTyped();
+  } else if (const auto places = PlacesOf(parts_.zip.Text.get()); places.size() == 1) {
+    PutOnScreen(places.front());
+  }
 }
 
 // A whole place typed into the city box goes into its boxes. Other countries' codes are typed into their own.
 void ZIPCODE::SplitTyped() {
-  Place place = SplitPlace(parts_.city.Text.get(), NonUs());
-  if (place.state.empty() || (place.zip.empty() && !NonUs())) {
+  const std::string_view text = forms::Trim(parts_.city.Text.get());
+  Place place = SplitPlace(text, non_us_.value_or(false));
+  if (non_us_.value_or(false)) {
+    if (!place.state.empty()) {
+      PutOnScreen({place.city, place.state, parts_.zip.Text});
+    }
     return;
   }
-  if (place.zip.empty()) {
-    place.zip = parts_.zip.Text;
+  if (!IsWholeZip(place.zip) || !text.ends_with(place.zip)) {
+    return;
+  }
+  std::string before_zip(forms::Trim(text.substr(0, text.size() - place.zip.size())));
+  CutTrailingComma(before_zip);
+  // A known place tells "Santa Fe 87501" from a state "Fe", and the state where none was typed.
+  for (const Place& known : PlacesOf(place.zip)) {
+    const bool same_state = place.state.empty() || forms::EqualsIgnoringCase(known.state, place.state);
+    if (forms::EqualsIgnoringCase(known.city, before_zip) ||
+        (same_state && forms::EqualsIgnoringCase(known.city, place.city))) {
+      place = known;
+      break;
+    }
+  }
+  if (place.state.empty()) {
+    place.state = parts_.state.Text;
   }
   PutOnScreen(place);
 }
@@ -289,18 +384,19 @@ bool ZIPCODE::HasCity(const Place& place) const {
 
 // On with what was typed, to the box behind the one that dropped the list.
 void ZIPCODE::LeaveTyped() {
-  SplitTyped();
-  if (&OpenerBox() == &parts_.zip) {
-    Leave();
-  } else {
-    Visible = false;
-    parts_.state.SetFocus();
+  Visible = false;
+  OpenerBox().FocusNext();
+}
+
+void ZIPCODE::BackToList() {
+  if (Visible) {
+    ZIPCode_Combo.SetFocus();
   }
 }
 
-bool ZIPCODE::OnBoxKey(forms::Key key) {
-  if (key == forms::Key::F9) {
-    parts_.drop.DoClick();
+bool ZIPCODE::OnBoxKey(Opener opener, forms::Key key) {
+  if (key == forms::Key::F9 && EditingForm::MayModify(*this)) {
+    Show(opener);
   }
   return key == forms::Key::F9;
 }
@@ -318,8 +414,7 @@ bool ZIPCODE::OnListKey(forms::Key key) {
       LeaveTyped();
       return true;
     case forms::Key::Esc:
-      Visible = false;
-      OpenerBox().SetFocus();
+      Hide();
       return true;
     case forms::Key::Insert:
       AddPlace();
@@ -347,8 +442,12 @@ void ZIPCODE::OnListCharacter(char32_t character) {
   }
 }
 
-bool ZIPCODE::NonUs() const {
-  return forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE"));
+// Once; where that fails it is an office of the United States.
+void ZIPCODE::ReadOfficeSetting() {
+  if (!non_us_) {
+    non_us_ = false;
+    non_us_ = forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE"));
+  }
 }
 
 }  // namespace editing

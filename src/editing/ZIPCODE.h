@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "editing/rules.h"
 #include "forms/button.h"
@@ -40,8 +41,7 @@ class ZIPCODE : public forms::DropPanel, private Rules {
     forms::TextBox& city;
     forms::TextBox& state;
     forms::TextBox& zip;
-    forms::Button& drop;   // drops the list below the city, as F9 does in a box
-    forms::Control& next;  // where the focus goes after a pick
+    forms::Button& drop;  // drops the list below the city, as F9 does in a box
   };
   enum class Opener { City, Zip };
   enum Command { kAdd, kEdit, kDelete };
@@ -70,7 +70,7 @@ class ZIPCODE : public forms::DropPanel, private Rules {
 
  protected:
   std::string Scope() const override { return {}; }
-  void OnFocusLeft() override { SplitTyped(); }
+  void OnFocus(forms::Control* control) override;
 
  private:
   struct Entry {
@@ -83,19 +83,28 @@ class ZIPCODE : public forms::DropPanel, private Rules {
   Place OnScreen() const;
   void PutOnScreen(const Place& place);
   std::optional<Place> Read(std::int32_t id) const;
+  std::vector<Place> PlacesOf(std::string_view zip) const;
+  void Typed(Opener opener);
+  void TakeTyped();
+  void SplitTyped();
+  void Hide();
   void Pick();
   void Leave();
   void LeaveTyped();
-  void SplitTyped();
+  void BackToList();
   // Says so when there is none.
   bool HasCity(const Place& place) const;
-  bool OnBoxKey(forms::Key key);
+  bool OnBoxKey(Opener opener, forms::Key key);
   bool OnListKey(forms::Key key);
   void OnListCharacter(char32_t character);
+  forms::TextBox& BoxOf(Opener opener) const { return opener == Opener::City ? parts_.city : parts_.zip; }
   forms::TextBox& OpenerBox() const { return Below == &parts_.zip ? parts_.zip : parts_.city; }
-  bool NonUs() const;
+  void ReadOfficeSetting();
 
   Parts parts_;
+  std::optional<Opener> typed_;  // the box with something typed that is not taken yet
+  std::optional<bool> non_us_;   // the office's setting, once it is read
+  bool unread_ = false;          // the list could not be read, since the focus came to its box
 };
 
 }  // namespace editing

@@ -77,15 +77,24 @@ bool BirthDateField::OnKey(forms::Key key) {
 }
 
 void BirthDateField::Pick() {
+  if (PickFromCalendar()) {
+    parts_.box.FocusNext();
+  } else {
+    parts_.box.SetFocus();
+  }
+}
+
+bool BirthDateField::PickFromCalendar() {
   if (!EditingForm::MayModify(*this)) {
-    return;
+    return false;
   }
   const auto current = forms::ParseIso(parts_.day.Caption.get());
   const forms::Date start = current ? forms::DateOf(*current) : context_.session.Today();
-  if (const auto picked = context_.user.PickDate("Calendar", start)) {
+  const auto picked = context_.user.PickDate("Calendar", start);
+  if (picked) {
     parts_.box.Text = forms::FormatDashed(*picked);
-    Take();
   }
+  return picked && Take();
 }
 
 }  // namespace editing

@@ -37,7 +37,9 @@ class BirthDateField : public forms::UserControl, private Rules {
 
  private:
   char32_t Filter(char32_t character) const;
+  // The focus then goes on, or stays where nothing was picked.
   void Pick();
+  bool PickFromCalendar();
 
   Parts parts_;
   std::string shown_;

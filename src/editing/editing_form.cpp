@@ -38,7 +38,7 @@ void EditingForm::OnSave(std::function<bool()> due, std::function<void()> run) {
 
 bool EditingForm::Save() {
   bool settled = false;
-  return Check() && Attempt([&] {
+  return Settle() && Check() && Attempt([&] {
            settled = SettleConflicts();
            if (settled) {
              RunSteps();

@@ -31,6 +31,12 @@ void Control::SetFocus() {
   }
 }
 
+void Control::FocusNext() {
+  if (Control* next = form_ == nullptr ? nullptr : form_->NextField(this); next != nullptr) {
+    next->SetFocus();
+  }
+}
+
 bool Control::HasFocus() const {
   return form_ != nullptr && form_->ActiveControl() == this;
 }

@@ -76,6 +76,8 @@ class Control : public Observable {
   virtual bool TakesEnter() const { return false; }
 
   void SetFocus();
+  // By a rule: the focus goes on to the field behind this one.
+  void FocusNext();
   bool HasFocus() const;
 
   // A person comes to act on it: true when it is usable and the focus, where it takes any, is now here.

@@ -150,6 +150,17 @@ bool Form::DoLeave() {
   return left;
 }
 
+bool Form::Settle() {
+  Control* const at = active_;
+  if (!DoLeave()) {
+    return false;
+  }
+  const DropPanel* const gone = at == nullptr ? nullptr : DropPanelUnder(*at);
+  active_ = gone == nullptr || gone->Below == nullptr ? at : *std::ranges::find(order_, gone->Below.get());
+  Changed(Aspect::Focus);
+  return true;
+}
+
 bool Form::DoIdle() {
   bool more = OnIdle();
   for (UserControl* part : user_controls_) {

@@ -79,6 +79,9 @@ class Form : public Observable {
   bool DoFocus(Control& control);
   // The focus leaves for nowhere, as when the person goes to another window. False when a rule kept it.
   bool DoLeave();
+  // What was typed is taken as if the focus left, and the focus stays: before the form saves. False when a rule kept
+  // the focus because it does not take what was typed.
+  bool Settle();
   // Keys that no control used: F9 and the like for the form's own rules, Enter and Esc for its buttons.
   bool DoKey(Key key);
   // The person pauses: some of the work that waits for it is done. False when there is none left.

@@ -54,7 +54,7 @@ patScreen_SM::patScreen_SM(const session::ScreenContext& context)
       BirthDate(context, {Text1[kBirthDate], Command3D1[kPickBirthDate], Label5[kBirthDay], Label5[kAgeText]}),
       SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, "this patient's"),
       Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Patient_SM),
-      ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2, Text1[kHomePhone]}),
+      ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
       Name_List(context),
       Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
       Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
@@ -83,7 +83,10 @@ void patScreen_SM::Wire() {
     }
     return key == forms::Key::F9;
   };
-  Command3D1[kPickMedicalAlert].Click = [this] { PickMedicalAlert(); };
+  Command3D1[kPickMedicalAlert].Click = [this] {
+    PickMedicalAlert();
+    Text1[kMedicalAlert].SetFocus();
+  };
   Command3D1[kPickFeeSchedule].Click = [this] { PickFeeSchedule(); };
   picSwapName.Click = [this] { picSwapName_Click(); };
   DialogButtons1.OK.Click = [this] { SaveFromButton(false); };

@@ -35,17 +35,25 @@ bool SexTitleField::OnKey(forms::Key key) {
 }
 
 void SexTitleField::Pick() {
+  if (PickFromList()) {
+    parts_.title.FocusNext();
+  } else if (parts_.list.HasFocus()) {
+    parts_.sex.SetFocus();
+  }
+}
+
+bool SexTitleField::PickFromList() {
   if (!editing::EditingForm::MayModify(*this)) {
-    return;
+    return false;
   }
   const auto picked = context_.screens.ShowPickList(session::PickList::SexTitle, "Sex and Title");
-  if (!picked || (parts_.sex.Text == picked->code && parts_.title.Text == picked->text)) {
-    return;
+  if (!picked || (parts_.sex.Text == picked->code && parts_.title.Text == picked->text) ||
+      !Confirm("Change " + std::string(whose_) + " Sex/Title to [ " + picked->code + "/" + picked->text + " ] ?")) {
+    return false;
   }
-  if (Confirm("Change " + std::string(whose_) + " Sex/Title to [ " + picked->code + "/" + picked->text + " ] ?")) {
-    parts_.sex.Text = picked->code;
-    parts_.title.Text = picked->text;
-  }
+  parts_.sex.Text = picked->code;
+  parts_.title.Text = picked->text;
+  return true;
 }
 
 }  // namespace people

@@ -33,7 +33,9 @@ class SexTitleField : public forms::UserControl, private editing::Rules {
   bool OnKey(forms::Key key) override;
 
  private:
+  // The focus then goes on, or stays where nothing was picked.
   void Pick();
+  bool PickFromList();
 
   Parts parts_;
   std::string_view whose_;

@@ -8,6 +8,8 @@ using editing::SplitPlace;
 TEST(SplitPlace, FindsStateAndZipAtTheEndOfUsPlaces) {
   EXPECT_EQ(SplitPlace("Springfield IL 62701", false), (Place{"Springfield", "IL", "62701"}));
   EXPECT_EQ(SplitPlace("  Springfield, IL 62701-1234 ", false), (Place{"Springfield", "IL", "62701-1234"}));
+  EXPECT_EQ(SplitPlace("Springfield IL, 62701", false), (Place{"Springfield", "IL", "62701"}));
+  EXPECT_EQ(SplitPlace("Springfield 62701", false), (Place{"Springfield", "", "62701"}));
   EXPECT_EQ(SplitPlace("Springfield", false), (Place{"Springfield", "", ""}));
   EXPECT_EQ(SplitPlace("", false), Place{});
 }
@@ -25,7 +27,7 @@ TEST(SplitPlace, PutsOtherPlacesInProperCase) {
 
 TEST(Place, ReadsItsOwnTextBackAsAPersonChangesIt) {
   for (const Place& place : {Place{"Springfield", "IL", "62701"}, Place{"Toronto", "ON", "M5V 2T6"},
-                             Place{"Los Angeles", "CA", ""}, Place{"Santo Domingo", "", "10101"}}) {
+                             Place{"Los Angeles", "CA", ""}, Place{"Santa Fe", "", "87501"}}) {
     EXPECT_EQ(Place::Parse(place.Text()), place) << place.Text();
   }
   EXPECT_EQ(Place::Parse("Springfield IL 62702"), (Place{"Springfield", "IL", "62702"}));
