@@ -161,8 +161,8 @@ int RowStep(Key key) {
 void MoveRow(forms::Control& control, int step) {
   if (auto* grid = dynamic_cast<forms::Grid*>(&control); grid != nullptr && grid->RowCount() > 0) {
     grid->DoRow(std::clamp(grid->Row + step, 0, grid->RowCount() - 1));
-  } else if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr && !list->Items->empty()) {
-    list->DoHighlight(std::clamp(list->ListIndex + step, 0, static_cast<int>(list->Items->size()) - 1));
+  } else if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr) {
+    list->DoStep(step);
   }
 }
 

@@ -29,9 +29,9 @@ std::string NameOfReferral(const Statements& statements, std::int32_t person) {
   return NameWhere(statements, person, Words(" AND (pTypRef='1' OR pTypRef='2')"));
 }
 
-std::unique_ptr<session::Recordset> PersonsOfType(const Statements& statements, Words type) {
-  return statements.Select(Sql("SELECT pID AS ID, pLASNAM, pFIRNAM FROM PATable WHERE (") + type + "='1' OR " + type +
-                           "='2')" + statements.Office() + " ORDER BY pLASNAM, pFIRNAM");
+Sql PersonsOfType(const Statements& statements, Words type, const Sql& named) {
+  return Sql("SELECT pID AS ID, pLASNAM, pFIRNAM FROM PATable WHERE (") + type + "='1' OR " + type + "='2')" +
+         (named.Empty() ? Sql() : " AND (" + named + ")") + statements.Office() + " ORDER BY pLASNAM, pFIRNAM";
 }
 
 }  // namespace data

@@ -17,7 +17,8 @@ std::string NameOfPerson(const Statements& statements, std::int32_t person);
 // The same of a person who is a referral source; empty for another.
 std::string NameOfReferral(const Statements& statements, std::int32_t person);
 
-// Name and ID of every person who has the type flag ("pTypRef"), by name. Throws session::DatabaseError.
-std::unique_ptr<session::Recordset> PersonsOfType(const Statements& statements, Words type);
+// The statement for ID, last and first name of the persons who have the type flag ("pTypRef"), by name; `named` is a
+// condition on their names, or empty.
+Sql PersonsOfType(const Statements& statements, Words type, const Sql& named);
 
 }  // namespace data

@@ -44,6 +44,10 @@ bool ListBox::DoHighlight(int index) {
   return true;
 }
 
+bool ListBox::DoStep(int step) {
+  return DoHighlight(std::clamp(Marked() + step, 0, std::max(0, static_cast<int>(Items->size()) - 1)));
+}
+
 void ListBox::DoOpen() {
   if (Current() != nullptr && DoFocus()) {
     Fire(DblClick);

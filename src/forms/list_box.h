@@ -38,11 +38,15 @@ class ListBox : public Field {
   // -1 when no entry carries that number.
   int IndexOfData(std::int32_t data) const;
   void Clear();
+  // The entry that stands out; -1 for none.
+  virtual int Marked() const { return ListIndex; }
 
   // Chooses an entry, as a click does, or only makes it current, as the arrow keys do. False when there is no such
   // entry.
   bool DoPick(int index);
   bool DoHighlight(int index);
+  // Makes the entry so many below the marked one current, or the last that there is.
+  bool DoStep(int step);
   // A double click on the current entry.
   void DoOpen();
 
@@ -57,10 +61,13 @@ class ComboBox : public ListBox {
  public:
   Property<std::string> Text{*this, {}, Aspect::Value};
   Property<bool> Editable{*this, false};
+  // The entry that a rule takes for what is typed: marked as long as none is current, and the box keeps its text.
+  Property<int> Offered{*this, -1, Aspect::Value};
 
   // A person typed into the box.
   std::function<void()> Change;
 
+  int Marked() const override { return ListIndex < 0 ? Offered : ListIndex; }
   bool TakesEnter() const override { return true; }
   void Changed(Aspect aspect) override;
   void DoEdit(std::string text);

@@ -22,10 +22,30 @@ Sql Beginning(const session::Database& database, std::string_view name) {
                                                            : data::LikeBeginning(name);
 }
 
-// Persons without a first name are found by their last name alone.
+// Persons without a first name are found by their last name alone, and the other way round.
 Sql NameCondition(const session::Database& database, const TypedName& name) {
   const Sql last = "pLASNAM Like " + Beginning(database, name.last);
-  return name.first.empty() ? last : last + " and pFIRNAM Like " + Beginning(database, name.first);
+  const Sql first = "pFIRNAM Like " + Beginning(database, name.first);
+  return name.first.empty() ? last : name.last.empty() ? first : last + " and " + first;
+}
+
+// What a text without a comma may mean, the likeliest first.
+std::vector<TypedName> Readings(const std::string& text) {
+  std::vector<TypedName> readings;
+  std::vector<TypedName> reversed;
+  for (std::size_t blank = text.rfind(' '); blank != std::string::npos; blank = text.rfind(' ', blank - 1)) {
+    if (text[blank - 1] == ' ') {
+      continue;
+    }
+    const std::string before(forms::Trim(text.substr(0, blank)));
+    const std::string behind(forms::Trim(text.substr(blank)));
+    readings.push_back({.last = behind, .first = before});
+    reversed.push_back({.last = before, .first = behind});
+  }
+  readings.push_back({.last = text, .first = {}});
+  readings.insert(readings.end(), reversed.begin(), reversed.end());
+  readings.push_back({.last = {}, .first = text});
+  return readings;
 }
 
 // Whether the office has a person of that ID; says so when it has not.
@@ -83,17 +103,26 @@ std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text) {
   return ParseName(text);
 }
 
-Sql NameSearch(session::Database& database, std::string_view text, bool family_heads) {
-  const TypedName name = ParseName(text);
-  Sql condition = NameCondition(database, name);
-  if (text.find(',') == std::string_view::npos && !name.first.empty()) {
-    condition = "((" + condition + ") or (" + NameCondition(database, {name.first, name.last}) + "))";
+std::vector<Sql> NameConditions(const session::Database& database, std::string_view typed) {
+  const std::string text(forms::Trim(typed));
+  const bool ordered = text.empty() || text.find(',') != std::string::npos;
+  std::vector<Sql> conditions;
+  for (const TypedName& name : ordered ? std::vector{ParseName(text)} : Readings(text)) {
+    conditions.push_back(NameCondition(database, name));
   }
-  if (family_heads) {
-    condition += Sql(" and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')");
+  return conditions;
+}
+
+Sql NameSearch(session::Database& database, std::string_view text, bool family_heads, const Sql& sort) {
+  Sql limits = family_heads
+                   ? Sql(" and ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')")
+                   : Sql();
+  limits += data::Statements(database).Office();
+  Sql found;
+  for (const Sql& named : NameConditions(database, text)) {
+    found += (found.Empty() ? Sql() : Sql(" or ")) + named + limits;
   }
-  return "Select * from Patable where " + condition + data::Statements(database).Office() +
-         " order by pLasNam, pFirNam";
+  return "Select * from Patable where " + found + " order by " + sort;
 }
 
 std::string NoSuchPatient(std::string_view id) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "data/sql.h"
 #include "session/screens.h"
@@ -24,9 +25,13 @@ TypedName ParseName(std::string_view text);
 // A typed ID or name; text that is a whole number is an ID, 0 for one that is too large.
 std::variant<std::int32_t, TypedName> ParseNameOrId(std::string_view text);
 
-// The statement that finds the persons whose names begin so. A name typed without a comma is looked for in the
-// reversed word order too.
-data::Sql NameSearch(session::Database& database, std::string_view text, bool family_heads);
+// The conditions that find the persons whose names begin as typed, the likeliest reading first. Typed without a comma,
+// each of the words may begin the last name ("Mary van Dyke"), the order may be reversed, and all may be one name.
+std::vector<data::Sql> NameConditions(const session::Database& database, std::string_view typed);
+
+// The statement that finds all of them. `sort` is what stands behind "order by".
+data::Sql NameSearch(session::Database& database, std::string_view text, bool family_heads,
+                     const data::Sql& sort = data::Words("pLasNam, pFirNam"));
 
 enum class EntryOutcome { None, Edited, Added };
 struct NameEntry {

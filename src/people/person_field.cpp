@@ -27,15 +27,22 @@ std::int32_t PersonField::Current() const {
   return session::ToId(session::Value(id_.Caption.get()));
 }
 
-std::vector<forms::ListItem> PersonField::Names() {
-  std::vector<forms::ListItem> names;
-  const auto rows = data::PersonsOfType(statements_, kind_.type);
-  last_name_size_ = rows->Fields()[1].defined_size;
-  first_name_size_ = rows->Fields()[2].defined_size;
-  for (; !rows->Eof(); rows->MoveNext()) {
-    names.push_back({data::LastFirst(rows->Get(1), rows->Get(2)), session::ToId(rows->Get(0))});
+std::vector<data::Sql> PersonField::Search(std::string_view typed) const {
+  std::vector<data::Sql> statements;
+  if (typed.empty()) {
+    statements.push_back(data::PersonsOfType(statements_, kind_.type, {}));
+  } else {
+    for (const data::Sql& named : NameConditions(context_.session, typed)) {
+      statements.push_back(data::PersonsOfType(statements_, kind_.type, named));
+    }
   }
-  return names;
+  return statements;
+}
+
+bool PersonField::SameName(std::string_view name, std::string_view typed) const {
+  const TypedName one = ParseName(name);
+  const TypedName other = ParseName(typed);
+  return forms::EqualsIgnoringCase(one.last, other.last) && forms::EqualsIgnoringCase(one.first, other.first);
 }
 
 void PersonField::Set(std::int32_t id, const std::string& name) {
@@ -53,39 +60,41 @@ void PersonField::Take(std::int32_t id, const std::string& name) {
   }
 }
 
-void PersonField::PickFromList() {
+bool PersonField::PickFromList() {
   if (!MayChange()) {
-    return;
+    return false;
   }
   const auto picked = context_.screens.ShowList(kind_.list, {.selected = Current()});
   if (!picked.Chosen() || picked.id == Current()) {
-    return;
+    return false;
   }
-  Attempt([&] {
-    const std::string name = data::NameOfPerson(statements_, picked.id);
-    if (Confirm("Change " + std::string(kind_.whose) + " " + std::string(kind_.word) + " to [ " + name + " ] ?")) {
-      Set(picked.id, name);
-    }
-  });
+  std::string name;
+  const bool agreed =
+      Attempt([&] { name = data::NameOfPerson(statements_, picked.id); }) &&
+      Confirm("Change " + std::string(kind_.whose) + " " + std::string(kind_.word) + " to [ " + name + " ] ?");
+  if (agreed) {
+    Set(picked.id, name);
+  }
+  return agreed;
 }
 
-void PersonField::Edit() {
+bool PersonField::Edit() {
   if (!MayChange() || (Current() == 0 && !Confirm("Nothing to edit. Do you want to add one?"))) {
-    return;
+    return false;
   }
   const auto edited = context_.screens.Edit(Current() == 0 ? session::Opening::New(kind_.record)
                                                            : session::Opening::Existing(kind_.record, Current()));
-  if (edited.Saved()) {
-    Attempt([&] { Set(edited.id, data::NameOfPerson(statements_, edited.id)); });
-  }
+  return edited.Saved() && Attempt([&] { Set(edited.id, data::NameOfPerson(statements_, edited.id)); });
 }
 
-void PersonField::Remove() {
-  if (!id_.Caption->empty() && MayChange() &&
-      Confirm("Remove " + std::string(kind_.whose) + " " + std::string(kind_.word) + " ?")) {
+bool PersonField::Remove() {
+  const bool agreed = !id_.Caption->empty() && MayChange() &&
+                      Confirm("Remove " + std::string(kind_.whose) + " " + std::string(kind_.word) + " ?");
+  if (agreed) {
     id_.Caption = std::string();
     box.Text = std::string();
   }
+  return agreed;
 }
 
 // Typed as "Last, First", a new person is added at once.
@@ -99,9 +108,12 @@ bool PersonField::Enter(const std::string& typed) {
     return false;
   }
   return Attempt([&] {
-    const std::int32_t id = statements_.Insert("PATable", {{"pLASNAM", Literal(Fitting(name.last, last_name_size_))},
-                                                           {"pFIRNAM", Literal(Fitting(name.first, first_name_size_))},
-                                                           {kind_.type, Literal("1")}});
+    const auto names =
+        statements_.Select("SELECT pLASNAM, pFIRNAM FROM PATable WHERE pID=0" + statements_.Office())->Fields();
+    const std::int32_t id =
+        statements_.Insert("PATable", {{"pLASNAM", Literal(Fitting(name.last, names[0].defined_size))},
+                                       {"pFIRNAM", Literal(Fitting(name.first, names[1].defined_size))},
+                                       {kind_.type, Literal("1")}});
     context_.session.RecordHandOff("pID", "PaTable", id);
     Set(id, data::NameOfPerson(statements_, id));
   });

@@ -29,13 +29,15 @@ class PersonField : public editing::SearchedField, private editing::Rules {
   // Shows the name of the person whose ID the label holds. Throws session::DatabaseError.
   void Show();
 
-  std::vector<forms::ListItem> Names() override;
+  std::string_view Word() const override { return kind_.word; }
+  std::vector<data::Sql> Search(std::string_view typed) const override;
+  bool SameName(std::string_view name, std::string_view typed) const override;
   std::int32_t Current() const override;
   void Take(std::int32_t id, const std::string& name) override;
   bool Enter(const std::string& typed) override;
-  void Edit() override;
-  void Remove() override;
-  void PickFromList() override;
+  bool Edit() override;
+  bool Remove() override;
+  bool PickFromList() override;
 
  private:
   bool MayChange() const;
@@ -43,8 +45,6 @@ class PersonField : public editing::SearchedField, private editing::Rules {
 
   PersonKind kind_;
   forms::Label& id_;
-  int last_name_size_ = 0;  // of the columns, in characters
-  int first_name_size_ = 0;
 };
 
 }  // namespace people

@@ -68,8 +68,11 @@ void ShowCount(wxListCtrl& widget, const forms::ListBox& list) {
 
 void ShowCurrent(wxListCtrl& widget, const forms::ListBox& list) {
   const long shown = widget.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
-  const long wanted = list.ListIndex;
-  if (shown != wanted && shown >= 0) {
+  const long wanted = list.Marked();
+  if (shown == wanted) {
+    return;
+  }
+  if (shown >= 0) {
     widget.SetItemState(shown, 0, wxLIST_STATE_SELECTED);
   }
   if (wanted >= 0 && wanted < widget.GetItemCount()) {
@@ -169,7 +172,6 @@ class SearchBinding : public Binding {
     box_.Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
       if (Dialog().SyncFocus()) {
         combo_.DoEdit(FromWx(box_.GetValue()));
-        ScrollToTyped();
       }
     });
     box_.Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -177,7 +179,7 @@ class SearchBinding : public Binding {
       if (step == 0) {
         event.Skip();
       } else if (Dialog().SyncFocus()) {
-        combo_.DoHighlight(std::max(0, (combo_.ListIndex < 0 ? typed_place_ - 1 : combo_.ListIndex.get()) + step));
+        combo_.DoStep(step);
       }
     });
     OnEntryClick(list_, Dialog(), combo_);
@@ -200,24 +202,9 @@ class SearchBinding : public Binding {
   }
 
  private:
-  // What is typed makes no entry current, or Enter could not take a new name.
-  void ScrollToTyped() {
-    const std::size_t length = forms::CharacterCount(combo_.Text.get());
-    const auto& items = combo_.Items.get();
-    const auto found = std::ranges::find_if(items, [&](const forms::ListItem& item) {
-      return forms::EqualsIgnoringCase(forms::Left(item.text, length), combo_.Text.get());
-    });
-    typed_place_ = found == items.end() ? 0 : static_cast<int>(found - items.begin());
-    if (found != items.end()) {
-      list_.EnsureVisible(static_cast<long>(items.size()) - 1);
-      list_.EnsureVisible(typed_place_);
-    }
-  }
-
   forms::ComboBox& combo_;
   wxTextCtrl& box_;
   wxListCtrl& list_;
-  int typed_place_ = 0;
 };
 
 wxListCtrl* MakeEntries(wxWindow* parent, const forms::ListBox& control, const std::vector<int>& columns, int lines) {

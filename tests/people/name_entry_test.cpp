@@ -34,4 +34,21 @@ TEST(NameEntry, SearchesByBeginningsWithTheTextAsData) {
             " AND (OfficeID=3) order by pLasNam, pFirNam");
 }
 
+TEST(NameEntry, SearchesForEveryReadingOfANameWithoutAComma) {
+  test_support::FakeSession session;
+  session.kind = session::kOfficeScoped;
+  EXPECT_EQ(people::NameSearch(session, "Smith", false, data::Words("pSSN")),
+            "Select * from Patable where pLASNAM Like 'Smith%' AND (OfficeID=3)"
+            " or pFIRNAM Like 'Smith%' AND (OfficeID=3) order by pSSN");
+  std::vector<std::string> found;
+  for (const data::Sql& condition : people::NameConditions(session, " Mary  van Dyke")) {
+    found.push_back(condition.Text());
+  }
+  EXPECT_EQ(found, (std::vector<std::string>{
+                       "pLASNAM Like 'Dyke%' and pFIRNAM Like 'Mary  van%'",
+                       "pLASNAM Like 'van Dyke%' and pFIRNAM Like 'Mary%'", "pLASNAM Like 'Mary  van Dyke%'",
+                       "pLASNAM Like 'Mary  van%' and pFIRNAM Like 'Dyke%'",
+                       "pLASNAM Like 'Mary%' and pFIRNAM Like 'van Dyke%'", "pFIRNAM Like 'Mary  van Dyke%'"}));
+}
+
 }  // namespace
