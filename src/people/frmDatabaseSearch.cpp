@@ -1,8 +1,10 @@
 #include "people/frmDatabaseSearch.h"
 
+#include <algorithm>
 #include <functional>
+#include <initializer_list>
+#include <utility>
 
-#include "editing/recordset_rows.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
 
@@ -36,21 +38,66 @@ std::function<std::string(const session::Recordset&)> Column(std::string_view co
   return [column](const session::Recordset& person) { return Text(person, column); };
 }
 
+// "***-**-6789": enough to tell two persons apart.
+std::string MaskedSsn(const session::Recordset& person) {
+  constexpr std::size_t kShown = 4;
+  std::string digits = Text(person, "pSSN");
+  std::erase_if(digits, [](char c) { return !forms::IsDigit(c); });
+  return digits.empty() ? digits : "***-**-" + digits.substr(digits.size() - std::min(digits.size(), kShown));
+}
+
+std::string BirthDate(const session::Recordset& person) {
+  const auto birth = session::ToDateTime(person["pBIRDAT"]);
+  return birth ? forms::FormatDashed(forms::DateOf(*birth)) : std::string();
+}
+
+std::string Persons(int count) {
+  return std::to_string(count) + (count == 1 ? " person" : " persons");
+}
+
+// What stands behind "order by" for the column with that key.
+data::Sql SortBy(std::string_view key, bool descending) {
+  const auto directed = [descending](std::initializer_list<data::Words> columns) {
+    data::Sql sort;
+    for (const data::Words column : columns) {
+      sort += (sort.Empty() ? data::Sql() : data::Sql(", ")) + column + (descending ? data::Words(" DESC") : "");
+    }
+    return sort;
+  };
+  const auto then_name = [](const data::Sql& sort) { return sort + ", pLasNam, pFirNam"; };
+  if (key == "pHOMPHO") {
+    return then_name(directed({"pHOMPHO"}));
+  }
+  if (key == "pBUSPHO") {
+    return then_name(directed({"pBUSPHO"}));
+  }
+  if (key == "pSSN") {
+    return then_name(directed({"pSSN"}));
+  }
+  if (key == "pBIRDAT") {
+    return then_name(directed({"pBIRDAT"}));
+  }
+  return key == "Addr" ? then_name(directed({"pADD1", "pADD2", "pCIT"})) : directed({"pLasNam", "pFirNam"});
+}
+
 }  // namespace
 
 frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
     : Form("frmDatabaseSearch"), Rules(context) {
   Caption = "Database Search";
   Add("Name_List", Name_List);
+  Add("RowLabel", RowLabel);
   Add("DialogButtons1", DialogButtons1);
   Properties["SearchText"] = {[this] { return SearchText; }, [this](const std::string& text) { SearchText = text; }};
   Properties["FamilyHeads"] = {[this] { return std::string(FamilyHeads ? "True" : "False"); },
                                [this](const std::string& text) { FamilyHeads = forms::IsOn(text); }};
   Properties["SelectedID"] = {[this] { return std::to_string(SelectedID); }, nullptr};
   Name_List.Columns = std::vector<forms::GridColumn>{
-      {.key = "Name", .caption = "Name", .width = 220},    {.key = "pHOMPHO", .caption = "Home", .width = 110},
-      {.key = "pBUSPHO", .caption = "Work", .width = 110}, {.key = "pSSN", .caption = "SSN", .width = 90},
-      {.key = "Addr", .caption = "Addr.", .width = 320},   {.key = "pID", .caption = "ID", .visible = false}};
+      {.key = "Name", .caption = "Name", .width = 220},         {.key = "pHOMPHO", .caption = "Home", .width = 110},
+      {.key = "pBUSPHO", .caption = "Work", .width = 110},      {.key = "pSSN", .caption = "SSN", .width = 90},
+      {.key = "pBIRDAT", .caption = "Birth Date", .width = 90}, {.key = "Addr", .caption = "Addr.", .width = 320},
+      {.key = "pID", .caption = "ID", .visible = false}};
+  Name_List.HeadClick = [this](int column) { Sort(column); };
   Name_List.AccessibleName = "Persons found";
   Name_List.DblClick = [this] { Choose(); };
   Name_List.KeyDown = [this](forms::Key key) {
@@ -80,18 +127,43 @@ int frmDatabaseSearch::Search() {
                    Text(person, "pZIP"));
   };
   const auto rows = std::make_shared<editing::RecordsetRows>(
-      statements_.Select(NameSearch(context_.session, SearchText, FamilyHeads)),
-      editing::RecordsetRows::Cells{name, Column("pHOMPHO"), Column("pBUSPHO"), Column("pSSN"), address,
+      statements_.Select(NameSearch(context_.session, SearchText, FamilyHeads, SortBy(sort_key_, sort_descending_))),
+      editing::RecordsetRows::Cells{name, Column("pHOMPHO"), Column("pBUSPHO"), MaskedSsn, BirthDate, address,
                                     Column("pID")});
-  rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  rows->Failed = [this](const session::DatabaseError& error) {
+    RowLabel.Caption = Persons(rows_->Count()) + "; the others could not be read";
+    Report(error);
+  };
+  rows->Arrived = [this] { ShowCount(); };
   rows->Fetch(kFirstPage);
+  rows_ = rows;
   Name_List.Rows = rows;
   Name_List.Row = rows->Count() > 0 ? 0 : -1;
+  Name_List.SortColumn = Name_List.ColumnIndex(sort_key_);
+  Name_List.SortDescending = sort_descending_;
+  ShowCount();
   return rows->Count();
 }
 
+void frmDatabaseSearch::Sort(int column) {
+  const std::string before = std::exchange(sort_key_, Name_List.Columns.get()[static_cast<std::size_t>(column)].key);
+  const bool descended = std::exchange(sort_descending_, Name_List.SortDescending);
+  if (!Attempt([this] { Search(); })) {
+    sort_key_ = before;
+    sort_descending_ = descended;
+    Name_List.SortColumn = Name_List.ColumnIndex(before);
+    Name_List.SortDescending = descended;
+  }
+}
+
+void frmDatabaseSearch::ShowCount() {
+  if (rows_ != nullptr) {
+    RowLabel.Caption = Persons(rows_->Count()) + (rows_->Complete() ? "" : " so far ...");
+  }
+}
+
 void frmDatabaseSearch::OnLoad() {
-  if (Name_List.RowCount() == 0 && !Attempt([this] { Search(); })) {
+  if (rows_ == nullptr && !Attempt([this] { Search(); })) {
     Close();
   }
 }

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
 #include "forms/grid.h"
+#include "forms/label.h"
 
 namespace people {
 
@@ -20,6 +23,7 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
   bool FamilyHeads = false;
 
   forms::Grid Name_List;
+  forms::Label RowLabel;
   forms::DialogButtons DialogButtons1;  // `Extra` adds a new person
 
   // The chosen person; 0 for none.
@@ -34,7 +38,14 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
   bool OnIdle() override { return Name_List.FetchMore(); }
 
  private:
+  void Sort(int column);
+  void ShowCount();
   void Choose();
+
+  std::shared_ptr<editing::RecordsetRows> rows_;
+  // Of the rows that are shown.
+  std::string sort_key_ = "Name";
+  bool sort_descending_ = false;
 };
 
 }  // namespace people
