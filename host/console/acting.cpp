@@ -1,16 +1,9 @@
 #include "console/acting.h"
 
 #include "console/step_failure.h"
-#include "forms/user_control.h"
 
 namespace host {
 namespace {
-
-// On the panel that drops below that field: the one panel may drop below several.
-bool DroppedBelow(const forms::Control& field, const forms::Control& focused) {
-  const forms::DropPanel* panel = forms::DropPanelUnder(focused);
-  return panel != nullptr && panel->Below.get() == &field;
-}
 
 // Of the control and its panels, the one that keeps a person from acting.
 void RequireUsable(const forms::Control& control) {
@@ -58,7 +51,7 @@ bool Focus(Interpreter& interpreter, forms::Control& control) {
     return false;
   }
   const forms::Control* after = form.ActiveControl();
-  if (after != nullptr && (after != before || DroppedBelow(control, *after)) && control.Usable()) {
+  if (after != nullptr && (after != before || form.CameTo(control)) && control.Usable()) {
     return true;
   }
   if (interpreter.QuestionCount() == questions) {

@@ -129,7 +129,8 @@ bool Form::DoClose() {
 }
 
 bool Form::DoFocus(Control& control) {
-  if (active_ == &control) {
+  came_to_ = active_ == &control ? active_ : nullptr;
+  if (came_to_ != nullptr) {
     return true;
   }
   if (!control.Usable() || !control.TakesFocus()) {
@@ -138,6 +139,7 @@ bool Form::DoFocus(Control& control) {
   if ((control.CausesValidation && !LeaveActive()) || closed_ || !control.Usable()) {
     return active_ == &control;
   }
+  came_to_ = &control;
   Rest(control);
   return active_ == &control;
 }

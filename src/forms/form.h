@@ -77,6 +77,8 @@ class Form : public Observable {
   bool DoClose();
   // Moves the focus as a person does: `Leave`, then `Enter`. False when a rule kept the focus elsewhere.
   bool DoFocus(Control& control);
+  // Whether the last `DoFocus` brought it there; a rule may have passed it on since, to a panel that has dropped.
+  bool CameTo(const Control& control) const { return came_to_ == &control; }
   // The focus leaves for nowhere, as when the person goes to another window. False when a rule kept it.
   bool DoLeave();
   // What was typed is taken as if the focus left, and the focus stays: before the form saves. False when a rule kept
@@ -115,6 +117,7 @@ class Form : public Observable {
   class Button* default_button_ = nullptr;
   class Button* cancel_button_ = nullptr;
   Control* active_ = nullptr;
+  const Control* came_to_ = nullptr;
   FormObserver* observer_ = nullptr;
   bool loaded_ = false;
   bool closed_ = false;

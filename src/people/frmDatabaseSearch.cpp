@@ -93,9 +93,9 @@ frmDatabaseSearch::frmDatabaseSearch(const session::ScreenContext& context)
                                [this](const std::string& text) { FamilyHeads = forms::IsOn(text); }};
   Properties["SelectedID"] = {[this] { return std::to_string(SelectedID); }, nullptr};
   Name_List.Columns = std::vector<forms::GridColumn>{
-      {.key = "Name", .caption = "Name", .width = 220},         {.key = "pHOMPHO", .caption = "Home", .width = 110},
+      {.key = "Name", .caption = "Name", .width = 200},         {.key = "pHOMPHO", .caption = "Home", .width = 110},
       {.key = "pBUSPHO", .caption = "Work", .width = 110},      {.key = "pSSN", .caption = "SSN", .width = 90},
-      {.key = "pBIRDAT", .caption = "Birth Date", .width = 90}, {.key = "Addr", .caption = "Addr.", .width = 320},
+      {.key = "pBIRDAT", .caption = "Birth Date", .width = 90}, {.key = "Addr", .caption = "Addr.", .width = 270},
       {.key = "pID", .caption = "ID", .visible = false}};
   Name_List.HeadClick = [this](int column) { Sort(column); };
   Name_List.AccessibleName = "Persons found";

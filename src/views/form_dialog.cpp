@@ -132,7 +132,7 @@ bool FormDialog::SyncFocus() {
       focused->Control().HasFocus()) {
     return true;
   }
-  const bool moved = form_.DoFocus(focused->Control());
+  const bool moved = form_.DoFocus(focused->Control()) || form_.CameTo(focused->Control());
   ShowFocus();
   return moved;
 }
@@ -188,6 +188,8 @@ void FormDialog::OnKey(wxKeyEvent& event) {
   const auto key = KeyOf(event);
   if (!key || !UseKey(binding, *key)) {
     event.Skip();
+  } else if (focus_set_ && !form_.Closed()) {
+    ShowFocus();  // before a key that was typed ahead
   }
 }
 

@@ -51,6 +51,11 @@ class TextBinding : public Binding {
       return;
     }
     Dialog().SyncFocus();
+    // A rule of entering passed the focus on, and with it what was typed ahead.
+    if (auto* next = dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()); next != nullptr && next != &text_) {
+      next->WriteText(wxString(character));
+      return;
+    }
     long from = 0;
     long to = 0;
     text_.GetSelection(&from, &to);

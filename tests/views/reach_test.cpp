@@ -124,6 +124,22 @@ TEST_F(Reach, MnemonicsGoThroughTheRules) {
   EXPECT_TRUE(form_.txtCity.HasFocus()) << "a rule keeps the focus";
 }
 
+// The widgets hear of a rule's focus behind the keys that a fast typist has pressed by then.
+TEST_F(Reach, KeysTypedAheadGoWhereARulePassesTheFocusOn) {
+  LayOut();
+  AwaitKeyboard();
+  form_.txtName.Enter = [&] { form_.txtCity.SetFocus(); };
+  wxWindow& name = dialog_.Find(form_.txtName)->Widget();
+  dialog_.Find(form_.txtNote)->Widget().SetFocus();
+  dialog_.SyncFocus();
+  name.SetFocus();
+  wxKeyEvent key(wxEVT_CHAR);
+  key.m_uniChar = 'r';
+  name.ProcessWindowEvent(key);
+  EXPECT_EQ(form_.txtCity.Text, "r");
+  EXPECT_EQ(form_.txtName.Text, "");
+}
+
 TEST_F(Reach, ShowsStopsOutOfReadingOrder) {
   form_.Reads({&form_.txtCity, &form_.txtName});
   LayOut();
