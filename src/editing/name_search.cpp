@@ -110,7 +110,7 @@ bool NameSearch::OnIdle() {
     unread_ = true;
     StopFetching();
   }
-  return !Fetched();
+  return Visible && !Fetched();
 }
 
 void NameSearch::StopFetching() {
@@ -214,18 +214,21 @@ bool NameSearch::Remove(SearchedField& field) {
   return true;
 }
 
-void NameSearch::GoOn(SearchedField& field) {
+void NameSearch::Hide() {
   StopFetching();
   Visible = false;
+}
+
+void NameSearch::GoOn(SearchedField& field) {
+  Hide();
   field.box.FocusNext();
 }
 
 void NameSearch::BackTo(SearchedField& field) {
-  StopFetching();
   coming_back_ = true;
   field.box.SetFocus();
   coming_back_ = false;
-  Visible = false;
+  Hide();
 }
 
 bool NameSearch::OnBoxKey(SearchedField& field, forms::Key key) {
@@ -246,7 +249,7 @@ bool NameSearch::OnBoxKey(SearchedField& field, forms::Key key) {
       return true;
     case forms::Key::Esc: {
       const bool dropped = Visible;
-      Visible = false;
+      Hide();
       return dropped;
     }
     default:

@@ -84,6 +84,7 @@ class NameSearch : public forms::DropPanel, private Rules {
   bool Edit(SearchedField& field);
   bool Remove(SearchedField& field);
 
+  void Hide();
   void GoOn(SearchedField& field);
   // Back in the field, which drops nothing.
   void BackTo(SearchedField& field);
