@@ -70,7 +70,12 @@ frmContacts::frmContacts(const session::ScreenContext& context)
 }
 
 void frmContacts::Read() {
-  if (!OnlyLook) {
+  if (OnlyLook) {
+    MakeReadOnly();
+  } else {
+    Hold("PATABLE", pID);
+  }
+  if (!ReadOnly()) {
     contacts_.Setup(pID);
   }
   if (!record_.Read(pID)) {
@@ -91,9 +96,6 @@ void frmContacts::Read() {
     box.Text = typed.text;
   }
   Follow();
-  if (OnlyLook) {
-    MakeReadOnly();
-  }
 }
 
 void frmContacts::ShowSelected() {
@@ -101,7 +103,7 @@ void frmContacts::ShowSelected() {
     const std::size_t chosen = editing::ContactOf(selected.Caption.get());
     for (std::size_t i = 0; i < kContactCodes.size(); ++i) {
       options.at(i).Value = i == chosen;
-      options.at(i).Enabled = !OnlyLook;
+      options.at(i).Enabled = !ReadOnly();
     }
   }
 }
