@@ -203,8 +203,23 @@ bool IsOn(std::string_view text) {
   return std::ranges::any_of(kSet, [text](std::string_view set) { return EqualsIgnoringCase(text, set); });
 }
 
+// Columns are found by their names: plain letters are not decoded.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
-  return left == right || (left.size() == right.size() && ToLower(left) == ToLower(right));
+  constexpr unsigned char kLastPlain = 0x7F;
+  if (left.size() != right.size()) {
+    return false;
+  }
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    const auto l = static_cast<unsigned char>(left[i]);
+    const auto r = static_cast<unsigned char>(right[i]);
+    if (l > kLastPlain || r > kLastPlain) {
+      return ToLower(left.substr(i)) == ToLower(right.substr(i));
+    }
+    if (Lower(l) != Lower(r)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace forms
