@@ -3,11 +3,13 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
-
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "bare.h"
 #include "forms/form.h"
 #include "forms/user.h"
 #include "practice/demo.h"
@@ -15,15 +17,21 @@
 
 namespace bench {
 
-// Keeps the prepared statements, in order.
+// Keeps the prepared statements, in order, and the seconds that holding records took.
 class PreparedSession : public host::HostSession {
  public:
   using HostSession::HostSession;
 
   mutable std::vector<std::string> prepared;
+  double holding = 0;
 
   std::string PrepareSQL(const std::string& sql, int flag) const override {
     return prepared.emplace_back(HostSession::PrepareSQL(sql, flag));
+  }
+  std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
+    std::optional<session::RecordHolder> holder;
+    holding += Time([&] { holder = HostSession::HoldRecord(table, id); });
+    return holder;
   }
 };
 
@@ -58,7 +66,7 @@ class Subject {
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
   ~Subject() {
-    for (const char* suffix : {"", "-wal", "-shm"}) {
+    for (const char* suffix : {"", "-wal", "-shm", "-locks", "-locks-wal", "-locks-shm"}) {
       std::error_code ignored;
       std::filesystem::remove(path_.string() + suffix, ignored);
     }

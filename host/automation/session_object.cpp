@@ -27,7 +27,7 @@ session::LogKind ToLogKind(const std::string& name) {
   throw session::DatabaseError("There is no log \"" + name + "\".", {}, 0);
 }
 
-Variant ToArray(const session::AccountFigures& figures) {
+Variant ToArray(std::initializer_list<Variant> three) {
   Variant array;
   V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
   if (V_ARRAY(&array) == nullptr) {
@@ -35,9 +35,8 @@ Variant ToArray(const session::AccountFigures& figures) {
   }
   V_VT(&array) = VT_ARRAY | VT_VARIANT;
   LONG at = 0;
-  for (Variant figure : {ToVariant(figures.balance), ToVariant(figures.plan_balance),
-                         Variant::Of(static_cast<std::int32_t>(figures.plan))}) {
-    automation::Check(SafeArrayPutElement(V_ARRAY(&array), &at, &figure));
+  for (Variant value : three) {
+    automation::Check(SafeArrayPutElement(V_ARRAY(&array), &at, &value));
     ++at;
   }
   return array;
@@ -92,13 +91,26 @@ class SessionObject final : public automation::NamedObject {
       session_->Log({ToLogKind(given.Text(0)), given.Text(1), given.Int(2), given.Text(3)});
     });
     Add("HoldRecord",
-        [this](const CallArguments& given) { return Variant::Of(session_->HoldRecord(given.Text(0), given.Int(1))); });
+        [this](const CallArguments& given) { return Variant::Of(!session_->HoldRecord(given.Text(0), given.Int(1))); });
+    Add("RecordHolder", [this](const CallArguments& given) {
+      const auto holder = session_->HeldByAnother(given.Text(0), given.Int(1)).value_or(session::RecordHolder());
+      return ToArray({Variant::Of(holder.user), Variant::Of(holder.machine), Variant::Of(holder.silent)});
+    });
+    Add("TakeRecordOver", [this](const CallArguments& given) {
+      return Variant::Of(!session_->TakeRecordOver(given.Text(0), given.Int(1)));
+    });
+    Add("KeepsRecord",
+        [this](const CallArguments& given) { return Variant::Of(session_->KeepsRecord(given.Text(0), given.Int(1))); });
     AddAction("ReleaseRecord",
               [this](const CallArguments& given) { session_->ReleaseRecord(given.Text(0), given.Int(1)); });
     Add("HeldByAnother", [this](const CallArguments& given) {
-      return Variant::Of(session_->HeldByAnother(given.Text(0), given.Int(1)));
+      return Variant::Of(session_->HeldByAnother(given.Text(0), given.Int(1)).has_value());
     });
-    Add("AccountOf", [this](const CallArguments& given) { return ToArray(session_->AccountOf(given.Int(0))); });
+    Add("AccountOf", [this](const CallArguments& given) {
+      const session::AccountFigures figures = session_->AccountOf(given.Int(0));
+      return ToArray({ToVariant(figures.balance), ToVariant(figures.plan_balance),
+                      Variant::Of(static_cast<std::int32_t>(figures.plan))});
+    });
   }
   void AddMachine() {
     Add("Now", [this](const CallArguments&) { return ToVariant(session_->Now()); });

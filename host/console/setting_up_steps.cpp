@@ -91,8 +91,9 @@ void Let(Interpreter& interpreter, StepWords& words) {
 void Hold(Interpreter& interpreter, StepWords& words) {
   const std::string table = words.Take("a table");
   const std::int32_t id = words.TakeNumber("an ID");
+  const bool silent = words.TakeKeyword("silent");
   words.End();
-  interpreter.World().HoldForAnother(table, id);
+  interpreter.World().HoldForAnother(table, id, silent);
 }
 
 void AnswerEvent(Interpreter& interpreter, StepWords& words) {
@@ -155,7 +156,7 @@ constexpr std::array kSteps = {
     Step{"file", StepKind::SetUp, "PATH TEXT", "a file under the data folder", WriteTextFile},
     Step{"sql", StepKind::SetUp, "STATEMENT", "runs a statement", RunStatement},
     Step{"let", StepKind::SetUp, "NAME = QUERY", "a variable, used as ${NAME}", Let},
-    Step{"held", StepKind::SetUp, "TABLE ID", "another user holds the record", Hold},
+    Step{"held", StepKind::SetUp, "TABLE ID [silent]", "another user holds the record, at work or silent", Hold},
     Step{"handler", StepKind::SetUp, "EVENT NAME=VALUE", "what the host answers to the event from now on", AnswerEvent},
     Step{"sending", StepKind::SetUp, "works|fails", "whether the reminder service takes messages", SetSending},
     Step{"account", StepKind::SetUp, "PID balance=AMOUNT [plan-balance=AMOUNT] [plan=own|family]",

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <random>
 
 #include "console/expectation.h"
 #include "console/step_failure.h"
@@ -17,15 +16,13 @@ namespace {
 
 constexpr std::string_view kFirstUser = "USER";
 constexpr std::string_view kAnotherUser = "ANOTHER";
+constexpr std::string_view kAnotherMachine = "FRONT-DESK";
 
-std::filesystem::path NewFolder() {
-  std::random_device chance;
-  std::filesystem::path folder;
-  do {
-    folder = std::filesystem::temp_directory_path() /
-             ("practice_console-" + std::to_string(ThisProcess().number) + "-" + std::to_string(chance()));
-  } while (!std::filesystem::create_directory(folder));
-  return folder;
+// One that lives, to be known by another machine's name.
+ProcessIdentity AnotherProcess() {
+  ProcessIdentity process = ThisProcess();
+  process.machine = kAnotherMachine;
+  return process;
 }
 
 std::string TruthText(bool value) {
@@ -62,6 +59,13 @@ entry::Dispatch HostClass(const session::ScreenContext& context) {
   return host;
 }
 
+// Not to be looked up, so that its signs of life count.
+ProcessIdentity ProcessElsewhere() {
+  ProcessIdentity process = AnotherProcess();
+  process.system.clear();
+  return process;
+}
+
 constexpr std::array kEvents = {"SwapModuleCalled", "ButtonClicked", "BeforePrint", "AfterPrint", "CheckEvent"};
 // Events with an argument by reference.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kQuestions = {
@@ -72,13 +76,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kQuestion
 forms::DateTime FirstClock() {
   using namespace std::chrono_literals;
   return forms::AtMidnight(std::chrono::November / 21 / 2026) + 9h;
-}
-
-TemporaryFolder::TemporaryFolder() : path_(NewFolder()) {}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
 }
 
 Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
@@ -93,6 +90,9 @@ Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::Use
                                                           .start_program = [](const std::string&) { return true; }},
                                              recordings)),
       screens_session_(to_screens ? to_screens(session_) : session_),
+      another_(session_->Office(), std::string(kAnotherUser), AnotherProcess()),
+      silent_(session_->Office(), std::string(kAnotherUser), ProcessElsewhere(),
+              [] { return std::chrono::sys_seconds(); }),
       screens_(entry::MakeScreens(*screens_session_, user)),
       context_{*screens_session_, user, *screens_},
       recordings_(recordings) {
@@ -199,11 +199,8 @@ void Stage::SetSetting(std::string section, std::string key, std::string value) 
   settings_.emplace_back(std::move(section), std::move(key), std::move(value));
 }
 
-void Stage::HoldForAnother(std::string_view table, std::int32_t id) {
-  if (!another_) {
-    another_ = std::make_unique<RecordLocks>(session_->Office(), std::string(kAnotherUser));
-  }
-  another_->Hold(table, id);
+void Stage::HoldForAnother(std::string_view table, std::int32_t id, bool silent) {
+  (silent ? silent_ : another_).Hold(table, id);
 }
 
 std::unique_ptr<session::Recordset> Stage::Run(const std::string& sql) {

@@ -13,6 +13,7 @@
 #include "console/recording_session.h"
 #include "console/recordings.h"
 #include "console/step_words.h"
+#include "console/temporary_folder.h"
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
 #include "entry/look_up_list.h"
@@ -27,20 +28,6 @@ namespace host {
 
 // The clock of a block until a step sets it: 2026-11-21 09:00:00.
 forms::DateTime FirstClock();
-
-// A folder of its own for as long as it lives.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
-
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 // What the screens get for a session: itself, where there is no function.
 using SessionPath = std::function<std::shared_ptr<session::Session>(std::shared_ptr<session::Session>)>;
@@ -67,8 +54,8 @@ class Stage {
   void SetClock(forms::DateTime now) { clock_ = now; }
   // For whoever reads it: an office setting as well as an option of the user.
   void SetSetting(std::string section, std::string key, std::string value);
-  // Another user holds the record from now on.
-  void HoldForAnother(std::string_view table, std::int32_t id);
+  // Another user holds the record from now on, at work or silent.
+  void HoldForAnother(std::string_view table, std::int32_t id, bool silent);
 
   // An instance of a public class by its name: "EditingScreen" and "LookUpList" themselves, what `New` has made, or
   // "Host" with its "EnterPatient"; nullptr for another name. It stays where it is.
@@ -99,7 +86,8 @@ class Stage {
   std::optional<forms::DateTime> clock_;
   std::shared_ptr<RecordingSession> session_;
   std::shared_ptr<session::Session> screens_session_;
-  std::unique_ptr<RecordLocks> another_;
+  RecordLocks another_;
+  RecordLocks silent_;
   std::vector<std::tuple<std::string, std::string, std::string>> settings_;
   std::unique_ptr<session::Screens> screens_;
   session::ScreenContext context_;

@@ -20,10 +20,19 @@ std::string SqlitePath(const std::string& url) {
                                {}, 0);
 }
 
-PracticeDatabase Sqlite(std::unique_ptr<SqliteConnection> connection, const CreationOptions& options) {
+// The locks stand in a file of their own beside the practice's, so that none waits for a save, nor a save for it.
+PracticeDatabase Sqlite(const std::string& path, std::unique_ptr<SqliteConnection> connection,
+                        const CreationOptions& options) {
+  const bool in_memory = path == kMemory;
+  auto locks =
+      std::make_unique<SqliteConnection>(in_memory ? path : path + "-locks", OpenMode::Passing, AccessOf(path));
   auto* opened = connection.get();
-  return {std::move(connection), PrepareSqlite, options,
-          [opened](const ChangeAuthor* author) { opened->WriteAs(author); }};
+  return {std::move(connection),
+          PrepareSqlite,
+          options,
+          [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
+          std::move(locks),
+          !in_memory};
 }
 
 }  // namespace
@@ -37,7 +46,9 @@ bool PracticeDatabase::KeepsRowGuids(std::string_view table) const {
 }
 
 PracticeDatabase OpenNewDatabase(const std::string& url, const CreationOptions& options) {
-  return Sqlite(std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::OrNew), options);
+  const std::string path = SqlitePath(url);
+  const Access access = options.group ? Access::Group : AccessOf(path);
+  return Sqlite(path, std::make_unique<SqliteConnection>(path, OpenMode::OrNew, access), options);
 }
 
 PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options) {
@@ -49,9 +60,10 @@ PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& o
 }
 
 PracticeDatabase OpenDatabase(const std::string& url) {
-  auto connection = std::make_unique<SqliteConnection>(SqlitePath(url), OpenMode::Existing);
+  const std::string path = SqlitePath(url);
+  auto connection = std::make_unique<SqliteConnection>(path, OpenMode::Existing, AccessOf(path));
   const CreationOptions options = MigrateSchema(*connection);
-  return Sqlite(std::move(connection), options);
+  return Sqlite(path, std::move(connection), options);
 }
 
 bool IsVacant(const std::string& url) {
@@ -59,7 +71,7 @@ bool IsVacant(const std::string& url) {
   if (!std::filesystem::exists(FilePath(path))) {
     return true;
   }
-  SqliteConnection connection(path, OpenMode::Existing);
+  SqliteConnection connection(path, OpenMode::Existing, AccessOf(path));
   return IsEmpty(connection);
 }
 

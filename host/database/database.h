@@ -19,6 +19,10 @@ struct PracticeDatabase {
   CreationOptions options;
   // Whose the changes are from now on, for the change log; nullptr for nobody's.
   std::function<void(const ChangeAuthor* author)> write_as;
+  // Where its programs write down the records that they hold: quick, and worth nothing after the machine has stopped.
+  std::unique_ptr<session::Connection> locks;
+  // Other programs may have it open too.
+  bool shared = false;
 
   // Runs a statement in the screens' dialect.
   std::unique_ptr<session::Recordset> Run(std::string_view statement) const {

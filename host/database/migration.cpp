@@ -34,6 +34,12 @@ void FillColumns(session::Connection& connection, const Table& table, const std:
   }
 }
 
+// Until version 4 the record locks stood in the practice itself.
+void DropRecordLocks(session::Connection& connection) {
+  connection.Execute("DROP TABLE IF EXISTS RecordLockTable");
+  connection.Execute("DELETE FROM IdentityTable WHERE TableName='RecordLockTable'");
+}
+
 // From version 0, which has no tables, to `to`, everything that came in between.
 void Upgrade(session::Connection& connection, const CreationOptions& options, int from, int to) {
   const auto is_due = [&](int since) { return from < since && since <= to; };
@@ -58,6 +64,9 @@ void Upgrade(session::Connection& connection, const CreationOptions& options, in
         connection.Execute(sqlite::CreateIndex(table, index));
       }
     }
+  }
+  if (is_due(4)) {
+    DropRecordLocks(connection);
   }
 }
 

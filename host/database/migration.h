@@ -11,6 +11,7 @@ struct CreationOptions {
   int office = 1;          // the office of rows that are inserted without one
   int offices = 1;         // offices 1 to this are set up
   bool row_guids = false;  // link and master tables carry `UniqueID`
+  bool group = false;      // the group of its files may work in it too; the files' mode keeps it
 };
 
 // Whether a practice can be made in the database: it has no table, as its making leaves it when it is broken off.

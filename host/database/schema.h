@@ -38,7 +38,7 @@ struct Table {
 };
 
 // The version that a new database has.
-inline constexpr int kSchemaVersion = 3;
+inline constexpr int kSchemaVersion = 4;
 
 // What sessions wrote to the tables that are `logged`, and who logged in.
 inline constexpr std::string_view kChangeLog = "ChangeTable";
@@ -61,7 +61,6 @@ bool IsTextColumn(std::string_view name);
 // ChangeTable         ChaID; ChaDat, ChaWho (the login name), ChaWhat ("added", "changed", "deleted", "login",
 // "refused"),
 //                     ChaTab, ChaRecID, ChaCol, ChaOld, ChaNew: a row for each column that a statement changed
-// RecordLockTable     RLID; RLTable, RLRecID, RLWho, RLOwner (the process that holds it), RLDat
 // AccountTable        AccID; AccPid, AccBal, AccPlaBal, AccPla (0 none, 1 own, 2 family budget plan)
 //
 // `SchemaTable` and `IdentityTable` have no `OfficeID`.

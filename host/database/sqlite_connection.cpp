@@ -1,5 +1,6 @@
 #include "database/sqlite_connection.h"
 
+#include "database/file_path.h"
 #include "database/sqlite_change_log.h"
 #include "database/sqlite_handle.h"
 #include "database/sqlite_recordset.h"
@@ -8,10 +9,12 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kMemory = ":memory:";
-
-int OpenFlags(OpenMode mode) {
-  return SQLITE_OPEN_READWRITE | (mode == OpenMode::OrNew ? SQLITE_OPEN_CREATE : 0);
+// What the engine makes beside the file has the file's mode.
+int OpenFlags(const std::string& path, OpenMode mode, Access access) {
+  if (path != kMemory && (mode != OpenMode::Existing || std::filesystem::exists(FilePath(path)))) {
+    MakePrivate(path, access);
+  }
+  return SQLITE_OPEN_READWRITE | (mode == OpenMode::Existing ? 0 : SQLITE_OPEN_CREATE);
 }
 
 bool IsSelect(std::string_view statement) {
@@ -22,12 +25,18 @@ bool IsSelect(std::string_view statement) {
 
 class SqliteFile {
  public:
-  SqliteFile(const std::string& path, OpenMode mode, const std::function<void()>& while_busy)
+  SqliteFile(const std::string& path, OpenMode mode, Access access, const std::function<void()>& while_busy)
       : in_memory(path == kMemory),
-        main(path, OpenFlags(mode), identity, while_busy),
+        main(path, OpenFlags(path, mode, access), identity, while_busy),
         readers(path, identity, while_busy) {
     try {
+      if (mode == OpenMode::Passing && !main.IsSound()) {
+        main.Empty();
+      }
       main.Run("PRAGMA journal_mode=WAL");
+      if (mode == OpenMode::Passing) {
+        main.Run("PRAGMA synchronous=OFF");
+      }
     } catch (const session::DatabaseError& error) {
       throw CannotBeOpened(path, error.what(), error.Code());
     }
@@ -41,8 +50,8 @@ class SqliteFile {
   SqliteReaders readers;
 };
 
-SqliteConnection::SqliteConnection(const std::string& path, OpenMode mode)
-    : file_(std::make_unique<SqliteFile>(path, mode, WhileBusy)) {}
+SqliteConnection::SqliteConnection(const std::string& path, OpenMode mode, Access access)
+    : file_(std::make_unique<SqliteFile>(path, mode, access, WhileBusy)) {}
 
 SqliteConnection::~SqliteConnection() = default;
 

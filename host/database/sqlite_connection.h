@@ -2,15 +2,22 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "database/change_author.h"
+#include "database/private_files.h"
 #include "session/connection.h"
 
 namespace host {
 
 class SqliteFile;
 
-enum class OpenMode { Existing, OrNew };
+// The path of a database that lives as long as its connection.
+inline constexpr std::string_view kMemory = ":memory:";
+
+// `Passing` is `OrNew` for what is worth nothing after the machine has stopped: no statement waits for the disk, and a
+// file that a power cut has spoilt is emptied.
+enum class OpenMode { Existing, OrNew, Passing };
 
 // A practice database in a SQLite file. Statements are SQLite's own (see PrepareSqlite).
 //
@@ -22,8 +29,9 @@ enum class OpenMode { Existing, OrNew };
 // up a save nor shows the rows read after it as they were when it was opened.
 class SqliteConnection final : public session::Connection {
  public:
-  // ":memory:" is a database that lives as long as the connection. Throws session::DatabaseError.
-  explicit SqliteConnection(const std::string& path, OpenMode mode = OpenMode::OrNew);
+  // A file is opened to those of `access` alone. Throws
+  // session::DatabaseError.
+  explicit SqliteConnection(const std::string& path, OpenMode mode = OpenMode::OrNew, Access access = Access::Owner);
   SqliteConnection(const SqliteConnection&) = delete;
   SqliteConnection& operator=(const SqliteConnection&) = delete;
   ~SqliteConnection() override;

@@ -52,9 +52,11 @@ int TellBusy(void* while_busy) {
   return 0;
 }
 
+// Of an extended code.
+constexpr int kPrimary = 0xFF;
+
 // What a person can do something about is said in plain words.
 std::string Reason(int extended_code, const char* message) {
-  constexpr int kPrimary = 0xFF;
   switch (extended_code & kPrimary) {
     case SQLITE_BUSY:
       return "Another program is writing to the database. Please try again.";
@@ -135,6 +137,27 @@ void SqliteHandle::Run(const std::string& batch) {
 void SqliteHandle::AddFunction(const char* name, const void* state,
                                void (*answer)(sqlite3_context*, int, sqlite3_value**)) {
   sqlite3_create_function(database_.get(), name, 0, SQLITE_UTF8, const_cast<void*>(state), answer, nullptr, nullptr);
+}
+
+bool SqliteHandle::IsSound() {
+  try {
+    std::string_view check = "PRAGMA quick_check(1)";
+    const SqliteStatement statement = Prepare(check, std::string(check));
+    return Step(statement.get(), {}) &&
+           std::string_view(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0))) == "ok";
+  } catch (const session::DatabaseError& error) {
+    const int primary = error.Code() & kPrimary;
+    if (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB) {
+      return false;
+    }
+    throw;
+  }
+}
+
+void SqliteHandle::Empty() {
+  sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_RESET_DATABASE, 1, nullptr);
+  Run("VACUUM");
+  sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_RESET_DATABASE, 0, nullptr);
 }
 
 void SqliteHandle::Interrupt() {

@@ -43,6 +43,10 @@ class SqliteHandle {
   void Run(const std::string& batch);
   // A function without arguments for statements, which is given `state` as its user data.
   void AddFunction(const char* name, const void* state, void (*answer)(sqlite3_context*, int, sqlite3_value**));
+  // False for a file that is damaged, or no database.
+  bool IsSound();
+  // Takes everything out of a file, whatever is in it.
+  void Empty();
   // Ends the step that is under way, from whichever thread.
   void Interrupt();
 

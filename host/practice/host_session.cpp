@@ -16,7 +16,11 @@ HostSession::HostSession(Practice& practice, std::int32_t office, LoginRights us
       user_(std::move(user)),
       surroundings_(std::move(surroundings)),
       author_{{}, surroundings_.clock},
-      locks_(database_, user_.Name()) {}
+      locks_(database_, user_.Name()) {
+  if (practice.Database().shared) {
+    heartbeat_.emplace([this] { locks_.Beat(); }, kBeatEvery);
+  }
+}
 
 HostSession::~HostSession() {
   practice_.Database().write_as(nullptr);

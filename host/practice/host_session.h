@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "practice/heartbeat.h"
 #include "practice/logins.h"
 #include "practice/practice.h"
 #include "practice/record_locks.h"
@@ -63,9 +65,17 @@ class HostSession : public session::Session {
   void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override;
   void SetCurrentPersonType(std::string_view key) override { person_type_ = key; }
   void Log(const session::LogEntry& entry) override;
-  bool HoldRecord(std::string_view table, std::int32_t id) override { return locks_.Hold(table, id); }
+  std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
+    return LocksOfUser().Hold(table, id);
+  }
+  std::optional<session::RecordHolder> TakeRecordOver(std::string_view table, std::int32_t id) override {
+    return LocksOfUser().TakeOver(table, id);
+  }
+  bool KeepsRecord(std::string_view table, std::int32_t id) override { return locks_.Keeps(table, id); }
   void ReleaseRecord(std::string_view table, std::int32_t id) override { locks_.Release(table, id); }
-  bool HeldByAnother(std::string_view table, std::int32_t id) const override { return locks_.HeldByAnother(table, id); }
+  std::optional<session::RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const override {
+    return locks_.HeldByAnother(table, id);
+  }
   session::AccountFigures AccountOf(std::int32_t person) const override;
 
   forms::DateTime Now() const override { return surroundings_.clock(); }
@@ -74,6 +84,12 @@ class HostSession : public session::Session {
   bool StartProgram(const std::string& command_line) override { return surroundings_.start_program(command_line); }
 
  private:
+  // Users may share a session: what is held now is held by this one.
+  RecordLocks& LocksOfUser() {
+    locks_.SetUser(user_.Name());
+    return locks_;
+  }
+
   Practice& practice_;
   mutable OfficeDatabase database_;
   LoginRights user_;
@@ -81,6 +97,7 @@ class HostSession : public session::Session {
   ChangeAuthor author_;
   RecordLocks locks_;
   std::string person_type_;
+  std::optional<Heartbeat> heartbeat_;
 };
 
 }  // namespace host

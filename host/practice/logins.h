@@ -15,7 +15,7 @@
 
 namespace host {
 
-inline constexpr std::string_view kSupervisorRight = "TAVO-SUP-RIG";
+using session::kSupervisorRight;
 
 // A guarded action.
 struct Right {

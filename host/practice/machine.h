@@ -1,6 +1,6 @@
 #pragma once
 
-#include <compare>
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,18 +12,25 @@ namespace host {
 
 // A process of any time: its number is used again, its start is not.
 struct ProcessIdentity {
-  std::string machine;
+  std::string machine;  // as people know it
+  // Those that see each other's processes have it in common: on Linux one start of the machine, a container apart from
+  // its host; on Windows the installation. Empty when it is unknown.
+  std::string system;
   std::int64_t number = 0;
   std::int64_t started = 0;  // in the system's own ticks
-
-  friend bool operator==(const ProcessIdentity&, const ProcessIdentity&) = default;
 };
 ProcessIdentity ThisProcess();
-// True as well for a process of another machine, which cannot be looked up from here.
-bool MayBeAlive(const ProcessIdentity& process);
+
+enum class ProcessState { Runs, Ended, Elsewhere };
+// `Elsewhere` is what cannot be looked up from here.
+ProcessState StateOf(const ProcessIdentity& process);
 
 // The wall clock.
 forms::DateTime LocalNow();
+// What the clocks of several machines have in common.
+inline std::chrono::sys_seconds UtcNow() {
+  return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+}
 
 // Starts a program and does not wait for it; words of the command line in double quotes keep their blanks. False when
 // it could not be started.

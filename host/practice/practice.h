@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "database/database.h"
+#include "practice/lock_table.h"
 #include "session/session.h"
 
 namespace host {
@@ -19,7 +21,7 @@ class Practice {
  public:
   // Opens what `CreatePractice` or `MakeDemo` made; an older schema is migrated. Throws session::DatabaseError, also
   // when there is no practice at the URL.
-  explicit Practice(const std::string& url) : database_(OpenDatabase(url)) {}
+  explicit Practice(const std::string& url) : Practice(OpenDatabase(url)) {}
 
   std::int32_t Kind() const { return database_.options.kind; }
   // The office a session starts in.
@@ -27,13 +29,16 @@ class Practice {
   // Every office that the practice holds.
   std::vector<std::int32_t> Offices() const;
   const PracticeDatabase& Database() const { return database_; }
+  LockTable& Locks() const { return *locks_; }
 
  private:
   friend Practice CreatePractice(const std::string& url, const PracticeOptions& options,
                                  const std::function<void(Practice& practice)>& fill);
-  explicit Practice(PracticeDatabase database) : database_(std::move(database)) {}
+  explicit Practice(PracticeDatabase database)
+      : database_(std::move(database)), locks_(std::make_unique<LockTable>(std::move(database_.locks))) {}
 
   PracticeDatabase database_;
+  std::unique_ptr<LockTable> locks_;
 };
 
 // Makes a practice: the schema, each office's defaults and one location, and what `fill` adds, all of it or, when it is
@@ -51,6 +56,7 @@ class OfficeDatabase final : public session::Database {
   std::string PrepareSQL(const std::string& sql, int) const override { return practice_->Database().prepare(sql); }
   session::Connection& Connection() override { return *practice_->Database().connection; }
   bool KeepsRowGuids(std::string_view table) const override { return practice_->Database().KeepsRowGuids(table); }
+  LockTable& Locks() const { return practice_->Locks(); }
 
  private:
   Practice* practice_;

@@ -1,122 +1,102 @@
 #include "practice/record_locks.h"
 
-#include <atomic>
-#include <charconv>
-#include <vector>
+#include <random>
 
-#include "data/literal.h"
-#include "data/statements.h"
 #include "forms/text.h"
 
 namespace host {
 namespace {
 
-using data::Literal;
-
-std::int32_t NextSession() {
-  static std::atomic<std::int32_t> last{0};
-  return ++last;
-}
-
-// "1234/56789/1/machine": the session last of a process, which the machine tells apart from others.
-std::string OwnerText(const ProcessIdentity& process, std::int32_t session) {
-  return std::to_string(process.number) + "/" + std::to_string(process.started) + "/" + std::to_string(session) + "/" +
-         process.machine;
-}
-
-ProcessIdentity ProcessOf(std::string_view owner) {
-  const auto take = [&owner] {
-    std::int64_t number = 0;
-    const auto end = owner.find('/');
-    std::from_chars(owner.data(), owner.data() + end, number);
-    owner.remove_prefix(end == std::string_view::npos ? owner.size() : end + 1);
-    return number;
-  };
-  ProcessIdentity process;
-  process.number = take();
-  process.started = take();
-  take();
-  process.machine = owner;
-  return process;
+std::string NewSession() {
+  std::random_device chance;
+  return std::to_string(chance()) + "-" + std::to_string(chance()) + "-" + std::to_string(chance());
 }
 
 }  // namespace
 
-RecordLocks::RecordLocks(session::Database& database, std::string user, const ProcessIdentity& process)
-    : database_(database), user_(std::move(user)), owner_(OwnerText(process, NextSession())) {}
+RecordLocks::RecordLocks(const OfficeDatabase& database, std::string user, ProcessIdentity process, Clock clock)
+    : database_(database),
+      table_(database.Locks()),
+      session_(NewSession()),
+      user_(std::move(user)),
+      process_(std::move(process)),
+      clock_(std::move(clock)) {}
 
 RecordLocks::~RecordLocks() {
   try {
-    while (!held_.empty()) {
-      const Key key = held_.begin()->first;
-      held_.erase(held_.begin());
-      Free(key);
-    }
+    table_.FreeAll(session_);
   } catch (const session::DatabaseError&) {
-    // The locks fall with the process.
+    held_.clear();  // the locks fall with the process
   }
 }
 
-RecordLocks::Key RecordLocks::KeyOf(std::string_view table, std::int32_t id) const {
-  return {database_.CurrentOfficeID(), forms::ToUpper(table), id};
+LockedRecord RecordLocks::RecordOf(std::string_view table, std::int32_t id) const {
+  const bool scoped = database_.DatabaseKind() == session::kOfficeScoped;
+  return {scoped ? database_.CurrentOfficeID() : 0, forms::ToUpper(table), id};
 }
 
-data::Sql RecordLocks::OfRecord(const Key& key) const {
-  const bool scoped = data::Statements(database_).OfficeScoped();
-  return "(RLTable=" + Literal(key.table) + ") AND (RLRecID=" + Literal(key.id) + ")" +
-         (scoped ? " AND (OfficeID=" + Literal(key.office) + ")" : data::Sql());
+// Clocks of two machines may differ, either way.
+bool RecordLocks::IsSilent(const RecordLock& lock) const {
+  return StateOf(lock.process) == ProcessState::Elsewhere && std::chrono::abs(clock_() - lock.beat) > kSilentAfter;
 }
 
-std::string RecordLocks::OwnerOf(const Key& key) const {
-  return session::ToText(
-      data::Statements(database_).SelectValue("SELECT RLOwner FROM RecordLockTable WHERE " + OfRecord(key)));
+session::RecordHolder RecordLocks::HolderOf(const RecordLock& lock) const {
+  return {lock.user, lock.process.machine, IsSilent(lock)};
 }
 
-bool RecordLocks::Hold(std::string_view table, std::int32_t id) {
-  Key key = KeyOf(table, id);
-  if (const auto found = held_.find(key); found != held_.end()) {
+std::optional<session::RecordHolder> RecordLocks::Hold(std::string_view table, std::int32_t id) {
+  LockedRecord record = RecordOf(table, id);
+  if (const auto found = held_.find(record); found != held_.end()) {
+    if (!table_.Renew(record, session_, clock_())) {
+      return HeldByAnother(table, id).value_or(session::RecordHolder());
+    }
     ++found->second;
-    return true;
+    return std::nullopt;
   }
-  const data::Statements statements(database_);
-  const bool scoped = statements.OfficeScoped();
-  // One statement takes a record that is free; where two come at once, the unique index lets one of them in.
-  statements.Execute("INSERT INTO RecordLockTable (RLTable, RLRecID, RLWho, RLOwner" +
-                     (scoped ? data::Sql(", OfficeID") : data::Sql()) + ") VALUES (" + Literal(key.table) + ", " +
-                     Literal(id) + ", " + Literal(user_) + ", " + Literal(owner_) + statements.Office(", ", "") +
-                     ") ON CONFLICT DO NOTHING");
-  std::string owner = OwnerOf(key);
-  if (!owner.empty() && owner != owner_ && !MayBeAlive(ProcessOf(owner))) {
-    // So does one that takes over from the dead.
-    statements.Execute("UPDATE RecordLockTable SET RLWho=" + Literal(user_) + ", RLOwner=" + Literal(owner_) +
-                       " WHERE (RLOwner=" + Literal(owner) + ") AND " + OfRecord(key));
-    owner = OwnerOf(key);
+  auto other = table_.Take(record, Mine());
+  if (other && StateOf(other->process) == ProcessState::Ended) {
+    table_.Free(record, other->session);
+    other = table_.Take(record, Mine());
   }
-  if (owner != owner_) {
-    return false;
+  if (other) {
+    return HolderOf(*other);
   }
-  held_.emplace(std::move(key), 1);
-  return true;
+  held_.emplace(std::move(record), 1);
+  return std::nullopt;
+}
+
+std::optional<session::RecordHolder> RecordLocks::TakeOver(std::string_view table, std::int32_t id) {
+  const LockedRecord record = RecordOf(table, id);
+  if (const auto other = table_.Find(record); other && IsSilent(*other)) {
+    table_.Free(record, other->session);
+  }
+  return Hold(table, id);
+}
+
+bool RecordLocks::Keeps(std::string_view table, std::int32_t id) {
+  return table_.Renew(RecordOf(table, id), session_, clock_());
 }
 
 void RecordLocks::Release(std::string_view table, std::int32_t id) {
-  const auto found = held_.find(KeyOf(table, id));
+  const auto found = held_.find(RecordOf(table, id));
   if (found == held_.end() || --found->second > 0) {
     return;
   }
-  const Key key = found->first;
+  const LockedRecord record = found->first;
   held_.erase(found);
-  Free(key);
+  table_.Free(record, session_);
 }
 
-void RecordLocks::Free(const Key& key) {
-  data::Statements(database_).Execute("DELETE * FROM RecordLockTable WHERE (RLOwner=" + Literal(owner_) + ") AND " +
-                                      OfRecord(key));
+std::optional<session::RecordHolder> RecordLocks::HeldByAnother(std::string_view table, std::int32_t id) const {
+  const auto lock = table_.Find(RecordOf(table, id));
+  if (!lock || lock->session == session_ || StateOf(lock->process) == ProcessState::Ended) {
+    return std::nullopt;
+  }
+  return HolderOf(*lock);
 }
 
-bool RecordLocks::HeldByAnother(std::string_view table, std::int32_t id) const {
-  const std::string owner = OwnerOf(KeyOf(table, id));
-  return !owner.empty() && owner != owner_ && MayBeAlive(ProcessOf(owner));
+void RecordLocks::Beat() {
+  table_.RenewAll(session_, clock_());
 }
 
 }  // namespace host

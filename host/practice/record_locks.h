@@ -1,53 +1,67 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 
-#include "data/sql.h"
+#include "practice/lock_table.h"
 #include "practice/machine.h"
+#include "practice/practice.h"
 #include "session/session.h"
 
 namespace host {
 
-// The records that one session holds against all others on its practice, of this process or another; each in the
-// office that the session was in. What a dead
-// process held is free. Throws session::DatabaseError.
+// A session gives a sign of life this often, and one that has given none for so long is silent.
+inline constexpr std::chrono::seconds kBeatEvery{10};
+inline constexpr std::chrono::seconds kSilentAfter{60};
+
+// The records that one session holds against all others on its practice, of this process or another, each in the office
+// that the session was in. What an ended process held is free; whether one lives that cannot be looked up from here is
+// told by its signs of life. Throws session::DatabaseError.
 class RecordLocks {
  public:
-  RecordLocks(session::Database& database, std::string user, const ProcessIdentity& process = ThisProcess());
+  using Clock = std::function<std::chrono::sys_seconds()>;
+
+  RecordLocks(const OfficeDatabase& database, std::string user, ProcessIdentity process = ThisProcess(),
+              Clock clock = UtcNow);
   RecordLocks(const RecordLocks&) = delete;
   RecordLocks& operator=(const RecordLocks&) = delete;
   // Releases what is held.
   ~RecordLocks();
 
-  // False when another session holds the record. Each hold needs its release. Tables are named without regard to case.
-  bool Hold(std::string_view table, std::int32_t id);
+  // Who is named from now on as who holds a record.
+  void SetUser(std::string user) { user_ = std::move(user); }
+
+  // Nothing when the session holds the record from now on, otherwise who does. Each hold needs its release. Tables are
+  // named without regard to case.
+  std::optional<session::RecordHolder> Hold(std::string_view table, std::int32_t id);
+  // The same; a silent holder loses the record.
+  std::optional<session::RecordHolder> TakeOver(std::string_view table, std::int32_t id);
+  // Whether a record that was held is held still; for `kSilentAfter` it is then.
+  bool Keeps(std::string_view table, std::int32_t id);
   void Release(std::string_view table, std::int32_t id);
-  bool HeldByAnother(std::string_view table, std::int32_t id) const;
+  std::optional<session::RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const;
+
+  // A sign of life; from any thread.
+  void Beat();
 
  private:
-  struct Key {
-    std::int32_t office;
-    std::string table;
-    std::int32_t id;
+  LockedRecord RecordOf(std::string_view table, std::int32_t id) const;  // in the office that the session is in
+  RecordLock Mine() const { return {session_, user_, process_, clock_()}; }
+  bool IsSilent(const RecordLock& lock) const;
+  session::RecordHolder HolderOf(const RecordLock& lock) const;
 
-    bool operator<(const Key& other) const {
-      return std::tie(office, table, id) < std::tie(other.office, other.table, other.id);
-    }
-  };
-
-  Key KeyOf(std::string_view table, std::int32_t id) const;  // in the office that the session is in
-  data::Sql OfRecord(const Key& key) const;                  // the condition for its row
-  std::string OwnerOf(const Key& key) const;                 // empty when it is free
-  void Free(const Key& key);
-
-  session::Database& database_;
+  const OfficeDatabase& database_;
+  LockTable& table_;
+  std::string session_;
   std::string user_;
-  std::string owner_;  // this session of this process
-  std::map<Key, int> held_;
+  ProcessIdentity process_;
+  Clock clock_;
+  std::map<LockedRecord, int> held_;
 };
 
 }  // namespace host

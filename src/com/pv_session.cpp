@@ -30,18 +30,23 @@ forms::Currency ToCurrency(const VARIANT& variant) {
   return forms::Currency::FromTenThousandths(V_CY(&amount).int64);
 }
 
-// Balance, balance of the plan, and kind of plan: 0 none, 1 the person's own, 2 another family member's.
-session::AccountFigures ToFigures(const VARIANT& variant) {
-  std::array<Variant, 3> figures;
-  if (V_VT(&variant) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&variant)) != 1) {
+std::array<Variant, 3> ToThree(const VARIANT& array) {
+  std::array<Variant, 3> three;
+  if (V_VT(&array) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&array)) != 1) {
     throw ComError(DISP_E_TYPEMISMATCH);
   }
   LONG at = 0;
-  Check(SafeArrayGetLBound(V_ARRAY(&variant), 1, &at));
-  for (Variant& figure : figures) {
-    Check(SafeArrayGetElement(V_ARRAY(&variant), &at, &figure));
+  Check(SafeArrayGetLBound(V_ARRAY(&array), 1, &at));
+  for (Variant& value : three) {
+    Check(SafeArrayGetElement(V_ARRAY(&array), &at, &value));
     ++at;
   }
+  return three;
+}
+
+// Balance, balance of the plan, and kind of plan: 0 none, 1 the person's own, 2 another family member's.
+session::AccountFigures ToFigures(const VARIANT& variant) {
+  const auto figures = ToThree(variant);
   const std::int32_t plan = ToInt(figures[2]);
   if (plan < 0 || plan > 2) {
     throw ComError(DISP_E_OVERFLOW);
@@ -105,16 +110,48 @@ void PvSession::Log(const session::LogEntry& entry) {
                    Variant::Of(entry.text)});
 }
 
-bool PvSession::HoldRecord(std::string_view table, std::int32_t id) {
-  return pv_.Bool("HoldRecord", {Variant::Of(table), Variant::Of(id)});
+session::RecordHolder PvSession::HolderOf(std::string_view table, std::int32_t id) const {
+  if (!pv_.Offers("RecordHolder")) {
+    return {};
+  }
+  const Variant holder = pv_.Call("RecordHolder", {Variant::Of(table), Variant::Of(id)});
+  try {
+    const auto [user, machine, silent] = ToThree(holder);
+    return {automation::ToText(user), automation::ToText(machine), automation::ToBool(silent)};
+  } catch (const ComError& error) {
+    throw session::DatabaseError(pv_.Name() + " of the host gives no three values for \"RecordHolder\".", {},
+                                 static_cast<int>(error.Result()));
+  }
+}
+
+std::optional<session::RecordHolder> PvSession::HoldRecord(std::string_view table, std::int32_t id) {
+  if (pv_.Bool("HoldRecord", {Variant::Of(table), Variant::Of(id)})) {
+    return std::nullopt;
+  }
+  return HolderOf(table, id);
+}
+
+std::optional<session::RecordHolder> PvSession::TakeRecordOver(std::string_view table, std::int32_t id) {
+  if (pv_.Bool("TakeRecordOver", {Variant::Of(table), Variant::Of(id)})) {
+    return std::nullopt;
+  }
+  return HolderOf(table, id);
+}
+
+// A host without the member never takes a record from its holder.
+bool PvSession::KeepsRecord(std::string_view table, std::int32_t id) {
+  return !pv_.Offers("KeepsRecord") || pv_.Bool("KeepsRecord", {Variant::Of(table), Variant::Of(id)});
 }
 
 void PvSession::ReleaseRecord(std::string_view table, std::int32_t id) {
   pv_.Call("ReleaseRecord", {Variant::Of(table), Variant::Of(id)});
 }
 
-bool PvSession::HeldByAnother(std::string_view table, std::int32_t id) const {
-  return pv_.Bool("HeldByAnother", {Variant::Of(table), Variant::Of(id)});
+std::optional<session::RecordHolder> PvSession::HeldByAnother(std::string_view table, std::int32_t id) const {
+  if (!pv_.Bool("HeldByAnother", {Variant::Of(table), Variant::Of(id)})) {
+    return std::nullopt;
+  }
+  return HolderOf(table, id);
 }
 
 session::AccountFigures PvSession::AccountOf(std::int32_t person) const {

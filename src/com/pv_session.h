@@ -38,9 +38,11 @@ class PvSession : public session::Session {
   void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override;
   void SetCurrentPersonType(std::string_view key) override;
   void Log(const session::LogEntry& entry) override;
-  bool HoldRecord(std::string_view table, std::int32_t id) override;
+  std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override;
+  std::optional<session::RecordHolder> TakeRecordOver(std::string_view table, std::int32_t id) override;
+  bool KeepsRecord(std::string_view table, std::int32_t id) override;
   void ReleaseRecord(std::string_view table, std::int32_t id) override;
-  bool HeldByAnother(std::string_view table, std::int32_t id) const override;
+  std::optional<session::RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const override;
   session::AccountFigures AccountOf(std::int32_t person) const override;
 
   forms::DateTime Now() const override;
@@ -49,6 +51,9 @@ class PvSession : public session::Session {
   bool StartProgram(const std::string& command_line) override;
 
  private:
+  // Empty where the host does not tell.
+  session::RecordHolder HolderOf(std::string_view table, std::int32_t id) const;
+
   automation::LivingObject living_;  // the slot that holds it keeps the library loaded
   DispatchObject pv_;
   AdoConnection connection_;

@@ -48,6 +48,9 @@ bool EditingForm::Save() {
 }
 
 void EditingForm::RunSteps() {
+  if (hold_) {
+    hold_->Require();
+  }
   const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
   for (Step& step : steps_) {
     step.pending = step.pending || step.due();
@@ -138,8 +141,13 @@ bool EditingForm::QueryClose() {
 
 void EditingForm::Hold(const std::string& table, std::int32_t id) {
   hold_.emplace(context_.session, table, id);
-  if (!hold_->Held()) {
-    Caption = Caption.get() + " - Read only";
+  if (hold_->Holder() && hold_->Holder()->silent && context_.session.HasRight(session::kSupervisorRight) &&
+      Confirm(HeldText(*hold_->Holder()) +
+              " Do you want to take it over?\r\nWhat has not been saved there cannot be saved any more.")) {
+    hold_->TakeOver();
+  }
+  if (hold_->Holder()) {
+    Caption = Caption.get() + " - Read only (" + NameOf(*hold_->Holder()) + ")";
     MakeReadOnly();
   }
 }
@@ -162,7 +170,8 @@ void EditingForm::MakeReadOnly() {
 
 bool EditingForm::MayModify() const {
   if (read_only_) {
-    Tell("Read only, cannot modify.");
+    const bool held = hold_ && hold_->Holder();
+    Tell("Read only, cannot modify." + (held ? "\r\n" + HeldText(*hold_->Holder()) : std::string()));
   }
   return !read_only_;
 }

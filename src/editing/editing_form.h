@@ -65,8 +65,9 @@ class EditingForm : public forms::Form, public Rules {
   };
   virtual ClosingQuestion OnClosing() const { return {}; }
 
-  // Holds the record for as long as the screen is open; one that another user holds can only be looked at. Comes before
-  // the record is read: what is read before may be changed before it is held.
+  // Holds the record for as long as the screen is open; one that another user holds can only be looked at, unless he is
+  // silent and a supervisor takes it over. Comes before the record is read: what is read before may be changed before
+  // it is held.
   void Hold(const std::string& table, std::int32_t id);
   void MakeReadOnly();
 

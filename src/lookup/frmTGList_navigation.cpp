@@ -2,6 +2,7 @@
 
 #include "data/literal.h"
 #include "data/persons.h"
+#include "editing/record_hold.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -53,6 +54,8 @@ bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
     if (patient || !WantsPatient(name, command)) {
       return;
     }
+    const editing::RecordHold hold(context_.session, "PATABLE", id);
+    hold.Require();
     statements_.Update("PATable", {{"pTypPat", data::Literal("1")}}, "pID", id);
     patient = true;
   });

@@ -13,6 +13,7 @@ namespace session {
 
 inline constexpr std::int32_t kFileDatabase = 1;
 inline constexpr std::int32_t kOfficeScoped = 7;
+inline constexpr std::string_view kSupervisorRight = "TAVO-SUP-RIG";
 
 // Whether, and in which plan, a person's account has a budget plan.
 enum class BudgetPlan { None, Own, Family };
@@ -35,6 +36,13 @@ struct LogEntry {
   std::string category;     // "LogEmp", "LogInsCo", "LogIP"; the kind of answer for "INS_LOG"
   std::int32_t person = 0;  // whose comment log
   std::string text;
+};
+
+// Another user who holds a record.
+struct RecordHolder {
+  std::string user;  // empty where the suite does not tell; so is the machine
+  std::string machine;
+  bool silent = false;  // he gives no sign of life any more
 };
 
 // Which database the session works in; every statement goes through it.
@@ -86,11 +94,15 @@ class Suite {
   virtual void SetCurrentPersonType(std::string_view key) = 0;
   // Replaced and deleted shared records, coverage links, carriers' changes.
   virtual void Log(const LogEntry& entry) = 0;
-  // Editing screens hold the record that they edit. False when another user holds it.
-  virtual bool HoldRecord(std::string_view table, std::int32_t id) = 0;
+  // Editing screens hold the record that they edit. Nothing when the session holds it from now on, otherwise who does.
+  virtual std::optional<RecordHolder> HoldRecord(std::string_view table, std::int32_t id) = 0;
+  // As `HoldRecord`; a silent holder loses the record.
+  virtual std::optional<RecordHolder> TakeRecordOver(std::string_view table, std::int32_t id) = 0;
+  // Before each save: false when the record that the session holds was taken over.
+  virtual bool KeepsRecord(std::string_view table, std::int32_t id) = 0;
   virtual void ReleaseRecord(std::string_view table, std::int32_t id) = 0;
-  // The person deletion checks: whether another user holds the record.
-  virtual bool HeldByAnother(std::string_view table, std::int32_t id) const = 0;
+  // The person deletion checks: another user who holds the record.
+  virtual std::optional<RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const = 0;
   // The person deletion checks.
   virtual AccountFigures AccountOf(std::int32_t person) const = 0;
 };

@@ -72,8 +72,16 @@ class NoteForm : public EditingForm {
 class EditingFormTest : public testing::Test {
  protected:
   struct LockedSession : test_support::FakeSession {
-    bool free = true;
-    bool HoldRecord(std::string_view, std::int32_t) override { return free; }
+    std::optional<session::RecordHolder> holder;
+    bool keeps = true;
+    bool supervisor = false;
+    std::optional<session::RecordHolder> HoldRecord(std::string_view, std::int32_t) override { return holder; }
+    std::optional<session::RecordHolder> TakeRecordOver(std::string_view, std::int32_t) override {
+      return std::exchange(holder, std::nullopt), holder;
+    }
+    bool KeepsRecord(std::string_view, std::int32_t) override { return keeps; }
+    std::optional<session::RecordHolder> HeldByAnother(std::string_view, std::int32_t) const override { return holder; }
+    bool HasRight(std::string_view right) const override { return right != session::kSupervisorRight || supervisor; }
   };
   LockedSession session_;
   AskedUser user_;
@@ -128,20 +136,49 @@ TEST_F(EditingFormTest, AsksOnClosingInItsOwnWordsAndDoesWhatTheAnswerMeans) {
 }
 
 TEST_F(EditingFormTest, ARecordThatAnotherHoldsIsOnlyLookedAt) {
-  session_.free = false;
+  session_.holder = {{"Bob", "FRONT-DESK"}};
   form_.on_read = [this] {
     form_.Text1.Text = std::string("kept");
     form_.Hold("PATABLE", 5);
   };
   form_.Load();
-  EXPECT_EQ(form_.Caption.get(), "Note - Read only");
+  EXPECT_EQ(form_.Caption.get(), "Note - Read only (Bob on FRONT-DESK)");
   form_.Text1.DoType("other");
   EXPECT_TRUE(form_.Text1.DoKey(forms::Key::Delete));
   EXPECT_EQ(form_.Text1.Text.get(), "kept");
   ASSERT_EQ(user_.asked.size(), 2U) << "once for the typing, once for the key";
-  EXPECT_EQ(user_.asked.front().text, "Read only, cannot modify.");
+  EXPECT_EQ(user_.asked.front().text, "Read only, cannot modify.\r\nBob on FRONT-DESK is working on this record.");
   form_.Text1.Text = std::string("by a rule");
   EXPECT_TRUE(form_.DoClose()) << "nothing to save, and nothing asked";
+}
+
+TEST_F(EditingFormTest, ASupervisorMayTakeOverFromWhoIsSilent) {
+  form_.on_read = [this] { form_.Hold("PATABLE", 5); };
+  session_.holder = {{"Bob", "FRONT-DESK", true}};
+  form_.Load();
+  EXPECT_TRUE(form_.ReadOnly());
+  EXPECT_TRUE(user_.asked.empty()) << "others may only look";
+
+  session_.supervisor = true;
+  NoteForm taking({session_, user_, screens_});
+  taking.on_read = [&taking] { taking.Hold("PATABLE", 5); };
+  user_.answers = {Answer::Yes};
+  taking.Load();
+  EXPECT_THAT(user_.asked.back().text, testing::StartsWith("Bob on FRONT-DESK holds this record, but"));
+  EXPECT_FALSE(taking.ReadOnly());
+}
+
+TEST_F(EditingFormTest, WhatWasTakenOverIsNotSavedAndStays) {
+  form_.on_read = [this] { form_.Hold("PATABLE", 5); };
+  form_.Load();
+  form_.Text1.DoType("new");
+  session_.keeps = false;
+  session_.holder = {{"Eve", "BACK-OFFICE"}};
+  EXPECT_FALSE(form_.Save());
+  EXPECT_THAT(user_.asked.back().text, testing::StartsWith("Eve on BACK-OFFICE has taken this record over"));
+  EXPECT_TRUE(form_.steps.empty());
+  EXPECT_TRUE(form_.Unsaved());
+  EXPECT_EQ(form_.Text1.Text.get(), "new");
 }
 
 TEST_F(EditingFormTest, WhatEndsAnOperationIsToldAndAFailedReadCloses) {

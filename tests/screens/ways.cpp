@@ -190,7 +190,8 @@ std::string Difference(const Rows& before, const Rows& after) {
 Desk::Desk(std::int32_t kind)
     : host_(host::Practice(CopyOfPractice(folder_, kind))),
       screens_(entry::MakeScreens(host_.session, host_.user)),
-      other_user_(host_.session.Office(), "Bob") {
+      other_user_(host_.session.Office(), "Bob"),
+      locks_((folder_.Path() / "practice.db-locks").string(), host::OpenMode::Existing) {
   host_.session.Connection().Execute("PRAGMA synchronous=OFF");
 }
 
@@ -201,7 +202,7 @@ std::string Desk::Value(const std::string& sql) {
 Rows Desk::AllRows(const std::string& condition) {
   Rows all;
   for (const host::Table& table : host::PracticeTables()) {
-    if (table.name == "RecordLockTable" || table.name == host::kChangeLog) {
+    if (table.name == host::kChangeLog) {
       continue;
     }
     auto& rows = all[std::string(table.name)];
@@ -219,15 +220,14 @@ Rows Desk::AllRows(const std::string& condition) {
 
 std::vector<std::pair<std::string, std::int32_t>> Desk::Locks() {
   std::vector<std::pair<std::string, std::int32_t>> locks;
-  for (const auto row = host_.session.Connection().Execute("SELECT RLTable, RLRecID FROM RecordLockTable"); !row->Eof();
-       row->MoveNext()) {
+  for (const auto row = locks_.Execute("SELECT LocTable, LocRecID FROM LockTable"); !row->Eof(); row->MoveNext()) {
     locks.emplace_back(session::ToText(row->Get(0)), session::ToId(row->Get(1)));
   }
   return locks;
 }
 
 void Desk::HoldElsewhere(const std::string& table, std::int32_t id) {
-  ASSERT_TRUE(other_user_.Hold(table, id));
+  ASSERT_FALSE(other_user_.Hold(table, id));
 }
 
 void PrintTo(const Way& way, std::ostream* out) {

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "database/sqlite_connection.h"
 #include "support/practice_host.h"
 
 // Every way in to every screen of the catalogue. A screen that edits a known kind of record, or that one of the
@@ -47,7 +48,7 @@ class Desk {
   session::ScreenContext Context() { return {host_.session, host_.user, *screens_}; }
   // The first column of the first row, of a statement in the engine's words.
   std::string Value(const std::string& sql);
-  // Without the locks. `condition` is " WHERE OfficeID=1" or empty.
+  // `condition` is " WHERE OfficeID=1" or empty.
   Rows AllRows(const std::string& condition = {});
   // The records that are held: table and ID.
   std::vector<std::pair<std::string, std::int32_t>> Locks();
@@ -59,6 +60,7 @@ class Desk {
   test_support::PracticeHost host_;
   std::unique_ptr<session::Screens> screens_;
   host::RecordLocks other_user_;
+  host::SqliteConnection locks_;
 };
 
 struct Way {

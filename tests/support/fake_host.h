@@ -93,9 +93,13 @@ class FakeSession : public session::Session, public session::Connection {
   }
   void SetCurrentPersonType(std::string_view key) override { person_types.emplace_back(key); }
   void Log(const session::LogEntry&) override {}
-  bool HoldRecord(std::string_view, std::int32_t) override { return true; }
+  std::optional<session::RecordHolder> HoldRecord(std::string_view, std::int32_t) override { return std::nullopt; }
+  std::optional<session::RecordHolder> TakeRecordOver(std::string_view, std::int32_t) override { return std::nullopt; }
+  bool KeepsRecord(std::string_view, std::int32_t) override { return true; }
   void ReleaseRecord(std::string_view, std::int32_t) override {}
-  bool HeldByAnother(std::string_view, std::int32_t) const override { return false; }
+  std::optional<session::RecordHolder> HeldByAnother(std::string_view, std::int32_t) const override {
+    return std::nullopt;
+  }
   session::AccountFigures AccountOf(std::int32_t) const override { return {}; }
   forms::DateTime Now() const override { return {}; }
   std::string DataFolder() const override { return {}; }

@@ -19,18 +19,31 @@ inline host::Surroundings StandingStill() {
           .start_program = [](const std::string&) { return false; }};
 }
 
-// Lets a test hear of every statement before it is prepared, and refuse it.
+// Lets a test hear of every statement before it is prepared, and of every call for a lock, and refuse it.
 class HeardSession : public host::HostSession {
  public:
   using HostSession::HostSession;
 
   std::function<void(const std::string&)> hear;
+  std::function<void(const std::string&)> hear_lock;
 
   std::string PrepareSQL(const std::string& sql, int flag) const override {
     if (hear) {
       hear(sql);
     }
     return HostSession::PrepareSQL(sql, flag);
+  }
+  std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
+    if (hear_lock) {
+      hear_lock("hold " + std::string(table));
+    }
+    return HostSession::HoldRecord(table, id);
+  }
+  bool KeepsRecord(std::string_view table, std::int32_t id) override {
+    if (hear_lock) {
+      hear_lock("keep " + std::string(table));
+    }
+    return HostSession::KeepsRecord(table, id);
   }
 };
 

@@ -5,8 +5,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
+#include <csignal>
 #include <ctime>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <string_view>
 #include <thread>
@@ -14,12 +18,12 @@
 namespace host {
 namespace {
 
-// 0 when the process is not running.
-std::int64_t StartOf(std::int64_t number) {
+// Nothing when it cannot be read, 0 when the process has ended and waits for its parent.
+std::optional<std::int64_t> StartOf(std::int64_t number) {
   std::ifstream file("/proc/" + std::to_string(number) + "/stat");
   std::string line;
   if (!std::getline(file, line)) {
-    return 0;
+    return std::nullopt;
   }
   // The second field, the program's name, may hold anything; the third is the state, the 22nd the start.
   std::istringstream rest(line.substr(line.rfind(')') + 1));
@@ -34,6 +38,15 @@ std::int64_t StartOf(std::int64_t number) {
   std::int64_t start = 0;
   rest >> start;
   return start;
+}
+
+// The start of the machine and the space that process numbers are counted in; a container has one of its own.
+std::string SystemName() {
+  std::ifstream file("/proc/sys/kernel/random/boot_id");
+  std::string boot;
+  std::error_code unknown;
+  const std::string space = std::filesystem::read_symlink("/proc/self/ns/pid", unknown).string();
+  return std::getline(file, boot) && !space.empty() ? boot + " " + space : std::string();
 }
 
 std::string MachineName() {
@@ -67,11 +80,19 @@ std::vector<std::string> SplitWords(std::string_view line) {
 
 ProcessIdentity ThisProcess() {
   const auto number = static_cast<std::int64_t>(getpid());
-  return {MachineName(), number, StartOf(number)};
+  return {MachineName(), SystemName(), number, StartOf(number).value_or(0)};
 }
 
-bool MayBeAlive(const ProcessIdentity& process) {
-  return process.machine != MachineName() || StartOf(process.number) == process.started;
+ProcessState StateOf(const ProcessIdentity& process) {
+  if (process.system.empty() || process.system != SystemName()) {
+    return ProcessState::Elsewhere;
+  }
+  if (const auto start = StartOf(process.number)) {
+    return *start == process.started ? ProcessState::Runs : ProcessState::Ended;
+  }
+  // Another account's processes may be hidden, but they take signals or refuse them.
+  const bool there = kill(static_cast<pid_t>(process.number), 0) == 0 || errno == EPERM;
+  return there ? ProcessState::Runs : ProcessState::Ended;
 }
 
 bool StartProcess(const std::string& command_line) {

@@ -30,6 +30,15 @@ struct LocallyFreed {
   void operator()(void* memory) const { LocalFree(memory); }
 };
 
+// The installation's own number; a process that started before the machine did is not found by its start.
+std::string SystemName() {
+  std::array<wchar_t, 64> number{};
+  DWORD size = sizeof number;
+  const bool read = RegGetValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Cryptography", L"MachineGuid",
+                                 RRF_RT_REG_SZ | RRF_SUBKEY_WOW6464KEY, nullptr, number.data(), &size) == ERROR_SUCCESS;
+  return read ? ToUtf8(number.data()) : std::string();
+}
+
 std::string MachineName() {
   std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> name{};
   DWORD size = name.size();
@@ -39,21 +48,21 @@ std::string MachineName() {
 }  // namespace
 
 ProcessIdentity ThisProcess() {
-  return {MachineName(), static_cast<std::int64_t>(GetCurrentProcessId()), StartOf(GetCurrentProcess())};
+  return {MachineName(), SystemName(), static_cast<std::int64_t>(GetCurrentProcessId()), StartOf(GetCurrentProcess())};
 }
 
-bool MayBeAlive(const ProcessIdentity& process) {
-  if (process.machine != MachineName()) {
-    return true;
+ProcessState StateOf(const ProcessIdentity& process) {
+  if (process.system.empty() || process.system != SystemName() || process.machine != MachineName()) {
+    return ProcessState::Elsewhere;
   }
   HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process.number));
   if (handle == nullptr) {
     // Another person's process is there, though closed to us.
-    return GetLastError() == ERROR_ACCESS_DENIED;
+    return GetLastError() == ERROR_ACCESS_DENIED ? ProcessState::Runs : ProcessState::Ended;
   }
-  const bool alive = StartOf(handle) == process.started;
+  const bool runs = StartOf(handle) == process.started;
   CloseHandle(handle);
-  return alive;
+  return runs ? ProcessState::Runs : ProcessState::Ended;
 }
 
 bool StartProcess(const std::string& command_line) {

@@ -32,6 +32,7 @@ TEST(Migration, OlderDatabaseBecomesLikeANewOne) {
   CreateSchema(old, options, 1);
   old.Execute("INSERT INTO ZipCodTable (ZipCodCit) VALUES ('Boston')");
   old.Execute("INSERT INTO PWMTable (PWMUseNam) VALUES ('ann'), ('bob'), ('ANN')");
+  old.Execute("CREATE TABLE RecordLockTable (RLID int)");
   EXPECT_THROW(old.Execute("SELECT * FROM PickListTable"), DatabaseError);
   const CreationOptions kept = MigrateSchema(old);
   EXPECT_EQ(kept.kind, 7);

@@ -32,12 +32,13 @@ class PracticeFile {
   PracticeFile(const PracticeFile&) = delete;
   PracticeFile& operator=(const PracticeFile&) = delete;
   ~PracticeFile() {
-    for (const char* tail : {"", "-wal", "-shm", "-journal"}) {
+    for (const char* tail : {"", "-wal", "-shm", "-journal", "-locks", "-locks-wal", "-locks-shm"}) {
       std::filesystem::remove(path_.string() + tail);
     }
   }
 
   std::string Url() const { return "sqlite:" + path_.string(); }
+  const std::filesystem::path& Path() const { return path_; }
 
  private:
   std::filesystem::path path_;
