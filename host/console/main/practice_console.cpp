@@ -9,6 +9,7 @@
 #include "console/log_command.h"
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
+#include "console/temporary_folder.h"
 #include "console/terminal.h"
 #include "practice/machine.h"
 
@@ -22,8 +23,8 @@ constexpr const char* kUsage =
     "practice_console describe [FORM]          a form's controls, or all forms': name, kind, caption, column, tip,\n"
     "                                          container, parted by tabs\n"
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
-    "[--row-guids]\n"
-    "                                          makes a demo practice\n"
+    "[--row-guids] [--group]\n"
+    "                                          makes a demo practice; with --group your group may work in it too\n"
     "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
     "                                          who changed what and when, and who logged in\n";
 
@@ -73,6 +74,8 @@ int MakeDemoPractice(Words& words) {
       options.practice.offices = words.TakeNumber();
     } else if (option == "--row-guids") {
       options.practice.row_guids = true;
+    } else if (option == "--group") {
+      options.practice.group = true;
     } else {
       throw UsageError();
     }
@@ -174,6 +177,7 @@ int RunCommand(Words& words) {
 int main(int argc, char** argv) {
   try {
     host::SpeakUtf8AtConsole();
+    host::TemporaryFolder::RemoveLeft();
     Words words(host::ProgramArguments(argc, argv));
     return RunCommand(words);
   } catch (const UsageError&) {

@@ -21,5 +21,28 @@ TEST(Practice, MakingThatIsBrokenOffLeavesNothing) {
   EXPECT_FALSE(IsVacant(file.Url()));
 }
 
+std::filesystem::perms ModeOf(const PracticeFile& file, const char* tail) {
+  return std::filesystem::status(file.Path().string() + tail).permissions();
+}
+
+TEST(Practice, ItsFilesAreOpenToTheirOwnerOrGroupAlone) {
+  using std::filesystem::perms;
+  constexpr perms kOwner = perms::owner_read | perms::owner_write;
+  constexpr perms kGroup = kOwner | perms::group_read | perms::group_write;
+  for (const bool group : {false, true}) {
+    const perms due = group ? kGroup : kOwner;
+    const PracticeFile file(group ? "group_" : "private_");
+    { const Practice made = CreatePractice(file.Url(), {.group = group}); }
+    EXPECT_EQ(ModeOf(file, ""), due);
+    std::filesystem::permissions(file.Path(), due | perms::group_read | perms::others_all);  // as an older program
+    std::filesystem::remove(file.Path().string() + "-locks");
+    const Practice practice(file.Url());
+    practice.Database().connection->Execute("CREATE TABLE Filler (a)");
+    for (const char* tail : {"", "-wal", "-shm", "-locks", "-locks-wal", "-locks-shm"}) {
+      EXPECT_EQ(ModeOf(file, tail), due) << tail << " of " << file.Path();
+    }
+  }
+}
+
 }  // namespace
 }  // namespace host

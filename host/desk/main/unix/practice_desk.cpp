@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "database/private_files.h"
 #include "desk/desk_app.h"
 #include "desk/desk_options.h"
 #include "desk/tour.h"
@@ -37,7 +38,7 @@ std::string DataFolder() {
     base = wxGetHomeDir() + "/.local/share";
   }
   std::string folder = views::FromWx(base) + "/practice_desk";
-  std::filesystem::create_directories(folder);
+  host::MakePrivateFolder(folder);
   return folder;
 }
 
