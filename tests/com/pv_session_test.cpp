@@ -73,15 +73,36 @@ TEST_F(PvSessionTest, NamesTheMemberThatTheHostLacks) {
   EXPECT_EQ(FailureOf([&] { session.UserName(); }), "nobody is here");
 }
 
-TEST_F(PvSessionTest, ReadsTheFiguresOfAnAccount) {
-  Variant figures;
-  V_ARRAY(&figures) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
-  V_VT(&figures) = VT_ARRAY | VT_VARIANT;
-  const std::array<Variant, 3> given = {Variant::Of("-12.34"), Variant::Of(5), Variant::Of(2)};
-  for (LONG i = 0; i < 3; ++i) {
-    SafeArrayPutElement(V_ARRAY(&figures), &i, const_cast<Variant*>(&given[static_cast<std::size_t>(i)]));
+Variant ArrayOf(std::array<Variant, 3> given) {
+  Variant array;
+  V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
+  V_VT(&array) = VT_ARRAY | VT_VARIANT;
+  LONG at = 0;
+  for (Variant& value : given) {
+    SafeArrayPutElement(V_ARRAY(&array), &at, &value);
+    ++at;
   }
-  pv->Answer("AccountOf", figures);
+  return array;
+}
+
+TEST_F(PvSessionTest, NamesWhoHoldsARecordWhereTheHostTells) {
+  pv->Answer("HoldRecord", Variant::Of(false));
+  ASSERT_TRUE(session.HoldRecord("PATABLE", 5));
+  EXPECT_EQ(session.HoldRecord("PATABLE", 5)->user, "");
+  EXPECT_TRUE(session.KeepsRecord("PATABLE", 5)) << "this host takes nothing from its holder";
+  pv->Answer("RecordHolder", ArrayOf({Variant::Of("ANN"), Variant::Of("FRONT-DESK"), Variant::Of(true)}));
+  const auto holder = session.HoldRecord("PATABLE", 5);
+  EXPECT_EQ(holder->user, "ANN");
+  EXPECT_EQ(holder->machine, "FRONT-DESK");
+  EXPECT_TRUE(holder->silent);
+  pv->Answer("TakeRecordOver", Variant::Of(true));
+  EXPECT_FALSE(session.TakeRecordOver("PATABLE", 5));
+  pv->Answer("KeepsRecord", Variant::Of(false));
+  EXPECT_FALSE(session.KeepsRecord("PATABLE", 5));
+}
+
+TEST_F(PvSessionTest, ReadsTheFiguresOfAnAccount) {
+  pv->Answer("AccountOf", ArrayOf({Variant::Of("-12.34"), Variant::Of(5), Variant::Of(2)}));
   const session::AccountFigures read = session.AccountOf(9);
   EXPECT_EQ(read.balance, forms::Currency::FromTenThousandths(-123400));
   EXPECT_EQ(read.plan_balance, forms::Currency::FromWhole(5));
