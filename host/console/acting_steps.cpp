@@ -88,7 +88,8 @@ std::optional<Key> ParseKey(std::string_view name) {
   constexpr std::array kKeys = {
       Named{"Enter", Key::Enter},   Named{"Esc", Key::Esc},           Named{"Tab", Key::Tab}, Named{"F9", Key::F9},
       Named{"Delete", Key::Delete}, Named{"Insert", Key::Insert},     Named{"Up", Key::Up},   Named{"Down", Key::Down},
-      Named{"PageUp", Key::PageUp}, Named{"PageDown", Key::PageDown},
+      Named{"PageUp", Key::PageUp}, Named{"PageDown", Key::PageDown}, Named{"Ctrl+Enter", Key::CtrlEnter},
+      Named{"Ctrl+S", Key::CtrlS},
   };
   const auto found =
       std::ranges::find_if(kKeys, [&](const Named& named) { return forms::EqualsIgnoringCase(named.name, name); });
@@ -239,7 +240,7 @@ constexpr std::array kSteps = {
     Step{"enter", StepKind::Act, "CONTROL", "moves the focus in", Enter},
     Step{"leave", StepKind::Act, "CONTROL", "moves the focus out", Leave},
     Step{"press", StepKind::Act, "CONTROL KEY",
-         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown, or a character", Press},
+         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown Ctrl+Enter Ctrl+S, or a character", Press},
     Step{"click", StepKind::Act, "CONTROL", "a button, label or picture; BAR.KEY", Click},
     Step{"menu", StepKind::Act, "NAME", "a menu command", ClickMenu},
     Step{"fire", StepKind::Act, "TIMER", "lets a timer's time pass", FireTimer},

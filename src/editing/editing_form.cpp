@@ -139,6 +139,30 @@ bool EditingForm::QueryClose() {
   }
 }
 
+bool EditingForm::OnKey(forms::Key key) {
+  if (key == forms::Key::CtrlS && MayModify()) {
+    SaveAndStay();
+  }
+  return key == forms::Key::CtrlS;
+}
+
+// The rule of the field runs first, as when the person leaves it for a button.
+void EditingForm::SaveAndStay() {
+  forms::Control* field = ActiveControl();
+  if (field != nullptr && forms::DropPanelUnder(*field) != nullptr) {
+    field = NextStop(field, true);
+  }
+  if (!DoLeave()) {
+    return;
+  }
+  if (Unsaved()) {
+    Save();
+  }
+  if (ActiveControl() == nullptr && field != nullptr && !Closed()) {
+    SetFocus(*field);
+  }
+}
+
 void EditingForm::Hold(const std::string& table, std::int32_t id) {
   hold_.emplace(context_.session, table, id);
   if (hold_->Holder() && hold_->Holder()->silent && context_.session.HasRight(session::kSupervisorRight) &&

@@ -73,6 +73,8 @@ class EditingForm : public forms::Form, public Rules {
 
   void OnLoad() override;
   bool QueryClose() override;
+  // Ctrl+S saves and stays.
+  bool OnKey(forms::Key key) override;
 
  private:
   struct Step {
@@ -81,6 +83,7 @@ class EditingForm : public forms::Form, public Rules {
     bool pending = false;
   };
 
+  void SaveAndStay();
   // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
   bool SettleConflicts();
   forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;

@@ -14,7 +14,7 @@ class Form;
 class Label;
 
 // The keys that a rule may take; every other key is a character.
-enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown };
+enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown, CtrlEnter, CtrlS };
 
 // The one watcher of a control: its widget.
 class ControlObserver {

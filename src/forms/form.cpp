@@ -194,7 +194,7 @@ bool Form::DoKey(Key key) {
   Button* pressed = nullptr;
   if (key == Key::Esc) {
     pressed = cancel_button_;
-  } else if (key == Key::Enter && (active_ == nullptr || !active_->TakesEnter())) {
+  } else if (key == Key::CtrlEnter || (key == Key::Enter && (active_ == nullptr || !active_->TakesEnter()))) {
     pressed = default_button_;
   }
   if (pressed != nullptr) {

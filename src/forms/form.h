@@ -50,7 +50,7 @@ class Form : public Observable {
   Control* NextStop(const Control* from, bool backward = false) const;
   // Where Enter goes on to from a field: the next field, or the dialog buttons behind the last.
   Control* NextField(const Control* from) const;
-  // Pressed by Enter where the focus is on a control that has no use for it, and by Esc.
+  // Pressed by Enter where the focus is on a control that has no use for it, by Ctrl+Enter anywhere, and by Esc.
   void SetDefaultButton(class Button* button) { default_button_ = button; }
   void SetCancelButton(class Button* button) { cancel_button_ = button; }
 

@@ -55,9 +55,12 @@ void patScreen_SM::Register() {
     button->ToolTip = "DATABASE LIST, Left mouse - Database list";
     button->TabStop = false;
   }
+  Command3D1[kPickBirthDate].ToolTip = "Pick the day from a calendar (F9)";
   Command3D1[kPickFeeSchedule].TabStop = true;  // no field stands before it
   Command3D1[kPickFeeSchedule].Heading = &Label5[kFeeScheduleText];
   cmdContact.Caption = "&Contacts...";
+  picSwapName.Caption = "S&wap";
+  picSwapName.AccessibleName = "Swap first and last name";
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
   DialogButtons1.Extra.Caption = "Sa&ve and Book";

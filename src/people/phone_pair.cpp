@@ -46,7 +46,7 @@ void PhonePair::Setup() {
       record_.MarkWritten(side->selected);
     }
     side->box.Heading->Caption =
-        forms::WithMnemonic(contacts_.SideCaption(side->side), side->side == Side::Home ? 'm' : 'w');
+        forms::WithMnemonic(contacts_.SideCaption(side->side), side->side == Side::Home ? 'm' : 'k');
     side->box.MaxLength = contacts_.SelectedSize(side->side);
   }
 }

@@ -27,6 +27,20 @@ void KeepOutOfTabOrder(wxWindow& widget) {
   widget.SetCanFocus(false);
 }
 
+// A field that is given the keyboard selects its text.
+void TakeFocusBack(wxWindow& widget) {
+  auto* text = dynamic_cast<wxTextCtrl*>(&widget);
+  if (text == nullptr) {
+    widget.SetFocus();
+    return;
+  }
+  long from = 0;
+  long to = 0;
+  text->GetSelection(&from, &to);
+  text->SetFocus();
+  text->SetSelection(from, to);
+}
+
 Binding::Binding(forms::Control& control, wxWindow& widget) : control_(control), widget_(widget) {
   widget_.SetName(views::ToWx(control.Name()));
   control_.Watch(this);

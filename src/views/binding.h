@@ -17,6 +17,9 @@ std::string FromWx(const wxString& text);
 // The Tab key passes the widget by, and a click leaves the focus where it is.
 void KeepOutOfTabOrder(wxWindow& widget);
 
+// Gives a widget the keyboard, and leaves the text that is selected in it as it is.
+void TakeFocusBack(wxWindow& widget);
+
 // Ties a control to the widget that shows it. What every control has (whether it is seen and usable, tip, colours)
 // is shown here, the rest in `Refresh`. Owned by the dialog that the widget is in.
 class Binding : public forms::ControlObserver {
@@ -35,6 +38,12 @@ class Binding : public forms::ControlObserver {
   virtual wxWindow& FocusWidget() const { return widget_; }
   // The text of a single line is then selected, as the Tab key does.
   void TakeFocus() const;
+  // False for a widget that a click leaves without the keyboard.
+  virtual bool HoldsFocus() const { return true; }
+  // The Tab key comes here, from the control before or from the one behind.
+  virtual void TabInto(bool /*backward*/) { TakeFocus(); }
+  // The Tab key goes on within the widget; false when it leaves it.
+  virtual bool TabWithin(bool /*backward*/) { return false; }
   // The widget has its own use for a key that no rule took.
   virtual bool Uses(forms::Key /*key*/) const { return false; }
 

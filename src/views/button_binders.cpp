@@ -60,31 +60,8 @@ class ButtonBinding : public Binding {
   bool own_caption_;
 };
 
-class PictureBinding : public Binding {
- public:
-  PictureBinding(forms::PictureBox& control, wxStaticBitmap& widget)
-      : Binding(control, widget), picture_(control), widget_(widget) {
-    widget_.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) {
-      if (Dialog().SyncFocus()) {
-        picture_.DoClick();
-      }
-    });
-  }
-
- protected:
-  void Refresh(forms::Aspect aspect) override {
-    if (aspect == forms::Aspect::State) {
-      widget_.SetBitmap(Dialog().Pictures().Find(picture_.Picture));
-      widget_.SetCursor(picture_.Click ? wxCursor(wxCURSOR_HAND) : wxNullCursor);
-    }
-  }
-
- private:
-  forms::PictureBox& picture_;
-  wxStaticBitmap& widget_;
-};
-
-// A picture with the caption as its tip; in the bar's first group, the commands used most, with the caption below.
+// A picture with the caption as its tip, or with the letter that presses it; the first group of a bar, the commands
+// used most, has the caption below.
 class ToolBinding : public Binding {
  public:
   ToolBinding(forms::Button& control, wxButton& widget) : Binding(control, widget), button_(control), widget_(widget) {
@@ -96,6 +73,8 @@ class ToolBinding : public Binding {
     });
   }
 
+  bool HoldsFocus() const override { return false; }
+
  protected:
   void Refresh(forms::Aspect aspect) override {
     if (aspect != forms::Aspect::State) {
@@ -105,9 +84,11 @@ class ToolBinding : public Binding {
     if (widget_.GetLabel() != caption) {
       widget_.SetLabel(caption);
     }
-    if (button_.ToolTip->empty()) {
-      widget_.SetToolTip(wxControl::RemoveMnemonics(caption));
+    wxString tip = button_.ToolTip->empty() ? wxControl::RemoveMnemonics(caption) : ToWx(button_.ToolTip.get());
+    if (const char letter = button_.Mnemonic(); letter != '\0') {
+      tip.Trim() << " (Alt+" << static_cast<char>(std::toupper(letter)) << ')';
     }
+    widget_.SetToolTip(tip);
     picture_.Show(Dialog().Pictures(), button_, widget_);
   }
 
@@ -129,7 +110,7 @@ wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
   auto* button =
       new wxButton(parent, wxID_ANY, wxString::FromUTF8("\u2026"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
   if (!control.TabStop) {
-    KeepOutOfTabOrder(*button);
+    button->DisableFocusFromKeyboard();
   }
   FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
@@ -141,9 +122,10 @@ wxButton* MakeArrow(wxWindow* parent, forms::Button& control) {
   return button;
 }
 
-wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control) {
-  auto* picture = new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle());
-  FormDialog::Of(*parent).Attach<PictureBinding>(control, *picture);
+wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control) {
+  auto* picture = new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                               wxBORDER_NONE | wxBU_EXACTFIT | wxBU_NOTEXT);
+  FormDialog::Of(*parent).Attach<ToolBinding>(control, *picture);
   return picture;
 }
 

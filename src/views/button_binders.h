@@ -2,7 +2,6 @@
 
 #include <wx/button.h>
 #include <wx/panel.h>
-#include <wx/statbmp.h>
 
 #include <vector>
 
@@ -17,7 +16,7 @@ wxButton* MakeButton(wxWindow* parent, forms::Button& control);
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control);
 // No wider than its sign: an arrow, a letter.
 wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
-wxStaticBitmap* MakePicture(wxWindow* parent, forms::PictureBox& control);
+wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
 // A button that opens a menu of the commands.
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands);

@@ -18,14 +18,25 @@ bool IsField(const forms::Control& control) {
   return control.TakesFocus() && control.Usable() && dynamic_cast<const forms::Button*>(&control) == nullptr;
 }
 
+bool IsEnter(const wxKeyEvent& event) {
+  return event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+}
+
 std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
+  if (event.GetModifiers() == wxMOD_CONTROL && (IsEnter(event) || event.GetKeyCode() == 'S')) {
+    return IsEnter(event) ? forms::Key::CtrlEnter : forms::Key::CtrlS;
+  }
+  // What drops a list elsewhere opens a field's list.
+  if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_DOWN) {
+    return forms::Key::F9;
+  }
   if (event.HasAnyModifiers()) {
     return std::nullopt;
   }
+  if (IsEnter(event)) {
+    return forms::Key::Enter;
+  }
   switch (event.GetKeyCode()) {
-    case WXK_RETURN:
-    case WXK_NUMPAD_ENTER:
-      return forms::Key::Enter;
     case WXK_ESCAPE:
       return forms::Key::Esc;
     case WXK_TAB:
@@ -122,6 +133,16 @@ void FormDialog::Run() {
   SavePlace();
 }
 
+void FormDialog::SetCovered(bool covered) {
+  if (covered && !covered_) {
+    had_focus_ = FindFocus();
+  }
+  covered_ = covered;
+  if (!covered) {
+    CallAfter([this] { TakeFocusBack(); });
+  }
+}
+
 bool FormDialog::SyncFocus() {
   if (focus_set_) {
     ShowFocus();
@@ -180,9 +201,12 @@ void FormDialog::OnKey(wxKeyEvent& event) {
   }
   Binding* binding = Focused();
   if (event.GetModifiers() == wxMOD_SHIFT && IsTab(event)) {
-    if ((binding != nullptr && binding->Uses(forms::Key::Tab)) || !GoTo(NextStop(binding, true))) {
+    if ((binding != nullptr && binding->Uses(forms::Key::Tab)) || !GoOn(binding, true)) {
       event.Skip();
     }
+    return;
+  }
+  if (event.GetModifiers() == wxMOD_ALT && UseAltKey(event.GetKeyCode())) {
     return;
   }
   const auto key = KeyOf(event);
@@ -206,14 +230,35 @@ bool FormDialog::UseKey(Binding* binding, forms::Key key) {
     return true;
   }
   if (key == forms::Key::Tab) {
-    return GoTo(NextStop(binding, false));
+    return GoOn(binding, false);
   }
   return key == forms::Key::Enter && binding != nullptr && IsField(binding->Control()) &&
          GoTo(form_.NextField(&binding->Control()));
 }
 
-forms::Control* FormDialog::NextStop(const Binding* from, bool backward) const {
-  return form_.NextStop(from == nullptr ? nullptr : &from->Control(), backward);
+// A picture shows no caption, so the toolkit knows no letter that presses it.
+bool FormDialog::UseAltKey(int key) {
+  const auto pressed = std::ranges::find_if(form_.Controls(), [key](const forms::Control* control) {
+    return dynamic_cast<const forms::PictureBox*>(control) != nullptr && control->Usable() &&
+           std::toupper(control->Mnemonic()) == key;
+  });
+  if (pressed == form_.Controls().end()) {
+    return false;
+  }
+  dynamic_cast<forms::PictureBox&>(**pressed).DoClick();
+  return true;
+}
+
+bool FormDialog::GoOn(Binding* from, bool backward) {
+  if (from != nullptr && from->TabWithin(backward)) {
+    return true;
+  }
+  const forms::Control* stop = form_.NextStop(from == nullptr ? nullptr : &from->Control(), backward);
+  Binding* to = stop == nullptr ? nullptr : Find(*stop);
+  if (to != nullptr) {
+    to->TabInto(backward);
+  }
+  return to != nullptr;
 }
 
 bool FormDialog::GoTo(const forms::Control* control) const {
@@ -224,12 +269,26 @@ bool FormDialog::GoTo(const forms::Control* control) const {
   return binding != nullptr;
 }
 
+// What stands before the dialog keeps the keyboard.
 void FormDialog::ShowFocus() {
+  if (covered_) {
+    return;
+  }
   focus_set_ = false;
   const forms::Control* active = form_.ActiveControl();
   Binding* binding = active == nullptr ? nullptr : Find(*active);
-  if (binding != nullptr && binding != Focused() && active->Usable()) {
+  if (binding != nullptr && binding->HoldsFocus() && binding != Focused() && active->Usable()) {
     binding->TakeFocus();
+  }
+}
+
+// To where a rule has put the focus meanwhile, or to the widget that had it.
+void FormDialog::TakeFocusBack() {
+  if (focus_set_) {
+    ShowFocus();
+  }
+  if (!covered_ && had_focus_ != nullptr && Focused() == nullptr && IsDescendant(had_focus_) && had_focus_->IsShownOnScreen()) {
+    views::TakeFocusBack(*had_focus_);
   }
 }
 
@@ -251,7 +310,11 @@ void FormDialog::FitContents() {
   const wxSize least = GetSizer()->ComputeFittingClientSize(this);
   SetMinClientSize(least);
   const wxSize now = GetClientSize();
-  SetClientSize(std::max(now.x, least.x), std::max(now.y, least.y));
+  const wxSize wanted(std::max(now.x, least.x), std::max(now.y, least.y));
+  if (wanted != now) {
+    SetClientSize(wanted);
+    KeepOnDisplay(*this);
+  }
   Layout();
 }
 
@@ -267,21 +330,20 @@ void FormDialog::RestorePlace() {
   }
   const wxPoint corner = FromDIP(wxPoint(static_cast<int>(numbers[0]), static_cast<int>(numbers[1])));
   wxSize size = FromDIP(wxSize(static_cast<int>(numbers[2]), static_cast<int>(numbers[3])));
-  size.IncTo(GetMinSize());
-  const int display = wxDisplay::GetFromPoint(corner);
-  SetSize(size);
-  if (display == wxNOT_FOUND) {
+  size.IncTo(GetMinClientSize());
+  SetClientSize(size);
+  if (wxDisplay::GetFromPoint(corner) == wxNOT_FOUND) {
     PlaceInMiddle(*this);
-    return;
+  } else {
+    Move(corner);
+    KeepOnDisplay(*this);
   }
-  const wxRect room = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
-  Move(std::max(room.x, std::min(corner.x, room.GetRight() + 1 - size.x)),
-       std::max(room.y, std::min(corner.y, room.GetBottom() + 1 - size.y)));
 }
 
+// The size is that of the area inside the frame: what a frame adds to it is known only when it is seen.
 void FormDialog::SavePlace() {
   const wxPoint corner = ToDIP(GetPosition());
-  const wxSize size = ToDIP(GetSize());
+  const wxSize size = ToDIP(GetClientSize());
   // A window that went with its owner has none.
   if (places_ == nullptr || size.x == 0) {
     return;

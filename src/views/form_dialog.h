@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/weakref.h>
+
 #include <functional>
 #include <map>
 #include <memory>
@@ -56,14 +58,13 @@ class FormDialog : public Dialog, private forms::FormObserver {
   // Makes the form's focus that of the widgets; false when a rule kept it elsewhere. Called before the form is told
   // of a key or a click, so that `Leave` and `Enter` run first.
   bool SyncFocus();
-  // The widgets' focus goes to the control; false when there is none, or none that the view shows.
-  bool GoTo(const forms::Control* control) const;
   // What the control heads may be called otherwise now.
   void HeadingChanged(const forms::Control& heading) const;
   // Lays the window out again, after the rules that are running.
   void LayOutSoon();
   // While something modal stands before it, a dialog does no idle work and lets no time pass.
-  void SetCovered(bool covered) { covered_ = covered; }
+  // Afterwards the keyboard is where the form has its focus.
+  void SetCovered(bool covered);
   bool Covered() const { return covered_; }
 
  private:
@@ -72,8 +73,13 @@ class FormDialog : public Dialog, private forms::FormObserver {
 
   void OnKey(wxKeyEvent& event);
   bool UseKey(Binding* binding, forms::Key key);
-  forms::Control* NextStop(const Binding* from, bool backward) const;
+  bool UseAltKey(int key);
+  // Where the Tab key goes from there, or back with Shift; false when there is nowhere to go.
+  bool GoOn(Binding* from, bool backward);
+  // The widgets' focus goes to the control; false when there is none, or none that the view shows.
+  bool GoTo(const forms::Control* control) const;
   void ShowFocus();
+  void TakeFocusBack();
   Binding* Focused() const;
   void FitContents();
   void RestorePlace();
@@ -87,6 +93,7 @@ class FormDialog : public Dialog, private forms::FormObserver {
   std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
   std::map<const forms::Control*, Binding*> by_control_;
   bool covered_ = false;
+  wxWeakRef<wxWindow> had_focus_;  // when it was covered
   bool layout_pending_ = false;
   bool focus_set_ = false;  // by the form, and not shown yet
 };

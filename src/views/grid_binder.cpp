@@ -5,6 +5,7 @@
 #include "views/form_dialog.h"
 #include "views/grid_cells.h"
 #include "views/grid_filters.h"
+#include "views/readable.h"
 
 namespace views {
 namespace {
@@ -20,11 +21,31 @@ class GridBinding : public Binding {
     BindCells();
     BindHeads();
     BindMouse();
+    BindFocus();
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
     widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
   }
 
   wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
+
+  // The filter cells, then the rows.
+  void TabInto(bool backward) override {
+    if (backward || !filters_.TakeFocus(false)) {
+      TakeFocus();
+    }
+  }
+  bool TabWithin(bool backward) override {
+    if (FocusWidget().HasFocus()) {
+      return backward && filters_.TakeFocus(true);
+    }
+    if (filters_.Step(backward)) {
+      return true;
+    }
+    if (!backward) {
+      TakeFocus();
+    }
+    return !backward;
+  }
 
  protected:
   void Refresh(forms::Aspect aspect) override {
@@ -142,6 +163,25 @@ class GridBinding : public Binding {
     });
   }
 
+  // The widget paints the selection on another colour while the keyboard is elsewhere.
+  void BindFocus() {
+    const auto show = [this](bool here) {
+      const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT);
+      const wxColour behind = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW);
+      widget_.SetSelectionForeground(here ? text : ReadableOn(behind, widget_.GetDefaultCellTextColour()));
+    };
+    wxWindow* cells = widget_.GetGridWindow();
+    cells->Bind(wxEVT_SET_FOCUS, [show](wxFocusEvent& event) {
+      event.Skip();
+      show(true);
+    });
+    cells->Bind(wxEVT_KILL_FOCUS, [show](wxFocusEvent& event) {
+      event.Skip();
+      show(false);
+    });
+    show(false);
+  }
+
   wxGridCellCoords CellAt(const wxMouseEvent& event) const {
     int x = 0;
     int y = 0;
@@ -220,10 +260,14 @@ class GridBinding : public Binding {
            grid_.DoCell(column, grid_.Cell(grid_.Row, column) == "1" ? "0" : "1");
   }
 
-  // A cell that is being edited has its own use for these keys.
+  // A cell that is being edited has its own use for these keys. Up from the first row leads to the filters.
   void OnHook(wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool editing = widget_.IsCellEditControlShown();
+    const bool up = event.GetModifiers() == wxMOD_NONE && (key == WXK_UP || key == WXK_NUMPAD_UP);
+    if (up && grid_.Row <= 0 && FocusWidget().HasFocus() && filters_.TakeFocus(false)) {
+      return;
+    }
     if (editing && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
                     key == WXK_UP || key == WXK_DOWN)) {
       event.DoAllowNextEvent();

@@ -4,9 +4,9 @@
 #include <wx/dc.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "views/binding.h"
+#include "views/readable.h"
 
 namespace views {
 namespace {
@@ -15,18 +15,6 @@ using Kind = forms::GridColumn::Kind;
 
 wxColour ToWx(forms::Color color) {
   return {color.red, color.green, color.blue};
-}
-
-// The text's colour on a background: the rules', as far as it can be read there.
-wxColour ReadableOn(const wxColour& back, const wxColour& wanted) {
-  constexpr double kDifference = 0.25;
-  const double behind = back.GetLuminance();
-  if (std::abs(wanted.GetLuminance() - behind) >= kDifference) {
-    return wanted;
-  }
-  constexpr int kLighter = 160;  // percent
-  constexpr int kDarker = 40;
-  return wanted.ChangeLightness(behind < 0.5 ? kLighter : kDarker);
 }
 
 // A filled square; an empty cell for a text that is no colour.

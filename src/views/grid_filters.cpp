@@ -68,20 +68,32 @@ wxTextCtrl* GridFilters::MakeCell() {
   return cell;
 }
 
-// The Tab key goes through the cells before it leaves the grid.
 void GridFilters::OnKey(wxTextCtrl& cell, wxKeyEvent& event) {
-  const int key = event.GetKeyCode();
-  wxTextCtrl* beside = key == WXK_TAB ? Beside(cell, event.ShiftDown()) : nullptr;
-  if (beside != nullptr) {
-    beside->SetFocus();
-  } else if (key == WXK_RETURN || key == WXK_NUMPAD_ENTER) {
-    Apply();
-  } else if (key == WXK_DOWN) {
-    Apply();
+  switch (event.HasAnyModifiers() ? WXK_NONE : event.GetKeyCode()) {
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+      Apply();
+      break;
+    case WXK_ESCAPE:
+      GiveUp(cell);
+      break;
+    case WXK_DOWN:
+    case WXK_NUMPAD_DOWN:
+      Apply();
+      widget_.GetGridWindow()->SetFocus();
+      grid_.DoRow(std::max(0, grid_.Row.get()));
+      break;
+    default:
+      event.Skip();
+  }
+}
+
+void GridFilters::GiveUp(wxTextCtrl& cell) {
+  if (cell.IsEmpty()) {
     widget_.GetGridWindow()->SetFocus();
-    grid_.DoRow(std::max(0, grid_.Row.get()));
   } else {
-    event.Skip();
+    cell.Clear();
+    Apply();
   }
 }
 
@@ -98,14 +110,27 @@ void GridFilters::Apply() {
   }
 }
 
-wxTextCtrl* GridFilters::Beside(const wxTextCtrl& cell, bool backward) const {
-  const auto count = static_cast<std::ptrdiff_t>(cells_.size());
-  const std::ptrdiff_t step = backward ? -1 : 1;
-  std::ptrdiff_t at = std::ranges::find(cells_, &cell) - cells_.begin() + step;
-  while (at >= 0 && at < count && !cells_[static_cast<std::size_t>(at)]->IsShown()) {
-    at += step;
+bool GridFilters::TakeFocus(bool last) {
+  const auto shown = [](const wxTextCtrl* cell) { return cell->IsShown(); };
+  const auto first = std::ranges::find_if(cells_, shown);
+  if (first == cells_.end()) {
+    return false;
   }
-  return at >= 0 && at < count ? cells_[static_cast<std::size_t>(at)] : nullptr;
+  (last ? *std::find_if(cells_.rbegin(), cells_.rend(), shown) : *first)->SetFocus();
+  return true;
+}
+
+bool GridFilters::Step(bool backward) {
+  const auto count = static_cast<std::ptrdiff_t>(cells_.size());
+  const std::ptrdiff_t from = std::ranges::find(cells_, wxWindow::FindFocus()) - cells_.begin();
+  const std::ptrdiff_t step = backward ? -1 : 1;
+  for (std::ptrdiff_t at = from + step; from < count && at >= 0 && at < count; at += step) {
+    if (wxTextCtrl* cell = cells_[static_cast<std::size_t>(at)]; cell->IsShown()) {
+      cell->SetFocus();
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace views

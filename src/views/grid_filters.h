@@ -23,12 +23,17 @@ class GridFilters {
   // Brings the cells in line with the columns.
   void Place();
 
+  // The keyboard comes to the first cell that is shown, or to the last; false when there is none.
+  bool TakeFocus(bool last);
+  // From the cell that has the keyboard on to the one beside it; false when there is no other, or none has it.
+  bool Step(bool backward);
+
  private:
   wxTextCtrl* MakeCell();
   void OnKey(wxTextCtrl& cell, wxKeyEvent& event);
   void Apply();
-  // The shown cell before or behind; nullptr for none.
-  wxTextCtrl* Beside(const wxTextCtrl& cell, bool backward) const;
+  // Clears the cell; an empty one gives the keyboard to the rows.
+  void GiveUp(wxTextCtrl& cell);
 
   forms::Grid& grid_;
   wxGrid& widget_;

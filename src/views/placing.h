@@ -4,8 +4,10 @@
 
 namespace views {
 
-// Puts a window in the middle of its parent or the screen; near the corner while the screen has no size yet, as
-// before a browser has come to see it.
+// Brings a window wholly into what the bars of its display leave free, smaller where it has to be.
+void KeepOnDisplay(wxTopLevelWindow& window);
+
+// Before its parent, or in the middle of the screen, and wholly on it.
 void PlaceInMiddle(wxTopLevelWindow& window);
 
 }  // namespace views

@@ -1,0 +1,293 @@
+#include <gmock/gmock.h>
+#include <wx/wx.h>
+
+#include <wx/grid.h>
+#include <wx/stopwatch.h>
+
+#include "assistive.h"
+#include "forms/dialog_buttons.h"
+#include "forms/grid.h"
+#include "forms/text_box.h"
+#include "views/button_binders.h"
+#include "views/form_dialog.h"
+#include "views/grid_binder.h"
+#include "views/text_binders.h"
+#include "views/wx_user.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+struct Sample : forms::Form {
+  Sample() : Form("Sample") {
+    Add("txtName", txtName);
+    Add("cmdPick", cmdPick);
+    Add("picSwap", picSwap);
+    Add("grdRows", grdRows);
+    Add("txtNote", txtNote);
+    Add("DialogButtons1", DialogButtons1);
+    cmdPick.Caption = "...";
+    cmdPick.TabStop = false;
+    picSwap.Caption = "S&wap";
+    txtNote.MultiLine = true;
+    auto rows = std::make_shared<forms::TableRows>();
+    for (const char* name : {"Ann", "Bob", "Cay"}) {
+      rows->rows.push_back({{name, "Houston", "TX"}});
+    }
+    grdRows.Columns = std::vector<forms::GridColumn>{{.key = "a", .caption = "Name"},
+                                                     {.key = "b", .caption = "City", .visible = false},
+                                                     {.key = "c", .caption = "State"}};
+    grdRows.Rows = rows;
+    grdRows.Row = 1;
+    grdRows.FilterBar = true;
+    DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  }
+
+  forms::TextBox txtName, txtNote;
+  forms::Button cmdPick;
+  forms::PictureBox picSwap;
+  forms::Grid grdRows;
+  forms::DialogButtons DialogButtons1;
+};
+
+void LayOutSample(views::FormDialog& dialog, Sample& form) {
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(views::MakeTextBox(&dialog, form.txtName, 10));
+  page->Add(views::MakePickButton(&dialog, form.cmdPick));
+  page->Add(views::MakePicture(&dialog, form.picSwap));
+  page->Add(views::MakeGrid(&dialog, form.grdRows, 5));
+  page->Add(views::MakeTextBox(&dialog, form.txtNote, 10, 2));
+  page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1));
+  dialog.SetSizer(page);
+}
+
+// The form in a window that has the keyboard, and what a person's hands do there.
+class Keyboard : public testing::Test {
+ protected:
+  Keyboard() { user_.OnShown = [this](wxDialog& dialog) { OnShown(dialog); }; }
+
+  // Opens the form, does that and closes it.
+  void With(const std::function<void()>& work) {
+    work_ = work;
+    user_.Show(form_);
+  }
+  // What closes a window over the form.
+  void AnswerBy(const std::function<void(wxDialog&)>& answer) { answer_ = answer; }
+
+  // As the toolkit passes on a key: the dialog's hook, the widget, then the character.
+  void Press(int key, int modifiers = wxMOD_NONE) {
+    for (const auto& type : {wxEVT_CHAR_HOOK, wxEVT_KEY_DOWN}) {
+      wxWindow* at = wxWindow::FindFocus();
+      ASSERT_NE(at, nullptr);
+      wxKeyEvent event(type);
+      event.m_keyCode = key;
+      event.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
+      event.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
+      event.SetAltDown((modifiers & wxMOD_ALT) != 0);
+      event.SetEventObject(at);
+      if (at->ProcessWindowEvent(event) && !event.IsNextEventAllowed()) {
+        break;
+      }
+    }
+    wxTheApp->Yield();
+  }
+  static std::string Focus() {
+    const wxWindow* at = wxWindow::FindFocus();
+    return at == nullptr ? "" : at->GetName().utf8_string();
+  }
+  wxGrid& Grid() const { return dynamic_cast<wxGrid&>(dialog_->Find(form_.grdRows)->Widget()); }
+  wxWindow& Widget(const forms::Control& control) const { return dialog_->Find(control)->Widget(); }
+
+  Sample form_;
+  views::FormDialog* dialog_ = nullptr;
+  views::WxUser user_{Views(), views::Pictures({})};
+
+ private:
+  static views::ViewRegistry Views() {
+    views::ViewRegistry registry;
+    registry.Add<Sample>("Sample", LayOutSample);
+    return registry;
+  }
+  void OnShown(wxDialog& dialog) {
+    AwaitKeyboard(dialog);
+    if (auto* screen = dynamic_cast<views::FormDialog*>(&dialog)) {
+      dialog_ = screen;
+      work_();
+      form_.Close();
+    } else {
+      answer_(dialog);
+    }
+  }
+  // The display gives a window the keyboard in its own time.
+  static void AwaitKeyboard(wxDialog& dialog) {
+    constexpr long kPatience = 5000;  // milliseconds
+    const wxStopWatch watch;
+    while (!HasKeyboard(dialog) && watch.Time() < kPatience) {
+      dialog.Raise();
+      wxTheApp->Yield();
+      wxMilliSleep(5);
+    }
+  }
+
+  std::function<void()> work_;
+  std::function<void(wxDialog&)> answer_;
+};
+
+TEST_F(Keyboard, TheRowOfAListStaysHighlighted) {
+  With([this] {
+    form_.grdRows.SetFocus();
+    wxTheApp->Yield();
+    for (const int key : {WXK_RIGHT, WXK_LEFT, WXK_END, WXK_HOME}) {
+      Press(key);
+      EXPECT_TRUE(Grid().IsInSelection(1, 0) && !Grid().IsInSelection(0, 0)) << key;
+      EXPECT_EQ(form_.grdRows.Row, 1) << key;
+    }
+    Press(WXK_TAB);
+    EXPECT_TRUE(Grid().IsInSelection(1, 0));
+  });
+}
+
+TEST_F(Keyboard, TheTabKeyGoesThroughTheFiltersAndTheRows) {
+  With([this] {
+    form_.txtName.SetFocus();
+    wxTheApp->Yield();
+    const auto tabs = [this](int modifiers) {
+      std::vector<std::string> stops;
+      for (int i = 0; i < 4; ++i) {
+        Press(WXK_TAB, modifiers);
+        stops.push_back(Focus());
+      }
+      return stops;
+    };
+    EXPECT_THAT(tabs(wxMOD_NONE), ElementsAre("grdRows.filter.a", "grdRows.filter.c", "grdRows", "txtNote"));
+    EXPECT_THAT(tabs(wxMOD_SHIFT), ElementsAre("grdRows", "grdRows.filter.c", "grdRows.filter.a", "txtName"));
+
+    form_.grdRows.Row = 0;
+    form_.grdRows.SetFocus();
+    wxTheApp->Yield();
+    Press(WXK_UP);
+    EXPECT_EQ(Focus(), "grdRows.filter.a");
+    Press(WXK_DOWN);
+    EXPECT_EQ(Focus(), "grdRows");
+  });
+}
+
+TEST_F(Keyboard, EscClearsAFilterAndThenLeavesIt) {
+  int filtered = 0;
+  form_.grdRows.FilterChanged = [&] { ++filtered; };
+  form_.grdRows.DoFilter(2, "T");
+  With([&] {
+    wxWindow* filter = wxWindow::FindWindowByName("grdRows.filter.c", &Grid());
+    filter->SetFocus();
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(form_.grdRows.Columns.get()[2].filter, "");
+    EXPECT_EQ(filtered, 2) << "at once";
+    EXPECT_EQ(Focus(), "grdRows.filter.c");
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(Focus(), "grdRows");
+    EXPECT_FALSE(form_.Closed());
+    Press(WXK_ESCAPE);
+    EXPECT_TRUE(form_.Closed());
+  });
+}
+
+double Contrast(const wxColour& one, const wxColour& other) {
+  const auto light = [](const wxColour& color) {
+    const auto linear = [](unsigned char part) {
+      const double value = part / 255.0;
+      return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.Red()) + 0.7152 * linear(color.Green()) + 0.0722 * linear(color.Blue()) + 0.05;
+  };
+  return std::max(light(one), light(other)) / std::min(light(one), light(other));
+}
+
+TEST_F(Keyboard, TheSelectionCanBeReadWhileTheKeyboardIsElsewhere) {
+  static constexpr double kReadable = 4.5;
+  With([this] {
+    form_.txtName.SetFocus();
+    wxTheApp->Yield();
+    const wxColour away = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW);
+    EXPECT_GE(Contrast(Grid().GetSelectionForeground(), away), kReadable) << away.GetAsString().utf8_string();
+    form_.grdRows.SetFocus();
+    wxTheApp->Yield();
+    EXPECT_EQ(Grid().GetSelectionForeground(), wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
+  });
+}
+
+TEST_F(Keyboard, ComesBackFromAQuestionToWhereItWas) {
+  form_.txtName.Text = "Smith";
+  const auto tell = [this](forms::Key key) {
+    if (key == forms::Key::F9) {
+      user_.Tell("Not so.");
+    }
+    return key == forms::Key::F9;
+  };
+  form_.txtName.KeyDown = tell;
+  form_.grdRows.KeyDown = tell;
+  AnswerBy([](wxDialog& question) { question.EndModal(wxID_OK); });
+  With([this] {
+    form_.txtName.SetFocus();
+    wxTheApp->Yield();
+    auto& box = dynamic_cast<wxTextCtrl&>(Widget(form_.txtName));
+    box.SetSelection(2, 3);
+    Press(WXK_DOWN, wxMOD_ALT);
+    EXPECT_EQ(Focus(), "txtName");
+    EXPECT_EQ(box.GetStringSelection(), "i") << "the caret stays where it was";
+    for (const int tabs : {1, 2}) {
+      for (int i = 0; i < tabs; ++i) {
+        Press(WXK_TAB);
+      }
+      const std::string before = Focus();
+      Press(WXK_F9);
+      EXPECT_EQ(Focus(), before) << "a filter, then the rows";
+    }
+  });
+}
+
+// What a button picks stays with the button, unless its rule sends the keyboard on.
+TEST_F(Keyboard, GoesWhereTheRuleOfAPickSendsIt) {
+  bool on = false;
+  form_.cmdPick.Click = [&] {
+    user_.Tell("Picked.");
+    if (on) {
+      form_.txtNote.SetFocus();
+    }
+  };
+  AnswerBy([](wxDialog& question) { question.EndModal(wxID_OK); });
+  With([&] {
+    for (const char* focus : {"cmdPick", "txtNote"}) {
+      form_.txtName.SetFocus();
+      wxTheApp->Yield();
+      wxCommandEvent click(wxEVT_BUTTON);
+      Widget(form_.cmdPick).ProcessWindowEvent(click);
+      wxTheApp->Yield();
+      EXPECT_EQ(form_.ActiveControl()->Name(), focus);
+      EXPECT_EQ(Focus(), focus);
+      on = true;
+    }
+  });
+}
+
+TEST_F(Keyboard, SavesAndPressesByLetters) {
+  std::vector<std::string> events;
+  form_.DialogButtons1.OK.Click = [&] { events.emplace_back("ok"); };
+  form_.picSwap.Click = [&] { events.emplace_back("swap"); };
+  form_.txtNote.KeyDown = [&](forms::Key key) {
+    if (key == forms::Key::CtrlS) {
+      events.emplace_back("save");
+    }
+    return key == forms::Key::CtrlS;
+  };
+  With([&] {
+    form_.txtNote.SetFocus();
+    wxTheApp->Yield();
+    Press('W', wxMOD_ALT);
+    EXPECT_EQ(Focus(), "txtNote");
+    Press('S', wxMOD_CONTROL);
+    Press(WXK_RETURN, wxMOD_CONTROL);
+  });
+  EXPECT_THAT(events, ElementsAre("swap", "save", "ok"));
+}
+
+}  // namespace
