@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the buttons' pictures, data/pictures/*.png and "@2x" of each, and the program's icon, data/practice_desk.ico.
+"""Draws the buttons' pictures, data/pictures/*.png, "@2x" of each and "-dark" of both, and the program's icon,
+data/practice_desk.ico.
 
 Every picture is a list of ImageMagick drawing commands on a 32 by 32 field, drawn four times as large as it is
 wanted and scaled down. Needs ImageMagick's `convert`.
@@ -9,6 +10,10 @@ import subprocess
 import tempfile
 
 INK, BLUE, LIGHT, GREEN, RED, GOLD, PAPER = "#37474f", "#1e6fb8", "#cfe3f5", "#2e8b57", "#c0392b", "#e0a526", "#ffffff"
+NOTE, SIGN = "#fff3c4", "white"
+# What stands for these on a dark ground.
+DARK = {INK: "#dfe6ea", BLUE: "#74b9f5", LIGHT: "#3b5a78", GREEN: "#3fae74", RED: "#e05a4b", GOLD: "#e8b64a",
+        PAPER: "#3a4146", NOTE: "#6b5d2e"}
 
 
 def shape(fill, stroke, command, width=1.6):
@@ -33,7 +38,7 @@ def person(x=16, fill=LIGHT):
 
 
 def badge(color, *lines):
-    return shape(color, color, "circle 24,24 24,18") + [c for l in lines for c in line(l, PAPER, 2.2)]
+    return shape(color, color, "circle 24,24 24,18") + [c for l in lines for c in line(l, SIGN, 2.2)]
 
 
 def envelope():
@@ -75,7 +80,7 @@ LARGE = {
     "Trans_Hist_32": coin() + shape(PAPER, INK, "circle 24,24 24,18") + line("path 'M 24,20.5 L 24,24 L 27,25'"),
     "Fam_Table_32": person(11) + person(21, PAPER),
     "Aging_32": shape(PAPER, INK, "circle 16,16 16,4") + line("path 'M 16,8 L 16,16 L 22,19'", BLUE, 2.2),
-    "Notes_32": shape("#fff3c4", INK, "path 'M 5,5 L 27,5 L 27,20 L 20,27 L 5,27 Z'") + line("path 'M 27,20 L 20,20 L 20,27'") +
+    "Notes_32": shape(NOTE, INK, "path 'M 5,5 L 27,5 L 27,20 L 20,27 L 5,27 Z'") + line("path 'M 27,20 L 20,20 L 20,27'") +
                 rows(10, 14, 18, start=9, end=22),
     "PrintEnv_32": printer(False) + shape(PAPER, INK, "rectangle 8,19 24,28") + line("path 'M 8,19 L 16,25 L 24,19'", width=1.4),
     "Print_Labels_32": shape(PAPER, INK, "path 'M 4,9 L 20,9 L 28,16 L 20,23 L 4,23 Z'") + shape(BLUE, INK, "circle 21,16 21,14.4") +
@@ -102,6 +107,19 @@ def draw(path, size, commands):
                     f"PNG32:{path}"], check=True)
 
 
+def on_dark(commands):
+    for light, dark in DARK.items():
+        commands = [command.replace(light, dark) for command in commands]
+    return commands
+
+
+def draw_sizes(path, size, commands):
+    """The picture, twice as large, and both for a dark ground."""
+    for look, parts in (("", commands), ("-dark", on_dark(commands))):
+        for suffix, wanted in (("", size), ("@2x", 2 * size)):
+            draw(path.with_name(path.stem + look + suffix + path.suffix), wanted, parts)
+
+
 def draw_icon(path, commands):
     """A program's icon, in the sizes that Windows shows."""
     with tempfile.TemporaryDirectory() as folder:
@@ -115,11 +133,9 @@ def draw_icon(path, commands):
 def main():
     folder = pathlib.Path(__file__).resolve().parent.parent / "data" / "pictures"
     for name, commands in LARGE.items():
-        draw(folder / "ICO" / "Large" / f"{name}.png", 32, commands)
-        draw(folder / "ICO" / "Large" / f"{name}@2x.png", 64, commands)
+        draw_sizes(folder / "ICO" / "Large" / f"{name}.png", 32, commands)
     for name, commands in SMALL.items():
-        draw(folder / f"{name}.PNG", 16, commands)
-        draw(folder / f"{name}@2x.PNG", 32, commands)
+        draw_sizes(folder / f"{name}.PNG", 16, commands)
     draw_icon(folder.parent / "practice_desk.ico", LARGE["Pat_Info_32"])
 
 

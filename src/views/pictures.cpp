@@ -2,6 +2,7 @@
 
 #include <wx/filename.h>
 #include <wx/image.h>
+#include <wx/settings.h>
 
 #include "views/binding.h"
 
@@ -17,9 +18,14 @@ wxBitmapBundle Pictures::Find(const std::string& name) const {
   wxString native = ToWx(name);
   native.Replace("\\", "/");
   for (const std::string& folder : folders_) {
-    const wxFileName file(ToWx(folder) + "/" + native);
+    wxFileName file(ToWx(folder) + "/" + native);
     if (!file.FileExists()) {
       continue;
+    }
+    if (wxSystemSettings::GetAppearance().IsDark()) {
+      wxFileName dark = file;
+      dark.SetName(file.GetName() + "-dark");
+      file = dark.FileExists() ? dark : file;
     }
     wxVector<wxBitmap> sizes;
     sizes.push_back(wxBitmap(file.GetFullPath(), wxBITMAP_TYPE_PNG));

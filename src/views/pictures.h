@@ -13,7 +13,7 @@ class Pictures {
   // Folders in the order in which they are searched: the practice's own may come before the program's.
   explicit Pictures(std::vector<std::string> folders) : folders_(std::move(folders)) {}
 
-  // With the "@2x" of it where there is one; not `IsOk` when no folder has it.
+  // With the "@2x" of it where there is one, and in a dark theme the "-dark" of both; not `IsOk` when no folder has it.
   wxBitmapBundle Find(const std::string& name) const;
 
  private:
