@@ -67,7 +67,8 @@ void AddDelete(ListDefinition& list, const session::ListOptions& options) {
 
 }  // namespace
 
-// Sorted by the names themselves, not by their sum, so that an index on them gives the rows one by one.
+// Columns that most rows leave empty stand last. Sorted by the names themselves, not by their sum, so that an index on
+// them gives the rows one by one.
 ListDefinition PersonList(session::LookUpListTypes type, const Statements& statements,
                           const session::ListOptions& options) {
   const PersonKind kind = PersonKindOf(type);
@@ -87,8 +88,8 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
                  "PATABLE.pLASNAM AS [Last Name], PATABLE.pFIRNAM AS [First Name], ") +
              (type == session::lulFamilyHead ? Sql("PATABLE.pTTL") : Sql("PATABLE.pProTTL")) +
              " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
-             "PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD1 AS [Address 1], PATABLE.pADD2 AS [Address 2], "
-             "PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num] "
+             "PATABLE.pADD1 AS [Address 1], PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, "
+             "PATABLE.pID AS [ID Num], PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD2 AS [Address 2] "
              "FROM PATABLE WHERE " +
              condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
   list.sort = Words("[Last Name], [First Name]");
@@ -105,9 +106,10 @@ ListDefinition InsuranceCompanyList(const Statements& statements, const session:
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
   AddDelete(list, options);
   list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
-                 "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, "
-                 "InsCoTable.InsCoZip AS Zip, InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoTel2 AS [Phone 2], "
-                 "InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoInd AS [ID Num] "
+                 "InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, InsCoTable.InsCoZip AS Zip, "
+                 "InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoInd AS [ID Num], "
+                 "InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoAdd2 AS [Address 2], "
+                 "InsCoTable.InsCoTel2 AS [Phone 2] "
                  "FROM InsCoTable WHERE (InsCoTable.InsCoInd <> 0)") +
              statements.Office(" and (InsCoTable.OfficeID = ", ") ");
   list.sort = Words("[Insurance Company]");
@@ -122,10 +124,9 @@ ListDefinition EmployerList(const Statements& statements, const session::ListOpt
   list.title = "Employer List";
   list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
   AddDelete(list, options);
-  list.sql = Sql("SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], EmpTable.EmpAdd2 AS "
-                 "[Address 2], "
+  list.sql = Sql("SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], "
                  "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
-                 "EmpTable.EmpInd AS [ID Num] "
+                 "EmpTable.EmpInd AS [ID Num], EmpTable.EmpAdd2 AS [Address 2] "
                  "FROM EmpTable WHERE (EmpTable.EmpInd <> 0)") +
              statements.Office(" and (EmpTable.OfficeID = ", ") ");
   list.sort = Words("[Employer Name]");
@@ -165,10 +166,9 @@ ListDefinition PharmacyList(const Statements& statements, const session::ListOpt
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
   AddDelete(list, options);
-  list.sql = Sql("SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], PhaTable.PhaAdd2 AS "
-                 "[Address 2], "
+  list.sql = Sql("SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], "
                  "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "
-                 "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num] "
+                 "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num], PhaTable.PhaAdd2 AS [Address 2] "
                  "FROM PhaTable WHERE (PhaTable.PhaID <> 0)") +
              statements.Office(" and (PhaTable.OfficeID = ", ") ");
   list.sort = Words("[Pharmacy Name]");
