@@ -33,10 +33,12 @@ void LayOutFields(wxPanel* page, frmGallery& form) {
   row(form.lblPassword, [&] { return views::MakeTextBox(box, form.txtPassword, 30); });
   row(form.lblDate, [&] { return views::MakeTextBox(box, form.txtDate, 12); });
   row(form.lblRemarks, [&] { return views::MakeTextBox(box, form.txtRemarks, 30, 3); });
-  row(form.lblKind, [&] { return views::MakeComboBox(box, form.cboKind, 20); });
-  row(form.lblPlace, [&] { return views::MakeComboBox(box, form.cboPlace, 20); });
-  group.Below(views::MakeCheckBox(box, form.chkActive));
-  group.Below(views::MakeCheckBox(box, form.chkExtra));
+  wxWindow* kind_caption = views::MakeCaption(box, form.lblKind);
+  wxWindow* kind = views::MakeComboBox(box, form.cboKind, 16);
+  wxWindow* place_caption = views::MakeCaption(box, form.lblPlace);
+  group.Row(kind_caption, {kind, place_caption, views::MakeComboBox(box, form.cboPlace, 20)});
+  wxWindow* active = views::MakeCheckBox(box, form.chkActive);
+  group.Row(nullptr, {active, views::MakeCheckBox(box, form.chkExtra)});
   wxWindow* left = views::MakeOption(box, form.optLeft, true);
   wxWindow* right = views::MakeOption(box, form.optRight, false);
   group.Row(nullptr, {left, right}, views::MakePicture(box, form.picSwap));

@@ -105,6 +105,11 @@ std::vector<Stop> Stops(Desk& desk) {
        [](forms::Form& form) { Type(form, "Text1(11)", "Spr"); }},
       {"patScreen_SM-names", open_form("patScreen_SM", {{"Mode", "NEW"}}),
        [](forms::Form& form) { form.DoFocus(*form.Find("Text1(5)")); }},
+      {"patScreen_SM-help", open_form("patScreen_SM", {{"pID", patient}}),
+       [](forms::Form& form) {
+         form.DoFocus(*form.Find("Text1(5)"));
+         dynamic_cast<forms::Button&>(*form.Find("DialogButtons1.Help")).DoClick();
+       }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"frmTGList", open_list(session::lulEmployee)},

@@ -126,7 +126,7 @@ void frmGallery::FillFields() {
   cmdPick.Caption = "&Colour...";
   cmdCheck.Caption = "Chec&k";
   cmdCheck.ToolTip = "Goes to the extra field while it is empty";
-  picSwap.Caption = "S&wap";
+  picSwap.Caption = "Swi&tch";
   picSwap.Picture = "SWAP-16X16.PNG";
   picSwap.ToolTip = "Swap the sides";
   lblExtra.Caption = "E&xtra :";

@@ -6,8 +6,8 @@
 namespace editing {
 
 FieldHelp::FieldHelp(const session::ScreenContext& context) : Rules(context) {
-  Visible = false;
   Add("Label3", Label3);
+  Label3.Click = [this] { Visible = false; };
 }
 
 void FieldHelp::Set(const forms::Control& field, std::string text) {
@@ -19,9 +19,10 @@ void FieldHelp::Set(const forms::Control& field, std::string text) {
 }
 
 void FieldHelp::Show() {
-  const auto text = texts_.find(field_);
-  Label3.Caption = text == texts_.end() ? std::string() : text->second;
-  Visible = !Label3.Caption->empty();
+  if (const auto text = texts_.find(field_); text != texts_.end()) {
+    Label3.Caption = text->second;
+    Drop(*field_);
+  }
 }
 
 void FieldHelp::OnLoad() {

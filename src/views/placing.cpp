@@ -24,9 +24,8 @@ void KeepOnDisplay(wxTopLevelWindow& window) {
   }
   const wxPoint corner(std::clamp(place.x, room.x, room.x + room.width - size.x),
                        std::clamp(place.y, room.y, room.y + room.height - size.y));
-  if (corner != place.GetPosition()) {
-    window.Move(corner);
-  }
+  // The toolkit takes a window at the origin for one that nobody has placed.
+  window.Move(corner == wxPoint() ? wxPoint(1, 1) : corner);
 }
 
 void PlaceInMiddle(wxTopLevelWindow& window) {

@@ -1,5 +1,7 @@
 #include "assistive.h"
 
+#include <array>
+
 // Of the libraries that the toolkit stands on; it brings no headers of theirs.
 struct AtkObject;
 struct GtkWindow;
@@ -12,6 +14,10 @@ const char* atk_role_get_name(int role);
 GtkWidget* gtk_label_get_mnemonic_widget(GtkLabel* label);
 int gtk_widget_is_ancestor(GtkWidget* widget, GtkWidget* ancestor);
 int gtk_window_has_toplevel_focus(GtkWindow* window);
+GdkWindow* gtk_widget_get_window(GtkWidget* widget);
+void* gdk_atom_intern(const char* name, int only_if_exists);
+void gdk_property_change(GdkWindow* window, void* property, void* type, int format, int mode,
+                         const unsigned char* data, int count);
 int gtk_window_mnemonic_activate(GtkWindow* window, unsigned letter, int modifiers);
 }
 
@@ -37,6 +43,15 @@ bool LeadsTo(const wxStaticText& caption, const wxWindow& widget) {
 
 bool HasKeyboard(const wxTopLevelWindow& window) {
   return gtk_window_has_toplevel_focus(reinterpret_cast<GtkWindow*>(window.GetHandle())) != 0;
+}
+
+void TellOfFrame(const wxTopLevelWindow& window, int edge, int title) {
+  constexpr int kLongs = 32;
+  constexpr int kReplace = 0;
+  const std::array<long, 4> extents = {edge, edge, title, edge};
+  gdk_property_change(gtk_widget_get_window(window.GetHandle()), gdk_atom_intern("_NET_FRAME_EXTENTS", 0),
+                      gdk_atom_intern("CARDINAL", 0), kLongs, kReplace,
+                      reinterpret_cast<const unsigned char*>(extents.data()), static_cast<int>(extents.size()));
 }
 
 bool PressMnemonic(const wxTopLevelWindow& window, char letter) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// What a screen reader finds, and what Alt and a letter do, as GTK itself tells.
+// What a screen reader finds, what Alt and a letter do, and what a window manager says, as GTK itself tells.
 
 // The names of the groups around a widget, the innermost first.
 std::vector<std::string> AccessibleGroups(const wxWindow& widget);
@@ -14,5 +14,7 @@ std::vector<std::string> AccessibleGroups(const wxWindow& widget);
 bool LeadsTo(const wxStaticText& caption, const wxWindow& widget);
 // Whether the display gives the window the keys.
 bool HasKeyboard(const wxTopLevelWindow& window);
+// Tells the window of a frame around it, as a desktop's window manager does.
+void TellOfFrame(const wxTopLevelWindow& window, int edge, int title);
 // False when the window has no such mnemonic.
 bool PressMnemonic(const wxTopLevelWindow& window, char letter);

@@ -5,6 +5,7 @@
 #include <wx/stopwatch.h>
 
 #include "assistive.h"
+#include "contrast.h"
 #include "forms/dialog_buttons.h"
 #include "forms/grid.h"
 #include "forms/text_box.h"
@@ -67,9 +68,10 @@ class Keyboard : public testing::Test {
   Keyboard() { user_.OnShown = [this](wxDialog& dialog) { OnShown(dialog); }; }
 
   // Opens the form, does that and closes it.
-  void With(const std::function<void()>& work) {
+  void With(const std::function<void()>& work) { Open(form_, work); }
+  void Open(Sample& form, const std::function<void()>& work) {
     work_ = work;
-    user_.Show(form_);
+    user_.Show(form);
   }
   // What closes a window over the form.
   void AnswerBy(const std::function<void(wxDialog&)>& answer) { answer_ = answer; }
@@ -113,7 +115,7 @@ class Keyboard : public testing::Test {
     if (auto* screen = dynamic_cast<views::FormDialog*>(&dialog)) {
       dialog_ = screen;
       work_();
-      form_.Close();
+      screen->Form().Close();
     } else {
       answer_(dialog);
     }
@@ -189,17 +191,6 @@ TEST_F(Keyboard, EscClearsAFilterAndThenLeavesIt) {
     Press(WXK_ESCAPE);
     EXPECT_TRUE(form_.Closed());
   });
-}
-
-double Contrast(const wxColour& one, const wxColour& other) {
-  const auto light = [](const wxColour& color) {
-    const auto linear = [](unsigned char part) {
-      const double value = part / 255.0;
-      return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.Red()) + 0.7152 * linear(color.Green()) + 0.0722 * linear(color.Blue()) + 0.05;
-  };
-  return std::max(light(one), light(other)) / std::min(light(one), light(other));
 }
 
 TEST_F(Keyboard, TheSelectionCanBeReadWhileTheKeyboardIsElsewhere) {
@@ -288,6 +279,34 @@ TEST_F(Keyboard, SavesAndPressesByLetters) {
     Press(WXK_RETURN, wxMOD_CONTROL);
   });
   EXPECT_THAT(events, ElementsAre("swap", "save", "ok"));
+}
+
+// Keeps the place of the one window there is.
+class Places : public session::Settings {
+ public:
+  std::string OfficeSetting(std::string_view /*section*/, std::string_view /*key*/) const override { return {}; }
+  std::string UserOption(std::string_view /*section*/, std::string_view /*key*/) const override { return place_; }
+  void SetUserOption(std::string_view /*section*/, std::string_view /*key*/, std::string_view value) override {
+    place_ = value;
+  }
+
+ private:
+  std::string place_;
+};
+
+TEST_F(Keyboard, AWindowOpensAsLargeAsItWas) {
+  Places places;
+  user_.SetPlaces(&places);
+  std::vector<wxSize> sizes;
+  for (int i = 0; i < 3; ++i) {
+    Sample form;
+    Open(form, [&] {
+      sizes.push_back(dialog_->GetClientSize());
+      TellOfFrame(*dialog_, 5, 30);
+      wxTheApp->Yield();
+    });
+  }
+  EXPECT_THAT(sizes, testing::Each(sizes.front()));
 }
 
 }  // namespace

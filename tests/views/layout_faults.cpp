@@ -13,6 +13,8 @@
 
 #include <set>
 
+#include "contrast.h"
+
 namespace {
 
 template <typename... Kinds>
@@ -97,6 +99,9 @@ class Check {
       Add(window, wxString::Format(" is clipped: %d x %d of %d x %d", window.GetSize().x, window.GetSize().y, least.x,
                                    least.y));
     }
+    if (const auto* button = dynamic_cast<const wxAnyButton*>(&window); button != nullptr && !Stands(*button)) {
+      Add(window, " has a picture that its ground swallows");
+    }
     // What scrolls may be longer than its window, and a book places its pages itself.
     if (!IsA<wxScrolledWindow, wxNotebook>(parent) && !wxRect(parent.GetClientSize()).Contains(window.GetRect()) &&
         !IsA<wxToolBar, wxStatusBar>(window)) {
@@ -105,6 +110,27 @@ class Check {
     if (!IsWhole(window)) {
       Children(window);
     }
+  }
+
+  // A fifth of its picture can be told from what is behind.
+  static bool Stands(const wxAnyButton& button) {
+    const wxBitmap bitmap = button.GetBitmap();
+    if (!bitmap.IsOk()) {
+      return true;
+    }
+    const wxImage picture = bitmap.ConvertToImage();
+    const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    int drawn = 0;
+    int seen = 0;
+    for (int y = 0; y < picture.GetHeight(); ++y) {
+      for (int x = 0; x < picture.GetWidth(); ++x) {
+        if (!picture.HasAlpha() || picture.GetAlpha(x, y) > 127) {
+          ++drawn;
+          seen += Contrast({picture.GetRed(x, y), picture.GetGreen(x, y), picture.GetBlue(x, y)}, ground) >= 3 ? 1 : 0;
+        }
+      }
+    }
+    return seen * 5 >= drawn;
   }
 
   void Pair(const wxWindow& first, const wxWindow& second) {

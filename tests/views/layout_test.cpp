@@ -8,12 +8,40 @@
 #include "layout_faults.h"
 #include "practice/demo.h"
 #include "reach_faults.h"
+#include "views/form_dialog.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+// What drops over the page leaves its field clear, and the other panels.
+void ExpectFieldsClear(const wxTopLevelWindow& window, const std::string& name) {
+  const auto* dialog = dynamic_cast<const views::FormDialog*>(&window);
+  std::vector<std::pair<std::string, wxRect>> places;
+  for (const forms::Control* control : dialog == nullptr ? std::vector<forms::Control*>() : dialog->Form().Controls()) {
+    const auto* panel = dynamic_cast<const forms::DropPanel*>(control);
+    if (panel != nullptr && panel->Visible) {
+      places.emplace_back(panel->Name(), dialog->Find(*panel)->Widget().GetScreenRect());
+      places.emplace_back(panel->Below.get()->Name(), dialog->Find(*panel->Below.get())->Widget().GetScreenRect());
+    }
+  }
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      EXPECT_TRUE(places[i].first == places[j].first || !places[i].second.Intersects(places[j].second))
+          << name << ": " << places[i].first << " lies over " << places[j].first;
+    }
+  }
+}
+
+// With the title above it, at the usual size of the text.
+bool FitsASmallScreen(const wxTopLevelWindow& window) {
+  constexpr int kTitle = 40;
+  constexpr int kUsualText = 20;
+  return window.GetCharHeight() > kUsualText ||
+         (window.GetClientSize().x <= 1280 && window.GetClientSize().y + kTitle <= 720);
+}
 
 TEST(Layout, OfEveryWindowIsGood) {
   const std::string folder = testing::TempDir() + "layout_test_" + std::to_string(wxGetProcessId());
@@ -28,6 +56,8 @@ TEST(Layout, OfEveryWindowIsGood) {
     seen.insert(name.substr(0, name.find('-')));
     EXPECT_THAT(LayoutFaults(window), IsEmpty()) << name;
     EXPECT_THAT(ReachFaults(window), IsEmpty()) << name;
+    EXPECT_TRUE(FitsASmallScreen(window)) << name << ": " << window.GetSize().x << " x " << window.GetSize().y;
+    ExpectFieldsClear(window, name);
   });
   for (const std::string& view : host::Desk::Views().Names()) {
     EXPECT_TRUE(seen.contains(view)) << view << " was not visited";

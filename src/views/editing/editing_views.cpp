@@ -1,6 +1,5 @@
 #include "views/editing/editing_views.h"
 
-#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include "views/button_binders.h"
@@ -55,15 +54,8 @@ void LayOut(FormDialog& dialog, editing::NameSearch& search) {
   });
 }
 
-wxPanel* LayOut(FormDialog& dialog, editing::FieldHelp& help) {
-  wxPanel* balloon = MakePanel(&dialog, help);
-  balloon->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
-  auto* text = MakeLabel(balloon, help.Label3);
-  text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
-  auto* inside = new wxBoxSizer(wxVERTICAL);
-  inside->Add(text, wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(6)));
-  balloon->SetSizer(inside);
-  return balloon;
+void LayOut(FormDialog& dialog, editing::FieldHelp& help) {
+  dialog.OverPage([&dialog, &help] { MakeBalloon(&dialog, help, help.Label3); });
 }
 
 }  // namespace views

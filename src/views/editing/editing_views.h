@@ -1,7 +1,5 @@
 #pragma once
 
-#include <wx/panel.h>
-
 #include "editing/ZIPCODE.h"
 #include "editing/birth_date_field.h"
 #include "editing/field_help.h"
@@ -15,8 +13,8 @@ namespace views {
 void LayOut(FieldGroup& group, editing::BirthDateField& field);
 // City, state and ZIP; the list of places drops over the dialog.
 void LayOut(FieldGroup& group, editing::ZIPCODE& places);
-// Drops over the dialog.
+// Both drop over the dialog.
 void LayOut(FormDialog& dialog, editing::NameSearch& search);
-wxPanel* LayOut(FormDialog& dialog, editing::FieldHelp& help);
+void LayOut(FormDialog& dialog, editing::FieldHelp& help);
 
 }  // namespace views

@@ -64,9 +64,9 @@ void LayOut_patScreen_SM(FormDialog& dialog, patScreen_SM& form) {
 
   auto* page = new wxBoxSizer(wxVERTICAL);
   page->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(4)));
-  page->Add(LayOut(dialog, form.PictureBox1), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, dialog.FromDIP(10)));
   page->Add(MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(10)));
   LayOut(dialog, form.Name_List);
+  LayOut(dialog, form.PictureBox1);
   dialog.SetSizer(page);
 }
 
