@@ -61,6 +61,12 @@ void Binding::TakeFocus() const {
   }
 }
 
+void Binding::Deselect() const {
+  if (auto* text = dynamic_cast<wxTextCtrl*>(&FocusWidget()); text != nullptr && text->IsSingleLine()) {
+    text->SelectNone();
+  }
+}
+
 void Binding::ControlChanged(forms::Control& /*control*/, forms::Aspect aspect) {
   if (aspect == forms::Aspect::State) {
     ShowState();

@@ -38,6 +38,8 @@ class Binding : public forms::ControlObserver {
   virtual wxWindow& FocusWidget() const { return widget_; }
   // The text of a single line is then selected, as the Tab key does.
   void TakeFocus() const;
+  // Selected text would look as if the keyboard were still there.
+  void Deselect() const;
   // False for a widget that a click leaves without the keyboard.
   virtual bool HoldsFocus() const { return true; }
   // The Tab key comes here, from the control before or from the one behind.

@@ -77,7 +77,8 @@ FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Picture
     : Dialog(parent, ToWx(form.Caption.get()), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       form_(form),
       pictures_(pictures),
-      places_(places) {
+      places_(places),
+      active_(form.ActiveControl()) {
   SetName(ToWx(form.Name()));
   form_.Watch(this);
   Bind(wxEVT_CHAR_HOOK, &FormDialog::OnKey, this);
@@ -178,6 +179,11 @@ void FormDialog::LayOutSoon() {
 
 void FormDialog::FormChanged(forms::Aspect aspect) {
   if (aspect == forms::Aspect::Focus) {
+    Binding* left = active_ == nullptr ? nullptr : Find(*active_);
+    active_ = form_.ActiveControl();
+    if (left != nullptr && active_ != &left->Control()) {
+      left->Deselect();
+    }
     focus_set_ = true;
     CallAfter([this] {
       if (focus_set_) {

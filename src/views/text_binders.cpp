@@ -125,6 +125,11 @@ class TextBinding : public Binding {
       text_.SetInsertionPoint(static_cast<long>(before.size()) - breaks);
     } else if (text_.GetValue() == shown) {
       text_.SetSelection(from, to);
+      Dialog().CallAfter([this, from, to, shown] {  // a widget may still be at work on the key
+        if (text_.GetValue() == shown) {
+          text_.SetSelection(from, to);
+        }
+      });
     }
   }
 

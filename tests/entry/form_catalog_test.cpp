@@ -1,7 +1,9 @@
 #include "entry/form_catalog.h"
 
 #include "forms/button.h"
+#include "forms/label.h"
 #include "forms/panels.h"
+#include "forms/text_box.h"
 #include "support/practice_host.h"
 
 namespace {
@@ -48,6 +50,15 @@ TEST_P(EveryForm, HasAMnemonicOnce) {
       EXPECT_FALSE((*one)->Mnemonic() == (*other)->Mnemonic() && InAMenu(**one) == InAMenu(**other) &&
                    !NeverSeenTogether(**one, **other))
           << (*one)->Name() << " and " << (*other)->Name() << " share Alt+" << (*one)->Mnemonic();
+    }
+  }
+}
+
+TEST_P(EveryForm, LeadsToFieldsAndPicturesByLetters) {
+  for (const forms::Control* control : form_->Controls()) {
+    const bool field = dynamic_cast<const forms::TextBox*>(control) != nullptr && control->Heading != nullptr;
+    if ((field || dynamic_cast<const forms::PictureBox*>(control) != nullptr) && control->Visible) {
+      EXPECT_NE((field ? control->Heading : control)->Mnemonic(), '\0') << control->Name();
     }
   }
 }

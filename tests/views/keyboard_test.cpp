@@ -3,6 +3,7 @@
 
 #include <wx/grid.h>
 #include <wx/stopwatch.h>
+#include <wx/uiaction.h>
 
 #include "assistive.h"
 #include "contrast.h"
@@ -98,6 +99,15 @@ class Keyboard : public testing::Test {
     }
     wxTheApp->Yield();
   }
+  // Lets the display's events come until that is so, or for too long.
+  static void Await(const std::function<bool()>& condition) {
+    constexpr long kPatience = 5000;  // milliseconds
+    const wxStopWatch watch;
+    while (!condition() && watch.Time() < kPatience) {
+      wxTheApp->Yield();
+      wxMilliSleep(5);
+    }
+  }
   static std::string Focus() {
     const wxWindow* at = wxWindow::FindFocus();
     return at == nullptr ? "" : at->GetName().utf8_string();
@@ -127,13 +137,10 @@ class Keyboard : public testing::Test {
   }
   // The display gives a window the keyboard in its own time.
   static void AwaitKeyboard(wxDialog& dialog) {
-    constexpr long kPatience = 5000;  // milliseconds
-    const wxStopWatch watch;
-    while (!HasKeyboard(dialog) && watch.Time() < kPatience) {
+    Await([&] {
       dialog.Raise();
-      wxTheApp->Yield();
-      wxMilliSleep(5);
-    }
+      return HasKeyboard(dialog);
+    });
   }
 
   std::function<void()> work_;
@@ -241,6 +248,30 @@ TEST_F(Keyboard, ComesBackFromAQuestionToWhereItWas) {
     wxTheApp->Yield();
     Press(WXK_RETURN);
     EXPECT_TRUE(chosen) << "a command leaves the rows the keyboard";
+  });
+}
+
+// Typed at the display itself: the widget is at work on the key while the rule refuses it.
+TEST_F(Keyboard, ARefusedCharacterLeavesWhatIsSelected) {
+  bool told = false;
+  form_.txtName.Text = "1980";
+  form_.txtName.KeyPress = [&](char32_t) {
+    user_.Tell("Digits only.");
+    told = true;
+    return U'\0';
+  };
+  AnswerBy([](wxDialog& question) { question.EndModal(wxID_OK); });
+  With([&] {
+    form_.txtName.SetFocus();
+    wxTheApp->Yield();
+    auto& box = dynamic_cast<wxTextCtrl&>(Widget(form_.txtName));
+    EXPECT_EQ(box.GetStringSelection(), "1980");
+    wxUIActionSimulator().Char('X');
+    Await([&] { return told && box.GetStringSelection() == "1980"; });
+    wxTheApp->Yield();
+    EXPECT_EQ(box.GetStringSelection(), "1980");
+    form_.txtNote.SetFocus();
+    EXPECT_EQ(box.GetStringSelection(), "") << "the keyboard is no longer there";
   });
 }
 
