@@ -27,12 +27,9 @@ PracticeDatabase Sqlite(const std::string& path, std::unique_ptr<SqliteConnectio
   auto locks =
       std::make_unique<SqliteConnection>(in_memory ? path : path + "-locks", OpenMode::Passing, AccessOf(path));
   auto* opened = connection.get();
-  return {std::move(connection),
-          PrepareSqlite,
-          options,
-          [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
-          std::move(locks),
-          !in_memory};
+  return {
+      std::move(connection), PrepareSqlite, options, [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
+      std::move(locks),      !in_memory};
 }
 
 }  // namespace
