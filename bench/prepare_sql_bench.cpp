@@ -1,7 +1,11 @@
-// How many statements are prepared in a second, and how long that takes beside the engine's own parsing of the result.
+// How many statements are prepared in a second, how long that takes beside the engine's own parsing of the result, and
+// how the time grows with the text.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
+#include <string>
+#include <string_view>
 
 #include "bare.h"
 #include "data/statements.h"
@@ -39,5 +43,58 @@ void PrepareStatements(benchmark::State& state) {
   state.counters["translating_to_parsing"] = translating / parsing;
 }
 BENCHMARK(PrepareStatements);
+
+// A statement with a part that comes as often as one likes, and what closes each.
+struct Shape {
+  std::string_view begins;
+  std::string_view part;
+  std::string_view closes = {};
+
+  std::string Text(int parts) const {
+    std::string text(begins);
+    for (const std::string_view repeated : {part, closes}) {
+      for (int i = 0; i < parts; ++i) {
+        text += repeated;
+      }
+    }
+    return text;
+  }
+};
+
+// What a character of a long text takes, relative to one of a text of a sixteenth its length: the worst of all shapes.
+void PrepareLongTexts(benchmark::State& state) {
+  constexpr std::array kShapes = {
+      Shape{"SELECT pLASNAM", "+', '+TAVOWIN.DBO.PATable.pFIRNAM"},
+      Shape{"SELECT ", "(", "pLASNAM)+pFIRNAM"},
+      Shape{"SELECT ", "''+cast(''+", "1 as nvarchar)"},
+      Shape{"SELECT * FROM T WHERE 1", " AND a IN (SELECT TOP 1 b FROM T WHERE 1", ")"},
+      Shape{"SELECT * FROM T", " OUTER APPLY (SELECT * FROM S WHERE S.a=T.a) s"},
+      Shape{"SELECT * FROM T WHERE 1", " OR a='\u00dc' OR b Like '5[%]'"},
+      Shape{"SELECT * FROM T WHERE a Like '[", "[", "%'"},
+      Shape{"SELECT * FROM T WHERE a=", "#1/2/1980 ", "#"},
+      Shape{"UPDATE T SET T.a=1", ", T.a=newid()"},
+      Shape{"UPDATE T SET a=1 FROM T", " INNER JOIN S ON S.a=T.a"},
+      Shape{"INSERT INTO T (a, b) VALUES (0, 0)", ", (GLOBAL, @@IDENTITY)"},
+      Shape{"CREATE TABLE T (a int", ", a nvarchar(40)"},
+      Shape{"SET @a=1", "; SET @b=@a+1; SELECT @b"},
+  };
+  constexpr int kParts = 100;
+  constexpr int kTimes = 16;
+  const auto best = [](const std::string& text) {
+    double least = 1;
+    for (int i = 0; i < 5; ++i) {
+      least = std::min(least, bench::Time([&] { benchmark::DoNotOptimize(host::PrepareSqlite(text)); }));
+    }
+    return least / static_cast<double>(text.size());
+  };
+  double worst = 0;
+  for (auto _ : state) {
+    for (const Shape& shape : kShapes) {
+      worst = std::max(worst, best(shape.Text(kTimes * kParts)) / best(shape.Text(kParts)));
+    }
+  }
+  state.counters["long_to_short"] = worst;
+}
+BENCHMARK(PrepareLongTexts)->Iterations(1);
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "database/statement_forms.h"
 #include "database/text_operators.h"
 #include "forms/text.h"
+#include "session/connection.h"
 #include "session/value.h"
 
 namespace host {
@@ -26,6 +27,7 @@ std::string NewGuid() {
 }
 
 void ReplaceWords(Tokens& statement) {
+  sql::Edits edits(statement);
   for (std::size_t i = 0; i < statement.size(); ++i) {
     Token& token = statement[i];
     const bool qualifies = i + 1 < statement.size() && statement[i + 1].Is('.');
@@ -40,9 +42,10 @@ void ReplaceWords(Tokens& statement) {
       token.text = "DISTINCT";
     } else if (token.Is("NEWID") && i + 2 < statement.size() && statement[i + 1].Is('(') && statement[i + 2].Is(')')) {
       token = {Kind::Text, NewGuid(), token.apart};
-      sql::Erase(statement, i + 1, i + 3);
+      edits.Erase(i + 1, i + 3);
     }
   }
+  edits.Make();
 }
 
 // The values that a batch gives its variables, by name in small letters.
@@ -57,24 +60,36 @@ class Variables {
       return false;
     }
     if (statement[1].kind == Kind::Variable && statement.size() > 3 && statement[2].Is('=')) {
-      values_[forms::ToLower(statement[1].text)] = sql::Slice(statement, 3, statement.size());
+      Tokens value = sql::Slice(statement, 3, statement.size());
+      Fill(value);
+      // Values that are made of one another would grow past all bounds.
+      constexpr std::size_t kMost = 1000;
+      if (value.size() > kMost) {
+        throw session::DatabaseError("The value of the variable " + statement[1].text + " is too long.", {},
+                                     SQLITE_TOOBIG);
+      }
+      values_[forms::ToLower(statement[1].text)] = std::move(value);
       return true;
     }
     return statement[1].Is("NOCOUNT");
   }
 
+  // A value that is put in is not looked through again.
   void Fill(Tokens& statement) const {
+    sql::Edits edits(statement);
     for (std::size_t i = 0; i < statement.size(); ++i) {
       if (statement[i].kind != Kind::Variable) {
         continue;
       }
       const std::string name = forms::ToLower(statement[i].text);
       const auto value = values_.find(name);
-      if (name == "@@identity" || value != values_.end()) {
-        sql::Erase(statement, i, i + 1);
-        sql::Insert(statement, i, name == "@@identity" ? sql::Words("identity()") : value->second);
+      if (name == "@@identity") {
+        edits.Replace(i, i + 1, sql::Words("identity()"));
+      } else if (value != values_.end()) {
+        edits.Replace(i, i + 1, value->second);
       }
     }
+    edits.Make();
   }
 
  private:
@@ -173,7 +188,15 @@ std::string PrepareSqlite(std::string_view statement) {
     Translate(tokens);
     prepared += (prepared.empty() ? "" : "; ") + Written(tokens);
   }
-  return output.empty() ? prepared : prepared + "; " + output;
+  if (!output.empty()) {
+    prepared += "; " + output;
+  }
+  // The engine would read no further, and run a statement without its condition.
+  if (prepared.find('\0') != std::string::npos) {
+    throw session::DatabaseError("The statement holds a zero character outside its texts.", std::string(statement),
+                                 SQLITE_MISUSE);
+  }
+  return prepared;
 }
 
 }  // namespace host

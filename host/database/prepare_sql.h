@@ -6,7 +6,9 @@
 namespace host {
 
 // A batch of statements in the screens' dialect as SQLite reads it. Text literals ('...' and "...") and bracketed
-// names keep their content. What is no statement of the dialect is passed on, for the engine to refuse.
+// names keep their content. What is no statement of the dialect is passed on, for the engine to refuse. It takes time
+// in proportion to the text's length. Throws session::DatabaseError for a zero character outside a text literal, and
+// for a variable whose value is a whole batch.
 //
 // Of the dialect: #dates#, "DELETE * FROM", "TOP n", "DISTINCTROW", TRUE and FALSE, "+" on text, "Like" with classes
 // ("[%]") and letters beyond ASCII without regard to case, "@@IDENTITY", the row-GUID insert, "UPDATE ... SET" of

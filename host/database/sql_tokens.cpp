@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 
 #include "database/date_literal.h"
 
@@ -159,25 +160,19 @@ std::size_t AfterGroup(const Tokens& tokens, std::size_t open) {
   return std::min(GroupEnd(tokens, open + 1) + 1, tokens.size());
 }
 
-std::size_t GroupOf(const Tokens& tokens, std::size_t close) {
-  int depth = 0;
-  for (std::size_t i = close;; --i) {
-    depth += tokens[i].Is(')') ? 1 : tokens[i].Is('(') ? -1 : 0;
-    if (depth == 0) {
-      return i;
-    }
-    if (i == 0) {
-      return close;
-    }
-  }
-}
-
-std::size_t FindWord(const Tokens& tokens, std::size_t from, std::string_view word) {
+std::size_t FindWord(const Tokens& tokens, std::size_t from, std::initializer_list<std::string_view> words) {
+  const auto found = [&](const Token& token) {
+    return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return token.Is(word); });
+  };
   std::size_t i = from;
-  while (i < tokens.size() && !tokens[i].Is(')') && !tokens[i].Is(word)) {
+  while (i < tokens.size() && !tokens[i].Is(')') && !found(tokens[i])) {
     i = tokens[i].Is('(') ? AfterGroup(tokens, i) : i + 1;
   }
   return i;
+}
+
+std::size_t FindWord(const Tokens& tokens, std::size_t from, std::string_view word) {
+  return FindWord(tokens, from, {word});
 }
 
 std::size_t GroupEnd(const Tokens& tokens, std::size_t from) {
@@ -202,6 +197,64 @@ void Insert(Tokens& tokens, std::size_t at, const Tokens& added) {
 
 Tokens Slice(const Tokens& tokens, std::size_t from, std::size_t to) {
   return {tokens.begin() + static_cast<std::ptrdiff_t>(from), tokens.begin() + static_cast<std::ptrdiff_t>(to)};
+}
+
+std::size_t Groups::After(std::size_t open) {
+  return std::min(End(open + 1) + 1, tokens_.size());
+}
+
+std::size_t Groups::End(std::size_t from) {
+  Find();
+  return ends_[std::min(from, tokens_.size())];
+}
+
+std::size_t Groups::Open(std::size_t close) {
+  Find();
+  return opens_[close];
+}
+
+// From behind: the innermost ")" that is not opened yet ends the group of what stands before it.
+void Groups::Find() {
+  if (!ends_.empty()) {
+    return;
+  }
+  ends_.resize(tokens_.size() + 1, tokens_.size());
+  opens_.resize(tokens_.size());
+  std::vector<std::size_t> closes;
+  for (std::size_t i = tokens_.size(); i-- > 0;) {
+    opens_[i] = i;
+    if (tokens_[i].Is(')')) {
+      closes.push_back(i);
+    } else if (tokens_[i].Is('(') && !closes.empty()) {
+      opens_[closes.back()] = i;
+      closes.pop_back();
+    }
+    ends_[i] = closes.empty() ? tokens_.size() : closes.back();
+  }
+}
+
+void Edits::Replace(std::size_t from, std::size_t to, Tokens with) {
+  edits_.push_back({from, to, std::move(with)});
+}
+
+void Edits::Make() {
+  if (edits_.empty()) {
+    return;
+  }
+  std::ranges::stable_sort(edits_, {}, &Edit::from);
+  Tokens made;
+  const auto take = [&](auto from, auto to) {
+    made.insert(made.end(), std::make_move_iterator(from), std::make_move_iterator(to));
+  };
+  std::size_t at = 0;
+  for (Edit& edit : edits_) {
+    take(tokens_.begin() + static_cast<std::ptrdiff_t>(at), tokens_.begin() + static_cast<std::ptrdiff_t>(edit.from));
+    take(edit.with.begin(), edit.with.end());
+    at = edit.to;
+  }
+  take(tokens_.begin() + static_cast<std::ptrdiff_t>(at), tokens_.end());
+  tokens_ = std::move(made);
+  edits_.clear();
 }
 
 }  // namespace host::sql

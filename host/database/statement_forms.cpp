@@ -35,49 +35,60 @@ void AppendGroup(Tokens& tokens, const Tokens& content) {
 }  // namespace
 
 void DropOwners(Tokens& statement) {
+  Edits edits(statement);
+  std::size_t done = 0;
   for (std::size_t i = 0; i + 1 < statement.size(); ++i) {
     if (Names(statement, i, "dbo") && statement[i + 1].Is('.')) {
-      const bool database_too = i >= 2 && statement[i - 1].Is('.') && statement[i - 2].IsName();
+      const bool database_too = i >= done + 2 && statement[i - 1].Is('.') && statement[i - 2].IsName();
       const std::size_t from = database_too ? i - 2 : i;
-      const bool apart = statement[from].apart;
-      Erase(statement, from, i + 2);
-      if (from < statement.size()) {
-        statement[from].apart = apart;
+      done = i + 2;
+      if (done < statement.size()) {
+        statement[done].apart = statement[from].apart;
       }
-      i = from;
+      edits.Erase(from, done);
+      ++i;
     }
   }
+  edits.Make();
 }
 
 void ReplaceInformationSchema(Tokens& statement) {
+  Edits edits(statement);
   for (std::size_t i = 0; i + 2 < statement.size(); ++i) {
-    if (!statement[i].Is("INFORMATION_SCHEMA") || !statement[i + 1].Is('.')) {
-      continue;
+    if (statement[i].Is("INFORMATION_SCHEMA") && statement[i + 1].Is('.')) {
+      const bool columns = statement[i + 2].Is("COLUMNS");
+      edits.Replace(
+          i, i + 3,
+          Words(columns
+                    ? "(SELECT t.name COLLATE NOCASE AS TABLE_NAME, c.name COLLATE NOCASE AS COLUMN_NAME, c.type AS "
+                      "DATA_TYPE FROM sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type='table')"
+                    : "(SELECT name COLLATE NOCASE AS TABLE_NAME FROM sqlite_schema WHERE type='table')"));
+      i += 2;
     }
-    const bool columns = statement[i + 2].Is("COLUMNS");
-    Erase(statement, i, i + 3);
-    Insert(
-        statement, i,
-        Words(columns ? "(SELECT t.name COLLATE NOCASE AS TABLE_NAME, c.name COLLATE NOCASE AS COLUMN_NAME, c.type AS "
-                        "DATA_TYPE FROM sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type='table')"
-                      : "(SELECT name COLLATE NOCASE AS TABLE_NAME FROM sqlite_schema WHERE type='table')"));
   }
+  edits.Make();
 }
 
 void LimitTop(Tokens& statement) {
+  Edits edits(statement);
+  Groups groups(statement);
   for (std::size_t i = 1; i + 1 < statement.size(); ++i) {
     if (!statement[i].Is("TOP") || !(statement[i - 1].Is("SELECT") || statement[i - 1].Is("DISTINCT"))) {
       continue;
     }
-    const std::size_t after = statement[i + 1].Is('(') ? AfterGroup(statement, i + 1) : i + 2;
+    const std::size_t after = statement[i + 1].Is('(') ? groups.After(i + 1) : i + 2;
     Tokens limit = Words("LIMIT");
     Append(limit, Slice(statement, i + 1, after));
-    Erase(statement, i, after);
-    Insert(statement, GroupEnd(statement, i), limit);
+    edits.Erase(i, after);
+    edits.Insert(groups.End(after), std::move(limit));
+    i = after - 1;
   }
+  edits.Make();
 }
 
 void JoinApplied(Tokens& statement) {
+  Edits edits(statement);
+  Groups groups(statement);
   for (std::size_t i = 0; i + 6 < statement.size(); ++i) {
     const bool outer = statement[i].Is("OUTER");
     if (!(outer || statement[i].Is("CROSS")) || !statement[i + 1].Is("APPLY") || !statement[i + 2].Is('(') ||
@@ -85,7 +96,7 @@ void JoinApplied(Tokens& statement) {
       continue;
     }
     const Token table = statement[i + 6];
-    const std::size_t end = GroupEnd(statement, i + 3);
+    const std::size_t end = groups.End(i + 3);
     std::size_t alias_at = end + 1;
     alias_at += IsAt(statement, alias_at, "AS") ? 1U : 0U;
     if (alias_at >= statement.size() || !(end == i + 7 || IsAt(statement, i + 7, "WHERE"))) {
@@ -104,9 +115,10 @@ void JoinApplied(Tokens& statement) {
     join.push_back(alias);
     Append(join, Words("ON"));
     AppendGroup(join, condition);
-    Erase(statement, i, alias_at + 1);
-    Insert(statement, i, join);
+    edits.Replace(i, alias_at + 1, std::move(join));
+    i = alias_at;
   }
+  edits.Make();
 }
 
 void DropDeleteStar(Tokens& statement) {
@@ -127,30 +139,38 @@ std::string TakeOutput(Tokens& statement) {
 }
 
 void QuoteBareValues(Tokens& statement) {
-  for (std::size_t i = FindWord(statement, 0, "VALUES") + 1; i + 1 < statement.size(); ++i) {
-    Token& value = statement[i];
-    const bool alone = (statement[i - 1].Is('(') || statement[i - 1].Is(',')) &&
-                       (statement[i + 1].Is(')') || statement[i + 1].Is(','));
-    if (alone && value.kind == Kind::Word && !value.Is("NULL") &&
-        std::isdigit(static_cast<unsigned char>(value.text.front())) == 0) {
-      value.kind = Kind::Text;
+  std::size_t i = FindWord(statement, 0, "VALUES") + 1;
+  while (IsAt(statement, i, '(')) {
+    for (++i; i + 1 < statement.size() && !statement[i].Is(')');
+         i = statement[i].Is('(') ? AfterGroup(statement, i) : i + 1) {
+      Token& value = statement[i];
+      const bool alone = (statement[i - 1].Is('(') || statement[i - 1].Is(',')) &&
+                         (statement[i + 1].Is(')') || statement[i + 1].Is(','));
+      if (alone && value.kind == Kind::Word && !value.Is("NULL") &&
+          std::isdigit(static_cast<unsigned char>(value.text.front())) == 0) {
+        value.kind = Kind::Text;
+      }
     }
+    i += IsAt(statement, i + 1, ',') ? 2U : 1U;
   }
 }
 
 void UnqualifySet(Tokens& statement) {
+  Edits edits(statement);
   bool target = true;
   for (std::size_t i = FindWord(statement, 1, "SET") + 1; i + 2 < statement.size();
        i = statement[i].Is('(') ? AfterGroup(statement, i) : i + 1) {
     if (statement[i].Is("FROM") || statement[i].Is("WHERE")) {
-      return;
+      break;
     }
     if (target && statement[i].IsName() && statement[i + 1].Is('.')) {
       statement[i + 2].apart = statement[i].apart;
-      Erase(statement, i, i + 2);
+      edits.Erase(i, i + 2);
+      i += 2;
     }
     target = statement[i].Is(',');
   }
+  edits.Make();
 }
 
 void UnjoinUpdated(Tokens& statement) {
@@ -164,8 +184,7 @@ void UnjoinUpdated(Tokens& statement) {
   while (IsAt(statement, i, "JOIN") || (IsAt(statement, i, "INNER") && IsAt(statement, i + 1, "JOIN"))) {
     i += statement[i].Is("INNER") ? 2U : 1U;
     const std::size_t on = FindWord(statement, i, "ON");
-    const std::size_t end = std::min({FindWord(statement, on + 1, "INNER"), FindWord(statement, on + 1, "JOIN"),
-                                      FindWord(statement, on + 1, "WHERE")});
+    const std::size_t end = FindWord(statement, on + 1, {"INNER", "JOIN", "WHERE"});
     if (on == statement.size()) {
       return;
     }
@@ -201,13 +220,15 @@ void CreateIfNotExists(Tokens& statement) {
 
 void CollateNewText(Tokens& statement) {
   constexpr std::array<std::string_view, 6> kTypes = {"NVARCHAR", "VARCHAR", "NCHAR", "CHAR", "NTEXT", "TEXT"};
+  Edits edits(statement);
+  Groups groups(statement);
   for (std::size_t i = 3; i < statement.size(); ++i) {
     const bool text = std::any_of(kTypes.begin(), kTypes.end(), [&](auto type) { return statement[i].Is(type); });
     if (text && statement[i - 1].IsName()) {
-      const std::size_t after = IsAt(statement, i + 1, '(') ? AfterGroup(statement, i + 1) : i + 1;
-      Insert(statement, after, Words("COLLATE NOCASE"));
+      edits.Insert(IsAt(statement, i + 1, '(') ? groups.After(i + 1) : i + 1, Words("COLLATE NOCASE"));
     }
   }
+  edits.Make();
 }
 
 }  // namespace host::sql

@@ -32,7 +32,9 @@ TEST(PrepareSqlite, TranslatesTheDialect) {
       {"SELECT @@IDENTITY", "SELECT identity()"},
       {"UPDATE T SET T.a=[T].[a]-1, T.b=f(T.c, T.d) WHERE T.e=1",
        "UPDATE T SET a=[T].[a]-1, b=f(T.c, T.d) WHERE T.e=1"},
-      {"INSERT INTO T (a, b, c) VALUES (0, GLOBAL, Null)", "INSERT INTO T (a, b, c) VALUES (0, 'GLOBAL', Null)"},
+      {"INSERT INTO T (a, b, c) VALUES (0, GLOBAL, Null), (f(x), LOCAL, (SELECT (y))) ON CONFLICT (a) DO NOTHING",
+       "INSERT INTO T (a, b, c) VALUES (0, 'GLOBAL', Null), (f(x), 'LOCAL', (SELECT (y))) ON CONFLICT (a) DO NOTHING"},
+      {"set @a = (@b); set @b = @a+1; SELECT @a, @b, @c", "SELECT (@b), (@b)+1, @c"},
       // "+" by what stands beside it
       {"PATABLE.pLASNAM+', '+PATABLE.pFIRNAM",
        "PATABLE.pLASNAM COLLATE UNICODE_NOCASE||', ' COLLATE UNICODE_NOCASE||PATABLE.pFIRNAM"},
@@ -52,6 +54,19 @@ TEST(PrepareSqlite, TranslatesTheDialect) {
   for (const auto& [statement, expected] : cases) {
     EXPECT_EQ(PrepareSqlite(statement), expected);
   }
+}
+
+TEST(PrepareSqlite, RefusesWhatWouldBeCutOffOrGrow) {
+  using std::string_literals::operator""s;
+  for (const std::string& statement :
+       {"DELETE * FROM T \0 WHERE a=1"s, "SELECT [a\0b] FROM T"s, "SELECT 'open\0"s, "SELECT #1/1/2020\0#"s}) {
+    EXPECT_THROW(PrepareSqlite(statement), session::DatabaseError);
+  }
+  std::string doubling = "SET @a=1";
+  for (int i = 0; i < 60; ++i) {
+    doubling += "; SET @a=@a+@a";
+  }
+  EXPECT_THROW(PrepareSqlite(doubling), session::DatabaseError);
 }
 
 // Statements of the screens, with values put in, one after another on one practice.
