@@ -71,6 +71,7 @@ bool Interpreter::PlayNext() {
 
 void Interpreter::Play(const Line& line) {
   const Restore<std::vector<const forms::Control*>> step_before(spoken_of_, {});
+  const Restore<int> depth(depth_, depth_ + 1);
   const auto fail = [&](StepFailure failure) {
     if (failure.place.empty()) {
       failure.place = line.Place();
@@ -87,7 +88,11 @@ void Interpreter::Play(const Line& line) {
     }
     throw StepFailure(*failure_);
   };
+  constexpr int kDeepest = 100;
   try {
+    if (depth_ > kDeepest) {
+      Fail("more than " + std::to_string(kDeepest) + " screens and questions are open in one another");
+    }
     RunStep(line);
     Idle();
   } catch (const StepFailure& failure) {

@@ -93,6 +93,7 @@ class Interpreter {
   std::vector<std::unique_ptr<forms::Form>> kept_;
   std::vector<forms::Form*> forms_;
   const forms::Control* acted_on_ = nullptr;
+  int depth_ = 0;  // steps that play the lines behind them
   // The controls that the step under way speaks of.
   std::vector<const forms::Control*> spoken_of_;
   Question* question_ = nullptr;

@@ -139,7 +139,7 @@ void CheckStarted(Interpreter& interpreter, StepWords& words) {
 }
 
 void CheckTextFile(Interpreter& interpreter, StepWords& words) {
-  const auto path = interpreter.World().File(words.Take("a path"));
+  const auto path = interpreter.World().OwnFile(words.Take("a path"));
   const Expectation wanted = words.TakeExpectation();
   words.End();
   std::ifstream file(path, std::ios::binary);
@@ -202,7 +202,7 @@ void CheckNoneStarted(Interpreter& interpreter, StepWords& words) {
 void CheckNoFile(Interpreter& interpreter, StepWords& words) {
   const std::string path = words.Take("a path");
   words.End();
-  if (std::filesystem::exists(interpreter.World().File(path))) {
+  if (std::filesystem::exists(interpreter.World().OwnFile(path))) {
     Differ("no file " + path, "it is there");
   }
 }

@@ -62,7 +62,7 @@ void SetSetting(Interpreter& interpreter, StepWords& words) {
 }
 
 void WriteTextFile(Interpreter& interpreter, StepWords& words) {
-  const auto path = interpreter.World().File(words.Take("a path"));
+  const auto path = interpreter.World().OwnFile(words.Take("a path"));
   const std::string text = words.Take("a text");
   words.End();
   std::filesystem::create_directories(path.parent_path());
@@ -85,7 +85,15 @@ void Let(Interpreter& interpreter, StepWords& words) {
   if (rows == nullptr || rows->Eof()) {
     Fail("the query gives no row");
   }
-  interpreter.Known()[name] = session::ToText(rows->Get(0));
+  std::string value = session::ToText(rows->Get(0));
+  if (value.size() > kLongestText) {
+    Fail("the value of " + name + " is longer than " + std::to_string(kLongestText) + " bytes");
+  }
+  Variables& known = interpreter.Known();
+  if (known.size() >= kMostVariables && !known.contains(name)) {
+    Fail("there are " + std::to_string(kMostVariables) + " variables already");
+  }
+  known[name] = std::move(value);
 }
 
 void Hold(Interpreter& interpreter, StepWords& words) {

@@ -177,6 +177,22 @@ std::filesystem::path Stage::File(std::string_view path) const {
   return folder_.Path() / FilePath(path);
 }
 
+std::filesystem::path Stage::OwnFile(std::string_view path) const {
+  const std::filesystem::path parts = FilePath(path);
+  if (parts.empty() || parts.has_root_path() || path.find('\\') != std::string_view::npos ||
+      std::ranges::find(parts, "..") != parts.end()) {
+    Fail(Quoted(path) + " is no path below the data folder");
+  }
+  std::filesystem::path at = folder_.Path();
+  for (const std::filesystem::path& part : parts) {
+    at /= part;
+    if (std::filesystem::is_symlink(at)) {
+      Fail(Quoted(path) + " leads over a link");
+    }
+  }
+  return at;
+}
+
 void Stage::SetUser(LoginRights user) {
   session_->User() = std::move(user);
   WriteOptions();

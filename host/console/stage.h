@@ -47,6 +47,8 @@ class Stage {
   const std::filesystem::path& DataFolder() const { return folder_.Path(); }
   // The file of a path whose folders are parted by "/", under the data folder.
   std::filesystem::path File(std::string_view path) const;
+  // The same for a file of the scenario's own: fails for a path that may lead out of the data folder.
+  std::filesystem::path OwnFile(std::string_view path) const;
 
   void SetUser(LoginRights user);
   // The options that were set go with the user.

@@ -33,6 +33,9 @@ std::string Expand(const std::string& text, const Variables& variables) {
       Fail("there is no variable " + name);
     }
     expanded += text.substr(at, open - at) + variable->second;
+    if (expanded.size() > kLongestText) {
+      Fail("with its variables the word is longer than " + std::to_string(kLongestText) + " bytes");
+    }
     at = close + 1;
   }
   return expanded + text.substr(at);

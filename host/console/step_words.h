@@ -14,6 +14,9 @@
 namespace host {
 
 using Variables = std::map<std::string, std::string, std::less<>>;
+// The bytes that a variable holds at most, and a word with its variables put in; and how many variables there are.
+inline constexpr std::size_t kLongestText = 1'000'000;
+inline constexpr std::size_t kMostVariables = 1000;
 
 // The words behind a step's name, taken one after the other, with `${NAME}` replaced. What is missing or too much
 // fails the step.

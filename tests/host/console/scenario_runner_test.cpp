@@ -83,6 +83,10 @@ TEST(ScenarioRunner, WrongChecksFail) {
                                           "call Host.EnterPatient ids=perhaps",
                                           "office two",
                                           R"(text-file STP/none.txt = "")",
+                                          "file ../out.txt x",
+                                          "file /tmp/out.txt x",
+                                          R"(file "a\\b.txt" x)",
+                                          "no file STP/../../out.txt",
                                           "result l_ID = NEW",
                                           "form patScreen_SM",
                                           "click cmdOK",
@@ -100,6 +104,28 @@ TEST(ScenarioRunner, WrongChecksFail) {
   const Outcome outcome = RunText(text);
   EXPECT_EQ(outcome.tally.passed, 0) << outcome.output;
   EXPECT_EQ(outcome.tally.failed, static_cast<int>(steps.size()));
+}
+
+TEST(ScenarioRunner, VariablesArePutInOnceAndBounded) {
+  ExpectPassed(
+      "scenario \"a value that looks like a variable\"\n"
+      "  let A = \"SELECT '$'+'{B}'\"\n"
+      "  let B = \"SELECT '${A}'+'${A}'\"\n"
+      "  query \"SELECT '${B}'\" = \"${A}${A}\"\n",
+      1);
+  std::string doubling = "scenario \"fails\"\nlet A = \"SELECT 'x'\"\n";
+  for (int i = 0; i < 40; ++i) {
+    doubling += "let A = \"SELECT '${A}${A}'\"\n";
+  }
+  EXPECT_THAT(RunText(doubling).output, HasSubstr("test.scn:22: let A = \"SELECT '${A}${A}'\"\n  with its variables"));
+}
+
+TEST(ScenarioRunner, ScreensInOneAnotherAreBounded) {
+  std::string nested = "scenario \"fails\"\n";
+  for (int i = 0; i < 1000; ++i) {
+    nested += "open frmGallery\n";
+  }
+  EXPECT_THAT(RunText(nested).output, HasSubstr("test.scn:102: open frmGallery\n  more than 100 screens"));
 }
 
 // What a block leaves in the component is not there in the next.
