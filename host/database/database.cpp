@@ -20,16 +20,17 @@ std::string SqlitePath(const std::string& url) {
                                {}, 0);
 }
 
-// The locks stand in a file of their own beside the practice's, so that none waits for a save, nor a save for it.
+// The locks stand in a file of their own beside the practice's, so that none waits for a save, nor a save for it. In
+// one that can only be read nobody holds anything against others.
 PracticeDatabase Sqlite(const std::string& path, std::unique_ptr<SqliteConnection> connection,
                         const CreationOptions& options) {
-  const bool in_memory = path == kMemory;
-  auto locks =
-      std::make_unique<SqliteConnection>(in_memory ? path : path + "-locks", OpenMode::Passing, AccessOf(path));
+  const bool alone = path == kMemory || connection->ReadOnly();
+  auto locks = std::make_unique<SqliteConnection>(alone ? std::string(kMemory) : path + "-locks", OpenMode::Passing,
+                                                  AccessOf(path));
   auto* opened = connection.get();
   return {
       std::move(connection), PrepareSqlite, options, [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
-      std::move(locks),      !in_memory};
+      std::move(locks),      !alone};
 }
 
 }  // namespace
@@ -59,8 +60,12 @@ PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& o
 PracticeDatabase OpenDatabase(const std::string& url) {
   const std::string path = SqlitePath(url);
   auto connection = std::make_unique<SqliteConnection>(path, OpenMode::Existing, AccessOf(path));
-  const CreationOptions options = MigrateSchema(*connection);
-  return Sqlite(path, std::move(connection), options);
+  try {
+    const CreationOptions options = MigrateSchema(*connection);
+    return Sqlite(path, std::move(connection), options);
+  } catch (const session::DatabaseError& error) {
+    throw CannotBeOpened(path, error.what(), error.Code());
+  }
 }
 
 bool IsVacant(const std::string& url) {

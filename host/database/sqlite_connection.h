@@ -12,6 +12,8 @@ namespace host {
 
 class SqliteFile;
 
+session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code);
+
 // The path of a database that lives as long as its connection.
 inline constexpr std::string_view kMemory = ":memory:";
 
@@ -27,15 +29,18 @@ enum class OpenMode { Existing, OrNew, Passing };
 //
 // A select outside a transaction reads through a handle of its own, so that a list that is half read neither holds
 // up a save nor shows the rows read after it as they were when it was opened.
+//
+// A file that is protected against writing is read, and a statement that writes is refused. Another program that
+// writes is waited for until `WhileBusy` gives it up, or some seconds where nobody could.
 class SqliteConnection final : public session::Connection {
  public:
-  // A file is opened to those of `access` alone. Throws
-  // session::DatabaseError.
+  // A file is opened to those of `access` alone. Throws session::DatabaseError that names the path.
   explicit SqliteConnection(const std::string& path, OpenMode mode = OpenMode::OrNew, Access access = Access::Owner);
   SqliteConnection(const SqliteConnection&) = delete;
   SqliteConnection& operator=(const SqliteConnection&) = delete;
   ~SqliteConnection() override;
 
+  bool ReadOnly() const override;
   std::unique_ptr<session::Recordset> Execute(const std::string& sql) override;
   void BeginTrans() override;
   void CommitTrans() override;

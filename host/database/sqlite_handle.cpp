@@ -1,13 +1,16 @@
 #include "database/sqlite_handle.h"
 
+#include <utility>
+
 #include "database/folded_text.h"
 #include "database/schema.h"
 
 namespace host {
 namespace {
 
-// Another process that writes is waited for this long.
-constexpr int kBusyMilliseconds = 10000;
+// Another program that writes is waited for ten seconds where nobody can give it up.
+constexpr int kMillisecondsATry = 10;
+constexpr int kMostTries = 1000;
 // Of SQLite's machine: some milliseconds.
 constexpr int kBusySteps = 100000;
 
@@ -45,13 +48,6 @@ int CompareTexts(void* /*unused*/, int left_size, const void* left, int right_si
                        {static_cast<const char*>(right), static_cast<std::size_t>(right_size)});
 }
 
-int TellBusy(void* while_busy) {
-  if (const auto& tell = *static_cast<const std::function<void()>*>(while_busy)) {
-    tell();
-  }
-  return 0;
-}
-
 // Of an extended code.
 constexpr int kPrimary = 0xFF;
 
@@ -59,9 +55,14 @@ constexpr int kPrimary = 0xFF;
 std::string Reason(int extended_code, const char* message) {
   switch (extended_code & kPrimary) {
     case SQLITE_BUSY:
-      return "Another program is writing to the database. Please try again.";
+      return "Another program is writing to the database, and the wait for it was ended. Please try again.";
+    case SQLITE_INTERRUPT:
+      return "It was ended before it was done.";
     case SQLITE_READONLY:
-      return "The database may be read only; its file or folder is protected against writing.";
+      return "The database can only be read: its file or folder is protected against writing.";
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return "The file is damaged, or is no database.";
     case SQLITE_FULL:
       return "The disk is full.";
     default:
@@ -71,36 +72,31 @@ std::string Reason(int extended_code, const char* message) {
 
 }  // namespace
 
-session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code) {
-  return {"The database \"" + path + "\" cannot be opened: " + why, {}, code};
-}
-
-SqliteHandle::SqliteHandle(const std::string& path, int open_flags, Identity& identity,
-                           const std::function<void()>& while_busy)
-    : identity_(identity) {
+SqliteHandle::SqliteHandle(const SqliteSource& source, Identity& identity, const session::WhileBusy& while_busy)
+    : identity_(identity), while_busy_(while_busy) {
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path.c_str(), &opened, open_flags, nullptr);
+  const int code = sqlite3_open_v2(source.name.c_str(), &opened, source.flags, nullptr);
   database_.reset(opened);
   if (code != SQLITE_OK) {
-    throw CannotBeOpened(path, sqlite3_errstr(code), code);
+    throw session::DatabaseError(Reason(code, sqlite3_errstr(code)), {}, code);
   }
   sqlite3_extended_result_codes(opened, 1);
-  sqlite3_busy_timeout(opened, kBusyMilliseconds);
-  // A mistyped column is an error, not a text.
-  sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_busy_handler(opened, WaitOn, this);
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   sqlite3_create_function(opened, "identity", 0, SQLITE_UTF8, &identity, AnswerIdentity, nullptr, nullptr);
   sqlite3_create_function(opened, "match", 2, kPure, nullptr, AnswerMatch, nullptr, nullptr);
   sqlite3_create_collation(opened, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, CompareTexts);
   sqlite3_update_hook(opened, NoteInsert, this);
-  sqlite3_progress_handler(opened, kBusySteps, TellBusy, const_cast<std::function<void()>*>(&while_busy));
+  sqlite3_progress_handler(opened, kBusySteps, GiveUpRunning, this);
 }
 
 SqliteStatement SqliteHandle::Prepare(std::string_view& text, const std::string& batch) {
   sqlite3_stmt* compiled = nullptr;
   const char* rest = nullptr;
-  if (sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size()), &compiled, &rest) != SQLITE_OK) {
+  const int code =
+      sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size() + 1), &compiled, &rest);
+  EndWait();
+  if (code != SQLITE_OK) {
     Fail(batch);
   }
   SqliteStatement statement(compiled);
@@ -115,6 +111,7 @@ bool SqliteHandle::Step(sqlite3_stmt* statement, const std::string& batch) {
   stepping_ = true;
   const int code = sqlite3_step(statement);
   stepping_ = false;
+  EndWait();
   if (code != SQLITE_ROW && code != SQLITE_DONE) {
     inserted_.reset();
     Fail(batch);
@@ -166,6 +163,27 @@ void SqliteHandle::Interrupt() {
   }
 }
 
+int SqliteHandle::GiveUpRunning(void* handle) {
+  const auto& while_busy = static_cast<SqliteHandle*>(handle)->while_busy_;
+  return while_busy && while_busy(session::Busy::Running) ? 1 : 0;
+}
+
+int SqliteHandle::WaitOn(void* handle, int tries) {
+  auto& self = *static_cast<SqliteHandle*>(handle);
+  self.waited_ = true;
+  if (self.while_busy_ ? self.while_busy_(session::Busy::Waiting) : tries >= kMostTries) {
+    return 0;
+  }
+  sqlite3_sleep(kMillisecondsATry);
+  return 1;
+}
+
+void SqliteHandle::EndWait() {
+  if (std::exchange(waited_, false) && while_busy_) {
+    while_busy_(session::Busy::Done);
+  }
+}
+
 // Triggers insert nothing but into the change log, so the last other insert that is heard of is the statement's own.
 void SqliteHandle::NoteInsert(void* handle, int operation, const char* /*schema*/, const char* table,
                               sqlite3_int64 row) {
@@ -198,7 +216,7 @@ void SqliteHandle::Fail(const std::string& batch) const {
 
 SqliteReaders::Lease SqliteReaders::Borrow() {
   if (idle_.empty()) {
-    auto reader = std::make_unique<SqliteHandle>(path_, SQLITE_OPEN_READWRITE, identity_, while_busy_);
+    auto reader = std::make_unique<SqliteHandle>(source_, identity_, while_busy_);
     reader->Run("PRAGMA query_only=1");
     const std::lock_guard lock(growing_);
     idle_.push_back(reader.get());

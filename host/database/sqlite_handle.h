@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -24,18 +23,24 @@ using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 // The key of the row that was inserted last on a connection; nothing after a table that hands out no keys.
 using Identity = std::optional<std::int64_t>;
 
-session::DatabaseError CannotBeOpened(const std::string& path, const std::string& why, int code);
+// Where the handles of a database open it.
+struct SqliteSource {
+  std::string name;  // a path, or a URI
+  int flags = 0;     // of sqlite3_open_v2
+};
 
 // One of SQLite's connections, with the functions that prepared statements use: identity(), match() and the collation
 // UNICODE_NOCASE. Failures are session::DatabaseError.
 class SqliteHandle {
  public:
-  // `identity` and `while_busy`, which is called while a statement runs, outlive the handle.
-  SqliteHandle(const std::string& path, int open_flags, Identity& identity, const std::function<void()>& while_busy);
+  // `identity` and `while_busy`, which is called while a statement runs or waits, outlive the handle.
+  SqliteHandle(const SqliteSource& source, Identity& identity, const session::WhileBusy& while_busy);
 
+  // Whether the file is protected against writing.
+  bool ReadOnly() const { return sqlite3_db_readonly(database_.get(), "main") == 1; }
   bool InTransaction() const { return sqlite3_get_autocommit(database_.get()) == 0; }
-  // Compiles the first statement of `text` and leaves the rest there; null for nothing but blanks. `batch` is what
-  // failures name.
+  // Compiles the first statement of `text`, which ends with a zero, and leaves the rest there; null for nothing but
+  // blanks. `batch` is what failures name.
   SqliteStatement Prepare(std::string_view& text, const std::string& batch);
   // True for a row, false at the end.
   bool Step(sqlite3_stmt* statement, const std::string& batch);
@@ -59,14 +64,20 @@ class SqliteHandle {
     std::int64_t row = 0;
   };
 
+  // How SQLite asks whether to go on, after some steps and after each try for a lock.
+  static int GiveUpRunning(void* handle);
+  static int WaitOn(void* handle, int tries);
+  void EndWait();
   static void NoteInsert(void* handle, int operation, const char* schema, const char* table, sqlite3_int64 row);
   void TakeIdentity();
   [[noreturn]] void Fail(const std::string& batch) const;
 
   std::unique_ptr<sqlite3, Close> database_;
   Identity& identity_;
+  const session::WhileBusy& while_busy_;
   std::optional<InsertedRow> inserted_;
   std::atomic<bool> stepping_ = false;
+  bool waited_ = false;  // since `Busy::Done` was told last
 };
 
 // Handles that read, each for one recordset at a time.
@@ -78,16 +89,17 @@ class SqliteReaders {
   };
   using Lease = std::unique_ptr<SqliteHandle, GiveBack>;
 
-  SqliteReaders(std::string path, Identity& identity, const std::function<void()>& while_busy)
-      : path_(std::move(path)), identity_(identity), while_busy_(while_busy) {}
+  // All three outlive the readers.
+  SqliteReaders(const SqliteSource& source, Identity& identity, const session::WhileBusy& while_busy)
+      : source_(source), identity_(identity), while_busy_(while_busy) {}
 
   Lease Borrow();
   void Interrupt();
 
  private:
-  std::string path_;
+  const SqliteSource& source_;
   Identity& identity_;
-  const std::function<void()>& while_busy_;
+  const session::WhileBusy& while_busy_;
   std::mutex growing_;  // Interrupt comes from other threads
   std::vector<std::unique_ptr<SqliteHandle>> all_;
   std::vector<SqliteHandle*> idle_;

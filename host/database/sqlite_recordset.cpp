@@ -5,6 +5,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <iterator>
+
+#include "forms/text.h"
 
 namespace host {
 namespace {
@@ -81,6 +84,18 @@ Value Number(sqlite3_stmt* statement, int column, FieldType type) {
   return real;
 }
 
+// Other programs have written text in the bytes of Latin-1: it is shown by its characters, and not lost in a save.
+std::string Characters(std::string_view bytes) {
+  const bool ascii = std::ranges::none_of(bytes, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  if (ascii || forms::ToUtf8(forms::ToUtf32(bytes)) == bytes) {
+    return std::string(bytes);
+  }
+  std::u32string characters;
+  std::ranges::transform(bytes, std::back_inserter(characters),
+                         [](char c) { return static_cast<char32_t>(static_cast<unsigned char>(c)); });
+  return forms::ToUtf8(characters);
+}
+
 Value Text(std::string_view text, FieldType type) {
   if (type == FieldType::DateTime) {
     if (const auto moment = forms::ParseIso(text)) {
@@ -91,7 +106,7 @@ Value Text(std::string_view text, FieldType type) {
       return *guid;
     }
   }
-  return std::string(text);
+  return Characters(text);
 }
 
 }  // namespace
@@ -143,7 +158,8 @@ Value SqliteRecordset::Get(std::size_t field) const {
   }
   const int column = static_cast<int>(field);
   sqlite3_stmt* statement = statement_.get();
-  switch (sqlite3_column_type(statement, column)) {
+  const int storage = sqlite3_column_type(statement, column);
+  switch (storage == SQLITE_BLOB && fields_[field].type == FieldType::Text ? SQLITE_TEXT : storage) {
     case SQLITE_NULL:
       return {};
     case SQLITE_INTEGER:

@@ -25,7 +25,7 @@ Desk::Desk(Practice practice, const std::string& data_folder, const std::string&
                                       share_folder + "/pictures" + kLargeIcons})),
       classes_(make_classes(user_)),
       screens_(classes_->EditingScreen(), classes_->LookUpList()) {
-  practice_.Database().connection->WhileBusy = [this] { user_.Pulse(); };
+  practice_.Database().connection->WhileBusy = [this](session::Busy busy) { return user_.Pulse(busy); };
 }
 
 Desk::~Desk() {

@@ -22,6 +22,11 @@ DeskApp::DeskApp(std::function<void(DeskApp&)> work, std::function<void(const st
 
 void DeskApp::Serve(std::unique_ptr<Desk> desk) {
   desk_ = std::move(desk);
+  if (desk_->OfPractice().ReadOnly()) {
+    desk_->User().Tell(
+        "The practice database is protected against writing. Everything can be looked at, and nothing changed.",
+        std::string(forms::kSuiteTitle), forms::Icon::Information);
+  }
   if (!desk_->LogIn()) {
     return;
   }
@@ -69,6 +74,8 @@ bool DeskApp::OnExceptionInMainLoop() {
   std::string what = "This command could not be carried out.";
   try {
     throw;
+  } catch (const session::DatabaseError& error) {
+    what = error.Told();
   } catch (const std::exception& error) {
     what += "\r\r" + std::string(error.what());
   } catch (...) {  // it says nothing about itself

@@ -8,6 +8,9 @@ namespace host {
 using data::Literal;
 
 void LogTry(session::Database& database, const LoginTry& tried) {
+  if (database.Connection().ReadOnly()) {
+    return;
+  }
   data::Statements(database).Insert("ChangeTable", {{"ChaDat", Literal(tried.when)},
                                                     {"ChaWho", Literal(tried.who)},
                                                     {"ChaWhat", Literal(tried.login != 0 ? kLoggedIn : kRefused)},

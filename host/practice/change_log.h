@@ -22,6 +22,7 @@ struct LoginTry {
   std::int32_t login = 0;  // 0 for a refusal
   forms::DateTime when;
 };
+// Puts nothing down where the database can only be read.
 void LogTry(session::Database& database, const LoginTry& tried);
 
 // How often a name was refused since it last logged in, and when last.

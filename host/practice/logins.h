@@ -91,7 +91,8 @@ struct LoginAnswer {
 
 // Opens a session's login at a location, 0 for its primary one. Refused when name and password do not belong together
 // or the location is not granted to the login; after some refusals for a growing time, whatever the password is. An
-// unknown name takes as long as a wrong password, and waits as long. Each login and refusal stands in the change log.
+// unknown name takes as long as a wrong password, and waits as long. Each login and refusal stands in the change log,
+// but for those of a practice that can only be looked at.
 LoginAnswer LogIn(session::Database& database, std::string_view name, std::string_view password, forms::DateTime now,
                   std::int32_t location = 0);
 

@@ -28,6 +28,8 @@ class Practice {
   std::int32_t Office() const { return database_.options.office; }
   // Every office that the practice holds.
   std::vector<std::int32_t> Offices() const;
+  // Whether it can only be looked at.
+  bool ReadOnly() const { return database_.connection->ReadOnly(); }
   const PracticeDatabase& Database() const { return database_; }
   LockTable& Locks() const { return *locks_; }
 

@@ -42,7 +42,7 @@ void AdoConnection::Run(const char* member) {
   try {
     connection_.Call(member);
   } catch (const session::DatabaseError& failure) {
-    throw ErrorOf(failure, {});
+    throw ErrorOf(failure, member);
   }
 }
 

@@ -28,10 +28,10 @@ HRESULT Translate(forms::User* person, const IID& interface_id) {
     throw;
   } catch (const session::DatabaseError& error) {
     if (person == nullptr) {
-      SetDescription(error.what(), interface_id);
+      SetDescription(error.Told().c_str(), interface_id);
       return E_FAIL;
     }
-    person->Tell(error.what(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
+    person->Tell(error.Told(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
     return S_OK;
   } catch (const std::exception& error) {
     SetDescription(error.what(), interface_id);

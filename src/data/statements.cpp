@@ -1,6 +1,7 @@
 #include "data/statements.h"
 
 #include "data/literal.h"
+#include "forms/text.h"
 
 namespace data {
 namespace {
@@ -18,7 +19,21 @@ Sql Joined(const Assignments& values, Part Assignment::*part) {
 }  // namespace
 
 std::unique_ptr<session::Recordset> Statements::Select(const Sql& sql) const {
-  return database_.Connection().Execute(database_.PrepareSQL(sql.Text(), 1));
+  return database_.Connection().Execute(Prepared(sql));
+}
+
+std::string Statements::Prepared(const Sql& sql) const {
+  using session::DatabaseError;
+  std::string prepared;
+  try {
+    prepared = database_.PrepareSQL(sql.Text(), 1);
+  } catch (const DatabaseError& error) {
+    throw DatabaseError(error.what(), sql.Text(), error.Code(), DatabaseError::Origin::Translation);
+  }
+  if (forms::Trim(prepared).empty()) {
+    throw DatabaseError("It gave no statement.", sql.Text(), 0, DatabaseError::Origin::Translation);
+  }
+  return prepared;
 }
 
 void Statements::Execute(const Sql& sql) const {

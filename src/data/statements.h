@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,9 @@ class Statements {
   Sql OfficeJoin(Words condition) const { return OfficeScoped() ? Sql(condition) : Sql(); }
 
  private:
+  // The engine's words. Throws session::DatabaseError that lays it to the translation.
+  std::string Prepared(const Sql& sql) const;
+
   session::Database& database_;
 };
 

@@ -164,6 +164,11 @@ void EditingForm::SaveAndStay() {
 }
 
 void EditingForm::Hold(const std::string& table, std::int32_t id) {
+  if (context_.session.Connection().ReadOnly()) {
+    Caption = Caption.get() + " - Read only";
+    MakeReadOnly();
+    return;
+  }
   hold_.emplace(context_.session, table, id);
   if (hold_->Holder() && hold_->Holder()->silent && context_.session.HasRight(session::kSupervisorRight) &&
       Confirm(HeldText(*hold_->Holder()) +

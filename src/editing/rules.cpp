@@ -19,7 +19,7 @@ bool Rules::Attempt(const std::function<void()>& operation) const {
 }
 
 void Rules::Report(const session::DatabaseError& error) const {
-  Tell("The database could not carry out this operation.\r\n\r\n" + std::string(error.what()), forms::Icon::Critical);
+  Tell(error.Told(), forms::Icon::Critical);
 }
 
 void Rules::Tell(std::string text, forms::Icon icon) const {

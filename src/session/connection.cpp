@@ -1,8 +1,53 @@
 #include "session/connection.h"
 
+#include <algorithm>
+#include <array>
+
 #include "forms/text.h"
 
 namespace session {
+namespace {
+
+// By the first statement of a batch that does anything to rows.
+std::string_view WhatFailed(std::string_view batch) {
+  struct Verb {
+    std::string_view word;
+    std::string_view failed;
+  };
+  constexpr std::array kVerbs = {
+      Verb{"SELECT", "The database could not be read."},
+      Verb{"INSERT", "A record could not be added to the database."},
+      Verb{"UPDATE", "A record could not be changed in the database."},
+      Verb{"DELETE", "A record could not be deleted from the database."},
+  };
+  for (bool more = true; more;) {
+    const std::size_t end = batch.find(';');
+    const std::string_view statement = forms::Trim(batch.substr(0, end));
+    const auto verb = std::ranges::find_if(kVerbs, [&](const Verb& known) {
+      return forms::EqualsIgnoringCase(statement.substr(0, known.word.size()), known.word);
+    });
+    if (verb != kVerbs.end()) {
+      return verb->failed;
+    }
+    more = end != std::string_view::npos;
+    batch.remove_prefix(more ? end + 1 : 0);
+  }
+  return "The database could not carry out this operation.";
+}
+
+}  // namespace
+
+std::string DatabaseError::Told() const {
+  constexpr std::size_t kMost = 60;  // characters
+  const std::string_view statement = forms::Trim(statement_);
+  if (statement.empty()) {
+    return what();
+  }
+  const std::string first = forms::Left(statement, kMost);
+  return (origin_ == Origin::Translation ? "The session could not translate a statement for the database (PrepareSQL)."
+                                         : std::string(WhatFailed(statement))) +
+         "\r\n\r\n" + what() + "\r\n\r\n[ " + first + (first.size() < statement.size() ? " ... ]" : " ]");
+}
 
 Value Recordset::operator[](std::string_view name) const {
   const int index = FieldIndex(name);

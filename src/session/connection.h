@@ -14,16 +14,23 @@ namespace session {
 // The database refused a statement. The one root of its failures.
 class DatabaseError : public std::runtime_error {
  public:
-  DatabaseError(const std::string& what, std::string statement, int code)
-      : std::runtime_error(what), statement_(std::move(statement)), code_(code) {}
+  // Who refused it: the engine, or before it the session's `PrepareSQL`.
+  enum class Origin { Engine, Translation };
+
+  DatabaseError(const std::string& what, std::string statement, int code, Origin origin = Origin::Engine)
+      : std::runtime_error(what), statement_(std::move(statement)), code_(code), origin_(origin) {}
 
   const std::string& Statement() const { return statement_; }
   // The engine's own number.
   int Code() const { return code_; }
+  // As a person is told: what was being done, why it failed, and the statement's first words; why alone where no
+  // statement was run.
+  std::string Told() const;
 
  private:
   std::string statement_;
   int code_;
+  Origin origin_;
 };
 
 enum class FieldType { Integer, Double, Currency, Text, DateTime, Guid, Blob };
@@ -55,10 +62,17 @@ class Recordset {
   std::vector<std::vector<Value>> GetRows(std::size_t count);
 };
 
+// What keeps a statement: its own work, or another program that writes; `Done` when the wait for that is over.
+enum class Busy { Running, Waiting, Done };
+// True gives the statement up.
+using WhileBusy = std::function<bool(Busy)>;
+
 class Connection {
  public:
   virtual ~Connection() = default;
 
+  // Whether the database is protected against writing, as far as is known.
+  virtual bool ReadOnly() const { return false; }
   // Runs prepared statement text, several statements parted by ";" too; the rows are those of the last statement
   // that has any. Throws DatabaseError.
   virtual std::unique_ptr<Recordset> Execute(const std::string& sql) = 0;
@@ -68,8 +82,9 @@ class Connection {
   // Ends the statement that is running, from whichever thread; it throws DatabaseError where it ran.
   virtual void Cancel() = 0;
 
-  // Called now and then while a statement runs, where it runs: a window may paint then, but run no statement.
-  std::function<void()> WhileBusy;
+  // Called now and then while a statement runs or waits, where it runs: a window may paint then, and hear a person who
+  // gives it up, but run no statement. One that is given up throws DatabaseError.
+  session::WhileBusy WhileBusy;
 };
 
 // Rolls back at its end unless committed.

@@ -3,10 +3,13 @@
 #include <wx/frame.h>
 
 #include <chrono>
+#include <memory>
 #include <string_view>
 
+class wxButton;
 class wxGauge;
 class wxStaticText;
+class wxWindowDisabler;
 
 namespace views {
 
@@ -14,16 +17,28 @@ namespace views {
 class WaitWindow : public wxFrame {
  public:
   explicit WaitWindow(wxWindow* parent);
+  WaitWindow(const WaitWindow&) = delete;
+  WaitWindow& operator=(const WaitWindow&) = delete;
+  ~WaitWindow() override;
 
   // `done` is a share of 0 to 1, or negative when it is not known.
   void Tell(std::string_view text, double done);
   // Shows it when the moment is over, and lets every window paint.
   void Pulse();
+  // The same for work that a person can give up, by its button or Esc; all other windows are deaf meanwhile. True
+  // once he did.
+  bool PulseOrGiveUp();
 
  private:
+  void KeepOthersDeaf();
+
   wxStaticText* text_ = nullptr;
   wxGauge* gauge_ = nullptr;
-  bool known_ = false;  // how far the work has come
+  wxButton* give_up_ = nullptr;
+  bool known_ = false;    // how far the work has come
+  bool offered_ = false;  // to give it up
+  bool given_up_ = false;
+  std::unique_ptr<wxWindowDisabler> others_;
   std::chrono::steady_clock::time_point since_;
   std::chrono::steady_clock::time_point pulsed_;
 };

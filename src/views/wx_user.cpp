@@ -30,10 +30,7 @@ class WxUser::OnTop {
       user_.OnModalEnd();
     }
     Cover(false);
-    // Not every display gives the keyboard back by itself.
-    if (wxWindow* top = user_.Top(); top != nullptr && top->IsShown()) {
-      top->Raise();
-    }
+    user_.RaiseTop();
   }
 
  private:
@@ -114,9 +111,27 @@ void WxUser::Wait(std::string_view text, double done) {
   wait_->Tell(text, done);
 }
 
-void WxUser::Pulse() {
-  if (wait_ != nullptr) {
-    wait_->Pulse();
+bool WxUser::Pulse(session::Busy busy) {
+  if (busy == session::Busy::Done) {
+    const bool seen = waiting_ != nullptr && waiting_->IsShown();
+    waiting_.reset();
+    if (seen) {
+      RaiseTop();
+    }
+    return false;
+  }
+  if (busy == session::Busy::Waiting && waiting_ == nullptr) {
+    waiting_ = std::make_unique<WaitWindow>(Top());
+    waiting_->Tell("  Another program is using the database - Please Wait  ", -1);
+  }
+  const auto& shown = waiting_ != nullptr ? waiting_ : wait_;
+  return shown != nullptr && shown->PulseOrGiveUp();
+}
+
+// Not every display gives the keyboard back by itself.
+void WxUser::RaiseTop() const {
+  if (wxWindow* top = Top(); top != nullptr && top->IsShown()) {
+    top->Raise();
   }
 }
 

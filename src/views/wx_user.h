@@ -42,14 +42,15 @@ class WxUser : public forms::User {
   std::optional<forms::Color> PickColor(forms::Color start) override;
   void Wait(std::string_view text, double done = -1) override;
 
-  // Lets the windows paint, and brings up the wait text when it has stood long enough; the host calls it while a
-  // statement runs.
-  void Pulse();
+  // Lets the windows paint, and brings up the wait text when it has stood long enough, or one of its own while another
+  // program writes; the host calls it while a statement runs. True when the person gives the statement up.
+  bool Pulse(session::Busy busy);
 
  private:
   class OnTop;
 
   wxWindow* Top() const { return open_.empty() ? main_ : open_.back(); }
+  void RaiseTop() const;
   int ShowModal(wxDialog& dialog);
 
   ViewRegistry registry_;
@@ -58,6 +59,7 @@ class WxUser : public forms::User {
   session::Settings* places_ = nullptr;
   std::vector<wxDialog*> open_;
   std::unique_ptr<WaitWindow> wait_;
+  std::unique_ptr<WaitWindow> waiting_;  // for another program
 };
 
 }  // namespace views

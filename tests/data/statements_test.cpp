@@ -31,6 +31,30 @@ TEST(Statements, InsertsWithARowGuidIntoTheOffice) {
             "VALUES (5, 3, @UniqueID); SELECT @UniqueID, @@IDENTITY");
 }
 
+TEST(Statements, LayToTheTranslationWhatItFails) {
+  struct Untranslated : test_support::FakeSession {
+    bool refuses_to = true;
+    std::string PrepareSQL(const std::string&, int) const override {
+      if (refuses_to) {
+        throw session::DatabaseError("No such dialect.", {}, 1);
+      }
+      return " ";
+    }
+  } session;
+  const auto told = [&] {
+    try {
+      data::Statements(session).Execute(data::Sql("SELECT 1"));
+      return std::string();
+    } catch (const session::DatabaseError& error) {
+      return error.Told();
+    }
+  };
+  const std::string whose = "The session could not translate a statement for the database (PrepareSQL).\r\n\r\n";
+  EXPECT_EQ(told(), whose + "No such dialect.\r\n\r\n[ SELECT 1 ]");
+  session.refuses_to = false;
+  EXPECT_EQ(told(), whose + "It gave no statement.\r\n\r\n[ SELECT 1 ]");
+}
+
 TEST(Statements, UpdatesWithinTheOfficeAndOnlyWhenThereIsSomethingToSet) {
   GuidSession session;
   const data::Statements statements(session);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <thread>
 
 #include "database/database.h"
@@ -36,6 +37,16 @@ std::string Quoted(const std::string& text) {
     quoted.append(c == '\'' ? 2 : 1, c);
   }
   return quoted + "'";
+}
+
+// What the failure says; empty without one.
+std::string Refusal(const std::function<void()>& work) {
+  try {
+    work();
+    return {};
+  } catch (const session::DatabaseError& error) {
+    return error.what();
+  }
 }
 
 TEST(SqliteConnection, HostileTextComesBackAsTyped) {
@@ -141,26 +152,58 @@ TEST(SqliteConnection, FailuresNameStatementAndCode) {
   }
 }
 
-TEST(SqliteConnection, ProtectedDatabaseIsReportedInPlainWords) {
-  const auto practice = CreateDatabase("sqlite::memory:");
-  practice.Run("PRAGMA query_only=1");
-  try {
-    practice.Run("UPDATE EmpTable SET EmpNam='x'");
-    FAIL();
-  } catch (const session::DatabaseError& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr("protected against writing"));
-  }
+TEST(SqliteConnection, ProtectedFileIsOnlyRead) {
+  const TemporaryFile file;
+  CreateDatabase(file.Url()).Run("INSERT INTO EmpTable (EmpNam) VALUES ('a')");
+  using std::filesystem::perms;
+  std::filesystem::permissions(file.Path(), perms::owner_read);
+  const auto practice = OpenDatabase(file.Url());
+  EXPECT_TRUE(practice.connection->ReadOnly());
+  EXPECT_EQ(ToText(practice.Run("SELECT EmpNam FROM EmpTable")->Get(0)), "a");
+  EXPECT_THAT(Refusal([&] { practice.Run("UPDATE EmpTable SET EmpNam='x'"); }),
+              testing::HasSubstr("protected against writing"));
 }
 
-TEST(SqliteConnection, FilesThatAreNoDatabaseAreNamed) {
+TEST(SqliteConnection, WhatCannotBeOpenedIsNamed) {
   const TemporaryFile file;
+  const auto refusal = [&](const std::string& beside) { return Refusal([&] { OpenDatabase(file.Url() + beside); }); };
+  EXPECT_THAT(refusal(""), testing::AllOf(testing::HasSubstr(file.Path()), testing::HasSubstr("no such file")));
+  EXPECT_THAT(refusal("/there/a.db"), testing::HasSubstr("no such folder"));
+  EXPECT_THAT(refusal("/.."), testing::HasSubstr("no such folder"));
   std::ofstream(file.Path()) << std::string(5000, 'x');
-  try {
-    OpenDatabase(file.Url());
-    FAIL();
-  } catch (const session::DatabaseError& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr(file.Path()));
-  }
+  EXPECT_THAT(refusal(""), testing::AllOf(testing::HasSubstr(file.Path()), testing::HasSubstr("damaged")));
+}
+
+TEST(SqliteConnection, TextOfAnotherProgramIsReadAsLatin1) {
+  const auto practice = CreateDatabase("sqlite::memory:");
+  practice.connection->Execute(
+      "INSERT INTO PATable (pLASNAM, pFIRNAM, pNICNAM) VALUES (CAST(x'4DFC6C6C6572' AS TEXT), x'416EEF', 'Zoë')");
+  const auto row = practice.Run("SELECT pLASNAM, pFIRNAM, pNICNAM FROM PATable");
+  EXPECT_EQ(ToText(row->Get(0)), "Müller");
+  EXPECT_EQ(ToText(row->Get(1)), "Anï");
+  EXPECT_EQ(ToText(row->Get(2)), "Zoë");
+}
+
+TEST(SqliteConnection, WaitForAnotherProgramCanBeGivenUp) {
+  const TemporaryFile file;
+  const auto here = CreateDatabase(file.Url());
+  const auto there = OpenDatabase(file.Url());
+  const std::string insert = "INSERT INTO EmpTable (EmpNam) VALUES ('a')";
+  std::vector<session::Busy> heard;
+  auto other = std::make_optional<session::Transaction>(*there.connection);
+  here.connection->WhileBusy = [&](session::Busy busy) {
+    heard.push_back(busy);
+    return true;
+  };
+  EXPECT_THAT(Refusal([&] { here.Run(insert); }), testing::HasSubstr("wait for it was ended"));
+  EXPECT_THAT(Refusal([&] { session::Transaction mine(*here.connection); }), testing::HasSubstr("Another program"));
+  using session::Busy;
+  EXPECT_THAT(heard, testing::ElementsAre(Busy::Waiting, Busy::Done, Busy::Waiting, Busy::Done));
+  here.connection->WhileBusy = [&](Busy) {
+    other.reset();  // done in the meantime
+    return false;
+  };
+  EXPECT_NO_THROW(here.Run(insert));
 }
 
 TEST(SqliteConnection, TransactionsCommitOrRollBack) {
@@ -202,12 +245,13 @@ TEST(SqliteConnection, CancelEndsTheRunningStatement) {
       practice.connection->Cancel();
     }
   });
-  EXPECT_THROW(
-      practice.connection->Execute("SELECT Count(*) FROM (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 "
-                                   "FROM n) SELECT i FROM n)"),
-      session::DatabaseError);
+  const std::string endless =
+      "SELECT Count(*) FROM (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) SELECT i FROM n)";
+  EXPECT_THROW(practice.connection->Execute(endless), session::DatabaseError);
   ended = true;
   canceller.join();
+  practice.connection->WhileBusy = [](session::Busy) { return true; };  // the other way, where it runs
+  EXPECT_THROW(practice.connection->Execute(endless), session::DatabaseError);
   EXPECT_FALSE(practice.Run("SELECT Count(*) FROM PATable")->Eof());
 }
 

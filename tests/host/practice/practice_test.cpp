@@ -44,5 +44,16 @@ TEST(Practice, ItsFilesAreOpenToTheirOwnerOrGroupAlone) {
   }
 }
 
+TEST(Practice, OfAProtectedFileIsOnlyLookedAt) {
+  const PracticeFile file("protected");
+  CreatePractice(file.Url());
+  using std::filesystem::perms;
+  std::filesystem::permissions(file.Path(), perms::owner_read);
+  Practice practice(file.Url());
+  EXPECT_TRUE(practice.ReadOnly());
+  HostSession session(practice, practice.Office(), LoginRights("Ann"), StandingStill());
+  EXPECT_FALSE(LogIn(session.Office(), "ann", "ann", kTestClock)) << "refused, and nothing thrown";
+}
+
 }  // namespace
 }  // namespace host

@@ -1,9 +1,12 @@
 #include <wx/init.h>
+#include <wx/log.h>
+#include <wx/msgdlg.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 #include "database/private_files.h"
 #include "desk/desk_app.h"
@@ -38,7 +41,11 @@ std::string DataFolder() {
     base = wxGetHomeDir() + "/.local/share";
   }
   std::string folder = views::FromWx(base) + "/practice_desk";
-  host::MakePrivateFolder(folder);
+  try {
+    host::MakePrivateFolder(folder);
+  } catch (const std::filesystem::filesystem_error& error) {
+    throw std::runtime_error("The data folder " + folder + " cannot be made: " + error.code().message() + ".");
+  }
   return folder;
 }
 
@@ -70,6 +77,11 @@ void Report(const std::string& what) {
   std::cerr << "practice_desk: " + what + '\n';
 }
 
+void ReportInWindow(const std::string& what) {
+  Report(what);
+  wxMessageBox(views::ToWx(what), "Practice Desk", wxOK | wxICON_ERROR);
+}
+
 // The size of the windows and their colours hold for a process: one for each.
 int TourInEveryLook(const std::string& program, const DeskOptions& options) {
   int status = 0;
@@ -94,7 +106,8 @@ int Run(const std::string& program, const DeskOptions& options) {
     setenv("GDK_SCALE", std::to_string(options.scale).c_str(), 1);
   }
   host::OwnDisplay display;
-  if (!host::HasDisplay()) {
+  const bool seen = host::HasDisplay();
+  if (!seen) {
     display =
         options.tour.empty() ? host::ServeToBrowser("Practice Desk", options.port, Report) : host::HideFromEverybody();
   }
@@ -104,8 +117,11 @@ int Run(const std::string& program, const DeskOptions& options) {
     wxApp::GTKSuppressDiagnostics();
     std::cout << "Open " << display.page->Address() << " in a browser on this machine." << std::endl;
   }
-  const auto work = [&options, in_browser = display.page != nullptr](host::DeskApp& app) {
+  // Of a display that it cannot reach the toolkit would tell in words of its own, and in a tour in windows nobody sees.
+  std::optional<wxLogNull> quiet(std::in_place);
+  const auto work = [&, in_browser = display.page != nullptr](host::DeskApp& app) {
     if (options.tour.empty()) {
+      quiet.reset();
       Serve(app, options);
       if (in_browser) {
         FitToPage(app);
@@ -114,11 +130,15 @@ int Run(const std::string& program, const DeskOptions& options) {
       Tour(options);
     }
   };
-  wxApp::SetInstance(new host::DeskApp(work, Report));
+  wxApp::SetInstance(new host::DeskApp(work, seen && options.tour.empty() ? ReportInWindow : Report));
   int words = 1;
   std::string name = program;
   std::array<char*, 2> arguments = {name.data(), nullptr};
-  return wxEntry(words, arguments.data());
+  const int status = wxEntry(words, arguments.data());
+  if (status < 0) {
+    throw std::runtime_error("The display that DISPLAY or WAYLAND_DISPLAY names cannot be reached.");
+  }
+  return status;
 }
 
 }  // namespace
