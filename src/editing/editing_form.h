@@ -27,7 +27,10 @@ class EditingForm : public forms::Form, public Rules {
   // Something was written.
   bool Saved = false;
 
-  // Another user holds the record.
+  // A rule that fails ends there; what was typed stays.
+  void Run(const std::function<void()>& rule) override { Attempt(rule); }
+
+  // The record can only be looked at: another user holds it, or the database is protected.
   bool ReadOnly() const { return read_only_; }
   // The same of the screen that a control is on.
   static bool ReadOnly(const forms::Control& control);

@@ -26,8 +26,7 @@ void FieldHelp::Show() {
 }
 
 void FieldHelp::OnLoad() {
-  Attempt(
-      [this] { pops_up_ = forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "POPUP_HELP_FLAG")); });
+  pops_up_ = forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "POPUP_HELP_FLAG"));
 }
 
 // The text of a field stays while the person works in a panel that dropped below it.

@@ -41,7 +41,7 @@ bool CheckListBox::DoTick(int index, bool on) {
   if (IsChecked(index) != on) {
     Check(index, on);
     if (ItemCheck) {
-      ItemCheck(index);
+      Fire([&] { ItemCheck(index); });
     }
   }
   return true;

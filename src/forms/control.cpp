@@ -63,7 +63,9 @@ std::string Control::SpokenName() const {
 
 bool Control::DoKey(Key key) {
   for (Control* at = this; at != nullptr; at = at->Container) {
-    if (at->OnKey(key)) {
+    bool used = true;  // by a rule that failed, too
+    Fire([&] { used = at->OnKey(key); });
+    if (used) {
       return true;
     }
   }
@@ -76,8 +78,10 @@ void Control::Changed(Aspect aspect) {
   }
 }
 
-void Control::Fire(const std::function<void()>& slot) {
-  if (slot) {
+void Control::Fire(const std::function<void()>& slot) const {
+  if (slot && form_ != nullptr) {
+    form_->Run(slot);
+  } else if (slot) {
     slot();
   }
 }

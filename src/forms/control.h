@@ -91,7 +91,8 @@ class Control : public Observable {
  protected:
   friend class Form;
 
-  static void Fire(const std::function<void()>& slot);
+  // Runs what a rule does when there is something, as the form runs its rules.
+  void Fire(const std::function<void()>& slot) const;
 
   // The control's own use for a key, pressed on it or on a control that lies on it.
   virtual bool OnKey(Key key) { return KeyDown && KeyDown(key); }

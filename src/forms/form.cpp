@@ -79,7 +79,7 @@ void Form::Load() {
     OnLoad();
     for (UserControl* part : user_controls_) {
       if (!closed_) {
-        part->OnLoad();
+        Run([part] { part->OnLoad(); });
       }
     }
     if (Control* first = NextField(nullptr); first != nullptr && active_ == nullptr && !closed_) {
@@ -122,7 +122,11 @@ Control* Form::NextField(const Control* from) const {
 
 bool Form::DoClose() {
   const auto agrees = [](UserControl* part) { return part->QueryClose(); };
-  if (!closed_ && std::ranges::all_of(user_controls_, agrees) && QueryClose()) {
+  bool closes = false;
+  if (!closed_) {
+    Run([&] { closes = std::ranges::all_of(user_controls_, agrees) && QueryClose(); });
+  }
+  if (closes) {
     Close();
   }
   return closed_;
@@ -178,7 +182,7 @@ bool Form::LeaveActive() {
   }
   Control* const left = active_;
   leaving_ = true;
-  Control::Fire(left->Leave);
+  left->Fire(left->Leave);
   const bool moved_by_rule = !leaving_;
   leaving_ = false;
   if (!moved_by_rule) {
@@ -188,7 +192,9 @@ bool Form::LeaveActive() {
 }
 
 bool Form::DoKey(Key key) {
-  if (OnKey(key)) {
+  bool used = true;  // by a rule that failed, too
+  Run([&] { used = OnKey(key); });
+  if (used) {
     return true;
   }
   Button* pressed = nullptr;
@@ -207,13 +213,13 @@ void Form::Rest(Control& control) {
   active_ = &control;
   Changed(Aspect::Focus);
   TellFocus(&control);
-  Control::Fire(control.Enter);
+  control.Fire(control.Enter);
 }
 
 void Form::TellFocus(Control* control) {
-  OnFocus(control);
+  Run([&] { OnFocus(control); });
   for (UserControl* part : user_controls_) {
-    part->OnFocus(control);
+    Run([&] { part->OnFocus(control); });
   }
 }
 

@@ -89,6 +89,9 @@ class Form : public Observable {
   // The person pauses: some of the work that waits for it is done. False when there is none left.
   bool DoIdle();
 
+  // Every rule that answers a person runs in here. A form whose rules may fail ends the rule here, and tells him.
+  virtual void Run(const std::function<void()>& rule) { rule(); }
+
   void Watch(FormObserver* observer) { observer_ = observer; }
   void Changed(Aspect aspect) override;
 

@@ -249,7 +249,7 @@ bool Grid::DoSort(int column) {
   SortDescending = SortColumn == column && !SortDescending;
   SortColumn = column;
   if (HeadClick) {
-    HeadClick(column);
+    Fire([&] { HeadClick(column); });
   }
   return true;
 }

@@ -50,6 +50,8 @@ class frmTGList : public forms::Form, private editing::Rules {
   // host has heard of it.
   const session::ListOutcome& ShowList();
 
+  void Run(const std::function<void()>& rule) override { Attempt(rule); }
+
   // How the list was left.
   session::ListOutcome Result;
   // The navigation command that closed the list, empty for none, and the ID of the record that it goes to.

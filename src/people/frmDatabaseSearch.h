@@ -30,6 +30,8 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
   std::int32_t SelectedID = 0;
   bool NewWanted = false;
 
+  void Run(const std::function<void()>& rule) override { Attempt(rule); }
+
   // Reads the first matches; how many there are. Throws session::DatabaseError.
   int Search();
 

@@ -186,7 +186,18 @@ TEST_F(EditingFormTest, WhatEndsAnOperationIsToldAndAFailedReadCloses) {
   EXPECT_FALSE(form_.Attempt([] { throw std::overflow_error("the amount is too large"); }));
   EXPECT_EQ(user_.asked[0].text, "Another user was faster.");
   EXPECT_EQ(user_.asked[1].text, "A number is too large: the amount is too large. Nothing was changed.");
-  form_.on_read = [] { throw session::DatabaseError("refused", "SELECT", 1); };
+  const auto fail = [] { throw session::DatabaseError("refused", "set @a=1; Delete * FROM T", 1); };
+  form_.Text1.Enter = fail;
+  form_.Text1.KeyDown = [&fail](forms::Key) {
+    fail();
+    return false;
+  };
+  EXPECT_TRUE(form_.Text1.DoFocus());
+  EXPECT_TRUE(form_.Text1.DoKey(forms::Key::F9));
+  ASSERT_EQ(user_.asked.size(), 4U);
+  EXPECT_EQ(user_.asked[3].text,
+            "A record could not be deleted from the database.\r\n\r\nrefused\r\n\r\n[ set @a=1; Delete * FROM T ]");
+  form_.on_read = fail;
   form_.Load();
   EXPECT_TRUE(form_.Closed());
 }
