@@ -45,7 +45,7 @@ void LayOut(FormDialog& dialog, editing::NameSearch& search) {
   dialog.OverPage([&dialog, &search] {
     wxPanel* panel = MakeDropPanel(&dialog, search);
     auto* inside = new wxBoxSizer(wxVERTICAL);
-    inside->Add(MakeSearchList(panel, search.dbcNameSearch, 40, 5), wxSizerFlags(1).Expand());
+    inside->Add(MakeSearchList(panel, search.dbcNameSearch, 40, 4), wxSizerFlags(1).Expand());
     wxWindow* hint = MakeLabel(panel, search.lblNameSearch);
     constexpr int kLines = 2;
     hint->SetMinSize(wxSize(-1, hint->GetCharHeight() * kLines));
