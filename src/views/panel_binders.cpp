@@ -50,8 +50,8 @@ class DropBinding : public Binding {
 
   // Below the field, or above it where there is more room.
   virtual wxPoint Corner(const wxRect& field, wxSize size, wxSize room) const {
-    const bool above = field.GetBottom() + 1 + size.y > room.y && field.y >= size.y;
-    return {std::max(0, std::min(field.x, room.x - size.x)), above ? field.y - size.y : field.GetBottom() + 1};
+    const bool above = field.GetBottom() + 1 + size.y > room.y && field.y > size.y;
+    return {std::max(0, std::min(field.x, room.x - size.x)), above ? field.y - size.y - 1 : field.GetBottom() + 1};
   }
 
   // The field may change, and move, while the panel is down.
