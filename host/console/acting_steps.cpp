@@ -86,9 +86,17 @@ std::optional<Key> ParseKey(std::string_view name) {
     Key key;
   };
   constexpr std::array kKeys = {
-      Named{"Enter", Key::Enter},   Named{"Esc", Key::Esc},           Named{"Tab", Key::Tab}, Named{"F9", Key::F9},
-      Named{"Delete", Key::Delete}, Named{"Insert", Key::Insert},     Named{"Up", Key::Up},   Named{"Down", Key::Down},
-      Named{"PageUp", Key::PageUp}, Named{"PageDown", Key::PageDown}, Named{"Ctrl+Enter", Key::CtrlEnter},
+      Named{"Enter", Key::Enter},
+      Named{"Esc", Key::Esc},
+      Named{"Tab", Key::Tab},
+      Named{"F9", Key::F9},
+      Named{"Delete", Key::Delete},
+      Named{"Insert", Key::Insert},
+      Named{"Up", Key::Up},
+      Named{"Down", Key::Down},
+      Named{"PageUp", Key::PageUp},
+      Named{"PageDown", Key::PageDown},
+      Named{"Ctrl+Enter", Key::CtrlEnter},
       Named{"Ctrl+S", Key::CtrlS},
   };
   const auto found =

@@ -9,8 +9,8 @@
 
 namespace editing {
 
-// The balloon of the field help (`PictureBox1`) beside a field: entering the field shows its text where the office wants
-// that, and the help button shows it anyway. A click on the balloon takes it away.
+// The balloon of the field help (`PictureBox1`) beside a field: entering the field shows its text where the office
+// wants that, and the help button shows it anyway. A click on the balloon takes it away.
 class FieldHelp : public forms::DropPanel, private Rules {
  public:
   explicit FieldHelp(const session::ScreenContext& context);

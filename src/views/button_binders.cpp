@@ -123,8 +123,8 @@ wxButton* MakeArrow(wxWindow* parent, forms::Button& control) {
 }
 
 wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control) {
-  auto* picture = new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                               wxBORDER_NONE | wxBU_EXACTFIT | wxBU_NOTEXT);
+  auto* picture =
+      new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT | wxBU_NOTEXT);
   FormDialog::Of(*parent).Attach<ToolBinding>(control, *picture);
   return picture;
 }

@@ -293,7 +293,8 @@ void FormDialog::TakeFocusBack() {
   if (focus_set_) {
     ShowFocus();
   }
-  if (!covered_ && had_focus_ != nullptr && Focused() == nullptr && IsDescendant(had_focus_) && had_focus_->IsShownOnScreen()) {
+  if (!covered_ && had_focus_ != nullptr && Focused() == nullptr && IsDescendant(had_focus_) &&
+      had_focus_->IsShownOnScreen()) {
     views::TakeFocusBack(*had_focus_);
   }
 }

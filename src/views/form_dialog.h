@@ -93,8 +93,8 @@ class FormDialog : public Dialog, private forms::FormObserver {
   std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
   std::map<const forms::Control*, Binding*> by_control_;
   bool covered_ = false;
-  const forms::Control* active_;  // that the form told of last
-  wxWeakRef<wxWindow> had_focus_;            // when it was covered
+  const forms::Control* active_;   // that the form told of last
+  wxWeakRef<wxWindow> had_focus_;  // when it was covered
   bool layout_pending_ = false;
   bool focus_set_ = false;  // by the form, and not shown yet
 };

@@ -5,7 +5,6 @@
 #include "views/form_dialog.h"
 #include "views/grid_cells.h"
 #include "views/grid_filters.h"
-#include "views/readable.h"
 
 namespace views {
 namespace {
@@ -21,7 +20,7 @@ class GridBinding : public Binding {
     BindCells();
     BindHeads();
     BindMouse();
-    BindFocus();
+    KeepSelectionReadable(widget_);
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
     widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
   }
@@ -163,25 +162,6 @@ class GridBinding : public Binding {
     });
   }
 
-  // The widget paints the selection on another colour while the keyboard is elsewhere.
-  void BindFocus() {
-    const auto show = [this](bool here) {
-      const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT);
-      const wxColour behind = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW);
-      widget_.SetSelectionForeground(here ? text : ReadableOn(behind, widget_.GetDefaultCellTextColour()));
-    };
-    wxWindow* cells = widget_.GetGridWindow();
-    cells->Bind(wxEVT_SET_FOCUS, [show](wxFocusEvent& event) {
-      event.Skip();
-      show(true);
-    });
-    cells->Bind(wxEVT_KILL_FOCUS, [show](wxFocusEvent& event) {
-      event.Skip();
-      show(false);
-    });
-    show(false);
-  }
-
   wxGridCellCoords CellAt(const wxMouseEvent& event) const {
     int x = 0;
     int y = 0;
@@ -288,8 +268,6 @@ class GridBinding : public Binding {
       grid_.DoSelectAll();
     } else if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE && ActOnCell()) {
       return;
-    } else if (key == WXK_TAB && !widget_.IsEditable()) {
-      widget_.Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     } else {
       event.Skip();
     }

@@ -158,4 +158,19 @@ void CellTable::Tell(int before, int wanted, int appended, int deleted) {
   }
 }
 
+void KeepSelectionReadable(wxGrid& grid) {
+  const auto show = [&grid](bool here) {
+    const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT);
+    const wxColour behind = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW);
+    grid.SetSelectionForeground(here ? text : ReadableOn(behind, grid.GetDefaultCellTextColour()));
+  };
+  for (const auto& type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS}) {
+    grid.GetGridWindow()->Bind(type, [show](wxFocusEvent& event) {
+      event.Skip();
+      show(event.GetEventType() == wxEVT_SET_FOCUS);
+    });
+  }
+  show(false);
+}
+
 }  // namespace views

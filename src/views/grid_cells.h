@@ -38,4 +38,7 @@ class CellTable : public wxGridTableBase {
   std::vector<Attributes> columns_;  // shared by the cells that have no colours of their own
 };
 
+// The selection's text on the ground that the widget paints it on, which is another while the keyboard is elsewhere.
+void KeepSelectionReadable(wxGrid& grid);
+
 }  // namespace views

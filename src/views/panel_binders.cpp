@@ -62,9 +62,8 @@ class DropBinding : public Binding {
     }
     wxWindow& panel = Widget();
     const wxWindow& field = under->Widget();
-    const wxPoint corner =
-        Corner(wxRect(panel.GetParent()->ScreenToClient(field.GetScreenPosition()), field.GetSize()), panel.GetSize(),
-               panel.GetParent()->GetClientSize());
+    const wxPoint corner = Corner(wxRect(panel.GetParent()->ScreenToClient(field.GetScreenPosition()), field.GetSize()),
+                                  panel.GetSize(), panel.GetParent()->GetClientSize());
     if (panel.GetPosition() != corner) {
       KeepBehind(panel);
       panel.GetParent()->RefreshRect(panel.GetRect());
@@ -89,9 +88,8 @@ class BalloonBinding : public DropBinding {
                               wxPoint(field.GetRight() + 1 + gap, y), wxPoint(field.x - size.x - gap, y)};
     const auto clear = [&](const wxPoint& spot) {
       const wxRect there(spot, size);
-      return wxRect(room).Contains(there) && std::ranges::none_of(Dropped(), [&](const wxRect& panel) {
-        return panel.Intersects(there);
-      });
+      return wxRect(room).Contains(there) &&
+             std::ranges::none_of(Dropped(), [&](const wxRect& panel) { return panel.Intersects(there); });
     };
     const auto spot = std::ranges::find_if(spots, clear);
     return spot == spots.end() ? spots.front() : *spot;
@@ -101,7 +99,8 @@ class BalloonBinding : public DropBinding {
   std::vector<wxRect> Dropped() const {
     std::vector<wxRect> places;
     for (const forms::Control* control : Dialog().Form().Controls()) {
-      const Binding* binding = dynamic_cast<const forms::DropPanel*>(control) == nullptr ? nullptr : Dialog().Find(*control);
+      const Binding* binding =
+          dynamic_cast<const forms::DropPanel*>(control) == nullptr ? nullptr : Dialog().Find(*control);
       if (binding != nullptr && binding != this && control->Visible) {
         places.push_back(binding->Widget().GetRect());
       }

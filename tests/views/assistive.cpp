@@ -16,8 +16,8 @@ int gtk_widget_is_ancestor(GtkWidget* widget, GtkWidget* ancestor);
 int gtk_window_has_toplevel_focus(GtkWindow* window);
 GdkWindow* gtk_widget_get_window(GtkWidget* widget);
 void* gdk_atom_intern(const char* name, int only_if_exists);
-void gdk_property_change(GdkWindow* window, void* property, void* type, int format, int mode,
-                         const unsigned char* data, int count);
+void gdk_property_change(GdkWindow* window, void* property, void* type, int format, int mode, const unsigned char* data,
+                         int count);
 int gtk_window_mnemonic_activate(GtkWindow* window, unsigned letter, int modifiers);
 }
 

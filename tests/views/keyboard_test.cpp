@@ -71,7 +71,9 @@ void LayOutSample(views::FormDialog& dialog, Sample& form) {
 // The form in a window that has the keyboard, and what a person's hands do there.
 class Keyboard : public testing::Test {
  protected:
-  Keyboard() { user_.OnShown = [this](wxDialog& dialog) { OnShown(dialog); }; }
+  Keyboard() {
+    user_.OnShown = [this](wxDialog& dialog) { OnShown(dialog); };
+  }
 
   // Opens the form, does that and closes it.
   void With(const std::function<void()>& work) { Open(form_, work); }

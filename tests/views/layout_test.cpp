@@ -23,7 +23,7 @@ void ExpectFieldsClear(const wxTopLevelWindow& window, const std::string& name) 
   for (const forms::Control* control : dialog == nullptr ? std::vector<forms::Control*>() : dialog->Form().Controls()) {
     const auto* panel = dynamic_cast<const forms::DropPanel*>(control);
     if (panel != nullptr && panel->Visible) {
-      places.emplace_back(panel->Name(), dialog->Find(*panel)->Widget().GetScreenRect());
+      places.emplace_back(panel->Name(), dialog->Find(*panel)->Widget().GetScreenRect().Deflate(1));  // its border
       places.emplace_back(panel->Below.get()->Name(), dialog->Find(*panel->Below.get())->Widget().GetScreenRect());
     }
   }
