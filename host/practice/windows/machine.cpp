@@ -32,10 +32,16 @@ struct LocallyFreed {
 
 // The installation's own number; a process that started before the machine did is not found by its start.
 std::string SystemName() {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Cryptography", 0, KEY_QUERY_VALUE | KEY_WOW64_64KEY,
+                    &key) != ERROR_SUCCESS) {
+    return {};
+  }
   std::array<wchar_t, 64> number{};
   DWORD size = sizeof number;
-  const bool read = RegGetValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Cryptography", L"MachineGuid",
-                                 RRF_RT_REG_SZ | RRF_SUBKEY_WOW6464KEY, nullptr, number.data(), &size) == ERROR_SUCCESS;
+  const bool read =
+      RegGetValueW(key, nullptr, L"MachineGuid", RRF_RT_REG_SZ, nullptr, number.data(), &size) == ERROR_SUCCESS;
+  RegCloseKey(key);
   return read ? ToUtf8(number.data()) : std::string();
 }
 
