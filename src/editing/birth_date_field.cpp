@@ -4,16 +4,6 @@
 #include "forms/text.h"
 
 namespace editing {
-namespace {
-
-// The year was typed with its four digits.
-bool HasWholeYear(const std::string& typed, forms::Date date) {
-  return typed.find_first_of("/-") == std::string::npos
-             ? typed.size() == std::string_view("01021980").size()
-             : typed.find(std::to_string(static_cast<int>(date.year()))) != std::string::npos;
-}
-
-}  // namespace
 
 BirthDateField::BirthDateField(const session::ScreenContext& context, const Parts& parts)
     : Rules(context), parts_(parts) {
@@ -45,12 +35,8 @@ bool BirthDateField::Take() {
     return true;
   }
   const forms::Date today = context_.session.Today();
-  auto birth = forms::ParseDate(typed, today);
-  // Two digits of a year that would be in the future are of the last century.
-  if (birth && *birth > today && !HasWholeYear(typed, *birth)) {
-    birth = forms::Date(birth->year() - std::chrono::years(100), birth->month(), birth->day());
-  }
-  if (!typed.empty() && (!birth || !birth->ok() || *birth > today)) {
+  const auto birth = forms::ParseBirthDate(typed, today);
+  if (!typed.empty() && (!birth || *birth > today)) {
     Tell(ToldBack(typed) + " is not a birth date. Please type month, day and year.");
     parts_.box.SetFocus();
     return false;

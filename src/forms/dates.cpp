@@ -120,6 +120,15 @@ std::optional<Date> ParseDate(std::string_view text, Date today) {
   return Calendar(of_year, Number(of_month), Number(of_day));
 }
 
+std::optional<Date> ParseBirthDate(std::string_view text, Date today) {
+  const auto date = ParseDate(text, today);
+  if (!date || *date <= today || TypedParts(Trim(text))->at(2).size() > 2) {
+    return date;
+  }
+  const Date before(date->year() - std::chrono::years(100), date->month(), date->day());
+  return before.ok() ? std::optional(before) : std::nullopt;
+}
+
 std::string FormatShortDate(Date date) {
   return std::to_string(MonthOf(date)) + "/" + std::to_string(DayOf(date)) + "/" + Digits(YearOf(date), 4);
 }

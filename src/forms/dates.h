@@ -19,6 +19,8 @@ DateTime AtMidnight(Date date);
 // ("010280", "01021980"); also with a year of four digits in front ("1980-01-02", "19800102"). A two-digit year lies in
 // the hundred years up to `today`'s year. Nothing when it is no day of the calendar.
 std::optional<Date> ParseDate(std::string_view text, Date today);
+// The same for a birth: a two-digit year whose day has not come yet is of the century before.
+std::optional<Date> ParseBirthDate(std::string_view text, Date today);
 
 // The "Short Date" format of the practice: "1/2/1980".
 std::string FormatShortDate(Date date);

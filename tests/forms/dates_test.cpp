@@ -30,6 +30,13 @@ TEST(Dates, TwoDigitYearsLieInTheHundredYearsUpToToday) {
   EXPECT_EQ(Typed("010100"), "2000-01-01");
 }
 
+TEST(Dates, BirthsLieInThePast) {
+  EXPECT_EQ(ParseBirthDate("12/31/26", kToday), Date(1926y / 12 / 31));
+  EXPECT_EQ(ParseBirthDate("11/21/26", kToday), kToday);
+  EXPECT_EQ(ParseBirthDate("12/31/2026", kToday), Date(2026y / 12 / 31)) << "what was typed in full stays";
+  EXPECT_FALSE(ParseBirthDate("2/30/26", kToday));
+}
+
 TEST(Dates, WhatIsNoDayIsRefused) {
   for (const auto* text :
        {"",         "/",       "//",      "1/2",      "1/2/",       "/2/80",    "13/1/1980", "2/29/2023",
