@@ -3,7 +3,7 @@
 #include <wx/textctrl.h>
 
 #include "views/accessible_name.h"
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 
 namespace views {
 namespace {
@@ -50,8 +50,8 @@ Binding::~Binding() {
   control_.Watch(nullptr);
 }
 
-FormDialog& Binding::Dialog() const {
-  return FormDialog::Of(widget_);
+FormWindow& Binding::Dialog() const {
+  return FormWindow::Of(widget_);
 }
 
 void Binding::TakeFocus() const {

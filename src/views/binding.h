@@ -9,7 +9,7 @@
 
 namespace views {
 
-class FormDialog;
+class FormWindow;
 
 wxString ToWx(std::string_view utf8);
 std::string FromWx(const wxString& text);
@@ -32,7 +32,7 @@ class Binding : public forms::ControlObserver {
 
   forms::Control& Control() const { return control_; }
   wxWindow& Widget() const { return widget_; }
-  FormDialog& Dialog() const;
+  FormWindow& Dialog() const;
 
   // What the keyboard's focus goes to.
   virtual wxWindow& FocusWidget() const { return widget_; }

@@ -4,7 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/statline.h>
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/pictures.h"
 
 namespace views {
@@ -60,6 +60,34 @@ class ButtonBinding : public Binding {
   bool own_caption_;
 };
 
+class LinkBinding : public Binding {
+ public:
+  LinkBinding(forms::Button& control, wxHyperlinkCtrl& widget)
+      : Binding(control, widget), link_(control), widget_(widget) {
+    widget_.Bind(wxEVT_HYPERLINK, [this](wxHyperlinkEvent&) {
+      if (Dialog().SyncFocus()) {
+        link_.DoClick();
+      }
+    });
+  }
+
+  bool Uses(forms::Key key) const override { return key == forms::Key::Enter; }
+
+ protected:
+  void Refresh(forms::Aspect aspect) override {
+    const wxString caption = ToWx(link_.Caption.get());
+    if (aspect == forms::Aspect::State && !caption.empty() && widget_.GetLabel() != caption) {
+      widget_.SetLabel(caption);
+      widget_.SetVisited(false);
+      Dialog().LayOutSoon();
+    }
+  }
+
+ private:
+  forms::Button& link_;
+  wxHyperlinkCtrl& widget_;
+};
+
 // A picture with the caption as its tip, or with the letter that presses it; the first group of a bar, the commands
 // used most, has the caption below.
 class ToolBinding : public Binding {
@@ -102,7 +130,7 @@ class ToolBinding : public Binding {
 
 wxButton* MakeButton(wxWindow* parent, forms::Button& control) {
   auto* button = new wxButton(parent, wxID_ANY, {});
-  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  FormWindow::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
 }
 
@@ -112,20 +140,27 @@ wxButton* MakePickButton(wxWindow* parent, forms::Button& control) {
   if (!control.TabStop) {
     button->DisableFocusFromKeyboard();
   }
-  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  FormWindow::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
 }
 
 wxButton* MakeArrow(wxWindow* parent, forms::Button& control) {
   auto* button = new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
-  FormDialog::Of(*parent).Attach<ButtonBinding>(control, *button);
+  FormWindow::Of(*parent).Attach<ButtonBinding>(control, *button);
   return button;
+}
+
+wxHyperlinkCtrl* MakeLink(wxWindow* parent, forms::Button& control) {
+  // The toolkit asks for an address; none is shown or opened.
+  auto* link = new wxHyperlinkCtrl(parent, wxID_ANY, "-", "-");
+  FormWindow::Of(*parent).Attach<LinkBinding>(control, *link);
+  return link;
 }
 
 wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control) {
   auto* picture =
       new wxButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT | wxBU_NOTEXT);
-  FormDialog::Of(*parent).Attach<ToolBinding>(control, *picture);
+  FormWindow::Of(*parent).Attach<ToolBinding>(control, *picture);
   return picture;
 }
 
@@ -133,7 +168,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
   auto* bar = new wxPanel(parent);
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   bar->SetSizer(row);
-  auto& dialog = FormDialog::Of(*parent);
+  auto& dialog = FormWindow::Of(*parent);
   bool first_group = true;
   for (forms::ToolBar::Item& item : control.Items()) {
     if (item.separator) {
@@ -161,7 +196,7 @@ wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   KeepOutOfTabOrder(*button);
   button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {
-    if (!FormDialog::Of(*button).SyncFocus()) {
+    if (!FormWindow::Of(*button).SyncFocus()) {
       return;
     }
     wxMenu menu;
@@ -186,7 +221,7 @@ wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   bar->SetSizer(row);
   row->AddStretchSpacer();
-  auto& dialog = FormDialog::Of(*parent);
+  auto& dialog = FormWindow::Of(*parent);
   for (forms::Button* button : {&control.OK, &control.Extra, &control.Cancel, &control.Help}) {
     row->Add(MakeButton(bar, *button), wxSizerFlags().Border(wxLEFT, bar->FromDIP(6)));
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/button.h>
+#include <wx/hyperlink.h>
 #include <wx/panel.h>
 
 #include <vector>
@@ -16,6 +17,8 @@ wxButton* MakeButton(wxWindow* parent, forms::Button& control);
 wxButton* MakePickButton(wxWindow* parent, forms::Button& control);
 // No wider than its sign: an arrow, a letter.
 wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
+// A button that looks like a link: it leads to what its caption says.
+wxHyperlinkCtrl* MakeLink(wxWindow* parent, forms::Button& control);
 wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
 // A button that opens a menu of the commands.

@@ -1,6 +1,6 @@
 #include "views/choice_binders.h"
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/text_binders.h"
 
 namespace views {
@@ -131,14 +131,14 @@ class SliderBinding : public Binding {
 wxCheckBox* MakeCheckBox(wxWindow* parent, forms::CheckBox& control) {
   const long style = control.ThreeState ? wxCHK_3STATE | wxCHK_ALLOW_3RD_STATE_FOR_USER : wxCHK_3STATE;
   auto* box = new wxCheckBox(parent, wxID_ANY, ToWx(control.Caption.get()), wxDefaultPosition, wxDefaultSize, style);
-  FormDialog::Of(*parent).Attach<CheckBinding>(control, *box);
+  FormWindow::Of(*parent).Attach<CheckBinding>(control, *box);
   return box;
 }
 
 wxRadioButton* MakeOption(wxWindow* parent, forms::OptionButton& control, bool first) {
   auto* button = new wxRadioButton(parent, wxID_ANY, ToWx(control.Caption.get()), wxDefaultPosition, wxDefaultSize,
                                    first ? wxRB_GROUP : 0);
-  FormDialog::Of(*parent).Attach<OptionBinding>(control, *button);
+  FormWindow::Of(*parent).Attach<OptionBinding>(control, *button);
   return button;
 }
 
@@ -150,14 +150,14 @@ wxComboBox* MakeComboBox(wxWindow* parent, forms::ComboBox& control, int charact
   size.y = std::max(combo->GetBestSize().y, combo->GetCharHeight() + combo->FromDIP(10));
 #endif
   combo->SetInitialSize(size);
-  FormDialog::Of(*parent).Attach<ComboBinding>(control, *combo);
+  FormWindow::Of(*parent).Attach<ComboBinding>(control, *combo);
   return combo;
 }
 
 wxSlider* MakeSlider(wxWindow* parent, forms::Slider& control) {
   auto* slider = new wxSlider(parent, wxID_ANY, control.Value, control.Min, control.Max, wxDefaultPosition,
                               wxDefaultSize, wxSL_HORIZONTAL | wxSL_LABELS);
-  FormDialog::Of(*parent).Attach<SliderBinding>(control, *slider);
+  FormWindow::Of(*parent).Attach<SliderBinding>(control, *slider);
   return slider;
 }
 

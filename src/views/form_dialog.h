@@ -1,102 +1,22 @@
 #pragma once
 
-#include <wx/weakref.h>
-
-#include <functional>
-#include <map>
-#include <memory>
-#include <utility>
-#include <vector>
-
-#include "forms/form.h"
-#include "session/session.h"
-#include "views/binding.h"
 #include "views/dialog.h"
-#include "views/pictures.h"
+#include "views/form_window.h"
 
 namespace views {
 
-// The window of a form: title, focus, keys, idle work, closing, and the place that it had when it was last closed.
-// A view fills it with widgets; the Tab key follows the form's reading order.
-class FormDialog : public Dialog, private forms::FormObserver {
+// A form as a dialog of its own.
+class FormDialog : public Dialog, public FormWindow {
  public:
-  // `places` keeps where windows stood, by user; nullptr when nobody is logged in.
   FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
-  FormDialog(const FormDialog&) = delete;
-  FormDialog& operator=(const FormDialog&) = delete;
-  ~FormDialog() override;
 
-  // The dialog that a widget is in.
-  static FormDialog& Of(wxWindow& widget);
-
-  forms::Form& Form() const { return form_; }
-  const views::Pictures& Pictures() const { return pictures_; }
-
-  // Makes a binding of type T, shows its control as it is, and keeps it.
-  template <typename T, typename... Args>
-  T& Attach(Args&&... args) {
-    auto made = std::make_unique<T>(std::forward<Args>(args)...);
-    T& binding = *made;
-    bindings_.push_back(std::move(made));
-    by_control_[&binding.Control()] = &binding;
-    for (const auto aspect : {forms::Aspect::State, forms::Aspect::Items, forms::Aspect::Value}) {
-      binding.ControlChanged(binding.Control(), aspect);
-    }
-    return binding;
-  }
-  // Makes what lies over the page, when all of the page is made.
-  void OverPage(std::function<void()> make) { over_page_.push_back(std::move(make)); }
-  void FinishLayout();
-  // Keeps a watcher that has no widget.
-  void Keep(std::unique_ptr<forms::ControlObserver> watcher) { watchers_.push_back(std::move(watcher)); }
-  // Nullptr for a control that the view does not show.
-  Binding* Find(const forms::Control& control) const;
+  using Dialog::CallAfter;
 
   // Shows the form and returns when it is closed.
   void Run();
 
-  // Makes the form's focus that of the widgets; false when a rule kept it elsewhere. Called before the form is told
-  // of a key or a click, so that `Leave` and `Enter` run first.
-  bool SyncFocus();
-  // What the control heads may be called otherwise now.
-  void HeadingChanged(const forms::Control& heading) const;
-  // Lays the window out again, after the rules that are running.
-  void LayOutSoon();
-  // While something modal stands before it, a dialog does no idle work and lets no time pass.
-  // Afterwards the keyboard is where the form has its focus.
-  void SetCovered(bool covered);
-  bool Covered() const { return covered_; }
-
  private:
-  void FormChanged(forms::Aspect aspect) override;
   void FormClosed() override;
-
-  void OnKey(wxKeyEvent& event);
-  bool UseKey(Binding* binding, forms::Key key);
-  bool UseAltKey(int key);
-  // Where the Tab key goes from there, or back with Shift; false when there is nowhere to go.
-  bool GoOn(Binding* from, bool backward);
-  // The widgets' focus goes to the control; false when there is none, or none that the view shows.
-  bool GoTo(const forms::Control* control) const;
-  void ShowFocus();
-  void TakeFocusBack();
-  Binding* Focused() const;
-  void FitContents();
-  void RestorePlace();
-  void SavePlace();
-
-  forms::Form& form_;
-  const views::Pictures& pictures_;
-  session::Settings* places_;
-  std::vector<std::function<void()>> over_page_;
-  std::vector<std::unique_ptr<Binding>> bindings_;
-  std::vector<std::unique_ptr<forms::ControlObserver>> watchers_;
-  std::map<const forms::Control*, Binding*> by_control_;
-  bool covered_ = false;
-  const forms::Control* active_;   // that the form told of last
-  wxWeakRef<wxWindow> had_focus_;  // when it was covered
-  bool layout_pending_ = false;
-  bool focus_set_ = false;  // by the form, and not shown yet
 };
 
 }  // namespace views

@@ -2,7 +2,7 @@
 
 #include <wx/dc.h>
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/grid_cells.h"
 #include "views/grid_filters.h"
 
@@ -390,7 +390,7 @@ wxGrid* MakeGrid(wxWindow* parent, forms::Grid& control, int lines) {
     width += column.visible ? grid->FromDIP(column.width) * grid->GetCharWidth() / 7 : 0;
   }
   grid->SetMinSize(wxSize(std::clamp(width, 60 * grid->GetCharWidth(), 130 * grid->GetCharWidth()), height));
-  FormDialog::Of(*parent).Attach<GridBinding>(control, *grid);
+  FormWindow::Of(*parent).Attach<GridBinding>(control, *grid);
   return grid;
 }
 

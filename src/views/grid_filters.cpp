@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "views/accessible_name.h"
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/text_binders.h"
 
 namespace views {
@@ -99,7 +99,7 @@ void GridFilters::GiveUp(wxTextCtrl& cell) {
 
 void GridFilters::Apply() {
   delay_.Stop();
-  if (!FormDialog::Of(widget_).SyncFocus()) {
+  if (!FormWindow::Of(widget_).SyncFocus()) {
     return;
   }
   for (std::size_t i = 0; i < cells_.size(); ++i) {

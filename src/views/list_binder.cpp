@@ -7,7 +7,7 @@
 #include "forms/text.h"
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/framed.h"
 #include "views/text_binders.h"
 
@@ -83,13 +83,13 @@ void ShowCurrent(wxListCtrl& widget, const forms::ListBox& list) {
 }
 
 // The mouse button let go over an entry chooses it.
-void OnEntryClick(wxListCtrl& widget, const FormDialog& dialog, forms::ListBox& list) {
+void OnEntryClick(wxListCtrl& widget, FormWindow& dialog, forms::ListBox& list) {
   EntriesOf(widget).Bind(wxEVT_LEFT_UP, [&](wxMouseEvent& event) {
     event.Skip();
     int where = 0;
     const long item = widget.HitTest(event.GetPosition(), where);
     if (item != wxNOT_FOUND) {
-      dialog.GetEventHandler()->CallAfter([&list, item] { list.DoPick(static_cast<int>(item)); });
+      dialog.CallAfter([&list, item] { list.DoPick(static_cast<int>(item)); });
     }
   });
 }
@@ -226,7 +226,7 @@ wxListCtrl* MakeEntries(wxWindow* parent, const forms::ListBox& control, const s
 
 wxListCtrl* MakeListBox(wxWindow* parent, forms::ListBox& control, const std::vector<int>& columns, int lines) {
   wxListCtrl* list = MakeEntries(parent, control, columns, lines);
-  FormDialog::Of(*parent).Attach<ListBinding>(control, *list);
+  FormWindow::Of(*parent).Attach<ListBinding>(control, *list);
   return list;
 }
 
@@ -249,7 +249,7 @@ wxPanel* MakeListChooser(wxWindow* parent, forms::ListChooser& control, int char
   add_list(control.Chosen);
   add_buttons({&control.Up, &control.Down});
   panel->SetSizer(row);
-  FormDialog::Of(*parent).Attach<Binding>(control, *panel);
+  FormWindow::Of(*parent).Attach<Binding>(control, *panel);
   return panel;
 }
 
@@ -263,7 +263,7 @@ wxPanel* MakeSearchList(wxWindow* parent, forms::ComboBox& control, int characte
   column->Add(box, wxSizerFlags().Expand());
   column->Add(list, wxSizerFlags(1).Expand());
   panel->SetSizer(column);
-  FormDialog::Of(*parent).Attach<SearchBinding>(control, *panel, *box, *list);
+  FormWindow::Of(*parent).Attach<SearchBinding>(control, *panel, *box, *list);
   return panel;
 }
 

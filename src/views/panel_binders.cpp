@@ -7,7 +7,7 @@
 #include <array>
 #include <vector>
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/readable.h"
 #include "views/text_binders.h"
 
@@ -147,7 +147,7 @@ wxPanel* MakeFloating(wxWindow* parent, long style, wxSystemColour ground) {
 // No time passes while something modal stands before the dialog.
 class TimerRunner : public forms::ControlObserver {
  public:
-  TimerRunner(forms::Timer& control, const FormDialog& dialog) : timer_(control) {
+  TimerRunner(forms::Timer& control, const FormWindow& dialog) : timer_(control) {
     ticks_.SetOwner(&ticks_);
     ticks_.Bind(wxEVT_TIMER, [this, &dialog](wxTimerEvent&) {
       if (!dialog.Covered()) {
@@ -178,13 +178,13 @@ class TimerRunner : public forms::ControlObserver {
 
 wxPanel* MakePanel(wxWindow* parent, forms::Panel& control) {
   auto* panel = new wxPanel(parent);
-  FormDialog::Of(*parent).Attach<Binding>(control, *panel);
+  FormWindow::Of(*parent).Attach<Binding>(control, *panel);
   return panel;
 }
 
 wxPanel* MakeDropPanel(wxWindow* parent, forms::DropPanel& control) {
   wxPanel* panel = MakeFloating(parent, wxTAB_TRAVERSAL | wxBORDER_RAISED, wxSYS_COLOUR_BTNFACE);
-  FormDialog::Of(*parent).Attach<DropBinding>(control, *panel);
+  FormWindow::Of(*parent).Attach<DropBinding>(control, *panel);
   return panel;
 }
 
@@ -194,13 +194,13 @@ wxPanel* MakeBalloon(wxWindow* parent, forms::DropPanel& control, forms::Label& 
   auto* inside = new wxBoxSizer(wxVERTICAL);
   inside->Add(label, wxSizerFlags().Border(wxALL, balloon->FromDIP(8)));
   balloon->SetSizer(inside);
-  auto& dialog = FormDialog::Of(*parent);
+  auto& dialog = FormWindow::Of(*parent);
   dialog.Attach<BalloonBinding>(control, *balloon);
   dialog.Attach<BalloonText>(text, *label);
   return balloon;
 }
 
-void RunTimer(FormDialog& dialog, forms::Timer& control) {
+void RunTimer(FormWindow& dialog, forms::Timer& control) {
   dialog.Keep(std::make_unique<TimerRunner>(control, dialog));
 }
 

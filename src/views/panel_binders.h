@@ -7,7 +7,7 @@
 
 namespace views {
 
-class FormDialog;
+class FormWindow;
 
 // Parts of the screen that show and hide as one: the widgets of the controls on them are its children.
 wxPanel* MakePanel(wxWindow* parent, forms::Panel& control);
@@ -17,6 +17,6 @@ wxPanel* MakePanel(wxWindow* parent, forms::Panel& control);
 wxPanel* MakeBalloon(wxWindow* parent, forms::DropPanel& control, forms::Label& text);
 wxPanel* MakeDropPanel(wxWindow* parent, forms::DropPanel& control);
 // Lets the timer's time pass while the dialog is in front.
-void RunTimer(FormDialog& dialog, forms::Timer& control);
+void RunTimer(FormWindow& dialog, forms::Timer& control);
 
 }  // namespace views

@@ -7,7 +7,7 @@
 #include <wx/sizer.h>
 #include <wx/tglbtn.h>
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 #include "views/framed.h"
 #include "views/rich_text_buffer.h"
 #include "views/text_binders.h"
@@ -151,7 +151,7 @@ class RichTextBinding : public Binding {
   }
 
   void ChangeColor() {
-    const wxColour color = wxGetColourFromUser(&Dialog(), Look().GetTextColour());
+    const wxColour color = wxGetColourFromUser(&Dialog().Window(), Look().GetTextColour());
     if (color.IsOk()) {
       wxRichTextAttr look;
       look.SetTextColour(color);
@@ -263,7 +263,7 @@ wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int char
   column->Add(row, wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
   column->Add(framed, wxSizerFlags(1).Expand());
   panel->SetSizer(column);
-  FormDialog::Of(*parent).Attach<RichTextBinding>(control, *panel, *text, bar);
+  FormWindow::Of(*parent).Attach<RichTextBinding>(control, *panel, *text, bar);
   return panel;
 }
 

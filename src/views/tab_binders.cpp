@@ -1,6 +1,6 @@
 #include "views/tab_binders.h"
 
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 
 namespace views {
 namespace {
@@ -94,7 +94,7 @@ class TabBinding : public Binding {
 
 wxNotebook* MakeTabs(wxWindow* parent, forms::TabStrip& control) {
   auto* book = new wxNotebook(parent, wxID_ANY);
-  auto& dialog = FormDialog::Of(*parent);
+  auto& dialog = FormWindow::Of(*parent);
   std::vector<wxPanel*> pages;
   for (std::size_t i = 0; i < control.Tabs->size(); ++i) {
     auto* page = new wxPanel(book);
@@ -110,7 +110,7 @@ wxNotebook* MakeTabs(wxWindow* parent, forms::TabStrip& control) {
 }
 
 wxPanel* PageOf(wxNotebook* book, const forms::Panel& page) {
-  return dynamic_cast<wxPanel*>(&FormDialog::Of(*book).Find(page)->Widget());
+  return dynamic_cast<wxPanel*>(&FormWindow::Of(*book).Find(page)->Widget());
 }
 
 }  // namespace views

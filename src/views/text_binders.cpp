@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "forms/text.h"
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 
 namespace views {
 namespace {
@@ -139,8 +139,9 @@ class TextBinding : public Binding {
 
 class LabelBinding : public Binding {
  public:
-  LabelBinding(forms::Label& control, wxStaticText& widget, bool mnemonics)
-      : Binding(control, widget), label_(control), text_(widget), mnemonics_(mnemonics) {
+  // A text that is wrapped at a width that is not 0.
+  LabelBinding(forms::Label& control, wxStaticText& widget, bool mnemonics, int width = 0)
+      : Binding(control, widget), label_(control), text_(widget), mnemonics_(mnemonics), width_(width) {
     text_.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { label_.DoClick(); });
   }
 
@@ -151,8 +152,12 @@ class LabelBinding : public Binding {
     }
     const wxString wanted = WithLineFeeds(label_.Caption);
     const wxString shown = mnemonics_ ? wanted : wxControl::EscapeMnemonics(wanted);
-    if (text_.GetLabel() != shown) {
+    if (shown_ != shown) {
+      shown_ = shown;
       text_.SetLabel(shown);
+      if (width_ > 0) {
+        text_.Wrap(width_);
+      }
       Dialog().LayOutSoon();
     }
   }
@@ -161,6 +166,8 @@ class LabelBinding : public Binding {
   forms::Label& label_;
   wxStaticText& text_;
   bool mnemonics_;
+  int width_;
+  wxString shown_;  // before it is wrapped
 };
 
 }  // namespace
@@ -188,19 +195,25 @@ wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int character
   if (control.MultiLine) {
     text->SetMinSize(wxSize(text->GetMinSize().x, text->GetCharHeight() * (lines + 1)));
   }
-  FormDialog::Of(*parent).Attach<TextBinding>(control, *text);
+  FormWindow::Of(*parent).Attach<TextBinding>(control, *text);
   return text;
 }
 
 wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control) {
   auto* text = new wxStaticText(parent, wxID_ANY, {});
-  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, false);
+  FormWindow::Of(*parent).Attach<LabelBinding>(control, *text, false);
+  return text;
+}
+
+wxStaticText* MakeWrapped(wxWindow* parent, forms::Label& control, int width) {
+  auto* text = new wxStaticText(parent, wxID_ANY, {});
+  FormWindow::Of(*parent).Attach<LabelBinding>(control, *text, false, width);
   return text;
 }
 
 wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control) {
   auto* text = new wxStaticText(parent, wxID_ANY, {});
-  FormDialog::Of(*parent).Attach<LabelBinding>(control, *text, true);
+  FormWindow::Of(*parent).Attach<LabelBinding>(control, *text, true);
   return text;
 }
 

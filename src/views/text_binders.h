@@ -12,6 +12,8 @@ namespace views {
 wxTextCtrl* MakeTextBox(wxWindow* parent, forms::TextBox& control, int characters, int lines = 1);
 // A text as it is: '&' is one.
 wxStaticText* MakeLabel(wxWindow* parent, forms::Label& control);
+// The same, wrapped into lines of so many pixels.
+wxStaticText* MakeWrapped(wxWindow* parent, forms::Label& control, int width);
 // The caption before a field, made just before it: Alt and the letter after '&' go to the field.
 wxStaticText* MakeCaption(wxWindow* parent, forms::Label& control);
 

@@ -35,7 +35,7 @@ class WxUser::OnTop {
 
  private:
   void Cover(bool covered) const {
-    if (auto* below = dynamic_cast<FormDialog*>(user_.Top())) {
+    if (auto* below = dynamic_cast<FormWindow*>(user_.Top())) {
       below->SetCovered(covered);
     }
   }

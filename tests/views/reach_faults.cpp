@@ -13,7 +13,7 @@
 #include "forms/label.h"
 #include "forms/text.h"
 #include "views/accessible_name.h"
-#include "views/form_dialog.h"
+#include "views/form_window.h"
 
 namespace {
 
@@ -61,10 +61,10 @@ std::vector<const wxStaticBox*> GroupsOf(const wxWindow& widget) {
 class Check {
  public:
   explicit Check(const wxTopLevelWindow& window)
-      : window_(window), dialog_(dynamic_cast<const views::FormDialog*>(&window)) {}
+      : window_(window), form_window_(dynamic_cast<const views::FormWindow*>(&window)) {}
 
   std::vector<std::string> Faults() {
-    if (dialog_ != nullptr) {
+    if (form_window_ != nullptr) {
       FormStops();
       Headings();
     } else {
@@ -81,10 +81,10 @@ class Check {
 
   // Where the Tab key goes, from the first stop once round.
   void FormStops() {
-    const forms::Form& form = dialog_->Form();
+    const forms::Form& form = form_window_->Form();
     forms::Control* stop = form.NextStop(nullptr);
     for (std::size_t i = 0; stop != nullptr && i < form.Controls().size(); ++i) {
-      const views::Binding* binding = dialog_->Find(*stop);
+      const views::Binding* binding = form_window_->Find(*stop);
       if (binding == nullptr) {
         faults_.push_back('"' + stop->Name() + "\" is a stop that the window does not show");
       } else {
@@ -164,9 +164,9 @@ class Check {
 
   // The letter of a heading leads to what it heads.
   void Headings() {
-    for (const forms::Control* control : dialog_->Form().ReadingOrder()) {
-      const views::Binding* binding = dialog_->Find(*control);
-      const views::Binding* heading = control->Heading == nullptr ? nullptr : dialog_->Find(*control->Heading);
+    for (const forms::Control* control : form_window_->Form().ReadingOrder()) {
+      const views::Binding* binding = form_window_->Find(*control);
+      const views::Binding* heading = control->Heading == nullptr ? nullptr : form_window_->Find(*control->Heading);
       if (binding != nullptr && heading != nullptr && control->Heading->Mnemonic() != '\0' &&
           !LeadsTo(dynamic_cast<const wxStaticText&>(heading->Widget()), binding->FocusWidget())) {
         Add(heading->Widget(), "leads elsewhere than to " + Called(binding->Widget()));
@@ -188,7 +188,7 @@ class Check {
   }
 
   const wxTopLevelWindow& window_;
-  const views::FormDialog* dialog_;
+  const views::FormWindow* form_window_;
   std::vector<const wxWindow*> stops_;
   std::map<char, const wxWindow*> by_letter_;
   std::vector<std::string> faults_;

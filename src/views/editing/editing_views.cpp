@@ -17,8 +17,8 @@ void LayOut(FieldGroup& group, editing::BirthDateField& field) {
 
 namespace {
 
-void MakePlaceList(FormDialog& dialog, editing::ZIPCODE& places) {
-  wxPanel* panel = MakeDropPanel(&dialog, places);
+void MakePlaceList(FormWindow& window, editing::ZIPCODE& places) {
+  wxPanel* panel = MakeDropPanel(&window.Window(), places);
   auto* inside = new wxBoxSizer(wxVERTICAL);
   inside->Add(MakeListBox(panel, places.ZIPCode_Combo, {24, 3, 10}, 8), wxSizerFlags(1).Expand());
   wxPanel* commands = MakePanel(panel, places.ZipCode_Cmd_Panel);
@@ -37,8 +37,8 @@ void LayOut(FieldGroup& group, editing::ZIPCODE& places) {
   const auto& parts = places.Fields();
   group.Row({{parts.city, 24}});
   group.Row({{parts.state, 4}, {parts.zip, 12}}, &parts.drop);
-  auto& dialog = FormDialog::Of(*group.Box());
-  dialog.OverPage([&dialog, &places] { MakePlaceList(dialog, places); });
+  auto& window = FormWindow::Of(*group.Box());
+  window.OverPage([&window, &places] { MakePlaceList(window, places); });
 }
 
 void LayOut(FormDialog& dialog, editing::NameSearch& search) {
