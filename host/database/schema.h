@@ -19,10 +19,19 @@ struct Column {
 };
 
 struct Index {
+  // What of its columns an index holds.
+  enum class Of {
+    Values,
+    FoldedText,   // in the order of UNICODE_NOCASE
+    PhoneDigits,  // of one telephone column, without what separates them
+    LocalDigits,  // the same from the fourth digit on, behind the area code
+  };
+
   std::string_view columns;     // "pLASNAM, pFIRNAM"
   std::string_view where = {};  // the rows that stand in it; empty is all
   bool unique = false;          // within an office
   int since = 1;
+  Of of = Of::Values;
 };
 
 // Every table also has `OfficeID`, and `UniqueID` where the practice keeps row GUIDs and `row_guid` is set. An insert

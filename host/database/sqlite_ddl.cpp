@@ -38,6 +38,41 @@ std::string Definition(const Column& column) {
   return text;
 }
 
+struct Key {
+  std::string expression;
+  std::string suffix;  // of the index's name
+};
+
+std::string Folded(const std::string& columns) {
+  constexpr std::string_view kCollation = " COLLATE UNICODE_NOCASE";
+  std::string folded = columns;
+  folded += kCollation;
+  if (const std::size_t comma = columns.find(','); comma != std::string::npos) {
+    folded.insert(comma, kCollation);
+  }
+  return folded;
+}
+
+// Statements that search by phone write the same expressions.
+Key KeyOf(const Index& index) {
+  const std::string columns(index.columns);
+  std::string digits = columns;
+  for (const char separator : std::string_view("()- ./")) {
+    digits = "REPLACE(" + digits + ", '" + separator + "', '')";
+  }
+  switch (index.of) {
+    case Index::Of::FoldedText:
+      return {Folded(columns), "_folded"};
+    case Index::Of::PhoneDigits:
+      return {digits, "_digits"};
+    case Index::Of::LocalDigits:
+      return {"SUBSTRING(" + digits + ", 4, 20)", "_local"};
+    case Index::Of::Values:
+      break;
+  }
+  return {columns, {}};
+}
+
 }  // namespace
 
 std::string CreateTable(const Table& table, const CreationOptions& options, int version) {
@@ -65,9 +100,10 @@ std::string CreateIndex(const Table& table, const Index& index) {
       name += c == ',' ? '_' : c;
     }
   }
+  const Key key = KeyOf(index);
   // Statements name the office only where there are several, so it stands last.
-  std::string text = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + name + " ON " +
-                     std::string(table.name) + " (" + std::string(index.columns) + ", OfficeID)";
+  std::string text = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + name + key.suffix + " ON " +
+                     std::string(table.name) + " (" + key.expression + ", OfficeID)";
   if (!index.where.empty()) {
     text += " WHERE " + std::string(index.where);
   }
