@@ -21,6 +21,8 @@ Desk::Desk(Practice practice, const std::string& data_folder, const std::string&
            const MakePublicClasses& make_classes)
     : practice_(std::move(practice)),
       data_folder_(data_folder),
+      share_folder_(share_folder),
+      make_classes_(make_classes),
       user_(Views(), views::Pictures({data_folder, data_folder + kLargeIcons, share_folder + "/pictures",
                                       share_folder + "/pictures" + kLargeIcons})),
       classes_(make_classes(user_)),
@@ -32,6 +34,10 @@ Desk::~Desk() {
   SetMainWindow(nullptr);
   user_.SetPlaces(nullptr);
   classes_->HandOver(nullptr);
+}
+
+std::unique_ptr<Desk> Desk::On(Practice practice) const {
+  return std::make_unique<Desk>(std::move(practice), data_folder_, share_folder_, make_classes_);
 }
 
 void Desk::SetMainWindow(wxWindow* window) {

@@ -23,6 +23,9 @@ class Desk {
   Desk& operator=(const Desk&) = delete;
   ~Desk();
 
+  // A desk of the same kind on another practice.
+  std::unique_ptr<Desk> On(Practice practice) const;
+
   // Every view, the login's and the gallery's among them.
   static views::ViewRegistry Views();
 
@@ -45,6 +48,8 @@ class Desk {
  private:
   Practice practice_;
   std::string data_folder_;
+  std::string share_folder_;
+  MakePublicClasses make_classes_;
   views::WxUser user_;
   std::unique_ptr<PublicClasses> classes_;
   PublicScreens screens_;

@@ -27,10 +27,18 @@ void DeskApp::Serve(std::unique_ptr<Desk> desk) {
         "The practice database is protected against writing. Everything can be looked at, and nothing changed.",
         std::string(forms::kSuiteTitle), forms::Icon::Information);
   }
+  OpenForSomebody(nullptr);
+}
+
+void DeskApp::OpenForSomebody(MainFrame* before) {
   if (!desk_->LogIn()) {
     return;
   }
-  auto* frame = new MainFrame(*desk_);
+  if (before != nullptr) {
+    before->Retire();
+  }
+  auto* frame = new MainFrame(
+      *desk_, [this] { CallAfter([this] { OpenForSomebody(dynamic_cast<MainFrame*>(GetTopWindow())); }); });
   desk_->SetMainWindow(frame);
   SetTopWindow(frame);
   SetExitOnFrameDelete(true);

@@ -11,6 +11,8 @@
 
 namespace host {
 
+class MainFrame;
+
 // The practice of the URL; a demo practice in the folder, made when it is not there yet, for an empty URL.
 Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::int32_t patients);
 
@@ -34,6 +36,8 @@ class DeskApp : public wxApp {
 
  private:
   void Work();
+  // Asks who works, and opens the main window for him in place of the one before, nullptr for none.
+  void OpenForSomebody(MainFrame* before);
 
   std::function<void(DeskApp&)> work_;
   std::function<void(const std::string&)> report_;

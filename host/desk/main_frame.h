@@ -1,33 +1,42 @@
 #pragma once
 
 #include <wx/frame.h>
-#include <wx/listbox.h>
 
-#include "desk/call_page.h"
 #include "desk/desk.h"
+#include "home/frmHome.h"
+#include "views/form_window.h"
 
 namespace host {
 
-// The desk's main window: the patients, and every public method with its outcome.
-class MainFrame : public wxFrame {
+// The home of a desk, which lives longer than the window that shows it.
+struct HomeOfDesk {
+  explicit HomeOfDesk(Desk& desk);
+
+  frmHome home;
+};
+
+// The desk's main window: the home in front of its menus.
+class MainFrame : private HomeOfDesk, public wxFrame, public views::FormWindow {
  public:
-  explicit MainFrame(Desk& desk);
+  // `switch_user` lets somebody else log in.
+  MainFrame(Desk& desk, std::function<void()> switch_user);
+
+  using wxFrame::CallAfter;
+
+  frmHome& Home() { return home; }
+  // Leaves the desk to another window: nothing more is done here.
+  void Retire();
 
  private:
-  void MakeCommands();
-  wxListBox* MakeMethods(wxWindow* parent);
-  wxListBox* MakeLists(wxWindow* parent);
-  void ChooseMethod(const std::string& name);
-  void ChooseList(int kind);
-
-  void NewPatient(session::Opening::Mode mode);
-  void FindPatient();
-  void SwitchUser();
-  void ShowWho();
-  void Tell(const std::string& outcome);
+  void MakeMenus(const std::function<void()>& switch_user);
+  wxMenuItem* AddItem(wxMenu& menu, const wxString& text, std::function<void()> act);
+  void ShowConsole();
+  void ShowKeys();
+  void ShowAbout();
 
   Desk& desk_;
-  CallPage* call_page_ = nullptr;
+  std::vector<wxAcceleratorEntry> keys_;
+  wxSize screen_;
 };
 
 }  // namespace host

@@ -4,9 +4,10 @@
 
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
 #include <wx/settings.h>
 #include <wx/stopwatch.h>
 #include <wx/toplevel.h>
@@ -14,10 +15,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "desk/developer_console.h"
 #include "desk/main_frame.h"
 #include "entry/form_catalog.h"
 #include "forms/text_box.h"
 #include "gallery/frmGallery.h"
+#include "home/recent_patients.h"
 
 namespace host {
 namespace {
@@ -144,33 +147,98 @@ std::vector<Stop> Stops(Desk& desk) {
   return stops;
 }
 
-// A frame has its bars outside the area that it draws; no other window hides it when it is pictured.
+void OpenForTourist(Desk& desk) {
+  LoginResult tourist;
+  tourist.rights = LoginRights("tour", true);
+  desk.Open(tourist, desk.OfPractice().Office());
+}
+
+// Chooses a patient of whom there is something to see, with an alert and a family, among those of his name.
+void ChoosePatientToSee(Desk& desk, frmHome& home) {
+  const auto rows = desk.Session().Office().Connection().Execute(
+      desk.Session().PrepareSQL("SELECT TOP 1 pID, pLASNAM FROM PATable WHERE pTypPat >= '1' AND pMEDALE <> '' AND "
+                                "pID <> pFAMHEAIND ORDER BY pID",
+                                1));
+  if (rows->Eof()) {
+    return;
+  }
+  home.txtSearch.DoType(session::ToText(rows->Get(1)));
+  home.DoIdle();
+  for (int row = 0; row < home.grdPatients.RowCount() && home.Chosen() != session::ToId(rows->Get(0)); ++row) {
+    home.txtSearch.DoKey(forms::Key::Down);
+  }
+}
+
+// The home as it opens, and as it comes to be while a receptionist works.
+void VisitHome(Desk& desk, const VisitWindow& visit) {
+  auto* frame = new MainFrame(desk, [] {});
+  desk.SetMainWindow(frame);
+  frame->Show();
+  const auto see = [&](const std::string& state) {
+    while (frame->Home().DoIdle()) {
+    }
+    Settle(*frame);
+    visit("practice_desk" + state, *frame);
+  };
+  const auto type = [&](const std::string& text, const std::string& state) {
+    frame->Home().txtSearch.DoType(text);
+    see(state);
+  };
+  see("");
+  const auto patients = desk.Session().Office().Connection().Execute(
+      desk.Session().PrepareSQL("SELECT TOP 7 pID FROM PATable WHERE pTypPat >= '1' ORDER BY pBIRDAT", 1));
+  for (; !patients->Eof(); patients->MoveNext()) {
+    RememberPatient(desk.Session(), session::ToId(patients->Get(0)));
+  }
+  frame->Home().Refresh();
+  see("-recent");
+  type("s", "-found");
+  ChoosePatientToSee(desk, frame->Home());
+  see("-alert");
+  type("Zebra, Zoe", "-nobody");
+  desk.SetMainWindow(nullptr);
+  delete frame;
+}
+
+void VisitEmptyHome(Desk& desk, const VisitWindow& visit) {
+  const std::unique_ptr<Desk> empty = desk.On(CreatePractice("sqlite::memory:"));
+  OpenForTourist(*empty);
+  auto* frame = new MainFrame(*empty, [] {});
+  frame->Show();
+  Settle(*frame);
+  visit("practice_desk-empty", *frame);
+  delete frame;
+}
+
+// A frame has its menu bar outside the area that it draws.
 wxBitmap PictureOf(wxTopLevelWindow& window, double scale) {
-  const bool bars = dynamic_cast<wxFrame*>(&window) != nullptr;
-  const wxSize size = bars ? window.GetSize() : window.GetClientSize();
+  const auto* frame = dynamic_cast<wxFrame*>(&window);
+  wxMenuBar* menus = frame == nullptr ? nullptr : frame->GetMenuBar();
+  const wxSize size = window.GetClientSize();
+  const int above = menus == nullptr ? 0 : menus->GetSize().y;
   wxBitmap picture;
-  picture.CreateWithDIPSize(size, scale);
+  picture.CreateWithDIPSize(size + wxSize(0, above), scale);
   wxMemoryDC to(picture);
-  if (bars) {
-    wxScreenDC from;
-    to.Blit(wxPoint(), size, &from, window.GetScreenPosition());
-  } else {
-    wxClientDC from(&window);
-    to.Blit(wxPoint(), size, &from, wxPoint());
+  wxClientDC page(&window);
+  to.Blit(wxPoint(0, above), size, &page, wxPoint());
+  if (menus != nullptr) {
+    wxClientDC bar(menus);
+    to.Blit(wxPoint(), wxSize(size.x, above), &bar, wxPoint());
   }
   return picture;
 }
 
 }  // namespace
 
-void VisitWindows(Desk& desk, const std::function<void(const std::string&, wxTopLevelWindow&)>& visit) {
-  LoginResult tourist;
-  tourist.rights = LoginRights("tour", true);
-  desk.Open(tourist, desk.OfPractice().Office());
-  auto* frame = new MainFrame(desk);
-  frame->Show();
-  Settle(*frame);
-  visit("practice_desk", *frame);
+void VisitWindows(Desk& desk, const VisitWindow& visit) {
+  VisitEmptyHome(desk, visit);
+  OpenForTourist(desk);
+  VisitHome(desk, visit);
+  auto* console = new DeveloperConsole(nullptr, desk);
+  console->Show();
+  Settle(*console);
+  visit("developer_console", *console);
+  console->Close(true);
   for (const Stop& stop : Stops(desk)) {
     desk.User().OnShown = [&](wxDialog& dialog) {
       auto* screen = dynamic_cast<views::FormDialog*>(&dialog);
@@ -188,7 +256,6 @@ void VisitWindows(Desk& desk, const std::function<void(const std::string&, wxTop
     stop.open();
   }
   desk.User().OnShown = nullptr;
-  frame->Destroy();
 }
 
 bool TakePictures(Desk& desk, const std::string& folder) {

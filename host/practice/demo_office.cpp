@@ -1,6 +1,7 @@
 #include "practice/demo_office.h"
 
 #include <algorithm>
+#include <array>
 
 #include "forms/phone.h"
 #include "forms/text.h"
@@ -22,6 +23,15 @@ std::string Digits(int number, std::size_t count) {
   return std::string(count - std::min(count, digits.size()), '0') + digits;
 }
 
+// Of one patient in eight.
+std::string_view AlertOf(std::int32_t patient) {
+  constexpr std::array<std::string_view, 5> kAlerts = {"Allergic to penicillin", "Asthma", "Blood thinner",
+                                                       "Diabetes, type 2", "Pacemaker: no ultrasonic scaler"};
+  constexpr std::int32_t kEvery = 8;
+  return patient % kEvery == kEvery - 1 ? kAlerts.at(static_cast<std::size_t>(patient / kEvery) % kAlerts.size())
+                                        : std::string_view();
+}
+
 }  // namespace
 
 DemoOffice::DemoOffice(Practice& practice, std::int32_t office, Identities& identities, std::uint64_t seed)
@@ -40,7 +50,7 @@ TableWriter DemoOffice::PersonWriter() {
                 "pID, pLasNam, pFirNam, pNICNAM, pTTL, pProTTL, pSEX, pBirDat, pSSN, pADD1, pAdd2, pCIT, pSta, pZIP, "
                 "pHomPho, pHomPho1, pHomCon, pBusPho, pBusPho1, pBusCon, pHomCell, pHomEma, pTypPat, pTypDoc, pTypRef, "
                 "pTypPhy, pTypEmp, pFAMHEAIND, pPROIND, pREFIND, pPHY1, pEmpID1, pPhaID, pDocIni, "
-                "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID");
+                "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID, pMEDALE");
 }
 
 std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
@@ -49,15 +59,15 @@ std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
   std::string mail = forms::ToLower(std::string(person.first) + "." + std::string(person.last)) + "@example.com";
   std::erase(mail, '\'');
   const auto flag = [](bool set) { return OrNull{set ? "1" : ""}; };
-  return writer.Row(person.last, person.first, person.first, person.title, OrNull{person.professional_title},
-                    std::string_view(&person.sex, 1), person.birth, ssn, person.address.line1,
-                    OrNull{person.address.line2}, person.address.place.city, person.address.place.state,
-                    person.address.place.zip, person.home_phone, person.home_phone, "Pho1", OrNull{person.work_phone},
-                    OrNull{person.work_phone}, "Pho1", OrNull{person.cell}, mail, flag(person.patient),
-                    flag(person.provider), flag(person.referral), flag(person.physician), OrNull{person.employee},
-                    person.family_head == 0 ? writer.NextId() : person.family_head, person.provider_id,
-                    person.referral_id, person.physician_id, person.employer_link, person.pharmacy,
-                    OrNull{person.initials}, 1, 1, "1", person.location);
+  return writer.Row(
+      person.last, person.first, person.first, person.title, OrNull{person.professional_title},
+      std::string_view(&person.sex, 1), person.birth, ssn, person.address.line1, OrNull{person.address.line2},
+      person.address.place.city, person.address.place.state, person.address.place.zip, person.home_phone,
+      person.home_phone, "Pho1", OrNull{person.work_phone}, OrNull{person.work_phone}, "Pho1", OrNull{person.cell},
+      mail, flag(person.patient), flag(person.provider), flag(person.referral), flag(person.physician),
+      OrNull{person.employee}, person.family_head == 0 ? writer.NextId() : person.family_head, person.provider_id,
+      person.referral_id, person.physician_id, person.employer_link, person.pharmacy, OrNull{person.initials}, 1, 1,
+      "1", person.location, OrNull{person.patient ? AlertOf(writer.NextId()) : ""});
 }
 
 Person DemoOffice::MakePerson(std::string_view last, bool woman, int age, Person like) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Adds a patient with a real browser: the desk without a display, a login, the name prompt, the quick screen.
+"""Adds a patient with a real browser: the desk without a display, a login, the home, the quick screen.
 
     add_patient_test.py PRACTICE_DESK [PICTURE]
 
@@ -43,11 +43,7 @@ def add_patient(browser, database, process):
     browser.type("front", "Tab", "wrong", "Enter")
     browser.type(("Control", "a"), "front", "Enter")
     main_window = windows.wait_for_next("the main window")
-    browser.type(("Control", "f"))
-    windows.wait_for_next("the name prompt")
-    browser.type("Smith, John", "Enter")
-    windows.wait_for_next("the question whether to add him")
-    browser.type(("Alt", "y"))
+    browser.type("Smith, John", ("Control", "n"))
     windows.wait_for_next("the patient screen")
     browser.type("Enter", "Enter", "m", "Enter", "Enter", "010280", "Tab", "Tab", "5550100", "Enter")
     browser.type(("Alt", "o"))
@@ -64,6 +60,10 @@ def add_patient(browser, database, process):
     sex, birth, phone, is_patient = rows[0]
     assert sex == "M" and birth.startswith("1980-01-02") and "555" in phone and is_patient == "1", rows
 
+    browser.type("5550100", "Enter")
+    windows.wait_for_next("the patient found by his phone")
+    browser.type("Esc")
+    windows.wait_for_only(main_window, "the home again")
     browser.type(("Control", "q"))
     wait_until(lambda: process.poll() is not None, "the end of the desk")
     assert process.returncode == 0, process.returncode

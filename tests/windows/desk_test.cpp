@@ -30,12 +30,13 @@ class DeskAndPerson {
     CloseHandle(process_.hProcess);
   }
 
-  // The window of that title, once it has the keyboard.
+  // The window whose title ends so, once it has the keyboard.
   HWND Await(std::wstring_view title) {
     HWND window = nullptr;
     AwaitThat("the window " + automation::ToUtf8(title), [&] {
       window = GetForegroundWindow();
-      return IsOurs(window) && IsWindowEnabled(window) != FALSE && TextOf(window) == title && Focus() != nullptr;
+      return IsOurs(window) && IsWindowEnabled(window) != FALSE && TextOf(window).ends_with(title) &&
+             Focus() != nullptr;
     });
     return window;
   }
