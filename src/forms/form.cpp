@@ -204,7 +204,12 @@ bool Form::DoKey(Key key) {
     pressed = default_button_;
   }
   if (pressed != nullptr) {
+    Control* const at = active_;
     pressed->DoClick();
+    // A key that left the screen open leaves the person where he was.
+    if (!closed_ && at != nullptr && active_ == pressed && at->Usable()) {
+      SetFocus(*at);
+    }
   }
   return pressed != nullptr;
 }

@@ -109,7 +109,7 @@ TEST_F(ComponentTest, TellsThePersonWhatTheHostLacks) {
   const auto pv = ScriptedObject::Make();
   screen->putref_PV(pv.Get());
   EXPECT_EQ(screen->Load_PatInfo_Small(&typed_id, nullptr, nullptr), S_OK);
-  EXPECT_NE(Told().find("does not offer \"DatabaseKind\""), std::string::npos);
+  EXPECT_NE(Told().find("does not offer \"HoldRecord\""), std::string::npos);
   EXPECT_EQ(automation::ToText(id), "7");
   EXPECT_EQ(typed, 5);
 }
@@ -204,9 +204,9 @@ TEST_F(ComponentTest, OpensScreensOnOneThreadAtATime) {
     }).join();
   };
   const auto pv = ScriptedObject::Make();
-  pv->Add("DatabaseKind", [&](const automation::CallArguments&) {
+  pv->Add("HoldRecord", [&](const automation::CallArguments&) {
     ask_elsewhere(results[0]);
-    return Variant::Of(7);
+    return Variant::Of(true);
   });
   const auto screen = NewScreen();
   screen->putref_PV(pv.Get());

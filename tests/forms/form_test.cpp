@@ -159,9 +159,10 @@ TEST(Form, EnterAndEscPressTheDialogButtons) {
   form.Text1[1].DoFocus();
   EXPECT_FALSE(form.Text1[1].DoKey(Key::Enter)) << "a field uses Enter itself";
   EXPECT_TRUE(form.Text1[1].DoKey(Key::Esc));
+  EXPECT_TRUE(form.Text1[1].HasFocus()) << "the form stayed open, and so he goes on where he was";
   form.lstNames.DoFocus();
   EXPECT_TRUE(form.lstNames.DoKey(Key::Enter));
-  EXPECT_THAT(form.events, ElementsAre("enter 1", "cancel", "query", "ok"));
+  EXPECT_THAT(form.events, ElementsAre("enter 1", "cancel", "query", "enter 1", "ok"));
   form.Text1[0].KeyDown = [](Key key) { return key == Key::F9; };
   EXPECT_TRUE(form.Text1[0].DoKey(Key::F9));
   EXPECT_FALSE(form.Text1[0].DoKey(Key::Down));
