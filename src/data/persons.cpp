@@ -17,8 +17,9 @@ std::string NameWhere(const Statements& statements, std::int32_t person, const S
 }  // namespace
 
 std::string LastFirst(const session::Value& last, const session::Value& first) {
+  const std::string last_name = session::ToText(last);
   const std::string first_name = session::ToText(first);
-  return session::ToText(last) + (first_name.empty() ? "" : ", " + first_name);
+  return last_name + (last_name.empty() || first_name.empty() ? "" : ", ") + first_name;
 }
 
 std::string NameOfPerson(const Statements& statements, std::int32_t person) {

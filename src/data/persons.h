@@ -9,7 +9,7 @@
 // What screens and lists ask of the table of persons.
 namespace data {
 
-// "Smith, John"; without the comma when there is no first name.
+// "Smith, John"; without the comma when there is no first or no last name.
 std::string LastFirst(const session::Value& last, const session::Value& first);
 
 // As `LastFirst`; empty for 0 and for a person who is not there. Throws session::DatabaseError.

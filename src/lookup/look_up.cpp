@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/persons.h"
 #include "data/statements.h"
 #include "editing/rules.h"
 #include "lookup/frmTGList.h"
@@ -47,9 +48,9 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookU
   if (outcome.id == 0) {
     return {.end = outcome.Chosen() ? session::ListOutcome::End::Cancelled : outcome.end};
   }
-  // A person without a first name is known by the last name alone.
-  if (!list.kind_key.empty() && window.Chosen("First Name").empty()) {
-    outcome.text = window.Chosen("Last Name");
+  // The statement has no name for a person without a first or last one.
+  if (!list.kind_key.empty()) {
+    outcome.text = data::LastFirst(window.Chosen("Last Name"), window.Chosen("First Name"));
   }
   if (!list.hand_off_table.empty()) {
     editing::Rules(context).Attempt(
