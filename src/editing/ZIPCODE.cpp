@@ -65,6 +65,11 @@ bool IsWholeZip(std::string_view text) {
          text.find_first_not_of(kZipCharacters) == std::string_view::npos;
 }
 
+// The whole of that ZIP stands at the end of the text.
+bool EndsIn(std::string_view text, std::string_view zip) {
+  return IsWholeZip(zip) && forms::Trim(text).ends_with(zip);
+}
+
 Place PlaceIn(const session::Recordset& row) {
   return {session::ToText(row["ZipCodCit"]), session::ToText(row["ZipCodSta"]), session::ToText(row["ZipCodZip"])};
 }
@@ -82,11 +87,12 @@ Place SplitPlace(std::string_view text, bool non_us) {
 }
 
 Place Place::Parse(std::string_view text) {
-  if (Place us = SplitPlace(text, false); !us.state.empty() && !us.zip.empty()) {
+  const std::size_t comma = text.rfind(',');
+  if (Place us = SplitPlace(text, false);
+      !us.zip.empty() && (!us.state.empty() || (comma == std::string_view::npos && EndsIn(text, us.zip)))) {
     return us;
   }
   Place place;
-  const std::size_t comma = text.rfind(',');
   if (comma != std::string_view::npos) {
     place.zip = forms::Trim(text.substr(comma + 1));
   }
@@ -355,7 +361,7 @@ void ZIPCODE::SplitTyped() {
     }
     return;
   }
-  if (!IsWholeZip(place.zip) || !text.ends_with(place.zip)) {
+  if (!EndsIn(text, place.zip)) {
     return;
   }
   std::string before_zip(forms::Trim(text.substr(0, text.size() - place.zip.size())));

@@ -31,6 +31,7 @@ TEST(Place, ReadsItsOwnTextBackAsAPersonChangesIt) {
     EXPECT_EQ(Place::Parse(place.Text()), place) << place.Text();
   }
   EXPECT_EQ(Place::Parse("Springfield IL 62702"), (Place{"Springfield", "IL", "62702"}));
+  EXPECT_EQ(Place::Parse("Springfield 62702 "), (Place{"Springfield", "", "62702"}));
   EXPECT_EQ(Place::Parse("Los Angeles"), (Place{"Los Angeles", "", ""}));
 }
 
