@@ -11,10 +11,7 @@ BirthDateField::BirthDateField(const session::ScreenContext& context, const Part
                                static_cast<forms::Control*>(&parts_.calendar)}) {
     Adopt(*part);
   }
-  parts_.day.Told = [](const std::string& day) {
-    const auto birth = forms::ParseIso(day);
-    return birth ? forms::FormatDashed(forms::DateOf(*birth)) : day;
-  };
+  parts_.day.Told = ToldDay;
   parts_.box.KeyPress = [this](char32_t character) { return Filter(character); };
   parts_.box.Leave = [this] { Take(); };
   parts_.calendar.Click = [this] { Pick(); };

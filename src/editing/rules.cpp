@@ -30,6 +30,11 @@ std::string Rules::ToldBack(std::string_view text, std::size_t most) {
   return "[ " + forms::Left(text, most) + " ]";
 }
 
+std::string Rules::ToldDay(const std::string& day) {
+  const auto time = forms::ParseIso(day);
+  return time ? forms::FormatDashed(forms::DateOf(*time)) : day;
+}
+
 bool Rules::Confirm(std::string question, std::string_view title) const {
   return context_.user.Ask({.text = std::move(question),
                             .title = std::string(title),

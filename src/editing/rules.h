@@ -31,6 +31,8 @@ class Rules {
   void Tell(std::string text, forms::Icon icon = forms::Icon::None) const;
   // "[ text ]", cut after so many characters.
   static std::string ToldBack(std::string_view text, std::size_t most = 40);
+  // A day in the ISO form, as a person reads it: "05-23-1944". What is no day stays.
+  static std::string ToldDay(const std::string& day);
   // A question that is answered with Yes or No.
   bool Confirm(std::string question, std::string_view title = forms::kSuiteTitle) const;
   // Whether the user has the right; says so when he has not: "User [Ann] does not have the rights to modify provider

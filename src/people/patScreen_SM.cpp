@@ -222,10 +222,8 @@ bool patScreen_SM::Check() {
     Text1[kLastName].SetFocus();
     return false;
   }
-  if (Patient_SM.Changed(Text1[kMedicalAlert])) {
-    Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
-  }
   NicknameFollows();
+  AlertDateFollows();
   Phones.Follow();
   return true;
 }
@@ -247,10 +245,18 @@ void patScreen_SM::NicknameFollows() {
       name == forms::Trim(Patient_SM.Stored(Text1[kFirstName])) ? Patient_SM.Stored(nickname_) : std::string(name);
 }
 
+// Today, for another alert.
+void patScreen_SM::AlertDateFollows() {
+  forms::Label& updated = Label5[kAlertUpdated];
+  updated.Caption = Patient_SM.Changed(Text1[kMedicalAlert]) ? forms::FormatIso(context_.session.Today())
+                                                             : Patient_SM.Stored(updated);
+}
+
 void patScreen_SM::OnTaken() {
   if (!Patient_SM.Changed(Text1[kFirstName])) {
     NicknameFollows();
   }
+  AlertDateFollows();
   Phones.ShowTaken();
   ShowReferences();
 }
@@ -308,7 +314,7 @@ void patScreen_SM::PickMedicalAlert() {
     return;
   }
   Text1[kMedicalAlert].Text = alert;
-  Label5[kAlertUpdated].Caption = forms::FormatIso(context_.session.Today());
+  AlertDateFollows();
 }
 
 void patScreen_SM::PickFeeSchedule() {

@@ -116,6 +116,7 @@ class patScreen_SM : public editing::EditingForm {
   void ShowSecondReferral();
   void ShowFeeSchedule();
   void NicknameFollows();
+  void AlertDateFollows();
   void Trim();
   bool Adding() const { return Patient_SM.Id() == 0; }
   std::string FullName() const;

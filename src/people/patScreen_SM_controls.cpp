@@ -43,6 +43,7 @@ void patScreen_SM::Register() {
     Command3D1.at(i).AccessibleName = kPickNames.at(i);
   }
   Label5[kAlertUpdated].AccessibleName = "Date of the medical alert";
+  Label5[kAlertUpdated].Told = ToldDay;
   Label5[kBirthDay].AccessibleName = Label1[kBirthDate].SpokenName();
   Label5[kReferralId].AccessibleName = Label1[kReferral].SpokenName();
   Label5[kProviderId].AccessibleName = Label1[kProvider].SpokenName();
