@@ -45,6 +45,12 @@ void PhonePair::Setup() {
       side->selected.Caption = std::string(contacts_.Selected(side->side));
       record_.MarkWritten(side->selected);
     }
+  }
+  Label();
+}
+
+void PhonePair::Label() {
+  for (const SideFields* side : Sides()) {
     side->box.Heading->Caption =
         forms::WithMnemonic(contacts_.SideCaption(side->side), side->side == Side::Home ? 'm' : 'k');
     side->box.MaxLength = contacts_.SelectedSize(side->side);
@@ -91,6 +97,8 @@ void PhonePair::ShowTaken() {
     }
   }
   Follow();
+  contacts_.Read(record_.Id());
+  Label();
 }
 
 void PhonePair::Save() {

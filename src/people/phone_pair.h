@@ -37,7 +37,8 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   void Setup();
   // Before the record is compared with its row or written: the contacts follow the boxes.
   void Follow();
-  // After stored values took the place of what was typed: a contact's stored value shows in its box.
+  // After stored values took the place of what was typed: a contact's stored value shows in its box, below its name.
+  // Throws session::DatabaseError.
   void ShowTaken();
   // After the record was written: stores what was typed. Throws session::DatabaseError, and Refusal when the person's
   // row is gone.
@@ -55,6 +56,8 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   void Bind(SideFields& side);
   // The contact that is selected in the row.
   std::size_t Selected(const SideFields& side) const;
+  // The boxes' headings name the contacts that they show.
+  void Label();
   void Refresh();
   void Edit();
 
