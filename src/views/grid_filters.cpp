@@ -65,6 +65,10 @@ wxTextCtrl* GridFilters::MakeCell() {
   SizeField(*cell, 1);
   cell->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
   cell->Bind(wxEVT_CHAR_HOOK, [this, cell](wxKeyEvent& event) { OnKey(*cell, event); });
+  cell->Bind(wxEVT_SET_FOCUS, [this, cell](wxFocusEvent& event) {
+    widget_.MakeCellVisible(-1, static_cast<int>(std::ranges::find(cells_, cell) - cells_.begin()));
+    event.Skip();
+  });
   return cell;
 }
 

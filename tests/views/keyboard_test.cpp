@@ -188,6 +188,22 @@ TEST_F(Keyboard, TheTabKeyGoesThroughTheFiltersAndTheRows) {
   });
 }
 
+TEST_F(Keyboard, AFilterComesIntoViewWithTheKeyboard) {
+  auto columns = form_.grdRows.Columns.get();
+  columns[0].width = 5000;
+  form_.grdRows.Columns = columns;
+  form_.grdRows.Rows = std::make_shared<forms::TableRows>();
+  With([this] {
+    form_.grdRows.SetFocus();
+    wxTheApp->Yield();
+    for (const auto* filter : {"grdRows.filter.c", "grdRows.filter.a"}) {
+      Press(WXK_TAB, wxMOD_SHIFT);
+      ASSERT_EQ(Focus(), filter);
+      EXPECT_TRUE(Grid().GetScreenRect().Intersects(wxWindow::FindFocus()->GetScreenRect())) << filter;
+    }
+  });
+}
+
 TEST_F(Keyboard, EscClearsAFilterAndThenLeavesIt) {
   int filtered = 0;
   form_.grdRows.FilterChanged = [&] { ++filtered; };
