@@ -10,7 +10,8 @@ namespace host {
 enum class Access { Owner, Group };
 
 // Makes an empty file unless there is one, and takes from one that is there what goes beyond the access; one that
-// belongs to somebody else is left as it is. On Windows the folder's own list of accounts rules.
+// belongs to somebody else is left as it is. What the engine left beside it, killed or while the file was protected, is
+// given the file's mode. On Windows the folder's own list of accounts rules.
 void MakePrivate(const std::string& path, Access access);
 // What a practice's file grants; other files of the practice grant the same. A file that is not there: the owner.
 Access AccessOf(const std::string& path);

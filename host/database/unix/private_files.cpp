@@ -28,6 +28,13 @@ void MakePrivate(const std::string& path, Access access) {
   } else if (const mode_t mode = ModeOf(path); S_ISREG(mode) && (mode & ACCESSPERMS & ~wanted) != 0) {
     chmod(path.c_str(), mode & wanted);
   }
+  const mode_t granted = ModeOf(path) & ACCESSPERMS;
+  for (const char* tail : {"-wal", "-shm"}) {
+    const std::string beside = path + tail;
+    if (const mode_t mode = ModeOf(beside); S_ISREG(mode) && (mode & ACCESSPERMS) != granted) {
+      chmod(beside.c_str(), granted);
+    }
+  }
 }
 
 Access AccessOf(const std::string& path) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <utility>
+
 #include "host/practice/practice_fixture.h"
 
 namespace host {
@@ -36,6 +39,11 @@ TEST(Practice, ItsFilesAreOpenToTheirOwnerOrGroupAlone) {
     EXPECT_EQ(ModeOf(file, ""), due);
     std::filesystem::permissions(file.Path(), due | perms::group_read | perms::others_all);  // as an older program
     std::filesystem::remove(file.Path().string() + "-locks");
+    for (const auto& [tail, left] :
+         {std::pair("-wal", due | perms::others_read), std::pair("-shm", perms::owner_read)}) {
+      std::ofstream(file.Path().string() + tail).close();  // as a killed program, or one that could only read
+      std::filesystem::permissions(file.Path().string() + tail, left);
+    }
     const Practice practice(file.Url());
     practice.Database().connection->Execute("CREATE TABLE Filler (a)");
     for (const char* tail : {"", "-wal", "-shm", "-locks", "-locks-wal", "-locks-shm"}) {
