@@ -105,6 +105,9 @@ class SqliteFile {
     }
     main->Run(main->ReadOnly() ? "SELECT Count(*) FROM sqlite_schema" : "PRAGMA journal_mode=WAL");
     if (mode == OpenMode::Passing) {
+      if (main->ReadOnly()) {
+        throw session::DatabaseError("It is protected against writing.", {}, SQLITE_READONLY);
+      }
       main->Run("PRAGMA synchronous=OFF");
     }
   }

@@ -1,5 +1,6 @@
 #include "database/sqlite_handle.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "database/folded_text.h"
@@ -211,7 +212,8 @@ void SqliteHandle::TakeIdentity() {
 
 void SqliteHandle::Fail(const std::string& batch) const {
   const int code = sqlite3_extended_errcode(database_.get());
-  throw session::DatabaseError(Reason(code, sqlite3_errmsg(database_.get())), batch, code);
+  const bool full = (code & kPrimary) == SQLITE_IOERR && sqlite3_system_errno(database_.get()) == ENOSPC;
+  throw session::DatabaseError(Reason(full ? SQLITE_FULL : code, sqlite3_errmsg(database_.get())), batch, code);
 }
 
 SqliteReaders::Lease SqliteReaders::Borrow() {

@@ -172,6 +172,10 @@ TEST(SqliteConnection, WhatCannotBeOpenedIsNamed) {
   EXPECT_THAT(refusal("/.."), testing::HasSubstr("no such folder"));
   std::ofstream(file.Path()) << std::string(5000, 'x');
   EXPECT_THAT(refusal(""), testing::AllOf(testing::HasSubstr(file.Path()), testing::HasSubstr("damaged")));
+  std::filesystem::remove(file.Path());
+  CreateDatabase(file.Url());
+  std::filesystem::permissions(file.Path() + "-locks", std::filesystem::perms::owner_read);
+  EXPECT_THAT(refusal(""), testing::AllOf(testing::HasSubstr("-locks"), testing::HasSubstr("protected")));
 }
 
 TEST(SqliteConnection, TextOfAnotherProgramIsReadAsLatin1) {
