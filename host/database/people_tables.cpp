@@ -25,7 +25,7 @@ Table Persons() {
                   Text("pDOCLIC", 20), Text("pDOCEIN", 15), Text("pDOCREM1", kRemark), Text("pDOCREM2", kRemark),
                   Text("pDOCREM3", kRemark), Text("pDOCSPE", 40), Text("pDOCTAX", 15), Moment("pDOCDATEMP"),
                   Text("pDOCMEDNUM", 20), SmallInt("pDOCFeeTyp"), Text("pDRILIC", 20), Text("pCRECARTYP", 20),
-                  Text("pCRECARNUM", 25), Text("pBILTTL", 40), Moment("pNEXSTADAT"), Text("pACCTYP", 10),
+                  Secret("pCRECARNUM", 25), Text("pBILTTL", 40), Moment("pNEXSTADAT"), Text("pACCTYP", 10),
                   SmallInt("pGPDenFeeTyp"), SmallInt("pGPDenFeeTypPerm"), Text("pCLITYP1", 10), Text("pMEDALE", 255),
                   Moment("pMEDALEUPD"), Int("pPhaID"), SmallInt("pSrtFlg"), SmallInt("pHidZEP"), Int("OffLocID")},
       .indexes = {{"pLASNAM, pFIRNAM"},

@@ -4,12 +4,6 @@ namespace host::tables {
 
 namespace {
 
-Column Secret(std::string_view name, int size) {
-  Column column = Text(name, size);
-  column.secret = true;
-  return column;
-}
-
 // 0 but for logins that had their name with others before names were unique: they keep it and are told apart.
 Column Namesake(std::string_view name) {
   Column column = Flag(name);

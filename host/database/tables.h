@@ -28,6 +28,10 @@ inline Column Real(std::string_view name) {
 inline Column Text(std::string_view name, int size) {
   return {.name = name, .type = ColumnType::Text, .size = size};
 }
+// The change log says that it changed, not from what to what.
+inline Column Secret(std::string_view name, int size) {
+  return {.name = name, .type = ColumnType::Text, .size = size, .secret = true};
+}
 inline Column Memo(std::string_view name) {
   return {.name = name, .type = ColumnType::Memo};
 }

@@ -18,7 +18,7 @@ std::vector<std::string> Changes(session::Database& database, const ChangeFilter
   return lines;
 }
 
-TEST(ChangeLog, HoldsWhatSessionsWroteAndNoPasswords) {
+TEST(ChangeLog, HoldsWhatSessionsWroteButNoSecrets) {
   Practice practice = CreatePractice("sqlite::memory:");
   OfficeDatabase office(practice, 1);
   HostSession session(practice, 1, LoginRights("ann"), StandingStill());
@@ -30,6 +30,7 @@ TEST(ChangeLog, HoldsWhatSessionsWroteAndNoPasswords) {
   run("UPDATE PATable SET pLASNAM='reed', pFIRNAM='', pADD1='O''Hara' WHERE pID=1");
   session.User() = LoginRights("bob");
   run("UPDATE PATable SET pLASNAM='reed' WHERE pID=1");
+  run("UPDATE PATable SET pCRECARNUM='4000 0000 0000 0002' WHERE pID=7");
   run("DELETE FROM PATable WHERE pID=7");
   run("INSERT INTO PWMTable (PWMUseNam, PWMPasWor) VALUES ('kim', 's3cret')");
   run("UPDATE PWMTable SET PWMPasWor='other' WHERE PWMID=1");
@@ -38,7 +39,8 @@ TEST(ChangeLog, HoldsWhatSessionsWroteAndNoPasswords) {
       Changes(office),
       testing::IsSupersetOf({"ann added PATable 1 pLASNAM [][Reed]", "ann added PATable 7 pLASNAM [][Lee]",
                              "ann changed PATable 1 pLASNAM [Reed][reed]", "ann changed PATable 1 pADD1 [][O'Hara]",
-                             "bob deleted PATable 7 pLASNAM [Lee][]", "bob added PWMTable 1 PWMUseNam [][kim]",
+                             "bob changed PATable 7 pCRECARNUM [][]", "bob deleted PATable 7 pLASNAM [Lee][]",
+                             "bob deleted PATable 7 pCRECARNUM [][]", "bob added PWMTable 1 PWMUseNam [][kim]",
                              "bob added PWMTable 1 PWMPasWor [][]", "bob changed PWMTable 1 PWMPasWor [][]"}));
   EXPECT_THAT(Changes(office, {.who = "bob", .table = "PATable", .record = 1}), testing::IsEmpty());
   EXPECT_THAT(Changes(office, {.record = 7}), testing::SizeIs(testing::Ge(2U)));
