@@ -17,8 +17,14 @@ namespace {
 constexpr int kLookEvery = 5000;  // milliseconds
 constexpr int kUsualMinutes = 15;
 
+// Where the setting cannot be read the usual minutes hold, and nobody is told every few seconds.
 int LockMinutes(const HostSession& session) {
-  const std::string text = session.OfficeSetting(kDeskSection, kLockMinutes);
+  std::string text;
+  try {
+    text = session.OfficeSetting(kDeskSection, kLockMinutes);
+  } catch (const session::DatabaseError&) {
+    return kUsualMinutes;
+  }
   int minutes = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), minutes);
   return error == std::errc() && end == text.data() + text.size() ? minutes : kUsualMinutes;
@@ -90,11 +96,23 @@ void IdleLock::Look() {
   }
 }
 
+// False when the logins could not be read: the windows stay hidden.
+bool IdleLock::AskForUser() {
+  try {
+    desk_.AskForUser();
+    return true;
+  } catch (const session::DatabaseError& error) {
+    desk_.User().Tell(error.Told(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
+    return false;
+  }
+}
+
 void IdleLock::Lock() {
   locked_ = true;
   {
     const Curtain curtain;
-    desk_.AskForUser();
+    while (!AskForUser()) {
+    }
   }
   locked_ = false;
   touched_ = wxGetUTCTimeMillis();

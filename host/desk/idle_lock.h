@@ -21,6 +21,7 @@ class IdleLock : private wxEventFilter {
  private:
   int FilterEvent(wxEvent& event) override;
   void Look();
+  bool AskForUser();
 
   Desk& desk_;
   wxTimer timer_;
