@@ -154,6 +154,12 @@ bool PasswordMatches(std::string_view hash, std::string_view password) {
 
 std::int32_t AddLogin(session::Database& database, const NewLogin& login) {
   const data::Statements statements(database);
+  // The index takes letters beyond ASCII for others in another case; a login compares them as the same.
+  if (!statements
+           .Select("SELECT PWMID FROM PWMTable WHERE (PWMUseNam=" + Literal(login.name) + ")" + statements.Office())
+           ->Eof()) {
+    throw session::DatabaseError("There is a login of this name already.", {}, 0);
+  }
   const std::int32_t primary = login.locations.empty() ? 0 : login.locations.front();
   const std::int32_t id = statements.Insert("PWMTable", {{"PWMUseNam", Literal(login.name)},
                                                          {"PWMPasWor", Literal(login.password_hash)},

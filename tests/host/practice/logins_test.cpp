@@ -93,7 +93,9 @@ TEST_F(LoginsTest, RefusalsMakeAKnownAndAnUnknownNameWaitAlike) {
 
 TEST_F(LoginsTest, NamesAreUniqueAndOlderNamesakesKeepTheirs) {
   Add("ann", {1}, {});
+  Add("zoë", {1}, {});
   EXPECT_THROW(Add("ANN", {1}, {}), session::DatabaseError);
+  EXPECT_THROW(Add("ZOË", {1}, {}), session::DatabaseError);
   AddLogin(database_, {"bob", HashPassword("one", HashCost::Least), 8, {1}, {}});
   data::Statements(database_).Execute(data::Sql("UPDATE PWMTable SET PWMUseNam='ann', PWMNamesake=1 WHERE PWMPid=8"));
   EXPECT_EQ(LogIn(database_, "ann", "s3cret", kNow).login->person, 7);
