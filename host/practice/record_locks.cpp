@@ -1,5 +1,6 @@
 #include "practice/record_locks.h"
 
+#include <algorithm>
 #include <random>
 
 #include "forms/text.h"
@@ -78,7 +79,12 @@ bool RecordLocks::Keeps(std::string_view table, std::int32_t id) {
 }
 
 void RecordLocks::Release(std::string_view table, std::int32_t id) {
-  const auto found = held_.find(RecordOf(table, id));
+  const LockedRecord wanted = RecordOf(table, id);
+  auto found = held_.find(wanted);
+  if (found == held_.end()) {  // held in another office, which the session has left since
+    found = std::ranges::find_if(
+        held_, [&](const auto& held) { return held.first.table == wanted.table && held.first.id == wanted.id; });
+  }
   if (found == held_.end() || --found->second > 0) {
     return;
   }
