@@ -47,7 +47,7 @@ struct Table {
 };
 
 // The version that a new database has.
-inline constexpr int kSchemaVersion = 4;
+inline constexpr int kSchemaVersion = 5;
 
 // What sessions wrote to the tables that are `logged`, and who logged in.
 inline constexpr std::string_view kChangeLog = "ChangeTable";
