@@ -109,6 +109,11 @@ void CreateSchema(session::Connection& connection, const CreationOptions& option
 }
 
 CreationOptions MigrateSchema(session::Connection& connection) {
+  if (Version(connection) < kSchemaVersion && connection.ReadOnly()) {
+    Refuse(
+        "It was made by an older version of the program, and is protected against writing, so that it cannot be "
+        "brought up to date.");
+  }
   if (Version(connection) != kSchemaVersion) {
     session::Transaction transaction(connection);
     // Another program may have brought it up to date in the meantime.

@@ -162,6 +162,10 @@ TEST(SqliteConnection, ProtectedFileIsOnlyRead) {
   EXPECT_EQ(ToText(practice.Run("SELECT EmpNam FROM EmpTable")->Get(0)), "a");
   EXPECT_THAT(Refusal([&] { practice.Run("UPDATE EmpTable SET EmpNam='x'"); }),
               testing::HasSubstr("protected against writing"));
+  std::filesystem::permissions(file.Path(), perms::owner_read | perms::owner_write);
+  OpenDatabase(file.Url()).connection->Execute("UPDATE SchemaTable SET SchVersion=3");
+  std::filesystem::permissions(file.Path(), perms::owner_read);
+  EXPECT_THAT(Refusal([&] { OpenDatabase(file.Url()); }), testing::HasSubstr("older version"));
 }
 
 TEST(SqliteConnection, WhatCannotBeOpenedIsNamed) {
