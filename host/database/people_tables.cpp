@@ -43,8 +43,6 @@ Table Persons() {
                   {"pDocIni", "pDocIni IS NOT NULL"},
                   {.columns = "pFIRNAM, pLASNAM", .since = 5},
                   {.columns = "pBIRDAT", .since = 5},
-                  Folded("pLASNAM, pFIRNAM"),
-                  Folded("pFIRNAM, pLASNAM"),
                   PhoneDigits("pHOMPHO", "pHOMPHO IS NOT NULL"),
                   LocalDigits("pHOMPHO", "pHOMPHO IS NOT NULL"),
                   PhoneDigits("pBUSPHO", "pBUSPHO IS NOT NULL"),

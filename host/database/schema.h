@@ -22,7 +22,6 @@ struct Index {
   // What of its columns an index holds.
   enum class Of {
     Values,
-    FoldedText,   // in the order of UNICODE_NOCASE
     PhoneDigits,  // of one telephone column, without what separates them
     LocalDigits,  // the same from the fourth digit on, behind the area code
   };

@@ -43,16 +43,6 @@ struct Key {
   std::string suffix;  // of the index's name
 };
 
-std::string Folded(const std::string& columns) {
-  constexpr std::string_view kCollation = " COLLATE UNICODE_NOCASE";
-  std::string folded = columns;
-  folded += kCollation;
-  if (const std::size_t comma = columns.find(','); comma != std::string::npos) {
-    folded.insert(comma, kCollation);
-  }
-  return folded;
-}
-
 // Statements that search by phone write the same expressions.
 Key KeyOf(const Index& index) {
   const std::string columns(index.columns);
@@ -61,8 +51,6 @@ Key KeyOf(const Index& index) {
     digits = "REPLACE(" + digits + ", '" + separator + "', '')";
   }
   switch (index.of) {
-    case Index::Of::FoldedText:
-      return {Folded(columns), "_folded"};
     case Index::Of::PhoneDigits:
       return {digits, "_digits"};
     case Index::Of::LocalDigits:

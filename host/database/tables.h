@@ -54,10 +54,6 @@ inline constexpr int kServiceCode = 10;
 inline constexpr int kGroupNumber = 30;
 inline constexpr int kFile = 255;
 
-// Schema version 5: patients are found by phone, birth date and names in any alphabet.
-inline Index Folded(std::string_view columns) {
-  return {.columns = columns, .since = 5, .of = Index::Of::FoldedText};
-}
 inline Index PhoneDigits(std::string_view column, std::string_view where) {
   return {.columns = column, .where = where, .since = 5, .of = Index::Of::PhoneDigits};
 }

@@ -25,8 +25,14 @@ Widget* Styled(Widget* widget, const wxFont& font) {
   return widget;
 }
 
+// Less than the other texts, and still easily read; the theme's own grey is for what cannot be used.
 void Grey(wxWindow& text) {
-  text.SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+  constexpr double kOfText = 0.7;
+  const wxColour front = text.GetForegroundColour();
+  const wxColour back = text.GetBackgroundColour();
+  const auto mix = [](unsigned char over, unsigned char under) { return wxColour::AlphaBlend(over, under, kOfText); };
+  text.SetForegroundColour(
+      wxColour(mix(front.Red(), back.Red()), mix(front.Green(), back.Green()), mix(front.Blue(), back.Blue())));
 }
 
 wxSizer* SearchColumn(wxWindow* page, frmHome& form) {

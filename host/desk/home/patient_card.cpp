@@ -81,15 +81,15 @@ std::string Family(const Statements& statements, const Recordset& person, forms:
   int count = 0;
   for (; !members->Eof(); members->MoveNext()) {
     if (++count > kMost) {
-      Append(family, "\n", "and more");
+      Append(family, "; ", "and more");
       break;
     }
     std::string member = data::LastFirst(members->Get(1), members->Get(2));
     const auto birth = BirthOf(*members);
     const auto age = birth ? forms::AgeAt(*birth, today) : std::nullopt;
-    Append(member, ", ", age ? std::to_string(age->years) : "");
-    Append(member, ", ", session::ToId(members->Get(0)) == head ? "head of the family" : "");
-    Append(family, "\n", member);
+    Append(member, " ", age ? std::to_string(age->years) : "");
+    Append(member, " ", session::ToId(members->Get(0)) == head ? "(head)" : "");
+    Append(family, "; ", member);
   }
   return family;
 }

@@ -6,7 +6,6 @@
 #include <set>
 
 #include "data/literal.h"
-#include "database/folded_text.h"
 #include "forms/text.h"
 
 namespace host {
@@ -32,29 +31,38 @@ Sql Beginning(const Sql& what, std::string_view text) {
   return what + " >= " + Literal(text) + " AND " + what + " < " + Literal(std::string(text) + "\U0010FFFF");
 }
 
+// The engine's indexes fold the letters of ASCII alone: in them a name is sought by what stands before the first other
+// letter, or among the few that begin with one, and folded whole only there.
+Sql NameBeginning(Words column, std::string_view name) {
+  const auto other = std::ranges::find_if(name, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  if (other == name.end()) {
+    return Beginning(column, name);
+  }
+  const std::string_view ascii(name.begin(), other);
+  const Sql range = ascii.empty() ? Sql(column) + " >= " + Literal("\u0080") : Beginning(column, ascii);
+  return range + " AND " + Beginning(column, name);
+}
+
 class NameSearches {
  public:
   explicit NameSearches(const Statements& statements) : statements_(statements) {}
 
-  void Last(std::string_view last) {
-    Add(Beginning(Sql("PATABLE.pLASNAM"), last), last, " ORDER BY PATABLE.pLASNAM, PATABLE.pFIRNAM");
-  }
+  void Last(std::string_view last) { Add(NameBeginning(kLast, last), " ORDER BY PATABLE.pLASNAM, PATABLE.pFIRNAM"); }
   void First(std::string_view first) {
-    Add(Beginning(Sql("PATABLE.pFIRNAM"), first), first, " ORDER BY PATABLE.pFIRNAM, PATABLE.pLASNAM");
+    Add(NameBeginning(kFirst, first), " ORDER BY PATABLE.pFIRNAM, PATABLE.pLASNAM");
   }
   void Both(std::string_view last, std::string_view first) {
-    Add(Beginning(Sql("PATABLE.pLASNAM"), last) + " AND " + Beginning(Sql("PATABLE.pFIRNAM"), first), last,
+    Add(NameBeginning(kLast, last) + " AND " + NameBeginning(kFirst, first),
         " ORDER BY PATABLE.pLASNAM, PATABLE.pFIRNAM");
   }
 
   std::vector<Sql> Take() { return std::move(searches_); }
 
  private:
-  // Letters beyond ASCII are found in the index that folds them, whose order is that of the names already; sorting its
-  // rows by the columns' own order would keep the first waiting for the last.
-  void Add(const Sql& condition, std::string_view sought, Words order) {
-    searches_.push_back(Patients(statements_, condition, HasCaseBeyondAscii(sought) ? Words("") : order));
-  }
+  static constexpr Words kLast = "PATABLE.pLASNAM";
+  static constexpr Words kFirst = "PATABLE.pFIRNAM";
+
+  void Add(const Sql& condition, Words order) { searches_.push_back(Patients(statements_, condition, order)); }
 
   const Statements& statements_;
   std::vector<Sql> searches_;

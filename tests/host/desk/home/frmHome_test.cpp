@@ -95,7 +95,7 @@ TEST_F(Home, ShowsTheCardOfTheChosenPatient) {
   EXPECT_THAT(home_.lblAlert.Caption.get(), HasSubstr("Medical alert: Penicillin"));
   EXPECT_EQ(home_.lblPhones.Caption.get(), "Home  (512) 555-0142\nCell  (512) 555-0177");
   EXPECT_EQ(home_.lblAddress.Caption.get(), "1 Main St\nAustin, TX 78701");
-  EXPECT_EQ(home_.lblFamily.Caption.get(), "Reed, Paul, 50, head of the family");
+  EXPECT_EQ(home_.lblFamily.Caption.get(), "Reed, Paul 50 (head)");
   EXPECT_EQ(home_.lblCoverage.Caption.get(), "Primary: Northern Dental, Group 1 (12345), through Reed, Paul");
 }
 
