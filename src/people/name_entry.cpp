@@ -29,11 +29,14 @@ Sql NameCondition(const session::Database& database, const TypedName& name) {
   return name.first.empty() ? last : name.last.empty() ? first : last + " and " + first;
 }
 
-// What a text without a comma may mean, the likeliest first.
+// What a text without a comma may mean, the likeliest first. Each is a condition of the statement: a text of very many
+// words is parted before its last ones alone.
 std::vector<TypedName> Readings(const std::string& text) {
+  constexpr std::size_t kMostParted = 8;
   std::vector<TypedName> readings;
   std::vector<TypedName> reversed;
-  for (std::size_t blank = text.rfind(' '); blank != std::string::npos; blank = text.rfind(' ', blank - 1)) {
+  for (std::size_t blank = text.rfind(' '); blank != std::string::npos && readings.size() < kMostParted;
+       blank = text.rfind(' ', blank - 1)) {
     if (text[blank - 1] == ' ') {
       continue;
     }

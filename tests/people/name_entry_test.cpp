@@ -49,6 +49,11 @@ TEST(NameEntry, SearchesForEveryReadingOfANameWithoutAComma) {
                        "pLASNAM Like 'van Dyke%' and pFIRNAM Like 'Mary%'", "pLASNAM Like 'Mary  van Dyke%'",
                        "pLASNAM Like 'Mary  van%' and pFIRNAM Like 'Dyke%'",
                        "pLASNAM Like 'Mary%' and pFIRNAM Like 'van Dyke%'", "pFIRNAM Like 'Mary  van Dyke%'"}));
+  std::string pasted;
+  for (int word = 0; word < 1'000; ++word) {
+    pasted += "word ";
+  }
+  EXPECT_LE(people::NameConditions(session, pasted).size(), 20U) << "the database takes no statement of thousands";
 }
 
 }  // namespace
