@@ -209,6 +209,7 @@ bool NameSearch::Edit(SearchedField& field) {
 
 bool NameSearch::Remove(SearchedField& field) {
   if (field.Remove()) {
+    awaited_ = 0;
     dbcNameSearch.ListIndex = -1;
   }
   return true;

@@ -63,6 +63,15 @@ TEST(PersonField, IsSearchedAmongThousandsWithoutReadingThemAll) {
   }
   EXPECT_EQ(names.Items->size(), std::size_t{kReferrals});
   EXPECT_EQ(names.Text, "Name09001, Rita --- 9001");
+
+  names.DoKey(forms::Key::Esc);
+  form.txtReferral.DoKey(forms::Key::Down);
+  host.user.answers = [](const forms::Message&) { return forms::Answer::Yes; };
+  names.DoKey(forms::Key::Delete);
+  while (form.DoIdle()) {
+  }
+  form.DoLeave();
+  EXPECT_EQ(form.lblReferral.Caption, "") << "removed before he had arrived, he does not come back";
 }
 
 }  // namespace
