@@ -30,6 +30,15 @@ Sql OfSession(const std::string& session) {
   return "(LocSession=" + Literal(session) + ")";
 }
 
+// Whether a statement changed a row. It is read to its end, where the disk may still refuse it.
+bool Changed(const std::unique_ptr<session::Recordset>& returned) {
+  const bool changed = !returned->Eof();
+  while (!returned->Eof()) {
+    returned->MoveNext();
+  }
+  return changed;
+}
+
 }  // namespace
 
 // Only what every engine understands alike: no statement is translated.
@@ -52,7 +61,7 @@ std::optional<RecordLock> LockTable::Take(const LockedRecord& record, const Reco
                      Literal(lock.process.machine) + ", " + Literal(lock.process.system) + ", " +
                      Whole(lock.process.number) + ", " + Whole(lock.process.started) + ", " + Seconds(lock.beat) +
                      ") ON CONFLICT DO NOTHING RETURNING LocRecID";
-  while (Run(insert)->Eof()) {
+  while (!Changed(Run(insert))) {
     if (auto other = Read(record)) {
       return other;
     }
@@ -84,9 +93,8 @@ std::optional<RecordLock> LockTable::Read(const LockedRecord& record) const {
 
 bool LockTable::Renew(const LockedRecord& record, const std::string& session, std::chrono::sys_seconds now) {
   const std::lock_guard guard(one_at_a_time_);
-  return !Run("UPDATE LockTable SET LocBeat=" + Seconds(now) + " WHERE " + OfSession(session) + " AND " +
-              OfRecord(record) + " RETURNING LocRecID")
-              ->Eof();
+  return Changed(Run("UPDATE LockTable SET LocBeat=" + Seconds(now) + " WHERE " + OfSession(session) + " AND " +
+                     OfRecord(record) + " RETURNING LocRecID"));
 }
 
 void LockTable::RenewAll(const std::string& session, std::chrono::sys_seconds now) {
