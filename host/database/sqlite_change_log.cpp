@@ -53,7 +53,7 @@ std::string TriggersOf(const Table& table) {
   const std::string name(table.name);
   const std::string key(table.key);
   const auto trigger = [&](const std::string& when, const std::string& event, const std::string& condition) {
-    return "CREATE TEMP TRIGGER " + name + when + " AFTER " + event + " ON main." + name +
+    return "CREATE TEMP TRIGGER IF NOT EXISTS " + name + when + " AFTER " + event + " ON main." + name +
            " WHEN change_author() IS NOT NULL AND " + condition;
   };
   const std::string added = PutDown(table, "added", false, true);

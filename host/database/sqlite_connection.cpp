@@ -94,6 +94,14 @@ class SqliteFile {
   std::unique_ptr<SqliteHandle> main;
   SqliteReaders readers;
 
+  // Whoever only looks does not wait for it.
+  void LogBeforeWriting() {
+    if (author != nullptr && !logs_changes) {
+      LogChanges(*main, author);
+      logs_changes = true;
+    }
+  }
+
  private:
   static constexpr int kPrimary = 0xFF;
 
@@ -150,7 +158,9 @@ std::unique_ptr<session::Recordset> SqliteConnection::Execute(const std::string&
   std::unique_ptr<SqliteRecordset> rows;
   for (std::string_view rest = sql; !rest.empty();) {
     SqliteReaders::Lease lease;
-    if (!file_->in_memory && !file_->main->InTransaction() && IsSelect(rest)) {
+    if (!IsSelect(rest)) {
+      file_->LogBeforeWriting();
+    } else if (!file_->in_memory && !file_->main->InTransaction()) {
       lease = file_->readers.Borrow();
     }
     SqliteHandle& handle = lease != nullptr ? *lease : *file_->main;
@@ -184,10 +194,6 @@ void SqliteConnection::RollbackTrans() {
 }
 
 void SqliteConnection::WriteAs(const ChangeAuthor* author) {
-  if (author != nullptr && !file_->logs_changes) {
-    LogChanges(*file_->main, file_->author);
-    file_->logs_changes = true;
-  }
   file_->author = author;
 }
 
