@@ -1,6 +1,7 @@
 #include "data/persons.h"
 
 #include "data/literal.h"
+#include "forms/text.h"
 
 namespace data {
 namespace {
@@ -20,6 +21,13 @@ std::string LastFirst(const session::Value& last, const session::Value& first) {
   const std::string last_name = session::ToText(last);
   const std::string first_name = session::ToText(first);
   return last_name + (last_name.empty() || first_name.empty() ? "" : ", ") + first_name;
+}
+
+std::string MaskedSsn(const session::Value& ssn) {
+  constexpr std::size_t kShown = 4;
+  std::string digits = session::ToText(ssn);
+  std::erase_if(digits, [](char c) { return !forms::IsDigit(c); });
+  return digits.size() <= kShown ? std::string() : "***-**-" + digits.substr(digits.size() - kShown);
 }
 
 std::string NameOfPerson(const Statements& statements, std::int32_t person) {

@@ -12,6 +12,9 @@ namespace data {
 // "Smith, John"; without the comma when there is no first or no last name.
 std::string LastFirst(const session::Value& last, const session::Value& first);
 
+// "***-**-6789": enough to tell two persons apart; empty for a number of four digits or fewer.
+std::string MaskedSsn(const session::Value& ssn);
+
 // As `LastFirst`; empty for 0 and for a person who is not there. Throws session::DatabaseError.
 std::string NameOfPerson(const Statements& statements, std::int32_t person);
 // The same of a person who is a referral source; empty for another.

@@ -1,10 +1,10 @@
 #include "people/frmDatabaseSearch.h"
 
-#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <utility>
 
+#include "data/persons.h"
 #include "forms/text.h"
 #include "people/name_entry.h"
 
@@ -36,14 +36,6 @@ std::string Text(const session::Recordset& person, std::string_view column) {
 
 std::function<std::string(const session::Recordset&)> Column(std::string_view column) {
   return [column](const session::Recordset& person) { return Text(person, column); };
-}
-
-// "***-**-6789": enough to tell two persons apart.
-std::string MaskedSsn(const session::Recordset& person) {
-  constexpr std::size_t kShown = 4;
-  std::string digits = Text(person, "pSSN");
-  std::erase_if(digits, [](char c) { return !forms::IsDigit(c); });
-  return digits.empty() ? digits : "***-**-" + digits.substr(digits.size() - std::min(digits.size(), kShown));
 }
 
 std::string BirthDate(const session::Recordset& person) {
@@ -122,13 +114,14 @@ int frmDatabaseSearch::Search() {
   const auto name = [](const session::Recordset& person) {
     return Text(person, "pFIRNAM") + " " + Text(person, "pLASNAM") + " [ " + Text(person, "pID") + " ]";
   };
+  const auto ssn = [](const session::Recordset& person) { return data::MaskedSsn(person["pSSN"]); };
   const auto address = [](const session::Recordset& person) {
     return Address(Text(person, "pADD1"), Text(person, "pADD2"), Text(person, "pCIT"), Text(person, "pSTA"),
                    Text(person, "pZIP"));
   };
   const auto rows = std::make_shared<editing::RecordsetRows>(
       statements_.Select(NameSearch(context_.session, SearchText, FamilyHeads, SortBy(sort_key_, sort_descending_))),
-      editing::RecordsetRows::Cells{name, Column("pHOMPHO"), Column("pBUSPHO"), MaskedSsn, BirthDate, address,
+      editing::RecordsetRows::Cells{name, Column("pHOMPHO"), Column("pBUSPHO"), ssn, BirthDate, address,
                                     Column("pID")});
   rows->Failed = [this](const session::DatabaseError& error) {
     RowLabel.Caption = Persons(rows_->Count()) + "; the others could not be read";

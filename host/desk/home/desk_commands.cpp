@@ -1,7 +1,10 @@
 #include "home/desk_commands.h"
 
+#include <algorithm>
 #include <array>
 
+#include "entry/form_catalog.h"
+#include "forms/text.h"
 #include "home/frmHome.h"
 #include "practice/logins.h"
 
@@ -106,6 +109,16 @@ constexpr std::array kCommands = {
 };
 
 }  // namespace
+
+std::string DeskCommand::Name() const {
+  const std::string words = forms::WithoutMnemonic(caption);
+  return words.substr(0, words.find('.'));
+}
+
+bool DeskCommand::IsBuilt() const {
+  const auto built = entry::FormNames();
+  return run != nullptr && (screen.empty() || std::ranges::find(built, screen) != built.end());
+}
 
 std::span<const DeskCommand> DeskCommands() {
   return kCommands;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace host {
@@ -19,6 +20,11 @@ struct DeskCommand {
   bool on_card = false;                  // it has a button there
   bool apart = false;                    // a line stands above it in the menu
   void (*run)(frmHome& home) = nullptr;  // null for what is no screen of the suite yet
+
+  // "Find Patient"
+  std::string Name() const;
+  // Not still to come.
+  bool IsBuilt() const;
 };
 
 // In the order of the menus and of what is in them.

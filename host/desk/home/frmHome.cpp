@@ -5,7 +5,6 @@
 
 #include "data/literal.h"
 #include "data/persons.h"
-#include "entry/form_catalog.h"
 #include "forms/phone.h"
 #include "forms/text.h"
 #include "home/patient_card.h"
@@ -21,13 +20,6 @@ using session::Opening;
 using session::RecordKind;
 
 constexpr int kFirstRows = 40;
-constexpr std::string_view kId = "pID";
-
-std::string MaskedSsn(const session::Value& ssn) {
-  constexpr std::size_t kShown = 4;
-  const std::string text = session::ToText(ssn);
-  return text.size() <= kShown ? std::string() : "***-**-" + text.substr(text.size() - kShown);
-}
 
 std::string BirthText(const session::Recordset& patient) {
   const auto birth = session::ToDateTime(patient.Get(kPatientBirth));
@@ -56,26 +48,13 @@ editing::RecordsetRows::Cells PatientCells(forms::Date today) {
       [](const session::Recordset& patient) {
         return data::LastFirst(patient.Get(kProviderLast), patient.Get(kProviderFirst));
       },
-      [](const session::Recordset& patient) { return MaskedSsn(patient.Get(kPatientSsn)); },
+      [](const session::Recordset& patient) { return data::MaskedSsn(patient.Get(kPatientSsn)); },
       [](const session::Recordset& patient) { return session::ToText(patient.Get(kPatientId)); },
   };
 }
 
 std::string Counted(int patients) {
   return std::to_string(patients) + (patients == 1 ? " patient" : " patients");
-}
-
-constexpr std::string_view kToCome = "still to come";
-
-bool IsBuilt(const DeskCommand& command) {
-  const auto built = entry::FormNames();
-  return command.run != nullptr && (command.screen.empty() || std::ranges::find(built, command.screen) != built.end());
-}
-
-// "Find Patient"
-std::string Named(const DeskCommand& command) {
-  const std::string caption = forms::WithoutMnemonic(command.caption);
-  return caption.substr(0, caption.find('.'));
 }
 
 std::string Missing(const DeskCommand& command) {
@@ -86,101 +65,13 @@ std::string Missing(const DeskCommand& command) {
 
 }  // namespace
 
-frmHome::frmHome(const session::ScreenContext& context, std::string practice)
-    : Form("frmHome"), Rules(context), practice_(std::move(practice)) {
-  Add("lblSearch", lblSearch);
-  Add("txtSearch", txtSearch);
-  Add("lblHint", lblHint);
-  Add("pnlList", pnlList);
-  Add("lblResults", lblResults);
-  Add("grdPatients", grdPatients);
-  Add("pnlFirst", pnlFirst);
-  Add("lblFirst", lblFirst);
-  Add("cmdFirst", cmdFirst);
-  Add("pnlCard", pnlCard);
-  Add("pnlAlert", pnlAlert);
-  Add("lblAlert", lblAlert);
-  const std::initializer_list<std::pair<const char*, forms::Label*>> lines = {
-      {"lblName", &lblName},       {"lblFacts", &lblFacts},   {"lblPhones", &lblPhones},
-      {"lblAddress", &lblAddress}, {"lblFamily", &lblFamily}, {"lblCoverage", &lblCoverage}};
-  for (const auto& [name, label] : lines) {
-    Add(name, *label);
-    label->Container = &pnlCard;
-  }
-  Add("lblNoCard", lblNoCard);
-  AddButtons();
-  Add("lblStatus", lblStatus);
-  Add("cmdStatus", cmdStatus);
-  Add("lblWho", lblWho);
-
-  lblSearch.Caption = "Fi&nd a patient";
-  txtSearch.Heading = &lblSearch;
-  txtSearch.Change = [this] { search_due_ = true; };
-  txtSearch.KeyDown = [this](Key key) { return OnSearchKey(key); };
-  lblHint.Caption = "Name, phone number, birth date or ID.  Enter opens, Ctrl+N adds.";
-  grdPatients.Columns = std::vector<forms::GridColumn>{
-      {.key = "Name", .caption = "Name", .width = 170},
-      {.key = "pBIRDAT", .caption = "Birth date", .width = 84},
-      {.key = "Age", .caption = "Age", .width = 44, .align = forms::GridColumn::Align::Center},
-      {.key = "pHOMPHO", .caption = "Phone", .width = 110},
-      {.key = "pCIT", .caption = "City", .width = 110},
-      {.key = "Provider", .caption = "Provider", .width = 120},
-      {.key = "pSSN", .caption = "SSN", .width = 92},
-      {.key = std::string(kId), .caption = "ID", .visible = false}};
-  lblResults.Container = &pnlList;
-  grdPatients.Container = &pnlList;
-  grdPatients.AccessibleName = "Patients";
-  grdPatients.RowColChange = [this] { card_due_ = true; };
-  grdPatients.DblClick = [this] { OpenSoon(); };
-  grdPatients.KeyDown = [this](Key key) { return key == Key::Enter && OpenSoon(); };
-  pnlFirst.Visible = false;
-  lblFirst.Container = &pnlFirst;
-  lblFirst.Caption = "This practice has no patients yet.";
-  cmdFirst.Container = &pnlFirst;
-  cmdFirst.Caption = "Add your &first patient";
-  cmdFirst.Click = [this] { NewPatient(Opening::Mode::New); };
-  pnlCard.Visible = false;
-  pnlAlert.Container = &pnlCard;
-  pnlAlert.BackColor = forms::Color{0xB3, 0x26, 0x1E};
-  lblAlert.Container = &pnlAlert;
-  lblAlert.ForeColor = forms::Color{0xFF, 0xFF, 0xFF};
-  lblNoCard.Caption = "Choose a patient to see the card here.";
-  cmdStatus.Visible = false;
-  cmdStatus.Click = [this] { OpenPatient(told_); };
-  lblWho.Caption = context_.session.UserName() + ", " + practice_ +
-                   (statements_.OfficeScoped() ? ", office " + std::to_string(context_.session.CurrentOfficeID()) : "");
-}
-
-void frmHome::AddButtons() {
-  std::string coming;
-  for (const DeskCommand& command : DeskCommands()) {
-    if (!command.on_card) {
-      continue;
-    }
-    forms::Button& button = CardButtons.emplace_back(command).button;
-    const std::string name = Named(command);
-    Add("cmd" + name.substr(0, name.find(' ')), button);
-    button.Container = &pnlCard;
-    button.Caption = forms::WithoutMnemonic(command.caption);
-    button.ToolTip = Obstacle(command);
-    button.Enabled = button.ToolTip->empty();
-    button.Click = [this, &command] { Do(command); };
-    if (!IsBuilt(command)) {
-      coming += (coming.empty() ? "Still to come: " : ", ") + forms::ToLower(name);
-    }
-  }
-  Add("lblComing", lblComing);
-  lblComing.Container = &pnlCard;
-  lblComing.Caption = coming;
-}
-
 bool frmHome::HasRight(const DeskCommand& command) const {
   return command.right.empty() || context_.session.HasRight(command.right);
 }
 
 std::string frmHome::Obstacle(const DeskCommand& command) const {
-  if (!IsBuilt(command)) {
-    return std::string(kToCome);
+  if (!command.IsBuilt()) {
+    return "still to come";
   }
   return HasRight(command) ? std::string() : Missing(command);
 }
@@ -196,7 +87,7 @@ void frmHome::Do(const DeskCommand& command) {
   if (obstacle.empty()) {
     command.run(*this);
   } else {
-    Tell(Named(command) + ": " + obstacle);
+    Tell(command.Name() + ": " + obstacle);
   }
 }
 
@@ -263,7 +154,7 @@ std::int32_t frmHome::Chosen() const {
   if (row < 0 || row >= grdPatients.RowCount()) {
     return 0;
   }
-  return session::ToId(session::Value(std::string(grdPatients.Cell(row, grdPatients.ColumnIndex(kId)))));
+  return session::ToId(session::Value(std::string(grdPatients.Cell(row, grdPatients.ColumnIndex(kIdColumn)))));
 }
 
 void frmHome::Search() {
@@ -346,7 +237,7 @@ void frmHome::List(std::shared_ptr<forms::GridRows> rows, int chosen) {
 
 int frmHome::RowOf(std::int32_t patient) const {
   const std::string id = std::to_string(patient);
-  const int column = grdPatients.ColumnIndex(kId);
+  const int column = grdPatients.ColumnIndex(kIdColumn);
   for (int row = 0; patient != 0 && row < grdPatients.RowCount(); ++row) {
     if (grdPatients.Cell(row, column) == id) {
       return row;

@@ -85,6 +85,8 @@ class frmHome : public forms::Form, private editing::Rules {
   bool OnIdle() override;
 
  private:
+  static constexpr std::string_view kIdColumn = "pID";
+
   // Enter acts on what was typed before it, which may not have been looked for yet.
   bool OnSearchKey(forms::Key key);
   bool OpenSoon();
