@@ -42,7 +42,7 @@ HomeOfDesk::HomeOfDesk(Desk& desk) : home(desk.Context(), PracticeName(desk.Sess
   home.Load();
 }
 
-MainFrame::MainFrame(Desk& desk, std::function<void()> switch_user)
+MainFrame::MainFrame(Desk& desk, const std::function<void()>& switch_user)
     : HomeOfDesk(desk),
       wxFrame(nullptr, wxID_ANY, ToWx(home.Caption.get())),
       FormWindow(*this, home, desk.User().Pictures(), &desk.Session()),

@@ -19,7 +19,7 @@ struct HomeOfDesk {
 class MainFrame : private HomeOfDesk, public wxFrame, public views::FormWindow {
  public:
   // `switch_user` lets somebody else log in.
-  MainFrame(Desk& desk, std::function<void()> switch_user);
+  MainFrame(Desk& desk, const std::function<void()>& switch_user);
 
   using wxFrame::CallAfter;
 

@@ -39,6 +39,7 @@ void EditingForm::OnSave(std::function<bool()> due, std::function<void()> run) {
 bool EditingForm::Save() {
   bool settled = false;
   return Settle() && Check() && Attempt([&] {
+           RequireHold();
            settled = SettleConflicts();
            if (settled) {
              RunSteps();
@@ -47,10 +48,15 @@ bool EditingForm::Save() {
          settled;
 }
 
-void EditingForm::RunSteps() {
+// Somebody may have taken the record over while a question stood.
+void EditingForm::RequireHold() {
   if (hold_) {
     hold_->Require();
   }
+}
+
+void EditingForm::RunSteps() {
+  RequireHold();
   const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
   for (Step& step : steps_) {
     step.pending = step.pending || step.due();

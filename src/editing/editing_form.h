@@ -90,6 +90,7 @@ class EditingForm : public forms::Form, public Rules {
   // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
   bool SettleConflicts();
   forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;
+  void RequireHold();
   void RunSteps();
 
   std::vector<data::RecordBinding*> records_;

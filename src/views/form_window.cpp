@@ -71,11 +71,11 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
 // What scrolls takes no part in the layout around it, so it lays out by itself.
 void LayOutScrolled(wxWindow& parent) {
   for (wxWindow* child : parent.GetChildren()) {
+    LayOutScrolled(*child);
     if (auto* scrolled = dynamic_cast<wxScrolledWindow*>(child); scrolled != nullptr && scrolled->IsShownOnScreen()) {
       scrolled->FitInside();
       scrolled->Layout();
     }
-    LayOutScrolled(*child);
   }
 }
 

@@ -211,6 +211,7 @@ void frmHome::ListOpenedLast() {
     for (const std::int32_t patient : recent) {
       for (int row = 0; row < read.Count(); ++row) {
         std::vector<std::string> cells;
+        cells.reserve(grdPatients.Columns->size());
         for (int cell = 0; cell < static_cast<int>(grdPatients.Columns->size()); ++cell) {
           cells.emplace_back(read.Text(row, cell));
         }

@@ -55,6 +55,8 @@ class frmHome : public forms::Form, private editing::Rules {
   forms::Label lblWho;
 
   struct CardButton {
+    explicit CardButton(const DeskCommand& given) : command(given) {}
+
     const DeskCommand& command;
     forms::Button button;
   };

@@ -142,7 +142,7 @@ std::optional<PatientCard> ReadPatientCard(const Statements& statements, std::in
   if (person->Eof()) {
     return std::nullopt;
   }
-  const auto or_words = [](std::string text, const char* none) { return text.empty() ? std::string(none) : text; };
+  const auto or_words = [](const std::string& text, const char* none) { return text.empty() ? none : text; };
   return PatientCard{.name = data::LastFirst((*person)["pLASNAM"], (*person)["pFIRNAM"]),
                      .facts = Facts(*person, today),
                      .alert = Text(*person, "pMEDALE"),

@@ -164,9 +164,10 @@ bool IsNumber(std::string_view text) {
 class RowsInTurn : public session::Recordset {
  public:
   RowsInTurn(const Statements& statements, std::vector<Sql> searches)
-      : statements_(statements), searches_(std::move(searches)) {
-    Next();
-    fields_ = rows_->Fields();
+      : statements_(statements),
+        searches_(std::move(searches)),
+        rows_(statements_.Select(searches_.front())),
+        fields_(rows_->Fields()) {
     SkipSeen();
   }
 
@@ -198,7 +199,7 @@ class RowsInTurn : public session::Recordset {
 
   Statements statements_;
   std::vector<Sql> searches_;
-  std::size_t next_ = 0;
+  std::size_t next_ = 1;
   std::unique_ptr<session::Recordset> rows_;
   std::vector<session::Field> fields_;
   std::set<std::int32_t> seen_;

@@ -39,6 +39,7 @@ class Home : public testing::Test {
   }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(home_.grdPatients.RowCount()));
     for (int row = 0; row < home_.grdPatients.RowCount(); ++row) {
       names.emplace_back(home_.grdPatients.Cell(row, 0));
     }

@@ -34,7 +34,7 @@ class Keyboard {
   std::string Next() {
     ++pressed;
     const std::size_t size = left_.front() == '<' ? left_.find('>') + 1 : 1;
-    const std::string key = left_.substr(0, size);
+    std::string key = left_.substr(0, size);
     left_.erase(0, size);
     return key;
   }
