@@ -109,7 +109,7 @@ TEST_F(ComponentTest, TellsThePersonWhatTheHostLacks) {
   const auto pv = ScriptedObject::Make();
   screen->putref_PV(pv.Get());
   EXPECT_EQ(screen->Load_PatInfo_Small(&typed_id, nullptr, nullptr), S_OK);
-  EXPECT_NE(Told().find("does not offer \"HoldRecord\""), std::string::npos);
+  EXPECT_NE(Told().find("does not offer \"Connection\""), std::string::npos);
   EXPECT_EQ(automation::ToText(id), "7");
   EXPECT_EQ(typed, 5);
 }
@@ -204,7 +204,7 @@ TEST_F(ComponentTest, OpensScreensOnOneThreadAtATime) {
     }).join();
   };
   const auto pv = ScriptedObject::Make();
-  pv->Add("HoldRecord", [&](const automation::CallArguments&) {
+  pv->Add("Connection", [&](const automation::CallArguments&) {
     ask_elsewhere(results[0]);
     return Variant::Of(true);
   });

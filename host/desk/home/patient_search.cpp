@@ -31,16 +31,16 @@ Sql Beginning(const Sql& what, std::string_view text) {
   return what + " >= " + Literal(text) + " AND " + what + " < " + Literal(std::string(text) + "\U0010FFFF");
 }
 
-// The engine's indexes fold the letters of ASCII alone: in them a name is sought by what stands before the first other
-// letter, or among the few that begin with one, and folded whole only there.
+// The engine's indexes fold the letters of ASCII alone: in them a name with another letter is sought by what stands
+// before that, and folded whole only among the few that have such a letter there too.
 Sql NameBeginning(Words column, std::string_view name) {
   const auto other = std::ranges::find_if(name, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
   if (other == name.end()) {
     return Beginning(column, name);
   }
-  const std::string_view ascii(name.begin(), other);
-  const Sql range = ascii.empty() ? Sql(column) + " >= " + Literal("\u0080") : Beginning(column, ascii);
-  return range + " AND " + Beginning(column, name);
+  const std::string ascii(name.begin(), other);
+  return Sql(column) + " >= " + Literal(ascii + "\u0080") + " AND " + column + " < " + Literal(ascii + "\U0010FFFF") +
+         " AND " + Beginning(column, name);
 }
 
 class NameSearches {
