@@ -146,27 +146,10 @@ bool EditingForm::QueryClose() {
 }
 
 bool EditingForm::OnKey(forms::Key key) {
-  if (key == forms::Key::CtrlS && MayModify()) {
-    SaveAndStay();
-  }
-  return key == forms::Key::CtrlS;
-}
-
-// The rule of the field runs first, as when the person leaves it for a button.
-void EditingForm::SaveAndStay() {
-  forms::Control* field = ActiveControl();
-  if (field != nullptr && forms::DropPanelUnder(*field) != nullptr) {
-    field = NextStop(field, true);
-  }
-  if (!DoLeave()) {
-    return;
-  }
-  if (Unsaved()) {
+  if (key == forms::Key::CtrlS && MayModify() && Settle() && Unsaved()) {
     Save();
   }
-  if (ActiveControl() == nullptr && field != nullptr && !Closed()) {
-    SetFocus(*field);
-  }
+  return key == forms::Key::CtrlS;
 }
 
 void EditingForm::Hold(const std::string& table, std::int32_t id) {

@@ -86,7 +86,6 @@ class EditingForm : public forms::Form, public Rules {
     bool pending = false;
   };
 
-  void SaveAndStay();
   // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
   bool SettleConflicts();
   forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;
