@@ -69,8 +69,7 @@ bool Desk::LogIn() {
 
 void Desk::AskForUser() {
   frmLogin login = LoginOf(practice_);
-  login.Office = session_->CurrentOfficeID();
-  login.LockFor(session_->UserName());
+  login.LockFor(session_->UserName(), session_->CurrentOfficeID());
   user_.Show(login);
 }
 

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "data/literal.h"
+#include "data/persons.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -92,7 +93,7 @@ bool frmTGList::IsOurs() const {
       ours = session::ToText(person->Get(i)) == Chosen(person->Fields()[i].name);
     }
     if (!ours) {
-      Tell(Chosen("Last Name") + ", " + Chosen("First Name") +
+      Tell(data::LastFirst(Chosen("Last Name"), Chosen("First Name")) +
                " is a person of another office, or has been changed meanwhile. Nothing was done.",
            forms::Icon::Information);
     }

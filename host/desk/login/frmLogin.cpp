@@ -80,8 +80,10 @@ void frmLogin::Remember(const std::string& user) {
   }
 }
 
-void frmLogin::LockFor(const std::string& user) {
+void frmLogin::LockFor(const std::string& user, std::int32_t office) {
   locked_ = true;
+  cboOffice.ListIndex = cboOffice.IndexOfData(office);
+  ChooseOffice();
   Caption = "Locked";
   Remember(user);
   txtUser.ReadOnly = true;

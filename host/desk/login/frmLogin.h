@@ -31,8 +31,8 @@ class frmLogin : public forms::Form {
 
   // Set before it is shown: who worked here last.
   void Remember(const std::string& user);
-  // The same window for a desk that locked itself: it opens for its user only, and cannot be given up.
-  void LockFor(const std::string& user);
+  // The same window for a desk that locked itself: it opens for its user in his office only, and cannot be given up.
+  void LockFor(const std::string& user, std::int32_t office);
 
   forms::Label lblPractice;
   forms::Label lblUser;

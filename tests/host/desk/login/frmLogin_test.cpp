@@ -75,8 +75,10 @@ TEST(FrmLogin, SaysWhenTheDatabaseCannotBeRead) {
 
 TEST(FrmLogin, ALockedDeskOpensForItsUserOnly) {
   std::int32_t office = 0;
-  frmLogin form({{1, "Bay Dental", ""}}, 1, OnlyAnn(office));
-  form.LockFor("ann");
+  frmLogin form({{1, "Bay Dental", ""}, {2, "Hill Dental", "hint"}}, 1, OnlyAnn(office));
+  form.LockFor("ann", 2);
+  EXPECT_EQ(form.lblPractice.Caption.get(), "Hill Dental");
+  EXPECT_FALSE(form.lblHint.Visible);
   form.DoKey(forms::Key::Esc);
   EXPECT_FALSE(form.DoClose());
   EXPECT_TRUE(form.txtPassword.HasFocus());
@@ -89,6 +91,7 @@ TEST(FrmLogin, ALockedDeskOpensForItsUserOnly) {
   form.txtPassword.DoType("pw");
   form.txtPassword.DoKey(forms::Key::Enter);
   EXPECT_TRUE(form.Closed());
+  EXPECT_EQ(office, 2);
 }
 
 TEST(FrmLogin, IsGivenUpByCancel) {
