@@ -78,6 +78,7 @@ const std::vector<Screen>& AllScreens() {
                {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2, RecordKind::ReferInOut,
                 RecordKind::Referral},
                "providers, referrals and physicians"),
+      NotBuilt("frmEmployer", {RecordKind::Employer}, "employers"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
       NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),

@@ -16,6 +16,7 @@
 #include "forms/label.h"
 #include "forms/panels.h"
 #include "forms/tool_bar.h"
+#include "lookup/delete_flow.h"
 #include "lookup/list_events.h"
 #include "lookup/list_statement.h"
 #include "session/screens.h"
@@ -44,6 +45,8 @@ class frmTGList : public forms::Form, private editing::Rules {
   // How New opens the editing screen; Edit opens it on the current record. Without it New is the caller's to carry
   // out, and nothing can be edited.
   std::optional<session::Opening> Edits;
+  // What Delete does with the current record; null where nothing is deleted.
+  DeleteFlow Deletes = nullptr;
   ListEvents Events;
 
   // Shows the list unless the request skips it, and gives the result. Where it closed for a navigation command the
@@ -92,6 +95,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   void ToolStrip_ItemClicked(const std::string& key);
 
   void EditCurrent();
+  void DeleteCurrent();
   // Whether the current row is a record of this office; says so when it is not.
   bool IsOurs() const;
 

@@ -55,7 +55,7 @@ void frmTGList::Setup_ToolBar() {
 void frmTGList::ShowToolButtons() {
   ToolStrip["New"].Visible = AllowEdit;
   ToolStrip["Edit"].Visible = AllowEdit && Edits.has_value();
-  ToolStrip["Delete"].Visible = AllowEdit && Options.allow_delete;
+  ToolStrip["Delete"].Visible = AllowEdit && Options.allow_delete && Deletes != nullptr;
   ToolStrip["RemFilt"].Visible = true;
   ShowNavigation();
   ShowSeparators();
@@ -73,6 +73,12 @@ void frmTGList::EditCurrent() {
                                 .buttons = forms::kYesNo,
                                 .icon = forms::Icon::Question}) == forms::Answer::Yes) {
     DotNetGrid_AddRecord();
+  }
+}
+
+void frmTGList::DeleteCurrent() {
+  if (DotNetGrid.Row >= 0 && Deletes(context_, Options, {CurrentID(), Chosen(NamFld.Caption.get())})) {
+    Requery(conditions_, sort_, 0);
   }
 }
 
@@ -142,8 +148,7 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
   } else if (key == "Edit") {
     EditCurrent();
   } else if (key == "Delete") {
-    context_.user.Tell("Deleting from the " + TitleText() + " is not part of this version yet. Nothing was changed.",
-                       std::string(forms::kSuiteTitle), forms::Icon::Information);
+    DeleteCurrent();
   } else {
     GoTo(key);
   }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "data/literal.h"
+#include "lookup/delete_person.h"
 #include "lookup/shared_lists.h"
 
 namespace lookup {
@@ -17,6 +18,7 @@ ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
   ListDefinition list;
   list.kind_key = "pTypEmp";
   list.edits = session::RecordKind::Employee;
+  list.deletes = DeleteEmployee;
   list.title = "Employee List";
   list.window_texts = {"emplScreen", "ID Num", "Name", "[First Name]", "[Last Name]", "Title", "[ID Num]"};
   if (allow_delete) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/statements.h"
+#include "lookup/delete_flow.h"
 #include "session/screens.h"
 
 namespace lookup {
@@ -16,6 +17,8 @@ struct ListDefinition {
   std::string kind_key;
   // What the list's New and Edit edit; nothing for a list whose caller adds.
   std::optional<session::RecordKind> edits = {};
+  // What the list's Delete does; null where nothing is deleted.
+  DeleteFlow deletes = nullptr;
   std::string title;    // unless the caller gives one
   std::string caption;  // of the window; empty for the title
   // The list's name, its ID and its name column, then the columns that a person tells the rows apart by and the

@@ -40,6 +40,7 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookU
     window.Edits = session::Opening{
         .kind = *list.edits, .carrier = options.group_plan_company, .new_employee_login = options.new_employee_login};
   }
+  window.Deletes = list.deletes;
   window.AllowEdit = list.edits.has_value();
   if (!list.kind_key.empty()) {
     context.session.SetCurrentPersonType(list.kind_key);

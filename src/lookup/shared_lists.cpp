@@ -3,6 +3,8 @@
 #include <stdexcept>
 
 #include "data/literal.h"
+#include "lookup/delete_person.h"
+#include "lookup/delete_shared_record.h"
 
 namespace lookup {
 namespace {
@@ -19,7 +21,7 @@ struct PersonKind {
   const char* list_name = nullptr;
   const char* layout_key = nullptr;
   Words condition;
-  bool deletable = false;
+  DeleteFlow deletes = nullptr;
 };
 
 // Compared for equality, which an index on the flag answers at once in a practice of any size.
@@ -36,24 +38,20 @@ constexpr Words kFamilyHeads =
 PersonKind PersonKindOf(session::LookUpListTypes type) {
   switch (type) {
     case session::lulProvider:
-      return {"pTypDoc", RecordKind::Provider, "Provider List", "Provider", "frmTGList_PROV", kProviders, true};
+      return {"pTypDoc",        RecordKind::Provider, "Provider List", "Provider",
+              "frmTGList_PROV", kProviders,           DeleteProvider};
     case session::lulPhysician1:
-      return {"pTypPhy1", RecordKind::Physician1, "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians, false};
+      return {"pTypPhy1", RecordKind::Physician1, "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians};
     case session::lulPhysician2:
-      return {"pTypPhy2", RecordKind::Physician2, "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians, false};
+      return {"pTypPhy2", RecordKind::Physician2, "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians};
     case session::lulReferInOut:
-      return {"pTypPhyRefOut",
-              RecordKind::ReferInOut,
-              "Refer In/Out List",
-              "ReferInOut",
-              "frmTGList_RFIO",
-              kReferredInOrOut,
-              false};
+      return {"pTypPhyRefOut", RecordKind::ReferInOut, "Refer In/Out List",
+              "ReferInOut",    "frmTGList_RFIO",       kReferredInOrOut};
     case session::lulReferral:
-      return {"pTypRef", RecordKind::Referral, "Referred By List", "Referral", "frmTGList_REFE", kReferrals, false};
+      return {"pTypRef", RecordKind::Referral, "Referred By List", "Referral", "frmTGList_REFE", kReferrals};
     case session::lulFamilyHead:
-      return {"pTypPat", RecordKind::FamilyMember, "Family Head List", "FamilyHead", "frmTGList_FAMH", kFamilyHeads,
-              true};
+      return {"pTypPat",    RecordKind::FamilyMember, "Family Head List", "FamilyHead", "frmTGList_FAMH",
+              kFamilyHeads, DeleteFamilyHead};
     default:
       throw std::out_of_range("no list of persons");
   }
@@ -75,9 +73,10 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   ListDefinition list;
   list.kind_key = kind.key;
   list.edits = kind.edits;
+  list.deletes = kind.deletes;
   list.title = kind.title;
   list.window_texts = {kind.list_name, "ID Num", "Name", "[First Name]", "[Last Name]", "[ID Num]"};
-  if (kind.deletable) {
+  if (kind.deletes != nullptr) {
     AddDelete(list, options);
   }
   Sql condition = Sql("(") + kind.condition + ")";
@@ -102,6 +101,7 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
 ListDefinition InsuranceCompanyList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::Carrier;
+  list.deletes = DeleteCarrier;
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
   AddDelete(list, options);
@@ -121,6 +121,8 @@ ListDefinition InsuranceCompanyList(const Statements& statements, const session:
 
 ListDefinition EmployerList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
+  list.edits = RecordKind::Employer;
+  list.deletes = DeleteEmployer;
   list.title = "Employer List";
   list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
   AddDelete(list, options);
@@ -139,6 +141,7 @@ ListDefinition EmployerList(const Statements& statements, const session::ListOpt
 ListDefinition GroupPlanList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::GroupPlan;
+  list.deletes = DeleteGroupPlan;
   list.title = "Group Plan List";
   list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
                        "[Group Number]", "[Plan Name]", "[ID Num]"};
@@ -163,6 +166,7 @@ ListDefinition GroupPlanList(const Statements& statements, const session::ListOp
 ListDefinition PharmacyList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
   list.edits = RecordKind::Pharmacy;
+  list.deletes = DeletePharmacy;
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
   AddDelete(list, options);

@@ -40,6 +40,7 @@ enum class RecordKind {
   ReferInOut,
   Referral,
   Employee,
+  Employer,
   Carrier,
   Pharmacy,
   GroupPlan,

@@ -46,7 +46,8 @@ constexpr std::array kKinds = {KnownKind{"Patient", {"pID", "PATable", "pTypPat=
                                KnownKind{"ReferInOut", {"pID", "PATable", "pTypRef='1'"}},
                                KnownKind{"Referral", {"pID", "PATable", "pTypRef='1'"}},
                                KnownKind{"Employee", {"pID", "PATable", "pTypEmp='1'"}},
-                               KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
+                               KnownKind{"Employer", {"EmpInd", "EmpTable"}},
+               KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
                                KnownKind{"Pharmacy", {"PhaID", "PhaTable"}},
                                KnownKind{"GroupPlan", {"GroPlaInd", "GroPlaTable"}},
                                KnownKind{"RecallMaster", {"RCRecNum", "RSTable", "RCRecNum<>0"}}};
