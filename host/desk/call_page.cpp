@@ -83,8 +83,7 @@ void CallPage::Choose(const wxString& title, const entry::Dispatch& members, con
 }
 
 void CallPage::ShowEvent(const std::string& event, const std::string& arguments) {
-  const bool leads_away = event == "SwapModuleCalled";
-  Add(event, leads_away ? arguments + " (a screen of the suite's own: it would come up here)" : arguments);
+  Add(event, arguments);
 }
 
 // A truth value is a box to tick; everything else is typed.

@@ -39,6 +39,9 @@ HomeOfDesk::HomeOfDesk(Desk& desk) : home(desk.Context(), PracticeName(desk.Sess
       home.PatientSaved(record.id);
     }
   };
+  desk.Classes().OnSwapModule = [this](const std::string& where_to, const std::string& designation) {
+    home.GoTo(where_to, session::ToId(session::Value(designation.substr(0, designation.find(',')))));
+  };
   home.Load();
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "entry/dispatch.h"
 #include "forms/user.h"
@@ -22,6 +23,8 @@ class PublicClasses {
 
   // A list's event by its name, with its arguments as text ("New, 17").
   std::function<void(const std::string& event, const std::string& arguments)> OnEvent;
+  // A list has closed for a command of the suite's ("Patient"), on the record that the designation begins with.
+  std::function<void(const std::string& where_to, const std::string& designation)> OnSwapModule;
 
   virtual entry::Dispatch EditingScreen() = 0;
   virtual entry::Dispatch LookUpList() = 0;
@@ -29,6 +32,10 @@ class PublicClasses {
   virtual void HandOver(std::shared_ptr<HostSession> session) = 0;
   // The window that the screens stand before; nullptr for none.
   virtual void SetOwner(wxWindow* window) = 0;
+
+ protected:
+  // Passes an event on to who listens.
+  void Hear(const std::string& event, const std::vector<std::string>& arguments) const;
 };
 
 // Makes the classes for the person at the host's own windows.

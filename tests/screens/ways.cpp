@@ -47,7 +47,7 @@ constexpr std::array kKinds = {KnownKind{"Patient", {"pID", "PATable", "pTypPat=
                                KnownKind{"Referral", {"pID", "PATable", "pTypRef='1'"}},
                                KnownKind{"Employee", {"pID", "PATable", "pTypEmp='1'"}},
                                KnownKind{"Employer", {"EmpInd", "EmpTable"}},
-               KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
+                               KnownKind{"Carrier", {"InsCoInd", "InsCoTable"}},
                                KnownKind{"Pharmacy", {"PhaID", "PhaTable"}},
                                KnownKind{"GroupPlan", {"GroPlaInd", "GroPlaTable"}},
                                KnownKind{"RecallMaster", {"RCRecNum", "RSTable", "RCRecNum<>0"}}};

@@ -10,6 +10,7 @@
 #include "home/patient_card.h"
 #include "home/patient_search.h"
 #include "home/recent_patients.h"
+#include "home/suite_commands.h"
 #include "practice/logins.h"
 
 namespace host {
@@ -110,8 +111,11 @@ bool frmHome::OnIdle() {
     OpenPatient(Chosen());
   } else if (std::exchange(card_due_, false)) {
     ShowCard();
+  } else if (!going_to_.first.empty()) {
+    const auto [command, id] = std::exchange(going_to_, {});
+    Arrive(command, id);
   }
-  return search_due_ || open_due_ || card_due_;
+  return search_due_ || open_due_ || card_due_ || !going_to_.first.empty();
 }
 
 bool frmHome::OnSearchKey(Key key) {
@@ -320,8 +324,16 @@ void frmHome::OpenFamily() {
 }
 
 void frmHome::ShowList(session::LookUpListTypes type) {
-  context_.screens.ShowList(type, {});
+  context_.screens.ShowList(type, {.show_patient_buttons = true});
   Refresh();
+}
+
+void frmHome::Arrive(const std::string& command, std::int32_t id) {
+  if (command == "Patient") {
+    OpenPatient(id);
+    return;
+  }
+  context_.user.Tell(ToldOfSuite(command), std::string(forms::kSuiteTitle), forms::Icon::Information);
 }
 
 void frmHome::Call(std::string_view method) {

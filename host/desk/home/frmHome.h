@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "editing/recordset_rows.h"
 #include "editing/rules.h"
@@ -78,6 +79,9 @@ class frmHome : public forms::Form, private editing::Rules {
   void ShowOpenedLast();
   // Reads everything anew.
   void Refresh();
+  // A list closed for a command of the suite's ("Patient"), on the record of that ID. Carried out when the list has
+  // returned.
+  void GoTo(std::string command, std::int32_t id) { going_to_ = {std::move(command), id}; }
   // A screen saved a patient.
   void PatientSaved(std::int32_t patient) { saved_ = patient; }
 
@@ -105,6 +109,7 @@ class frmHome : public forms::Form, private editing::Rules {
   void ShowCard();
   void AddButtons();
 
+  void Arrive(const std::string& command, std::int32_t id);
   // Back from a screen: the list begins anew, with the patient chosen.
   void Return(std::int32_t patient);
   void Tell(std::string text, std::int32_t patient = 0);
@@ -115,9 +120,10 @@ class frmHome : public forms::Form, private editing::Rules {
   bool card_due_ = false;
   bool open_due_ = false;
   bool has_patients_ = true;
-  std::int32_t wanted_ = 0;  // the patient to choose in the next list
-  std::int32_t saved_ = 0;   // by the screen that is open
-  std::int32_t told_ = 0;    // the patient that the status leads to
+  std::pair<std::string, std::int32_t> going_to_;  // a command and its record; empty for none
+  std::int32_t wanted_ = 0;                        // the patient to choose in the next list
+  std::int32_t saved_ = 0;                         // by the screen that is open
+  std::int32_t told_ = 0;                          // the patient that the status leads to
 };
 
 }  // namespace host

@@ -29,12 +29,12 @@ class OwnerForm final : public automation::NamedObject {
 // Hears a list's events, which come by their numbers in the type library: 1 for the first member, and so on.
 class ListSink final : public automation::NamedObject {
  public:
-  using Hear = std::function<void(const std::string& event, const std::string& arguments)>;
+  using Hear = std::function<void(const std::string& event, const std::vector<std::string>& arguments)>;
 
   explicit ListSink(const Hear& hear) {
     for (const char* event : {"SwapModuleCalled", "ButtonClicked"}) {
       Add(event, [hear, event](const CallArguments& arguments) {
-        hear(event, arguments.Text(0) + ", " + arguments.Text(1));
+        hear(event, {arguments.Text(0), arguments.Text(1)});
         return Variant();
       });
     }
@@ -52,12 +52,8 @@ class ListSink final : public automation::NamedObject {
 class ComponentClasses : public PublicClasses {
  public:
   ComponentClasses() {
-    const ComPtr<IDispatch> sink =
-        ComPtr<IDispatch>::Adopt(new ListSink([this](const std::string& event, const std::string& arguments) {
-          if (OnEvent) {
-            OnEvent(event, arguments);
-          }
-        }));
+    const ComPtr<IDispatch> sink = ComPtr<IDispatch>::Adopt(new ListSink(
+        [this](const std::string& event, const std::vector<std::string>& arguments) { Hear(event, arguments); }));
     Check(list_.As<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(DLookUpListEvents), events_.Out()));
     Check(events_->Advise(sink.Get(), &connection_));
   }

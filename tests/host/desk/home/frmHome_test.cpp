@@ -149,6 +149,19 @@ TEST_F(Home, OffersTheFirstPatientOfANewPractice) {
   EXPECT_EQ(home_.lblStatus.Caption.get(), "No patient was added");
 }
 
+TEST_F(Home, GoesWhereAListLeads) {
+  home_.GoTo("Patient", 2);
+  EXPECT_THAT(host_.screens.opened, IsEmpty()) << "the list has not returned yet";
+  Pause();
+  ASSERT_EQ(host_.screens.opened.size(), 1U);
+  EXPECT_EQ(host_.screens.opened.back().id, 2);
+  EXPECT_EQ(home_.cmdStatus.Caption.get(), "Closed Reed, Rita");
+  home_.GoTo("Aging", 1);
+  Pause();
+  EXPECT_EQ(host_.screens.opened.size(), 1U);
+  EXPECT_THAT(host_.user.told, ElementsAre(HasSubstr("the suite would open the aging table of the family's account.")));
+}
+
 TEST_F(Home, SaysWhyACommandCannotBeGiven) {
   EXPECT_EQ(home_.Obstacle(Command("Fa&mily...")), "still to come");
   EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: family"));
