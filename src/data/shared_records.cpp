@@ -1,0 +1,186 @@
+#include "data/shared_records.h"
+
+#include <map>
+#include <vector>
+
+#include "data/literal.h"
+#include "data/shared_record_texts.h"
+
+namespace data {
+
+int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
+  if (kind == SharedRecord::Pharmacy) {
+    return session::ToId(statements_.SelectValue("SELECT DISTINCT Count(pID) FROM PATable WHERE (pPhaID=" +
+                                                 Literal(id) + ")" + statements_.Office(" and (OfficeID = ", ") ")));
+  }
+  return session::ToId(statements_.SelectValue(
+      Sql("SELECT Count(PatEmpTable.PatEmpID) FROM ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
+          "PatEmpTable.PatEmpElID") +
+      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") + " WHERE (ELTable." +
+      LinkColumn(kind) + "=" + Literal(id) + ") AND (ELTable.elFla=0) AND (PatEmpTable.PatEmpFla=0)" +
+      statements_.Office(" and (ELTable.OfficeID = ", ") ")));
+}
+
+int SharedRecords::CoveragesOfCarrier(std::int32_t carrier) const {
+  return session::ToId(statements_.SelectValue(
+      Sql("SELECT Count([CovTable].[CovID]) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
+          "PatEmpTable.PatEmpElID") +
+      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") +
+      ") INNER JOIN CovTable ON PatEmpTable.PatEmpID = CovTable.CovSubPatEmpID" +
+      statements_.OfficeJoin(" and (PatEmpTable.OfficeID = CovTable.OfficeID) ") + " WHERE (ELTable.elInsID=" +
+      Literal(carrier) + ") AND (ELTable.elFla=0) AND (PatEmpTable.PatEmpFla=0) AND (CovTable.CovFla=0)" +
+      statements_.Office(" and (ELTable.OfficeID = ", ") ")));
+}
+
+void SharedRecords::Replace(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
+  if (old_id == new_id) {
+    return;
+  }
+  if (!NameOf(session_, kind, new_id)) {
+    throw session::DatabaseError("The record that was to take its place is not there any more.", {}, 0);
+  }
+  if (kind == SharedRecord::Pharmacy) {
+    statements_.Execute("UPDATE PATable SET pPhaID=" + Literal(new_id) + " WHERE (pPhaID=" + Literal(old_id) + ")" +
+                        statements_.Office(" and (OfficeID = ", ") "));
+    return;
+  }
+  MoveSubscribers(kind, old_id, new_id);
+  if (kind != SharedRecord::PlanLink) {
+    links_.End(kind, old_id);
+  }
+  if (kind == SharedRecord::Carrier) {
+    MovePlans(old_id, new_id);
+  }
+}
+
+// A subscriber's entry is written with the last of his holdings: a replacement that stops before it is told by the one
+// that finishes it.
+void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
+  session::LogEntry entry = ReplacedEntry(session_, kind, old_id, new_id);
+  const std::vector<PlanLink> links = links_.Using(kind, old_id);
+  std::map<std::int32_t, int> to_move;  // live holdings of each subscriber
+  for (const PlanLink& link : links) {
+    for (const Holding& holding : holdings_.On(link.id)) {
+      to_move[holding.subscriber] += holding.live ? 1 : 0;
+    }
+  }
+  for (const PlanLink& link : links) {
+    const std::int32_t successor = Successor(link, kind, new_id);
+    for (const Holding& holding : holdings_.On(link.id)) {
+      int& left = to_move[holding.subscriber];
+      left -= holding.live ? 1 : 0;
+      holdings_.Move(holding.id, successor, [&] {
+        if (left == 0) {
+          entry.person = holding.subscriber;
+          session_.Log(entry);
+        }
+      });
+    }
+    links_.MoveEmployersOfPersons(link.id, successor);
+  }
+}
+
+std::int32_t SharedRecords::Successor(const PlanLink& link, SharedRecord kind, std::int32_t new_id) const {
+  PlanLink next = link;
+  if (kind == SharedRecord::Employer) {
+    next.employer = new_id;
+  } else if (kind == SharedRecord::Carrier) {
+    next.carrier = new_id;
+  } else if (kind == SharedRecord::GroupPlan) {
+    next.plan = new_id;
+    next.carrier = CarrierOfPlan(new_id);
+  } else if (const auto taken = links_.Get(new_id)) {
+    if (taken->live && taken->employer == link.employer) {
+      return new_id;
+    }
+    next.carrier = taken->carrier;
+    next.plan = taken->plan;
+  }
+  return links_.Open(next.employer, next.carrier, next.plan, link.start);
+}
+
+std::int32_t SharedRecords::CarrierOfPlan(std::int32_t plan) const {
+  return session::ToId(statements_.SelectValue("SELECT GroPlaInsID FROM GroPlaTable WHERE GroPlaInd=" + Literal(plan) +
+                                               statements_.Office()));
+}
+
+// Details that the new carrier has under a group number win over those of the old one.
+void SharedRecords::MovePlans(std::int32_t old_carrier, std::int32_t new_carrier) const {
+  const Sql office = statements_.Office(" and (OfficeID = ", ") ");
+  statements_.Execute("UPDATE GroPlaTable SET GroPlaTable.GroPlaInsID=" + Literal(new_carrier) +
+                      " WHERE (GroPlaTable.GroPlaInsID=" + Literal(old_carrier) + ")" + office);
+  statements_.Execute("UPDATE IPTable SET IPInsCoID=" + Literal(new_carrier) +
+                      " WHERE (IPInsCoID=" + Literal(old_carrier) +
+                      ") AND (IPGroNum NOT IN (SELECT IPGroNum FROM IPTable WHERE (IPInsCoID=" + Literal(new_carrier) +
+                      ") AND (IPGroNum IS NOT NULL)" + office + "))" + office);
+}
+
+void SharedRecords::Delete(SharedRecord kind, std::int32_t id) const {
+  if (kind != SharedRecord::Pharmacy) {
+    RemoveSubscribers(kind, id);
+    links_.End(kind, id);
+  }
+  switch (kind) {
+    case SharedRecord::Employer:
+      DeleteRows("EmpTable WHERE EmpInd=", id);
+      break;
+    case SharedRecord::GroupPlan:
+      DeleteDetailsOf(id);
+      DeleteRows("GroPlaTable WHERE GroPlaInd=", id);
+      break;
+    case SharedRecord::Carrier:
+      DeleteRows("IPTable WHERE IPTable.IPInsCoID=", id);
+      DeleteRows("InsCoTable WHERE InsCoInd=", id);
+      DeleteRows("GroPlaTable WHERE GroPlaTable.GroPlaInsID=", id);
+      break;
+    case SharedRecord::Pharmacy:
+      DeleteRows("PhaTable WHERE PhaID=", id);
+      break;
+    case SharedRecord::PlanLink:
+      break;
+  }
+}
+
+// Who loses his plan keeps his employer.
+void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const {
+  session::LogEntry entry = DeletedEntry(session_, kind, id);
+  for (const PlanLink& link : links_.Using(kind, id)) {
+    for (const Holding& holding : holdings_.On(link.id)) {
+      holdings_.Remove(holding.id, [&] {
+        entry.person = holding.subscriber;
+        session_.Log(entry);
+      });
+    }
+    const bool employer_goes = kind == SharedRecord::Employer || link.IsNone();
+    links_.MoveEmployersOfPersons(link.id, employer_goes ? 0 : links_.OpenNone(link.employer));
+  }
+}
+
+// Details are known by carrier and group number, which plans of one carrier may share. Carrier 0 has the office's own.
+void SharedRecords::DeleteDetailsOf(std::int32_t plan) const {
+  const std::int32_t carrier = CarrierOfPlan(plan);
+  if (carrier == 0) {
+    return;
+  }
+  const std::string group_number = session::ToText(statements_.SelectValue(
+      "SELECT GroPlaGroNum FROM GroPlaTable WHERE GroPlaInd=" + Literal(plan) + statements_.Office()));
+  const session::Value others =
+      statements_.SelectValue("SELECT Count(GroPlaInd) FROM GroPlaTable WHERE (GroPlaInsID=" + Literal(carrier) +
+                              ") AND (GroPlaGroNum=" + Literal(group_number) + ") AND (GroPlaInd<>" + Literal(plan) +
+                              ")" + statements_.Office());
+  if (session::ToId(others) == 0) {
+    DeletePlanDetails(carrier, group_number);
+  }
+}
+
+void SharedRecords::DeletePlanDetails(std::int32_t carrier, std::string_view group_number) const {
+  statements_.Execute("DELETE * FROM IPTable WHERE (((IPTable.IPInsCoID)=" + Literal(carrier) +
+                      ") AND ((IPTable.IPGroNum)=" + Literal(group_number) + "))" +
+                      statements_.Office(" and (OfficeID = ", ") "));
+}
+
+void SharedRecords::DeleteRows(Words from, std::int32_t id) const {
+  statements_.Execute(Sql("DELETE * FROM ") + from + Literal(id) + statements_.Office(" and (OfficeID = ", ") "));
+}
+
+}  // namespace data
