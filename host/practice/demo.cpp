@@ -4,6 +4,7 @@
 #include "practice/demo_insurance.h"
 #include "practice/demo_office.h"
 #include "practice/demo_recalls.h"
+#include "practice/demo_schedule.h"
 #include "practice/demo_staff.h"
 #include "practice/settings.h"
 
@@ -36,6 +37,7 @@ Practice MakeDemo(const std::string& url, const DemoOptions& options) {
       const std::int32_t location = records.staff.locations.front();
       records.insurance = demo::MakeInsurance(office, options.patients, location);
       records.recalls = demo::MakeRecallMasters(office, location);
+      records.operatories = demo::MakeSchedule(office, records.staff);
       demo::MakeFamilies(office, records, options.patients);
     }
   });

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "practice/demo_schedule.h"
+
 namespace host::demo {
 namespace {
 
@@ -49,6 +51,7 @@ class FamilyMaker {
     for (TableWriter* writer : {&persons_, &families_, &holdings_, &coverages_, &recalls_, &charges_, &accounts_}) {
       writer->Flush();
     }
+    appointments_.Flush();
   }
 
  private:
@@ -87,6 +90,7 @@ class FamilyMaker {
     MakeCoverages(head_work, spouse_work);
     for (const Member& member : members_) {
       MakeHistory(member);
+      appointments_.Make(member.id, household_.provider_id);
     }
   }
 
@@ -195,6 +199,7 @@ class FamilyMaker {
   TableWriter recalls_ = office_.Writer("RecTable", "rRecNum, rPid, rRCRecNum, rRecDoc, rRecDocID, rLasDat, rDueDat");
   TableWriter charges_ = office_.Writer("DTTable", "traID, TrapID, traTyp, traDat, traCod, traDes, traAmt");
   TableWriter accounts_ = office_.Writer("AccountTable", "AccID, AccPid, AccBal, AccPlaBal, AccPla");
+  AppointmentMaker appointments_{office_, records_.operatories};
   Person household_;  // what a family shares
   std::vector<Member> members_;
 };

@@ -15,10 +15,11 @@ struct OfficeRecords {
   Staff staff;
   Insurance insurance;
   std::vector<RecallMaster> recalls;
+  std::vector<std::int32_t> operatories;
 };
 
-// Families of one to five until the office has its patients, with holdings, coverages, recalls, transactions and
-// accounts.
+// Families of one to five until the office has its patients, with holdings, coverages, recalls, appointments,
+// transactions and accounts.
 void MakeFamilies(DemoOffice& office, const OfficeRecords& records, std::int32_t patients);
 
 }  // namespace host::demo

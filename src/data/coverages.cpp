@@ -97,6 +97,10 @@ std::vector<Coverage> Coverages::Through(std::int32_t holding) const {
   return Read("(CovTable.CovSubPatEmpID=" + Literal(holding) + ")");
 }
 
+std::vector<Coverage> Coverages::Of(std::int32_t patient) const {
+  return Read("(CovTable.CovPatID=" + Literal(patient) + ")");
+}
+
 std::vector<Coverage> Coverages::Read(const Sql& condition) const {
   std::vector<Coverage> coverages;
   for (const auto row =

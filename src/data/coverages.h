@@ -40,6 +40,8 @@ class Coverages {
   // Nothing when it has ended.
   std::optional<Coverage> Find(std::int32_t coverage) const;
   std::vector<Coverage> Through(std::int32_t holding) const;
+  // A patient's live coverages, in their order.
+  std::vector<Coverage> Of(std::int32_t patient) const;
   // A patient's coverages whose holding and link are live as well.
   int Count(std::int32_t patient) const;
   // The link of employer and plan behind a coverage, live or not; 0 when there is none.

@@ -102,8 +102,16 @@ std::optional<Holding> Holdings::Find(std::int32_t subscriber, std::int32_t link
 }
 
 std::vector<Holding> Holdings::On(std::int32_t link) const {
-  return Read("(PatEmpTable.PatEmpElID=" + Literal(link) +
-              ") AND ((PatEmpTable.PatEmpFla=0) OR EXISTS (SELECT CovID FROM CovTable WHERE "
+  return ReadUnfinished("(PatEmpTable.PatEmpElID=" + Literal(link) + ")");
+}
+
+std::vector<Holding> Holdings::Of(std::int32_t subscriber) const {
+  return ReadUnfinished("(PatEmpTable.PatEmpPatID=" + Literal(subscriber) + ")");
+}
+
+std::vector<Holding> Holdings::ReadUnfinished(const Sql& condition) const {
+  return Read(condition +
+              " AND ((PatEmpTable.PatEmpFla=0) OR EXISTS (SELECT CovID FROM CovTable WHERE "
               "(CovTable.CovSubPatEmpID = PatEmpTable.PatEmpID) AND (CovTable.CovFla=0)" +
               statements_.OfficeJoin(" and (CovTable.OfficeID = PatEmpTable.OfficeID) ") + "))");
 }

@@ -45,6 +45,8 @@ class Holdings {
   std::optional<Holding> Find(std::int32_t subscriber, std::int32_t link) const;
   // Those that are live, and those that have ended but still cover somebody.
   std::vector<Holding> On(std::int32_t link) const;
+  // The same of a subscriber, in their order.
+  std::vector<Holding> Of(std::int32_t subscriber) const;
   // A person's live holdings.
   int Count(std::int32_t subscriber) const;
   // 0 when there is no such holding.
@@ -52,6 +54,7 @@ class Holdings {
 
  private:
   std::vector<Holding> Read(const Sql& condition) const;
+  std::vector<Holding> ReadUnfinished(const Sql& condition) const;
   // In the order of the subscriber's holdings.
   std::int32_t PlaceOf(const Holding& holding) const;
   std::int32_t Insert(std::int32_t subscriber, std::int32_t link, std::int32_t order) const;

@@ -42,10 +42,19 @@ bool Rules::Confirm(std::string question, std::string_view title) const {
                             .icon = forms::Icon::Question}) == forms::Answer::Yes;
 }
 
-bool Rules::HasRight(std::string_view right, std::string_view what) const {
+bool Rules::Warn(std::string text, std::string_view title) const {
+  return context_.user.Ask({.text = std::move(text),
+                            .title = std::string(title),
+                            .buttons = forms::kOkCancel,
+                            .icon = forms::Icon::Exclamation,
+                            .default_answer = forms::Answer::Cancel}) == forms::Answer::OK;
+}
+
+bool Rules::HasRight(std::string_view right, std::string_view what, std::string_view verb) const {
   const bool has = context_.session.HasRight(right);
   if (!has) {
-    Tell("User [" + context_.session.UserName() + "] does not have the rights to modify " + std::string(what) + ".");
+    Tell("User [" + context_.session.UserName() + "] does not have the rights to " + std::string(verb) + " " +
+         std::string(what) + ".");
   }
   return has;
 }

@@ -35,9 +35,11 @@ class Rules {
   static std::string ToldDay(const std::string& day);
   // A question that is answered with Yes or No.
   bool Confirm(std::string question, std::string_view title = forms::kSuiteTitle) const;
+  // A warning that stands in the way of nothing: OK goes on. Cancel is the default.
+  bool Warn(std::string text, std::string_view title = forms::kSuiteTitle) const;
   // Whether the user has the right; says so when he has not: "User [Ann] does not have the rights to modify provider
   // names." for "provider names".
-  bool HasRight(std::string_view right, std::string_view what) const;
+  bool HasRight(std::string_view right, std::string_view what, std::string_view verb = "modify") const;
 
  protected:
   session::ScreenContext context_;
