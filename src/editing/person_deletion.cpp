@@ -31,8 +31,7 @@ std::string Unsettled(const session::AccountFigures& account) {
   }
   if (account.plan == session::BudgetPlan::Own) {
     return "This patient has an outstanding budget plan. This budget plan must be cleared and the remaining balance "
-           "must "
-           "be paid or adjusted off before deleting this patient.";
+           "must be paid or adjusted off before deleting this patient.";
   }
   if (!account.plan_balance.IsZero()) {
     return "This patient has an outstanding balance of " + FormatCurrency(account.plan_balance) +

@@ -79,9 +79,7 @@ class ProviderDeletion : private Rules {
     for (;;) {
       const session::ListOutcome chosen = context_.screens.ShowList(
           session::lulProvider,
-          {.title = "Please select a new provider for patients' records and appointments assigned "
-                    "to " +
-                    provider.name,
+          {.title = "Please select a new provider for patients' records and appointments assigned to " + provider.name,
            .allow_delete = false,
            .select_mode = true});
       if (!chosen.Chosen()) {
