@@ -98,6 +98,8 @@ std::optional<Key> ParseKey(std::string_view name) {
       Named{"PageDown", Key::PageDown},
       Named{"Ctrl+Enter", Key::CtrlEnter},
       Named{"Ctrl+S", Key::CtrlS},
+      Named{"Ctrl+F", Key::CtrlF},
+      Named{"Ctrl+Shift+F", Key::CtrlShiftF},
   };
   const auto found =
       std::ranges::find_if(kKeys, [&](const Named& named) { return forms::EqualsIgnoringCase(named.name, name); });
@@ -132,6 +134,12 @@ void PressCharacter(Interpreter& interpreter, forms::Control& control, const std
   if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr && list->KeyPress) {
     if (Focus(interpreter, control)) {
       list->KeyPress(forms::ToUtf32(text).front());
+    }
+    return;
+  }
+  if (auto* grid = dynamic_cast<forms::Grid*>(&control); grid != nullptr) {
+    if (Focus(interpreter, control) && !grid->DoTypeFilter(text)) {
+      Fail(control.Name() + " has no filter cells");
     }
     return;
   }
@@ -248,7 +256,7 @@ constexpr std::array kSteps = {
     Step{"enter", StepKind::Act, "CONTROL", "moves the focus in", Enter},
     Step{"leave", StepKind::Act, "CONTROL", "moves the focus out", Leave},
     Step{"press", StepKind::Act, "CONTROL KEY",
-         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown Ctrl+Enter Ctrl+S, or a character", Press},
+         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown Ctrl+Enter Ctrl+S Ctrl+F Ctrl+Shift+F, or a character", Press},
     Step{"click", StepKind::Act, "CONTROL", "a button, label or picture; BAR.KEY", Click},
     Step{"menu", StepKind::Act, "NAME", "a menu command", ClickMenu},
     Step{"fire", StepKind::Act, "TIMER", "lets a timer's time pass", FireTimer},

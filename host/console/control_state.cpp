@@ -157,6 +157,7 @@ constexpr std::array kOfGrid = {
                    return Text(current ? grid.Columns.get()[static_cast<std::size_t>(grid.Col.get())].caption : "");
                  }},
     Reader<Grid>{"selected", [](const Grid& grid) { return Numbers(grid.Selected()); }},
+    Reader<Grid>{"emptytext", [](const Grid& grid) { return Text(grid.EmptyText); }},
     Reader<Grid>{"multiselect", [](const Grid& grid) { return Truth(grid.MultiSelect); }},
     Reader<Grid>{"sortcolumn",
                  [](const Grid& grid) {

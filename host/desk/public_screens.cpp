@@ -4,6 +4,20 @@
 #include "forms/text.h"
 
 namespace host {
+namespace {
+
+// "5,12".
+std::vector<std::int32_t> IdsIn(std::string_view text) {
+  std::vector<std::int32_t> ids;
+  while (!text.empty()) {
+    const std::size_t comma = text.find(',');
+    ids.push_back(session::ToId(std::string(text.substr(0, comma))));
+    text = comma == std::string_view::npos ? std::string_view() : text.substr(comma + 1);
+  }
+  return ids;
+}
+
+}  // namespace
 
 session::Outcome PublicScreens::Call(std::string_view method, const char* id_argument,
                                      entry::Arguments& arguments) const {
@@ -62,7 +76,7 @@ session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, cons
   if (id == 0 || (id == options.selected && text.empty())) {
     return {};
   }
-  return {session::ListOutcome::End::Chosen, id, std::move(text)};
+  return {session::ListOutcome::End::Chosen, id, std::move(text), IdsIn(properties.at("SelectedIDs").get())};
 }
 
 std::optional<session::PickedText> PublicScreens::ShowPickList(session::PickList /*list*/, std::string_view /*title*/) {

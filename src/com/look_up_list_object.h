@@ -22,6 +22,7 @@ class LookUpListObject final : public PublicClass<ILookUpList, entry::LookUpList
   COM_PROPERTY(ListTitle, BSTR, Options.title)
   COM_PROPERTY(SelectedID, LONG, Options.selected)
   COM_PROPERTY(Select_String, BSTR, Select_String)
+  COM_PROPERTY(SelectedIDs, BSTR, SelectedIDs)
   COM_PROPERTY(ShowPatientButtons, VARIANT_BOOL, Options.show_patient_buttons)
   COM_PROPERTY(GroupPlanCompanyID, LONG, Options.group_plan_company)
   COM_PROPERTY(EmployerPatientID, LONG, Options.employer_patient)

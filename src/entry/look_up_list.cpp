@@ -27,6 +27,14 @@ class Clearing {
   std::string& text_;
 };
 
+std::string Joined(const std::vector<std::int32_t>& ids) {
+  std::string text;
+  for (const std::int32_t id : ids) {
+    text += (text.empty() ? "" : ",") + std::to_string(id);
+  }
+  return text;
+}
+
 }  // namespace
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
@@ -52,6 +60,7 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   if (outcome.Chosen()) {
     Options.selected = outcome.id;
     Select_String = outcome.text;
+    SelectedIDs = Joined(outcome.ids);
   } else if (outcome.end == session::ListOutcome::End::New) {
     Select_String = kNew;
   }

@@ -12,7 +12,8 @@
 namespace entry {
 
 // The lists' public class. `ShowList` shows the kind in `ListType` and returns when the list closes; the selected
-// record of the options and `Select_String` then hold the chosen one, and are as before when nothing was chosen. The
+// record of the options and `Select_String` then hold the chosen one, `SelectedIDs` all that were chosen; they are as before
+// when nothing was. The
 // options' title holds for one call. A `ListType` that is no kind shows nothing.
 class LookUpList : public IGlobal, public ClassPrinter<LookUpList> {
  public:
@@ -23,6 +24,7 @@ class LookUpList : public IGlobal, public ClassPrinter<LookUpList> {
   HostObject frmOwner;
   HostObject StartForm;
   std::string Select_String;
+  std::string SelectedIDs;  // of every chosen record: "5,12"
 
   // Raised by the list window; the host handles them.
   lookup::ListEvents Events;

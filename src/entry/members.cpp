@@ -302,7 +302,8 @@ Dispatch DispatchOf(LookUpList& list) {
   dispatch.properties = {{"ListType", Property(list.ListType)},
                          {"frmOwner", Property(list.frmOwner)},
                          {"StartForm", Property(list.StartForm)},
-                         {"Select_String", Property(list.Select_String)}};
+                         {"Select_String", Property(list.Select_String)},
+                         {"SelectedIDs", Property(list.SelectedIDs)}};
   session::VisitOptions(list.Options,
                         [&](const char* name, auto& option) { dispatch.properties.emplace(name, Property(option)); });
   return dispatch;

@@ -14,7 +14,7 @@ class Form;
 class Label;
 
 // The keys that a rule may take; every other key is a character.
-enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown, CtrlEnter, CtrlS };
+enum class Key { Enter, Esc, Tab, F9, Delete, Insert, Up, Down, PageUp, PageDown, CtrlEnter, CtrlS, CtrlF, CtrlShiftF };
 
 // The one watcher of a control: its widget.
 class ControlObserver {
@@ -58,7 +58,7 @@ class Control : public Observable {
   // The letter that leads to it with Alt, lower case; 0 for none. A field is reached by its heading's.
   char Mnemonic() const;
   // The heading, the accessible name, the control's own caption or its tip, as it is read aloud; empty for none.
-  std::string SpokenName() const;
+  virtual std::string SpokenName() const;
 
   // Visible and enabled, and so is every panel that it lies on; of the pages of a strip, the one in front.
   bool Shown() const;

@@ -65,6 +65,30 @@ bool Grid::IsSelected(int row) const {
   return selected_.empty() ? row == Row : std::ranges::binary_search(selected_, row);
 }
 
+int Grid::TypingColumn() const {
+  if (!FilterBar || visible_.empty()) {
+    return -1;
+  }
+  for (const int column : {TypingField.empty() ? -1 : ColumnIndex(TypingField), SortColumn.get()}) {
+    if (Offers(column)) {
+      return column;
+    }
+  }
+  return visible_.front();
+}
+
+std::string Grid::SpokenName() const {
+  std::string name = Control::SpokenName();
+  if (Holds(Row)) {
+    const int column = Offers(Col) || visible_.empty() ? Col.get() : visible_.front();
+    if (Offers(column)) {
+      name += ": " + Column(column).caption + " " + std::string(Cell(Row, column));
+    }
+    name += ", row " + std::to_string(Row + 1) + " of " + std::to_string(RowCount());
+  }
+  return name;
+}
+
 bool Grid::Offers(int column) const {
   return column >= 0 && column < static_cast<int>(Columns->size()) && Column(column).visible;
 }
@@ -128,6 +152,7 @@ bool Grid::DoGoTo(int row, int column) {
   }
   if (DoFocus()) {
     anchor_ = row;
+    FilterCell = -1;
     Select({});
     MoveTo(row, column);
   }
@@ -174,6 +199,8 @@ bool Grid::DoSelectAll() {
     return false;
   }
   if (DoFocus()) {
+    while (FetchMore()) {
+    }
     std::vector<int> rows(static_cast<std::size_t>(RowCount()));
     std::iota(rows.begin(), rows.end(), 0);
     Select(std::move(rows));
@@ -239,6 +266,23 @@ bool Grid::DoFilter(int column, std::string text) {
   return true;
 }
 
+bool Grid::DoEnterFilters() {
+  const int column = TypingColumn();
+  if (column >= 0 && DoFocus() && FilterCell < 0) {
+    FilterCell = column;
+  }
+  return column >= 0;
+}
+
+bool Grid::DoTypeFilter(const std::string& character) {
+  const std::string before = Offers(FilterCell) ? Column(FilterCell).filter : std::string();
+  return DoEnterFilters() && (!HasFocus() || DoFilter(FilterCell, before + character));
+}
+
+bool Grid::DoFilterByCell() {
+  return Holds(Row) && Offers(Col) && !Cell(Row, Col).empty() && DoFilter(Col, std::string(Cell(Row, Col)));
+}
+
 bool Grid::DoSort(int column) {
   if (!Offers(column)) {
     return false;
@@ -279,6 +323,7 @@ bool Grid::DoMoveColumn(int from, int to) {
   Columns = std::move(columns);
   follow(Col);
   follow(SortColumn);
+  follow(FilterCell);
   Fire(LayoutChanged);
   return true;
 }

@@ -11,6 +11,8 @@
 
 namespace forms {
 
+class Button;
+
 struct GridColumn {
   // The text of a colour cell is "#RRGGBB"; it is not typed but picked.
   enum class Kind { Text, Check, DropDown, Color };
@@ -73,6 +75,14 @@ class Grid : public Control {
   Property<int> Col{*this, -1, Aspect::Value};
   // A row of filter cells under the captions.
   Property<bool> FilterBar{*this, false};
+  // The column whose filter cell has the keyboard; -1 while the rows have it.
+  Property<int> FilterCell{*this, -1, Aspect::Value};
+  // The caption of the column that typing over the rows filters; empty for the one that the rows are sorted by.
+  std::string TypingField;
+  // What stands in place of the rows where there are none.
+  Property<std::string> EmptyText{*this};
+  // What the menu of a cell offers.
+  std::vector<Button*> CellMenu;
   // A person may select several rows.
   Property<bool> MultiSelect{*this, false};
   // A person may drag rows to other places.
@@ -113,6 +123,10 @@ class Grid : public Control {
   // Rows in order: those that are selected, or the current row alone where none are. Rows read anew are not selected.
   std::vector<int> Selected() const;
   bool IsSelected(int row) const;
+  // Where typing over the rows starts a filter; -1 where it cannot.
+  int TypingColumn() const;
+  // With the current cell: "List: Last Name Smith, row 4 of 846".
+  std::string SpokenName() const override;
 
   // Tells the view that cells changed or rows came.
   void Refresh() { Changed(Aspect::Items); }
@@ -123,7 +137,8 @@ class Grid : public Control {
   // The row alone, in the column that was current.
   bool DoRow(int row);
   bool DoGoTo(int row, int column);
-  // Where several may be selected: takes the row in or out, selects up to the row from where that began, or all.
+  // Where several may be selected: takes the row in or out, selects up to the row from where that began, or all,
+  // those that are still to be fetched too.
   bool DoToggleRow(int row);
   bool DoExtendTo(int row);
   bool DoSelectAll();
@@ -131,6 +146,12 @@ class Grid : public Control {
   bool DoCell(int column, const std::string& text);
   bool DoPick(int column);
   bool DoFilter(int column, std::string text);
+  // The keyboard goes to the filter cell where typing over the rows would begin.
+  bool DoEnterFilters();
+  // A character over the rows begins a filter anew; in a filter cell it goes on there.
+  bool DoTypeFilter(const std::string& character);
+  // Filters by what stands in the current cell.
+  bool DoFilterByCell();
   bool DoSort(int column);
   // Places in `Columns`; pixels at 100 %.
   bool DoMoveColumn(int from, int to);

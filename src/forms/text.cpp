@@ -127,6 +127,17 @@ std::string ToUtf8(std::u32string_view text) {
   return utf8;
 }
 
+std::string WithThousands(int number) {
+  constexpr std::size_t kGroup = 3;
+  std::string digits = std::to_string(number);
+  const std::size_t first = number < 0 ? 1U : 0U;
+  for (std::size_t at = digits.size(); at > first + kGroup;) {
+    at -= kGroup;
+    digits.insert(at, ",");
+  }
+  return digits;
+}
+
 std::size_t CharacterCount(std::string_view utf8) {
   return ToUtf32(utf8).size();
 }

@@ -15,6 +15,9 @@ constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+// 12403 as "12,403".
+std::string WithThousands(int number);
+
 std::size_t CharacterCount(std::string_view utf8);
 // The first `count` characters.
 std::string Left(std::string_view utf8, std::size_t count);

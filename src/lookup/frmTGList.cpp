@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/literal.h"
+#include "forms/text.h"
 
 namespace lookup {
 namespace {
@@ -29,7 +30,7 @@ data::Sql WithoutDistinctRow(const data::Sql& sql) {
 }
 
 std::string Rows(int count) {
-  return std::to_string(count) + (count == 1 ? " row" : " rows");
+  return forms::WithThousands(count) + (count == 1 ? " row" : " rows");
 }
 
 forms::GridColumn ColumnOf(const session::Field& field) {
@@ -53,6 +54,8 @@ forms::GridColumn ColumnOf(const session::Field& field) {
 frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"), Rules(context) {
   MnuFileSel.Caption = "&Select";
   MnuFileSort.Caption = "S&ort";
+  MnuFilterCell.Caption = "Filter by &This Cell";
+  lblFacility.Caption = "Lo&cation:";
   MnuFileResDef.Caption = "Restore Default &Layout";
   MnuFileExit.Caption = "E&xit";
   optFiltLeft.Caption = "Filter from the &start of the text";
@@ -65,6 +68,7 @@ frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"),
   DotNetGrid.AccessibleName = "List";
   DialogButtons1.Help.Visible = false;
   Setup_ToolBar();
+  DotNetGrid.CellMenu = {&MnuFileSel, &ToolStrip["Edit"], &MnuFilterCell, &ToolStrip["RemFilt"]};
   RegisterControls();
   RegisterProperties();
   WireHandlers();
@@ -79,6 +83,8 @@ void frmTGList::WireHandlers() {
   MnuFileResDef.Click = [this] { SetGridLayout(); };
   DotNetGrid.LayoutChanged = [this] { sort_column_ = DotNetGrid.SortColumn; };
   MnuFileExit.Click = [this] { DoClose(); };
+  MnuFilterCell.Click = [this] { DotNetGrid.DoFilterByCell(); };
+  cboFacility.Click = [this] { cboFacility_Click(); };
   for (forms::OptionButton* mode : {&optFiltLeft, &optFiltMid}) {
     mode->Click = [this] { FilterModeChanged(); };
   }
@@ -112,9 +118,11 @@ const session::ListOutcome& frmTGList::ShowList() {
 void frmTGList::OnLoad() {
   ReadOptions();
   ShowToolButtons();
+  ReadFacilities();
   DotNetGrid.MultiSelect = Options.multi_select;
   statement_ = ListStatement(sql_);
-  Requery({}, SortBy, Options.selected);
+  DotNetGrid.TypingField = statement_.CaptionOf(Options.initial_field);
+  Requery({}, SortBy, {.id = Options.selected});
   DotNetGrid.SetFocus();
 }
 
@@ -122,8 +130,24 @@ bool frmTGList::OnIdle() {
   return !Closed() && DotNetGrid.FetchMore();
 }
 
-bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, std::int32_t await_id) {
-  const data::Sql text = statement_.With(conditions, sort);
+bool frmTGList::OnKey(forms::Key key) {
+  if (key == forms::Key::Esc && IsFiltered()) {
+    ClearFilter();
+    return true;
+  }
+  if (key == forms::Key::CtrlShiftF) {
+    MnuFilterCell.DoClick();
+    return true;
+  }
+  return key == forms::Key::CtrlF && DotNetGrid.DoEnterFilters();
+}
+
+bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place) {
+  std::vector<data::Sql> all_conditions = conditions;
+  if (data::Sql here = FacilityCondition(); !here.Empty()) {
+    all_conditions.insert(all_conditions.begin(), std::move(here));
+  }
+  const data::Sql text = statement_.With(all_conditions, sort);
   std::shared_ptr<editing::RecordsetRows> rows;
   const bool read = Attempt([&] {
     const forms::WaitText wait(context_.user, "  Loading " + TitleText() + " - Please Wait  ");
@@ -140,13 +164,14 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   SQLLabel.Caption = text.Text();
   rows->Arrived = [this] { RowsArrived(); };
   rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
-  awaited_id_ = await_id;
+  awaited_ = place;
   searched_ = 0;
   DotNetGrid.Row = -1;
   const bool first = rows_ == nullptr;
   rows_ = std::move(rows);
   if (first) {
     SetGridLayout();
+    DotNetGrid.Col = DotNetGrid.TypingColumn();
   }
   sort_column_ = DotNetGrid.SortColumn;
   sort_descending_ = DotNetGrid.SortDescending;
@@ -156,25 +181,33 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
 }
 
 void frmTGList::RowsArrived() {
-  const int id_column = DotNetGrid.ColumnIndex(IDFld.Caption.get());
-  if (awaited_id_ != 0 && id_column >= 0) {
-    const std::string id = std::to_string(awaited_id_);
-    while (searched_ < rows_->Count() && DotNetGrid.Cell(searched_, id_column) != id) {
-      ++searched_;
-    }
-    if (searched_ < rows_->Count()) {
-      awaited_id_ = 0;
-      DotNetGrid.Row = searched_;
-    }
+  if (conditions_.empty()) {
+    all_ = rows_->Count();
+    all_known_ = rows_->Complete();
   }
-  if (rows_->Complete() || id_column < 0) {
-    awaited_id_ = 0;
+  if (awaited_.id != 0) {
+    FindAwaited();
   }
-  if (awaited_id_ == 0 && DotNetGrid.Row < 0 && rows_->Count() > 0) {
-    DotNetGrid.Row = 0;
+  const bool near = awaited_.row >= 0 && awaited_.row < rows_->Count();
+  if (DotNetGrid.Row < 0 && rows_->Count() > 0 && (near || awaited_.id == 0)) {
+    DotNetGrid.Row = std::clamp(awaited_.row, 0, rows_->Count() - 1);
   }
   ShowCount();
   EnableCommands();
+}
+
+void frmTGList::FindAwaited() {
+  const int id_column = DotNetGrid.ColumnIndex(IDFld.Caption.get());
+  const std::string id = std::to_string(awaited_.id);
+  while (id_column >= 0 && searched_ < rows_->Count() && DotNetGrid.Cell(searched_, id_column) != id) {
+    ++searched_;
+  }
+  if (id_column >= 0 && searched_ < rows_->Count()) {
+    awaited_.id = 0;
+    DotNetGrid.Row = searched_;
+  } else if (rows_->Complete() || id_column < 0) {
+    awaited_.id = 0;
+  }
 }
 
 void frmTGList::SetGridLayout() {
@@ -198,11 +231,27 @@ void frmTGList::SetGridLayout() {
 void frmTGList::ShowCount() {
   if (rows_ == nullptr) {
     RowLabel.Caption = "The list could not be read.";
-  } else if (rows_->Count() == 0) {
-    RowLabel.Caption = conditions_.empty() ? "No rows" : "No rows match the filter";
-  } else {
-    RowLabel.Caption = Rows(rows_->Count()) + (rows_->Complete() ? "" : " so far ...");
+    return;
   }
+  const std::string count = conditions_.empty() || all_ == 0
+                                ? Rows(rows_->Count())
+                                : forms::WithThousands(rows_->Count()) + (all_known_ ? " of " : " of more than ") +
+                                      forms::WithThousands(all_);
+  RowLabel.Caption = count + (rows_->Complete() ? "" : " so far ...");
+  DotNetGrid.EmptyText = rows_->Count() == 0 && rows_->Complete() ? WhyEmpty() : "";
+}
+
+// And what to do next.
+std::string frmTGList::WhyEmpty() const {
+  const std::string record = Commands.record;
+  if (!conditions_.empty()) {
+    return "Nothing matches the filter.\nRemove Filter shows all" +
+           (all_known_ ? " " + forms::WithThousands(all_) : "") + ".";
+  }
+  if (facility_ > 0) {
+    return "No " + record + " is at this location.\nChoose all locations to see the others.";
+  }
+  return "There is no " + record + " yet." + (MayEdit() ? "\nNew adds the first " + record + "." : "");
 }
 
 void frmTGList::EnableCommands() {
@@ -212,12 +261,13 @@ void frmTGList::EnableCommands() {
   // With nothing to edit it offers to add.
   ToolStrip["Edit"].Enabled = on_row || DotNetGrid.RowCount() == 0;
   ToolStrip["Delete"].Enabled = on_row;
-  ToolStrip["RemFilt"].Enabled = !conditions_.empty();
+  ToolStrip["RemFilt"].Enabled = IsFiltered();
+  MnuFilterCell.Enabled = on_row && DotNetGrid.Col >= 0 && !DotNetGrid.Cell(DotNetGrid.Row, DotNetGrid.Col).empty();
   EnableNavigation();
 }
 
 void frmTGList::DotNetGrid_RowColChange() {
-  awaited_id_ = 0;  // the person went somewhere else
+  awaited_ = {};  // the person went somewhere else
   EnableCommands();
 }
 
@@ -230,9 +280,14 @@ void frmTGList::DotNetGrid_DblClick() {
 bool frmTGList::DotNetGrid_KeyDown(forms::Key key) {
   switch (key) {
     case forms::Key::Enter:
-      Choose();
+      if (DotNetGrid.FilterCell < 0) {
+        Choose();
+      }
       return true;
     case forms::Key::Down:
+      if (DotNetGrid.FilterCell >= 0) {
+        return DotNetGrid.DoRow(std::max(0, DotNetGrid.Row.get()));
+      }
       if (DotNetGrid.Row + 1 >= DotNetGrid.RowCount()) {
         DotNetGrid.FetchMore();
       }
@@ -249,7 +304,7 @@ bool frmTGList::DotNetGrid_KeyDown(forms::Key key) {
 void frmTGList::DotNetGrid_HeadClick(int column) {
   const std::string& caption = DotNetGrid.Columns.get()[static_cast<std::size_t>(column)].caption;
   if (!Requery(conditions_, data::Bracketed(caption) + (DotNetGrid.SortDescending ? data::Sql(" DESC") : data::Sql()),
-               CurrentID())) {
+               {.id = CurrentID()})) {
     DotNetGrid.SortColumn = sort_column_;
     DotNetGrid.SortDescending = sort_descending_;
   }
@@ -263,21 +318,28 @@ void frmTGList::DotNetGrid_AddRecord() {
   }
   if (const session::Outcome outcome = context_.screens.Edit(*Edits); outcome.Saved()) {
     DotNetGrid.ClearFilters();  // no filter hides the new row
-    Requery({}, sort_, outcome.id);
+    Requery({}, sort_, {.id = outcome.id});
   }
 }
 
 void frmTGList::Choose() {
-  if (DotNetGrid.Row < 0) {
+  const std::vector<int> rows = DotNetGrid.Selected();
+  if (rows.empty() || !AreOurs(rows)) {
     return;
   }
+  if (!DotNetGrid.IsSelected(DotNetGrid.Row)) {
+    DotNetGrid.Row = rows.front();
+  }
   Result = {session::ListOutcome::End::Chosen, CurrentID(), Chosen(NamFld.Caption.get())};
+  for (const int row : rows) {
+    Result.ids.push_back(session::ToId(CellOf(row, IDFld.Caption.get())));
+  }
   Close();
 }
 
-std::string frmTGList::Chosen(std::string_view caption) const {
+std::string frmTGList::CellOf(int row, std::string_view caption) const {
   const int column = DotNetGrid.ColumnIndex(caption);
-  return DotNetGrid.Row < 0 || column < 0 ? "" : std::string(DotNetGrid.Cell(DotNetGrid.Row, column));
+  return row < 0 || column < 0 ? "" : std::string(DotNetGrid.Cell(row, column));
 }
 
 std::int32_t frmTGList::CurrentID() const {

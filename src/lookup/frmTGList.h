@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,9 +15,10 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/label.h"
+#include "forms/list_box.h"
 #include "forms/panels.h"
 #include "forms/tool_bar.h"
-#include "lookup/delete_flow.h"
+#include "lookup/list_commands.h"
 #include "lookup/list_events.h"
 #include "lookup/list_statement.h"
 #include "session/screens.h"
@@ -45,8 +47,10 @@ class frmTGList : public forms::Form, private editing::Rules {
   // How New opens the editing screen; Edit opens it on the current record. Without it New is the caller's to carry
   // out, and nothing can be edited.
   std::optional<session::Opening> Edits;
-  // What Delete does with the current record; null where nothing is deleted.
-  DeleteFlow Deletes = nullptr;
+  // What else can be done with the records.
+  ListCommands Commands;
+  // The condition for the records of an office location; null where the list is not asked for by location.
+  std::function<data::Sql(std::int32_t location)> AtLocation;
   ListEvents Events;
 
   // Shows the list unless the request skips it, and gives the result. Where it closed for a navigation command the
@@ -61,10 +65,14 @@ class frmTGList : public forms::Form, private editing::Rules {
   std::string Whereto;
   std::string Designation_String;
   // A cell of the chosen row.
-  std::string Chosen(std::string_view caption) const;
+  std::string Chosen(std::string_view caption) const { return CellOf(DotNetGrid.Row, caption); }
 
   forms::MenuItem MnuFileSel, MnuFileSort, MnuFileResDef, MnuFileExit;
+  forms::MenuItem MnuFilterCell;  // filters by the current cell
   forms::ToolBar ToolStrip;
+  forms::Panel pnlFacility;  // the location whose records are shown
+  forms::Label lblFacility;
+  forms::ComboBox cboFacility;
   forms::OptionButton optFiltLeft, optFiltMid;
   forms::CheckBox chkAutoClearFilter;
   forms::Grid DotNetGrid;
@@ -77,8 +85,17 @@ class frmTGList : public forms::Form, private editing::Rules {
   void OnLoad() override;
   // Fetches until every row has arrived.
   bool OnIdle() override;
+  // Esc takes the filters away before it closes the window; Ctrl+F leads to them, Ctrl+Shift+F sets one.
+  bool OnKey(forms::Key key) override;
 
  private:
+  // Where the selection is to be when the rows have been read: on the record, or near this row until and unless the
+  // record comes.
+  struct Place {
+    std::int32_t id = 0;
+    int row = -1;
+  };
+
   void RegisterControls();
   void RegisterProperties();
   // The result by its name: the chosen ID as text, "NEW" or "CANCEL_AND_CLOSE".
@@ -96,8 +113,11 @@ class frmTGList : public forms::Form, private editing::Rules {
 
   void EditCurrent();
   void DeleteCurrent();
-  // Whether the current row is a record of this office; says so when it is not.
-  bool IsOurs() const;
+  // Whether the rows are records of this office; names the first that is not.
+  bool AreOurs(const std::vector<int>& rows) const;
+  bool IsOurs(int row) const;
+  // Whether records may be changed from here.
+  bool MayEdit() const { return AllowEdit && Options.show_mode != session::kLookOnly; }
 
   void ShowNavigation();
   void EnableNavigation();
@@ -105,7 +125,14 @@ class frmTGList : public forms::Form, private editing::Rules {
   // Whether the person is a patient, or is made one because he is wanted as one.
   bool MakePatient(std::int32_t id, const std::string& command);
   bool WantsPatient(const std::string& name, const std::string& command) const;
+  // Nothing when it is given up.
+  std::optional<int> AskLabels() const;
   void Timer1_Elapsed();
+
+  void ReadFacilities();
+  void cboFacility_Click();
+  // Of the location that was chosen; empty for all.
+  data::Sql FacilityCondition() const;
 
   void DotNetGrid_AddRecord();
   void DotNetGrid_DblClick();
@@ -114,16 +141,20 @@ class frmTGList : public forms::Form, private editing::Rules {
   bool DotNetGrid_KeyDown(forms::Key key);
   void DotNetGrid_HeadClick(int column);
 
-  // Where an ID is awaited it becomes current when its row arrives, and the first row when it does not.
-  bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, std::int32_t await_id);
+  bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place);
   void RowsArrived();
+  void FindAwaited();
   void SetGridLayout();
   void ShowCount();
+  std::string WhyEmpty() const;
+  bool IsFiltered() const;
   void EnableCommands();
   // Nothing when names were filtered in two ways.
   std::optional<std::vector<data::Sql>> FilterConditions() const;
   void ClearFilter();
   void Choose();
+  // Empty for no row or no such column.
+  std::string CellOf(int row, std::string_view caption) const;
   std::int32_t CurrentID() const;
   const std::string& TitleText() const { return Options.title.empty() ? Caption.get() : Options.title; }
 
@@ -136,8 +167,11 @@ class frmTGList : public forms::Form, private editing::Rules {
   data::Sql sort_;
   int sort_column_ = -1;  // as the grid stood for the rows that are shown
   bool sort_descending_ = false;
-  std::int32_t awaited_id_ = 0;
-  int searched_ = 0;  // rows that were compared with the awaited ID
+  int facility_ = 0;    // the location whose rows are shown
+  Place awaited_;       // no ID when nothing is awaited any more
+  int searched_ = 0;    // rows that were compared with the awaited ID
+  int all_ = 0;         // rows without a filter: at least so many; 0 when nothing is known
+  bool all_known_ = false;
 };
 
 }  // namespace lookup

@@ -49,7 +49,15 @@ void frmTGList::RegisterControls() {
   Add("MnuFileSort", MnuFileSort);
   Add("MnuFileResDef", MnuFileResDef);
   Add("MnuFileExit", MnuFileExit);
+  Add("MnuFilterCell", MnuFilterCell);
   Add("ToolStrip", ToolStrip);
+  Add("pnlFacility", pnlFacility);
+  Add("lblFacility", lblFacility);
+  Add("cboFacility", cboFacility);
+  cboFacility.Heading = &lblFacility;
+  for (forms::Control* part : {static_cast<forms::Control*>(&lblFacility), static_cast<forms::Control*>(&cboFacility)}) {
+    part->Container = &pnlFacility;
+  }
   Add("DotNetGrid", DotNetGrid);
   Add("optFiltLeft", optFiltLeft);
   Add("optFiltMid", optFiltMid);

@@ -23,6 +23,10 @@ std::string* NameCell(NameFilter& names, std::string_view caption) {
   return caption == "First Name" ? &names.first_name : nullptr;
 }
 
+bool HasFilter(const forms::Grid& grid) {
+  return std::ranges::any_of(grid.Columns.get(), [](const auto& column) { return !column.filter.empty(); });
+}
+
 }  // namespace
 
 void frmTGList::ReadOptions() {
@@ -41,7 +45,7 @@ void frmTGList::WriteOption(std::string_view key, bool set) {
 // The rows that stand filtered are filtered anew.
 void frmTGList::FilterModeChanged() {
   WriteOption(kSearchAnywhere, optFiltMid.Value);
-  if (std::ranges::any_of(DotNetGrid.Columns.get(), [](const auto& column) { return !column.filter.empty(); })) {
+  if (HasFilter(DotNetGrid)) {
     DotNetGrid_FilterChanged();
   }
 }
@@ -58,17 +62,21 @@ void frmTGList::DotNetGrid_FilterChanged() {
     return;
   }
   if (*conditions != conditions_) {
-    Requery(*conditions, sort_, 0);
+    Requery(*conditions, sort_, {});
   }
   if (chkAutoClearFilter.Value == forms::CheckState::On) {
     DotNetGrid.ClearFilters();
   }
 }
 
+bool frmTGList::IsFiltered() const {
+  return !conditions_.empty() || HasFilter(DotNetGrid);
+}
+
 void frmTGList::ClearFilter() {
   DotNetGrid.ClearFilters();
   if (!conditions_.empty()) {
-    Requery({}, sort_, CurrentID());
+    Requery({}, sort_, {.id = CurrentID()});
   }
 }
 

@@ -1,8 +1,10 @@
 #include <array>
+#include <charconv>
 
 #include "data/literal.h"
 #include "data/persons.h"
 #include "editing/record_hold.h"
+#include "forms/text.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -15,9 +17,14 @@ constexpr std::string_view kDeferred = "GOTO,";
 }  // namespace
 
 void frmTGList::ShowNavigation() {
+  const bool patients = Options.show_patient_buttons && !Options.select_mode;
   for (const char* command : kCommands) {
-    ToolStrip[command].Visible = Options.show_patient_buttons;
+    ToolStrip[command].Visible = patients;
   }
+  // Where nobody hears of it a record's envelope and labels are not offered.
+  const bool heard = Events.SwapModuleCalled != nullptr && !Options.select_mode;
+  ToolStrip["PrintEnv"].Visible = patients || (heard && Commands.prints_envelopes);
+  ToolStrip["Label"].Visible = patients || (heard && Commands.prints_labels);
 }
 
 void frmTGList::EnableNavigation() {
@@ -29,10 +36,18 @@ void frmTGList::EnableNavigation() {
 // The list does not close within the click: the command waits for the timer, with the record that it was clicked on.
 void frmTGList::GoTo(const std::string& command) {
   const std::int32_t id = CurrentID();
-  if (!MakePatient(id, command)) {
+  std::string designation = std::to_string(id);
+  if (Options.show_patient_buttons && !MakePatient(id, command)) {
     return;
   }
-  Designation_String = std::to_string(id);
+  if (command == "Label" && Commands.prints_labels) {
+    const auto labels = AskLabels();
+    if (!labels) {
+      return;
+    }
+    designation += "," + std::to_string(*labels);
+  }
+  Designation_String = designation;
   Timer1.Tag = std::string(kDeferred) + command;
   Timer1.Enabled = true;
 }
@@ -60,6 +75,26 @@ bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
     patient = true;
   });
   return patient;
+}
+
+std::optional<int> frmTGList::AskLabels() const {
+  constexpr int kMost = 999;
+  std::string typed;
+  while (const auto answer = context_.user.Input({.prompt = "How many labels would you like to print?",
+                                                  .title = "Label Quantity Selection",
+                                                  .text = typed})) {
+    typed = *answer;
+    const std::string_view digits = forms::Trim(typed);
+    int labels = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), labels);
+    if (error == std::errc() && end == digits.data() + digits.size() && labels >= 1 && labels <= kMost) {
+      return labels;
+    }
+    context_.user.Tell(ToldBack(typed) + " is not a number of labels. Please enter a whole number from 1 to " +
+                           std::to_string(kMost) + ".",
+                       "Label Quantity Selection", forms::Icon::Information);
+  }
+  return std::nullopt;
 }
 
 bool frmTGList::WantsPatient(const std::string& name, const std::string& command) const {

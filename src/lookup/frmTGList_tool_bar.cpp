@@ -53,9 +53,10 @@ void frmTGList::Setup_ToolBar() {
 
 // Without an editing screen New is the caller's to carry out; Edit is nobody's.
 void frmTGList::ShowToolButtons() {
-  ToolStrip["New"].Visible = AllowEdit;
-  ToolStrip["Edit"].Visible = AllowEdit && Edits.has_value();
-  ToolStrip["Delete"].Visible = AllowEdit && Options.allow_delete && Deletes != nullptr;
+  ToolStrip["New"].Visible = MayEdit();
+  ToolStrip["Edit"].Visible = MayEdit() && Edits.has_value();
+  ToolStrip["Delete"].Visible =
+      MayEdit() && Options.allow_delete && !Options.select_mode && Commands.deletes != nullptr;
   ToolStrip["RemFilt"].Visible = true;
   ShowNavigation();
   ShowSeparators();
@@ -67,7 +68,7 @@ void frmTGList::EditCurrent() {
     opening.mode = session::Opening::Mode::Existing;
     opening.id = CurrentID();
     if (const session::Outcome outcome = context_.screens.Edit(opening); outcome.Saved()) {
-      Requery(conditions_, sort_, outcome.id);
+      Requery(conditions_, sort_, {.id = outcome.id, .row = DotNetGrid.Row});
     }
   } else if (context_.user.Ask({.text = "Nothing to edit. Do you want to add one?",
                                 .buttons = forms::kYesNo,
@@ -77,29 +78,33 @@ void frmTGList::EditCurrent() {
 }
 
 void frmTGList::DeleteCurrent() {
-  if (DotNetGrid.Row >= 0 && Deletes(context_, Options, {CurrentID(), Chosen(NamFld.Caption.get())})) {
-    Requery(conditions_, sort_, 0);
+  const Place place = {.id = CurrentID(), .row = DotNetGrid.Row};
+  if (place.row >= 0 && Commands.deletes(context_, Options, {place.id, Chosen(NamFld.Caption.get())})) {
+    all_ = 0;  // the filtered rows do not tell how many went
+    Requery(conditions_, sort_, place);
   }
 }
 
 // The stored statement of the employees reaches into other offices, where an ID is another person's.
-bool frmTGList::IsOurs() const {
-  if (!Edits || Edits->kind != session::RecordKind::Employee || !statements_.OfficeScoped() || DotNetGrid.Row < 0) {
-    return true;
-  }
+bool frmTGList::AreOurs(const std::vector<int>& rows) const {
+  const bool reaches = Edits && Edits->kind == session::RecordKind::Employee && statements_.OfficeScoped();
+  return !reaches || std::ranges::all_of(rows, [this](int row) { return IsOurs(row); });
+}
+
+bool frmTGList::IsOurs(int row) const {
   bool ours = false;
   Attempt([&] {
     const auto person = statements_.Select(
         "SELECT pLASNAM AS [Last Name], pFIRNAM AS [First Name], pProTTL AS Title, pBUSPHO AS [Business Phone], "
         "pHOMPHO AS [Home Phone], pADD1 AS [Home Address 1], pADD2 AS [Home Address 2], pCIT AS [H-City], "
         "pSTA AS [H-State], pZIP AS Zip FROM PATable WHERE pID=" +
-        data::Literal(CurrentID()) + statements_.Office());
+        data::Literal(session::ToId(CellOf(row, IDFld.Caption.get()))) + statements_.Office());
     ours = !person->Eof();
     for (std::size_t i = 0; ours && i < person->Fields().size(); ++i) {
-      ours = session::ToText(person->Get(i)) == Chosen(person->Fields()[i].name);
+      ours = session::ToText(person->Get(i)) == CellOf(row, person->Fields()[i].name);
     }
     if (!ours) {
-      Tell(data::LastFirst(Chosen("Last Name"), Chosen("First Name")) +
+      Tell(data::LastFirst(CellOf(row, "Last Name"), CellOf(row, "First Name")) +
                " is a person of another office, or has been changed meanwhile. Nothing was done.",
            forms::Icon::Information);
     }
@@ -143,7 +148,7 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
     DotNetGrid_AddRecord();
   } else if (key == "RemFilt") {
     ClearFilter();
-  } else if (!IsOurs()) {
+  } else if (DotNetGrid.Row >= 0 && !AreOurs({DotNetGrid.Row})) {
     return;
   } else if (key == "Edit") {
     EditCurrent();

@@ -1,10 +1,8 @@
 #include "lookup/list_catalogue.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 #include "data/literal.h"
-#include "lookup/delete_person.h"
 #include "lookup/shared_lists.h"
 
 namespace lookup {
@@ -14,14 +12,12 @@ using data::Sql;
 using data::Statements;
 using data::Words;
 
-ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
+ListDefinition EmployeeList(const Statements& db, const session::ListOptions& options) {
   ListDefinition list;
   list.kind_key = "pTypEmp";
-  list.edits = session::RecordKind::Employee;
-  list.deletes = DeleteEmployee;
   list.title = "Employee List";
   list.window_texts = {"emplScreen", "ID Num", "Name", "[First Name]", "[Last Name]", "Title", "[ID Num]"};
-  if (allow_delete) {
+  if (options.allow_delete) {
     list.window_texts.emplace_back("Delete");
   }
   // The second join and the reach of the office condition are what practices have stored: they stay as they are.
@@ -32,8 +28,9 @@ ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
                  "PATABLE.pADD2 AS [Home Address 2], PATABLE.pCIT AS [H-City], PATABLE.pSTA AS [H-State], "
                  "PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num], "
                  "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpAdd2 AS [Business Address 2], "
-                 "EmpTable.EmpCIT AS [B-City], EmpTable.EmpSTA AS [B-State], EmpTable.EmpZip AS [B-Zip] "
-                 "FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID") +
+                 "EmpTable.EmpCIT AS [B-City], EmpTable.EmpSTA AS [B-State], EmpTable.EmpZip AS [B-Zip] ") +
+             InsuranceColumn(db, options) +
+             Sql("FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID") +
              db.OfficeJoin(" and (PATABLE.OfficeID = ELTable.OfficeID) ") +
              ") LEFT JOIN EmpTable ON ELTable.elEmpID = ELTable.EmpInd " +
              db.OfficeJoin(" and (ELTable.OfficeID = ELTable.OfficeID) ") +
@@ -42,6 +39,7 @@ ListDefinition EmployeeList(const Statements& db, bool allow_delete) {
   list.layout_key = "frmTGList_EMPL";
   list.hand_off_column = "pID";
   list.hand_off_table = "PaTable";
+  list.at_location = PersonsAtLocation;
   return list;
 }
 
@@ -75,7 +73,6 @@ ListDefinition InsuranceGroupList(const Statements& db) {
 
 ListDefinition RecallMasterList(const Statements& db) {
   ListDefinition list;
-  list.edits = session::RecordKind::RecallMaster;
   list.title = "Recall Master List";
   list.caption = "Recall Master List";
   list.window_texts = {"RecallMaster", "ID #", "Title", "[Title]", "[ID #]"};
@@ -110,6 +107,36 @@ ListDefinition ManagedCarePlansList(const Statements& db) {
   return list;
 }
 
+ListDefinition Described(session::LookUpListTypes type, const Statements& statements,
+                         const session::ListOptions& options) {
+  switch (type) {
+    case session::lulProvider:
+    case session::lulPhysician1:
+    case session::lulPhysician2:
+    case session::lulReferInOut:
+    case session::lulReferral:
+    case session::lulFamilyHead:
+      return PersonList(type, statements, options);
+    case session::lulEmployee:
+      return EmployeeList(statements, options);
+    case session::lulInsuranceCo:
+      return InsuranceCompanyList(statements);
+    case session::lulEmployer:
+      return EmployerList(statements, options);
+    case session::lulGroupPlan:
+      return GroupPlanList(statements, options);
+    case session::lulInsGroup:
+      return InsuranceGroupList(statements);
+    case session::lulRecallMaster:
+      return RecallMasterList(statements);
+    case session::lulPharmacy:
+      return PharmacyList(statements);
+    case session::lulCapPlans:
+      return ManagedCarePlansList(statements);
+  }
+  throw std::out_of_range("no such list");
+}
+
 struct ShortList {
   const char* title;
   const char* key;
@@ -130,38 +157,11 @@ ShortList ShortListOf(session::PickList list) {
 
 }  // namespace
 
-bool ListDefinition::HasCommand(const std::string& command) const {
-  return std::ranges::find(window_texts.begin() + 3, window_texts.end(), command) != window_texts.end();
-}
-
 ListDefinition DefinitionOf(session::LookUpListTypes type, const Statements& statements,
                             const session::ListOptions& options) {
-  switch (type) {
-    case session::lulProvider:
-    case session::lulPhysician1:
-    case session::lulPhysician2:
-    case session::lulReferInOut:
-    case session::lulReferral:
-    case session::lulFamilyHead:
-      return PersonList(type, statements, options);
-    case session::lulEmployee:
-      return EmployeeList(statements, options.allow_delete);
-    case session::lulInsuranceCo:
-      return InsuranceCompanyList(statements, options);
-    case session::lulEmployer:
-      return EmployerList(statements, options);
-    case session::lulGroupPlan:
-      return GroupPlanList(statements, options);
-    case session::lulInsGroup:
-      return InsuranceGroupList(statements);
-    case session::lulRecallMaster:
-      return RecallMasterList(statements);
-    case session::lulPharmacy:
-      return PharmacyList(statements, options);
-    case session::lulCapPlans:
-      return ManagedCarePlansList(statements);
-  }
-  throw std::out_of_range("no such list");
+  ListDefinition list = Described(type, statements, options);
+  list.commands = CommandsOf(type);
+  return list;
 }
 
 ListDefinition DefinitionOf(session::PickList list, const Statements& statements) {

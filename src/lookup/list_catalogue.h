@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/statements.h"
-#include "lookup/delete_flow.h"
+#include "lookup/list_commands.h"
 #include "session/screens.h"
 
 namespace lookup {
@@ -15,14 +14,11 @@ namespace lookup {
 struct ListDefinition {
   // The person-type key ("pTypDoc") that the session is told before the list is shown; empty for lists of records.
   std::string kind_key;
-  // What the list's New and Edit edit; nothing for a list whose caller adds.
-  std::optional<session::RecordKind> edits = {};
-  // What the list's Delete does; null where nothing is deleted.
-  DeleteFlow deletes = nullptr;
+  ListCommands commands = {};
   std::string title;    // unless the caller gives one
   std::string caption;  // of the window; empty for the title
-  // The list's name, its ID and its name column, then the columns that a person tells the rows apart by and the
-  // commands of the list ("Delete"; "ALL": it starts unfiltered).
+  // The list's name, its ID and its name column, then the columns that a person tells the rows apart by and what the
+  // list allows ("Delete") or begins with ("ALL" its rows).
   std::vector<std::string> window_texts;
   data::Sql sql;
   data::Sql sort;
@@ -30,11 +26,12 @@ struct ListDefinition {
   // Under which the host is told the choice; empty when it is not told.
   std::string hand_off_column;
   std::string hand_off_table;
+  // The condition for the records of an office location; null where they have none.
+  data::Sql (*at_location)(const data::Statements& statements, std::int32_t location) = nullptr;
 
   const std::string& ListName() const { return window_texts[0]; }
   const std::string& IdColumn() const { return window_texts[1]; }
   const std::string& NameColumn() const { return window_texts[2]; }
-  bool HasCommand(const std::string& command) const;
 };
 
 inline constexpr std::int32_t kListKinds = 14;

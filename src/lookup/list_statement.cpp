@@ -140,6 +140,17 @@ Sql ListStatement::Expression(std::string_view caption) const {
   return found == columns_.end() ? data::Bracketed(caption) : found->expression;
 }
 
+std::string ListStatement::CaptionOf(std::string_view name) const {
+  const std::string caption = WithoutBrackets(name);
+  const auto is_named = [&](const Column& column) {
+    const std::string_view expression = column.expression.Text();
+    return forms::EqualsIgnoringCase(column.caption, caption) ||
+           forms::EqualsIgnoringCase(expression.substr(expression.rfind('.') + 1), caption);
+  };
+  const auto found = std::ranges::find_if(columns_, is_named);
+  return found == columns_.end() ? std::string() : found->caption;
+}
+
 Sql ListStatement::With(const std::vector<Sql>& conditions, const Sql& sort) const {
   if (conditions.empty() && sort.Empty()) {
     return sql_;

@@ -23,6 +23,9 @@ class ListStatement {
   // What stands under the caption (case does not matter); the caption in brackets when nothing does.
   data::Sql Expression(std::string_view caption) const;
 
+  // The caption of a column that a host names by its caption or by its name in the table ("pLASNAM"); empty for none.
+  std::string CaptionOf(std::string_view name) const;
+
   // The statement with these conditions added to its own and sorted by `sort`, the text after "ORDER BY". Without
   // conditions it is the statement to the letter; an empty sort leaves the statement's own.
   data::Sql With(const std::vector<data::Sql>& conditions, const data::Sql& sort) const;

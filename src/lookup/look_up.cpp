@@ -31,17 +31,21 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookU
   const ListDefinition list = DefinitionOf(type, data::Statements(context.session), options);
   frmTGList window(context);
   window.Options = options;
-  window.Options.allow_delete = list.HasCommand("Delete");
-  window.Options.show_patient_buttons = options.show_patient_buttons && !list.kind_key.empty();
+  window.Options.show_patient_buttons = options.show_patient_buttons && list.commands.leads_to_patients;
   window.Options.skip_if_new = options.skip_if_new && type == session::lulEmployee;
   SetList(window, list, options.title);
   window.Events = events;
-  if (list.edits) {
-    window.Edits = session::Opening{
-        .kind = *list.edits, .carrier = options.group_plan_company, .new_employee_login = options.new_employee_login};
+  window.Commands = list.commands;
+  if (list.at_location != nullptr) {
+    window.AtLocation = [&](std::int32_t location) {
+      return list.at_location(data::Statements(context.session), location);
+    };
   }
-  window.Deletes = list.deletes;
-  window.AllowEdit = list.edits.has_value();
+  if (list.commands.edits) {
+    window.Edits = session::Opening{
+        .kind = *list.commands.edits, .carrier = options.group_plan_company, .new_employee_login = options.new_employee_login};
+  }
+  window.AllowEdit = list.commands.edits.has_value();
   if (!list.kind_key.empty()) {
     context.session.SetCurrentPersonType(list.kind_key);
   }

@@ -35,11 +35,11 @@ class Conditions {
       return Names(name, {});
     }
     const std::size_t last_blank = name.rfind(' ');
-    Sql text = Names(name.substr(first_blank), name.substr(0, first_blank));
+    Sql text = Names(name, {}) + " OR " + Names(name.substr(first_blank), name.substr(0, first_blank));
     if (last_blank != first_blank) {
       text += Sql(" OR ") + Names(name.substr(last_blank), name.substr(0, last_blank));
     }
-    return "(" + text + " OR " + Names(name, {}) + ")";
+    return "(" + text + ")";
   }
 
  private:

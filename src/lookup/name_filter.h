@@ -29,8 +29,8 @@ struct NameColumns {
 };
 
 // "(((PATABLE.pLASNAM) like 'Smi%') AND ((PATABLE.pFIRNAM) like 'J%'))", with the half that was not typed left out;
-// `anywhere` finds the letters inside the names too. A name of several words without a comma matches as first and
-// last name, parted at its first or its last blank, or as a last name of several words. Empty for an empty filter.
+// `anywhere` finds the letters inside the names too. A name of several words without a comma matches as the beginning
+// of a last name, or as first and last name, parted at its first or its last blank. Empty for an empty filter.
 data::Sql NameCondition(const NameFilter& filter, const NameColumns& columns, bool anywhere);
 
 }  // namespace lookup

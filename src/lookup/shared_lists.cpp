@@ -3,8 +3,6 @@
 #include <stdexcept>
 
 #include "data/literal.h"
-#include "lookup/delete_person.h"
-#include "lookup/delete_shared_record.h"
 
 namespace lookup {
 namespace {
@@ -12,16 +10,13 @@ namespace {
 using data::Sql;
 using data::Statements;
 using data::Words;
-using session::RecordKind;
 
 struct PersonKind {
   const char* key = nullptr;
-  RecordKind edits = {};
   const char* title = nullptr;
   const char* list_name = nullptr;
   const char* layout_key = nullptr;
   Words condition;
-  DeleteFlow deletes = nullptr;
 };
 
 // Compared for equality, which an index on the flag answers at once in a practice of any size.
@@ -38,32 +33,58 @@ constexpr Words kFamilyHeads =
 PersonKind PersonKindOf(session::LookUpListTypes type) {
   switch (type) {
     case session::lulProvider:
-      return {"pTypDoc",        RecordKind::Provider, "Provider List", "Provider",
-              "frmTGList_PROV", kProviders,           DeleteProvider};
+      return {"pTypDoc", "Provider List", "Provider", "frmTGList_PROV", kProviders};
     case session::lulPhysician1:
-      return {"pTypPhy1", RecordKind::Physician1, "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians};
+      return {"pTypPhy1", "Physician List", "Physician1", "frmTGList_PHY1", kPhysicians};
     case session::lulPhysician2:
-      return {"pTypPhy2", RecordKind::Physician2, "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians};
+      return {"pTypPhy2", "Physician List", "Physician2", "frmTGList_PHY2", kPhysicians};
     case session::lulReferInOut:
-      return {"pTypPhyRefOut", RecordKind::ReferInOut, "Refer In/Out List",
-              "ReferInOut",    "frmTGList_RFIO",       kReferredInOrOut};
+      return {"pTypPhyRefOut", "Refer In/Out List", "ReferInOut", "frmTGList_RFIO", kReferredInOrOut};
     case session::lulReferral:
-      return {"pTypRef", RecordKind::Referral, "Referred By List", "Referral", "frmTGList_REFE", kReferrals};
+      return {"pTypRef", "Referred By List", "Referral", "frmTGList_REFE", kReferrals};
     case session::lulFamilyHead:
-      return {"pTypPat",    RecordKind::FamilyMember, "Family Head List", "FamilyHead", "frmTGList_FAMH",
-              kFamilyHeads, DeleteFamilyHead};
+      return {"pTypPat", "Family Head List", "FamilyHead", "frmTGList_FAMH", kFamilyHeads};
     default:
       throw std::out_of_range("no list of persons");
   }
 }
 
-void AddDelete(ListDefinition& list, const session::ListOptions& options) {
-  if (options.allow_delete) {
-    list.window_texts.emplace_back("Delete");
+// The live links that the patient holds, and those on his own row.
+Sql EmployersOfPatient(const Statements& statements, std::int32_t patient) {
+  if (patient == 0) {
+    return {};
   }
+  const Sql of_patient = "=" + data::Literal(patient) + statements.Office();
+  return " and (EmpTable.EmpInd in (SELECT elEmpID FROM ELTable WHERE (elFla=0) and (elID in (SELECT PatEmpElID FROM "
+         "PatEmpTable WHERE (PatEmpFla=0) and PatEmpPatID" +
+         of_patient + ") or elID in (SELECT pEmpID1 FROM PATABLE WHERE pID" + of_patient + "))" + statements.Office() +
+         "))";
 }
 
 }  // namespace
+
+Sql InsuranceColumn(const Statements& statements, const session::ListOptions& options) {
+  if (!options.include_insurance) {
+    return {};
+  }
+  return ", (SELECT TOP 1 InsCoTable.InsCoNam FROM ((CovTable INNER JOIN PatEmpTable ON CovTable.CovSubPatEmpID = "
+         "PatEmpTable.PatEmpID" +
+         statements.OfficeJoin(" and (CovTable.OfficeID = PatEmpTable.OfficeID)") +
+         ") INNER JOIN ELTable ON PatEmpTable.PatEmpElID = ELTable.elID" +
+         statements.OfficeJoin(" and (PatEmpTable.OfficeID = ELTable.OfficeID)") +
+         ") INNER JOIN InsCoTable ON ELTable.elInsID = InsCoTable.InsCoInd" +
+         statements.OfficeJoin(" and (ELTable.OfficeID = InsCoTable.OfficeID)") +
+         " WHERE (CovTable.CovPatID = PATABLE.pID) and (CovTable.CovFla = 0)" +
+         statements.OfficeJoin(" and (CovTable.OfficeID = PATABLE.OfficeID)") +
+         " ORDER BY CovTable.CovOrd) AS Insurance ";
+}
+
+Sql PersonsAtLocation(const Statements& statements, std::int32_t location) {
+  const Sql here = data::Literal(location);
+  return "((PATABLE.OffLocID = " + here +
+         ") or (PATABLE.pID in (SELECT pdlPID FROM PDLTable WHERE (pdlShoInLoc<>0) and (pdlOffLocID=" + here + ")" +
+         statements.Office() + ")))";
+}
 
 // Columns that most rows leave empty stand last. Sorted by the names themselves, not by their sum, so that an index on
 // them gives the rows one by one.
@@ -72,13 +93,8 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
   const PersonKind kind = PersonKindOf(type);
   ListDefinition list;
   list.kind_key = kind.key;
-  list.edits = kind.edits;
-  list.deletes = kind.deletes;
   list.title = kind.title;
   list.window_texts = {kind.list_name, "ID Num", "Name", "[First Name]", "[Last Name]", "[ID Num]"};
-  if (kind.deletes != nullptr) {
-    AddDelete(list, options);
-  }
   Sql condition = Sql("(") + kind.condition + ")";
   if (type == session::lulFamilyHead && options.family_head_including != 0) {
     condition = "(" + condition + " or PATABLE.pID = " + data::Literal(options.family_head_including) + ")";
@@ -88,23 +104,21 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
              (type == session::lulFamilyHead ? Sql("PATABLE.pTTL") : Sql("PATABLE.pProTTL")) +
              " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
              "PATABLE.pADD1 AS [Address 1], PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, "
-             "PATABLE.pID AS [ID Num], PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD2 AS [Address 2] "
-             "FROM PATABLE WHERE " +
+             "PATABLE.pID AS [ID Num], PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD2 AS [Address 2] " +
+             InsuranceColumn(statements, options) + "FROM PATABLE WHERE " +
              condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
   list.sort = Words("[Last Name], [First Name]");
   list.layout_key = kind.layout_key;
   list.hand_off_column = "pID";
   list.hand_off_table = "PaTable";
+  list.at_location = PersonsAtLocation;
   return list;
 }
 
-ListDefinition InsuranceCompanyList(const Statements& statements, const session::ListOptions& options) {
+ListDefinition InsuranceCompanyList(const Statements& statements) {
   ListDefinition list;
-  list.edits = RecordKind::Carrier;
-  list.deletes = DeleteCarrier;
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
-  AddDelete(list, options);
   list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
                  "InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, InsCoTable.InsCoZip AS Zip, "
                  "InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoInd AS [ID Num], "
@@ -121,15 +135,13 @@ ListDefinition InsuranceCompanyList(const Statements& statements, const session:
 
 ListDefinition EmployerList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
-  list.edits = RecordKind::Employer;
-  list.deletes = DeleteEmployer;
   list.title = "Employer List";
   list.window_texts = {"Employer", "ID Num", "Employer Name", "[Employer Name]", "[ID Num]"};
-  AddDelete(list, options);
   list.sql = Sql("SELECT EmpTable.EmpNam AS [Employer Name], EmpTable.EmpAdd1 AS [Address 1], "
                  "EmpTable.EmpCIT AS City, EmpTable.EmpSTA AS State, EmpTable.EmpZIP AS Zip, EmpTable.EmpTEL AS Phone, "
                  "EmpTable.EmpInd AS [ID Num], EmpTable.EmpAdd2 AS [Address 2] "
                  "FROM EmpTable WHERE (EmpTable.EmpInd <> 0)") +
+             EmployersOfPatient(statements, options.employer_patient) +
              statements.Office(" and (EmpTable.OfficeID = ", ") ");
   list.sort = Words("[Employer Name]");
   list.layout_key = "frmTGList_EMPR";
@@ -140,12 +152,9 @@ ListDefinition EmployerList(const Statements& statements, const session::ListOpt
 
 ListDefinition GroupPlanList(const Statements& statements, const session::ListOptions& options) {
   ListDefinition list;
-  list.edits = RecordKind::GroupPlan;
-  list.deletes = DeleteGroupPlan;
   list.title = "Group Plan List";
   list.window_texts = {"GroupPlan",      "ID Num",      "Plan Name", "[Insurance Company]",
                        "[Group Number]", "[Plan Name]", "[ID Num]"};
-  AddDelete(list, options);
   list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], GroPlaTable.GroPlaNam AS [Plan Name], "
                  "GroPlaTable.GroPlaGroNum AS [Group Number], GroPlaTable.GroPlaCat AS Category, "
                  "GroPlaTable.GroPlaInd AS [ID Num] "
@@ -163,13 +172,10 @@ ListDefinition GroupPlanList(const Statements& statements, const session::ListOp
   return list;
 }
 
-ListDefinition PharmacyList(const Statements& statements, const session::ListOptions& options) {
+ListDefinition PharmacyList(const Statements& statements) {
   ListDefinition list;
-  list.edits = RecordKind::Pharmacy;
-  list.deletes = DeletePharmacy;
   list.title = "Pharmacy List";
   list.window_texts = {"Pharmacy", "ID Num", "Pharmacy Name", "[Pharmacy Name]", "[ID Num]"};
-  AddDelete(list, options);
   list.sql = Sql("SELECT PhaTable.PhaNam AS [Pharmacy Name], PhaTable.PhaAdd1 AS [Address 1], "
                  "PhaTable.PhaCit AS City, PhaTable.PhaSta AS State, PhaTable.PhaZip AS Zip, PhaTable.PhaTel AS Phone, "
                  "PhaTable.PhaFax AS Fax, PhaTable.PhaID AS [ID Num], PhaTable.PhaAdd2 AS [Address 2] "

@@ -5,6 +5,9 @@
 
 namespace session {
 
+// What `ListOptions::show_mode` knows besides the window as it always is.
+inline constexpr std::int32_t kLookOnly = 2;
+
 // How a caller wants a list shown, and which records he wants in it.
 struct ListOptions {
   std::string title = {};                  // empty: the kind's default
@@ -19,10 +22,10 @@ struct ListOptions {
   std::int32_t family_head_including = 0;  // this patient among the family heads, head or not; 0 for none
   std::int32_t employer_patient = 0;       // whose employers; 0 for all
   std::int32_t new_employee_login = 0;     // the login that a new employee is entered for; 0 for none
-  std::int32_t show_mode = 0;
-  bool select_mode = false;
-  bool include_insurance = false;
-  std::string initial_field = {};
+  std::int32_t show_mode = 0;              // `kLookOnly`: nothing is changed from the list
+  bool select_mode = false;                // the list is there to choose from: it neither deletes nor leads elsewhere
+  bool include_insurance = false;          // the carrier with each person
+  std::string initial_field = {};          // the column that typing starts in; empty for the one that is sorted by
 };
 
 // Visits each option of one ListOptions, by the name that a host sets it by: visit(const char* name, auto& value).

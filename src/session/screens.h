@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/user.h"
 #include "session/list_options.h"
@@ -85,8 +86,9 @@ struct ListOutcome {
   enum class End { Chosen, New, Cancelled };  // New: a new record is wanted
 
   End end = End::Cancelled;
-  std::int32_t id = 0;    // of the chosen record
-  std::string text = {};  // its name column
+  std::int32_t id = 0;                 // of the chosen record
+  std::string text = {};               // its name column
+  std::vector<std::int32_t> ids = {};  // of every chosen record, in the order of the rows
 
   bool Chosen() const { return end == End::Chosen; }
 };

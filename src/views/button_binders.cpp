@@ -191,26 +191,29 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
   return bar;
 }
 
+void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at) {
+  wxMenu menu;
+  std::map<int, forms::Button*> by_id;
+  for (forms::Button* command : commands) {
+    if (command->Visible) {
+      wxMenuItem* item = menu.Append(wxID_ANY, ToWx(command->Caption.get()));
+      item->Enable(command->Usable());
+      by_id[item->GetId()] = command;
+    }
+  }
+  const int chosen = window.GetPopupMenuSelectionFromUser(menu, at);
+  if (const auto command = by_id.find(chosen); command != by_id.end()) {
+    command->second->DoClick();
+  }
+}
+
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands) {
   auto* button = new wxButton(parent, wxID_ANY, caption + ToWx(" \u25BE"));
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   KeepOutOfTabOrder(*button);
   button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {
-    if (!FormWindow::Of(*button).SyncFocus()) {
-      return;
-    }
-    wxMenu menu;
-    std::map<int, forms::Button*> by_id;
-    for (forms::Button* command : commands) {
-      if (command->Visible) {
-        wxMenuItem* item = menu.Append(wxID_ANY, ToWx(command->Caption.get()));
-        item->Enable(command->Usable());
-        by_id[item->GetId()] = command;
-      }
-    }
-    const int chosen = button->GetPopupMenuSelectionFromUser(menu, wxPoint(0, button->GetSize().y));
-    if (const auto command = by_id.find(chosen); command != by_id.end()) {
-      command->second->DoClick();
+    if (FormWindow::Of(*button).SyncFocus()) {
+      OpenMenu(*button, commands, wxPoint(0, button->GetSize().y));
     }
   });
   return button;

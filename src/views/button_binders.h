@@ -21,6 +21,8 @@ wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
 wxHyperlinkCtrl* MakeLink(wxWindow* parent, forms::Button& control);
 wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
+// Opens a menu of the commands that are seen, at a place in the window, and carries out what is chosen.
+void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at);
 // A button that opens a menu of the commands.
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands);
 // OK, the screen's own button, Cancel and Help, at the right.

@@ -27,6 +27,9 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
   if (event.GetModifiers() == wxMOD_CONTROL && (IsEnter(event) || event.GetKeyCode() == 'S')) {
     return IsEnter(event) ? forms::Key::CtrlEnter : forms::Key::CtrlS;
   }
+  if ((event.GetModifiers() & ~wxMOD_SHIFT) == wxMOD_CONTROL && event.GetKeyCode() == 'F') {
+    return event.ShiftDown() ? forms::Key::CtrlShiftF : forms::Key::CtrlF;
+  }
   // What drops a list elsewhere opens a field's list.
   if (event.GetModifiers() == wxMOD_ALT && event.GetKeyCode() == WXK_DOWN) {
     return forms::Key::F9;

@@ -2,9 +2,11 @@
 
 #include <wx/dc.h>
 
+#include "views/button_binders.h"
 #include "views/form_window.h"
 #include "views/grid_cells.h"
 #include "views/grid_filters.h"
+#include "views/grid_notice.h"
 
 namespace views {
 namespace {
@@ -14,7 +16,7 @@ using Kind = forms::GridColumn::Kind;
 class GridBinding : public Binding {
  public:
   GridBinding(forms::Grid& control, wxGrid& widget)
-      : Binding(control, widget), grid_(control), widget_(widget), filters_(control, widget) {
+      : Binding(control, widget), grid_(control), widget_(widget), filters_(control, widget), notice_(widget) {
     table_ = new CellTable(grid_, [this] { FetchSoon(); });
     widget_.SetTable(table_, true, wxGrid::wxGridSelectRows);
     BindCells();
@@ -23,6 +25,12 @@ class GridBinding : public Binding {
     KeepSelectionReadable(widget_);
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
     widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
+    widget_.Bind(wxEVT_CHAR, &GridBinding::OnCharacter, this);
+    widget_.GetGridWindow()->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+      event.Skip();
+      grid_.FilterCell = -1;
+    });
+    widget_.GetGridWindow()->Bind(wxEVT_CONTEXT_MENU, &GridBinding::OnMenu, this);
   }
 
   wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
@@ -57,6 +65,10 @@ class GridBinding : public Binding {
       widget_.ForceRefresh();
     }
     ShowRow();
+    notice_.Show(grid_.RowCount() == 0 ? grid_.EmptyText.get() : std::string());
+    if (std::exchange(filter_cell_, grid_.FilterCell.get()) != grid_.FilterCell && grid_.HasFocus()) {
+      filters_.Enter(grid_.FilterCell);
+    }
     showing_ = !outer;
   }
 
@@ -273,6 +285,35 @@ class GridBinding : public Binding {
     }
   }
 
+  // Typing over the rows filters them, but where it edits a cell.
+  void OnCharacter(wxKeyEvent& event) {
+    const wxChar character = event.GetUnicodeKey();
+    const int column = grid_.TypingColumn();
+    if (column < 0 || character <= WXK_SPACE || character == WXK_DELETE || event.ControlDown() || event.AltDown() ||
+        widget_.IsCellEditControlShown() || widget_.CanEnableCellControl()) {
+      event.Skip();
+    } else {
+      filters_.Begin(column, character);
+    }
+  }
+
+  // The menu key opens it below the current cell.
+  void OnMenu(wxContextMenuEvent& event) {
+    wxWindow& cells = *widget_.GetGridWindow();
+    wxPoint at = cells.ScreenToClient(event.GetPosition());
+    if (event.GetPosition() == wxDefaultPosition) {
+      const wxRect cell = widget_.CellToRect(widget_.GetGridCursorRow(), widget_.GetGridCursorCol());
+      at = widget_.CalcScrolledPosition(cell.GetBottomLeft());
+    } else {
+      const wxGridCellCoords cell = widget_.XYToCell(widget_.CalcUnscrolledPosition(at));
+      const bool of_several = grid_.Selected().size() > 1 && grid_.IsSelected(cell.GetRow());
+      if (!Dialog().SyncFocus() || (!of_several && !grid_.DoGoTo(cell.GetRow(), cell.GetCol()))) {
+        return;
+      }
+    }
+    OpenMenu(cells, grid_.CellMenu, at);
+  }
+
   int RowStep(int key) const {
     const int page = std::max(1, widget_.GetGridWindow()->GetClientSize().y / widget_.GetDefaultRowSize() - 1);
     switch (key) {
@@ -366,6 +407,8 @@ class GridBinding : public Binding {
   CellTable* table_ = nullptr;  // the widget owns it
   std::vector<Shape> shapes_;
   GridFilters filters_;
+  GridNotice notice_;
+  int filter_cell_ = -1;  // that was shown to have the keyboard
   int dragged_ = -1;  // the row that the mouse drags, and where it would fall
   int drop_ = -1;
   bool showing_ = false;

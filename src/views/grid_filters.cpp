@@ -66,8 +66,15 @@ wxTextCtrl* GridFilters::MakeCell() {
   cell->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
   cell->Bind(wxEVT_CHAR_HOOK, [this, cell](wxKeyEvent& event) { OnKey(*cell, event); });
   cell->Bind(wxEVT_SET_FOCUS, [this, cell](wxFocusEvent& event) {
-    widget_.MakeCellVisible(-1, static_cast<int>(std::ranges::find(cells_, cell) - cells_.begin()));
     event.Skip();
+    widget_.MakeCellVisible(-1, ColumnOf(cell));
+    grid_.FilterCell = ColumnOf(cell);
+  });
+  cell->Bind(wxEVT_KILL_FOCUS, [this, cell](wxFocusEvent& event) {
+    event.Skip();
+    if (grid_.FilterCell == ColumnOf(cell)) {
+      grid_.FilterCell = -1;
+    }
   });
   return cell;
 }
@@ -79,7 +86,12 @@ void GridFilters::OnKey(wxTextCtrl& cell, wxKeyEvent& event) {
       Apply();
       break;
     case WXK_ESCAPE:
-      GiveUp(cell);
+      if (cell.IsEmpty()) {
+        event.Skip();
+      } else {
+        cell.Clear();
+        Apply();
+      }
       break;
     case WXK_DOWN:
     case WXK_NUMPAD_DOWN:
@@ -89,15 +101,6 @@ void GridFilters::OnKey(wxTextCtrl& cell, wxKeyEvent& event) {
       break;
     default:
       event.Skip();
-  }
-}
-
-void GridFilters::GiveUp(wxTextCtrl& cell) {
-  if (cell.IsEmpty()) {
-    widget_.GetGridWindow()->SetFocus();
-  } else {
-    cell.Clear();
-    Apply();
   }
 }
 
@@ -111,6 +114,30 @@ void GridFilters::Apply() {
     if (typed != grid_.Columns.get()[i].filter) {
       grid_.DoFilter(static_cast<int>(i), typed);
     }
+  }
+}
+
+int GridFilters::ColumnOf(const wxWindow* cell) const {
+  const auto found = std::ranges::find(cells_, cell);
+  return found == cells_.end() ? -1 : static_cast<int>(found - cells_.begin());
+}
+
+bool GridFilters::Enter(int column) {
+  const auto place = static_cast<std::size_t>(column);
+  if (column < 0 || place >= cells_.size() || !cells_[place]->IsShown()) {
+    return false;
+  }
+  if (!cells_[place]->HasFocus()) {
+    cells_[place]->SetFocus();
+  }
+  return true;
+}
+
+void GridFilters::Begin(int column, wxChar character) {
+  if (Enter(column)) {
+    wxTextCtrl& cell = *cells_[static_cast<std::size_t>(column)];
+    cell.SetValue(wxString(character));
+    cell.SetInsertionPointEnd();
   }
 }
 

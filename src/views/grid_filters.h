@@ -23,6 +23,10 @@ class GridFilters {
   // Brings the cells in line with the columns.
   void Place();
 
+  // The keyboard comes to that column's cell; false when it is not shown.
+  bool Enter(int column);
+  // As `Enter`, and this character is typed in place of what was there.
+  void Begin(int column, wxChar character);
   // The keyboard comes to the first cell that is shown, or to the last; false when there is none.
   bool TakeFocus(bool last);
   // From the cell that has the keyboard on to the one beside it; false when there is no other, or none has it.
@@ -32,8 +36,7 @@ class GridFilters {
   wxTextCtrl* MakeCell();
   void OnKey(wxTextCtrl& cell, wxKeyEvent& event);
   void Apply();
-  // Clears the cell; an empty one gives the keyboard to the rows.
-  void GiveUp(wxTextCtrl& cell);
+  int ColumnOf(const wxWindow* cell) const;
 
   forms::Grid& grid_;
   wxGrid& widget_;

@@ -57,7 +57,7 @@ TEST_F(ListWindow, ShowsAPageAtOnceAndTheRestWhileIdle) {
   EXPECT_FALSE(list_.DialogButtons1.OK.Enabled);
   while (list_.DoIdle()) {
   }
-  EXPECT_EQ(list_.RowLabel.Caption.get(), "1300 rows");
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "1,300 rows");
   EXPECT_EQ(list_.DotNetGrid.Row.get(), 699);
   EXPECT_EQ(list_.DotNetGrid.Cell(1299, 3), "1300");
 }
@@ -205,6 +205,49 @@ TEST_F(ListWindow, OpensTheEditingScreenAndFindsItsRecord) {
   EXPECT_FALSE(host_.screens.opened[1].IsNew());
   EXPECT_EQ(host_.screens.opened[1].id, 3);
   EXPECT_FALSE(list_.Closed());
+}
+
+TEST_F(ListWindow, StaysNearARowThatWentOrNoLongerFits) {
+  const auto fill = [this](std::int64_t rows) {
+    host_.session.rows.clear();
+    for (std::int64_t id = 1; id <= rows; ++id) {
+      host_.session.rows.push_back({"Smith, J", "Smith", "J", id});
+    }
+  };
+  fill(5);
+  list_.Options.allow_delete = true;
+  list_.Commands.deletes = [](const session::ScreenContext& context, const session::ListOptions&,
+                              const lookup::DeletedRow& row) {
+    auto& rows = dynamic_cast<test_support::FakeSession&>(context.session).rows;
+    std::erase_if(rows, [&](const test_support::Row& there) { return there[3] == session::Value(std::int64_t{row.id}); });
+    return true;
+  };
+  list_.Load();
+  Filter("Last Name", "S");
+  list_.DotNetGrid.DoRow(2);
+  list_.ToolStrip["Delete"].DoClick();
+  EXPECT_EQ(list_.Chosen("ID Num"), "4") << "what stood behind it";
+  list_.DotNetGrid.DoRow(3);
+  list_.ToolStrip["Delete"].DoClick();
+  EXPECT_EQ(list_.Chosen("ID Num"), "4") << "the last that is left";
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "3 rows") << "how many there are without the filter is not known";
+  host_.screens.saves = 99;
+  list_.Edits = session::Opening::New(session::RecordKind::Pharmacy);
+  list_.DotNetGrid.DoRow(1);
+  list_.ToolStrip["Edit"].DoClick();
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 1) << "the edited record is filtered away";
+}
+
+TEST_F(ListWindow, SaysHowManyThereAreOnlyWhenItKnows) {
+  Fill(300);
+  list_.Load();
+  Filter("Last Name", "S");
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "100 of more than 100 so far ...");
+  list_.ToolStrip["RemFilt"].DoClick();
+  while (list_.DoIdle()) {
+  }
+  Filter("Last Name", "Sm");
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "100 of 300 so far ...");
 }
 
 TEST_F(ListWindow, RunsADeferredCommandOnlyWhenItsTagSaysSo) {

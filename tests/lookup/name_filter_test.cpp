@@ -23,10 +23,10 @@ TEST(NameFilter, ReadsLastCommaFirst) {
 
 TEST(NameFilter, ReadsANameWithoutAComma) {
   EXPECT_EQ(ByName("Smi "), "(((L) like 'Smi%'))");
-  EXPECT_EQ(ByName("John Smith"), "((((L) like 'Smith%') AND ((F) like 'John%')) OR (((L) like 'John Smith%')))");
+  EXPECT_EQ(ByName("John Smith"), "((((L) like 'John Smith%')) OR (((L) like 'Smith%') AND ((F) like 'John%')))");
   EXPECT_EQ(ByName("Mary Ann de Vries"),
-            "((((L) like 'Ann de Vries%') AND ((F) like 'Mary%')) OR (((L) like 'Vries%') AND ((F) like 'Mary Ann "
-            "de%')) OR (((L) like 'Mary Ann de Vries%')))");
+            "((((L) like 'Mary Ann de Vries%')) OR (((L) like 'Ann de Vries%') AND ((F) like 'Mary%')) OR (((L) like "
+            "'Vries%') AND ((F) like 'Mary Ann de%')))");
 }
 
 TEST(NameFilter, TakesWildcardsAndQuotesForLetters) {

@@ -15,7 +15,7 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   auto* page = new wxBoxSizer(wxVERTICAL);
 
   // The keyboard comes to the tool bar's commands through the menu.
-  std::vector<forms::Button*> menu = {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFileResDef};
+  std::vector<forms::Button*> menu = {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFilterCell, &form.MnuFileResDef};
   for (forms::ToolBar::Item& item : form.ToolStrip.Items()) {
     if (!item.separator) {
       menu.push_back(&item.button);
@@ -28,6 +28,12 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
                 wxSizerFlags().CenterVertical().Border(wxRIGHT, gap / 2));
   commands->Add(MakeToolBar(&dialog, form.ToolStrip), wxSizerFlags(1).Expand());
   page->Add(commands, wxSizerFlags().Expand().Border(wxALL, gap / 2));
+  wxPanel* facility = MakePanel(&dialog, form.pnlFacility);
+  auto* locations = new wxBoxSizer(wxHORIZONTAL);
+  locations->Add(MakeCaption(facility, form.lblFacility), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+  locations->Add(MakeComboBox(facility, form.cboFacility, 24), wxSizerFlags().CenterVertical());
+  facility->SetSizer(locations);
+  page->Add(facility, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   page->Add(MakeGrid(&dialog, form.DotNetGrid, 16), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
 
   auto* options = new wxBoxSizer(wxHORIZONTAL);
