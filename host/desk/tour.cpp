@@ -21,6 +21,7 @@
 #include "forms/text_box.h"
 #include "gallery/frmGallery.h"
 #include "home/recent_patients.h"
+#include "lookup/list_catalogue.h"
 
 namespace host {
 namespace {
@@ -83,10 +84,16 @@ std::vector<Stop> Stops(Desk& desk) {
       desk.User().Show(*form);
     };
   };
-  const auto open_list = [&desk](session::LookUpListTypes type) {
-    return [&desk, type] {
+  const auto open_list = [&desk](int type, std::vector<std::pair<std::string, std::string>> options = {}) {
+    return [&desk, type, options = std::move(options)] {
       const entry::Dispatch list = desk.Classes().LookUpList();
+      session::VisitOptions(session::ListOptions(), [&](const char* option, const auto& value) {
+        list.properties.at(option).set(entry::TextOf(value));
+      });
       list.properties.at("ListType").set(std::to_string(type));
+      for (const auto& [option, value] : options) {
+        list.properties.at(option).set(value);
+      }
       entry::Arguments none;
       list.Find("ShowList")->invoke(none);
     };
@@ -94,6 +101,12 @@ std::vector<Stop> Stops(Desk& desk) {
   const auto gallery = [&user] { user.Show(*MakeGallery("frmGallery", user)); };
   const auto page = [](int index) {
     return [index](forms::Form& form) { dynamic_cast<frmGallery&>(form).Tabs.DoTab(index); };
+  };
+  const auto filter = [](forms::Form& form, const char* text) {
+    while (form.DoIdle()) {
+    }
+    auto& grid = dynamic_cast<forms::Grid&>(*form.Find("DotNetGrid"));
+    grid.DoFilter(grid.ColumnIndex("Last Name"), text);
   };
   std::vector<Stop> stops = {
       {"frmLogin",
@@ -116,7 +129,18 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"frmTGList", open_list(session::lulEmployee)},
-      {"frmTGList-recall", open_list(session::lulRecallMaster)},
+      {"frmTGList-patients", open_list(session::lulFamilyHead, {{"ShowPatientButtons", "True"},
+                                                                {"ShowFacilityOptions", "True"},
+                                                                {"Include_Ins", "True"}})},
+      {"frmTGList-filtered", open_list(session::lulFamilyHead), [filter](forms::Form& form) { filter(form, "S"); }},
+      {"frmTGList-nothing", open_list(session::lulFamilyHead), [filter](forms::Form& form) { filter(form, "Zzz"); }},
+      {"frmTGList-several", open_list(session::lulInsuranceCo, {{"MultiSel", "True"}}),
+       [](forms::Form& form) {
+         auto& grid = dynamic_cast<forms::Grid&>(*form.Find("DotNetGrid"));
+         for (const int row : {2, 3, 5}) {
+           grid.DoToggleRow(row);
+         }
+       }},
       {"frmTGList-changes",
        [&desk] {
          const session::ScreenContext context = desk.Context();
@@ -138,6 +162,9 @@ std::vector<Stop> Stops(Desk& desk) {
       {"input", [&user] { user.Input({.prompt = "Enter name or ID number below.\rExample:\r      John Smith"}); }},
       {"calendar", [&user] { user.PickDate("Calendar", std::chrono::year(1980) / std::chrono::January / 2); }},
   };
+  for (int type = 0; type < lookup::kListKinds; ++type) {
+    stops.push_back({"frmTGList-" + std::to_string(type), open_list(type)});
+  }
   // A form without a stop of its own is seen as it opens.
   for (const std::string& form : entry::FormNames()) {
     if (std::ranges::none_of(stops, [&](const Stop& stop) { return Window(stop) == form; })) {

@@ -171,7 +171,7 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   rows_ = std::move(rows);
   if (first) {
     SetGridLayout();
-    DotNetGrid.Col = DotNetGrid.TypingColumn();
+    DotNetGrid.Col = std::max(0, DotNetGrid.ColumnIndex(DotNetGrid.TypingField));
   }
   sort_column_ = DotNetGrid.SortColumn;
   sort_descending_ = DotNetGrid.SortDescending;

@@ -21,11 +21,11 @@ GridNotice::GridNotice(wxGrid& widget)
 }
 
 void GridNotice::Show(const std::string& text) {
+  text_.Show(!text.empty());
   if (text_.GetLabelText() != ToWx(text)) {
     text_.SetLabelText(ToWx(text));
     Place();
   }
-  text_.Show(!text.empty());
 }
 
 void GridNotice::Place() {
