@@ -87,7 +87,8 @@ std::vector<Stop> Stops(Desk& desk) {
   const auto open_list = [&desk](int type, std::vector<std::pair<std::string, std::string>> options = {}) {
     return [&desk, type, options = std::move(options)] {
       const entry::Dispatch list = desk.Classes().LookUpList();
-      session::VisitOptions(session::ListOptions(), [&](const char* option, const auto& value) {
+      const session::ListOptions usual;
+      session::VisitOptions(usual, [&](const char* option, const auto& value) {
         list.properties.at(option).set(entry::TextOf(value));
       });
       list.properties.at("ListType").set(std::to_string(type));

@@ -84,7 +84,7 @@ std::string Grid::SpokenName() const {
     if (Offers(column)) {
       name += ": " + Column(column).caption + " " + std::string(Cell(Row, column));
     }
-    name += ", row " + std::to_string(Row + 1) + " of " + std::to_string(RowCount());
+    name += ", row " + std::to_string(Row + 1);
   }
   return name;
 }

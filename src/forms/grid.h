@@ -125,7 +125,7 @@ class Grid : public Control {
   bool IsSelected(int row) const;
   // Where typing over the rows starts a filter; -1 where it cannot.
   int TypingColumn() const;
-  // With the current cell: "List: Last Name Smith, row 4 of 846".
+  // With the current cell: "List: Last Name Smith, row 4".
   std::string SpokenName() const override;
 
   // Tells the view that cells changed or rows came.

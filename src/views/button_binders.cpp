@@ -169,17 +169,18 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   bar->SetSizer(row);
   auto& dialog = FormWindow::Of(*parent);
-  bool first_group = true;
+  constexpr int kCaptionedGroups = 3;
+  int group = 0;
   for (forms::ToolBar::Item& item : control.Items()) {
     if (item.separator) {
       auto* line = new wxStaticLine(bar, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLI_VERTICAL);
       dialog.Attach<Binding>(item.button, *line);
       line->SetName(ToWx(control.Name() + "." + item.key));
       row->Add(line, wxSizerFlags().Expand().Border(wxALL, bar->FromDIP(4)));
-      first_group = false;
+      ++group;
     } else {
       // A caption that is not shown is still read out.
-      const bool captioned = first_group || !dialog.Pictures().Find(item.button.Picture).IsOk();
+      const bool captioned = group < kCaptionedGroups || !dialog.Pictures().Find(item.button.Picture).IsOk();
       auto* button = new wxButton(bar, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                   wxBORDER_NONE | wxBU_EXACTFIT | (captioned ? 0 : wxBU_NOTEXT));
       dialog.Attach<ToolBinding>(item.button, *button);

@@ -65,6 +65,9 @@ class GridBinding : public Binding {
       widget_.ForceRefresh();
     }
     ShowRow();
+    if (aspect == forms::Aspect::Items) {
+      ShowName();
+    }
     notice_.Show(grid_.RowCount() == 0 ? grid_.EmptyText.get() : std::string());
     if (std::exchange(filter_cell_, grid_.FilterCell.get()) != grid_.FilterCell && grid_.HasFocus()) {
       filters_.Enter(grid_.FilterCell);

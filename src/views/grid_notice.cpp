@@ -1,9 +1,6 @@
 #include "views/grid_notice.h"
 
-#include <wx/settings.h>
-
 #include "views/binding.h"
-#include "views/readable.h"
 
 namespace views {
 
@@ -11,8 +8,7 @@ GridNotice::GridNotice(wxGrid& widget)
     : cells_(*widget.GetGridWindow()),
       text_(*new wxStaticText(&cells_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE)) {
-  text_.SetForegroundColour(
-      ReadableOn(widget.GetDefaultCellBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT)));
+  text_.SetForegroundColour(widget.GetDefaultCellTextColour());
   text_.Hide();
   cells_.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
@@ -29,9 +25,9 @@ void GridNotice::Show(const std::string& text) {
 }
 
 void GridNotice::Place() {
+  constexpr int kLines = 3;
   const wxSize area = cells_.GetClientSize();
-  const wxSize size = text_.GetBestSize();
-  text_.SetSize((area.x - size.x) / 2, area.y / 4, size.x, size.y);
+  text_.SetSize(0, area.y / 4, area.x, kLines * text_.GetCharHeight());
 }
 
 }  // namespace views

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <wx/wx.h>
 
+#include <wx/stdpaths.h>
+
 #include <filesystem>
 #include <set>
 
@@ -49,7 +51,9 @@ TEST(Layout, OfEveryWindowIsGood) {
   std::filesystem::create_directories(folder);
   host::DemoOptions demo;
   demo.patients = 60;
-  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder, folder,
+  const std::filesystem::path program = wxStandardPaths::Get().GetExecutablePath().utf8_string();
+  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder,
+                  (program.parent_path().parent_path() / "share").string(),
                   host::ClassesOfThisProgram);
   std::set<std::string> seen;
   host::VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {

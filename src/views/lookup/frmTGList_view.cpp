@@ -40,11 +40,11 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   options->Add(MakeOption(&dialog, form.optFiltLeft, true), beside);
   options->Add(MakeOption(&dialog, form.optFiltMid, false), beside);
   options->Add(MakeCheckBox(&dialog, form.chkAutoClearFilter), beside);
-  options->AddStretchSpacer();
-  options->Add(MakeLabel(&dialog, form.RowLabel), wxSizerFlags().CenterVertical());
   page->Add(options, wxSizerFlags().Expand().Border(wxALL, gap));
-  page->Add(MakeDialogButtons(&dialog, form.DialogButtons1),
-            wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  auto* end = new wxBoxSizer(wxHORIZONTAL);
+  end->Add(MakeLabel(&dialog, form.RowLabel), wxSizerFlags().CenterVertical());
+  end->Add(MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags(1));
+  page->Add(end, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   RunTimer(dialog, form.Timer1);
   dialog.SetSizer(page);
 }
