@@ -88,9 +88,8 @@ std::vector<Stop> Stops(Desk& desk) {
     return [&desk, type, options = std::move(options)] {
       const entry::Dispatch list = desk.Classes().LookUpList();
       const session::ListOptions usual;
-      session::VisitOptions(usual, [&](const char* option, const auto& value) {
-        list.properties.at(option).set(entry::TextOf(value));
-      });
+      session::VisitOptions(
+          usual, [&](const char* option, const auto& value) { list.properties.at(option).set(entry::TextOf(value)); });
       list.properties.at("ListType").set(std::to_string(type));
       for (const auto& [option, value] : options) {
         list.properties.at(option).set(value);
@@ -130,9 +129,9 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"frmTGList", open_list(session::lulEmployee)},
-      {"frmTGList-patients", open_list(session::lulFamilyHead, {{"ShowPatientButtons", "True"},
-                                                                {"ShowFacilityOptions", "True"},
-                                                                {"Include_Ins", "True"}})},
+      {"frmTGList-patients",
+       open_list(session::lulFamilyHead,
+                 {{"ShowPatientButtons", "True"}, {"ShowFacilityOptions", "True"}, {"Include_Ins", "True"}})},
       {"frmTGList-filtered", open_list(session::lulFamilyHead), [filter](forms::Form& form) { filter(form, "S"); }},
       {"frmTGList-nothing", open_list(session::lulFamilyHead), [filter](forms::Form& form) { filter(form, "Zzz"); }},
       {"frmTGList-several", open_list(session::lulInsuranceCo, {{"MultiSel", "True"}}),

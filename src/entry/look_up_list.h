@@ -12,9 +12,8 @@
 namespace entry {
 
 // The lists' public class. `ShowList` shows the kind in `ListType` and returns when the list closes; the selected
-// record of the options and `Select_String` then hold the chosen one, `SelectedIDs` all that were chosen; they are as before
-// when nothing was. The
-// options' title holds for one call. A `ListType` that is no kind shows nothing.
+// record of the options and `Select_String` then hold the chosen one, `SelectedIDs` all that were chosen; they are as
+// before when nothing was. The options' title holds for one call. A `ListType` that is no kind shows nothing.
 class LookUpList : public IGlobal, public ClassPrinter<LookUpList> {
  public:
   explicit LookUpList(forms::User& user) : user_(user) {}

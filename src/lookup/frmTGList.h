@@ -167,10 +167,10 @@ class frmTGList : public forms::Form, private editing::Rules {
   data::Sql sort_;
   int sort_column_ = -1;  // as the grid stood for the rows that are shown
   bool sort_descending_ = false;
-  int facility_ = 0;    // the location whose rows are shown
-  Place awaited_;       // no ID when nothing is awaited any more
-  int searched_ = 0;    // rows that were compared with the awaited ID
-  int all_ = 0;         // rows without a filter: at least so many; 0 when nothing is known
+  int facility_ = 0;  // the location whose rows are shown
+  Place awaited_;     // no ID when nothing is awaited any more
+  int searched_ = 0;  // rows that were compared with the awaited ID
+  int all_ = 0;       // rows without a filter: at least so many; 0 when nothing is known
   bool all_known_ = false;
 };
 

@@ -55,7 +55,8 @@ void frmTGList::RegisterControls() {
   Add("lblFacility", lblFacility);
   Add("cboFacility", cboFacility);
   cboFacility.Heading = &lblFacility;
-  for (forms::Control* part : {static_cast<forms::Control*>(&lblFacility), static_cast<forms::Control*>(&cboFacility)}) {
+  for (forms::Control* part :
+       {static_cast<forms::Control*>(&lblFacility), static_cast<forms::Control*>(&cboFacility)}) {
     part->Container = &pnlFacility;
   }
   Add("DotNetGrid", DotNetGrid);

@@ -80,9 +80,9 @@ bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
 std::optional<int> frmTGList::AskLabels() const {
   constexpr int kMost = 999;
   std::string typed;
-  while (const auto answer = context_.user.Input({.prompt = "How many labels would you like to print?",
-                                                  .title = "Label Quantity Selection",
-                                                  .text = typed})) {
+  while (
+      const auto answer = context_.user.Input(
+          {.prompt = "How many labels would you like to print?", .title = "Label Quantity Selection", .text = typed})) {
     typed = *answer;
     const std::string_view digits = forms::Trim(typed);
     int labels = 0;

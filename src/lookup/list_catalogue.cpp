@@ -29,8 +29,7 @@ ListDefinition EmployeeList(const Statements& db, const session::ListOptions& op
                  "PATABLE.pZIP AS Zip, PATABLE.pID AS [ID Num], "
                  "EmpTable.EmpAdd1 AS [Business Address 1], EmpTable.EmpAdd2 AS [Business Address 2], "
                  "EmpTable.EmpCIT AS [B-City], EmpTable.EmpSTA AS [B-State], EmpTable.EmpZip AS [B-Zip] ") +
-             InsuranceColumn(db, options) +
-             Sql("FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID") +
+             InsuranceColumn(db, options) + Sql("FROM (PATABLE LEFT JOIN ELTable ON PATABLE.pEmpID1 = ELTable.elID") +
              db.OfficeJoin(" and (PATABLE.OfficeID = ELTable.OfficeID) ") +
              ") LEFT JOIN EmpTable ON ELTable.elEmpID = ELTable.EmpInd " +
              db.OfficeJoin(" and (ELTable.OfficeID = ELTable.OfficeID) ") +

@@ -9,13 +9,13 @@ namespace lookup {
 
 // What a kind of list can do with its records; its tool bar shows the buttons of that and no others.
 struct ListCommands {
-  const char* record = "row";                         // what one of them is called: "insurance company"
-  std::optional<session::RecordKind> edits = {};      // New and Edit, in this record's screen
-  DeleteFlow deletes = nullptr;                       // Delete
-  bool leads_to_patients = false;                     // the ways to a patient's screens, where the host wants them
-  bool prints_envelopes = false;                      // Print Envelope
-  bool prints_labels = false;                         // Print Label, as many as the person says
-  bool links_payers = false;                          // Link to and Un-link from Electronic Payer
+  const char* record = "row";                     // what one of them is called: "insurance company"
+  std::optional<session::RecordKind> edits = {};  // New and Edit, in this record's screen
+  DeleteFlow deletes = nullptr;                   // Delete
+  bool leads_to_patients = false;                 // the ways to a patient's screens, where the host wants them
+  bool prints_envelopes = false;                  // Print Envelope
+  bool prints_labels = false;                     // Print Label, as many as the person says
+  bool links_payers = false;                      // Link to and Un-link from Electronic Payer
 };
 
 // Throws std::out_of_range for no kind of list.

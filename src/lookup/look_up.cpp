@@ -42,8 +42,9 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookU
     };
   }
   if (list.commands.edits) {
-    window.Edits = session::Opening{
-        .kind = *list.commands.edits, .carrier = options.group_plan_company, .new_employee_login = options.new_employee_login};
+    window.Edits = session::Opening{.kind = *list.commands.edits,
+                                    .carrier = options.group_plan_company,
+                                    .new_employee_login = options.new_employee_login};
   }
   window.AllowEdit = list.commands.edits.has_value();
   if (!list.kind_key.empty()) {

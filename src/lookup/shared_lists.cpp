@@ -105,8 +105,8 @@ ListDefinition PersonList(session::LookUpListTypes type, const Statements& state
              " AS Title, PATABLE.pHOMPHO AS [Home Phone], PATABLE.pBUSPHO AS [Business Phone], "
              "PATABLE.pADD1 AS [Address 1], PATABLE.pCIT AS City, PATABLE.pSTA AS State, PATABLE.pZIP AS Zip, "
              "PATABLE.pID AS [ID Num], PATABLE.pHomCell AS [Cell Phone], PATABLE.pADD2 AS [Address 2] " +
-             InsuranceColumn(statements, options) + "FROM PATABLE WHERE " +
-             condition + statements.Office(" and (PATABLE.OfficeID = ", ") ");
+             InsuranceColumn(statements, options) + "FROM PATABLE WHERE " + condition +
+             statements.Office(" and (PATABLE.OfficeID = ", ") ");
   list.sort = Words("[Last Name], [First Name]");
   list.layout_key = kind.layout_key;
   list.hand_off_column = "pID";

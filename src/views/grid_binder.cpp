@@ -412,7 +412,7 @@ class GridBinding : public Binding {
   GridFilters filters_;
   GridNotice notice_;
   int filter_cell_ = -1;  // that was shown to have the keyboard
-  int dragged_ = -1;  // the row that the mouse drags, and where it would fall
+  int dragged_ = -1;      // the row that the mouse drags, and where it would fall
   int drop_ = -1;
   bool showing_ = false;
   bool fetching_ = false;

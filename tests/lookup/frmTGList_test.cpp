@@ -219,7 +219,8 @@ TEST_F(ListWindow, StaysNearARowThatWentOrNoLongerFits) {
   list_.Commands.deletes = [](const session::ScreenContext& context, const session::ListOptions&,
                               const lookup::DeletedRow& row) {
     auto& rows = dynamic_cast<test_support::FakeSession&>(context.session).rows;
-    std::erase_if(rows, [&](const test_support::Row& there) { return there[3] == session::Value(std::int64_t{row.id}); });
+    std::erase_if(rows,
+                  [&](const test_support::Row& there) { return there[3] == session::Value(std::int64_t{row.id}); });
     return true;
   };
   list_.Load();
