@@ -3,23 +3,22 @@
 #include <array>
 
 #include "data/literal.h"
-#include "data/revocable.h"
 
 namespace data {
 namespace {
 
 constexpr OrderedRows::Columns kColumns = {"CovTable",  "CovID",     "CovPatID", "CovOrd",
                                            "CovEndDat", "CovEndWho", "CovFla"};
-constexpr std::array<Words, 5> kCarried = {"CovInsCoPatID", "CovYTD", "CovRemBal", "CovRemDed", "CovLastRenewalYear"};
+constexpr std::array<Words, 5> kBenefits = {"CovInsCoPatID", "CovYTD", "CovRemBal", "CovRemDed", "CovLastRenewalYear"};
 
-Assignments Carried(const session::Recordset& row) {
-  Assignments carried;
-  for (const Words column : kCarried) {
+Assignments BenefitsOf(const session::Recordset& row) {
+  Assignments benefits;
+  for (const Words column : kBenefits) {
     if (const session::Value value = row[column.Text()]; !session::IsNull(value)) {
-      carried.emplace_back(column, ValueLiteral(value));
+      benefits.emplace_back(column, ValueLiteral(value));
     }
   }
-  return carried;
+  return benefits;
 }
 
 }  // namespace
@@ -35,29 +34,37 @@ std::int32_t Coverages::Add(std::int32_t patient, std::int32_t holding, std::int
                                          {"CovFla", "0"}});
 }
 
-std::int32_t Coverages::Change(std::int32_t coverage, std::int32_t holding) const {
-  const auto old = Find(coverage);
-  return old ? Succeed(*old, holding, {}) : 0;
+void Coverages::Change(std::int32_t coverage, std::int32_t holding) const {
+  if (const auto old = Find(coverage)) {
+    Succeed(*old, holding, {});
+  }
 }
 
-std::int32_t Coverages::Succeed(const Coverage& old, std::int32_t holding, const Assignments& carried) const {
-  Assignments values = {{"CovPatID", Literal(old.patient)},       {"CovRel", Literal(old.relationship)},
-                        {"CovSubPatEmpID", Literal(holding)},     {"CovOrd", Literal(old.order)},
-                        {"CovStaDat", Literal(session_.Today())}, {"CovFla", "0"}};
-  values.insert(values.end(), carried.begin(), carried.end());
-  Revocable steps(statements_);
-  steps.Run(rows_.End(old.id), rows_.OpenAgain(old.id));
-  const std::int32_t successor = statements_.Insert("CovTable", values);
-  steps.Keep();
-  return successor;
+void Coverages::Succeed(const Coverage& old, std::int32_t holding, const Assignments& benefits) const {
+  if (old.live) {
+    rows_.BeginToEnd(old.id);
+  }
+  try {
+    const std::int32_t order = rows_.IsFree(old.patient, old.order) ? old.order : rows_.NextOrder(old.patient);
+    Assignments values = {{"CovPatID", Literal(old.patient)},       {"CovRel", Literal(old.relationship)},
+                          {"CovSubPatEmpID", Literal(holding)},     {"CovOrd", Literal(order)},
+                          {"CovStaDat", Literal(session_.Today())}, {"CovFla", "0"}};
+    values.insert(values.end(), benefits.begin(), benefits.end());
+    statements_.Insert("CovTable", values);
+  } catch (const session::DatabaseError&) {
+    rows_.OpenAgain(old.id);
+    throw;
+  }
+  rows_.SetEnded(old.id);
 }
 
 void Coverages::Remove(std::int32_t coverage) const {
   if (const auto removed = Find(coverage)) {
-    Revocable steps(statements_);
-    steps.Run(rows_.End(coverage), rows_.OpenAgain(coverage));
-    statements_.Execute(rows_.CloseGap(removed->patient, removed->order));
-    steps.Keep();
+    if (removed->live) {
+      rows_.BeginToEnd(coverage);
+    }
+    rows_.CloseGap(removed->patient);
+    rows_.SetEnded(coverage);
   }
 }
 
@@ -65,20 +72,28 @@ void Coverages::SetRelationship(std::int32_t coverage, std::int32_t relationship
   statements_.Update("CovTable", {{"CovRel", Literal(relationship)}}, "CovID", coverage);
 }
 
-// What is removed moves the patient's later coverages up, so each is read again when its turn comes.
+// What is removed moves the patient's later coverages up, so each is read again when its turn comes. One that was
+// ending already and whose patient the other holding covers has its successor there.
 void Coverages::Move(std::int32_t from_holding, std::int32_t to_holding) const {
   for (const Coverage& due : Through(from_holding)) {
-    const auto doubles = Read("(CovTable.CovPatID=" + Literal(due.patient) +
-                              ") AND (CovTable.CovSubPatEmpID=" + Literal(to_holding) + ")");
+    std::vector<Coverage> doubles;
+    for (const Coverage& there : Read("(CovTable.CovPatID=" + Literal(due.patient) +
+                                      ") AND (CovTable.CovSubPatEmpID=" + Literal(to_holding) + ")")) {
+      if (there.live) {
+        doubles.push_back(there);
+      } else {
+        Remove(there.id);
+      }
+    }
     const auto moved = Find(due.id);
-    if (!doubles.empty() && doubles.front().order <= moved->order) {
-      Remove(due.id);
+    if (!doubles.empty() && (!moved->live || doubles.front().order <= moved->order)) {
+      Remove(moved->id);
       continue;
     }
     for (const Coverage& later : doubles) {
       Remove(later.id);
     }
-    Succeed(*moved, to_holding, moved->carried);
+    Succeed(*moved, to_holding, moved->benefits);
   }
 }
 
@@ -94,7 +109,7 @@ std::optional<Coverage> Coverages::Find(std::int32_t coverage) const {
 }
 
 std::vector<Coverage> Coverages::Through(std::int32_t holding) const {
-  return Read("(CovTable.CovSubPatEmpID=" + Literal(holding) + ")");
+  return Read("((CovTable.CovSubPatEmpID)=" + Literal(holding) + ")");
 }
 
 std::vector<Coverage> Coverages::Of(std::int32_t patient) const {
@@ -103,12 +118,13 @@ std::vector<Coverage> Coverages::Of(std::int32_t patient) const {
 
 std::vector<Coverage> Coverages::Read(const Sql& condition) const {
   std::vector<Coverage> coverages;
-  for (const auto row =
-           statements_.Select("SELECT * FROM CovTable WHERE (" + condition + " AND ((CovTable.CovFla)=0))" +
-                              statements_.Office() + " ORDER BY CovPatID, CovOrd, CovID");
+  for (const auto row = statements_.Select(
+           "SELECT * FROM CovTable WHERE (" + condition + " AND (((CovTable.CovFla)=0) OR ((CovTable.CovFla)=" +
+           Literal(OrderedRows::kEnding) + ")))" + statements_.Office() + " ORDER BY CovPatID, CovOrd, CovID");
        !row->Eof(); row->MoveNext()) {
-    const auto id = [&](Words column) { return session::ToId((*row)[column.Text()]); };
-    coverages.push_back({id("CovID"), id("CovPatID"), id("CovSubPatEmpID"), id("CovOrd"), id("CovRel"), Carried(*row)});
+    const auto number = [&](std::string_view column) { return session::ToId((*row)[column]); };
+    coverages.push_back({number("CovID"), number("CovPatID"), number("CovSubPatEmpID"), number("CovOrd"),
+                         number("CovRel"), number("CovFla") == OrderedRows::kLive, BenefitsOf(*row)});
   }
   return coverages;
 }

@@ -15,41 +15,41 @@ struct Coverage {
   std::int32_t holding = 0;
   std::int32_t order = 0;
   std::int32_t relationship = 0;
-  Assignments carried = {};  // the patient's ID at the carrier, and his benefit amounts
+  bool live = true;           // or ending
+  Assignments benefits = {};  // the patient's ID at the carrier, and his benefit amounts
 };
 
-// The coverages of patients: `CovTable`. A patient's live ones are ordered 1, 2, 3; a changed or removed one ends. All
-// throw session::DatabaseError; where a change fails half-way what was ended is open again.
+// The coverages of patients: `CovTable`. A patient's live ones are ordered 1, 2, 3; a changed or removed one ends. What
+// stops half-way is finished when the same is asked for again. All throw session::DatabaseError.
 class Coverages {
  public:
   explicit Coverages(session::Session& session);
 
   // Behind the patient's other coverages; its ID.
   std::int32_t Add(std::int32_t patient, std::int32_t holding, std::int32_t relationship) const;
-  // Another holding covers the patient, in the same order and relationship; the new coverage's ID, or 0 when there is
-  // no such live coverage.
-  std::int32_t Change(std::int32_t coverage, std::int32_t holding) const;
+  // Another holding covers the patient, in the same order and relationship.
+  void Change(std::int32_t coverage, std::int32_t holding) const;
   void Remove(std::int32_t coverage) const;
   void SetRelationship(std::int32_t coverage, std::int32_t relationship) const;
 
-  // All live coverages through a holding go through another one, with what they carry. Of a patient whom both cover the
-  // earlier coverage stays.
+  // Everybody's coverages through a holding go through another one, and the benefits with them. Of a patient whom both
+  // cover the earlier coverage stays.
   void Move(std::int32_t from_holding, std::int32_t to_holding) const;
   void RemoveThrough(std::int32_t holding) const;
 
-  // Nothing when it has ended.
-  std::optional<Coverage> Find(std::int32_t coverage) const;
-  std::vector<Coverage> Through(std::int32_t holding) const;
-  // A patient's live coverages, in their order.
+  // A patient's coverages, live or ending, in their order.
   std::vector<Coverage> Of(std::int32_t patient) const;
   // A patient's coverages whose holding and link are live as well.
   int Count(std::int32_t patient) const;
-  // The link of employer and plan behind a coverage, live or not; 0 when there is none.
+  // The link of employer and plan behind a coverage; 0 when there is none.
   std::int32_t LinkOf(std::int32_t coverage) const;
 
  private:
+  // Of coverages that are live or ending.
   std::vector<Coverage> Read(const Sql& condition) const;
-  std::int32_t Succeed(const Coverage& old, std::int32_t holding, const Assignments& carried) const;
+  std::optional<Coverage> Find(std::int32_t coverage) const;
+  std::vector<Coverage> Through(std::int32_t holding) const;
+  void Succeed(const Coverage& old, std::int32_t holding, const Assignments& benefits) const;
 
   session::Session& session_;
   Statements statements_;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -16,34 +15,29 @@ struct Holding {
   std::int32_t subscriber = 0;
   std::int32_t link = 0;
   std::int32_t order = 0;
-  bool live = true;
+  bool live = true;  // or ending
 };
 
 // What subscribers hold: `PatEmpTable`. A subscriber's live holdings are ordered 1, 2, 3; a changed or removed one
-// ends, and everybody's coverages through it follow. All throw session::DatabaseError; where a change fails half-way
-// what was ended is open again, and coverages that are left behind follow when the same is asked for again.
+// ends, and everybody's coverages through it go with it. What stops half-way is finished when the same is asked for
+// again. All throw session::DatabaseError.
 class Holdings {
  public:
-  // Called where a change can still be taken back: when it throws, that happens.
-  using Told = std::function<void()>;
-
   explicit Holdings(session::Session& session);
 
   // Behind the subscriber's other holdings; its ID.
   std::int32_t Add(std::int32_t subscriber, std::int32_t link) const;
-  // The subscriber's live holding of a link goes to another link, in its order. Where he holds that one already, the
-  // holding there takes the earlier of the two places.
+  // The subscriber's holding of a link goes to another link, in its order. Where he holds that one already, the holding
+  // there takes the earlier of the two places.
   void Change(std::int32_t subscriber, std::int32_t from_link, std::int32_t to_link) const;
-  // The same of one holding. One that has ended, but still covers somebody, was left behind half-way: it is finished.
-  void Move(std::int32_t holding, std::int32_t to_link, const Told& told = {}) const;
-  // `told` is not called for one that has ended before.
-  void Remove(std::int32_t holding, const Told& told = {}) const;
+  void Remove(std::int32_t holding) const;
 
-  // Nothing when there is no such holding.
-  std::optional<Holding> Get(std::int32_t holding) const;
-  // The first live one.
-  std::optional<Holding> Find(std::int32_t subscriber, std::int32_t link) const;
-  // Those that are live, and those that have ended but still cover somebody.
+  // The first steps of these, up to where only the end of the old holding is due: for what is to be done before.
+  void BeginToMove(std::int32_t holding, std::int32_t to_link) const;
+  void BeginToRemove(std::int32_t holding) const;
+  void SetEnded(std::int32_t holding) const { rows_.SetEnded(holding); }
+
+  // Those of a link, live or ending, by subscriber and order.
   std::vector<Holding> On(std::int32_t link) const;
   // The same of a subscriber, in their order.
   std::vector<Holding> Of(std::int32_t subscriber) const;
@@ -54,10 +48,12 @@ class Holdings {
 
  private:
   std::vector<Holding> Read(const Sql& condition) const;
-  std::vector<Holding> ReadUnfinished(const Sql& condition) const;
-  // In the order of the subscriber's holdings.
-  std::int32_t PlaceOf(const Holding& holding) const;
+  std::optional<Holding> Find(std::int32_t holding) const;
+  std::vector<Holding> Of(std::int32_t subscriber, std::int32_t link) const;
   std::int32_t Insert(std::int32_t subscriber, std::int32_t link, std::int32_t order) const;
+  // The successor's ID.
+  std::int32_t Succeed(const Holding& old, std::int32_t to_link) const;
+  void Merge(const Holding& old, const Holding& kept) const;
 
   session::Session& session_;
   Statements statements_;

@@ -4,43 +4,59 @@
 
 namespace data {
 
-Sql OrderedRows::Set(std::int32_t id, const Sql& values) const {
-  return Sql("UPDATE ") + columns_.table + " SET " + values + " WHERE " + columns_.key + "=" + Literal(id) +
-         statements_.Office();
+void OrderedRows::Set(std::int32_t id, const Sql& values) const {
+  statements_.Execute(Sql("UPDATE ") + columns_.table + " SET " + values + " WHERE " + columns_.key + "=" +
+                      Literal(id) + statements_.Office());
 }
 
-Sql OrderedRows::End(std::int32_t id) const {
-  return Set(id, Sql(columns_.end_date) + "=" + Literal(session_.Today()) + ", " + columns_.end_user + "=" +
-                     Literal(session_.UserName()) + ", " + columns_.flag + "=1");
+void OrderedRows::BeginToEnd(std::int32_t id) const {
+  Set(id, Sql(columns_.end_date) + "=" + Literal(session_.Today()) + ", " + columns_.end_user + "=" +
+              Literal(session_.UserName()) + ", " + columns_.flag + "=" + Literal(kEnding));
 }
 
-Sql OrderedRows::OpenAgain(std::int32_t id) const {
-  return Set(id, Sql(columns_.end_date) + "=Null, " + columns_.end_user + "=Null, " + columns_.flag + "=0");
+void OrderedRows::OpenAgain(std::int32_t id) const {
+  Set(id, Sql(columns_.end_date) + "=Null, " + columns_.end_user + "=Null, " + columns_.flag + "=" + Literal(kLive));
 }
 
-Sql OrderedRows::Place(std::int32_t id, std::int32_t order) const {
-  return Set(id, Sql(columns_.order) + "=" + Literal(order));
+void OrderedRows::SetEnded(std::int32_t id) const {
+  Set(id, Sql(columns_.flag) + "=" + Literal(kEnded));
 }
 
-Sql OrderedRows::Shift(std::int32_t owner, Words by, const Sql& from) const {
-  return Sql("UPDATE ") + columns_.table + " SET " + columns_.table + "." + columns_.order + " = [" + columns_.table +
-         "].[" + columns_.order + "]" + by + " WHERE (" + columns_.owner + "=" + Literal(owner) + ") AND (" +
-         columns_.flag + "=0) AND (" + columns_.order + from + ")" + statements_.Office();
+void OrderedRows::SetOrder(std::int32_t id, std::int32_t order) const {
+  Set(id, Sql(columns_.order) + "=" + Literal(order));
 }
 
-Sql OrderedRows::CloseGap(std::int32_t owner, std::int32_t order) const {
-  return Shift(owner, "-1 ", ">" + Literal(order));
+Sql OrderedRows::LiveOf(std::int32_t owner) const {
+  return Sql("(") + columns_.owner + "=" + Literal(owner) + ") AND (" + columns_.flag + "=0)";
 }
 
-Sql OrderedRows::OpenGap(std::int32_t owner, std::int32_t order) const {
-  return Shift(owner, "+1 ", ">=" + Literal(order));
+bool OrderedRows::IsFree(std::int32_t owner, std::int32_t order) const {
+  return session::ToId(statements_.SelectValue(Sql("SELECT Count(") + columns_.key + ") FROM " + columns_.table +
+                                               " WHERE " + LiveOf(owner) + " AND (" + columns_.order + "=" +
+                                               Literal(order) + ")" + statements_.Office())) == 0;
 }
 
 std::int32_t OrderedRows::NextOrder(std::int32_t owner) const {
   return session::ToId(statements_.SelectValue(Sql("SELECT Max(") + columns_.order + ") FROM " + columns_.table +
-                                               " WHERE (" + columns_.owner + "=" + Literal(owner) + ") AND (" +
-                                               columns_.flag + "=0)" + statements_.Office())) +
+                                               " WHERE " + LiveOf(owner) + statements_.Office())) +
          1;
+}
+
+void OrderedRows::CloseGap(std::int32_t owner) const {
+  std::int32_t order = 1;
+  std::int32_t last = 0;
+  for (const auto row = statements_.Select(Sql("SELECT ") + columns_.order + " FROM " + columns_.table + " WHERE " +
+                                           LiveOf(owner) + statements_.Office() + " ORDER BY " + columns_.order);
+       !row->Eof(); row->MoveNext()) {
+    last = session::ToId(row->Get(0));
+    order += last == order ? 1 : 0;
+  }
+  if (last < order) {
+    return;
+  }
+  statements_.Execute(Sql("UPDATE ") + columns_.table + " SET " + columns_.table + "." + columns_.order + " = [" +
+                      columns_.table + "].[" + columns_.order + "]-1 WHERE " + LiveOf(owner) + " AND (" +
+                      columns_.order + ">" + Literal(order) + ")" + statements_.Office());
 }
 
 }  // namespace data

@@ -7,7 +7,9 @@
 namespace data {
 
 // A table whose rows are never deleted but end, and whose live rows have an order among those of their owner: 1, 2, 3
-// without gaps. The statements that keep it so.
+// without gaps. A row ends in two steps, so that what stops between them is found: while a successor, the others'
+// orders or anything else that follows from its end is still due it is ending, then it has ended. All throw
+// session::DatabaseError.
 class OrderedRows {
  public:
   struct Columns {
@@ -17,28 +19,32 @@ class OrderedRows {
     Words order;
     Words end_date;
     Words end_user;
-    Words flag;  // 0 for a live row
+    Words flag;
   };
+  // Of the flag; any other value is an ended row's as well.
+  static constexpr std::int32_t kLive = 0;
+  static constexpr std::int32_t kEnded = 1;
+  static constexpr std::int32_t kEnding = 99;
 
   OrderedRows(session::Session& session, const Columns& columns)
       : session_(session), statements_(session), columns_(columns) {}
 
   // Today, by the user.
-  Sql End(std::int32_t id) const;
-  Sql OpenAgain(std::int32_t id) const;
-  Sql Place(std::int32_t id, std::int32_t order) const;
-  // Where the owner's row of that order has ended: those behind it move up.
-  Sql CloseGap(std::int32_t owner, std::int32_t order) const;
-  // The reverse.
-  Sql OpenGap(std::int32_t owner, std::int32_t order) const;
+  void BeginToEnd(std::int32_t id) const;
+  void OpenAgain(std::int32_t id) const;
+  void SetEnded(std::int32_t id) const;
 
-  // Behind the owner's live rows. Throws session::DatabaseError.
+  void SetOrder(std::int32_t id, std::int32_t order) const;
+  // Whether no live row of the owner has the order.
+  bool IsFree(std::int32_t owner, std::int32_t order) const;
+  // Behind the owner's live rows.
   std::int32_t NextOrder(std::int32_t owner) const;
+  // Where an order is missing, those behind it move up by one.
+  void CloseGap(std::int32_t owner) const;
 
  private:
-  Sql Set(std::int32_t id, const Sql& values) const;
-  // Moves the owner's live rows from an order on.
-  Sql Shift(std::int32_t owner, Words by, const Sql& from) const;
+  void Set(std::int32_t id, const Sql& values) const;
+  Sql LiveOf(std::int32_t owner) const;
 
   session::Session& session_;
   Statements statements_;

@@ -17,8 +17,10 @@ int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
       Sql("SELECT Count(PatEmpTable.PatEmpID) FROM ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
           "PatEmpTable.PatEmpElID") +
       statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") + " WHERE (ELTable." +
-      LinkColumn(kind) + "=" + Literal(id) + ") AND (ELTable.elFla=0) AND (PatEmpTable.PatEmpFla=0)" +
-      statements_.Office(" and (ELTable.OfficeID = ", ") ")));
+      LinkColumn(kind) + "=" + Literal(id) +
+      ") AND (ELTable.elFla=0) AND ((PatEmpTable.PatEmpFla=0) OR "
+      "(PatEmpTable.PatEmpFla=" +
+      Literal(OrderedRows::kEnding) + "))" + statements_.Office(" and (ELTable.OfficeID = ", ") ")));
 }
 
 int SharedRecords::CoveragesOfCarrier(std::int32_t carrier) const {
@@ -58,23 +60,21 @@ void SharedRecords::Replace(SharedRecord kind, std::int32_t old_id, std::int32_t
 void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
   session::LogEntry entry = ReplacedEntry(session_, kind, old_id, new_id);
   const std::vector<PlanLink> links = links_.Using(kind, old_id);
-  std::map<std::int32_t, int> to_move;  // live holdings of each subscriber
+  std::map<std::int32_t, int> left;  // holdings of each subscriber
   for (const PlanLink& link : links) {
     for (const Holding& holding : holdings_.On(link.id)) {
-      to_move[holding.subscriber] += holding.live ? 1 : 0;
+      ++left[holding.subscriber];
     }
   }
   for (const PlanLink& link : links) {
     const std::int32_t successor = Successor(link, kind, new_id);
     for (const Holding& holding : holdings_.On(link.id)) {
-      int& left = to_move[holding.subscriber];
-      left -= holding.live ? 1 : 0;
-      holdings_.Move(holding.id, successor, [&] {
-        if (left == 0) {
-          entry.person = holding.subscriber;
-          session_.Log(entry);
-        }
-      });
+      holdings_.BeginToMove(holding.id, successor);
+      if (--left[holding.subscriber] == 0) {
+        entry.person = holding.subscriber;
+        session_.Log(entry);
+      }
+      holdings_.SetEnded(holding.id);
     }
     links_.MoveEmployersOfPersons(link.id, successor);
   }
@@ -146,10 +146,10 @@ void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const 
   session::LogEntry entry = DeletedEntry(session_, kind, id);
   for (const PlanLink& link : links_.Using(kind, id)) {
     for (const Holding& holding : holdings_.On(link.id)) {
-      holdings_.Remove(holding.id, [&] {
-        entry.person = holding.subscriber;
-        session_.Log(entry);
-      });
+      holdings_.BeginToRemove(holding.id);
+      entry.person = holding.subscriber;
+      session_.Log(entry);
+      holdings_.SetEnded(holding.id);
     }
     const bool employer_goes = kind == SharedRecord::Employer || link.IsNone();
     links_.MoveEmployersOfPersons(link.id, employer_goes ? 0 : links_.OpenNone(link.employer));

@@ -18,7 +18,8 @@ class SharedRecords {
   explicit SharedRecords(session::Session& session)
       : session_(session), statements_(session), links_(session), holdings_(session) {}
 
-  // Live holdings of subscribers through live links; of a pharmacy its patients.
+  // Holdings of subscribers through live links, those that are ending too: they are still to be moved or removed. Of a
+  // pharmacy its patients.
   int Uses(SharedRecord kind, std::int32_t id) const;
   // Live coverages through live holdings on the carrier's live links.
   int CoveragesOfCarrier(std::int32_t carrier) const;
