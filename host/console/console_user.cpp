@@ -81,7 +81,10 @@ std::optional<forms::Color> ConsoleUser::PickColor(forms::Color /*start*/) {
 }
 
 void ConsoleUser::Wait(std::string_view text, double /*done*/) {
-  interpreter_.Say(text);
+  if (text != waiting_) {
+    waiting_ = text;
+    interpreter_.Say(text);
+  }
 }
 
 }  // namespace host

@@ -28,6 +28,7 @@ class ConsoleUser : public forms::User {
 
  private:
   Interpreter& interpreter_;
+  std::string waiting_;  // the text that is shown
 };
 
 }  // namespace host

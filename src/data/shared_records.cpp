@@ -7,6 +7,28 @@
 #include "data/shared_record_texts.h"
 
 namespace data {
+namespace {
+
+// Tells how many of so many steps are done.
+class Meter {
+ public:
+  Meter(const std::function<void(double)>& progress, std::size_t steps)
+      : progress_(progress), steps_(static_cast<double>(steps)) {}
+
+  void Step() {
+    ++done_;
+    if (progress_) {
+      progress_(done_ / steps_);
+    }
+  }
+
+ private:
+  const std::function<void(double)>& progress_;
+  double steps_;
+  double done_ = 0;
+};
+
+}  // namespace
 
 int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
   if (kind == SharedRecord::Pharmacy) {
@@ -55,17 +77,26 @@ void SharedRecords::Replace(SharedRecord kind, std::int32_t old_id, std::int32_t
   }
 }
 
+std::vector<Holding> SharedRecords::HoldingsOn(const std::vector<PlanLink>& links) const {
+  std::vector<Holding> holdings;
+  for (const PlanLink& link : links) {
+    const std::vector<Holding> more = holdings_.On(link.id);
+    holdings.insert(holdings.end(), more.begin(), more.end());
+  }
+  return holdings;
+}
+
 // A subscriber's entry is written with the last of his holdings: a replacement that stops before it is told by the one
 // that finishes it.
 void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
   session::LogEntry entry = ReplacedEntry(session_, kind, old_id, new_id);
   const std::vector<PlanLink> links = links_.Using(kind, old_id);
+  const std::vector<Holding> all = HoldingsOn(links);
   std::map<std::int32_t, int> left;  // holdings of each subscriber
-  for (const PlanLink& link : links) {
-    for (const Holding& holding : holdings_.On(link.id)) {
-      ++left[holding.subscriber];
-    }
+  for (const Holding& holding : all) {
+    ++left[holding.subscriber];
   }
+  Meter meter(Progress, all.size());
   for (const PlanLink& link : links) {
     const std::int32_t successor = Successor(link, kind, new_id);
     for (const Holding& holding : holdings_.On(link.id)) {
@@ -75,6 +106,7 @@ void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std:
         session_.Log(entry);
       }
       holdings_.SetEnded(holding.id);
+      meter.Step();
     }
     links_.MoveEmployersOfPersons(link.id, successor);
   }
@@ -144,12 +176,15 @@ void SharedRecords::Delete(SharedRecord kind, std::int32_t id) const {
 // Who loses his plan keeps his employer.
 void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const {
   session::LogEntry entry = DeletedEntry(session_, kind, id);
-  for (const PlanLink& link : links_.Using(kind, id)) {
+  const std::vector<PlanLink> links = links_.Using(kind, id);
+  Meter meter(Progress, HoldingsOn(links).size());
+  for (const PlanLink& link : links) {
     for (const Holding& holding : holdings_.On(link.id)) {
       holdings_.BeginToRemove(holding.id);
       entry.person = holding.subscriber;
       session_.Log(entry);
       holdings_.SetEnded(holding.id);
+      meter.Step();
     }
     const bool employer_goes = kind == SharedRecord::Employer || link.IsNone();
     links_.MoveEmployersOfPersons(link.id, employer_goes ? 0 : links_.OpenNone(link.employer));

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <vector>
 
 #include "data/holdings.h"
 #include "data/plan_links.h"
@@ -18,6 +20,9 @@ class SharedRecords {
   explicit SharedRecords(session::Session& session)
       : session_(session), statements_(session), links_(session), holdings_(session) {}
 
+  // Hears now and then which share of the subscribers, from 0 to 1, is done.
+  std::function<void(double)> Progress;
+
   // Holdings of subscribers through live links, those that are ending too: they are still to be moved or removed. Of a
   // pharmacy its patients.
   int Uses(SharedRecord kind, std::int32_t id) const;
@@ -31,6 +36,7 @@ class SharedRecords {
   void DeletePlanDetails(std::int32_t carrier, std::string_view group_number) const;
 
  private:
+  std::vector<Holding> HoldingsOn(const std::vector<PlanLink>& links) const;
   void MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const;
   // The live link that takes the place of one that uses a record; made where there is none.
   std::int32_t Successor(const PlanLink& link, SharedRecord kind, std::int32_t new_id) const;

@@ -75,8 +75,11 @@ bool ReplaceSharedRecord(const session::ScreenContext& context, SharedRecord kin
   const RecordHold hold_of_replacement(context.session, std::string(data::TableOf(kind).table.Text()), *replacement);
   hold_of_replacement.Require();
   hold.Require();
-  const forms::WaitText wait(context.user, "  Replacing " + WordsOf(kind).noun + " - Please Wait  ");
-  data::SharedRecords(context.session).Replace(kind, id, *replacement);
+  const std::string text = "  Replacing " + WordsOf(kind).noun + " - Please Wait  ";
+  const forms::WaitText wait(context.user, text);
+  data::SharedRecords records(context.session);
+  records.Progress = [&](double done) { context.user.Wait(text, done); };
+  records.Replace(kind, id, *replacement);
   return true;
 }
 

@@ -45,7 +45,9 @@ class Deletion : private editing::Rules {
       Log(answer, question.text, *name);
       changed_ = true;
       if (answer != Answer::Replace) {
-        const forms::WaitText wait(context_.user, "  Deleting " + words_.noun + " - Please Wait  ");
+        const std::string text = "  Deleting " + words_.noun + " - Please Wait  ";
+        const forms::WaitText wait(context_.user, text);
+        records_.Progress = [&](double done) { context_.user.Wait(text, done); };
         records_.Delete(kind_, row_.id);
       } else if (!editing::ReplaceSharedRecord(context_, kind_, row_.id, *name, hold)) {
         return;
