@@ -28,6 +28,9 @@ std::int32_t Holdings::Insert(std::int32_t subscriber, std::int32_t link, std::i
 }
 
 void Holdings::Change(std::int32_t subscriber, std::int32_t from_link, std::int32_t to_link) const {
+  if (from_link == to_link) {
+    return;
+  }
   for (const Holding& held : Of(subscriber, from_link)) {
     BeginToMove(held.id, to_link);
     SetEnded(held.id);

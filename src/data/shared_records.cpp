@@ -99,6 +99,9 @@ void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std:
   Meter meter(Progress, all.size());
   for (const PlanLink& link : links) {
     const std::int32_t successor = Successor(link, kind, new_id);
+    if (successor == link.id) {
+      continue;
+    }
     for (const Holding& holding : holdings_.On(link.id)) {
       holdings_.BeginToMove(holding.id, successor);
       if (--left[holding.subscriber] == 0) {
