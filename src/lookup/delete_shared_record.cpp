@@ -1,5 +1,7 @@
 #include "lookup/delete_shared_record.h"
 
+#include <utility>
+
 #include "data/shared_record_texts.h"
 #include "data/shared_records.h"
 #include "editing/replacement.h"
@@ -13,8 +15,8 @@ using forms::Answer;
 
 class Deletion : private editing::Rules {
  public:
-  Deletion(const session::ScreenContext& context, SharedRecord kind, const DeletedRow& row)
-      : Rules(context), kind_(kind), words_(editing::WordsOf(kind)), row_(row), records_(context.session) {}
+  Deletion(const session::ScreenContext& context, SharedRecord kind, DeletedRow row)
+      : Rules(context), kind_(kind), words_(editing::WordsOf(kind)), row_(std::move(row)), records_(context.session) {}
 
   bool Run() {
     Attempt([&] {
