@@ -7,8 +7,6 @@
 namespace data {
 namespace {
 
-constexpr OrderedRows::Columns kColumns = {"CovTable",  "CovID",     "CovPatID", "CovOrd",
-                                           "CovEndDat", "CovEndWho", "CovFla"};
 constexpr std::array<Words, 5> kBenefits = {"CovInsCoPatID", "CovYTD", "CovRemBal", "CovRemDed", "CovLastRenewalYear"};
 
 Assignments BenefitsOf(const session::Recordset& row) {

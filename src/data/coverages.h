@@ -23,6 +23,9 @@ struct Coverage {
 // stops half-way is finished when the same is asked for again. All throw session::DatabaseError.
 class Coverages {
  public:
+  static constexpr OrderedRows::Columns kColumns = {"CovTable",  "CovID",     "CovPatID", "CovOrd",
+                                                    "CovEndDat", "CovEndWho", "CovFla"};
+
   explicit Coverages(session::Session& session);
 
   // Behind the patient's other coverages; its ID.

@@ -5,12 +5,6 @@
 #include "data/literal.h"
 
 namespace data {
-namespace {
-
-constexpr OrderedRows::Columns kColumns = {"PatEmpTable",  "PatEmpID",     "PatEmpPatID", "PatEmpOrd",
-                                           "PatEmpEndDat", "PatEmpEndWho", "PatEmpFla"};
-
-}  // namespace
 
 Holdings::Holdings(session::Session& session)
     : session_(session), statements_(session), rows_(session, kColumns), coverages_(session) {}

@@ -23,6 +23,9 @@ struct Holding {
 // again. All throw session::DatabaseError.
 class Holdings {
  public:
+  static constexpr OrderedRows::Columns kColumns = {"PatEmpTable",  "PatEmpID",     "PatEmpPatID", "PatEmpOrd",
+                                                    "PatEmpEndDat", "PatEmpEndWho", "PatEmpFla"};
+
   explicit Holdings(session::Session& session);
 
   // Behind the subscriber's other holdings; its ID.
