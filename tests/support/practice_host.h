@@ -19,19 +19,27 @@ inline host::Surroundings StandingStill() {
           .start_program = [](const std::string&) { return false; }};
 }
 
-// Lets a test hear of every statement before it is prepared, and of every call for a lock, and refuse it.
+// Lets a test hear of every statement before it is prepared, of every call for a lock, and of every entry for a log,
+// and refuse it.
 class HeardSession : public host::HostSession {
  public:
   using HostSession::HostSession;
 
   std::function<void(const std::string&)> hear;
   std::function<void(const std::string&)> hear_lock;
+  std::function<void(const std::string&)> hear_log;
 
   std::string PrepareSQL(const std::string& sql, int flag) const override {
     if (hear) {
       hear(sql);
     }
     return HostSession::PrepareSQL(sql, flag);
+  }
+  void Log(const session::LogEntry& entry) override {
+    if (hear_log) {
+      hear_log("log " + entry.text);
+    }
+    HostSession::Log(entry);
   }
   std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
     if (hear_lock) {

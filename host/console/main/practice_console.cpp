@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "console/check_command.h"
 #include "console/demo_command.h"
 #include "console/describe_command.h"
 #include "console/log_command.h"
@@ -26,7 +27,9 @@ constexpr const char* kUsage =
     "[--row-guids] [--group]\n"
     "                                          makes a demo practice; with --group your group may work in it too\n"
     "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
-    "                                          who changed what and when, and who logged in\n";
+    "                                          who changed what and when, and who logged in\n"
+    "practice_console check --database URL [--mend]\n"
+    "                                          what a killed program left half replaced or deleted; takes it back\n";
 
 class UsageError {};
 
@@ -111,6 +114,25 @@ int ShowLog(Words& words) {
   return 0;
 }
 
+int CheckPractice(Words& words) {
+  std::string url;
+  bool mend = false;
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--database") {
+      url = words.Take();
+    } else if (option == "--mend") {
+      mend = true;
+    } else {
+      throw UsageError();
+    }
+  }
+  if (url.empty()) {
+    throw UsageError();
+  }
+  return host::RunCheck(url, mend, std::cout) ? 0 : 1;
+}
+
 int RunFiles(Words& words) {
   host::RunOptions options;
   std::vector<std::string> files;
@@ -157,6 +179,9 @@ int RunCommand(Words& words) {
   }
   if (command == "log") {
     return ShowLog(words);
+  }
+  if (command == "check") {
+    return CheckPractice(words);
   }
   if (command == "--database") {
     const std::string url = words.Take();
