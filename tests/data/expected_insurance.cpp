@@ -110,16 +110,18 @@ void ExpectedInsurance::PutLinks() {
       }
     }
   }
+  if (Deletes()) {
+    return;
+  }
   for (const std::int32_t link : concerned_) {
-    if (Deletes()) {
-      continue;
-    }
     const Offer offer = Replaced(before_.picture.links.at(link));
     if (!LiveLink(offer)) {
       picture.links[-1 - static_cast<std::int32_t>(picture.links.size())] = offer;
     }
     target_[link] = *LiveLink(offer);
   }
+  // The same plan of another employer takes nobody anywhere.
+  std::erase_if(concerned_, [this](std::int32_t link) { return target_.at(link) == link; });
 }
 
 // Moves those that are concerned, drops what would be there twice, and counts anew.

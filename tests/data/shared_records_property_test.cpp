@@ -89,10 +89,6 @@ class AnyPractice : public testing::Test {
     return *host;
   }
 
-  static bool SamePlan(const Offer& one, const Offer& other) {
-    return one.carrier == other.carrier && one.plan == other.plan;
-  }
-
   static SharedCommand Choose(const InsuranceTables& tables, host::demo::Random& chance) {
     const auto kind = static_cast<SharedRecord>(chance.Below(5));
     std::vector<std::int32_t> ids;
@@ -110,10 +106,7 @@ class AnyPractice : public testing::Test {
     }
     const std::int32_t old_id = chance.OneOf(std::span<const std::int32_t>(ids));
     const std::int32_t new_id = chance.OneOf(std::span<const std::int32_t>(ids));
-    const bool same = kind == SharedRecord::PlanLink
-                          ? SamePlan(tables.picture.links.at(old_id), tables.picture.links.at(new_id))
-                          : new_id == old_id;
-    return {kind, old_id, same || chance.Percent(25) ? 0 : new_id};
+    return {kind, old_id, new_id == old_id || chance.Percent(25) ? 0 : new_id};
   }
 
   static void ExpectCounts(PracticeHost& host, const InsuranceTables& tables, const SharedCommand& command) {

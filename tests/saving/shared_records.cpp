@@ -93,8 +93,9 @@ struct Whole {
 
 // One statement, or the line breaks there and all later ones are refused as well.
 void Refuse(PracticeHost& host, const SharedCommand& command, int statement, bool all_later, const Whole& whole) {
+  const std::string& refused = whole.statements[static_cast<std::size_t>(statement) - 1];
   SCOPED_TRACE(testing::Message() << command << ", refused" << (all_later ? " from " : " ") << statement << ": "
-                                  << whole.statements[static_cast<std::size_t>(statement) - 1]);
+                                  << refused);
   const session::Transaction taken_back(host.session.Connection());
   int heard = 0;
   Hear(host, [&](const std::string& sql) {
@@ -105,6 +106,11 @@ void Refuse(PracticeHost& host, const SharedCommand& command, int statement, boo
   });
   EXPECT_THROW(command.Run(host.session), session::DatabaseError);
   Hear(host, {});
+  if (!all_later && refused.starts_with("INSERT INTO PatEmpTable")) {
+    EXPECT_EQ(host.Value("SELECT COUNT(*) FROM PatEmpTable WHERE PatEmpFla NOT IN (0, 1)"), "0") << "not open again";
+  } else if (!all_later && refused.starts_with("INSERT INTO CovTable")) {
+    EXPECT_EQ(host.Value("SELECT COUNT(*) FROM CovTable WHERE CovFla NOT IN (0, 1)"), "0") << "not open again";
+  }
   ExpectFinished(host, command, all_later && statement % 2 == 0, *whole.seen);
 }
 
