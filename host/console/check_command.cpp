@@ -28,9 +28,9 @@ bool RunCheck(const std::string& url, bool mend, std::ostream& output) {
   if (found == 0) {
     output << "Nothing is wrong.\n";
   } else if (mend) {
-    output << Counted(found) << ", all of them mended. What was being replaced or deleted can be commanded again.\n";
+    output << Counted(found) << ", mended. What was being replaced or deleted can be commanded again.\n";
   } else {
-    output << Counted(found) << "; --mend puts them right.\n";
+    output << Counted(found) << "; --mend puts that right.\n";
   }
   return found == 0 || mend;
 }
