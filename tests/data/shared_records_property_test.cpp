@@ -2,7 +2,6 @@
 // touched.
 
 #include <algorithm>
-#include <ranges>
 #include <span>
 
 #include "data/expected_insurance.h"
@@ -17,7 +16,6 @@ using data_test::Concerns;
 using data_test::ExpectedInsurance;
 using data_test::InsuranceTables;
 using data_test::TableNameOf;
-using test_support::Offer;
 using test_support::PracticeHost;
 using test_support::SharedCommand;
 using test_support::TableRows;
@@ -99,7 +97,9 @@ class AnyPractice : public testing::Test {
         }
       }
     } else {
-      std::ranges::copy(tables.own.at(TableNameOf(kind)) | std::views::keys, std::back_inserter(ids));
+      for (const auto& [id, columns] : tables.own.at(TableNameOf(kind))) {
+        ids.push_back(id);
+      }
     }
     if (ids.empty()) {
       return Choose(tables, chance);

@@ -136,7 +136,7 @@ class Maker {
                                     : chance_.OneOf(std::span<const std::int32_t>(ended_links_));
       const std::int32_t ended =
           Row("PatEmpTable", kHolding, person, link, chance_.Between(1, 3), "'2020-01-02', '2021-03-04', 'Bob', 1");
-      Row("CovTable", kCoverage_, person, ended, 1, 1, "'old', 1, 2, 3, 2020", "'2020-01-02', '2021-03-04', 'Bob', 1");
+      Row("CovTable", kCoverage, person, ended, 1, 1, "'old', 1, 2, 3, 2020", "'2020-01-02', '2021-03-04', 'Bob', 1");
     }
     int order = 0;
     for (const std::int32_t link : links) {
@@ -159,13 +159,13 @@ class Maker {
       std::ostringstream amounts;
       amounts << "'card " << person << "-" << order << "', " << chance_.Below(900) << ", " << chance_.Below(900) << ", "
               << chance_.Below(50) << ", " << chance_.Between(2020, 2026);
-      Row("CovTable", kCoverage_, person, held.row, order,
+      Row("CovTable", kCoverage, person, held.row, order,
           held.subscriber == person ? 1 : chance_.OneOf(std::span<const int>(kRelationships)), amounts.str(),
           "'2022-05-06', NULL, NULL, 0");
     }
   }
 
-  static constexpr std::string_view kCoverage_ =
+  static constexpr std::string_view kCoverage =
       "CovID, CovPatID, CovSubPatEmpID, CovOrd, CovRel, CovInsCoPatID, CovYTD, CovRemBal, CovRemDed, "
       "CovLastRenewalYear, CovStaDat, CovEndDat, CovEndWho, CovFla";
 
@@ -180,8 +180,9 @@ class Maker {
   std::vector<Held> held_;
 };
 
-void Tell(std::ostream& out, const Offer& offer) {
-  out << "(employer " << offer.employer << ", carrier " << offer.carrier << ", plan " << offer.plan << ")";
+std::string Told(const Offer& offer) {
+  return "(employer " + std::to_string(offer.employer) + ", carrier " + std::to_string(offer.carrier) + ", plan " +
+         std::to_string(offer.plan) + ")";
 }
 
 }  // namespace
@@ -192,43 +193,37 @@ void FillWithInsurance(const host::Practice& practice, std::uint64_t seed) {
 
 std::string InsurancePicture::Text() const {
   std::ostringstream out;
-  const auto offer_of = [this](std::int32_t link) {
-    const auto found = links.find(link);
-    return found == links.end() ? Offer{-1, -1, -1} : found->second;
-  };
-  std::multiset<Offer> offers;
+  std::multiset<std::string> offers;
   for (const auto& [row, offer] : links) {
-    offers.insert(offer);
+    offers.insert(Told(offer));
   }
-  for (const Offer& offer : offers) {
-    out << "offered ";
-    Tell(out, offer);
-    out << "\n";
+  for (const std::string& offer : offers) {
+    out << "offered " << offer << "\n";
   }
   for (const auto& [subscriber, all] : holdings) {
     for (const Holding& held : all) {
-      out << subscriber << " holds " << held.order << " ";
-      Tell(out, held.offer);
-      out << "\n";
+      out << subscriber << " holds " << held.order << " " << Told(held.offer) << "\n";
     }
   }
   for (const auto& [patient, all] : coverages) {
     for (const Coverage& covered : all) {
-      out << patient << " is covered " << covered.order << " by " << covered.subscriber << " ";
-      Tell(out, covered.offer);
-      out << " " << covered.details << "\n";
+      out << patient << " is covered " << covered.order << " by " << covered.subscriber << " " << Told(covered.offer)
+          << " " << covered.details << "\n";
     }
   }
   for (const auto& [person, named] : jobs) {
     for (std::size_t i = 0; i < named.size(); ++i) {
       if (named[i] != 0) {
-        out << person << " names " << i + 1 << " ";
-        Tell(out, offer_of(named[i]));
-        out << "\n";
+        out << person << " names " << i + 1 << " " << Told(OfferOf(named[i])) << "\n";
       }
     }
   }
   return out.str();
+}
+
+Offer InsurancePicture::OfferOf(std::int32_t link) const {
+  const auto found = links.find(link);
+  return found == links.end() ? Offer{-1, -1, -1} : found->second;
 }
 
 InsurancePicture ReadInsurance(const host::Practice& practice, std::int32_t office) {
@@ -244,11 +239,6 @@ InsurancePicture ReadInsurance(const host::Practice& practice, std::int32_t offi
        [&](const auto& id, const auto&) {
          picture.links[id(0)] = {id(1), id(2), id(3)};
        });
-  // A link that is not live offers nothing, and -1 tells so.
-  const auto offer_of = [&](std::int32_t link) {
-    const auto found = picture.links.find(link);
-    return found == picture.links.end() ? Offer{-1, -1, -1} : found->second;
-  };
   struct Way {
     std::int32_t subscriber;
     std::int32_t link;
@@ -258,7 +248,7 @@ InsurancePicture ReadInsurance(const host::Practice& practice, std::int32_t offi
            " ORDER BY PatEmpPatID, PatEmpOrd, PatEmpID",
        [&](const auto& id, const auto&) {
          ways[id(0)] = {id(1), id(2)};
-         picture.holdings[id(1)].push_back({id(0), id(3), id(2), offer_of(id(2))});
+         picture.holdings[id(1)].push_back({id(0), id(3), id(2), picture.OfferOf(id(2))});
        });
   each(
       "SELECT CovID, CovPatID, CovSubPatEmpID, CovOrd, CovRel, CovInsCoPatID, CovYTD, CovRemBal, CovRemDed, "
@@ -272,7 +262,7 @@ InsurancePicture ReadInsurance(const host::Practice& practice, std::int32_t offi
         const auto way = ways.find(id(2));
         const Way through = way == ways.end() ? Way{-1, -1} : way->second;
         picture.coverages[id(1)].push_back(
-            {id(0), id(3), through.subscriber, through.link, offer_of(through.link), details});
+            {id(0), id(3), through.subscriber, through.link, picture.OfferOf(through.link), details});
       });
   each("SELECT pID, pEmpID1, pEmpID2, pEmpID3, pEmpID4 FROM PATable WHERE " + of_office,
        [&](const auto& id, const auto&) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -28,7 +27,7 @@ struct Offer {
   std::int32_t carrier = 0;
   std::int32_t plan = 0;
 
-  auto operator<=>(const Offer&) const = default;
+  friend bool operator==(const Offer&, const Offer&) = default;
 };
 
 struct Holding {
@@ -56,6 +55,8 @@ struct InsurancePicture {
 
   // Line by line and without the IDs of holdings and coverages, which change when these move.
   std::string Text() const;
+  // -1 for a link that is not live.
+  Offer OfferOf(std::int32_t link) const;
 };
 InsurancePicture ReadInsurance(const host::Practice& practice, std::int32_t office);
 
