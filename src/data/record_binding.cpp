@@ -219,7 +219,7 @@ session::Value RecordBinding::Column(std::string_view name) const {
 }
 
 // As the column takes it: cut to its size; empty is Null but for text. What is no number goes as text, for the database
-// to judge.
+// to judge; a form that has no room where what was typed has it, goes as typed.
 Sql RecordBinding::LiteralOf(const Binding& binding) const {
   const std::string text = binding.field->FieldText();
   if (text.empty() && binding.type != session::FieldType::Text) {
@@ -227,7 +227,10 @@ Sql RecordBinding::LiteralOf(const Binding& binding) const {
   }
   session::Value value = text;
   if (auto taken = text.empty() ? std::nullopt : binding.format->take(text, session_.Today())) {
-    value = *std::move(taken);
+    const auto* form = std::get_if<std::string>(&*taken);
+    if (form == nullptr || forms::Fitting(*form, binding.defined_size) == *form) {
+      value = *std::move(taken);
+    }
   }
   if (const auto* words = std::get_if<std::string>(&value)) {
     if (binding.type == session::FieldType::Text) {

@@ -37,15 +37,15 @@ void EditingForm::OnSave(std::function<bool()> due, std::function<void()> run) {
 }
 
 bool EditingForm::Save() {
-  bool settled = false;
+  bool agreed = false;
   return Settle() && Check() && Attempt([&] {
            RequireHold();
-           settled = SettleConflicts();
-           if (settled) {
+           agreed = SettleConflicts() && Agreed();
+           if (agreed) {
              RunSteps();
            }
          }) &&
-         settled;
+         agreed;
 }
 
 // Somebody may have taken the record over while a question stood.
@@ -170,6 +170,16 @@ void EditingForm::Hold(const std::string& table, std::int32_t id) {
   }
 }
 
+bool EditingForm::RequireRight(std::string_view right, std::string_view what) {
+  if (context_.session.HasRight(right)) {
+    return true;
+  }
+  Caption = Caption.get() + " - Read only";
+  lacked_ = {std::string(right), std::string(what)};
+  MakeReadOnly();
+  return false;
+}
+
 void EditingForm::MakeReadOnly() {
   read_only_ = true;
   for (forms::Control* control : Controls()) {
@@ -187,7 +197,9 @@ void EditingForm::MakeReadOnly() {
 }
 
 bool EditingForm::MayModify() const {
-  if (read_only_) {
+  if (read_only_ && lacked_) {
+    HasRight(lacked_->keyword, lacked_->what);
+  } else if (read_only_) {
     const bool held = hold_ && hold_->Holder();
     Tell("Read only, cannot modify." + (held ? "\r\n" + HeldText(*hold_->Holder()) : std::string()));
   }

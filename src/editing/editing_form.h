@@ -30,7 +30,7 @@ class EditingForm : public forms::Form, public Rules {
   // A rule that fails ends there; what was typed stays.
   void Run(const std::function<void()>& rule) override { Attempt(rule); }
 
-  // The record can only be looked at: another user holds it, or the database is protected.
+  // The record can only be looked at: another user holds it, the user lacks the right, or the database is protected.
   bool ReadOnly() const { return read_only_; }
   // The same of the screen that a control is on.
   static bool ReadOnly(const forms::Control& control);
@@ -50,6 +50,9 @@ class EditingForm : public forms::Form, public Rules {
   // A record that the screen edits. Before a save the person is asked about columns that another user has changed since
   // they were read; nothing is saved when the row is gone.
   void Edits(data::RecordBinding& record) { records_.push_back(&record); }
+  // The last word before a save writes anything, behind the question about other users' changes; false goes back to the
+  // screen. Throws session::DatabaseError, and Refusal.
+  virtual bool Agreed() { return true; }
   // Fields of a record show what is stored in the place of what was typed: the time to show what hangs on them.
   virtual void OnTaken() {}
 
@@ -72,6 +75,9 @@ class EditingForm : public forms::Form, public Rules {
   // silent and a supervisor takes it over. Comes before the record is read: what is read before may be changed before
   // it is held.
   void Hold(const std::string& table, std::int32_t id);
+  // Without the right the record can only be looked at, and whoever tries to change it is told. `what` is what the
+  // right modifies: "employers". False without it.
+  bool RequireRight(std::string_view right, std::string_view what);
   void MakeReadOnly();
 
   void OnLoad() override;
@@ -86,6 +92,11 @@ class EditingForm : public forms::Form, public Rules {
     bool pending = false;
   };
 
+  struct Right {
+    std::string keyword;
+    std::string what;
+  };
+
   // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
   bool SettleConflicts();
   forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;
@@ -95,6 +106,7 @@ class EditingForm : public forms::Form, public Rules {
   std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;
   std::optional<RecordHold> hold_;
+  std::optional<Right> lacked_;
   bool read_only_ = false;
 };
 
