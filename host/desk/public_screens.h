@@ -14,7 +14,9 @@ class PublicScreens : public session::Screens {
   // A record that comes back as it was given counts as saved, for most methods do not tell.
   session::Outcome Edit(const session::Opening& opening) override;
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
-  // The short lists have no public method: nothing is picked.
+  // The payers, the search and the short lists have no public method: nothing is picked.
+  session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
+  session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
 
  private:

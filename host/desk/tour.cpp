@@ -128,6 +128,9 @@ std::vector<Stop> Stops(Desk& desk) {
        }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
+      {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
+      {"frmSearchWindow", open_form("frmSearchWindow", {})},
+      {"frmSearchWindow-found", open_form("frmSearchWindow", {{"TypedName", "B"}})},
       {"frmTGList", open_list(session::lulEmployee)},
       {"frmTGList-patients",
        open_list(session::lulFamilyHead,
@@ -140,6 +143,10 @@ std::vector<Stop> Stops(Desk& desk) {
          for (const int row : {2, 3, 5}) {
            grid.DoToggleRow(row);
          }
+       }},
+      {"frmTGList-payers",
+       [&desk] {
+         entry::MakeScreens(desk.Context().session, desk.User())->ShowPayers({.title = "Link Electronic Payer"});
        }},
       {"frmTGList-changes",
        [&desk] {

@@ -76,10 +76,12 @@ class InsuranceMaker {
   void MakeCarrier(std::string_view name) {
     auto& chance = office_.Chance();
     const Address address = office_.MakeAddress();
-    const std::int32_t payer = chance.Percent(70) ? payers_.Row(name, "Claims and eligibility") : 0;
-    const std::int32_t carrier =
-        carriers_.Row(name, address.line1, OrNull{address.line2}, address.place.city, address.place.state,
-                      address.place.zip, office_.MakePhone(), office_.MakePhone(), payer);
+    const std::int32_t payer = payers_.Row(name, "Claims and eligibility");
+    const bool linked = chance.Percent(70);
+    const std::string payer_id = linked ? std::to_string(60000 + 37 * payer) : std::string();
+    const std::int32_t carrier = carriers_.Row(name, address.line1, OrNull{address.line2}, address.place.city,
+                                               address.place.state, address.place.zip, office_.MakePhone(),
+                                               office_.MakePhone(), OrNull{payer_id}, linked ? payer : 0);
     const int count = chance.Between(2, 4);
     for (int i = 0; i < count; ++i) {
       const bool managed = chance.Percent(15);
@@ -141,7 +143,7 @@ class InsuranceMaker {
   TableWriter payers_ = office_.Writer("ePayerTable", "epPayID, epNam, epAddInf");
   TableWriter carriers_ = office_.Writer("InsCoTable",
                                          "InsCoInd, InsCoNam, InsCoAdd1, InsCoAdd2, InsCoCit, InsCoSta, InsCoZip, "
-                                         "InsCoTel, InsCoFax, epPayID");
+                                         "InsCoTel, InsCoFax, InsCoAccID, epPayID");
   TableWriter plans_ = office_.Writer("GroPlaTable",
                                       "GroPlaInd, GroPlaInsID, GroPlaGroNum, GroPlaNam, GroPlaCat, GroPlaEffDat, "
                                       "GroPlaMax1, GroPlaDed1, GroPlaPayTyp, GroPlaChiCovTil, GroPlaStuCovTil");

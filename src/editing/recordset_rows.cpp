@@ -60,6 +60,9 @@ void RecordsetRows::AddRow() {
 }
 
 std::string_view RecordsetRows::Text(int row, int column) const {
+  if (const auto found = put_.empty() ? put_.end() : put_.find({row, column}); found != put_.end()) {
+    return found->second;
+  }
   const Page& page = pages_[static_cast<std::size_t>(row / kRowsAPage)];
   const std::size_t cell =
       static_cast<std::size_t>(row % kRowsAPage) * cells_.size() + static_cast<std::size_t>(column);

@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/grid.h"
@@ -30,6 +32,9 @@ class RecordsetRows : public forms::GridRows {
   // At most `count` rows more. Throws DatabaseError.
   void Fetch(int count);
 
+  // The cell shows this from now on.
+  void Put(int row, int cell, std::string text) { put_[{row, cell}] = std::move(text); }
+
   int Count() const override { return count_; }
   std::string_view Text(int row, int column) const override;
   bool FetchMore() override;
@@ -47,6 +52,7 @@ class RecordsetRows : public forms::GridRows {
   std::vector<session::Field> fields_;
   Cells cells_;
   std::vector<Page> pages_;
+  std::map<std::pair<int, int>, std::string> put_;
   int count_ = 0;
 };
 

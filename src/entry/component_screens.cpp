@@ -4,6 +4,7 @@
 #include "data/statements.h"
 #include "editing/rules.h"
 #include "entry/form_catalog.h"
+#include "lookup/frmSearchWindow.h"
 #include "lookup/look_up.h"
 
 namespace entry {
@@ -18,6 +19,14 @@ session::Outcome ComponentScreens::Edit(const session::Opening& opening) {
 
 session::ListOutcome ComponentScreens::ShowList(session::LookUpListTypes type, const session::ListOptions& options) {
   return lookup::ShowLookUpList(context_, type, options);
+}
+
+session::ListOutcome ComponentScreens::ShowPayers(const session::ListOptions& options) {
+  return lookup::ShowPayerList(context_, options);
+}
+
+session::SearchOutcome ComponentScreens::Search(const session::SearchRequest& request) {
+  return lookup::Search(context_, request);
 }
 
 std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickList list, std::string_view title) {

@@ -13,6 +13,8 @@ class ComponentScreens : public session::Screens {
 
   session::Outcome Edit(const session::Opening& opening) override;
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
+  session::ListOutcome ShowPayers(const session::ListOptions& options) override;
+  session::SearchOutcome Search(const session::SearchRequest& request) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
 
  private:

@@ -7,6 +7,8 @@
 #include "entry/component_screens.h"
 #include "entry/record_id.h"
 #include "forms/text.h"
+#include "insurance/frmEmployer.h"
+#include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
 #include "people/frmContacts.h"
 #include "people/frmDatabaseSearch.h"
@@ -69,8 +71,10 @@ Screen NotBuilt(std::string_view name, std::initializer_list<RecordKind> kinds, 
 const std::vector<Screen>& AllScreens() {
   static const std::vector<Screen> screens = {
       Edits<people::patScreen_SM>("patScreen_SM", {RecordKind::Patient}),
+      Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Opens<people::frmContacts>("frmContacts"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
+      Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       NotBuilt("EmployeeFrm", {RecordKind::Employee}, "employees"),
       NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
@@ -78,7 +82,6 @@ const std::vector<Screen>& AllScreens() {
                {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2, RecordKind::ReferInOut,
                 RecordKind::Referral},
                "providers, referrals and physicians"),
-      NotBuilt("frmEmployer", {RecordKind::Employer}, "employers"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
       NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),

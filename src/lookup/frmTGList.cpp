@@ -4,6 +4,7 @@
 
 #include "data/literal.h"
 #include "forms/text.h"
+#include "lookup/shared_lists.h"
 
 namespace lookup {
 namespace {
@@ -93,6 +94,7 @@ void frmTGList::WireHandlers() {
   DotNetGrid.FilterChanged = [this] { DotNetGrid_FilterChanged(); };
   DotNetGrid.RowColChange = [this] { DotNetGrid_RowColChange(); };
   DotNetGrid.HeadClick = [this](int column) { DotNetGrid_HeadClick(column); };
+  DotNetGrid.CellEdited = [this](int column, const std::string& text) { return PayerIdEdited(column, text); };
   DotNetGrid.KeyDown = [this](forms::Key key) { return DotNetGrid_KeyDown(key); };
   Timer1.Elapsed = [this] { Timer1_Elapsed(); };
   DialogButtons1.OK.Click = [this] { Choose(); };
@@ -220,6 +222,7 @@ void frmTGList::SetGridLayout() {
     if (const int before = DotNetGrid.ColumnIndex(column.caption); before >= 0) {
       column.filter = DotNetGrid.Columns.get()[static_cast<std::size_t>(before)].filter;
     }
+    column.editable = LinksPayers() && column.caption == kPayerId;
   }
   DotNetGrid.Columns = std::move(columns);
   const SortTerm term = FirstSortTerm(sort_.Text());
@@ -264,6 +267,7 @@ void frmTGList::EnableCommands() {
   ToolStrip["RemFilt"].Enabled = IsFiltered();
   MnuFilterCell.Enabled = on_row && DotNetGrid.Col >= 0 && !DotNetGrid.Cell(DotNetGrid.Row, DotNetGrid.Col).empty();
   EnableNavigation();
+  EnablePayerCommands();
 }
 
 void frmTGList::DotNetGrid_RowColChange() {
@@ -322,9 +326,15 @@ void frmTGList::DotNetGrid_AddRecord() {
   }
 }
 
+bool frmTGList::AreAccepted(const std::vector<int>& rows) const {
+  return Commands.accepts == nullptr || std::ranges::all_of(rows, [this](int row) {
+           return Commands.accepts(context_, Options, session::ToId(CellOf(row, IDFld.Caption.get())));
+         });
+}
+
 void frmTGList::Choose() {
   const std::vector<int> rows = DotNetGrid.Selected();
-  if (rows.empty() || !AreOurs(rows)) {
+  if (rows.empty() || !AreOurs(rows) || !AreAccepted(rows)) {
     return;
   }
   if (!DotNetGrid.IsSelected(DotNetGrid.Row)) {

@@ -111,11 +111,21 @@ class frmTGList : public forms::Form, private editing::Rules {
   void ShowSeparators();
   void ToolStrip_ItemClicked(const std::string& key);
 
+  // On the list of carriers: their payer IDs are typed into it, and they are linked to electronic payers.
+  bool LinksPayers() const { return Commands.links_payers && MayEdit(); }
+  void EnablePayerCommands();
+  void LinkPayer();
+  void UnLinkPayer();
+  bool PayerIdEdited(int column, const std::string& text);
+  void ShowInPlace(std::string_view caption, std::string text);
+
   void EditCurrent();
   void DeleteCurrent();
   // Whether the rows are records of this office; names the first that is not.
   bool AreOurs(const std::vector<int>& rows) const;
   bool IsOurs(int row) const;
+  // Whether the kind of list gives the rows; says so when it does not.
+  bool AreAccepted(const std::vector<int>& rows) const;
   // Whether records may be changed from here.
   bool MayEdit() const { return AllowEdit && Options.show_mode != session::kLookOnly; }
 

@@ -58,6 +58,8 @@ void frmTGList::ShowToolButtons() {
   ToolStrip["Delete"].Visible =
       MayEdit() && Options.allow_delete && !Options.select_mode && Commands.deletes != nullptr;
   ToolStrip["RemFilt"].Visible = true;
+  ToolStrip["LinkG"].Visible = LinksPayers();
+  ToolStrip["UnLinkG"].Visible = LinksPayers();
   ShowNavigation();
   ShowSeparators();
 }
@@ -154,6 +156,10 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
     EditCurrent();
   } else if (key == "Delete") {
     DeleteCurrent();
+  } else if (key == "LinkG") {
+    LinkPayer();
+  } else if (key == "UnLinkG") {
+    UnLinkPayer();
   } else {
     GoTo(key);
   }

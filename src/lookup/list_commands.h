@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "lookup/choice_check.h"
 #include "lookup/delete_flow.h"
 #include "session/screens.h"
 
@@ -15,7 +16,8 @@ struct ListCommands {
   bool leads_to_patients = false;                 // the ways to a patient's screens, where the host wants them
   bool prints_envelopes = false;                  // Print Envelope
   bool prints_labels = false;                     // Print Label, as many as the person says
-  bool links_payers = false;                      // Link to and Un-link from Electronic Payer
+  bool links_payers = false;      // Link to and Un-link from Electronic Payer, and payer IDs typed into cells
+  ChoiceCheck accepts = nullptr;  // whether a record may be chosen; null where every one may
 };
 
 // Throws std::out_of_range for no kind of list.

@@ -7,6 +7,7 @@
 #include "editing/rules.h"
 #include "lookup/frmTGList.h"
 #include "lookup/list_catalogue.h"
+#include "lookup/shared_lists.h"
 
 namespace lookup {
 namespace {
@@ -63,6 +64,14 @@ session::ListOutcome ShowLookUpList(const ScreenContext& context, session::LookU
         [&] { context.session.RecordHandOff(list.hand_off_column, list.hand_off_table, outcome.id); });
   }
   return outcome;
+}
+
+session::ListOutcome ShowPayerList(const ScreenContext& context, const session::ListOptions& options) {
+  frmTGList window(context);
+  window.Options.selected = options.selected;
+  SetList(window, PayerList(data::Statements(context.session)), options.title);
+  window.AllowEdit = false;
+  return window.ShowList();
 }
 
 std::optional<session::PickedText> ShowPickList(const ScreenContext& context, session::PickList list,

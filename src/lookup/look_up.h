@@ -13,6 +13,9 @@ namespace lookup {
 session::ListOutcome ShowLookUpList(const session::ScreenContext& context, session::LookUpListTypes type,
                                     const session::ListOptions& options, const ListEvents& events = {});
 
+// The electronic payers; of the options the title and the payer to start on count.
+session::ListOutcome ShowPayerList(const session::ScreenContext& context, const session::ListOptions& options);
+
 // Nothing when cancelled. An empty title is the list's own.
 std::optional<session::PickedText> ShowPickList(const session::ScreenContext& context, session::PickList list,
                                                 std::string_view title);

@@ -119,17 +119,30 @@ ListDefinition InsuranceCompanyList(const Statements& statements) {
   ListDefinition list;
   list.title = "Insurance Company List";
   list.window_texts = {"InsCo", "ID Num", "Insurance Company", "[Insurance Company]", "[ID Num]"};
-  list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAdd1 AS [Address 1], "
+  list.sql = Sql("SELECT InsCoTable.InsCoNam AS [Insurance Company], InsCoTable.InsCoAccID AS [Payer ID], "
+                 "ePayerTable.epNam AS [Electronic Payer], InsCoTable.InsCoAdd1 AS [Address 1], "
                  "InsCoTable.InsCoCit AS City, InsCoTable.InsCoSta AS State, InsCoTable.InsCoZip AS Zip, "
                  "InsCoTable.InsCoTel AS [Phone 1], InsCoTable.InsCoFax AS Fax, InsCoTable.InsCoInd AS [ID Num], "
-                 "InsCoTable.InsCoAccID AS [Payer ID], InsCoTable.InsCoAdd2 AS [Address 2], "
-                 "InsCoTable.InsCoTel2 AS [Phone 2] "
-                 "FROM InsCoTable WHERE (InsCoTable.InsCoInd <> 0)") +
-             statements.Office(" and (InsCoTable.OfficeID = ", ") ");
+                 "InsCoTable.InsCoAdd2 AS [Address 2], InsCoTable.InsCoTel2 AS [Phone 2] "
+                 "FROM InsCoTable LEFT JOIN ePayerTable ON InsCoTable.epPayID = ePayerTable.epPayID") +
+             statements.OfficeJoin(" and (InsCoTable.OfficeID = ePayerTable.OfficeID)") +
+             " WHERE (InsCoTable.InsCoInd <> 0)" + statements.Office(" and (InsCoTable.OfficeID = ", ") ");
   list.sort = Words("[Insurance Company]");
   list.layout_key = "frmTGList_INSC";
   list.hand_off_column = "InsCoID";
   list.hand_off_table = "InsCoTable";
+  return list;
+}
+
+ListDefinition PayerList(const Statements& statements) {
+  ListDefinition list;
+  list.title = "Electronic Payer List";
+  list.window_texts = {"ePayer", "ID Num", "Electronic Payer", "[Electronic Payer]", "[ID Num]"};
+  list.sql = Sql("SELECT ePayerTable.epNam AS [Electronic Payer], ePayerTable.epAddInf AS [Additional Information], "
+                 "ePayerTable.epPayID AS [ID Num] FROM ePayerTable WHERE (ePayerTable.epPayID <> 0)") +
+             statements.Office(" and (ePayerTable.OfficeID = ", ") ");
+  list.sort = Words("[Electronic Payer]");
+  list.layout_key = "frmTGList_EPAY";
   return list;
 }
 

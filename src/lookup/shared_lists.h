@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "lookup/list_catalogue.h"
 
 // The lists that the suite's programs share, of persons and of records, as our own list window shows them.
@@ -8,9 +10,14 @@ namespace lookup {
 // Of providers, physicians, referral sources and family heads.
 ListDefinition PersonList(session::LookUpListTypes type, const data::Statements& statements,
                           const session::ListOptions& options);
+// Columns of the list of carriers that the list itself changes.
+inline constexpr std::string_view kPayerId = "Payer ID";
+inline constexpr std::string_view kElectronicPayer = "Electronic Payer";
 ListDefinition InsuranceCompanyList(const data::Statements& statements);
 ListDefinition EmployerList(const data::Statements& statements, const session::ListOptions& options);
 ListDefinition GroupPlanList(const data::Statements& statements, const session::ListOptions& options);
+// Of the electronic payers that carriers are linked to.
+ListDefinition PayerList(const data::Statements& statements);
 ListDefinition PharmacyList(const data::Statements& statements);
 
 // The last column of a list of persons whose caller wants their insurance: the carrier of the first coverage.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -55,7 +56,7 @@ struct Opening {
   RecordKind kind = {};
   Mode mode = Mode::New;
   std::int32_t id = 0;                  // of the existing record
-  std::string typed_name = {};          // for a new patient: what was typed before the screen opened
+  std::string typed_name = {};          // for a new patient or employer: what was typed before the screen opened
   std::int32_t carrier = 0;             // for a new group plan: whose it is
   std::int32_t new_employee_login = 0;  // for a new employee: the login that he is entered for, 0 for none
   bool may_book = false;                // offers to save and book an appointment
@@ -100,6 +101,31 @@ struct PickedText {
   std::string text;
 };
 
+// What a field looks for by a name that a person types.
+enum class SearchList { Employers, Carriers };
+struct SearchRequest {
+  SearchList list = {};
+  std::string typed = {};  // a name to begin with: the window is shown only where it matches anything
+  // What is asked about a name that matches nothing; "NAME. Add to the list?" without it.
+  std::function<std::string(const std::string& typed)> offer = {};
+};
+
+// How a search was left.
+struct SearchOutcome {
+  enum class End {
+    Chosen,
+    New,        // a new record of the typed name is wanted
+    Cancelled,  // the person gave it up
+    Nothing,    // no name, or one that nothing matches and that is not to be added
+  };
+
+  End end = End::Cancelled;
+  std::int32_t id = 0;    // of the chosen record
+  std::string name = {};  // its name, or the typed one
+
+  bool Chosen() const { return end == End::Chosen; }
+};
+
 // How screens open one another.
 class Screens {
  public:
@@ -107,6 +133,9 @@ class Screens {
 
   virtual Outcome Edit(const Opening& opening) = 0;
   virtual ListOutcome ShowList(LookUpListTypes type, const ListOptions& options) = 0;
+  // The electronic payers that carriers are linked to.
+  virtual ListOutcome ShowPayers(const ListOptions& options) = 0;
+  virtual SearchOutcome Search(const SearchRequest& request) = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
 };

@@ -1,5 +1,7 @@
 #include "views/view_registry.h"
 
+#include "views/insurance/frmEmployer_view.h"
+#include "views/lookup/frmSearchWindow_view.h"
 #include "views/lookup/frmTGList_view.h"
 #include "views/people/frmContacts_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
@@ -9,9 +11,11 @@ namespace views {
 
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
+  registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
+  registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);
   registry.Add<lookup::frmTGList>("frmTGList", LayOut_frmTGList);
   return registry;
 }

@@ -43,7 +43,9 @@ Answer Discard(const forms::Message& message) {
 Outcome Open(Desk& desk, const std::function<Outcome(Desk&)>& open, const std::function<void(Form&)>& act) {
   int depth = 0;
   desk.User().answers = Agree;
-  desk.User().input = "Reed, Ann";
+  desk.User().inputs = [](const forms::InputBox& box) {
+    return std::optional<std::string>(Has(box.prompt, "type [Yes]") ? "Yes" : "Reed, Ann");
+  };
   desk.User().acts = [&](Form& form) {
     if (++depth == 1) {
       act(form);

@@ -113,6 +113,7 @@ class FakeUser : public forms::User {
   // The answer to a question; without it the default one.
   std::function<forms::Answer(const forms::Message&)> answers;
   std::optional<std::string> input;  // what is typed into every input box; nothing cancels it
+  std::function<std::optional<std::string>(const forms::InputBox&)> inputs;  // in the place of `input`
   std::vector<std::string> told;
   std::vector<std::string> waits;
   int shown = 0;
@@ -121,7 +122,7 @@ class FakeUser : public forms::User {
     told.push_back(message.text);
     return answers ? answers(message) : message.Default();
   }
-  std::optional<std::string> Input(const forms::InputBox&) override { return input; }
+  std::optional<std::string> Input(const forms::InputBox& box) override { return inputs ? inputs(box) : input; }
   void Show(forms::Form& form) override {
     ++shown;
     form.Load();
@@ -150,6 +151,8 @@ class FakeScreens : public session::Screens {
     return saves == 0 ? session::Outcome() : session::Outcome{.end = session::Outcome::End::Saved, .id = saves};
   }
   session::ListOutcome ShowList(session::LookUpListTypes, const session::ListOptions&) override { return {}; }
+  session::ListOutcome ShowPayers(const session::ListOptions&) override { return {}; }
+  session::SearchOutcome Search(const session::SearchRequest&) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
 };
 

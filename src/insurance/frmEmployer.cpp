@@ -1,0 +1,150 @@
+#include "insurance/frmEmployer.h"
+
+#include "data/shared_records.h"
+#include "forms/phone.h"
+#include "forms/text.h"
+
+namespace insurance {
+namespace {
+
+constexpr std::string_view kTable = "EMPTABLE";
+constexpr std::string_view kRight = "EDIT-EMP-INS";
+constexpr editing::SharedKind kEmployers = {.table = "EmpTable",
+                                            .key = "EmpInd",
+                                            .information = "Employer",
+                                            .record = "employer",
+                                            .entry = "Employer",
+                                            .category = "LogEmp"};
+
+using Guarded = editing::SharedRecordGuard::Guarded;
+
+// Every column that is edited; all of them are guarded.
+std::vector<Guarded> Columns(std::array<forms::TextBox, 7>& boxes) {
+  return {{boxes[frmEmployer::kName], "EmpNam"},
+          {boxes[frmEmployer::kAddress1], "EmpAdd1"},
+          {boxes[frmEmployer::kAddress2], "EmpAdd2"},
+          {boxes[frmEmployer::kCity], "EmpCIT"},
+          {.field = boxes[frmEmployer::kState], .column = "EmpSTA", .same_line = true},
+          {.field = boxes[frmEmployer::kZip], .column = "EmpZIP", .same_line = true},
+          {boxes[frmEmployer::kPhone], "EmpTEL", data::kPhone}};
+}
+
+constexpr std::array kCaptions = {"E&mployer Name", "Address &1", "Address &2", "Cit&y",
+                                  "&State",         "&ZIP Code",  "&Phone"};
+
+}  // namespace
+
+frmEmployer::frmEmployer(const session::ScreenContext& context)
+    : EditingForm("frmEmployer", context),
+      Employer(context.session, kEmployers.table, kEmployers.key),
+      ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
+      guard_(
+          context, kEmployers,
+          [&session = context.session](std::int32_t employer) {
+            return data::SharedRecords(session).Uses(data::SharedRecord::Employer, employer);
+          },
+          Columns(Text1)) {
+  for (const Guarded& column : Columns(Text1)) {
+    Employer.Bind(column.field, column.column, column.format);
+  }
+  Register();
+  Wire();
+}
+
+void frmEmployer::Register() {
+  Add("Text1", Text1);
+  Add("Label1", Label1);
+  Add("Command3D2", Command3D2);
+  Add("ZipCode_Panel", ZipCodes);
+  Add("DialogButtons1", DialogButtons1);
+  for (std::size_t i = 0; i < Label1.size(); ++i) {
+    Label1.at(i).Caption = kCaptions.at(i);
+    Text1.at(i).Heading = &Label1.at(i);
+  }
+  Command3D2.Caption = "...";
+  Command3D2.ToolTip = "DATABASE LIST, Left mouse - Database list";
+  Command3D2.AccessibleName = "City, state and ZIP list";
+  Command3D2.TabStop = false;
+  DialogButtons1.Help.Visible = false;
+  Reads({&Text1[kName], &Text1[kAddress1], &Text1[kAddress2], &Text1[kCity], &Text1[kState], &Text1[kZip], &Command3D2,
+         &Text1[kPhone], &DialogButtons1});
+}
+
+void frmEmployer::Wire() {
+  Text1[kPhone].Leave = [this] { FormatPhone(); };
+  DialogButtons1.OK.Click = [this] {
+    if ((!Adding() && !Unsaved()) || Save()) {
+      Close();
+    }
+  };
+  DialogButtons1.Cancel.Click = [this] { DoClose(); };
+
+  Edits(Employer);
+  const auto always = [] { return true; };
+  const auto adding = [this] { return Adding(); };
+  OnSave(adding, [this] { Employer.Insert(); });
+  // Every employer has a live link that stands for no insurance coverage.
+  OnSave(adding, [this] { data::PlanLinks(context_.session).OpenNone(Employer.Id()); });
+  OnSave(adding, [this] { Hold(std::string(kTable), Employer.Id()); });
+  OnSave([this] { return guard_.MustLog(); }, [this] { guard_.Log(); });
+  OnSave(always, [this] { Employer.Update(); });
+  OnSave(always, [this] { context_.session.RecordHandOff(kEmployers.key.Text(), kTable, Employer.Id()); });
+}
+
+void frmEmployer::Read() {
+  Caption = Opened.IsNew() ? "New Employer" : "Employer Information";
+  const bool may_edit = RequireRight(kRight, "employers");
+  if (!Opened.IsNew()) {
+    if (may_edit) {
+      Hold(std::string(kTable), Opened.id);
+    }
+    ReadExisting();
+  } else if (may_edit) {
+    ReadNew();
+  } else {
+    MayModify();
+    Close();
+  }
+}
+
+void frmEmployer::ReadExisting() {
+  if (Opened.id == 0 || !Employer.Read(Opened.id)) {
+    Tell("Employer " + std::to_string(Opened.id) + " was not found in the database.", forms::Icon::Information);
+    Close();
+  }
+}
+
+// A name that was typed before is not thrown away without asking.
+void frmEmployer::ReadNew() {
+  Employer.Read(0);
+  Text1[kName].Text = forms::Fitting(Opened.typed_name, Text1[kName].MaxLength);
+}
+
+// What nobody touched keeps its blanks.
+bool frmEmployer::Check() {
+  for (forms::TextBox& box : Text1) {
+    if (Employer.Changed(box)) {
+      box.Text = std::string(forms::Trim(box.Text.get()));
+    }
+  }
+  if (forms::Trim(Text1[kName].Text.get()).empty()) {
+    Tell("You must enter a company name before you can save these changes.", forms::Icon::Information);
+    Text1[kName].SetFocus();
+    return false;
+  }
+  return true;
+}
+
+void frmEmployer::FormatPhone() {
+  forms::TextBox& phone = Text1[kPhone];
+  const std::string number = forms::FormatPhone(phone.Text.get());
+  if (forms::Fitting(number, phone.MaxLength) == number) {
+    phone.Text = number;
+  }
+}
+
+session::Outcome frmEmployer::Ended() const {
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = Employer.Id()};
+}
+
+}  // namespace insurance
