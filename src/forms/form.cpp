@@ -93,6 +93,7 @@ void Form::Close() {
     return;
   }
   closed_ = true;
+  OnClose();
   if (observer_ != nullptr) {
     observer_->FormClosed();
   }

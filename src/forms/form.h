@@ -32,6 +32,8 @@ class Form : public Observable {
 
   // The class's name: "patScreen_SM".
   const std::string& Name() const { return name_; }
+  // Under which the place of its window is kept.
+  virtual const std::string& PlaceKey() const { return name_; }
 
   // Makes a control known. Controls are read in the order in which they are added, unless `Reads` says otherwise.
   void Add(const std::string& name, Control& control);
@@ -98,6 +100,8 @@ class Form : public Observable {
  protected:
   // Reads what the form shows; runs once, before the form is seen.
   virtual void OnLoad() {}
+  // It has closed, whichever way; runs once.
+  virtual void OnClose() {}
   // Whether the form may close: the place to ask about unsaved changes.
   virtual bool QueryClose() { return true; }
   virtual bool OnKey(Key /*key*/) { return false; }

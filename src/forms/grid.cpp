@@ -90,7 +90,7 @@ std::string Grid::SpokenName() const {
 }
 
 bool Grid::Offers(int column) const {
-  return column >= 0 && column < static_cast<int>(Columns->size()) && Column(column).visible;
+  return HasColumn(column) && Column(column).visible;
 }
 
 bool Grid::Accepts(int column, const std::string& text) const {
@@ -284,60 +284,20 @@ bool Grid::DoFilterByCell() {
 }
 
 bool Grid::DoSort(int column) {
+  return DoSort(column, SortColumn == column && !SortDescending);
+}
+
+bool Grid::DoSort(int column, bool descending) {
   if (!Offers(column)) {
     return false;
   }
   if (!DoFocus()) {
     return true;
   }
-  SortDescending = SortColumn == column && !SortDescending;
+  SortDescending = descending;
   SortColumn = column;
   if (HeadClick) {
     Fire([&] { HeadClick(column); });
-  }
-  return true;
-}
-
-bool Grid::DoMoveColumn(int from, int to) {
-  if (!Offers(from) || !Offers(to)) {
-    return false;
-  }
-  if (!DoFocus() || from == to) {
-    return true;
-  }
-  auto columns = Columns.get();
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    columns[i].cell = CellOf(static_cast<int>(i));
-  }
-  MoveWithin(columns, from, to);
-  const auto follow = [from, to](Property<int>& place) {
-    const int at = place;
-    if (at == from) {
-      place = to;
-    } else if (from < at && at <= to) {
-      place = at - 1;
-    } else if (to <= at && at < from) {
-      place = at + 1;
-    }
-  };
-  Columns = std::move(columns);
-  follow(Col);
-  follow(SortColumn);
-  follow(FilterCell);
-  Fire(LayoutChanged);
-  return true;
-}
-
-bool Grid::DoSizeColumn(int column, int width) {
-  constexpr int kLeast = 8;
-  if (!Offers(column) || width < 0) {
-    return false;
-  }
-  auto columns = Columns.get();
-  columns[static_cast<std::size_t>(column)].width = std::max(width, kLeast);
-  if (DoFocus() && !(Columns == columns)) {
-    Columns = std::move(columns);
-    Fire(LayoutChanged);
   }
   return true;
 }

@@ -25,11 +25,21 @@ struct GridColumn {
   Kind kind = Kind::Text;
   Align align = Align::Left;
   bool editable = false;
+  bool long_text = false;                 // remarks of any length
   std::vector<std::string> choices = {};  // of a drop-down cell
   std::string filter = {};                // what stands in the filter cell
   int cell = -1;                          // its place in the rows; -1 for the column's own in `Columns`
 
   friend bool operator==(const GridColumn&, const GridColumn&) = default;
+};
+
+// Where a column stands, apart from what it shows.
+struct ColumnPlace {
+  int cell = 0;  // tells which column it is
+  int width = 0;
+  bool visible = true;
+
+  friend bool operator==(const ColumnPlace&, const ColumnPlace&) = default;
 };
 
 // Where a grid's cells come from: asked for the cells that it paints, by their place in the row.
@@ -67,6 +77,10 @@ class TableRows : public GridRows {
 
 class Grid : public Control {
  public:
+  // Between these a column's width stays.
+  static constexpr int kLeastWidth = 8;
+  static constexpr int kMostWidth = 10'000;
+
   // In the order in which they are shown, which a person may change.
   Property<std::vector<GridColumn>> Columns{*this, {}, Aspect::Items};
   Property<std::shared_ptr<GridRows>> Rows{*this, std::make_shared<TableRows>(), Aspect::Items};
@@ -90,6 +104,8 @@ class Grid : public Control {
   // Index into `Columns` of the column that the rows are sorted by; -1 for none.
   Property<int> SortColumn{*this, -1, Aspect::Items};
   Property<bool> SortDescending{*this, false, Aspect::Items};
+  // Pixels at 100 %; no row is lower than its text asks for.
+  Property<int> RowHeight{*this, 0};
 
   // The columns that the slots are given are places in `Columns`.
   std::function<void()> RowColChange;
@@ -106,8 +122,10 @@ class Grid : public Control {
   std::function<std::optional<std::string>(int column)> Pick;
   // The tip of a cell, or of a caption for row -1; empty for none.
   std::function<std::string(int row, int column)> Tip;
-  // A person moved or sized columns.
+  // A person moved, sized, hid or showed columns.
   std::function<void()> LayoutChanged;
+  // A person wants the columns as they were built; null where no layout is kept.
+  std::function<void()> RestoreLayout;
   // A person dragged a row to the place that another had. `TableRows` have moved, other rows are the rule's to move.
   std::function<void(int from, int to)> RowMoved;
 
@@ -127,6 +145,11 @@ class Grid : public Control {
   int TypingColumn() const;
   // With the current cell: "List: Last Name Smith, row 4".
   std::string SpokenName() const override;
+
+  // The columns' places from left to right, the hidden ones among them.
+  std::vector<ColumnPlace> Layout() const;
+  // Puts the same columns elsewhere. The current column and the one that the rows are sorted by stay what they are.
+  void Arrange(const std::vector<ColumnPlace>& places);
 
   // Tells the view that cells changed or rows came.
   void Refresh() { Changed(Aspect::Items); }
@@ -152,10 +175,15 @@ class Grid : public Control {
   bool DoTypeFilter(const std::string& character);
   // Filters by what stands in the current cell.
   bool DoFilterByCell();
+  // The other way round when the rows are sorted by it already.
   bool DoSort(int column);
+  bool DoSort(int column, bool descending);
   // Places in `Columns`; pixels at 100 %.
   bool DoMoveColumn(int from, int to);
   bool DoSizeColumn(int column, int width);
+  // A hidden column takes its filter along. The last one that is seen stays.
+  bool DoShowColumn(int column, bool shown);
+  bool DoRestoreLayout();
   bool DoMoveRow(int from, int to);
 
   void Changed(Aspect aspect) override;
@@ -163,6 +191,7 @@ class Grid : public Control {
  private:
   const GridColumn& Column(int column) const { return Columns.get()[static_cast<std::size_t>(column)]; }
   int CellOf(int column) const { return Column(column).cell < 0 ? column : Column(column).cell; }
+  bool HasColumn(int column) const { return column >= 0 && column < static_cast<int>(Columns->size()); }
   bool Holds(int row) const { return row >= 0 && row < RowCount(); }
   bool Offers(int column) const;
   bool Accepts(int column, const std::string& text) const;

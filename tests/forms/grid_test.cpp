@@ -116,6 +116,32 @@ TEST_F(GridTest, AMovedColumnTakesItsCellsAlong) {
   EXPECT_EQ(told, 3);
 }
 
+TEST_F(GridTest, ColumnsAreHiddenAndComeBack) {
+  int told = 0;
+  std::vector<std::string> filters;
+  grid.LayoutChanged = [&told] { ++told; };
+  grid.FilterChanged = [&] { filters.push_back(grid.Columns.get()[4].filter); };
+  grid.FilterBar = true;
+  grid.DoFilter(4, "Rye");
+  grid.DoGoTo(0, 4);
+  grid.SortColumn = 4;
+  EXPECT_TRUE(grid.DoShowColumn(4, false));
+  EXPECT_THAT(filters, testing::ElementsAre("Rye", "")) << "nothing filters unseen";
+  EXPECT_EQ(grid.Col, 1);
+  EXPECT_EQ(grid.SortColumn, 4);
+  EXPECT_TRUE(grid.DoShowColumn(0, true));
+  EXPECT_TRUE(grid.DoShowColumn(0, true));
+  EXPECT_TRUE(grid.DoMoveColumn(0, 4)) << "to where a hidden one stands";
+  EXPECT_THAT(grid.VisibleColumns(), testing::ElementsAre(0, 1, 2, 4));
+  EXPECT_EQ(grid.Cell(0, 4), "1");
+  EXPECT_EQ(told, 3);
+  for (const int column : {0, 1, 2}) {
+    EXPECT_TRUE(grid.DoShowColumn(column, false));
+  }
+  EXPECT_FALSE(grid.DoShowColumn(4, false)) << "the last";
+  EXPECT_FALSE(grid.DoShowColumn(5, true));
+}
+
 TEST_F(GridTest, ARowIsDraggedToAnothersPlace) {
   std::vector<std::pair<int, int>> moves;
   grid.RowMoved = [&moves](int from, int to) { moves.emplace_back(from, to); };
