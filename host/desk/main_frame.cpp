@@ -57,7 +57,8 @@ MainFrame::MainFrame(Desk& desk, const std::function<void()>& switch_user)
   MakeMenus(switch_user);
   LayOut_frmHome(*this, home);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-    SavePlace();
+    SaveScreenPosition();
+    home.Close();
     event.Skip();
   });
   Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
@@ -80,6 +81,7 @@ MainFrame::MainFrame(Desk& desk, const std::function<void()>& switch_user)
 
 void MainFrame::Retire() {
   SetCovered(true);
+  home.Close();
   Hide();
   Destroy();
 }
@@ -99,7 +101,7 @@ void MainFrame::MakeMenus(const std::function<void()>& switch_user) {
   auto* bar = new wxMenuBar;
   auto* practice = new wxMenu;
   AddItem(*practice, "&Switch User...", [this, switch_user] {
-    SavePlace();
+    SaveScreenPosition();
     switch_user();
   });
   const bool supervisor = desk_.Session().HasRight(kSupervisorRight);

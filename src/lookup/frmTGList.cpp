@@ -47,7 +47,8 @@ forms::GridColumn ColumnOf(const session::Field& field) {
   return {.key = field.name,
           .caption = field.name,
           .width = letters * kLetter,
-          .align = text ? forms::GridColumn::Align::Left : forms::GridColumn::Align::Right};
+          .align = text ? forms::GridColumn::Align::Left : forms::GridColumn::Align::Right,
+          .long_text = text && field.defined_size == 0};
 }
 
 }  // namespace
@@ -81,7 +82,7 @@ void frmTGList::WireHandlers() {
     const int column = DotNetGrid.SortColumn;
     DotNetGrid.DoSort(column >= 0 ? column : DotNetGrid.ColumnIndex(NamFld.Caption.get()));
   };
-  MnuFileResDef.Click = [this] { SetGridLayout(); };
+  MnuFileResDef.Click = [this] { DotNetGrid.DoRestoreLayout(); };
   DotNetGrid.LayoutChanged = [this] { sort_column_ = DotNetGrid.SortColumn; };
   MnuFileExit.Click = [this] { DoClose(); };
   MnuFilterCell.Click = [this] { DotNetGrid.DoFilterByCell(); };
@@ -213,22 +214,16 @@ void frmTGList::FindAwaited() {
 }
 
 void frmTGList::SetGridLayout() {
-  if (rows_ == nullptr) {
-    return;
-  }
   std::vector<forms::GridColumn> columns;
   std::ranges::transform(rows_->Fields(), std::back_inserter(columns), ColumnOf);
   for (forms::GridColumn& column : columns) {
-    if (const int before = DotNetGrid.ColumnIndex(column.caption); before >= 0) {
-      column.filter = DotNetGrid.Columns.get()[static_cast<std::size_t>(before)].filter;
-    }
     column.editable = LinksPayers() && column.caption == kPayerId;
   }
   DotNetGrid.Columns = std::move(columns);
   const SortTerm term = FirstSortTerm(sort_.Text());
   DotNetGrid.SortColumn = DotNetGrid.ColumnIndex(term.caption);
   DotNetGrid.SortDescending = term.descending;
-  sort_column_ = DotNetGrid.SortColumn;
+  layout_.Restore(LayoutKey);
 }
 
 void frmTGList::ShowCount() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "editing/kept_layout.h"
 #include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/button.h"
@@ -38,7 +39,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   data::Sql SortBy;
   bool AllowEdit = true;
   std::string ListName;
-  std::string LayoutKey;
+  std::string LayoutKey;  // of the columns' layout file, and of the window's place; empty where none is kept
 
   // "DISTINCTROW" becomes "DISTINCT" unless the database is a file.
   void SetSQL(const data::Sql& sql);
@@ -58,6 +59,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   const session::ListOutcome& ShowList();
 
   void Run(const std::function<void()>& rule) override { Attempt(rule); }
+  const std::string& PlaceKey() const override { return LayoutKey.empty() ? Name() : LayoutKey; }
 
   // How the list was left.
   session::ListOutcome Result;
@@ -87,6 +89,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   bool OnIdle() override;
   // Esc takes the filters away before it closes the window; Ctrl+F leads to them, Ctrl+Shift+F sets one.
   bool OnKey(forms::Key key) override;
+  void OnClose() override { layout_.Keep(); }
 
  private:
   // Where the selection is to be when the rows have been read: on the record, or near this row until and unless the
@@ -154,6 +157,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place);
   void RowsArrived();
   void FindAwaited();
+  // The statement's columns, where the person left them last.
   void SetGridLayout();
   void ShowCount();
   std::string WhyEmpty() const;
@@ -168,6 +172,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   std::int32_t CurrentID() const;
   const std::string& TitleText() const { return Options.title.empty() ? Caption.get() : Options.title; }
 
+  editing::KeptLayout layout_{context_.session, DotNetGrid};
   forms::OptionGroup filter_modes_{&optFiltLeft, &optFiltMid};
 
   data::Sql sql_;

@@ -156,6 +156,7 @@ void frmDatabaseSearch::ShowCount() {
 }
 
 void frmDatabaseSearch::OnLoad() {
+  layout_.Restore(Name());
   if (rows_ == nullptr && !Attempt([this] { Search(); })) {
     Close();
   }

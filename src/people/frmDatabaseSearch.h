@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "editing/kept_layout.h"
 #include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/dialog_buttons.h"
@@ -38,12 +39,14 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
  protected:
   void OnLoad() override;
   bool OnIdle() override { return Name_List.FetchMore(); }
+  void OnClose() override { layout_.Keep(); }
 
  private:
   void Sort(int column);
   void ShowCount();
   void Choose();
 
+  editing::KeptLayout layout_{context_.session, Name_List};
   std::shared_ptr<editing::RecordsetRows> rows_;
   // Of the rows that are shown.
   std::string sort_key_ = "Name";

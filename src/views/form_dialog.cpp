@@ -19,7 +19,7 @@ void FormDialog::Run() {
   if (!Form().Closed()) {
     ShowModal();
   }
-  SavePlace();
+  SaveScreenPosition();
 }
 
 void FormDialog::FormClosed() {

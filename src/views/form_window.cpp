@@ -129,7 +129,7 @@ void FormWindow::Prepare(wxSize wanted) {
   FitContents();
   wanted.IncTo(window_.GetMinClientSize());
   window_.SetClientSize(wanted);
-  RestorePlace();
+  RestoreScreenPosition();
   ShowFocus();
   // The tab order becomes the toolkit's in idle time; a fast typist does not wait for that.
   wxIdleEvent now;
@@ -323,9 +323,9 @@ void FormWindow::FitContents() {
   LayOutScrolled(window_);
 }
 
-void FormWindow::RestorePlace() {
+void FormWindow::RestoreScreenPosition() {
   std::array<long, 4> numbers{};
-  wxStringTokenizer parts(places_ == nullptr ? wxString() : ToWx(places_->UserOption(kPlacesSection, form_.Name())),
+  wxStringTokenizer parts(places_ == nullptr ? wxString() : ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey())),
                           ",");
   for (long& number : numbers) {
     if (!parts.GetNextToken().ToLong(&number)) {
@@ -346,7 +346,7 @@ void FormWindow::RestorePlace() {
 }
 
 // The size is that of the area inside the frame: what a frame adds to it is known only when it is seen.
-void FormWindow::SavePlace() {
+void FormWindow::SaveScreenPosition() {
   const wxPoint corner = window_.ToDIP(window_.GetPosition());
   const wxSize size = window_.ToDIP(window_.GetClientSize());
   // A window that went with its owner has none.
@@ -354,7 +354,7 @@ void FormWindow::SavePlace() {
     return;
   }
   try {
-    places_->SetUserOption(kPlacesSection, form_.Name(),
+    places_->SetUserOption(kPlacesSection, form_.PlaceKey(),
                            FromWx(wxString::Format("%d,%d,%d,%d", corner.x, corner.y, size.x, size.y)));
   } catch (const session::DatabaseError&) {  // NOLINT(bugprone-empty-catch): the next time it opens in the middle
   }

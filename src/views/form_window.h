@@ -74,7 +74,7 @@ class FormWindow : private forms::FormObserver {
   // Brings the window into the shape in which it is first seen: `wanted`, or as large as its contents ask for, and
   // where it stood last.
   void Prepare(wxSize wanted = {});
-  void SavePlace();
+  void SaveScreenPosition();
 
  private:
   void FormChanged(forms::Aspect aspect) override;
@@ -91,7 +91,7 @@ class FormWindow : private forms::FormObserver {
   void TakeFocusBack();
   Binding* Focused() const;
   void FitContents();
-  void RestorePlace();
+  void RestoreScreenPosition();
 
   wxTopLevelWindow& window_;
   forms::Form& form_;

@@ -4,6 +4,7 @@
 
 #include "database/schema.h"
 #include "entry/form_catalog.h"
+#include "forms/grid.h"
 #include "forms/label.h"
 #include "forms/user_control.h"
 #include "screens/trying.h"
@@ -123,6 +124,8 @@ TEST_P(Screen, KnowsItsControlsAndStartsOnOne) {
     EXPECT_TRUE(active != nullptr && active->Usable() && active->TakesFocus());
     for (const forms::Control* control : form.Controls()) {
       EXPECT_EQ(form.Find(control->Name()), control) << control->Name() << " is there twice";
+      const auto* grid = dynamic_cast<const forms::Grid*>(control);
+      EXPECT_TRUE(grid == nullptr || grid->RestoreLayout) << control->Name() << " keeps no layout";
       for (const forms::Control* other : {static_cast<const forms::Control*>(control->Container),
                                           static_cast<const forms::Control*>(control->Heading)}) {
         EXPECT_TRUE(other == nullptr || form.Find(other->Name()) == other) << "beside " << control->Name();

@@ -93,6 +93,7 @@ void frmHome::Do(const DeskCommand& command) {
 }
 
 void frmHome::OnLoad() {
+  layout_.Restore(Name());
   Search();
 }
 

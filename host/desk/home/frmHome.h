@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "editing/kept_layout.h"
 #include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/button.h"
@@ -89,6 +90,7 @@ class frmHome : public forms::Form, private editing::Rules {
   void OnLoad() override;
   bool OnKey(forms::Key key) override;
   bool OnIdle() override;
+  void OnClose() override { layout_.Keep(); }
 
  private:
   static constexpr std::string_view kIdColumn = "pID";
@@ -114,6 +116,7 @@ class frmHome : public forms::Form, private editing::Rules {
   void Return(std::int32_t patient);
   void Tell(std::string text, std::int32_t patient = 0);
 
+  editing::KeptLayout layout_{context_.session, grdPatients};
   std::string practice_;
   std::shared_ptr<editing::RecordsetRows> found_;
   bool search_due_ = true;
