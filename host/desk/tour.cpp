@@ -4,13 +4,17 @@
 
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/frame.h>
+#include <wx/grid.h>
 #include <wx/menu.h>
 #include <wx/settings.h>
 #include <wx/stopwatch.h>
+#include <wx/timer.h>
 #include <wx/toplevel.h>
+#include <wx/uiaction.h>
 
 #include <algorithm>
 #include <vector>
@@ -244,6 +248,37 @@ void VisitEmptyHome(Desk& desk, const VisitWindow& visit) {
   delete frame;
 }
 
+// A menu is a window of its own, before the one that it belongs to.
+wxBitmap PictureOnScreen(wxTopLevelWindow& window, double scale) {
+  const wxSize size = window.GetClientSize();
+  wxBitmap picture;
+  picture.CreateWithDIPSize(size, scale);
+  wxMemoryDC to(picture);
+  wxScreenDC screen;
+  to.Blit(wxPoint(), size, &screen, window.ClientToScreen(wxPoint()));
+  return picture;
+}
+
+// The list with the menu of a heading.
+void VisitHeadMenu(Desk& desk, const VisitWindow& visit) {
+  constexpr int kPatience = 500;  // milliseconds for the menu to come up
+  desk.User().OnShown = [&](wxDialog& dialog) {
+    Settle(dialog);
+    wxTimer up;
+    up.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+      visit("frmTGList-columns", dialog);
+      wxUIActionSimulator().Char(WXK_ESCAPE);
+    });
+    up.StartOnce(kPatience);
+    wxWindow& grid = *wxWindow::FindWindowByName("DotNetGrid", &dialog);
+    wxGridEvent right(grid.GetId(), wxEVT_GRID_LABEL_RIGHT_CLICK, &grid, -1, 1);
+    grid.ProcessWindowEvent(right);
+    dynamic_cast<views::FormDialog&>(dialog).Form().Close();
+  };
+  desk.Context().screens.ShowList(session::lulRecallMaster, {});
+  desk.User().OnShown = nullptr;
+}
+
 // A frame has its menu bar outside the area that it draws.
 wxBitmap PictureOf(wxTopLevelWindow& window, double scale) {
   const auto* frame = dynamic_cast<wxFrame*>(&window);
@@ -294,12 +329,16 @@ void VisitWindows(Desk& desk, const VisitWindow& visit) {
 
 bool TakePictures(Desk& desk, const std::string& folder) {
   bool whole = wxFileName::Mkdir(views::ToWx(folder), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-  VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
-    const double scale = window.GetContentScaleFactor();
-    const wxString look = wxSystemSettings::GetAppearance().IsDark() ? "-dark" : "";
-    const wxString file = views::ToWx(folder) + "/" + views::ToWx(name) + look + (scale > 1 ? "@2x" : "") + ".png";
-    whole = PictureOf(window, scale).ConvertToImage().SaveFile(file, wxBITMAP_TYPE_PNG) && whole;
-  });
+  const auto picturing = [&](wxBitmap (*picture_of)(wxTopLevelWindow&, double)) {
+    return [&whole, &folder, picture_of](const std::string& name, wxTopLevelWindow& window) {
+      const double scale = window.GetContentScaleFactor();
+      const wxString look = wxSystemSettings::GetAppearance().IsDark() ? "-dark" : "";
+      const wxString file = views::ToWx(folder) + "/" + views::ToWx(name) + look + (scale > 1 ? "@2x" : "") + ".png";
+      whole = picture_of(window, scale).ConvertToImage().SaveFile(file, wxBITMAP_TYPE_PNG) && whole;
+    };
+  };
+  VisitWindows(desk, picturing(PictureOf));
+  VisitHeadMenu(desk, picturing(PictureOnScreen));
   return whole;
 }
 

@@ -1,6 +1,5 @@
 #include "views/button_binders.h"
 
-#include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/statline.h>
 
@@ -192,7 +191,7 @@ wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control) {
   return bar;
 }
 
-void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at) {
+void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at, const AddToMenu& add) {
   wxMenu menu;
   std::map<int, forms::Button*> by_id;
   for (forms::Button* command : commands) {
@@ -202,19 +201,23 @@ void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxP
       by_id[item->GetId()] = command;
     }
   }
+  if (add) {
+    add(menu);
+  }
   const int chosen = window.GetPopupMenuSelectionFromUser(menu, at);
   if (const auto command = by_id.find(chosen); command != by_id.end()) {
     command->second->DoClick();
   }
 }
 
-wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands) {
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands,
+                         AddToMenu add) {
   auto* button = new wxButton(parent, wxID_ANY, caption + ToWx(" \u25BE"));
   button->SetName("menu " + wxControl::RemoveMnemonics(caption));
   KeepOutOfTabOrder(*button);
-  button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands)](wxCommandEvent&) {
+  button->Bind(wxEVT_BUTTON, [button, commands = std::move(commands), add = std::move(add)](wxCommandEvent&) {
     if (FormWindow::Of(*button).SyncFocus()) {
-      OpenMenu(*button, commands, wxPoint(0, button->GetSize().y));
+      OpenMenu(*button, commands, wxPoint(0, button->GetSize().y), add);
     }
   });
   return button;

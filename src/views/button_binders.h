@@ -2,8 +2,10 @@
 
 #include <wx/button.h>
 #include <wx/hyperlink.h>
+#include <wx/menu.h>
 #include <wx/panel.h>
 
+#include <functional>
 #include <vector>
 
 #include "forms/button.h"
@@ -21,10 +23,13 @@ wxButton* MakeArrow(wxWindow* parent, forms::Button& control);
 wxHyperlinkCtrl* MakeLink(wxWindow* parent, forms::Button& control);
 wxButton* MakePicture(wxWindow* parent, forms::PictureBox& control);
 wxPanel* MakeToolBar(wxWindow* parent, forms::ToolBar& control);
-// Opens a menu of the commands that are seen, at a place in the window, and carries out what is chosen.
-void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at);
-// A button that opens a menu of the commands.
-wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands);
+// Opens a menu of the commands that are seen, at a place in the window, and carries out what is chosen; `add` puts in
+// what else stands there now.
+using AddToMenu = std::function<void(wxMenu& menu)>;
+void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxPoint at, const AddToMenu& add = {});
+// A button that opens such a menu.
+wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands,
+                         AddToMenu add = {});
 // OK, the screen's own button, Cancel and Help, at the right.
 wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control);
 

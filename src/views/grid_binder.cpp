@@ -6,6 +6,8 @@
 #include "views/form_window.h"
 #include "views/grid_cells.h"
 #include "views/grid_filters.h"
+#include "views/grid_head_menu.h"
+#include "views/grid_heads.h"
 #include "views/grid_notice.h"
 
 namespace views {
@@ -13,14 +15,24 @@ namespace {
 
 using Kind = forms::GridColumn::Kind;
 
+// Of a line of text.
+int RowHeight(const wxGrid& grid) {
+  return grid.GetCharHeight() + grid.FromDIP(8);
+}
+
 class GridBinding : public Binding {
  public:
   GridBinding(forms::Grid& control, wxGrid& widget)
-      : Binding(control, widget), grid_(control), widget_(widget), filters_(control, widget), notice_(widget) {
+      : Binding(control, widget),
+        grid_(control),
+        widget_(widget),
+        filters_(control, widget),
+        heads_(control, widget, filters_),
+        notice_(widget) {
     table_ = new CellTable(grid_, [this] { FetchSoon(); });
     widget_.SetTable(table_, true, wxGrid::wxGridSelectRows);
     BindCells();
-    BindHeads();
+    BindHeadMenu(grid_, widget_);
     BindMouse();
     KeepSelectionReadable(widget_);
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
@@ -76,12 +88,6 @@ class GridBinding : public Binding {
   }
 
  private:
-  struct Shape {
-    int width;
-    bool visible;
-    friend bool operator==(const Shape&, const Shape&) = default;
-  };
-
   void BindCells() {
     widget_.Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
       const int row = event.GetRow();
@@ -105,47 +111,6 @@ class GridBinding : public Binding {
     widget_.Bind(wxEVT_GRID_CELL_LEFT_CLICK, &GridBinding::OnClick, this);
     widget_.Bind(wxEVT_GRID_CELL_LEFT_DCLICK,
                  [this](wxGridEvent&) { Dialog().CallAfter([this] { grid_.DoOpenRow(); }); });
-  }
-
-  void BindHeads() {
-    widget_.Bind(wxEVT_GRID_COL_SORT, [this](wxGridEvent& event) {
-      event.Veto();
-      if (Dialog().SyncFocus()) {
-        grid_.DoSort(event.GetCol());
-      }
-    });
-    widget_.Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
-      const int column = event.GetRowOrCol();
-      const int width = widget_.GetColSize(column);
-      if (Dialog().SyncFocus() && static_cast<std::size_t>(column) < shapes_.size()) {
-        shapes_[static_cast<std::size_t>(column)].width = FromPixels(width);
-        grid_.DoSizeColumn(column, FromPixels(width));
-      }
-      filters_.Place();
-    });
-    // The widget moves the column behind this event; the control's order is the one that is shown.
-    widget_.Bind(wxEVT_GRID_COL_MOVE, [this](wxGridEvent& event) {
-      Dialog().CallAfter([this, from = event.GetCol()] {
-        const int to = widget_.GetColPos(from);
-        widget_.ResetColPos();
-        if (Dialog().SyncFocus()) {
-          grid_.DoMoveColumn(from, to);
-        }
-        filters_.Place();
-      });
-    });
-    widget_.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-      event.Skip();
-      filters_.Place();
-    });
-    for (const auto& scrolled :
-         {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
-          wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
-      widget_.Bind(scrolled, [this](wxScrollWinEvent& event) {
-        event.Skip();
-        Dialog().CallAfter([this] { filters_.Place(); });
-      });
-    }
   }
 
   // With the button held the mouse drags a row, or selects up to where it is; without, it asks for the tip.
@@ -314,7 +279,7 @@ class GridBinding : public Binding {
         return;
       }
     }
-    OpenMenu(cells, grid_.CellMenu, at);
+    OpenMenu(cells, grid_.CellMenu, at, [this](wxMenu& menu) { AppendColumnMenu(menu, grid_, widget_); });
   }
 
   int RowStep(int key) const {
@@ -333,29 +298,18 @@ class GridBinding : public Binding {
     }
   }
 
-  // A column's width in pixels on this screen and with this text, and back.
-  int ToPixels(int width) const { return widget_.FromDIP(width) * widget_.GetCharWidth() / 7; }
-  int FromPixels(int pixels) const { return widget_.ToDIP((pixels * 7 + 3) / widget_.GetCharWidth()); }
-
   void ShowColumns() {
-    const auto& columns = grid_.Columns.get();
-    shapes_.resize(columns.size(), Shape{-1, true});
-    bool editable = false;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const Shape wanted{columns[i].width, columns[i].visible};
-      if (!(shapes_[i] == wanted)) {
-        shapes_[i] = wanted;
-        widget_.SetColSize(static_cast<int>(i), wanted.visible ? ToPixels(wanted.width) : 0);
-      }
-      editable = editable || columns[i].editable;
-    }
+    heads_.Show();
+    const bool editable = std::ranges::any_of(grid_.Columns.get(), &forms::GridColumn::editable);
     widget_.EnableEditing(editable);
     const int frame = editable ? widget_.FromDIP(2) : 0;  // around the current cell
     widget_.SetCellHighlightPenWidth(frame);
     widget_.SetCellHighlightROPenWidth(frame);
     widget_.SetCellHighlightColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    widget_.GetGridColLabelWindow()->Refresh();
-    filters_.Show();
+    const int height = std::max(RowHeight(widget_), widget_.FromDIP(grid_.RowHeight.get()));
+    if (widget_.GetDefaultRowSize() != height) {
+      widget_.SetDefaultRowSize(height, true);
+    }
   }
 
   void ShowRow() {
@@ -408,8 +362,8 @@ class GridBinding : public Binding {
   forms::Grid& grid_;
   wxGrid& widget_;
   CellTable* table_ = nullptr;  // the widget owns it
-  std::vector<Shape> shapes_;
   GridFilters filters_;
+  GridHeads heads_;
   GridNotice notice_;
   int filter_cell_ = -1;  // that was shown to have the keyboard
   int dragged_ = -1;      // the row that the mouse drags, and where it would fall
@@ -425,15 +379,15 @@ wxGrid* MakeGrid(wxWindow* parent, forms::Grid& control, int lines) {
   grid->HideRowLabels();
   grid->SetLabelFont(grid->GetFont());
   grid->SetDefaultCellFitMode(wxGridFitMode::Ellipsize());
-  grid->SetDefaultRowSize(grid->GetCharHeight() + grid->FromDIP(8));
+  grid->SetDefaultRowSize(RowHeight(*grid));
   grid->SetTabBehaviour(wxGrid::Tab_Leave);
   grid->DisableDragRowSize();
   grid->EnableDragGridSize(false);
   grid->EnableDragColMove();
-  const int height = (grid->GetCharHeight() + grid->FromDIP(8)) * (lines + 3);
+  const int height = RowHeight(*grid) * (lines + 3);
   int width = 0;
   for (const forms::GridColumn& column : control.Columns.get()) {
-    width += column.visible ? grid->FromDIP(column.width) * grid->GetCharWidth() / 7 : 0;
+    width += column.visible ? ToPixels(*grid, column.width) : 0;
   }
   grid->SetMinSize(wxSize(std::clamp(width, 60 * grid->GetCharWidth(), 130 * grid->GetCharWidth()), height));
   FormWindow::Of(*parent).Attach<GridBinding>(control, *grid);

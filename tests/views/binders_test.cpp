@@ -8,6 +8,7 @@
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/grid_binder.h"
+#include "views/grid_head_menu.h"
 #include "views/rich_text_binder.h"
 #include "views/rich_text_buffer.h"
 #include "views/tab_binders.h"
@@ -229,6 +230,47 @@ TEST_F(Binders, AGridSelectsAndMovesAsTheControlSays) {
   wxGridSizeEvent sized(grid->GetId(), wxEVT_GRID_COL_SIZE, grid, 0);
   grid->ProcessWindowEvent(sized);
   EXPECT_NEAR(form_.grdRows.Columns.get()[0].width, 66, 1) << "to the pixel";
+}
+
+TEST_F(Binders, AHeadingsMenuChangesTheLayout) {
+  auto rows = std::make_shared<forms::TableRows>();
+  rows->rows.push_back({{"Ann of the very, very long name", "Rye"}});
+  form_.grdRows.Columns = std::vector<forms::GridColumn>{{.key = "a", .caption = "Name", .width = 40},
+                                                         {.key = "b", .caption = "Salt & Pepper"}};
+  form_.grdRows.Rows = rows;
+  wxGrid* grid = views::MakeGrid(&dialog_, form_.grdRows, 5);
+  grid->SetSize(600, 200);
+  const auto choose = [&](const wxString& caption) {
+    wxMenu menu;
+    views::FillColumnMenu(menu, form_.grdRows, *grid, 0);
+    const int item = menu.FindItem(caption);
+    ASSERT_NE(item, wxNOT_FOUND) << caption;
+    ASSERT_TRUE(menu.IsEnabled(item)) << caption;
+    wxCommandEvent chosen(wxEVT_MENU, item);
+    menu.ProcessEvent(chosen);
+    wxTheApp->ProcessPendingEvents();
+  };
+  const int narrow = grid->GetColSize(0);
+  choose("Size to Contents");
+  EXPECT_GT(grid->GetColSize(0), 2 * narrow);
+  choose("Salt && Pepper");
+  EXPECT_FALSE(grid->IsColShown(1));
+  wxMenu menu;
+  views::FillColumnMenu(menu, form_.grdRows, *grid, 0);
+  EXPECT_FALSE(menu.IsEnabled(menu.FindItem("Name"))) << "the last one stays";
+  EXPECT_EQ(menu.FindItem("Sort Ascending"), wxNOT_FOUND) << "nothing sorts";
+
+  wxGridSizeEvent sized(grid->GetId(), wxEVT_GRID_COL_SIZE, grid, 1);
+  grid->SetColSize(1, 90);
+  grid->ProcessWindowEvent(sized);
+  EXPECT_FALSE(grid->IsColShown(1)) << "its edge was dragged for its neighbour's";
+  choose("Salt && Pepper");
+  EXPECT_TRUE(grid->IsColShown(1));
+  const int row = grid->GetDefaultRowSize();
+  form_.grdRows.RowHeight = 90;
+  EXPECT_GT(grid->GetRowSize(0), row);
+  form_.grdRows.RowHeight = 3;
+  EXPECT_EQ(grid->GetRowSize(0), row);
 }
 
 TEST_F(Binders, PagesComeAndGoWithTheirTabs) {

@@ -3,6 +3,7 @@
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
 #include "views/grid_binder.h"
+#include "views/grid_head_menu.h"
 #include "views/lookup/frmTGList_view.h"
 #include "views/panel_binders.h"
 #include "views/text_binders.h"
@@ -24,7 +25,10 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   menu.push_back(&form.MnuFileExit);
   auto* commands = new wxBoxSizer(wxHORIZONTAL);
   commands->AddSpacer(gap / 2);
-  commands->Add(MakeMenuButton(&dialog, "L&ist", std::move(menu)),
+  const auto add_columns = [&dialog, &form](wxMenu& list) {
+    AppendColumnMenu(list, form.DotNetGrid, dynamic_cast<wxGrid&>(dialog.Find(form.DotNetGrid)->Widget()));
+  };
+  commands->Add(MakeMenuButton(&dialog, "L&ist", std::move(menu), add_columns),
                 wxSizerFlags().CenterVertical().Border(wxRIGHT, gap / 2));
   commands->Add(MakeToolBar(&dialog, form.ToolStrip), wxSizerFlags(1).Expand());
   page->Add(commands, wxSizerFlags().Expand().Border(wxALL, gap / 2));
