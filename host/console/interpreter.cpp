@@ -4,6 +4,8 @@
 
 #include "console/control_state.h"
 #include "console/steps.h"
+#include "forms/button.h"
+#include "forms/text.h"
 
 namespace host {
 namespace {
@@ -200,8 +202,27 @@ forms::Form& Interpreter::Top() const {
   return *forms_.back();
 }
 
+namespace {
+
+// A screen's own dialog button is called by its caption as well: "DialogButtons1.New".
+forms::Control* OwnButton(const forms::Form& form, std::string_view name) {
+  const std::size_t point = name.rfind('.');
+  if (point == std::string_view::npos) {
+    return nullptr;
+  }
+  auto* button = dynamic_cast<forms::Button*>(form.Find(std::string(name.substr(0, point)) + ".Extra"));
+  const bool called = button != nullptr &&
+                      forms::EqualsIgnoringCase(forms::WithoutMnemonic(button->Caption.get()), name.substr(point + 1));
+  return called ? button : nullptr;
+}
+
+}  // namespace
+
 forms::Control& Interpreter::Find(std::string_view name) {
   forms::Control* control = Top().Find(name);
+  if (control == nullptr) {
+    control = OwnButton(Top(), name);
+  }
   if (control == nullptr) {
     Fail(Top().Name() + " has no control " + std::string(name));
   }

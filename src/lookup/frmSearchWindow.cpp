@@ -20,7 +20,7 @@ using End = session::SearchOutcome::End;
 constexpr int kFirstPage = 100;
 
 struct Column {
-  const char* caption = nullptr;
+  std::string_view caption;
   int width = 0;
   Words employers;
   Words carriers;
@@ -87,7 +87,8 @@ frmSearchWindow::frmSearchWindow(const session::ScreenContext& context) : Form("
   TDBG.AccessibleName = "Matches";
   std::vector<forms::GridColumn> columns;
   std::ranges::transform(kColumns, std::back_inserter(columns), [](const Column& column) {
-    return forms::GridColumn{.key = column.caption, .caption = column.caption, .width = column.width};
+    return forms::GridColumn{
+        .key = std::string(column.caption), .caption = std::string(column.caption), .width = column.width};
   });
   columns.back().visible = false;
   TDBG.Columns = std::move(columns);
@@ -101,7 +102,7 @@ frmSearchWindow::frmSearchWindow(const session::ScreenContext& context) : Form("
     ShowAsked(false);
   };
   Text1.KeyDown = [this](forms::Key key) {
-    if (key == forms::Key::Enter && !Name().empty()) {
+    if (key == forms::Key::Enter && !Typed().empty()) {
       Enter();
       return true;
     }
@@ -116,7 +117,7 @@ frmSearchWindow::frmSearchWindow(const session::ScreenContext& context) : Form("
     return key == forms::Key::Enter;
   };
   DialogButtons1.OK.Click = [this] { Choose(); };
-  DialogButtons1.Extra.Click = [this] { Leave({.end = End::New, .name = Name()}); };
+  DialogButtons1.Extra.Click = [this] { Leave({.end = End::New, .name = Typed()}); };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
 }
 
@@ -146,6 +147,7 @@ std::string frmSearchWindow::ResultText() const {
 }
 
 void frmSearchWindow::OnLoad() {
+  layout_.Restore(Form::Name());
   if (rows_ == nullptr && !Attempt([this] { Find(); })) {
     Close();
     return;
@@ -159,7 +161,7 @@ void frmSearchWindow::OnLoad() {
 int frmSearchWindow::Find() {
   due_ = false;
   const bool anywhere = forms::IsOn(context_.session.UserOption("SESC_LUL", "FILTER_SRCH_ANY"));
-  const std::string name = Name();
+  const std::string name = Typed();
   const Column& sorted = kColumns.at(static_cast<std::size_t>(sort_column_));
   const auto rows = std::make_shared<editing::RecordsetRows>(
       statements_.Select(Matches(statements_, List, name, anywhere) + " ORDER BY " + sorted.Of(List) +
@@ -170,7 +172,7 @@ int frmSearchWindow::Find() {
   rows_ = rows;
   TDBG.Rows = rows;
   TDBG.Row = name.empty() || rows->Count() == 0 ? -1 : 0;
-  TDBG.SortColumn = sort_column_;
+  TDBG.SortColumn = TDBG.ColumnIndex(sorted.caption);
   TDBG.SortDescending = sort_descending_;
   ShowCount();
   return rows->Count();
@@ -203,21 +205,24 @@ void frmSearchWindow::Enter() {
     ShowAsked(true);
     TDBG.SetFocus();
   } else if (OfferNew()) {
-    Leave({.end = End::New, .name = Name()});
+    Leave({.end = End::New, .name = Typed()});
   } else {
     Text1.SetFocus();
   }
 }
 
 bool frmSearchWindow::OfferNew() {
-  return Confirm(Offer ? Offer(Name()) : Name() + ". Add to the list?");
+  return Confirm(Offer ? Offer(Typed()) : Typed() + ". Add to the list?");
 }
 
 void frmSearchWindow::Sort(int column) {
-  const int before = std::exchange(sort_column_, column);
+  const std::string& caption = TDBG.Columns.get()[static_cast<std::size_t>(column)].caption;
+  const auto* sorted = std::ranges::find(kColumns, caption, &Column::caption);
+  const int before = std::exchange(sort_column_, static_cast<int>(sorted - kColumns.begin()));
   const bool descended = std::exchange(sort_descending_, TDBG.SortDescending);
   if (!Attempt([this] { Find(); })) {
-    TDBG.SortColumn = sort_column_ = before;
+    sort_column_ = before;
+    TDBG.SortColumn = TDBG.ColumnIndex(kColumns.at(static_cast<std::size_t>(before)).caption);
     TDBG.SortDescending = sort_descending_ = descended;
   }
 }
@@ -226,9 +231,9 @@ void frmSearchWindow::Sort(int column) {
 void frmSearchWindow::Choose() {
   if (const int row = TDBG.Row; row >= 0 && !due_) {
     Leave({.end = End::Chosen,
-           .id = session::ToId(std::string(TDBG.Cell(row, kId))),
-           .name = std::string(TDBG.Cell(row, kName))});
-  } else if (Name().empty()) {
+           .id = session::ToId(std::string(rows_->Text(row, kId))),
+           .name = std::string(rows_->Text(row, kName))});
+  } else if (Typed().empty()) {
     Leave({.end = End::Nothing});
   } else {
     Enter();

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "editing/kept_layout.h"
 #include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/dialog_buttons.h"
@@ -41,6 +42,7 @@ class frmSearchWindow : public forms::Form, private editing::Rules {
 
  protected:
   void OnLoad() override;
+  void OnClose() override { layout_.Keep(); }
   // A typed name is searched for when no further key is waiting.
   bool OnIdle() override;
 
@@ -48,7 +50,7 @@ class frmSearchWindow : public forms::Form, private editing::Rules {
   void RegisterProperties();
   // The result by its name: the ID as text, "-9999CANCEL", "-9997NEW", or "-1" for nothing.
   std::string ResultText() const;
-  std::string Name() const { return std::string(forms::Trim(Text1.Text.get())); }
+  std::string Typed() const { return std::string(forms::Trim(Text1.Text.get())); }
   // The name is complete: its matches come to the front, or it is offered as a new one.
   void Enter();
   void ShowAsked(bool searched);
@@ -57,9 +59,10 @@ class frmSearchWindow : public forms::Form, private editing::Rules {
   void Choose();
   void Leave(session::SearchOutcome result);
 
+  editing::KeptLayout layout_{context_.session, TDBG};
   std::shared_ptr<editing::RecordsetRows> rows_;
-  bool due_ = false;  // something was typed that the rows are not of
-  int sort_column_ = 0;
+  bool due_ = false;     // something was typed that the rows are not of
+  int sort_column_ = 0;  // as the statement has them
   bool sort_descending_ = false;
 };
 

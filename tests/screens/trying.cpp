@@ -255,8 +255,13 @@ bool TryEverything(Form& form, std::set<std::string>& closers, const std::functi
     }
     const auto first_act = [&] {
       const Acts acts = ActsOn(*control);
-      if (!acts.empty() && !closers.contains(control->Name() + " " + acts[0].first)) {
-        acts[0].second();
+      const std::string what = acts.empty() ? "" : control->Name() + " " + acts[0].first;
+      if (acts.empty() || closers.contains(what)) {
+        return;
+      }
+      acts[0].second();
+      if (form.Closed()) {  // it did not when it was refused before
+        closers.insert(what);
       }
     };
     first_act();
