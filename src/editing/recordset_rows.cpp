@@ -36,8 +36,13 @@ void RecordsetRows::Fetch(int count) {
 
 bool RecordsetRows::FetchMore() {
   const int before = count_;
+  const auto fetch = [this] { Fetch(kRowsAtOnce); };
   try {
-    Fetch(kRowsAtOnce);
+    if (!Reading) {
+      fetch();
+    } else if (!Reading(fetch)) {
+      recordset_.reset();
+    }
   } catch (const session::DatabaseError& error) {
     recordset_.reset();
     if (Failed) {
@@ -49,7 +54,10 @@ bool RecordsetRows::FetchMore() {
 
 void RecordsetRows::AddRow() {
   if (count_ % kRowsAPage == 0) {
-    pages_.emplace_back();
+    if (!pages_.empty()) {
+      pages_.back().text.shrink_to_fit();
+    }
+    pages_.emplace_back().ends.reserve(kRowsAPage * cells_.size());
   }
   Page& page = pages_.back();
   for (const auto& cell : cells_) {

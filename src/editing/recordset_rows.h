@@ -25,6 +25,10 @@ class RecordsetRows : public forms::GridRows {
   std::function<void()> Arrived;
   std::function<void(const session::DatabaseError&)> Failed;
 
+  // How `FetchMore` reads, where a rule may give that up: it does the fetch, false when it was given up. Then no
+  // further row comes.
+  std::function<bool(const std::function<void()>& fetch)> Reading;
+
   const std::vector<session::Field>& Fields() const { return fields_; }
   // Every row has arrived.
   bool Complete() const { return recordset_ == nullptr; }

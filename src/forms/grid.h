@@ -116,6 +116,8 @@ class Grid : public Control {
   std::function<void(int column)> HeadClick;
   // A person entered a cell of the current row; false refuses and leaves the cell as it was.
   std::function<bool(int column, const std::string& text)> CellEdited;
+  // Set by the view: whether keys wait that will change the filters, so that the rows of those before are not wanted.
+  std::function<bool()> TypingAhead;
   // What a drop-down cell offers, where that is not the same in every row.
   std::function<std::vector<std::string>(int row, int column)> Choices;
   // Lets the person pick for a colour cell of the current row: the new text, nothing when given up.

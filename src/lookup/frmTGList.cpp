@@ -130,7 +130,23 @@ void frmTGList::OnLoad() {
 }
 
 bool frmTGList::OnIdle() {
-  return !Closed() && DotNetGrid.FetchMore();
+  if (Closed() || IsTyping()) {
+    return false;
+  }
+  if (due_) {
+    const Query query = *due_;
+    Requery(query.conditions, query.sort, query.place);
+    return true;
+  }
+  return DotNetGrid.FetchMore();
+}
+
+bool frmTGList::ReadUnlessTyping(const std::function<void()>& read) {
+  if (DotNetGrid.TypingAhead) {
+    return session::RunUnless(context_.session.Connection(), DotNetGrid.TypingAhead, read);
+  }
+  read();
+  return true;
 }
 
 bool frmTGList::OnKey(forms::Key key) {
@@ -152,11 +168,21 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   }
   const data::Sql text = statement_.With(all_conditions, sort);
   std::shared_ptr<editing::RecordsetRows> rows;
+  due_.reset();
   const bool read = Attempt([&] {
     const forms::WaitText wait(context_.user, "  Loading " + TitleText() + " - Please Wait  ");
-    rows = std::make_shared<editing::RecordsetRows>(statements_.Select(text));
-    rows->Fetch(kFirstPage);
+    const bool wanted = ReadUnlessTyping([&] {
+      rows = std::make_shared<editing::RecordsetRows>(statements_.Select(text));
+      rows->Fetch(kFirstPage);
+    });
+    if (!wanted) {
+      due_ = {conditions, sort, place};
+    }
   });
+  if (due_) {
+    sort_ = sort;
+    return true;
+  }
   if (!read) {
     ShowCount();
     EnableCommands();
@@ -167,6 +193,13 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   SQLLabel.Caption = text.Text();
   rows->Arrived = [this] { RowsArrived(); };
   rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  rows->Reading = [this](const auto& fetch) {
+    const bool wanted = ReadUnlessTyping(fetch);
+    if (!wanted) {
+      due_ = {conditions_, sort_, {.id = CurrentID()}};
+    }
+    return wanted;
+  };
   awaited_ = place;
   searched_ = 0;
   DotNetGrid.Row = -1;
@@ -235,7 +268,7 @@ void frmTGList::ShowCount() {
                                 ? Rows(rows_->Count())
                                 : forms::WithThousands(rows_->Count()) + (all_known_ ? " of " : " of more than ") +
                                       forms::WithThousands(all_);
-  RowLabel.Caption = count + (rows_->Complete() ? "" : " so far ...");
+  RowLabel.Caption = count + (rows_->Complete() && !due_ ? "" : " so far ...");
   DotNetGrid.EmptyText = rows_->Count() == 0 && rows_->Complete() ? WhyEmpty() : "";
 }
 

@@ -154,6 +154,15 @@ class frmTGList : public forms::Form, private editing::Rules {
   bool DotNetGrid_KeyDown(forms::Key key);
   void DotNetGrid_HeadClick(int column);
 
+  struct Query {
+    std::vector<data::Sql> conditions;
+    data::Sql sort;
+    Place place;
+  };
+
+  // Reads unless the person types on in the filters; false when he did.
+  bool ReadUnlessTyping(const std::function<void()>& read);
+  bool IsTyping() const { return DotNetGrid.TypingAhead && DotNetGrid.TypingAhead(); }
   bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place);
   void RowsArrived();
   void FindAwaited();
@@ -180,6 +189,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   std::shared_ptr<editing::RecordsetRows> rows_;
   std::vector<data::Sql> conditions_;  // of the rows that are shown
   data::Sql sort_;
+  std::optional<Query> due_;  // typing ended it, and it runs in a pause
   int sort_column_ = -1;  // as the grid stood for the rows that are shown
   bool sort_descending_ = false;
   int facility_ = 0;  // the location whose rows are shown

@@ -61,7 +61,7 @@ void frmTGList::DotNetGrid_FilterChanged() {
     ClearFilter();
     return;
   }
-  if (*conditions != conditions_) {
+  if (*conditions != (due_ ? due_->conditions : conditions_)) {
     Requery(*conditions, sort_, {});
   }
   if (chkAutoClearFilter.Value == forms::CheckState::On) {
@@ -75,7 +75,7 @@ bool frmTGList::IsFiltered() const {
 
 void frmTGList::ClearFilter() {
   DotNetGrid.ClearFilters();
-  if (!conditions_.empty()) {
+  if (!conditions_.empty() || due_) {
     Requery({}, sort_, {.id = CurrentID()});
   }
 }

@@ -79,6 +79,30 @@ std::vector<std::vector<Value>> Recordset::GetRows(std::size_t count) {
   return rows;
 }
 
+bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, const std::function<void()>& work) {
+  // Puts back what was called before, however the work ends.
+  struct Hook {
+    Connection& connection;
+    WhileBusy before = connection.WhileBusy;
+    ~Hook() { connection.WhileBusy = before; }
+  };
+  const Hook hook{connection};
+  bool ended = false;
+  connection.WhileBusy = [&](Busy busy) {
+    ended = ended || unwanted();
+    return ended || (hook.before && hook.before(busy == Busy::Running ? Busy::Reading : busy));
+  };
+  try {
+    work();
+  } catch (const DatabaseError&) {
+    if (!ended) {
+      throw;
+    }
+    return false;
+  }
+  return true;
+}
+
 Transaction::Transaction(Connection& connection) : connection_(connection) {
   connection_.BeginTrans();
 }

@@ -62,8 +62,9 @@ class Recordset {
   std::vector<std::vector<Value>> GetRows(std::size_t count);
 };
 
-// What keeps a statement: its own work, or another program that writes; `Done` when the wait for that is over.
-enum class Busy { Running, Waiting, Done };
+// What keeps a statement: its own work, the same where the next key ends it (`RunUnless`), or another program that
+// writes; `Done` when the wait for that is over.
+enum class Busy { Running, Reading, Waiting, Done };
 // True gives the statement up.
 using WhileBusy = std::function<bool(Busy)>;
 
@@ -86,6 +87,10 @@ class Connection {
   // gives it up, but run no statement. One that is given up throws DatabaseError.
   session::WhileBusy WhileBusy;
 };
+
+// Does the work, and gives up the statement of it that runs when `unwanted` turns true. False when one was given up
+// for that; what else the database refuses is thrown.
+bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, const std::function<void()>& work);
 
 // Rolls back at its end unless committed.
 class Transaction {

@@ -35,6 +35,7 @@ class GridBinding : public Binding {
     BindHeadMenu(grid_, widget_);
     BindMouse();
     KeepSelectionReadable(widget_);
+    grid_.TypingAhead = [this] { return filters_.Typing(); };
     widget_.Bind(wxEVT_CHAR_HOOK, &GridBinding::OnHook, this);
     widget_.Bind(wxEVT_KEY_DOWN, &GridBinding::OnKey, this);
     widget_.Bind(wxEVT_CHAR, &GridBinding::OnCharacter, this);
@@ -44,6 +45,10 @@ class GridBinding : public Binding {
     });
     widget_.GetGridWindow()->Bind(wxEVT_CONTEXT_MENU, &GridBinding::OnMenu, this);
   }
+
+  GridBinding(const GridBinding&) = delete;
+  GridBinding& operator=(const GridBinding&) = delete;
+  ~GridBinding() override { grid_.TypingAhead = nullptr; }
 
   wxWindow& FocusWidget() const override { return *widget_.GetGridWindow(); }
 

@@ -5,14 +5,9 @@
 #include "views/accessible_name.h"
 #include "views/form_window.h"
 #include "views/text_binders.h"
+#include "views/typed_ahead.h"
 
 namespace views {
-namespace {
-
-constexpr int kFilterDelay = 300;  // milliseconds after the last key
-
-}  // namespace
-
 GridFilters::GridFilters(forms::Grid& grid, wxGrid& widget) : grid_(grid), widget_(widget) {
   delay_.SetOwner(&delay_);
   delay_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Apply(); });
@@ -63,7 +58,7 @@ void GridFilters::Place() {
 wxTextCtrl* GridFilters::MakeCell() {
   auto* cell = new wxTextCtrl(widget_.GetGridColLabelWindow(), wxID_ANY);
   SizeField(*cell, 1);
-  cell->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(kFilterDelay); });
+  cell->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { delay_.StartOnce(static_cast<int>(pause_.Length().count())); });
   cell->Bind(wxEVT_CHAR_HOOK, [this, cell](wxKeyEvent& event) { OnKey(*cell, event); });
   cell->Bind(wxEVT_SET_FOCUS, [this, cell](wxFocusEvent& event) {
     event.Skip();
@@ -112,7 +107,12 @@ void GridFilters::Apply() {
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const std::string typed = FromWx(cells_[i]->GetValue());
     if (typed != grid_.Columns.get()[i].filter) {
+      const wxStopWatch watch;
+      ended_ = false;
       grid_.DoFilter(static_cast<int>(i), typed);
+      if (!ended_) {
+        pause_.Took(forms::FilterPause::Milliseconds(watch.Time()));
+      }
     }
   }
 }
@@ -139,6 +139,16 @@ void GridFilters::Begin(int column, wxChar character) {
     cell.SetValue(wxString(character));
     cell.SetInsertionPointEnd();
   }
+}
+
+bool GridFilters::Typing() {
+  const wxWindow* focus = wxWindow::FindFocus();
+  const bool key = focus != nullptr && widget_.IsDescendant(const_cast<wxWindow*>(focus)) && TypingWaits();
+  if (key) {
+    pause_.Ended();
+  }
+  ended_ = ended_ || key;
+  return key || delay_.IsRunning();
 }
 
 bool GridFilters::TakeFocus(bool last) {

@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "forms/filter_pause.h"
 #include "forms/grid.h"
 
 namespace views {
@@ -22,6 +23,8 @@ class GridFilters {
   void Show();
   // Brings the cells in line with the columns.
   void Place();
+  // Whether the person is typing into a cell, or has typed what has not acted yet.
+  bool Typing();
 
   // The keyboard comes to that column's cell; false when it is not shown.
   bool Enter(int column);
@@ -42,6 +45,8 @@ class GridFilters {
   wxGrid& widget_;
   std::vector<wxTextCtrl*> cells_;
   wxTimer delay_;
+  forms::FilterPause pause_;
+  bool ended_ = false;  // what acted last, by the next key
 };
 
 }  // namespace views

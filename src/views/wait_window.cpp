@@ -46,6 +46,10 @@ WaitWindow::WaitWindow(wxWindow* parent)
   give_up_->Hide();
   give_up_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { given_up_ = true; });
   inside->Add(give_up_, wxSizerFlags().Center().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(14)));
+  hint_ = new wxStaticText(edge, wxID_ANY, "Esc ends it");
+  hint_->SetName("hint");
+  hint_->Hide();
+  inside->Add(hint_, wxSizerFlags().Center().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(14)));
   // Who types on has not seen the window yet: no other key does anything.
   Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { given_up_ = given_up_ || event.GetKeyCode() == WXK_ESCAPE; });
   edge->SetSizer(inside);
@@ -90,12 +94,23 @@ void WaitWindow::Pulse() {
 bool WaitWindow::PulseOrGiveUp() {
   if (!offered_) {
     offered_ = true;
-    give_up_->Show();
-    GetSizer()->SetSizeHints(this);
-    CentreOnParent();
+    Add(*give_up_);
   }
   Pulse();
   return given_up_;
+}
+
+void WaitWindow::PulseUntilKey() {
+  if (!hint_->IsShown()) {
+    Add(*hint_);
+  }
+  Pulse();
+}
+
+void WaitWindow::Add(wxWindow& part) {
+  part.Show();
+  GetSizer()->SetSizeHints(this);
+  CentreOnParent();
 }
 
 void WaitWindow::KeepOthersDeaf() {

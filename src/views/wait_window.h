@@ -28,13 +28,18 @@ class WaitWindow : public wxFrame {
   // The same for work that a person can give up, by its button or Esc; all other windows are deaf meanwhile. True
   // once he did.
   bool PulseOrGiveUp();
+  // The same for work that keys end: it says so, and leaves every key to the window that has the keyboard.
+  void PulseUntilKey();
 
  private:
   void KeepOthersDeaf();
+  // Makes room for a part that was hidden.
+  void Add(wxWindow& part);
 
   wxStaticText* text_ = nullptr;
   wxGauge* gauge_ = nullptr;
   wxButton* give_up_ = nullptr;
+  wxStaticText* hint_ = nullptr;
   bool known_ = false;    // how far the work has come
   bool offered_ = false;  // to give it up
   bool given_up_ = false;

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "views/questions.h"
+#include "views/typed_ahead.h"
 #include "views/wait_window.h"
 
 namespace views {
@@ -119,6 +120,12 @@ bool WxUser::Pulse(session::Busy busy) {
       RaiseTop();
     }
     return false;
+  }
+  if (busy == session::Busy::Reading && waiting_ == nullptr) {
+    if (wait_ != nullptr) {
+      wait_->PulseUntilKey();
+    }
+    return wait_ != nullptr && wait_->IsShown() && TakeEscape();
   }
   if (busy == session::Busy::Waiting && waiting_ == nullptr) {
     waiting_ = std::make_unique<WaitWindow>(Top());

@@ -189,6 +189,65 @@ TEST_F(ListWindow, ReportsABrokenFetchOnceAndKeepsTheRowsThatCame) {
   EXPECT_EQ(list_.DotNetGrid.RowCount(), 200);
 }
 
+class TypedOn : public ListWindow {
+ protected:
+  TypedOn() {
+    list_.DotNetGrid.TypingAhead = [this] { return typing_; };
+    Fill(1300);
+    list_.Load();
+  }
+
+  // Another key comes while the statement of the filter runs, which is given up for it.
+  void FilterAndTypeOn(const std::string& text) {
+    host_.session.meanwhile = [this] { typing_ = true; };
+    Filter("Last Name", text);
+    host_.session.meanwhile = nullptr;
+    EXPECT_EQ(list_.DotNetGrid.RowCount(), 100) << "what it showed before";
+    EXPECT_FALSE(list_.DoIdle()) << "nothing runs while the person types";
+    typing_ = false;
+  }
+
+  bool typing_ = false;
+};
+
+TEST_F(TypedOn, EndsTheSearchAndShowsTheNextAlone) {
+  FilterAndTypeOn("S");
+  host_.session.rows.resize(7);
+  Filter("Last Name", "Sm");
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "7 rows");
+  EXPECT_THAT(list_.SQLLabel.Caption.get(), HasSubstr("'Sm%'"));
+  EXPECT_EQ(host_.session.statements.size(), 3U);
+  EXPECT_TRUE(host_.user.told.empty());
+  EXPECT_FALSE(host_.session.WhileBusy) << "what the connection called before";
+}
+
+TEST_F(TypedOn, SearchesInThePauseWhenTheFilterStays) {
+  FilterAndTypeOn("S");
+  host_.session.rows.resize(7);
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "7 rows");
+  EXPECT_TRUE(list_.ToolStrip["RemFilt"].Enabled);
+}
+
+TEST_F(TypedOn, FetchesAnewWhatItEndedInThePause) {
+  host_.session.breaks_at = 200;
+  Filter("Last Name", "S");
+  list_.DotNetGrid.DoRow(50);
+  typing_ = true;
+  list_.DotNetGrid.FetchMore();
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "100 rows so far ...");
+  typing_ = false;
+  host_.session.breaks_at = 0;
+  while (list_.DoIdle()) {
+  }
+  EXPECT_EQ(list_.RowLabel.Caption.get(), "1300 rows");
+  EXPECT_EQ(list_.DotNetGrid.Row.get(), 50) << "the person stays where he was";
+  EXPECT_TRUE(host_.user.told.empty());
+}
+
 TEST_F(ListWindow, OpensTheEditingScreenAndFindsItsRecord) {
   Fill(3);
   host_.screens.saves = 3;

@@ -17,8 +17,9 @@ using Row = std::vector<session::Value>;
 
 class FakeRows : public session::Recordset {
  public:
-  FakeRows(std::vector<std::string> columns, std::vector<Row> rows, std::size_t breaks_at)
-      : rows_(std::move(rows)), breaks_at_(breaks_at) {
+  FakeRows(std::vector<std::string> columns, std::vector<Row> rows, std::size_t breaks_at,
+           const session::WhileBusy& while_busy)
+      : rows_(std::move(rows)), breaks_at_(breaks_at), while_busy_(while_busy) {
     for (std::string& column : columns) {
       fields_.push_back({.name = std::move(column)});
     }
@@ -28,6 +29,9 @@ class FakeRows : public session::Recordset {
   bool Eof() const override { return at_ >= rows_.size(); }
   void MoveNext() override {
     if (++at_ == breaks_at_) {
+      if (while_busy_) {
+        while_busy_(session::Busy::Running);
+      }
       throw session::DatabaseError("the line broke", "", 1);
     }
   }
@@ -37,6 +41,7 @@ class FakeRows : public session::Recordset {
   std::vector<session::Field> fields_;
   std::vector<Row> rows_;
   std::size_t breaks_at_;
+  const session::WhileBusy& while_busy_;
   std::size_t at_ = 0;
 };
 
@@ -48,6 +53,7 @@ class FakeSession : public session::Session, public session::Connection {
   std::vector<Row> rows;
   bool refuses = false;
   std::size_t breaks_at = 0;  // the row whose fetch fails; 0 for none
+  std::function<void()> meanwhile;  // what happens while a statement runs, which may then be given up
 
   std::vector<std::string> statements;
   std::vector<std::string> person_types;
@@ -65,7 +71,13 @@ class FakeSession : public session::Session, public session::Connection {
     if (refuses) {
       throw session::DatabaseError("refused", sql, 1);
     }
-    return std::make_unique<FakeRows>(columns, rows, breaks_at);
+    if (meanwhile) {
+      meanwhile();
+      if (WhileBusy && WhileBusy(session::Busy::Running)) {
+        throw session::DatabaseError("given up", sql, 1);
+      }
+    }
+    return std::make_unique<FakeRows>(columns, rows, breaks_at, WhileBusy);
   }
   void BeginTrans() override {}
   void CommitTrans() override {}
