@@ -3,16 +3,14 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 #include <unistd.h>
-#include <wx/app.h>
-#include <wx/evtloop.h>
 #include <wx/frame.h>
-#include <wx/init.h>
 
 #include <filesystem>
 
 #include "bare.h"
 #include "desk/main_frame.h"
 #include "practice/demo.h"
+#include "toolkit.h"
 #include "unix/child_process.h"
 #include "unix/displays.h"
 
@@ -46,22 +44,6 @@ void ShowUntilPainted(wxFrame& frame) {
     wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
   }
 }
-
-// The toolkit and its event loop.
-class Toolkit {
- public:
-  Toolkit(int& count, char** words) {
-    wxApp::SetInstance(new wxApp);
-    started_ = std::make_unique<wxInitializer>(count, words);
-    wxTheApp->SetExitOnFrameDelete(false);
-    active_ = std::make_unique<wxEventLoopActivator>(&loop_);
-  }
-
- private:
-  std::unique_ptr<wxInitializer> started_;
-  wxEventLoop loop_;
-  std::unique_ptr<wxEventLoopActivator> active_;
-};
 
 // Of the processor, which other work does not slow: the programs that have ended.
 double SecondsOfChildren() {
@@ -118,7 +100,7 @@ int main(int count, char** words) {
   this_program = words[0];
   if (count == 3 && std::string(words[1]) == "--show") {
     int none = 1;
-    const Toolkit toolkit(none, words);
+    const bench::Toolkit toolkit(none, words);
     const bool home = std::string(words[2]) == "home";
     const auto desk = home ? OpenDesk() : nullptr;
     ShowUntilPainted(home ? *new host::MainFrame(*desk, [] {}) : *MakeEmpty());
@@ -128,7 +110,7 @@ int main(int count, char** words) {
   std::filesystem::remove_all(kFolder);
   std::filesystem::create_directories(kFolder);
   host::MakeDemo(kPractice, {.patients = 2000, .seed = 1, .practice = {}});
-  const Toolkit toolkit(count, words);
+  const bench::Toolkit toolkit(count, words);
   benchmark::Initialize(&count, words);
   benchmark::RunSpecifiedBenchmarks();
   std::filesystem::remove_all(kFolder);

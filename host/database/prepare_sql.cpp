@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "database/found_order.h"
 #include "database/sql_tokens.h"
 #include "database/statement_forms.h"
 #include "database/text_operators.h"
@@ -118,6 +119,7 @@ void Translate(Tokens& statement) {
   sql::JoinTexts(statement);
   sql::TranslatePatterns(statement);
   sql::FoldComparisons(statement);
+  sql::SortWhatIsFound(statement);
 }
 
 std::string Quoted(std::string_view text, char quote) {

@@ -3,6 +3,7 @@
 #include "data/literal.h"
 #include "forms/text.h"
 #include "lookup/frmTGList.h"
+#include "lookup/id_filter.h"
 #include "lookup/name_filter.h"
 
 namespace lookup {
@@ -91,8 +92,14 @@ std::optional<std::vector<data::Sql>> frmTGList::FilterConditions() const {
     }
     if (std::string* cell = of_persons ? NameCell(names, column.caption) : nullptr; cell != nullptr) {
       *cell = column.filter;
+      continue;
+    }
+    const data::Sql expression = statement_.Expression(column.caption);
+    const bool begins_id = !anywhere && column.caption == IDFld.Caption.get();
+    if (auto id = begins_id ? IdBeginning(expression, forms::Trim(column.filter)) : std::nullopt) {
+      conditions.push_back(std::move(*id));
     } else {
-      conditions.push_back("((" + statement_.Expression(column.caption) + ") like " +
+      conditions.push_back("((" + expression + ") like " +
                            (anywhere ? data::LikeContaining(column.filter) : data::LikeBeginning(column.filter)) + ")");
     }
   }

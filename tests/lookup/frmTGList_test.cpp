@@ -126,7 +126,7 @@ TEST_F(ListWindow, FiltersFromTheStartOrAnywhereAndRemembers) {
             "SELECT DISTINCTROW P.L+', '+P.F AS Name, P.L AS [Last Name], P.F AS [First Name], P.I AS [ID Num] "
             "FROM P WHERE (P.T='1') AND ((((P.L) like 'Smi%') AND ((P.F) like 'J%'))) ORDER BY Name");
   Filter("ID Num", "12");
-  EXPECT_THAT(LastStatement(), HasSubstr("(P.F) like 'J%')) AND ((P.I) like '12%'))"));
+  EXPECT_THAT(LastStatement(), HasSubstr("(P.F) like 'J%')) AND (P.I = 12 OR P.I BETWEEN 120 AND 129 OR "));
   list_.optFiltMid.DoChoose();
   EXPECT_THAT(LastStatement(), HasSubstr("like '%12%'"));
   EXPECT_EQ(host_.session.UserOption("SESC_LUL", "FILTER_SRCH_ANY"), "1");
@@ -141,6 +141,18 @@ TEST_F(ListWindow, FiltersFromTheStartOrAnywhereAndRemembers) {
   again.Load();
   EXPECT_TRUE(again.optFiltMid.Value);
   EXPECT_EQ(again.chkAutoClearFilter.Value.get(), forms::CheckState::On);
+}
+
+TEST_F(ListWindow, FiltersAnIdByRangesThatAnIndexAnswers) {
+  Fill(3);
+  list_.Load();
+  Filter("ID Num", "21474");
+  EXPECT_THAT(LastStatement(), HasSubstr("((P.I = 21474 OR P.I BETWEEN 214740 AND 214749 OR "));
+  EXPECT_THAT(LastStatement(), HasSubstr(" OR P.I BETWEEN 2147400000 AND 2147483647))"));
+  for (const char* none : {"012", "1a", "-1", "99999999999"}) {
+    Filter("ID Num", none);
+    EXPECT_THAT(LastStatement(), HasSubstr("((P.I) like '" + std::string(none) + "%')"));
+  }
 }
 
 TEST_F(ListWindow, RefusesNamesFilteredInTwoWays) {

@@ -56,6 +56,21 @@ TEST(PrepareSqlite, TranslatesTheDialect) {
   }
 }
 
+// Some letters in a column without an index, sorted by one that has an index.
+TEST(PrepareSqlite, SortsTheFewRowsThatItFinds) {
+  const auto sorted = [](const std::string& condition, const std::string& sort) {
+    const std::string prepared =
+        PrepareSqlite("SELECT P.pLASNAM AS [Last Name], pCIT AS City FROM P WHERE " + condition + " ORDER BY " + sort);
+    return prepared.substr(prepared.find("ORDER BY ") + 9);
+  };
+  EXPECT_EQ(sorted("((P.pCIT) like '%ingf%')", "[Last Name], pFIRNAM"), "+[Last Name], pFIRNAM");
+  EXPECT_EQ(sorted("pCIT like 'Spr%' and pZIP like '6%'", "P.pLASNAM DESC"), "+P.pLASNAM DESC");
+  EXPECT_EQ(sorted("pCIT like 'Sp%'", "[Last Name]"), "[Last Name]") << "too many";
+  EXPECT_EQ(sorted("(P.pLASNAM) like '%mith%'", "[Last Name]"), "[Last Name]") << "the index of the order has it";
+  EXPECT_EQ(sorted("pCIT like '%ingf%' and pSSN like '123%'", "[Last Name]"), "[Last Name]") << "an index finds it";
+  EXPECT_EQ(sorted("pCIT like '%ingf%'", "1"), "1");
+}
+
 TEST(PrepareSqlite, RefusesWhatWouldBeCutOffOrGrow) {
   using std::string_literals::operator""s;
   for (const std::string& statement :

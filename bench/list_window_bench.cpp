@@ -1,0 +1,120 @@
+// How long a list of 400,000 rows takes from the order to open it until its first rows are painted, beside an empty
+// dialog of the toolkit. On a display that nobody sees.
+#include <benchmark/benchmark.h>
+#include <wx/dialog.h>
+#include <wx/eventfilter.h>
+#include <wx/grid.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "bare.h"
+#include "desk/desk.h"
+#include "practice/demo.h"
+#include "toolkit.h"
+#include "unix/displays.h"
+
+namespace {
+
+const std::string kFolder = (std::filesystem::temp_directory_path() / "list_window_bench").string();
+const std::string kPractice = "sqlite:" + kFolder + "/demo.sqlite";
+
+// Calls back behind each painting of a window of some kind.
+class Painted : public wxEventFilter {
+ public:
+  Painted(std::function<bool(wxObject&)> watched, std::function<void()> painted)
+      : watched_(std::move(watched)), painted_(std::move(painted)) {
+    wxEvtHandler::AddFilter(this);
+  }
+  Painted(const Painted&) = delete;
+  Painted& operator=(const Painted&) = delete;
+  ~Painted() override { wxEvtHandler::RemoveFilter(this); }
+
+  int FilterEvent(wxEvent& event) override {
+    if (event.GetEventType() == wxEVT_PAINT && event.GetEventObject() != nullptr && watched_(*event.GetEventObject())) {
+      wxTheApp->CallAfter(painted_);
+    }
+    return Event_Skip;
+  }
+
+ private:
+  std::function<bool(wxObject&)> watched_;
+  std::function<void()> painted_;
+};
+
+wxGrid* GridOf(wxObject& painted) {
+  auto* window = dynamic_cast<wxWindow*>(&painted);
+  auto* grid = window == nullptr ? nullptr : dynamic_cast<wxGrid*>(window->GetParent());
+  return grid != nullptr && grid->GetGridWindow() == window && grid->GetNumberRows() > 0 ? grid : nullptr;
+}
+
+double SecondsSince(bench::Clock::time_point start) {
+  return std::chrono::duration<double>(bench::Clock::now() - start).count();
+}
+
+double OpenEmpty() {
+  const auto start = bench::Clock::now();
+  double seconds = 0;
+  wxDialog dialog(nullptr, wxID_ANY, "Empty", wxDefaultPosition, wxSize(1000, 640));
+  const Painted painted([&](wxObject& window) { return &window == &dialog; },
+                        [&] {
+                          if (seconds == 0) {
+                            seconds = SecondsSince(start);
+                            dialog.EndModal(wxID_CANCEL);
+                          }
+                        });
+  dialog.ShowModal();
+  return seconds;
+}
+
+double OpenList(host::Desk& desk) {
+  const auto start = bench::Clock::now();
+  double seconds = 0;
+  wxGrid* grid = nullptr;
+  const Painted painted([&](wxObject& window) { return (grid = GridOf(window)) != nullptr; },
+                        [&] {
+                          if (seconds == 0) {
+                            seconds = SecondsSince(start);
+                            wxGetTopLevelParent(grid)->Close();
+                          }
+                        });
+  desk.Context().screens.ShowList(session::lulFamilyHead, {});
+  return seconds;
+}
+
+double Median(std::vector<double> times) {
+  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+  std::ranges::nth_element(times, middle);
+  return *middle;
+}
+
+void ShowList(benchmark::State& state) {
+  host::Desk desk(host::Practice(kPractice), kFolder, kFolder, host::ClassesOfThisProgram);
+  host::LoginResult login;
+  login.rights = host::LoginRights("bench", true);
+  desk.Open(login, desk.OfPractice().Office());
+  std::vector<double> list;
+  std::vector<double> empty;
+  for (auto _ : state) {
+    empty.push_back(OpenEmpty());
+    list.push_back(OpenList(desk));
+  }
+  state.counters["milliseconds"] = 1000 * Median(list);
+  state.counters["to_empty"] = Median(list) / Median(empty);
+}
+BENCHMARK(ShowList)->Iterations(20)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int count, char** words) {
+  const host::OwnDisplay display = host::HideFromEverybody();
+  std::filesystem::remove_all(kFolder);
+  std::filesystem::create_directories(kFolder);
+  host::MakeDemo(kPractice, {.patients = 1000000, .seed = 1, .practice = {}});
+  const bench::Toolkit toolkit(count, words);
+  benchmark::Initialize(&count, words);
+  benchmark::RunSpecifiedBenchmarks();
+  std::filesystem::remove_all(kFolder);
+  return 0;
+}
