@@ -1,5 +1,6 @@
 // How long a list of 400,000 rows takes from the order to open it until its first rows are painted, beside an empty
-// dialog of the toolkit. On a display that nobody sees.
+// dialog of the toolkit. On a display that nobody sees. A word on the command line names the file of the practice,
+// which is kept for the next time.
 #include <benchmark/benchmark.h>
 #include <wx/dialog.h>
 #include <wx/eventfilter.h>
@@ -11,14 +12,13 @@
 
 #include "bare.h"
 #include "desk/desk.h"
-#include "practice/demo.h"
+#include "recording.h"
 #include "toolkit.h"
 #include "unix/displays.h"
 
 namespace {
 
-const std::string kFolder = (std::filesystem::temp_directory_path() / "list_window_bench").string();
-const std::string kPractice = "sqlite:" + kFolder + "/demo.sqlite";
+std::unique_ptr<bench::Subject> subject;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): made once
 
 // Calls back behind each painting of a window of some kind.
 class Painted : public wxEventFilter {
@@ -90,7 +90,8 @@ double Median(std::vector<double> times) {
 }
 
 void ShowList(benchmark::State& state) {
-  host::Desk desk(host::Practice(kPractice), kFolder, kFolder, host::ClassesOfThisProgram);
+  const std::string folder = std::filesystem::temp_directory_path().string();
+  host::Desk desk(host::Practice("sqlite:" + subject->Path()), folder, folder, host::ClassesOfThisProgram);
   host::LoginResult login;
   login.rights = host::LoginRights("bench", true);
   desk.Open(login, desk.OfPractice().Office());
@@ -109,12 +110,11 @@ BENCHMARK(ShowList)->Iterations(20)->Unit(benchmark::kMillisecond);
 
 int main(int count, char** words) {
   const host::OwnDisplay display = host::HideFromEverybody();
-  std::filesystem::remove_all(kFolder);
-  std::filesystem::create_directories(kFolder);
-  host::MakeDemo(kPractice, {.patients = 1000000, .seed = 1, .practice = {}});
-  const bench::Toolkit toolkit(count, words);
   benchmark::Initialize(&count, words);
+  subject = std::make_unique<bench::Subject>(1000000, count > 1 ? words[1] : "");
+  int none = 1;
+  const bench::Toolkit toolkit(none, words);
   benchmark::RunSpecifiedBenchmarks();
-  std::filesystem::remove_all(kFolder);
+  subject.reset();
   return 0;
 }

@@ -55,17 +55,22 @@ class QuickUser : public forms::User {
   void Wait(std::string_view, double) override {}
 };
 
-// A demo practice in a file of its own, gone at the end.
+// A demo practice, in a file of its own that is gone at the end, or in one that is kept: there it is made only once.
 class Subject {
  public:
-  explicit Subject(std::int32_t patients)
-      : path_(std::filesystem::temp_directory_path() /
-              ("practice_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_) + ".db")),
-        practice_(host::MakeDemo("sqlite:" + path_.string(), {.patients = patients, .seed = 1, .practice = {}})),
+  explicit Subject(std::int32_t patients, const std::filesystem::path& kept = {})
+      : kept_(!kept.empty()),
+        path_(kept_ ? kept
+                    : std::filesystem::temp_directory_path() /
+                          ("practice_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_) + ".db")),
+        practice_(Open(path_, patients)),
         session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
   ~Subject() {
+    if (kept_) {
+      return;
+    }
     for (const char* suffix : {"", "-wal", "-shm", "-locks", "-locks-wal", "-locks-shm"}) {
       std::error_code ignored;
       std::filesystem::remove(path_.string() + suffix, ignored);
@@ -77,8 +82,15 @@ class Subject {
   void Run(const std::string& sql) { session_.Connection().Execute(sql); }
 
  private:
+  static host::Practice Open(const std::filesystem::path& path, std::int32_t patients) {
+    const std::string url = "sqlite:" + path.string();
+    return std::filesystem::exists(path) ? host::Practice(url)
+                                         : host::MakeDemo(url, {.patients = patients, .seed = 1, .practice = {}});
+  }
+
   inline static int made_ = 0;
 
+  bool kept_;
   std::filesystem::path path_;
   host::Practice practice_;
   PreparedSession session_;

@@ -65,6 +65,8 @@ TEST(PrepareSqlite, SortsTheFewRowsThatItFinds) {
   };
   EXPECT_EQ(sorted("((P.pCIT) like '%ingf%')", "[Last Name], pFIRNAM"), "+[Last Name], pFIRNAM");
   EXPECT_EQ(sorted("pCIT like 'Spr%' and pZIP like '6%'", "P.pLASNAM DESC"), "+P.pLASNAM DESC");
+  EXPECT_EQ(sorted("(P.pID = 12 OR P.pID BETWEEN 120 AND 129)", "[Last Name]"), "+[Last Name]");
+  EXPECT_EQ(sorted("P.pID BETWEEN 50 AND 59 OR P.pID BETWEEN 500 AND 599", "[Last Name]"), "[Last Name]");
   EXPECT_EQ(sorted("pCIT like 'Sp%'", "[Last Name]"), "[Last Name]") << "too many";
   EXPECT_EQ(sorted("(P.pLASNAM) like '%mith%'", "[Last Name]"), "[Last Name]") << "the index of the order has it";
   EXPECT_EQ(sorted("pCIT like '%ingf%' and pSSN like '123%'", "[Last Name]"), "[Last Name]") << "an index finds it";
