@@ -18,8 +18,8 @@ import tempfile
 import time
 
 DISPLAY = ":86"
-ROUNDS = 5
-QUIET = 3.0  # seconds without a change
+ROUNDS = 3
+QUIET = 6.0  # seconds without a change
 
 
 class Display:
@@ -44,6 +44,7 @@ class Display:
         act()
         start = changed = time.monotonic()
         while time.monotonic() - max(changed, start) < QUIET:
+            time.sleep(0.002)
             now = self.look(area)
             if now != shown:
                 shown, changed = now, time.monotonic()
@@ -55,7 +56,7 @@ def tool(*words):
 
 
 def click(x, y):
-    tool("mousemove", str(x), str(y), "click", "1")
+    tool("mousemove", str(x), str(y), "sleep", "0.1", "mousedown", "1", "sleep", "0.05", "mouseup", "1")
 
 
 def type_text(text):
@@ -114,7 +115,7 @@ class Desk(Program):
     def clear_filter(self, anywhere):
         click(*self.cell)
         tool("key", "ctrl+a", "Delete")
-        time.sleep(QUIET)
+        time.sleep(3)
         click(*((435, 698) if anywhere else (192, 698)))
         time.sleep(1)
         click(*self.cell)
@@ -148,7 +149,7 @@ class Browser(Program):
     def clear_filter(self, anywhere):
         click(*self.cell)
         tool("key", "ctrl+a", "Delete")
-        time.sleep(2 * QUIET)
+        time.sleep(QUIET)
 
     def filter(self, text, anywhere):
         type_text(text if anywhere else text + "%")

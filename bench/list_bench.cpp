@@ -122,9 +122,9 @@ struct Filtered {
   bool anywhere;
 };
 constexpr std::array kFilters = {
-    Filtered{"Last Name", "Smi", false},      Filtered{"Name", "Smith, J", false}, Filtered{"First Name", "Jo", false},
-    Filtered{"ID Num", "5000", false},        Filtered{"City", "Spr", false},      Filtered{"Last Name", "mit", true},
-    Filtered{"Last Name", "qqq", true},       Filtered{"Name", "mit, oh", true},   Filtered{"Home Phone", "1234", true},
+    Filtered{"Last Name", "Smi", false},     Filtered{"Name", "Smith, J", false}, Filtered{"First Name", "Jo", false},
+    Filtered{"ID Num", "5000", false},       Filtered{"City", "Spr", false},      Filtered{"Last Name", "mit", true},
+    Filtered{"Last Name", "qqq", true},      Filtered{"Name", "mit, oh", true},   Filtered{"Home Phone", "1234", true},
     Filtered{"Address 1", "Maple Av", true}, Filtered{"ID Num", "5000", true}};
 
 void Filter(benchmark::State& state) {

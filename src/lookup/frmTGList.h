@@ -190,7 +190,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   std::vector<data::Sql> conditions_;  // of the rows that are shown
   data::Sql sort_;
   std::optional<Query> due_;  // typing ended it, and it runs in a pause
-  int sort_column_ = -1;  // as the grid stood for the rows that are shown
+  int sort_column_ = -1;      // as the grid stood for the rows that are shown
   bool sort_descending_ = false;
   int facility_ = 0;  // the location whose rows are shown
   Place awaited_;     // no ID when nothing is awaited any more

@@ -80,18 +80,13 @@ std::vector<std::vector<Value>> Recordset::GetRows(std::size_t count) {
 }
 
 bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, const std::function<void()>& work) {
-  // Puts back what was called before, however the work ends.
-  struct Hook {
-    Connection& connection;
-    WhileBusy before = connection.WhileBusy;
-    ~Hook() { connection.WhileBusy = before; }
-  };
-  const Hook hook{connection};
   bool ended = false;
+  const WhileBusy before = connection.WhileBusy;
   connection.WhileBusy = [&](Busy busy) {
     ended = ended || unwanted();
-    return ended || (hook.before && hook.before(busy == Busy::Running ? Busy::Reading : busy));
+    return ended || (before && before(busy == Busy::Running ? Busy::Reading : busy));
   };
+  const std::shared_ptr<void> put_back(nullptr, [&](void*) { connection.WhileBusy = before; });
   try {
     work();
   } catch (const DatabaseError&) {

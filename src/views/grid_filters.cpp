@@ -142,6 +142,12 @@ void GridFilters::Begin(int column, wxChar character) {
 }
 
 bool GridFilters::Typing() {
+  constexpr std::chrono::milliseconds kBetweenLooks(10);
+  const auto now = std::chrono::steady_clock::now();
+  if (now - looked_ < kBetweenLooks) {
+    return delay_.IsRunning();
+  }
+  looked_ = now;
   const wxWindow* focus = wxWindow::FindFocus();
   const bool key = focus != nullptr && widget_.IsDescendant(const_cast<wxWindow*>(focus)) && TypingWaits();
   if (key) {

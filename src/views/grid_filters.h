@@ -46,7 +46,8 @@ class GridFilters {
   std::vector<wxTextCtrl*> cells_;
   wxTimer delay_;
   forms::FilterPause pause_;
-  bool ended_ = false;  // what acted last, by the next key
+  bool ended_ = false;                            // what acted last, by the next key
+  std::chrono::steady_clock::time_point looked_;  // for a key
 };
 
 }  // namespace views

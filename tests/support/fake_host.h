@@ -52,7 +52,7 @@ class FakeSession : public session::Session, public session::Connection {
   std::vector<std::string> columns = {"ID Num", "Name"};
   std::vector<Row> rows;
   bool refuses = false;
-  std::size_t breaks_at = 0;  // the row whose fetch fails; 0 for none
+  std::size_t breaks_at = 0;        // the row whose fetch fails; 0 for none
   std::function<void()> meanwhile;  // what happens while a statement runs, which may then be given up
 
   std::vector<std::string> statements;
