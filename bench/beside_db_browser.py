@@ -181,7 +181,10 @@ def main():
         finally:
             display.server.terminate()
     for name, seconds in ours.items():
-        print(f"{name}: {1000 * seconds:.0f} beside {1000 * theirs[name]:.0f}, {seconds / theirs[name]:.2f}")
+        if seconds == 0 or theirs[name] == 0:
+            print(f"{name}: nothing was painted")
+        else:
+            print(f"{name}: {1000 * seconds:.0f} beside {1000 * theirs[name]:.0f}, {seconds / theirs[name]:.2f}")
 
 
 main()

@@ -228,7 +228,7 @@ TEST_F(TypedOn, EndsTheSearchAndShowsTheNextAlone) {
   Filter("Last Name", "Sm");
   while (list_.DoIdle()) {
   }
-  EXPECT_EQ(list_.RowLabel.Caption.get(), "7 rows");
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 7);
   EXPECT_THAT(list_.SQLLabel.Caption.get(), HasSubstr("'Sm%'"));
   EXPECT_EQ(host_.session.statements.size(), 3U);
   EXPECT_TRUE(host_.user.told.empty());
@@ -240,7 +240,7 @@ TEST_F(TypedOn, SearchesInThePauseWhenTheFilterStays) {
   host_.session.rows.resize(7);
   while (list_.DoIdle()) {
   }
-  EXPECT_EQ(list_.RowLabel.Caption.get(), "7 rows");
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 7);
   EXPECT_TRUE(list_.ToolStrip["RemFilt"].Enabled);
 }
 
@@ -250,12 +250,12 @@ TEST_F(TypedOn, FetchesAnewWhatItEndedInThePause) {
   list_.DotNetGrid.DoRow(50);
   typing_ = true;
   list_.DotNetGrid.FetchMore();
-  EXPECT_EQ(list_.RowLabel.Caption.get(), "100 rows so far ...");
+  EXPECT_THAT(list_.RowLabel.Caption.get(), HasSubstr(" so far ..."));
   typing_ = false;
   host_.session.breaks_at = 0;
   while (list_.DoIdle()) {
   }
-  EXPECT_EQ(list_.RowLabel.Caption.get(), "1300 rows");
+  EXPECT_EQ(list_.DotNetGrid.RowCount(), 1300);
   EXPECT_EQ(list_.DotNetGrid.Row.get(), 50) << "the person stays where he was";
   EXPECT_TRUE(host_.user.told.empty());
 }
