@@ -108,10 +108,8 @@ void Open(benchmark::State& state) {
   const double many = FirstPage(state, PracticeOf(kPersons), type);
   bench::Subject& small = PracticeOf(kFew);
   OpenList list(small, type);
-  std::vector<double> few;
-  for (int i = 0; i < 30; ++i) {
-    few.push_back(list.Show([](forms::Form&, forms::Grid&) {}));
-  }
+  std::vector<double> few(30);
+  std::ranges::generate(few, [&] { return list.Show([](forms::Form&, forms::Grid&) {}); });
   state.counters["to_2000"] = many / Median(few);
 }
 BENCHMARK(Open)->DenseRange(session::lulProvider, session::lulCapPlans)->Iterations(30)->Unit(benchmark::kMillisecond);
