@@ -8,6 +8,7 @@
 #include "forms/button.h"
 #include "forms/check_box.h"
 #include "forms/grid.h"
+#include "forms/grid_text.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
@@ -206,10 +207,24 @@ void ActByKey(Interpreter& interpreter, forms::Control& control, Key key) {
   }
 }
 
+void CopyRows(Interpreter& interpreter, forms::Control& control) {
+  const auto* grid = dynamic_cast<forms::Grid*>(&control);
+  if (grid == nullptr) {
+    FailKind(control, "grid");
+  }
+  if (Focus(interpreter, control)) {
+    interpreter.Person().Copy(forms::CopiedRows(*grid));
+  }
+}
+
 void Press(Interpreter& interpreter, StepWords& words) {
   forms::Control& control = TakeKeyTarget(interpreter, words);
   const std::string name = words.Take("a key");
   words.End();
+  if (forms::EqualsIgnoringCase(name, "Ctrl+C")) {
+    CopyRows(interpreter, control);
+    return;
+  }
   const auto key = ParseKey(name);
   if (!key) {
     PressCharacter(interpreter, control, name);
@@ -256,7 +271,8 @@ constexpr std::array kSteps = {
     Step{"enter", StepKind::Act, "CONTROL", "moves the focus in", Enter},
     Step{"leave", StepKind::Act, "CONTROL", "moves the focus out", Leave},
     Step{"press", StepKind::Act, "CONTROL KEY",
-         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown Ctrl+Enter Ctrl+S Ctrl+F Ctrl+Shift+F, or a character",
+         "Enter Esc Tab F9 Delete Insert Up Down PageUp PageDown Ctrl+Enter Ctrl+S Ctrl+F Ctrl+Shift+F "
+         "Ctrl+C, or a character",
          Press},
     Step{"click", StepKind::Act, "CONTROL", "a button, label or picture; BAR.KEY", Click},
     Step{"menu", StepKind::Act, "NAME", "a menu command", ClickMenu},

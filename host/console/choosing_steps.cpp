@@ -10,6 +10,7 @@
 #include "forms/check_box.h"
 #include "forms/check_list_box.h"
 #include "forms/grid.h"
+#include "forms/grid_text.h"
 #include "forms/list_box.h"
 #include "forms/panels.h"
 #include "forms/text.h"
@@ -241,6 +242,15 @@ void Sort(Interpreter& interpreter, StepWords& words) {
   }
 }
 
+void CopyCell(Interpreter& interpreter, StepWords& words) {
+  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+  const int column = TakeColumn(grid, words);
+  words.End();
+  if (Focus(interpreter, grid) && grid.DoGoTo(grid.Row, column)) {
+    interpreter.Person().Copy(forms::CopiedCell(grid));
+  }
+}
+
 int TakePosition(StepWords& words) {
   const std::string text = words.Take("a position");
   const auto position = ParsePosition(text);
@@ -376,6 +386,7 @@ constexpr std::array kSteps = {
          EditCell},
     Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row, or an entry of a list", Tick},
     Step{"filter", StepKind::Act, "GRID COLUMN TEXT", "types into the filter cell", Filter},
+    Step{"copy-cell", StepKind::Act, "GRID COLUMN", "copies a cell of the current row, by its menu", CopyCell},
     Step{"sort", StepKind::Act, "GRID COLUMN", "clicks the header", Sort},
     Step{"move-column", StepKind::Act, "GRID COLUMN #M", "drags a column to that place", MoveColumn},
     Step{"size-column", StepKind::Act, "GRID COLUMN WIDTH", "drags a column's edge; pixels at 100 %", SizeColumn},

@@ -5,8 +5,32 @@
 #include "console/interpreter.h"
 #include "console/question.h"
 #include "forms/dates.h"
+#include "forms/report_pages.h"
+#include "forms/text.h"
 
 namespace host {
+namespace {
+
+// Every character is half as wide as a line is high.
+class EvenMeasure : public forms::TextMeasure {
+ public:
+  double Width(std::string_view text, const forms::Lettering& lettering) const override {
+    return static_cast<double>(forms::CharacterCount(text)) * lettering.tenths / 20;
+  }
+};
+
+// What stands on one height is a line, parted by "|".
+std::string TextOf(const forms::ReportPage& page) {
+  std::string text;
+  double y = -1;
+  for (const forms::PrintedText& printed : page.texts) {
+    text += (text.empty() ? "" : printed.y == y ? "|" : "\n") + printed.text;
+    y = printed.y;
+  }
+  return text;
+}
+
+}  // namespace
 
 forms::Answer ConsoleUser::Ask(const forms::Message& message) {
   Question question{.name = "message box", .title = message.title, .text = message.text, .message = &message};
@@ -85,6 +109,24 @@ void ConsoleUser::Wait(std::string_view text, double /*done*/) {
     waiting_ = text;
     interpreter_.Say(text);
   }
+}
+
+bool ConsoleUser::WaitOrGiveUp(std::string_view text, double done) {
+  Wait(text, done);
+  return false;
+}
+
+void ConsoleUser::Copy(std::string_view text) {
+  interpreter_.Heard().copied = text;
+}
+
+bool ConsoleUser::Print(const forms::Report& report) {
+  const EvenMeasure measure;
+  const forms::ReportPages pages(report, measure);
+  for (int number = 0; number < pages.Count(); ++number) {
+    interpreter_.Heard().printed.push_back(TextOf(pages.Page(number)));
+  }
+  return true;
 }
 
 }  // namespace host

@@ -25,6 +25,9 @@ class ConsoleUser : public forms::User {
   std::optional<std::string> PickFolder(std::string_view title) override;
   std::optional<forms::Color> PickColor(forms::Color start) override;
   void Wait(std::string_view text, double done) override;
+  bool WaitOrGiveUp(std::string_view text, double done) override;
+  void Copy(std::string_view text) override;
+  bool Print(const forms::Report& report) override;
 
  private:
   Interpreter& interpreter_;

@@ -248,6 +248,18 @@ void Forget(Interpreter& interpreter, StepWords& words) {
   interpreter.Heard().Forget();
 }
 
+void CheckCopied(Interpreter& interpreter, StepWords& words) {
+  const Expectation wanted = words.TakeExpectation();
+  words.End();
+  wanted.Check(interpreter.Heard().copied);
+}
+
+void CheckPrinted(Interpreter& interpreter, StepWords& words) {
+  const Expectation wanted = words.TakeExpectation();
+  words.End();
+  FindAny(interpreter.Heard().printed, wanted, "a printed page");
+}
+
 constexpr std::array kSteps = {
     Step{"query", StepKind::Check, R"(SQL = "a|b" ["c|d"]... or SQL = none)", "the rows of a statement", CheckQuery},
     Step{"said", StepKind::Check, "TEXT or ~ PATTERN", "a wait or status text was shown", CheckSaid},
@@ -263,6 +275,8 @@ constexpr std::array kSteps = {
     Step{"text-file", StepKind::Check, "PATH = TEXT", "a file under the data folder", CheckTextFile},
     Step{"event", StepKind::Check, "NAME [VALUE]...", "an event was raised", CheckEvent},
     Step{"sent", StepKind::Check, "KIND ~ PATTERN", "the reminder service took such a message", CheckSent},
+    Step{"copied", StepKind::Check, "= TEXT", "what stands on the clipboard", CheckCopied},
+    Step{"printed", StepKind::Check, "~ PATTERN", "a page was printed, its cells parted by |", CheckPrinted},
     Step{"forget", StepKind::Check, "", "empties the recordings", Forget},
 };
 

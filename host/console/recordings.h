@@ -26,7 +26,9 @@ struct Recordings {
   std::vector<session::LogEntry> logged;
   std::vector<HandOff> handed;
   std::vector<Event> events;
-  std::vector<Sent> sent;  // messages that the reminder service took
+  std::string copied;                // what stands on the clipboard
+  std::vector<std::string> printed;  // pages, as text
+  std::vector<Sent> sent;            // messages that the reminder service took
 
   void Forget() { *this = {}; }
 };

@@ -48,7 +48,7 @@ HomeOfDesk::HomeOfDesk(Desk& desk) : home(desk.Context(), PracticeName(desk.Sess
 MainFrame::MainFrame(Desk& desk, const std::function<void()>& switch_user)
     : HomeOfDesk(desk),
       wxFrame(nullptr, wxID_ANY, ToWx(home.Caption.get())),
-      FormWindow(*this, home, desk.User().Pictures(), &desk.Session()),
+      FormWindow(*this, home, desk.User(), desk.User().Pictures(), &desk.Session()),
       desk_(desk) {
   SetName("practice_desk");
 #ifdef __WXMSW__

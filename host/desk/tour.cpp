@@ -23,6 +23,7 @@
 #include "desk/main_frame.h"
 #include "entry/form_catalog.h"
 #include "forms/text_box.h"
+#include "forms/tool_bar.h"
 #include "gallery/frmGallery.h"
 #include "home/recent_patients.h"
 #include "lookup/list_catalogue.h"
@@ -74,6 +75,18 @@ std::int32_t FirstPatient(Desk& desk) {
 // The window's name: what comes behind a "-" tells its states apart.
 std::string Window(const Stop& stop) {
   return stop.name.substr(0, stop.name.find('-'));
+}
+
+// A list that goes to the printer as soon as it is open.
+void PrintPersons(Desk& desk, const std::string& more_columns) {
+  const auto list = entry::MakeForm("frmTGList", desk.Context());
+  list->Properties.at("SQL").set(
+      "SELECT pID AS [ID], pLASNAM AS [Last Name], pFIRNAM AS [First Name], pBIRDAT AS [Birth Date]" + more_columns +
+      " FROM PATable");
+  list->Properties.at("SortBy").set("[Last Name]");
+  list->Properties.at("ListTitle").set("Patients");
+  list->Load();
+  dynamic_cast<forms::ToolBar&>(*list->Find("ToolStrip"))["Print"].DoClick();
 }
 
 std::vector<Stop> Stops(Desk& desk) {
@@ -159,6 +172,10 @@ std::vector<Stop> Stops(Desk& desk) {
              "UPDATE PATable SET pADD1='14 Elm Street', pZIP='02134' WHERE pID=" + std::to_string(1), 1));
          ShowChangeList(context);
        }},
+      {"frmExport", open_form("frmExport", {{"ListTitle", "Employee List"}})},
+      {"print_preview", [&desk] { PrintPersons(desk, {}); }},
+      {"print_preview-across",
+       [&desk] { PrintPersons(desk, ", pADD1 AS [Home Address], pCIT AS [City], pSTA AS [State], pZIP AS [Zip]"); }},
       {"frmGallery", gallery},
       {"frmGallery-lists", gallery, page(1)},
       {"frmGallery-grid", gallery, page(2)},

@@ -3,6 +3,7 @@
 #include "data/literal.h"
 #include "data/statements.h"
 #include "editing/rules.h"
+#include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/look_up.h"
@@ -18,7 +19,9 @@ session::Outcome ComponentScreens::Edit(const session::Opening& opening) {
 }
 
 session::ListOutcome ComponentScreens::ShowList(session::LookUpListTypes type, const session::ListOptions& options) {
-  return lookup::ShowLookUpList(context_, type, options);
+  session::ListOptions printed = options;
+  printed.printer = EditingScreen::GetPrinter().name;
+  return lookup::ShowLookUpList(context_, type, printed);
 }
 
 session::ListOutcome ComponentScreens::ShowPayers(const session::ListOptions& options) {

@@ -8,6 +8,7 @@
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/frmEmployer.h"
+#include "lookup/frmExport.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
 #include "people/frmContacts.h"
@@ -76,6 +77,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
+      Opens<lookup::frmExport>("frmExport"),
       NotBuilt("EmployeeFrm", {RecordKind::Employee}, "employees"),
       NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
       NotBuilt("docScreen",

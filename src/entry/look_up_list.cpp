@@ -53,6 +53,7 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
     frmOwner = std::move(fOwner);
   }
   session::ListOptions options = Options;
+  options.printer = GetPrinter().name;
   options.multi_select = options.multi_select || (InsLLCanMultiSel && IsInsuranceList(ListType));
   const ComponentScreens screens(*session, user_);
   const session::ListOutcome outcome =

@@ -131,6 +131,8 @@ class Grid : public Control {
   // A person dragged a row to the place that another had. `TableRows` have moved, other rows are the rule's to move.
   std::function<void(int from, int to)> RowMoved;
 
+  // The place in the rows of a column of `Columns`.
+  int CellOf(int column) const { return Column(column).cell < 0 ? column : Column(column).cell; }
   int RowCount() const { return Rows.get()->Count(); }
   std::string_view Cell(int row, int column) const { return Rows.get()->Text(row, CellOf(column)); }
   std::optional<Color> Fore(int row, int column) const { return Rows.get()->Fore(row, CellOf(column)); }
@@ -192,7 +194,6 @@ class Grid : public Control {
 
  private:
   const GridColumn& Column(int column) const { return Columns.get()[static_cast<std::size_t>(column)]; }
-  int CellOf(int column) const { return Column(column).cell < 0 ? column : Column(column).cell; }
   bool HasColumn(int column) const { return column >= 0 && column < static_cast<int>(Columns->size()); }
   bool Holds(int row) const { return row >= 0 && row < RowCount(); }
   bool Offers(int column) const;

@@ -162,6 +162,19 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+std::string OnOneLine(std::string_view text) {
+  std::string line;
+  line.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    const bool tears = text[i] == '\t' || text[i] == '\r' || text[i] == '\n';
+    if (!pair) {
+      line.push_back(tears ? ' ' : text[i]);
+    }
+  }
+  return line;
+}
+
 std::string ToUpper(std::string_view utf8) {
   return Mapped(utf8, Upper);
 }

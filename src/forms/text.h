@@ -27,6 +27,9 @@ std::string Fitting(std::string_view utf8, int room);
 // Without the blanks, tabs and line breaks at both ends.
 std::string_view Trim(std::string_view text);
 
+// Tabs and line breaks as blanks, a CR LF as one.
+std::string OnOneLine(std::string_view text);
+
 // Case of Latin, Greek and Cyrillic letters, one character for one, wherever the program runs; others stay.
 std::string ToUpper(std::string_view utf8);
 std::string ToLower(std::string_view utf8);

@@ -11,6 +11,7 @@
 namespace forms {
 
 class Form;
+struct Report;
 
 // The title of a message box that has none of its own.
 inline constexpr std::string_view kSuiteTitle = "TAVO Windows";
@@ -45,9 +46,11 @@ struct InputBox {
   bool masked = false;    // shows '*' for every character
 };
 
+// A file to write may be one that is there: whether it is written over is the rule's to ask.
 struct FileChoice {
   std::string title;
   std::string folder = {};
+  std::string name = {};  // the one that is proposed
   std::string pattern = "*";
   bool for_writing = false;
 };
@@ -72,6 +75,13 @@ class User {
   // Shows a wait or status text until the next; an empty one takes it away. `done` is a share of 0 to 1, or
   // negative when how long it takes is not known.
   virtual void Wait(std::string_view text, double done = -1) = 0;
+  // As `Wait`, for work that a person may give up: true once he did.
+  virtual bool WaitOrGiveUp(std::string_view text, double done = -1) = 0;
+
+  // Puts a text on the clipboard; its lines end with LF.
+  virtual void Copy(std::string_view text) = 0;
+  // Shows what the pages look like, and prints them when the person says so. False when nothing was printed.
+  virtual bool Print(const Report& report) = 0;
 
   // A message with OK alone.
   void Tell(std::string text, std::string title = std::string(kSuiteTitle), Icon icon = Icon::None);

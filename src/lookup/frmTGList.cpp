@@ -58,6 +58,7 @@ frmTGList::frmTGList(const session::ScreenContext& context) : Form("frmTGList"),
   MnuFileSort.Caption = "S&ort";
   MnuFilterCell.Caption = "Filter by &This Cell";
   lblFacility.Caption = "Lo&cation:";
+  MnuFileExport.Caption = "Export to &File ...";
   MnuFileResDef.Caption = "Restore Default &Layout";
   MnuFileExit.Caption = "E&xit";
   optFiltLeft.Caption = "Filter from the &start of the text";
@@ -82,6 +83,7 @@ void frmTGList::WireHandlers() {
     const int column = DotNetGrid.SortColumn;
     DotNetGrid.DoSort(column >= 0 ? column : DotNetGrid.ColumnIndex(NamFld.Caption.get()));
   };
+  MnuFileExport.Click = [this] { ExportList(); };
   MnuFileResDef.Click = [this] { DotNetGrid.DoRestoreLayout(); };
   DotNetGrid.LayoutChanged = [this] { sort_column_ = DotNetGrid.SortColumn; };
   MnuFileExit.Click = [this] { DoClose(); };
@@ -161,12 +163,15 @@ bool frmTGList::OnKey(forms::Key key) {
   return key == forms::Key::CtrlF && DotNetGrid.DoEnterFilters();
 }
 
-bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place) {
-  std::vector<data::Sql> all_conditions = conditions;
+data::Sql frmTGList::Statement(std::vector<data::Sql> conditions, const data::Sql& sort) const {
   if (data::Sql here = FacilityCondition(); !here.Empty()) {
-    all_conditions.insert(all_conditions.begin(), std::move(here));
+    conditions.insert(conditions.begin(), std::move(here));
   }
-  const data::Sql text = statement_.With(all_conditions, sort);
+  return statement_.With(conditions, sort);
+}
+
+bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place) {
+  const data::Sql text = Statement(conditions, sort);
   std::shared_ptr<editing::RecordsetRows> rows;
   due_.reset();
   const bool read = Attempt([&] {
@@ -187,6 +192,9 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
     ShowCount();
     EnableCommands();
     return false;
+  }
+  if (conditions_ != conditions) {
+    shown_filter_ = FilterInWords();
   }
   conditions_ = conditions;
   sort_ = sort;
@@ -294,6 +302,9 @@ void frmTGList::EnableCommands() {
   ToolStrip["Delete"].Enabled = on_row;
   ToolStrip["RemFilt"].Enabled = IsFiltered();
   MnuFilterCell.Enabled = on_row && DotNetGrid.Col >= 0 && !DotNetGrid.Cell(DotNetGrid.Row, DotNetGrid.Col).empty();
+  for (forms::Button* output : std::initializer_list<forms::Button*>{&MnuFileExport, &ToolStrip["Print"]}) {
+    output->Enabled = rows_ != nullptr;
+  }
   EnableNavigation();
   EnablePayerCommands();
 }

@@ -69,7 +69,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   // A cell of the chosen row.
   std::string Chosen(std::string_view caption) const { return CellOf(DotNetGrid.Row, caption); }
 
-  forms::MenuItem MnuFileSel, MnuFileSort, MnuFileResDef, MnuFileExit;
+  forms::MenuItem MnuFileSel, MnuFileSort, MnuFileExport, MnuFileResDef, MnuFileExit;
   forms::MenuItem MnuFilterCell;  // filters by the current cell
   forms::ToolBar ToolStrip;
   forms::Panel pnlFacility;  // the location whose records are shown
@@ -132,6 +132,15 @@ class frmTGList : public forms::Form, private editing::Rules {
   // Whether records may be changed from here.
   bool MayEdit() const { return AllowEdit && Options.show_mode != session::kLookOnly; }
 
+  void ExportList();
+  void PrintList();
+  bool FetchAll();
+  std::vector<forms::GridColumn> ColumnsWithCells() const;
+  // Under the printed title: the filter, how many rows, their order.
+  std::vector<std::string> Notes() const;
+  // "Name begins with "smi" and City begins with "a"", as the filter cells stand.
+  std::string FilterInWords() const;
+
   void ShowNavigation();
   void EnableNavigation();
   void GoTo(const std::string& command);
@@ -163,6 +172,8 @@ class frmTGList : public forms::Form, private editing::Rules {
   // Reads unless the person types on in the filters; false when he did.
   bool ReadUnlessTyping(const std::function<void()>& read);
   bool IsTyping() const { return DotNetGrid.TypingAhead && DotNetGrid.TypingAhead(); }
+  // At the location that is chosen, besides.
+  data::Sql Statement(std::vector<data::Sql> conditions, const data::Sql& sort) const;
   bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place);
   void RowsArrived();
   void FindAwaited();
@@ -188,6 +199,7 @@ class frmTGList : public forms::Form, private editing::Rules {
   ListStatement statement_;
   std::shared_ptr<editing::RecordsetRows> rows_;
   std::vector<data::Sql> conditions_;  // of the rows that are shown
+  std::string shown_filter_;           // in words
   data::Sql sort_;
   std::optional<Query> due_;  // typing ended it, and it runs in a pause
   int sort_column_ = -1;      // as the grid stood for the rows that are shown

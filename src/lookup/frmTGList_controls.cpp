@@ -47,6 +47,7 @@ std::string frmTGList::ResultText() const {
 void frmTGList::RegisterControls() {
   Add("MnuFileSel", MnuFileSel);
   Add("MnuFileSort", MnuFileSort);
+  Add("MnuFileExport", MnuFileExport);
   Add("MnuFileResDef", MnuFileResDef);
   Add("MnuFileExit", MnuFileExit);
   Add("MnuFilterCell", MnuFilterCell);

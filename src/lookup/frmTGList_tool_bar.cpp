@@ -58,6 +58,7 @@ void frmTGList::ShowToolButtons() {
   ToolStrip["Delete"].Visible =
       MayEdit() && Options.allow_delete && !Options.select_mode && Commands.deletes != nullptr;
   ToolStrip["RemFilt"].Visible = true;
+  ToolStrip["Print"].Visible = true;
   ToolStrip["LinkG"].Visible = LinksPayers();
   ToolStrip["UnLinkG"].Visible = LinksPayers();
   ShowNavigation();
@@ -150,6 +151,8 @@ void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
     DotNetGrid_AddRecord();
   } else if (key == "RemFilt") {
     ClearFilter();
+  } else if (key == "Print") {
+    PrintList();
   } else if (DotNetGrid.Row >= 0 && !AreOurs({DotNetGrid.Row})) {
     return;
   } else if (key == "Edit") {

@@ -26,6 +26,7 @@ struct ListOptions {
   bool select_mode = false;                // the list is there to choose from: it neither deletes nor leads elsewhere
   bool include_insurance = false;          // the carrier with each person
   std::string initial_field = {};          // the column that typing starts in; empty for the one that is sorted by
+  std::string printer = {};                // of the list, by the host's name for it; empty for the machine's own
 };
 
 // Visits each option of one ListOptions, by the name that a host sets it by: visit(const char* name, auto& value).

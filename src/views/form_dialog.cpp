@@ -2,9 +2,10 @@
 
 namespace views {
 
-FormDialog::FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places)
+FormDialog::FormDialog(wxWindow* parent, forms::Form& form, forms::User& user, const views::Pictures& pictures,
+                       session::Settings* places)
     : Dialog(parent, ToWx(form.Caption.get()), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      FormWindow(*this, form, pictures, places) {
+      FormWindow(*this, form, user, pictures, places) {
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
     event.Veto(event.CanVeto());
     Form().DoClose();

@@ -8,7 +8,8 @@ namespace views {
 // A form as a dialog of its own.
 class FormDialog : public Dialog, public FormWindow {
  public:
-  FormDialog(wxWindow* parent, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
+  FormDialog(wxWindow* parent, forms::Form& form, forms::User& user, const views::Pictures& pictures,
+             session::Settings* places);
 
   using Dialog::CallAfter;
 

@@ -88,9 +88,9 @@ bool IsTab(const wxKeyEvent& event) {
 
 }  // namespace
 
-FormWindow::FormWindow(wxTopLevelWindow& window, forms::Form& form, const views::Pictures& pictures,
+FormWindow::FormWindow(wxTopLevelWindow& window, forms::Form& form, forms::User& user, const views::Pictures& pictures,
                        session::Settings* places)
-    : window_(window), form_(form), pictures_(pictures), places_(places), active_(form.ActiveControl()) {
+    : window_(window), form_(form), user_(user), pictures_(pictures), places_(places), active_(form.ActiveControl()) {
   window_.SetName(ToWx(form.Name()));
   form_.Watch(this);
   window_.Bind(wxEVT_CHAR_HOOK, &FormWindow::OnKey, this);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/form.h"
+#include "forms/user.h"
 #include "session/session.h"
 #include "views/binding.h"
 #include "views/pictures.h"
@@ -22,7 +23,8 @@ class FormWindow : private forms::FormObserver {
  public:
   // `window` is the object that this is a part of. `places` keeps where windows stood, by user; nullptr when nobody is
   // logged in.
-  FormWindow(wxTopLevelWindow& window, forms::Form& form, const views::Pictures& pictures, session::Settings* places);
+  FormWindow(wxTopLevelWindow& window, forms::Form& form, forms::User& user, const views::Pictures& pictures,
+             session::Settings* places);
   FormWindow(const FormWindow&) = delete;
   FormWindow& operator=(const FormWindow&) = delete;
   ~FormWindow() override;
@@ -36,6 +38,7 @@ class FormWindow : private forms::FormObserver {
     window_.CallAfter(work);
   }
   forms::Form& Form() const { return form_; }
+  forms::User& User() const { return user_; }
   const views::Pictures& Pictures() const { return pictures_; }
 
   // Makes a binding of type T, shows its control as it is, and keeps it.
@@ -95,6 +98,7 @@ class FormWindow : private forms::FormObserver {
 
   wxTopLevelWindow& window_;
   forms::Form& form_;
+  forms::User& user_;
   const views::Pictures& pictures_;
   session::Settings* places_;
   std::vector<std::function<void()>> over_page_;

@@ -5,6 +5,7 @@
 #include "views/button_binders.h"
 #include "views/form_window.h"
 #include "views/grid_cells.h"
+#include "views/grid_copying.h"
 #include "views/grid_filters.h"
 #include "views/grid_head_menu.h"
 #include "views/grid_heads.h"
@@ -284,7 +285,7 @@ class GridBinding : public Binding {
         return;
       }
     }
-    OpenMenu(cells, grid_.CellMenu, at, [this](wxMenu& menu) { AppendColumnMenu(menu, grid_, widget_); });
+    OpenMenu(cells, copying_.CellMenu(), at, [this](wxMenu& menu) { AppendColumnMenu(menu, grid_, widget_); });
   }
 
   int RowStep(int key) const {
@@ -370,6 +371,7 @@ class GridBinding : public Binding {
   GridFilters filters_;
   GridHeads heads_;
   GridNotice notice_;
+  GridCopying copying_{widget_, grid_};
   int filter_cell_ = -1;  // that was shown to have the keyboard
   int dragged_ = -1;      // the row that the mouse drags, and where it would fall
   int drop_ = -1;

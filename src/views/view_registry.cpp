@@ -1,6 +1,7 @@
 #include "views/view_registry.h"
 
 #include "views/insurance/frmEmployer_view.h"
+#include "views/lookup/frmExport_view.h"
 #include "views/lookup/frmSearchWindow_view.h"
 #include "views/lookup/frmTGList_view.h"
 #include "views/people/frmContacts_view.h"
@@ -17,6 +18,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
   registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);
   registry.Add<lookup::frmTGList>("frmTGList", LayOut_frmTGList);
+  registry.Add<lookup::frmExport>("frmExport", LayOut_frmExport);
   return registry;
 }
 

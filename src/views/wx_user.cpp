@@ -1,11 +1,13 @@
 #include "views/wx_user.h"
 
+#include <wx/clipbrd.h>
 #include <wx/colordlg.h>
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
 
 #include <stdexcept>
 
+#include "views/print_preview.h"
 #include "views/questions.h"
 #include "views/typed_ahead.h"
 #include "views/wait_window.h"
@@ -66,7 +68,7 @@ void WxUser::Show(forms::Form& form) {
   if (form.Closed()) {
     return;
   }
-  FormDialog dialog(Top(), form, pictures_, places_);
+  FormDialog dialog(Top(), form, *this, pictures_, places_);
   if (!registry_.LayOut(dialog)) {
     throw std::logic_error("no view for " + form.Name());
   }
@@ -80,8 +82,8 @@ std::optional<std::chrono::year_month_day> WxUser::PickDate(std::string_view tit
 }
 
 std::optional<std::string> WxUser::PickFile(const forms::FileChoice& choice) {
-  wxFileDialog dialog(Top(), ToWx(choice.title), ToWx(choice.folder), {}, ToWx(choice.pattern),
-                      choice.for_writing ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  wxFileDialog dialog(Top(), ToWx(choice.title), ToWx(choice.folder), ToWx(choice.name), ToWx(choice.pattern),
+                      choice.for_writing ? wxFD_SAVE : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   return ShowModal(dialog) == wxID_OK ? std::optional(FromWx(dialog.GetPath())) : std::nullopt;
 }
 
@@ -110,6 +112,24 @@ void WxUser::Wait(std::string_view text, double done) {
     wait_ = std::make_unique<WaitWindow>(Top());
   }
   wait_->Tell(text, done);
+}
+
+bool WxUser::WaitOrGiveUp(std::string_view text, double done) {
+  Wait(text, done);
+  return wait_ != nullptr && wait_->PulseOrGiveUp();
+}
+
+void WxUser::Copy(std::string_view text) {
+  if (const wxClipboardLocker clipboard; !!clipboard) {
+    wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
+    wxTheClipboard->Flush();
+  }
+}
+
+bool WxUser::Print(const forms::Report& report) {
+  PrintPreview preview(Top(), *this, report);
+  ShowModal(preview);
+  return preview.Printed();
 }
 
 bool WxUser::Pulse(session::Busy busy) {

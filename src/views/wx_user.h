@@ -41,6 +41,9 @@ class WxUser : public forms::User {
   std::optional<std::string> PickFolder(std::string_view title) override;
   std::optional<forms::Color> PickColor(forms::Color start) override;
   void Wait(std::string_view text, double done = -1) override;
+  bool WaitOrGiveUp(std::string_view text, double done = -1) override;
+  void Copy(std::string_view text) override;
+  bool Print(const forms::Report& report) override;
 
   // Lets the windows paint, and brings up the wait text when it has stood long enough, or one of its own while another
   // program writes; the host calls it while a statement runs. True when the person gives the statement up.

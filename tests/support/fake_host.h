@@ -126,6 +126,9 @@ class FakeUser : public forms::User {
   std::function<forms::Answer(const forms::Message&)> answers;
   std::optional<std::string> input;  // what is typed into every input box; nothing cancels it
   std::function<std::optional<std::string>(const forms::InputBox&)> inputs;  // in the place of `input`
+  std::optional<std::string> file;                                           // what is picked where one is asked for
+  bool gives_up = false;                                                     // whatever takes time
+  std::string copied;
   std::vector<std::string> told;
   std::vector<std::string> waits;
   int shown = 0;
@@ -146,10 +149,16 @@ class FakeUser : public forms::User {
   std::optional<std::chrono::year_month_day> PickDate(std::string_view, std::chrono::year_month_day) override {
     return std::nullopt;
   }
-  std::optional<std::string> PickFile(const forms::FileChoice&) override { return std::nullopt; }
+  std::optional<std::string> PickFile(const forms::FileChoice&) override { return file; }
   std::optional<std::string> PickFolder(std::string_view) override { return std::nullopt; }
   std::optional<forms::Color> PickColor(forms::Color) override { return std::nullopt; }
   void Wait(std::string_view text, double) override { waits.emplace_back(text); }
+  bool WaitOrGiveUp(std::string_view text, double) override {
+    waits.emplace_back(text);
+    return gives_up;
+  }
+  void Copy(std::string_view text) override { copied = text; }
+  bool Print(const forms::Report&) override { return false; }
 };
 
 // Every editing screen saves the record `saves`, or is left with Cancel when that is 0.

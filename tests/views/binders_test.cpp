@@ -5,6 +5,7 @@
 #include <wx/richtext/richtextctrl.h>
 
 #include "forms/text.h"
+#include "support/fake_host.h"
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/grid_binder.h"
@@ -46,8 +47,9 @@ class Binders : public testing::Test {
   }
 
   Sample form_;
+  test_support::FakeUser user_;
   views::Pictures pictures_{{}};
-  views::FormDialog dialog_{nullptr, form_, pictures_, nullptr};
+  views::FormDialog dialog_{nullptr, form_, user_, pictures_, nullptr};
 };
 
 TEST_F(Binders, TypingGoesThroughTheControl) {
@@ -211,10 +213,13 @@ TEST_F(Binders, AGridSelectsAndMovesAsTheControlSays) {
     key.m_keyCode = code;
     key.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
     key.SetAltDown((modifiers & wxMOD_ALT) != 0);
+    key.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
     grid->ProcessWindowEvent(key);
   };
   press(WXK_UP, wxMOD_SHIFT);
   EXPECT_THAT(form_.grdRows.Selected(), testing::ElementsAre(2, 3));
+  press('C', wxMOD_CONTROL);
+  EXPECT_EQ(user_.copied, "Name\tOn\nCay\t0\nDee\t0\n");
   form_.grdRows.DoGoTo(2, 1);
   press(WXK_SPACE, wxMOD_NONE);
   EXPECT_EQ(form_.grdRows.Cell(2, 1), "1");
@@ -283,7 +288,7 @@ TEST_F(Binders, PagesComeAndGoWithTheirTabs) {
   form_.Add("tabs", tabs);
   form_.Add("pages", pages);
   form_.txtName.Container = &pages[2];
-  auto holder = std::make_unique<views::FormDialog>(nullptr, form_, pictures_, nullptr);
+  auto holder = std::make_unique<views::FormDialog>(nullptr, form_, user_, pictures_, nullptr);
   wxNotebook* book = views::MakeTabs(holder.get(), tabs);
   views::MakeTextBox(views::PageOf(book, pages[2]), form_.txtName, 10);
   pages[0].Visible = false;

@@ -8,6 +8,7 @@
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "reach_faults.h"
+#include "support/fake_host.h"
 #include "views/accessible_name.h"
 #include "views/button_binders.h"
 #include "views/choice_binders.h"
@@ -85,7 +86,8 @@ class Reach : public testing::Test {
 
   Sample form_;
   views::Pictures pictures_{{}};
-  views::FormDialog dialog_{nullptr, form_, pictures_, nullptr};
+  test_support::FakeUser user_;
+  views::FormDialog dialog_{nullptr, form_, user_, pictures_, nullptr};
 };
 
 TEST_F(Reach, IsGoodByDefault) {

@@ -277,6 +277,9 @@ class WxScreenUser : public com::ScreenUser {
       User().Wait(text, done);
     }
   }
+  bool WaitOrGiveUp(std::string_view text, double done) override { return User().WaitOrGiveUp(text, done); }
+  void Copy(std::string_view text) override { User().Copy(text); }
+  bool Print(const forms::Report& report) override { return User().Print(report); }
 
  private:
   static views::WxUser& User() { return TheWindows().User(); }

@@ -16,7 +16,8 @@ void LayOut_frmTGList(FormDialog& dialog, lookup::frmTGList& form) {
   auto* page = new wxBoxSizer(wxVERTICAL);
 
   // The keyboard comes to the tool bar's commands through the menu.
-  std::vector<forms::Button*> menu = {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFilterCell, &form.MnuFileResDef};
+  std::vector<forms::Button*> menu = {&form.MnuFileSel, &form.MnuFileSort, &form.MnuFilterCell, &form.MnuFileExport,
+                                      &form.MnuFileResDef};
   for (forms::ToolBar::Item& item : form.ToolStrip.Items()) {
     if (!item.separator) {
       menu.push_back(&item.button);
