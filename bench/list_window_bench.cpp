@@ -20,7 +20,7 @@ namespace {
 
 std::unique_ptr<bench::Subject> subject;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): made once
 
-// Calls back behind each painting of a window of some kind.
+// Calls back behind the first painting of a window of some kind.
 class Painted : public wxEventFilter {
  public:
   Painted(std::function<bool(wxObject&)> watched, std::function<void()> painted)
@@ -32,7 +32,9 @@ class Painted : public wxEventFilter {
   ~Painted() override { wxEvtHandler::RemoveFilter(this); }
 
   int FilterEvent(wxEvent& event) override {
-    if (event.GetEventType() == wxEVT_PAINT && event.GetEventObject() != nullptr && watched_(*event.GetEventObject())) {
+    if (!seen_ && event.GetEventType() == wxEVT_PAINT && event.GetEventObject() != nullptr &&
+        watched_(*event.GetEventObject())) {
+      seen_ = true;
       wxTheApp->CallAfter(painted_);
     }
     return Event_Skip;
@@ -41,6 +43,7 @@ class Painted : public wxEventFilter {
  private:
   std::function<bool(wxObject&)> watched_;
   std::function<void()> painted_;
+  bool seen_ = false;
 };
 
 wxGrid* GridOf(wxObject& painted) {
@@ -59,10 +62,8 @@ double OpenEmpty() {
   wxDialog dialog(nullptr, wxID_ANY, "Empty", wxDefaultPosition, wxSize(1000, 640));
   const Painted painted([&](wxObject& window) { return &window == &dialog; },
                         [&] {
-                          if (seconds == 0) {
-                            seconds = SecondsSince(start);
-                            dialog.EndModal(wxID_CANCEL);
-                          }
+                          seconds = SecondsSince(start);
+                          dialog.EndModal(wxID_CANCEL);
                         });
   dialog.ShowModal();
   return seconds;
@@ -74,10 +75,8 @@ double OpenList(host::Desk& desk) {
   wxGrid* grid = nullptr;
   const Painted painted([&](wxObject& window) { return (grid = GridOf(window)) != nullptr; },
                         [&] {
-                          if (seconds == 0) {
-                            seconds = SecondsSince(start);
-                            wxGetTopLevelParent(grid)->Close();
-                          }
+                          seconds = SecondsSince(start);
+                          wxGetTopLevelParent(grid)->Close();
                         });
   desk.Context().screens.ShowList(session::lulFamilyHead, {});
   return seconds;
