@@ -53,6 +53,9 @@ class QuickUser : public forms::User {
   std::optional<std::string> PickFolder(std::string_view) override { return std::nullopt; }
   std::optional<forms::Color> PickColor(forms::Color) override { return std::nullopt; }
   void Wait(std::string_view, double) override {}
+  bool WaitOrGiveUp(std::string_view, double) override { return false; }
+  void Copy(std::string_view) override {}
+  bool Print(const forms::Report&) override { return false; }
 };
 
 // A demo practice, in a file of its own that is gone at the end, or in one that is kept: there it is made only once.
