@@ -130,6 +130,13 @@ class ListEvents : public HostObject {
         std::printf("clicked: %ls on %ld\n", V_BSTR(&given->rgvarg[1]), V_I4(&given->rgvarg[0]));
         last_button_ = V_BSTR(&given->rgvarg[1]);
         break;
+      case 3:  // BeforePrint(bCancel): this host has a print of its own
+        std::printf("printing was kept back\n");
+        *V_BOOLREF(&given->rgvarg[0]) = VARIANT_TRUE;
+        break;
+      case 4:  // AfterPrint, not after what was kept back
+        std::printf("printed\n");
+        break;
       case 5:  // CheckEvent(bHandled): this host shows notes itself, over the list that stays open
         *V_BOOLREF(&given->rgvarg[0]) = last_button_ == L"Notes" ? VARIANT_TRUE : VARIANT_FALSE;
         break;
