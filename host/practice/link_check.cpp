@@ -123,8 +123,8 @@ class LinkCheck {
   }
   bool IsThere(const data::PlanLink& link) const {
     return IsThere("EmpTable", "EmpInd", link.employer) &&
-           (link.IsNone() ||
-            (IsThere("InsCoTable", "InsCoInd", link.carrier) && IsThere("GroPlaTable", "GroPlaInd", link.plan)));
+           (link.carrier == 0 || IsThere("InsCoTable", "InsCoInd", link.carrier)) &&
+           (link.plan == 0 || IsThere("GroPlaTable", "GroPlaInd", link.plan));
   }
 
   void CheckOrders(const data::OrderedRows::Columns& columns, std::string_view called) const {

@@ -84,6 +84,9 @@ void Coverages::Move(std::int32_t from_holding, std::int32_t to_holding) const {
       }
     }
     const auto moved = Find(due.id);
+    if (!moved) {  // ended meanwhile
+      continue;
+    }
     if (!doubles.empty() && (!moved->live || doubles.front().order <= moved->order)) {
       Remove(moved->id);
       continue;

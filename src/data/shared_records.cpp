@@ -1,6 +1,6 @@
 #include "data/shared_records.h"
 
-#include <map>
+#include <algorithm>
 #include <vector>
 
 #include "data/literal.h"
@@ -45,6 +45,17 @@ int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
       Literal(OrderedRows::kEnding) + "))" + statements_.Office(" and (ELTable.OfficeID = ", ") ")));
 }
 
+int SharedRecords::UsesOfPlans(std::int32_t carrier) const {
+  return session::ToId(statements_.SelectValue(
+      Sql("SELECT Count(PatEmpTable.PatEmpID) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
+          "PatEmpTable.PatEmpElID") +
+      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") +
+      ") INNER JOIN GroPlaTable ON ELTable.elGroID = GroPlaTable.GroPlaInd" +
+      statements_.OfficeJoin(" and (ELTable.OfficeID = GroPlaTable.OfficeID) ") +
+      " WHERE (GroPlaTable.GroPlaInsID=" + Literal(carrier) + ") AND (ELTable.elInsID<>" + Literal(carrier) +
+      ") AND (ELTable.elFla=0) AND (PatEmpTable.PatEmpFla=0)" + statements_.Office(" and (ELTable.OfficeID = ", ") ")));
+}
+
 int SharedRecords::CoveragesOfCarrier(std::int32_t carrier) const {
   return session::ToId(statements_.SelectValue(
       Sql("SELECT Count([CovTable].[CovID]) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
@@ -68,10 +79,14 @@ void SharedRecords::Replace(SharedRecord kind, std::int32_t old_id, std::int32_t
                         statements_.Office(" and (OfficeID = ", ") "));
     return;
   }
-  MoveSubscribers(kind, old_id, new_id);
-  if (kind != SharedRecord::PlanLink) {
-    links_.End(kind, old_id);
+  if (kind == SharedRecord::PlanLink) {
+    MoveSubscribers(kind, old_id, new_id);
+    return;
   }
+  do {  // whoever came while others were moved
+    MoveSubscribers(kind, old_id, new_id);
+  } while (Uses(kind, old_id) > 0);
+  links_.End(kind, old_id);
   if (kind == SharedRecord::Carrier) {
     MovePlans(old_id, new_id);
   }
@@ -86,32 +101,38 @@ std::vector<Holding> SharedRecords::HoldingsOn(const std::vector<PlanLink>& link
   return holdings;
 }
 
-// A subscriber's entry is written with the last of his holdings: a replacement that stops before it is told by the one
-// that finishes it.
+bool SharedRecords::HoldsAnother(const Holding& holding, const std::vector<PlanLink>& links) const {
+  return std::ranges::any_of(holdings_.Of(holding.subscriber), [&](const Holding& other) {
+    return other.id != holding.id && std::ranges::find(links, other.link, &PlanLink::id) != links.end();
+  });
+}
+
+// Persons' employers move first: while a subscriber is left the same command is offered again. A subscriber's entry is
+// written with the last of his holdings: a replacement that stops before it is told by the one that finishes it.
 void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
   session::LogEntry entry = ReplacedEntry(session_, kind, old_id, new_id);
   const std::vector<PlanLink> links = links_.Using(kind, old_id);
-  const std::vector<Holding> all = HoldingsOn(links);
-  std::map<std::int32_t, int> left;  // holdings of each subscriber
-  for (const Holding& holding : all) {
-    ++left[holding.subscriber];
-  }
-  Meter meter(Progress, all.size());
+  std::vector<std::int32_t> successors;
   for (const PlanLink& link : links) {
-    const std::int32_t successor = Successor(link, kind, new_id);
-    if (successor == link.id) {
+    successors.push_back(Successor(link, kind, new_id));
+    if (successors.back() != link.id) {
+      links_.MoveEmployersOfPersons(link.id, successors.back());
+    }
+  }
+  Meter meter(Progress, HoldingsOn(links).size());
+  for (std::size_t i = 0; i < links.size(); ++i) {
+    if (successors[i] == links[i].id) {
       continue;
     }
-    for (const Holding& holding : holdings_.On(link.id)) {
-      holdings_.BeginToMove(holding.id, successor);
-      if (--left[holding.subscriber] == 0) {
+    for (const Holding& holding : holdings_.On(links[i].id)) {
+      holdings_.BeginToMove(holding.id, successors[i]);
+      if (!HoldsAnother(holding, links)) {
         entry.person = holding.subscriber;
         session_.Log(entry);
       }
       holdings_.SetEnded(holding.id);
       meter.Step();
     }
-    links_.MoveEmployersOfPersons(link.id, successor);
   }
 }
 
@@ -123,7 +144,9 @@ std::int32_t SharedRecords::Successor(const PlanLink& link, SharedRecord kind, s
     next.carrier = new_id;
   } else if (kind == SharedRecord::GroupPlan) {
     next.plan = new_id;
-    next.carrier = CarrierOfPlan(new_id);
+    if (const std::int32_t carrier = CarrierOfPlan(new_id); carrier != 0) {
+      next.carrier = carrier;
+    }
   } else if (const auto taken = links_.Get(new_id)) {
     if (taken->live && taken->employer == link.employer) {
       return new_id;
@@ -152,7 +175,9 @@ void SharedRecords::MovePlans(std::int32_t old_carrier, std::int32_t new_carrier
 
 void SharedRecords::Delete(SharedRecord kind, std::int32_t id) const {
   if (kind != SharedRecord::Pharmacy) {
-    RemoveSubscribers(kind, id);
+    do {  // whoever came while others were removed
+      RemoveSubscribers(kind, id);
+    } while (Uses(kind, id) > 0);
     links_.End(kind, id);
   }
   switch (kind) {
@@ -194,14 +219,15 @@ void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const 
   }
 }
 
-// Details are known by carrier and group number, which plans of one carrier may share. Carrier 0 has the office's own.
+// Details are known by carrier and group number, which plans of one carrier may share, as those without a number do.
+// Carrier 0 has the office's own.
 void SharedRecords::DeleteDetailsOf(std::int32_t plan) const {
   const std::int32_t carrier = CarrierOfPlan(plan);
-  if (carrier == 0) {
-    return;
-  }
   const std::string group_number = session::ToText(statements_.SelectValue(
       "SELECT GroPlaGroNum FROM GroPlaTable WHERE GroPlaInd=" + Literal(plan) + statements_.Office()));
+  if (carrier == 0 || group_number.empty()) {
+    return;
+  }
   const session::Value others =
       statements_.SelectValue("SELECT Count(GroPlaInd) FROM GroPlaTable WHERE (GroPlaInsID=" + Literal(carrier) +
                               ") AND (GroPlaGroNum=" + Literal(group_number) + ") AND (GroPlaInd<>" + Literal(plan) +

@@ -26,6 +26,9 @@ class SharedRecords {
   // Holdings of subscribers through live links, those that are ending too: they are still to be moved or removed. Of a
   // pharmacy its patients.
   int Uses(SharedRecord kind, std::int32_t id) const;
+  // Holdings of the carrier's plans through another carrier's links, which a stopped replacement leaves: with the
+  // carrier they would lose their plan.
+  int UsesOfPlans(std::int32_t carrier) const;
   // Live coverages through live holdings on the carrier's live links.
   int CoveragesOfCarrier(std::int32_t carrier) const;
   // The old record stays, connected to nobody. A live link of the same employer, carrier and plan is used again. A
@@ -37,6 +40,8 @@ class SharedRecords {
 
  private:
   std::vector<Holding> HoldingsOn(const std::vector<PlanLink>& links) const;
+  // Whether the subscriber has another holding on one of the links.
+  bool HoldsAnother(const Holding& holding, const std::vector<PlanLink>& links) const;
   void MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const;
   // The live link that takes the place of one that uses a record; made where there is none.
   std::int32_t Successor(const PlanLink& link, SharedRecord kind, std::int32_t new_id) const;

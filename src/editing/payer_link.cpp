@@ -17,7 +17,7 @@ constexpr std::string_view kRightWhat = "insurance companies";
 
 PayerLink::Payer PayerLink::Of(std::int32_t carrier) const {
   const auto row = statements_.Select(
-      "SELECT InsCoTable.InsCoInd, ePayerTable.epPayID, ePayerTable.epNam FROM InsCoTable LEFT JOIN ePayerTable ON "
+      "SELECT InsCoTable.InsCoInd, InsCoTable.epPayID, ePayerTable.epNam FROM InsCoTable LEFT JOIN ePayerTable ON "
       "InsCoTable.epPayID = ePayerTable.epPayID" +
       statements_.OfficeJoin(" and (InsCoTable.OfficeID = ePayerTable.OfficeID)") + " WHERE (InsCoTable.InsCoInd=" +
       Literal(carrier) + ")" + statements_.Office(" and (InsCoTable.OfficeID = ", ")"));
@@ -68,6 +68,10 @@ std::optional<PayerLink::Payer> PayerLink::Link(std::int32_t carrier) const {
   WhileHeld(carrier, [&](const RecordHold& hold) {
     if (const auto payer = Choose(Of(carrier))) {
       hold.Require();
+      if (session::IsNull(statements_.SelectValue(
+              "SELECT epPayID FROM ePayerTable WHERE epPayID=" + Literal(payer->id) + statements_.Office()))) {
+        throw Refusal("This electronic payer is not there any more. Nothing was changed.");
+      }
       Write(carrier, payer->id);
       linked = payer;
     }
@@ -78,7 +82,9 @@ std::optional<PayerLink::Payer> PayerLink::Link(std::int32_t carrier) const {
 bool PayerLink::Remove(std::int32_t carrier) const {
   bool removed = false;
   WhileHeld(carrier, [&](const RecordHold& hold) {
-    if (Of(carrier).Linked() && AgreesToRemove()) {
+    if (!Of(carrier).Linked()) {  // another user was first
+      removed = true;
+    } else if (AgreesToRemove()) {
       hold.Require();
       Write(carrier, 0);
       removed = true;
@@ -92,6 +98,9 @@ void PayerLink::Write(std::int32_t carrier, std::int32_t payer) const {
 }
 
 bool PayerLink::EnterId(std::int32_t carrier, const std::string& id, int room) const {
+  if (!HasRight(kRight, kRightWhat)) {
+    return false;
+  }
   if (forms::Fitting(id, room) != id) {
     Tell("A payer ID has room for " + std::to_string(room) + " characters. " + ToldBack(id) +
              " is longer; nothing was changed.",

@@ -22,7 +22,8 @@ class PayerLink : private Rules {
 
   explicit PayerLink(const session::ScreenContext& context) : Rules(context) {}
 
-  // The payer that the carrier's row names, if there is such a payer. Throws session::DatabaseError.
+  // The payer that the carrier's row names; without a name where there is none such any more. Throws
+  // session::DatabaseError.
   Payer Of(std::int32_t carrier) const;
 
   // The questions alone: another payer than the current one, nothing when given up; and whether the link goes.

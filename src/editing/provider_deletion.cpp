@@ -38,6 +38,11 @@ class ProviderDeletion : private Rules {
       }
       declined = !successor;
       if (successor) {
+        const RecordHold hold_of_successor(context_.session, "PATABLE", successor->id);
+        hold_of_successor.Require();
+        if (!DeletedPerson::Read(statements_, successor->id).provider) {
+          throw Refusal(successor->name + " is not a provider any more. Nothing was changed.");
+        }
         hold.Require();
         HandOver(provider, *successor);
         Tell(provider.name + " has been removed from the provider list.\r\nIf you want to delete or terminate " +

@@ -2,7 +2,9 @@
 
 #include <optional>
 
+#include "data/shared_record_texts.h"
 #include "data/shared_records.h"
+#include "editing/rules.h"
 
 namespace editing {
 namespace {
@@ -75,6 +77,9 @@ bool ReplaceSharedRecord(const session::ScreenContext& context, SharedRecord kin
   const RecordHold hold_of_replacement(context.session, std::string(data::TableOf(kind).table.Text()), *replacement);
   hold_of_replacement.Require();
   hold.Require();
+  if (!data::NameOf(context.session, kind, *replacement)) {
+    throw Refusal("The record that was to take its place is not there any more. Nothing was changed.");
+  }
   const std::string text = "  Replacing " + WordsOf(kind).noun + " - Please Wait  ";
   const forms::WaitText wait(context.user, text);
   data::SharedRecords records(context.session);

@@ -32,29 +32,45 @@ class Deletion : private editing::Rules {
   void Delete() {
     const editing::RecordHold hold(context_.session, std::string(data::TableOf(kind_).table.Text()), row_.id);
     hold.Require();
-    const auto name = data::NameOf(context_.session, kind_, row_.id);
-    if (!name) {
-      changed_ = true;
-      throw editing::Refusal(ToldBack(row_.name) + " is not there any more. Nothing was changed.");
-    }
+    RequireName();
     for (Answer answer = Answer::Replace; answer == Answer::Replace;) {
-      const forms::Message question = Question(records_.Uses(kind_, row_.id));
+      const int patients = Patients();
+      const forms::Message question = Question(patients);
       answer = context_.user.Ask(question);
       if (answer == Answer::Cancel) {
         return;
       }
       hold.Require();
-      Log(answer, question.text, *name);
+      const std::string name = RequireName();
+      if (answer != Answer::Replace && Patients() > patients) {
+        answer = Answer::Replace;  // more than were told of: asked again
+        continue;
+      }
+      Log(answer, question.text, name);
       changed_ = true;
       if (answer != Answer::Replace) {
         const std::string text = "  Deleting " + words_.noun + " - Please Wait  ";
         const forms::WaitText wait(context_.user, text);
         records_.Progress = [&](double done) { context_.user.Wait(text, done); };
         records_.Delete(kind_, row_.id);
-      } else if (!editing::ReplaceSharedRecord(context_, kind_, row_.id, *name, hold)) {
+      } else if (!editing::ReplaceSharedRecord(context_, kind_, row_.id, name, hold)) {
         return;
       }
     }
+  }
+
+  std::string RequireName() {
+    const auto name = data::NameOf(context_.session, kind_, row_.id);
+    if (!name) {
+      changed_ = true;
+      throw editing::Refusal(ToldBack(row_.name) + " is not there any more. Nothing was changed.");
+    }
+    return *name;
+  }
+
+  int Patients() const {
+    const int uses = records_.Uses(kind_, row_.id);
+    return kind_ == SharedRecord::Carrier ? uses + records_.UsesOfPlans(row_.id) : uses;
   }
 
   forms::Message Question(int patients) const {

@@ -71,7 +71,7 @@ std::string Told(SearchList list, int count) {
   const bool one = count == 1;
   const char* what = list == SearchList::Employers ? (one ? " employer" : " employers")
                                                    : (one ? " insurance company" : " insurance companies");
-  return std::to_string(count) + what;
+  return forms::WithThousands(count) + what;
 }
 
 }  // namespace

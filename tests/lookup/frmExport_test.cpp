@@ -15,7 +15,7 @@ constexpr const char* kManyRows =
 
 // An export over a file that is there.
 class Export : public testing::Test {
- protected:
+ public:
   Export()
       : host_(host::MakeDemo("sqlite::memory:", {.patients = 40, .password_cost = host::HashCost::Least})),
         folder_(std::filesystem::temp_directory_path() / ("export" + std::to_string(host::ThisProcess().number))),
@@ -26,8 +26,11 @@ class Export : public testing::Test {
     host_.user.answers = [](const forms::Message&) { return forms::Answer::Yes; };
   }
 
+  Export(const Export&) = delete;
+  Export& operator=(const Export&) = delete;
   ~Export() override { std::filesystem::remove_all(folder_); }
 
+ protected:
   void Run(const char* sql) {
     host_.user.acts = [](forms::Form& form) { dynamic_cast<frmExport&>(form).DialogButtons1.OK.DoClick(); };
     frmExport form(host_.Context());
