@@ -166,7 +166,7 @@ void ReadLayout(std::string_view text, std::string_view layout_key, forms::Grid&
   if (first.starts_with(kRowHeight)) {
     text = behind_first;
     const int height = NumberOf(first.substr(kRowHeight.size())).value_or(0);
-    grid.RowHeight = height <= kMostRowHeight ? height : 0;
+    grid.RowHeight = std::min(height, kMostRowHeight);
   }
   const std::vector<std::string> keys = KeysOf(grid, kind);
   Arrange(grid, keys, ReadLines(text, keys));

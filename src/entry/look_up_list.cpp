@@ -39,6 +39,7 @@ std::string Joined(const std::vector<std::int32_t>& ids) {
 
 void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
   const Clearing after(Options.title);
+  RegisterMainForm(StartForm);
   if (ListType < 0 || ListType >= lookup::kListKinds) {
     return;
   }
@@ -48,7 +49,6 @@ void LookUpList::ShowList(bool InsLLCanMultiSel, HostObject fOwner) {
                forms::Icon::Critical);
     return;
   }
-  RegisterMainForm(StartForm);
   if (fOwner != nullptr) {
     frmOwner = std::move(fOwner);
   }

@@ -117,7 +117,13 @@ frmSearchWindow::frmSearchWindow(const session::ScreenContext& context) : Form("
     return key == forms::Key::Enter;
   };
   DialogButtons1.OK.Click = [this] { Choose(); };
-  DialogButtons1.Extra.Click = [this] { Leave({.end = End::New, .name = Typed()}); };
+  DialogButtons1.Extra.Click = [this] {
+    if (Typed().empty()) {
+      Text1.SetFocus();
+    } else {
+      Leave({.end = End::New, .name = Typed()});
+    }
+  };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
 }
 

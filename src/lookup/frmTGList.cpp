@@ -121,6 +121,11 @@ const session::ListOutcome& frmTGList::ShowList() {
 }
 
 void frmTGList::OnLoad() {
+  if (Options.skip_if_new) {
+    Result.end = session::ListOutcome::End::New;
+    Close();
+    return;
+  }
   ReadOptions();
   ShowToolButtons();
   ReadFacilities();
@@ -135,6 +140,7 @@ bool frmTGList::OnIdle() {
   if (Closed() || IsTyping()) {
     return false;
   }
+  ClearSearched();
   if (due_) {
     const Query query = *due_;
     Requery(query.conditions, query.sort, query.place);
@@ -290,6 +296,12 @@ std::string frmTGList::WhyEmpty() const {
   if (facility_ > 0) {
     return "No " + record + " is at this location.\nChoose all locations to see the others.";
   }
+  if (Options.employer_patient != 0 && Edits && Edits->kind == session::RecordKind::Employer) {
+    return "This patient has no employer.";
+  }
+  if (Options.group_plan_company != 0 && Edits && Edits->kind == session::RecordKind::GroupPlan) {
+    return "This insurance company has no group plan yet.";
+  }
   return "There is no " + record + " yet." + (MayEdit() ? "\nNew adds the first " + record + "." : "");
 }
 
@@ -298,7 +310,7 @@ void frmTGList::EnableCommands() {
   DialogButtons1.OK.Enabled = on_row;
   MnuFileSel.Enabled = on_row;
   // With nothing to edit it offers to add.
-  ToolStrip["Edit"].Enabled = on_row || DotNetGrid.RowCount() == 0;
+  ToolStrip["Edit"].Enabled = on_row || (DotNetGrid.RowCount() == 0 && !IsFiltered());
   ToolStrip["Delete"].Enabled = on_row;
   ToolStrip["RemFilt"].Enabled = IsFiltered();
   MnuFilterCell.Enabled = on_row && DotNetGrid.Col >= 0 && !DotNetGrid.Cell(DotNetGrid.Row, DotNetGrid.Col).empty();
@@ -346,7 +358,7 @@ bool frmTGList::DotNetGrid_KeyDown(forms::Key key) {
 
 void frmTGList::DotNetGrid_HeadClick(int column) {
   const std::string& caption = DotNetGrid.Columns.get()[static_cast<std::size_t>(column)].caption;
-  if (!Requery(conditions_, data::Bracketed(caption) + (DotNetGrid.SortDescending ? data::Sql(" DESC") : data::Sql()),
+  if (!Requery(Asked(), data::Bracketed(caption) + (DotNetGrid.SortDescending ? data::Sql(" DESC") : data::Sql()),
                {.id = CurrentID()})) {
     DotNetGrid.SortColumn = sort_column_;
     DotNetGrid.SortDescending = sort_descending_;
@@ -360,7 +372,12 @@ void frmTGList::DotNetGrid_AddRecord() {
     return;
   }
   if (const session::Outcome outcome = context_.screens.Edit(*Edits); outcome.Saved()) {
-    DotNetGrid.ClearFilters();  // no filter hides the new row
+    // Neither a filter nor a location hides the new row.
+    DotNetGrid.ClearFilters();
+    cboFacility.ListIndex = 0;
+    if (std::exchange(facility_, 0) > 0) {
+      all_ = 0;
+    }
     Requery({}, sort_, {.id = outcome.id});
   }
 }
@@ -371,14 +388,31 @@ bool frmTGList::AreAccepted(const std::vector<int>& rows) const {
          });
 }
 
+void frmTGList::GoToSelected() {
+  const std::vector<int> rows = DotNetGrid.Selected();
+  if (!rows.empty() && !DotNetGrid.IsSelected(DotNetGrid.Row)) {
+    DotNetGrid.Row = rows.front();
+  }
+}
+
+bool frmTGList::ShowsWhatIsAsked() {
+  if (!due_) {
+    return true;
+  }
+  const Query query = *due_;
+  Requery(query.conditions, query.sort, query.place);
+  return false;
+}
+
 void frmTGList::Choose() {
+  if (!ShowsWhatIsAsked()) {
+    return;
+  }
   const std::vector<int> rows = DotNetGrid.Selected();
   if (rows.empty() || !AreOurs(rows) || !AreAccepted(rows)) {
     return;
   }
-  if (!DotNetGrid.IsSelected(DotNetGrid.Row)) {
-    DotNetGrid.Row = rows.front();
-  }
+  GoToSelected();
   Result = {session::ListOutcome::End::Chosen, CurrentID(), Chosen(NamFld.Caption.get())};
   for (const int row : rows) {
     Result.ids.push_back(session::ToId(CellOf(row, IDFld.Caption.get())));

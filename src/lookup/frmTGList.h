@@ -174,6 +174,10 @@ class frmTGList : public forms::Form, private editing::Rules {
   bool IsTyping() const { return DotNetGrid.TypingAhead && DotNetGrid.TypingAhead(); }
   // At the location that is chosen, besides.
   data::Sql Statement(std::vector<data::Sql> conditions, const data::Sql& sort) const;
+  // The conditions of the rows that are shown, or of those that typing has put off.
+  std::vector<data::Sql> Asked() const { return due_ ? due_->conditions : conditions_; }
+  // False when they were put off: they are searched for now, and the person looks first.
+  bool ShowsWhatIsAsked();
   bool Requery(const std::vector<data::Sql>& conditions, const data::Sql& sort, Place place);
   void RowsArrived();
   void FindAwaited();
@@ -186,6 +190,9 @@ class frmTGList : public forms::Form, private editing::Rules {
   // Nothing when names were filtered in two ways.
   std::optional<std::vector<data::Sql>> FilterConditions() const;
   void ClearFilter();
+  void ClearSearched();
+  // The current row is one of those that are selected.
+  void GoToSelected();
   void Choose();
   // Empty for no row or no such column.
   std::string CellOf(int row, std::string_view caption) const;

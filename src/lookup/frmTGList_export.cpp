@@ -4,6 +4,9 @@
 namespace lookup {
 
 void frmTGList::ExportList() {
+  if (!ShowsWhatIsAsked()) {
+    return;
+  }
   frmExport form(context_);
   form.ListTitle = TitleText();
   form.SQL = Statement(conditions_, sort_);

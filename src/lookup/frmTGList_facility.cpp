@@ -35,7 +35,7 @@ void frmTGList::cboFacility_Click() {
   }
   const int before = std::exchange(facility_, cboFacility.ListIndex.get());
   const int all_before = std::exchange(all_, 0);
-  if (Requery(conditions_, sort_, {.id = CurrentID()})) {
+  if (Requery(Asked(), sort_, {.id = CurrentID()})) {
     return;
   }
   facility_ = before;

@@ -62,10 +62,16 @@ void frmTGList::DotNetGrid_FilterChanged() {
     ClearFilter();
     return;
   }
-  if (*conditions != (due_ ? due_->conditions : conditions_)) {
+  if (*conditions != Asked()) {
     Requery(*conditions, sort_, {});
   }
-  if (chkAutoClearFilter.Value == forms::CheckState::On) {
+  ClearSearched();
+}
+
+// What was searched for; not while the keyboard is in the filters, where more may be typed.
+void frmTGList::ClearSearched() {
+  if (chkAutoClearFilter.Value == forms::CheckState::On && !due_ && DotNetGrid.FilterCell < 0 &&
+      HasFilter(DotNetGrid) && FilterConditions() == conditions_) {
     DotNetGrid.ClearFilters();
   }
 }

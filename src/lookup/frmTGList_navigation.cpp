@@ -66,6 +66,10 @@ bool frmTGList::MakePatient(std::int32_t id, const std::string& command) {
       patient = session::ToText(person->Get(0)) >= "1";
       name = data::LastFirst(person->Get(1), person->Get(2));
     }
+    if (!patient && !MayEdit()) {
+      Tell(name + " is not a patient.", forms::Icon::Information);
+      return;
+    }
     if (patient || !WantsPatient(name, command)) {
       return;
     }

@@ -137,6 +137,10 @@ void frmTGList::ShowSeparators() {
 
 // The host hears of every click first, and may carry the command out itself.
 void frmTGList::ToolStrip_ItemClicked(const std::string& key) {
+  if (key != "New" && key != "RemFilt" && !ShowsWhatIsAsked()) {
+    return;
+  }
+  GoToSelected();
   if (Events.ButtonClicked) {
     Events.ButtonClicked(key, CurrentID());
   }

@@ -13,6 +13,7 @@ void gdk_event_put(const GdkEvent* event);
 void gdk_event_free(GdkEvent* event);
 int gdk_event_get_event_type(const GdkEvent* event);
 int gdk_event_get_keyval(const GdkEvent* event, unsigned* key);
+int gdk_event_get_state(const GdkEvent* event, int* state);
 unsigned gdk_keyval_to_unicode(unsigned key);
 }
 
@@ -20,6 +21,8 @@ namespace views {
 namespace {
 
 constexpr int kKeyPress = 8;
+constexpr int kControl = 4;
+constexpr int kAlt = 8;
 constexpr unsigned kBackspace = 0xFF08;
 constexpr unsigned kEscape = 0xFF1B;
 constexpr unsigned kDelete = 0xFFFF;
@@ -30,10 +33,12 @@ struct FreeEvent {
   void operator()(GdkEvent* event) const { gdk_event_free(event); }
 };
 
-// 0 for what is no key.
+// 0 for what is no key, and for a command's.
 unsigned KeyOf(const GdkEvent& event) {
   unsigned key = 0;
-  return gdk_event_get_event_type(&event) == kKeyPress && gdk_event_get_keyval(&event, &key) != 0 ? key : 0;
+  int state = 0;
+  const bool pressed = gdk_event_get_event_type(&event) == kKeyPress && gdk_event_get_keyval(&event, &key) != 0;
+  return pressed && gdk_event_get_state(&event, &state) != 0 && (state & (kControl | kAlt)) == 0 ? key : 0;
 }
 
 bool Types(unsigned key) {
@@ -93,7 +98,7 @@ bool KeyWaits(MSG& message, UINT key_or_all, UINT remove) {
 
 bool TypingWaits() {
   MSG message;
-  return KeyWaits(message, WM_KEYLAST, PM_NOREMOVE) &&
+  return KeyWaits(message, WM_KEYLAST, PM_NOREMOVE) && GetKeyState(VK_CONTROL) >= 0 &&
          (message.wParam == VK_BACK || message.wParam == VK_DELETE ||
           (message.wParam != VK_ESCAPE &&
            MapVirtualKeyW(static_cast<UINT>(message.wParam), MAPVK_VK_TO_CHAR) >= static_cast<UINT>(' ')));
