@@ -107,10 +107,13 @@ session::LogEntry ReplacedEntry(session::Session& session, SharedRecord kind, st
   Lines lines;
   const auto add = [&](const std::string& which, std::int32_t id) {
     lines.push_back({"---- " + which + " " + phrases.heading + " ----", ""});
-    const Lines more = kind == SharedRecord::PlanLink ? PlanLines(links.NamesOf(id))
-                                                      : Lines{{"ID Number : ", std::to_string(id)},
-                                                              {phrases.name_label, ToldName(statements, kind, id)}};
-    lines.insert(lines.end(), more.begin(), more.end());
+    if (kind == SharedRecord::PlanLink) {
+      const Lines more = PlanLines(links.NamesOf(id));
+      lines.insert(lines.end(), more.begin(), more.end());
+      return;
+    }
+    lines.push_back({"ID Number : ", std::to_string(id)});
+    lines.push_back({phrases.name_label, ToldName(statements, kind, id)});
   };
   if (kind == SharedRecord::PlanLink) {
     lines.push_back({"Employer : ", links.NamesOf(old_id).employer});
