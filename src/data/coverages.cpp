@@ -3,6 +3,7 @@
 #include <array>
 
 #include "data/literal.h"
+#include "data/plan_links.h"
 
 namespace data {
 namespace {
@@ -132,9 +133,7 @@ std::vector<Coverage> Coverages::Read(const Sql& condition) const {
 
 int Coverages::Count(std::int32_t patient) const {
   return session::ToId(statements_.SelectValue(
-      Sql("SELECT Count(CovTable.CovID) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
-          "PatEmpTable.PatEmpElID") +
-      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") +
+      "SELECT Count(CovTable.CovID) FROM (" + HoldingsOnLinks(statements_) +
       ") INNER JOIN CovTable ON PatEmpTable.PatEmpID = CovTable.CovSubPatEmpID" +
       statements_.OfficeJoin(" and (PatEmpTable.OfficeID = CovTable.OfficeID) ") + " WHERE (CovTable.CovPatID=" +
       Literal(patient) + ") AND (CovTable.CovFla=0) AND (PatEmpTable.PatEmpFla=0) AND (ELTable.elFla=0)" +

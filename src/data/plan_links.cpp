@@ -36,6 +36,11 @@ Words LinkColumn(SharedRecord kind) {
   throw std::out_of_range("no link names a pharmacy");
 }
 
+Sql HoldingsOnLinks(const Statements& statements) {
+  return Sql("ELTable INNER JOIN PatEmpTable ON ELTable.elID = PatEmpTable.PatEmpElID") +
+         statements.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ");
+}
+
 std::vector<PlanLink> PlanLinks::Using(SharedRecord kind, std::int32_t id) const {
   return Read(Sql("(") + LinkColumn(kind) + "=" + Literal(id) + ") AND (elFla=0)", SortOf(kind));
 }

@@ -13,6 +13,9 @@ namespace data {
 // The column of a link that names a record of the kind. Throws std::out_of_range for pharmacies.
 Words LinkColumn(SharedRecord kind);
 
+// The links and what subscribers hold of them, joined for a count.
+Sql HoldingsOnLinks(const Statements& statements);
+
 // A plan that an employer offers.
 struct PlanLink {
   std::int32_t id = 0;

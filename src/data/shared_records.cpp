@@ -36,9 +36,7 @@ int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
                                                  Literal(id) + ")" + statements_.Office(" and (OfficeID = ", ") ")));
   }
   return session::ToId(statements_.SelectValue(
-      Sql("SELECT Count(PatEmpTable.PatEmpID) FROM ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
-          "PatEmpTable.PatEmpElID") +
-      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") + " WHERE (ELTable." +
+      "SELECT Count(PatEmpTable.PatEmpID) FROM " + HoldingsOnLinks(statements_) + " WHERE (ELTable." +
       LinkColumn(kind) + "=" + Literal(id) +
       ") AND (ELTable.elFla=0) AND ((PatEmpTable.PatEmpFla=0) OR "
       "(PatEmpTable.PatEmpFla=" +
@@ -47,9 +45,7 @@ int SharedRecords::Uses(SharedRecord kind, std::int32_t id) const {
 
 int SharedRecords::UsesOfPlans(std::int32_t carrier) const {
   return session::ToId(statements_.SelectValue(
-      Sql("SELECT Count(PatEmpTable.PatEmpID) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
-          "PatEmpTable.PatEmpElID") +
-      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") +
+      "SELECT Count(PatEmpTable.PatEmpID) FROM (" + HoldingsOnLinks(statements_) +
       ") INNER JOIN GroPlaTable ON ELTable.elGroID = GroPlaTable.GroPlaInd" +
       statements_.OfficeJoin(" and (ELTable.OfficeID = GroPlaTable.OfficeID) ") +
       " WHERE (GroPlaTable.GroPlaInsID=" + Literal(carrier) + ") AND (ELTable.elInsID<>" + Literal(carrier) +
@@ -58,9 +54,7 @@ int SharedRecords::UsesOfPlans(std::int32_t carrier) const {
 
 int SharedRecords::CoveragesOfCarrier(std::int32_t carrier) const {
   return session::ToId(statements_.SelectValue(
-      Sql("SELECT Count([CovTable].[CovID]) FROM (ELTable INNER JOIN PatEmpTable ON ELTable.elID = "
-          "PatEmpTable.PatEmpElID") +
-      statements_.OfficeJoin(" and (ELTable.OfficeID = PatEmpTable.OfficeID) ") +
+      "SELECT Count([CovTable].[CovID]) FROM (" + HoldingsOnLinks(statements_) +
       ") INNER JOIN CovTable ON PatEmpTable.PatEmpID = CovTable.CovSubPatEmpID" +
       statements_.OfficeJoin(" and (PatEmpTable.OfficeID = CovTable.OfficeID) ") + " WHERE (ELTable.elInsID=" +
       Literal(carrier) + ") AND (ELTable.elFla=0) AND (PatEmpTable.PatEmpFla=0) AND (CovTable.CovFla=0)" +

@@ -3,6 +3,7 @@
 #include "data/literal.h"
 #include "data/statements.h"
 #include "editing/rules.h"
+#include "lookup/shared_lists.h"
 
 namespace lookup {
 
@@ -11,9 +12,8 @@ bool IsFamilyHead(const session::ScreenContext& context, const session::ListOpti
     return true;
   }
   const data::Statements statements(context.session);
-  const bool head = !session::IsNull(statements.SelectValue(
-      "SELECT pID FROM PATable WHERE pID=" + data::Literal(id) +
-      " AND ((pFAMHEAIND = pID or pFAMHEAIND is Null or pFAMHEAIND = 0) and pTypPat >= '1')" + statements.Office()));
+  const bool head = !session::IsNull(statements.SelectValue("SELECT pID FROM PATABLE WHERE pID=" + data::Literal(id) +
+                                                            " AND (" + kFamilyHeads + ")" + statements.Office()));
   if (!head) {
     editing::Rules(context).Tell(
         "The selected person is not a family head. Please re-index this list by selecting 'Re-Index Family Head List' "

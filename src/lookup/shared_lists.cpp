@@ -26,9 +26,6 @@ constexpr Words kReferrals = "(PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
 // Patients are referred in by referral sources and out to physicians.
 constexpr Words kReferredInOrOut =
     "(PATABLE.pTypPhy='1') OR (PATABLE.pTypPhy='2') OR (PATABLE.pTypRef='1') OR (PATABLE.pTypRef='2')";
-constexpr Words kFamilyHeads =
-    "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
-    "PATABLE.pTypPat >= '1'";
 
 PersonKind PersonKindOf(session::LookUpListTypes type) {
   switch (type) {

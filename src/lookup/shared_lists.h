@@ -7,6 +7,10 @@
 // The lists that the suite's programs share, of persons and of records, as our own list window shows them.
 namespace lookup {
 
+// Of persons: who heads a family.
+inline constexpr data::Words kFamilyHeads =
+    "(PATABLE.pFAMHEAIND = PATABLE.pID or PATABLE.pFAMHEAIND is Null or PATABLE.pFAMHEAIND = 0) and "
+    "PATABLE.pTypPat >= '1'";
 // Of providers, physicians, referral sources and family heads.
 ListDefinition PersonList(session::LookUpListTypes type, const data::Statements& statements,
                           const session::ListOptions& options);
