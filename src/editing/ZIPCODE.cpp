@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/literal.h"
+#include "editing/customary_form.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
 
@@ -452,7 +453,7 @@ void ZIPCODE::OnListCharacter(char32_t character) {
 void ZIPCODE::ReadOfficeSetting() {
   if (!non_us_) {
     non_us_ = false;
-    non_us_ = forms::IsOn(context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "NON_US_ZIP_CODE"));
+    non_us_ = !UsesUsForms(context_.session);
   }
 }
 

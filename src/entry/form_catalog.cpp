@@ -125,7 +125,11 @@ std::unique_ptr<forms::Form> MakeForm(std::string_view name, const ScreenContext
 Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
   const Screen& screen = ScreenOf(opening.kind);
   if (screen.edit != nullptr) {
-    return screen.edit(context, opening);
+    const Outcome outcome = screen.edit(context, opening);
+    return outcome.end != Outcome::End::Instead
+               ? outcome
+               : screen.edit(context,
+                             {.kind = opening.kind, .mode = Opening::Mode::Existing, .id = outcome.id, .joins = true});
   }
   TellNotBuilt(context.user, screen.name, screen.what);
   return {.end = Outcome::End::NotBuilt};

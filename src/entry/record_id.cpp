@@ -67,6 +67,7 @@ std::optional<std::string> IdText(const Outcome& outcome) {
     case Outcome::End::AlreadyOpen:
       return std::string(kAlreadyOpen);
     case Outcome::End::NotBuilt:
+    case Outcome::End::Instead:
       break;
   }
   return std::nullopt;

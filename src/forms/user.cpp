@@ -22,6 +22,12 @@ std::string_view Caption(Answer answer) {
       return "Delete";
     case Answer::UnLink:
       return "Un-Link";
+    case Answer::Open:
+      return "Open";
+    case Answer::AddAnyway:
+      return "Add Anyway";
+    case Answer::GoBack:
+      return "Go Back";
   }
   return {};
 }

@@ -1,6 +1,7 @@
 #include "insurance/frmEmployer.h"
 
 #include "data/shared_records.h"
+#include "editing/customary_form.h"
 #include "forms/phone.h"
 #include "forms/text.h"
 
@@ -71,7 +72,7 @@ void frmEmployer::Register() {
 }
 
 void frmEmployer::Wire() {
-  Text1[kPhone].Leave = [this] { FormatPhone(); };
+  Text1[kPhone].Leave = [this] { editing::TakeCustomaryForm(context_.session, Text1[kPhone], forms::FormatPhone); };
   DialogButtons1.OK.Click = [this] {
     if ((!Adding() && !Unsaved()) || Save()) {
       Close();
@@ -133,14 +134,6 @@ bool frmEmployer::Check() {
     return false;
   }
   return true;
-}
-
-void frmEmployer::FormatPhone() {
-  forms::TextBox& phone = Text1[kPhone];
-  const std::string number = forms::FormatPhone(phone.Text.get());
-  if (forms::Fitting(number, phone.MaxLength) == number) {
-    phone.Text = number;
-  }
 }
 
 session::Outcome frmEmployer::Ended() const {

@@ -45,7 +45,6 @@ class frmEmployer : public editing::EditingForm {
   void ReadNew();
   void ReadExisting();
   bool Adding() const { return Employer.Id() == 0; }
-  void FormatPhone();
 
   editing::SharedRecordGuard guard_;
 };

@@ -150,6 +150,12 @@ ShortList ShortListOf(session::PickList list) {
       return {"Fee Schedule", "FEESCHED", "frmTGList_FEES"};
     case session::PickList::MedicalAlert:
       return {"Medical Alert", "MEDALERT", "frmTGList_MEDA"};
+    case session::PickList::Specialty:
+      return {"Specialty Database", "MEDSPEC", "frmTGList_MEDS"};
+    case session::PickList::ProfessionalTitle:
+      return {"Professional Title", "PROTITLE", "frmTGList_PROT"};
+    case session::PickList::BillingTitle:
+      return {"Billing Title", "BILTTL", "frmTGList_BILT"};
   }
   throw std::out_of_range("no such short list");
 }

@@ -60,6 +60,7 @@ struct Opening {
   std::int32_t carrier = 0;             // for a new group plan: whose it is
   std::int32_t new_employee_login = 0;  // for a new employee: the login that he is entered for, 0 for none
   bool may_book = false;                // offers to save and book an appointment
+  bool joins = false;                   // the existing person becomes one of the kind with the next save
 
   static Opening New(RecordKind kind) { return {.kind = kind}; }
   static Opening Existing(RecordKind kind, std::int32_t id) { return {.kind = kind, .mode = Mode::Existing, .id = id}; }
@@ -73,10 +74,11 @@ struct Outcome {
     Cancelled,
     AlreadyOpen,  // nothing was opened: the screen is open already
     NotBuilt,     // nothing was opened: the screen is not part of this version
+    Instead,      // nothing was written: the person who is there already is to be opened in the new one's place
   };
 
   End end = End::Cancelled;
-  std::int32_t id = 0;         // of the saved record
+  std::int32_t id = 0;         // of the saved record, or of the one to open
   bool save_and_book = false;  // an appointment is to be booked
 
   bool Saved() const { return end == End::Saved; }
@@ -95,7 +97,7 @@ struct ListOutcome {
 };
 
 // A kind of short list that the office keeps for its fields.
-enum class PickList { SexTitle, FeeSchedule, MedicalAlert };
+enum class PickList { SexTitle, FeeSchedule, MedicalAlert, Specialty, ProfessionalTitle, BillingTitle };
 struct PickedText {
   std::string code;
   std::string text;

@@ -19,7 +19,7 @@ using session::Opening;
 using session::RecordKind;
 
 constexpr auto kLastList = session::lulCapPlans;
-constexpr auto kLastPickList = session::PickList::MedicalAlert;
+constexpr auto kLastPickList = session::PickList::BillingTitle;
 
 // What is asked of a practice of its own office.
 struct Asked {

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "editing/rules.h"
+#include "forms/button.h"
+#include "forms/text_box.h"
+#include "forms/user_control.h"
+
+namespace editing {
+
+// A date as it is typed, with its calendar. The screen binds the box to its column with `data::kDate`.
+class DateField : public forms::UserControl, private Rules {
+ public:
+  // The screen's own controls.
+  struct Parts {
+    forms::TextBox& box;
+    forms::Button& calendar;
+  };
+
+  DateField(const session::ScreenContext& context, const Parts& parts);
+
+  const Parts& Fields() const { return parts_; }
+  // Takes what was typed, as "MM-DD-YYYY"; false when it is no date: the person is told, and the focus is there.
+  bool Take();
+
+ protected:
+  bool OnKey(forms::Key key) override;
+
+ private:
+  // The focus then goes on, or stays where nothing was picked.
+  void Pick();
+  bool PickFromCalendar();
+
+  Parts parts_;
+};
+
+}  // namespace editing
