@@ -66,9 +66,10 @@ void Type(forms::Form& form, const char* control, const char* text) {
   box.DoType(text);
 }
 
-std::int32_t FirstPatient(Desk& desk) {
+// Of those with the type flag.
+std::int32_t FirstPerson(Desk& desk, const std::string& type) {
   const auto rows = desk.Session().Office().Connection().Execute(
-      desk.Session().PrepareSQL("SELECT TOP 1 pID FROM PATable WHERE pTypPat >= '1' ORDER BY pID", 1));
+      desk.Session().PrepareSQL("SELECT TOP 1 pID FROM PATable WHERE " + type + " >= '1' ORDER BY pID", 1));
   return rows->Eof() ? 0 : session::ToId(rows->Get(0));
 }
 
@@ -91,7 +92,7 @@ void PrintPersons(Desk& desk, const std::string& more_columns) {
 
 std::vector<Stop> Stops(Desk& desk) {
   views::WxUser& user = desk.User();
-  const std::string patient = std::to_string(FirstPatient(desk));
+  const std::string patient = std::to_string(FirstPerson(desk, "pTypPat"));
   const auto open_form = [&desk](const std::string& name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
       const auto form = entry::MakeForm(name, desk.Context());
@@ -100,6 +101,10 @@ std::vector<Stop> Stops(Desk& desk) {
       }
       desk.User().Show(*form);
     };
+  };
+  const auto edit = [&desk](session::RecordKind kind, const std::string& type) {
+    return
+        [&desk, kind, type] { desk.Context().screens.Edit(session::Opening::Existing(kind, FirstPerson(desk, type))); };
   };
   const auto open_list = [&desk](int type, std::vector<std::pair<std::string, std::string>> options = {}) {
     return [&desk, type, options = std::move(options)] {
@@ -145,6 +150,8 @@ std::vector<Stop> Stops(Desk& desk) {
        }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
+      {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},
+      {"docScreen-referral", edit(session::RecordKind::Referral, "pTypRef")},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},
       {"frmSearchWindow-found", open_form("frmSearchWindow", {{"TypedName", "B"}})},

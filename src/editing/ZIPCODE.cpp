@@ -6,6 +6,7 @@
 #include "editing/customary_form.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 
 namespace editing {
 namespace {
@@ -347,7 +348,10 @@ void ZIPCODE::OnFocus(forms::Control* control) {
 void ZIPCODE::TakeTyped() {
   if (std::exchange(typed_, std::nullopt) == Opener::City) {
     SplitTyped();
-  } else if (const auto places = PlacesOf(parts_.zip.Text.get()); places.size() == 1) {
+    return;
+  }
+  TakeCustomaryForm(context_.session, parts_.zip, forms::FormatZip);
+  if (const auto places = PlacesOf(parts_.zip.Text.get()); places.size() == 1) {
     PutOnScreen(places.front());
   }
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "forms/text.h"
-#include "forms/text_box.h"
 
 namespace editing {
 namespace {
@@ -184,16 +183,20 @@ void EditingForm::MakeReadOnly() {
   read_only_ = true;
   for (forms::Control* control : Controls()) {
     if (auto* box = dynamic_cast<forms::TextBox*>(control)) {
-      box->ReadOnly = true;
-      box->KeyPress = [this](char32_t) {
-        MayModify();
-        return char32_t{0};
-      };
-      box->KeyDown = [this, rule = box->KeyDown](forms::Key key) {
-        return key == forms::Key::Delete ? !MayModify() : rule && rule(key);
-      };
+      LookOnly(*box, [this] { return MayModify(); });
     }
   }
+}
+
+void EditingForm::LookOnly(forms::TextBox& box, const std::function<bool()>& may) {
+  box.ReadOnly = true;
+  box.KeyPress = [may](char32_t) {
+    may();
+    return char32_t{0};
+  };
+  box.KeyDown = [may, rule = box.KeyDown](forms::Key key) {
+    return key == forms::Key::Delete ? !may() : rule && rule(key);
+  };
 }
 
 bool EditingForm::MayModify() const {

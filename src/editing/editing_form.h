@@ -11,6 +11,7 @@
 #include "editing/record_hold.h"
 #include "editing/rules.h"
 #include "forms/form.h"
+#include "forms/text_box.h"
 
 namespace editing {
 
@@ -79,6 +80,8 @@ class EditingForm : public forms::Form, public Rules {
   // right modifies: "employers". False without it.
   bool RequireRight(std::string_view right, std::string_view what);
   void MakeReadOnly();
+  // The same of one field: `may`, which is false, tells whoever tries to change it.
+  static void LookOnly(forms::TextBox& box, const std::function<bool()>& may);
 
   void OnLoad() override;
   bool QueryClose() override;

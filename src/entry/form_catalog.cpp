@@ -11,6 +11,7 @@
 #include "lookup/frmExport.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
+#include "people/docScreen.h"
 #include "people/frmContacts.h"
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
@@ -73,6 +74,8 @@ const std::vector<Screen>& AllScreens() {
   static const std::vector<Screen> screens = {
       Edits<people::patScreen_SM>("patScreen_SM", {RecordKind::Patient}),
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
+      Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
+                                             RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<people::frmContacts>("frmContacts"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
@@ -80,10 +83,6 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmExport>("frmExport"),
       NotBuilt("EmployeeFrm", {RecordKind::Employee}, "employees"),
       NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
-      NotBuilt("docScreen",
-               {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2, RecordKind::ReferInOut,
-                RecordKind::Referral},
-               "providers, referrals and physicians"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
       NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),

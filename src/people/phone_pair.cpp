@@ -115,7 +115,8 @@ void PhonePair::Save() {
 
 void PhonePair::Edit() {
   if (record_.Id() == 0 &&
-      !(Confirm("Before editing contact information, this new entry must be saved.\r\nDo you want to save now?") &&
+      !(Confirm("Before editing contact information, this new entry must be saved.\r\nDo you want to save now?",
+                SaveNewTitle) &&
         SaveNew())) {
     return;
   }

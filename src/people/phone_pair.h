@@ -31,6 +31,8 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   const Parts& Fields() const { return parts_; }
   // Saves a new person, before his contacts are edited; false when that failed.
   std::function<bool()> SaveNew;
+  // Of the question whether to save him.
+  std::string_view SaveNewTitle = forms::kSuiteTitle;
 
   // Prepares the contacts of the record that was read, as `Contacts::Setup`, and labels the boxes. Throws
   // session::DatabaseError.

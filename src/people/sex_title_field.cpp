@@ -5,8 +5,9 @@
 
 namespace people {
 
-SexTitleField::SexTitleField(const session::ScreenContext& context, const Parts& parts, std::string_view whose)
-    : Rules(context), parts_(parts), whose_(whose) {
+SexTitleField::SexTitleField(const session::ScreenContext& context, const Parts& parts, std::string_view whose,
+                             std::string_view list_title)
+    : Rules(context), parts_(parts), whose_(whose), list_title_(list_title) {
   Adopt(parts_.sex);
   Adopt(parts_.title);
   Adopt(parts_.list);
@@ -46,9 +47,10 @@ bool SexTitleField::PickFromList() {
   if (!editing::EditingForm::MayModify(*this)) {
     return false;
   }
-  const auto picked = context_.screens.ShowPickList(session::PickList::SexTitle, "Sex and Title");
+  const auto picked = context_.screens.ShowPickList(session::PickList::SexTitle, list_title_);
   if (!picked || (parts_.sex.Text == picked->code && parts_.title.Text == picked->text) ||
-      !Confirm("Change " + std::string(whose_) + " Sex/Title to [ " + picked->code + "/" + picked->text + " ] ?")) {
+      !Confirm("Change " + std::string(whose_) + (whose_.empty() ? "" : " ") + "Sex/Title to [ " + picked->code + "/" +
+               picked->text + " ] ?")) {
     return false;
   }
   parts_.sex.Text = picked->code;

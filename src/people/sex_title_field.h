@@ -19,8 +19,9 @@ class SexTitleField : public forms::UserControl, private editing::Rules {
     forms::Button& list;
   };
 
-  // `whose` they are in the confirmation: "this patient's".
-  SexTitleField(const session::ScreenContext& context, const Parts& parts, std::string_view whose);
+  // `whose` they are in the confirmation: "this patient's", or nobody's; `list_title` is that of the list.
+  SexTitleField(const session::ScreenContext& context, const Parts& parts, std::string_view whose,
+                std::string_view list_title = "Sex and Title");
 
   const Parts& Fields() const { return parts_; }
   // False when the sex is neither F nor M: the person is told, and the focus is there. One that was stored so and is
@@ -39,6 +40,7 @@ class SexTitleField : public forms::UserControl, private editing::Rules {
 
   Parts parts_;
   std::string_view whose_;
+  std::string_view list_title_;
   std::string shown_;
 };
 

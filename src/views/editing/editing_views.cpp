@@ -15,6 +15,11 @@ void LayOut(FieldGroup& group, editing::BirthDateField& field) {
   group.Row(nullptr, {MakeLabel(group.Box(), parts.age)});
 }
 
+void LayOut(FieldGroup& group, editing::DateField& field) {
+  const auto& parts = field.Fields();
+  group.Row({{parts.box, 12}}, &parts.calendar);
+}
+
 namespace {
 
 void MakePlaceList(FormWindow& window, editing::ZIPCODE& places) {

@@ -1,5 +1,6 @@
 #include "views/people/person_fields_view.h"
 #include "views/button_binders.h"
+#include "views/text_binders.h"
 
 namespace views {
 
@@ -17,6 +18,15 @@ void LayOut(FieldGroup& group, people::PhonePair& phones) {
 
 void LayOut(FieldGroup& group, people::PersonField& field) {
   group.Row({{field.box, 28}}, &field.list);
+}
+
+void LayOut(FieldGroup& group, people::EmployerField& employer) {
+  const auto& parts = employer.Fields();
+  group.Row({{parts.box, 28}}, &parts.list);
+  for (forms::Label& detail : parts.details) {
+    group.Row(nullptr, {MakeLabel(group.Box(), detail)});
+  }
+  group.Below(MakeButton(group.Box(), parts.remove));
 }
 
 }  // namespace views

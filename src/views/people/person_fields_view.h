@@ -1,5 +1,6 @@
 #pragma once
 
+#include "people/employer_field.h"
 #include "people/person_field.h"
 #include "people/phone_pair.h"
 #include "people/sex_title_field.h"
@@ -11,5 +12,6 @@ namespace views {
 void LayOut(FieldGroup& group, people::SexTitleField& field);
 void LayOut(FieldGroup& group, people::PhonePair& phones);
 void LayOut(FieldGroup& group, people::PersonField& field);
+void LayOut(FieldGroup& group, people::EmployerField& employer);
 
 }  // namespace views
