@@ -151,7 +151,13 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},
-      {"docScreen-referral", edit(session::RecordKind::Referral, "pTypRef")},
+      {"docScreen-referral",
+       [&desk, edit] {
+         const session::ScreenContext context = desk.Context();
+         context.session.Connection().Execute(context.session.PrepareSQL(
+             "UPDATE PATable SET pEmpID1=(SELECT MIN(elID) FROM ELTable WHERE elInsID=0) WHERE pTypRef >= '1'", 1));
+         edit(session::RecordKind::Referral, "pTypRef")();
+       }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},
       {"frmSearchWindow-found", open_form("frmSearchWindow", {{"TypedName", "B"}})},

@@ -21,6 +21,14 @@ constexpr std::array<std::string_view, 3> kLocations = {"Main Office", "North Si
 constexpr std::array<std::string_view, 4> kIdTypes = {"State Licence", "National Provider ID", "Medicaid Number",
                                                       "Controlled Substances"};
 
+struct Specialty {
+  std::string_view name;
+  std::string_view taxonomy;
+};
+constexpr std::array kSpecialties = {
+    Specialty{"General Practice", "1223G0001X"}, Specialty{"Orthodontics", "1223X0400X"},
+    Specialty{"Pediatric Dentistry", "1223P0221X"}, Specialty{"Endodontics", "1223E0200X"}};
+
 struct Post {
   std::string_view department;
   std::string_view professional_title;
@@ -50,6 +58,7 @@ class StaffMaker {
     for (TableWriter* writer : {&persons_, &id_types_, &ids_, &pay_, &schedules_}) {
       writer->Flush();
     }
+    DescribeProviders();
     WriteOfficeSetting(office_.Database(), kOfficeDefaults, "OFF_PRA_PRO", std::to_string(staff_.providers.front()));
     WriteOfficeSetting(office_.Database(), kOfficeDefaults, kDefaultProvider, std::to_string(staff_.providers.front()));
     return std::move(staff_);
@@ -120,6 +129,22 @@ class StaffMaker {
         ids_.Row(id, types[type], std::to_string(office_.Chance().Between(1000000, 9999999)));
       }
       MakePay(id, {"Dentistry", "", 140000});
+    }
+  }
+
+  // What health plans ask of them.
+  void DescribeProviders() {
+    const data::Statements statements(office_.Database());
+    for (std::size_t i = 0; i < staff_.providers.size(); ++i) {
+      const auto number = static_cast<int>(i);
+      const Specialty& specialty = kSpecialties.at(i % kSpecialties.size());
+      statements.Update("PATable",
+                        {{"pDOCSPE", Literal(specialty.name)},
+                         {"pDOCTAX", Literal(specialty.taxonomy)},
+                         {"pDOCLIC", Literal("TX-" + std::to_string(21480 + 37 * number))},
+                         {"pDOCEIN", Literal("74-" + std::to_string(2310550 + 911 * number))},
+                         {"pDOCDATEMP", Literal(office_.DaysAgo(500 + 730 * number))}},
+                        "pID", staff_.providers[i]);
     }
   }
 

@@ -63,7 +63,7 @@ class docScreen : public editing::EditingForm {
   std::array<forms::TextBox, 23> Text1;
   std::array<forms::Label, 23> Label1;
   std::array<forms::TextBox, 1> Text2;  // the employer's name
-  std::array<forms::Label, 2> Label2;   // of the employer and the taxonomy
+  forms::Label Label2;                  // of the taxonomy
   std::array<forms::Label, 3> Label4;   // the employer's street, place and phone
   forms::Button Command1;               // sexes and titles
   forms::Button Command2;               // professional titles

@@ -8,7 +8,7 @@ constexpr std::array kCaptions = {"&Last Name",
                                   "&First Name",
                                   "Se&x",
                                   "&Title",
-                                  "Profession&al Title",
+                                  "P&rofessional Title",
                                   "Address &1",
                                   "Address &2",
                                   "Cit&y",
@@ -17,16 +17,16 @@ constexpr std::array kCaptions = {"&Last Name",
                                   "Home Phone",
                                   "Work Phone",
                                   "Licence Num&ber",
-                                  "&EIN",
-                                  "&General Remarks",
+                                  "E&IN",
+                                  "&General",
                                   "",
                                   "",
-                                  "S&pecialty",
-                                  "Employment &Date",
+                                  "Spe&cialty",
+                                  "Em&ployment Date",
                                   "SS&N",
-                                  "Medical Pro&vider No.",
-                                  "&Initials",
-                                  "Fee Sched&ule"};
+                                  "Medical N&umber",
+                                  "Pro&vider Initials",
+                                  "Fee Schedule (1 to &4)"};
 constexpr std::array kTypeNames = {"Patient",  "Provider",      "Referral",     "Physician",
                                    "Employee", "Person type 6", "Person type 7"};
 
@@ -60,11 +60,10 @@ void docScreen::Register() {
   }
   Text1[kRemark2].AccessibleName = "General Remarks, second line";
   Text1[kRemark3].AccessibleName = "General Remarks, third line";
-  Label2[0].Caption = "Employe&r";
-  Text2[0].Heading = &Label2[0];
+  Text2[0].AccessibleName = "Employer";
   Text2[0].ToolTip = "F9 searches for the employer, Delete takes it away";
-  Label2[1].Caption = "Taxonomy";
-  cboTaxonomy.Heading = &Label2[1];
+  Label2.Caption = "Taxonomy";
+  cboTaxonomy.Heading = &Label2;
   chkHideZEP.Caption = "Hide from the time clock";
   TDBG1.AccessibleName = "Identification numbers";
   for (std::size_t i = 0; i < types_.size(); ++i) {
@@ -76,7 +75,7 @@ void docScreen::Register() {
     control->Container = &Frame1;
   }
   for (forms::Control* control :
-       std::initializer_list<forms::Control*>{&Employer, &Label2[0], &Label4[0], &Label4[1], &Label4[2]}) {
+       std::initializer_list<forms::Control*>{&Employer, &Label4[0], &Label4[1], &Label4[2]}) {
     control->Container = &Frame2;
   }
   Reads({&Text1[kLastName],
@@ -92,6 +91,9 @@ void docScreen::Register() {
          &Text1[kState],
          &Text1[kZip],
          &ZipCode1,
+         &Text1[kRemark1],
+         &Text1[kRemark2],
+         &Text1[kRemark3],
          &Frame1,
          &Frame2,
          &Text1[kSpecialty],
@@ -102,9 +104,6 @@ void docScreen::Register() {
          &Text1[kEmployerNumber],
          &Text1[kSsn],
          &TDBG1,
-         &Text1[kRemark1],
-         &Text1[kRemark2],
-         &Text1[kRemark3],
          &PictureBox1,
          &DialogButtons1});
 }
@@ -132,7 +131,7 @@ void docScreen::RegisterButtons() {
   }
   Command3D1.ToolTip = "Pick the day from a calendar (F9)";
   Command4.Caption = "Remove";
-  cmdContact.Caption = "&Contacts...";
+  cmdContact.Caption = "Contacts...";
   picSwapName.Caption = "S&wap";
   picSwapName.AccessibleName = "Swap first and last name";
   picSwapName.Picture = "SWAP-16X16.PNG";

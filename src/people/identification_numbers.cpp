@@ -20,8 +20,8 @@ constexpr int kValue = 1;  // the cell
 IdentificationNumbers::IdentificationNumbers(const session::ScreenContext& context, forms::Grid& grid)
     : Rules(context), grid_(grid) {
   grid_.Columns = std::vector<forms::GridColumn>{
-      {.key = "IDTypDes", .caption = "Description", .width = 190, .cell = 0},
-      {.key = "DrIDVal", .caption = "Value", .width = 170, .editable = true, .cell = kValue}};
+      {.key = "IDTypDes", .caption = "Description", .width = 250, .cell = 0},
+      {.key = "DrIDVal", .caption = "Value", .width = 210, .editable = true, .cell = kValue}};
   grid_.EmptyText = "The office has no kinds of identification numbers.";
   grid_.CellEdited = [this](int column, const std::string& value) {
     return editing::EditingForm::MayModify(grid_) && Fits(column, value);

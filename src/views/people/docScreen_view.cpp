@@ -78,9 +78,9 @@ wxSizer* NumberGroup(FormDialog& dialog, docScreen& form) {
 
 wxSizer* RemarkGroup(FormDialog& dialog, docScreen& form) {
   FieldGroup group(&dialog, "Remarks");
-  group.Row({{form.Text1[form.kRemark1], 60}});
+  group.Row({{form.Text1[form.kRemark1], 30}});
   for (const auto line : {form.kRemark2, form.kRemark3}) {
-    group.Row(nullptr, {MakeTextBox(group.Box(), form.Text1[line], 60)});
+    group.Row(nullptr, {MakeTextBox(group.Box(), form.Text1[line], 30)});
   }
   return group.Sizer();
 }
@@ -93,6 +93,7 @@ void LayOut_docScreen(FormDialog& dialog, docScreen& form) {
   left->Add(NameGroup(dialog, form), group);
   left->Add(PhoneGroup(dialog, form), group);
   left->Add(AddressGroup(dialog, form), group);
+  left->Add(RemarkGroup(dialog, form), group);
   auto* right = new wxBoxSizer(wxVERTICAL);
   right->Add(PracticePanel(dialog, form), group);
   right->Add(EmployerPanel(dialog, form), group);
@@ -104,7 +105,6 @@ void LayOut_docScreen(FormDialog& dialog, docScreen& form) {
 
   auto* page = new wxBoxSizer(wxVERTICAL);
   page->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(4)));
-  page->Add(RemarkGroup(dialog, form), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, dialog.FromDIP(10)));
   page->Add(MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(10)));
   LayOut(dialog, form.PictureBox1);
   dialog.SetSizer(page);

@@ -22,7 +22,9 @@ void LayOut(FieldGroup& group, people::PersonField& field) {
 
 void LayOut(FieldGroup& group, people::EmployerField& employer) {
   const auto& parts = employer.Fields();
-  group.Row({{parts.box, 28}}, &parts.list);
+  // The group is called what the field is.
+  wxWindow* box = MakeTextBox(group.Box(), parts.box, 28);
+  group.Row(nullptr, {box}, MakePickButton(group.Box(), parts.list));
   for (forms::Label& detail : parts.details) {
     group.Row(nullptr, {MakeLabel(group.Box(), detail)});
   }
