@@ -106,7 +106,13 @@ void docScreen::Wire() {
       Close();
     }
   };
-  DialogButtons1.Extra.Click = [this] { Delete(); };
+  DialogButtons1.Extra.Click = [this] {
+    if (IsProvider()) {
+      DeleteProvider();
+    } else if (MayRename()) {
+      DeletePerson();
+    }
+  };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
 }
@@ -297,42 +303,38 @@ session::Outcome docScreen::Ended() const {
   if (duplicate_.Instead() != 0) {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
   }
-  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = Patable.Id()};
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
+          .id = gone_ ? 0 : Patable.Id()};
 }
 
 void docScreen::OfferDelete() {
   DialogButtons1.Extra.Visible = !Adding() && !ReadOnly();
 }
 
-// A provider stays as an employee, with what was changed of him; others go.
-void docScreen::Delete() {
-  if (!MayModify()) {
-    return;
-  }
-  if (IsProvider() ? QueryClose() && editing::DeleteProvider(context_, Patable.Id()) : DeletePerson()) {
+// A provider stays an employee, with what was changed of him.
+void docScreen::DeleteProvider() {
+  if (QueryClose() && editing::DeleteProvider(context_, Patable.Id())) {
     Saved = true;
     Close();
   }
 }
 
-bool docScreen::DeletePerson() {
+void docScreen::DeletePerson() {
   const editing::PersonDeletion deletion(context_);
-  bool deleted = false;
-  Attempt([&] {
-    const editing::RecordHold hold(context_.session, "PATABLE", Patable.Id());
-    const editing::RecordHold transactions_hold(context_.session, "DTTABLE", Patable.Id());
-    const editing::DeletedPerson person = editing::DeletedPerson::Read(statements_, Patable.Id());
-    const bool agreed = person.patient ? HasRight("DELETE-PATIENT", "patients", "delete") &&
-                                             Warn("This action will also delete " + person.name + "'s patient entry.")
-                                       : Confirm("Are you sure you want to delete " + person.name + "?");
-    if (agreed && MayRename() && deletion.MayDelete(person)) {
-      hold.Require();
-      transactions_hold.Require();
-      deletion.Delete(person);
-      deleted = true;
-    }
-  });
-  return deleted;
+  const editing::RecordHold hold(context_.session, "PATABLE", Patable.Id());
+  const editing::RecordHold transactions_hold(context_.session, "DTTABLE", Patable.Id());
+  const editing::DeletedPerson person = editing::DeletedPerson::Read(statements_, Patable.Id());
+  const bool agreed = person.patient ? HasRight("DELETE-PATIENT", "patients", "delete") &&
+                                           Warn("This action will also delete " + person.name + "'s patient entry.")
+                                     : Confirm("Are you sure you want to delete " + person.name + "?");
+  if (agreed && deletion.MayDelete(person)) {
+    hold.Require();
+    transactions_hold.Require();
+    deletion.Delete(person);
+    Saved = true;
+    gone_ = true;
+    Close();
+  }
 }
 
 }  // namespace people

@@ -123,8 +123,8 @@ class docScreen : public editing::EditingForm {
   void ShowReferences();
   void GuardNames();
   void OfferDelete();
-  void Delete();
-  bool DeletePerson();
+  void DeletePerson();
+  void DeleteProvider();
   bool IsProvider() const { return Opened.kind == session::RecordKind::Provider; }
   bool Adding() const { return Patable.Id() == 0; }
   bool MayRename() const;
@@ -138,6 +138,7 @@ class docScreen : public editing::EditingForm {
   Initials initials_;
   IdentificationNumbers numbers_;
   DuplicatePerson duplicate_;
+  bool gone_ = false;  // deleted, and no record any more
   editing::KeptLayout layout_{context_.session, TDBG1};
 };
 

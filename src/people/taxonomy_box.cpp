@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <string_view>
 
 #include "forms/text.h"
 
@@ -37,11 +39,13 @@ auto Find(std::string_view code) {
 
 TaxonomyBox::TaxonomyBox() {
   std::vector<forms::ListItem> items;
-  for (const Taxonomy& taxonomy : kTaxonomies) {
-    items.push_back({.text = std::string(taxonomy.name)});
-  }
+  std::ranges::transform(kTaxonomies, std::back_inserter(items),
+                         [](const Taxonomy& taxonomy) { return forms::ListItem{std::string(taxonomy.name)}; });
   Items = std::move(items);
-  Told = TaxonomyName;
+  Told = [](const std::string& code) {
+    const auto* known = Find(code);
+    return known == kTaxonomies.end() ? code : std::string(known->name);
+  };
 }
 
 std::string TaxonomyBox::FieldText() const {
@@ -71,11 +75,6 @@ bool TaxonomyBox::OnKey(forms::Key key) {
     ListIndex = -1;
   }
   return key == forms::Key::Delete || ComboBox::OnKey(key);
-}
-
-std::string TaxonomyName(std::string_view code) {
-  const auto* known = Find(code);
-  return std::string(known == kTaxonomies.end() ? code : known->name);
 }
 
 }  // namespace people

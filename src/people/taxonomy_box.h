@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "forms/list_box.h"
 
@@ -20,8 +19,5 @@ class TaxonomyBox : public forms::ComboBox {
   // Delete leaves none chosen.
   bool OnKey(forms::Key key) override;
 };
-
-// "General Practice"; an unknown code stays as it is.
-std::string TaxonomyName(std::string_view code);
 
 }  // namespace people
