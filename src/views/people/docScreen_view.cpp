@@ -22,7 +22,6 @@ wxSizer* NameGroup(FormDialog& dialog, docScreen& form) {
   group.Row({{form.Text1[form.kFirstName], 30}});
   group.BehindBoth(MakePicture(group.Box(), form.picSwapName));
   LayOut(group, form.SexTitle);
-  group.Row({{form.Text1[form.kProfessionalTitle], 20}}, &form.Command2);
   return group.Sizer();
 }
 
@@ -60,12 +59,12 @@ wxWindow* EmployerPanel(FormDialog& dialog, docScreen& form) {
 
 wxSizer* ProfessionGroup(FormDialog& dialog, docScreen& form) {
   FieldGroup group(&dialog, "Profession");
+  group.Row({{form.Text1[form.kProfessionalTitle], 20}}, &form.Command2);
   group.Row({{form.Text1[form.kSpecialty], 30}}, &form.FR2_CMD_SPE);
   wxWindow* taxonomy = MakeCaption(group.Box(), *form.cboTaxonomy.Heading);
   group.Row(taxonomy, {MakeComboBox(group.Box(), form.cboTaxonomy, 30)});
-  group.Row({{form.Text1[form.kLicence], 14}});
-  group.Row({{form.Text1[form.kMedicalNumber], 14}});
-  group.Row({{form.Text1[form.kEmployerNumber], 14}, {form.Text1[form.kSsn], 12}});
+  group.Row({{form.Text1[form.kLicence], 12}, {form.Text1[form.kMedicalNumber], 12}});
+  group.Row({{form.Text1[form.kEmployerNumber], 12}, {form.Text1[form.kSsn], 12}});
   return group.Sizer();
 }
 
