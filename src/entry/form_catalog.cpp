@@ -11,6 +11,7 @@
 #include "lookup/frmExport.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
+#include "people/EmployeeFrm.h"
 #include "people/docScreen.h"
 #include "people/frmContacts.h"
 #include "people/frmDatabaseSearch.h"
@@ -73,6 +74,7 @@ Screen NotBuilt(std::string_view name, std::initializer_list<RecordKind> kinds, 
 const std::vector<Screen>& AllScreens() {
   static const std::vector<Screen> screens = {
       Edits<people::patScreen_SM>("patScreen_SM", {RecordKind::Patient}),
+      Edits<people::EmployeeFrm>("EmployeeFrm", {RecordKind::Employee}),
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
@@ -81,7 +83,6 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),
-      NotBuilt("EmployeeFrm", {RecordKind::Employee}, "employees"),
       NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),

@@ -4,6 +4,7 @@
 #include "views/lookup/frmExport_view.h"
 #include "views/lookup/frmSearchWindow_view.h"
 #include "views/lookup/frmTGList_view.h"
+#include "views/people/EmployeeFrm_view.h"
 #include "views/people/docScreen_view.h"
 #include "views/people/frmContacts_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
@@ -15,6 +16,7 @@ ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<people::docScreen>("docScreen", LayOut_docScreen);
+  registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);

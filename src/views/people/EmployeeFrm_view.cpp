@@ -1,0 +1,84 @@
+#include "views/people/EmployeeFrm_view.h"
+
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/choice_binders.h"
+#include "views/editing/editing_views.h"
+#include "views/field_group.h"
+#include "views/people/person_fields_view.h"
+#include "views/tab_binders.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+using people::EmployeeFrm;
+
+wxSizer* NameGroup(wxWindow* page, EmployeeFrm& form) {
+  FieldGroup group(page, "Name");
+  group.Row({{form.Gen_Txt[form.kLastName], 30}});
+  group.Row({{form.Gen_Txt[form.kFirstName], 30}});
+  group.BehindBoth(MakePicture(group.Box(), form.picSwapName));
+  LayOut(group, form.SexTitle);
+  LayOut(group, form.BirthDate);
+  group.Row({{form.Gen_Txt[form.kSsn], 14}});
+  group.Row({{form.Gen_Txt[form.kProfessionalTitle], 20}}, &form.Gen_CMD[form.kPickProfessionalTitle]);
+  return group.Sizer();
+}
+
+wxSizer* EmploymentGroup(wxWindow* page, EmployeeFrm& form) {
+  FieldGroup group(page, "Employment");
+  group.Row({{form.Gen_Txt[form.kEmployed], 12}}, &form.Gen_CMD[form.kPickEmployed]);
+  group.Row({{form.Gen_Txt[form.kTerminated], 12}});
+  group.Row({{form.Gen_Txt[form.kEin], 15}});
+  group.Row({{form.Gen_Txt[form.kInitials], 6}}, &form.Gen_CMD[form.kChooseInitials]);
+  group.Below(MakeCheckBox(group.Box(), form.chkHideZEP));
+  return group.Sizer();
+}
+
+wxSizer* AddressGroup(wxWindow* page, EmployeeFrm& form) {
+  FieldGroup group(page, "Address");
+  group.Row({{form.Gen_Txt[form.kAddress1], 30}});
+  group.Row({{form.Gen_Txt[form.kAddress2], 30}});
+  LayOut(group, form.ZipCode1);
+  return group.Sizer();
+}
+
+wxSizer* PhoneGroup(wxWindow* page, EmployeeFrm& form) {
+  FieldGroup group(page, "Phones");
+  group.Row({{form.Gen_Txt[form.kPhone], 24}});
+  group.Row({{form.Gen_Txt[form.kFax], 24}});
+  group.Row({{form.Gen_Txt[form.kEmail], 24}});
+  return group.Sizer();
+}
+
+void LayOutGeneral(wxPanel* page, EmployeeFrm& form) {
+  const auto group = wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6));
+  auto* left = new wxBoxSizer(wxVERTICAL);
+  left->Add(NameGroup(page, form), group);
+  left->Add(EmploymentGroup(page, form), group);
+  auto* right = new wxBoxSizer(wxVERTICAL);
+  right->Add(AddressGroup(page, form), group);
+  right->Add(PhoneGroup(page, form), group);
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(left, wxSizerFlags(1).Expand());
+  columns->Add(right, wxSizerFlags(1).Expand());
+  page->SetSizer(columns);
+}
+
+}  // namespace
+
+void LayOut_EmployeeFrm(FormDialog& dialog, EmployeeFrm& form) {
+  wxNotebook* book = MakeTabs(&dialog, form.TabEBInfo);
+  LayOutGeneral(PageOf(book, form.Frame[form.kGeneral]), form);
+
+  auto* content = new wxBoxSizer(wxVERTICAL);
+  content->Add(book, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(10)));
+  content->Add(MakeDialogButtons(&dialog, form.DialogButtons1),
+               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, dialog.FromDIP(10)));
+  LayOut(dialog, form.PictureBox1);
+  dialog.SetSizer(content);
+}
+
+}  // namespace views
