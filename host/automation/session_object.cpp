@@ -2,6 +2,7 @@
 
 #include <array>
 #include <new>
+#include <vector>
 
 #include "automation/connection_object.h"
 #include "automation/named_object.h"
@@ -27,15 +28,15 @@ session::LogKind ToLogKind(const std::string& name) {
   throw session::DatabaseError("There is no log \"" + name + "\".", {}, 0);
 }
 
-Variant ToArray(std::initializer_list<Variant> three) {
+Variant ToArray(std::vector<Variant> values) {
   Variant array;
-  V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
+  V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
   if (V_ARRAY(&array) == nullptr) {
     throw std::bad_alloc();
   }
   V_VT(&array) = VT_ARRAY | VT_VARIANT;
   LONG at = 0;
-  for (Variant value : three) {
+  for (Variant& value : values) {
     automation::Check(SafeArrayPutElement(V_ARRAY(&array), &at, &value));
     ++at;
   }
@@ -48,6 +49,7 @@ class SessionObject final : public automation::NamedObject {
     AddDatabase();
     AddLoginAndSettings();
     AddSuite();
+    AddStaff();
     AddMachine();
   }
 
@@ -110,6 +112,27 @@ class SessionObject final : public automation::NamedObject {
       const session::AccountFigures figures = session_->AccountOf(given.Int(0));
       return ToArray({ToVariant(figures.balance), ToVariant(figures.plan_balance),
                       Variant::Of(static_cast<std::int32_t>(figures.plan))});
+    });
+  }
+  void AddStaff() {
+    Add("RightsCatalogue", [this](const CallArguments&) {
+      std::vector<Variant> rights;
+      for (const session::Right& right : session_->RightsCatalogue()) {
+        rights.push_back(
+            ToArray({Variant::Of(right.keyword), Variant::Of(right.label),
+                     Variant::Of(static_cast<std::int32_t>(right.product)), Variant::Of(right.by_default)}));
+      }
+      return ToArray(std::move(rights));
+    });
+    Add("StorablePassword", [this](const CallArguments& given) {
+      const auto stored = session_->StorablePassword(given.Text(0));
+      return stored ? Variant::Of(*stored) : Variant();
+    });
+    Add("DefaultSchedule", [this](const CallArguments&) {
+      const session::WorkSchedule schedule = session_->DefaultSchedule();
+      const forms::DateTime day = forms::AtMidnight(session_->Today());
+      return ToArray({Variant::Of(forms::FormatWeekdays(schedule.days)), ToVariant(day + schedule.start),
+                      ToVariant(day + schedule.end)});
     });
   }
   void AddMachine() {

@@ -159,9 +159,9 @@ class StaffMaker {
       AddLogin(office_.Database(), {"admin", passwords_.admin, id, staff_.locations, {std::string(kSupervisorRight)}});
     } else if (post.department == "Front Desk") {
       NewLogin login{"front", passwords_.front, id, staff_.locations, {}};
-      for (const Right& right : RightsCatalogue()) {
-        if (right.front_desk) {
-          login.rights.emplace_back(right.keyword);
+      for (const session::Right& right : RightsCatalogue()) {
+        if (right.by_default) {
+          login.rights.push_back(right.keyword);
         }
       }
       AddLogin(office_.Database(), login);

@@ -59,4 +59,20 @@ session::AccountFigures HostSession::AccountOf(std::int32_t person) const {
   return ReadAccount(database_, person);
 }
 
+// What is no day or time is as if it were not set.
+session::WorkSchedule HostSession::DefaultSchedule() const {
+  session::WorkSchedule schedule;
+  const auto setting = [this](std::string_view key) { return OfficeSetting(kOfficeDefaults, key); };
+  const auto time = [&setting](std::string_view key, std::chrono::minutes otherwise) {
+    const auto read = forms::ParseIso("2000-01-01 " + setting(key) + ":00");
+    return read ? std::chrono::floor<std::chrono::minutes>(*read - forms::AtMidnight(forms::DateOf(*read))) : otherwise;
+  };
+  if (const auto days = forms::ParseWeekdays(setting(kWorkDays)); days && days->any()) {
+    schedule.days = *days;
+  }
+  schedule.start = time(kWorkStart, schedule.start);
+  schedule.end = time(kWorkEnd, schedule.end);
+  return schedule;
+}
+
 }  // namespace host

@@ -78,6 +78,12 @@ class HostSession : public session::Session {
   }
   session::AccountFigures AccountOf(std::int32_t person) const override;
 
+  std::vector<session::Right> RightsCatalogue() const override { return host::RightsCatalogue(); }
+  std::optional<std::string> StorablePassword(std::string_view password) const override {
+    return HashPassword(password);
+  }
+  session::WorkSchedule DefaultSchedule() const override;
+
   forms::DateTime Now() const override { return surroundings_.clock(); }
   std::string DataFolder() const override { return surroundings_.data_folder; }
   std::string ProgramFolder() const override { return surroundings_.program_folder; }

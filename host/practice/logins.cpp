@@ -17,18 +17,6 @@ namespace {
 
 using data::Literal;
 
-constexpr std::array kRights = {
-    Right{kSupervisorRight, "Supervisor Rights"},
-    Right{"EDIT-EMP-INS", "Edit employers and insurance companies", true},
-    Right{"LINK-EMP-INS", "Link employers and insurance plans", true},
-    Right{"Change-Ins-Plan-Detail", "Change insurance plan details", true},
-    Right{"DELETE-PATIENT", "Delete patients"},
-    Right{"DELETE-PROVIDER", "Delete providers"},
-    Right{"CHANGE-PRO-NAME", "Modify provider names"},
-    Right{"CHANGE-REF-NAME", "Modify referral names"},
-    Right{"CC_CAN_ADD_NEW", "Add credit cards"},
-};
-
 void StartSodium() {
   if (sodium_init() < 0) {
     throw std::runtime_error("The password library cannot be started.");
@@ -117,7 +105,24 @@ LoginRights RightsAt(const data::Statements& statements, const Candidate& login,
 
 }  // namespace
 
-std::span<const Right> RightsCatalogue() {
+const std::vector<session::Right>& RightsCatalogue() {
+  using enum session::Product;
+  static const std::vector<session::Right> kRights = {
+      {std::string(kSupervisorRight), "Supervisor Rights"},
+      {"EDIT-EMP-INS", "Edit employers and insurance companies", Practice, true},
+      {"LINK-EMP-INS", "Link employers and insurance plans", Practice, true},
+      {"Change-Ins-Plan-Detail", "Change insurance plan details", Practice, true},
+      {"DELETE-PATIENT", "Delete patients"},
+      {"DELETE-PROVIDER", "Delete providers"},
+      {"CHANGE-PRO-NAME", "Modify provider names"},
+      {"CHANGE-REF-NAME", "Modify referral names"},
+      {"CHANGE-STA-DAT", "Change statement dates"},
+      {"CC_CAN_ADD_NEW", "Add credit cards"},
+      {"ZEP-CLO-INO", "Clock in and out", TimeClock, true},
+      {"ZEP-EDI-TIM", "Edit clock times", TimeClock},
+      {"ZEP-EDI-ABS", "Edit absences", TimeClock},
+      {"ZEP-PRI-TIM", "Print time sheets", TimeClock},
+  };
   return kRights;
 }
 

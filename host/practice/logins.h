@@ -5,7 +5,6 @@
 #include <functional>
 #include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,14 +16,8 @@ namespace host {
 
 using session::kSupervisorRight;
 
-// A guarded action.
-struct Right {
-  std::string_view keyword;
-  std::string_view label;
-  bool front_desk = false;  // among the rights that a new employee is given
-};
 // Every right an office can give, in the order of the rights grid.
-std::span<const Right> RightsCatalogue();
+const std::vector<session::Right>& RightsCatalogue();
 
 // Who sits at the keyboard. A supervisor has every right.
 class LoginRights {

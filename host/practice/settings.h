@@ -11,6 +11,11 @@ inline constexpr std::string_view kOfficeDefaults = "DEFAULT_OFFICE_SETUP";
 // The provider of a new patient; "OFF_PRA_PRO" is the practice's own.
 inline constexpr std::string_view kDefaultProvider = "OFF_DEF_PRO";
 
+// The schedule of an employee for whom none was entered: its days ("Mon-Fri"), and its times ("08:00").
+inline constexpr std::string_view kWorkDays = "OFF_WOR_DAY";
+inline constexpr std::string_view kWorkStart = "OFF_WOR_STA";
+inline constexpr std::string_view kWorkEnd = "OFF_WOR_END";
+
 // The desk's own settings of an office: after how many idle minutes it locks itself, "0" for never; what its login says
 // below the name.
 inline constexpr std::string_view kDeskSection = "DESK";

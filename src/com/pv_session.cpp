@@ -1,6 +1,7 @@
 #include "com/pv_session.h"
 
-#include <array>
+#include <chrono>
+#include <vector>
 
 namespace com {
 namespace {
@@ -30,23 +31,33 @@ forms::Currency ToCurrency(const VARIANT& variant) {
   return forms::Currency::FromTenThousandths(V_CY(&amount).int64);
 }
 
-std::array<Variant, 3> ToThree(const VARIANT& array) {
-  std::array<Variant, 3> three;
+std::vector<Variant> ToVariants(const VARIANT& array) {
   if (V_VT(&array) != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(V_ARRAY(&array)) != 1) {
     throw ComError(DISP_E_TYPEMISMATCH);
   }
   LONG at = 0;
+  LONG last = 0;
   Check(SafeArrayGetLBound(V_ARRAY(&array), 1, &at));
-  for (Variant& value : three) {
-    Check(SafeArrayGetElement(V_ARRAY(&array), &at, &value));
-    ++at;
+  Check(SafeArrayGetUBound(V_ARRAY(&array), 1, &last));
+  std::vector<Variant> values;
+  for (; at <= last; ++at) {
+    Check(SafeArrayGetElement(V_ARRAY(&array), &at, &values.emplace_back()));
   }
-  return three;
+  return values;
+}
+
+// So many values or more.
+std::vector<Variant> ToVariants(const VARIANT& array, std::size_t least) {
+  std::vector<Variant> values = ToVariants(array);
+  if (values.size() < least) {
+    throw ComError(DISP_E_BADINDEX);
+  }
+  return values;
 }
 
 // Balance, balance of the plan, and kind of plan: 0 none, 1 the person's own, 2 another family member's.
 session::AccountFigures ToFigures(const VARIANT& variant) {
-  const auto figures = ToThree(variant);
+  const auto figures = ToVariants(variant, 3);
   const std::int32_t plan = ToInt(figures[2]);
   if (plan < 0 || plan > 2) {
     throw ComError(DISP_E_OVERFLOW);
@@ -54,7 +65,62 @@ session::AccountFigures ToFigures(const VARIANT& variant) {
   return {ToCurrency(figures[0]), ToCurrency(figures[1]), static_cast<session::BudgetPlan>(plan)};
 }
 
+session::RecordHolder ToHolder(const VARIANT& variant) {
+  const auto holder = ToVariants(variant, 3);
+  return {automation::ToText(holder[0]), automation::ToText(holder[1]), automation::ToBool(holder[2])};
+}
+
+forms::DateTime ToDateTime(const VARIANT& variant) {
+  return *session::ToDateTime(ToValue(ChangeType(variant, VT_DATE)));
+}
+
+// Keyword, label, product (0 the practice, 1 the time clock), and whether a new employee is given it.
+session::Right ToRight(const VARIANT& variant) {
+  const auto right = ToVariants(variant, 4);
+  const std::int32_t product = ToInt(right[2]);
+  if (product < 0 || product > 1) {
+    throw ComError(DISP_E_OVERFLOW);
+  }
+  return {automation::ToText(right[0]), automation::ToText(right[1]), static_cast<session::Product>(product),
+          automation::ToBool(right[3])};
+}
+
+std::vector<session::Right> ToRights(const VARIANT& variant) {
+  std::vector<session::Right> rights;
+  for (const Variant& right : ToVariants(variant)) {
+    rights.push_back(ToRight(right));
+  }
+  return rights;
+}
+
+std::chrono::minutes ToTimeOfDay(const VARIANT& variant) {
+  const forms::DateTime time = ToDateTime(variant);
+  return std::chrono::floor<std::chrono::minutes>(time - forms::AtMidnight(forms::DateOf(time)));
+}
+
+// Days, start and end.
+session::WorkSchedule ToSchedule(const VARIANT& variant) {
+  const auto schedule = ToVariants(variant, 3);
+  const auto days = forms::ParseWeekdays(automation::ToText(schedule[0]));
+  if (!days) {
+    throw ComError(DISP_E_TYPEMISMATCH);
+  }
+  return {*days, ToTimeOfDay(schedule[1]), ToTimeOfDay(schedule[2])};
+}
+
 }  // namespace
+
+template <typename Read>
+auto PvSession::Told(const char* member, std::initializer_list<Variant> arguments, const std::string& what,
+                     Read read) const {
+  const Variant told = pv_.Call(member, arguments);
+  try {
+    return read(told);
+  } catch (const ComError& error) {
+    throw session::DatabaseError(pv_.Name() + " of the host gives no " + what + " for \"" + member + "\".", {},
+                                 static_cast<int>(error.Result()));
+  }
+}
 
 std::int32_t PvSession::DatabaseKind() const {
   return pv_.Int("DatabaseKind");
@@ -114,14 +180,7 @@ session::RecordHolder PvSession::HolderOf(std::string_view table, std::int32_t i
   if (!pv_.Offers("RecordHolder")) {
     return {};
   }
-  const Variant holder = pv_.Call("RecordHolder", {Variant::Of(table), Variant::Of(id)});
-  try {
-    const auto [user, machine, silent] = ToThree(holder);
-    return {automation::ToText(user), automation::ToText(machine), automation::ToBool(silent)};
-  } catch (const ComError& error) {
-    throw session::DatabaseError(pv_.Name() + " of the host gives no three values for \"RecordHolder\".", {},
-                                 static_cast<int>(error.Result()));
-  }
+  return Told("RecordHolder", {Variant::Of(table), Variant::Of(id)}, "three values", ToHolder);
 }
 
 std::optional<session::RecordHolder> PvSession::HoldRecord(std::string_view table, std::int32_t id) {
@@ -155,23 +214,33 @@ std::optional<session::RecordHolder> PvSession::HeldByAnother(std::string_view t
 }
 
 session::AccountFigures PvSession::AccountOf(std::int32_t person) const {
-  const Variant figures = pv_.Call("AccountOf", {Variant::Of(person)});
-  try {
-    return ToFigures(figures);
-  } catch (const ComError& error) {
-    throw session::DatabaseError(pv_.Name() + " of the host gives no three figures for \"AccountOf\".", {},
-                                 static_cast<int>(error.Result()));
+  return Told("AccountOf", {Variant::Of(person)}, "three figures", ToFigures);
+}
+
+std::vector<session::Right> PvSession::RightsCatalogue() const {
+  if (!pv_.Offers("RightsCatalogue")) {
+    return {};
   }
+  return Told("RightsCatalogue", {}, "rights of four values", ToRights);
+}
+
+std::optional<std::string> PvSession::StorablePassword(std::string_view password) const {
+  if (!pv_.Offers("StorablePassword")) {
+    return std::nullopt;
+  }
+  std::string stored = pv_.Text("StorablePassword", {Variant::Of(password)});
+  return stored.empty() ? std::nullopt : std::optional(std::move(stored));
+}
+
+session::WorkSchedule PvSession::DefaultSchedule() const {
+  if (!pv_.Offers("DefaultSchedule")) {
+    return {};
+  }
+  return Told("DefaultSchedule", {}, "days and two times", ToSchedule);
 }
 
 forms::DateTime PvSession::Now() const {
-  const Variant now = pv_.Call("Now");
-  try {
-    return *session::ToDateTime(ToValue(ChangeType(now, VT_DATE)));
-  } catch (const ComError& error) {
-    throw session::DatabaseError(pv_.Name() + " of the host gives no date for \"Now\".", {},
-                                 static_cast<int>(error.Result()));
-  }
+  return Told("Now", {}, "date", ToDateTime);
 }
 
 std::string PvSession::DataFolder() const {

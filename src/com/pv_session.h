@@ -1,7 +1,10 @@
 #pragma once
 
+#include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "automation/dispatch_object.h"
 #include "automation/module.h"
@@ -12,6 +15,7 @@ namespace com {
 
 using automation::ComPtr;
 using automation::DispatchObject;
+using automation::Variant;
 
 // The host's session object, called late-bound by the names of the session's operations; docs/integration.md lists
 // them. A member that the object lacks is thrown as session::DatabaseError that names it.
@@ -45,12 +49,20 @@ class PvSession : public session::Session {
   std::optional<session::RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const override;
   session::AccountFigures AccountOf(std::int32_t person) const override;
 
+  std::vector<session::Right> RightsCatalogue() const override;
+  std::optional<std::string> StorablePassword(std::string_view password) const override;
+  session::WorkSchedule DefaultSchedule() const override;
+
   forms::DateTime Now() const override;
   std::string DataFolder() const override;
   std::string ProgramFolder() const override;
   bool StartProgram(const std::string& command_line) override;
 
  private:
+  // What a member gives in an array; throws session::DatabaseError that names the member and what it should be when
+  // `read` finds something else.
+  template <typename Read>
+  auto Told(const char* member, std::initializer_list<Variant> arguments, const std::string& what, Read read) const;
   // Empty where the host does not tell.
   session::RecordHolder HolderOf(std::string_view table, std::int32_t id) const;
 

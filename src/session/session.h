@@ -1,12 +1,15 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/currency.h"
 #include "forms/dates.h"
+#include "forms/weekdays.h"
 #include "session/connection.h"
 
 namespace session {
@@ -22,6 +25,26 @@ struct AccountFigures {
   forms::Currency balance;       // negative is a credit
   forms::Currency plan_balance;  // owed through another family member's budget plan
   BudgetPlan plan = BudgetPlan::None;
+};
+
+// A product of the suite that has rights of its own.
+enum class Product { Practice, TimeClock };
+
+// A guarded action, as rights are given for it.
+struct Right {
+  std::string keyword;
+  std::string label;
+  Product product = Product::Practice;
+  bool by_default = false;  // given to a new employee whom nobody gives any
+};
+
+// When somebody works: the days, and from when to when after midnight.
+struct WorkSchedule {
+  forms::Weekdays days{0b0011111};
+  std::chrono::minutes start = std::chrono::hours(8);
+  std::chrono::minutes end = std::chrono::hours(17);
+
+  friend bool operator==(const WorkSchedule&, const WorkSchedule&) = default;
 };
 
 // Where an audit text goes.
@@ -107,6 +130,19 @@ class Suite {
   virtual AccountFigures AccountOf(std::int32_t person) const = 0;
 };
 
+// What the suite knows of those who work in it.
+class Staff {
+ public:
+  virtual ~Staff() = default;
+
+  // Every right that can be given, in the order in which they are shown; none where the suite does not tell.
+  virtual std::vector<Right> RightsCatalogue() const = 0;
+  // The form in which a login keeps the password. Nothing where the suite offers none: it cannot be stored then.
+  virtual std::optional<std::string> StorablePassword(std::string_view password) const = 0;
+  // The schedule of an employee for whom none was entered: the office's, or else that of `WorkSchedule`.
+  virtual WorkSchedule DefaultSchedule() const = 0;
+};
+
 // The machine that the session runs on.
 class Machine {
  public:
@@ -123,7 +159,7 @@ class Machine {
 };
 
 // What the host hands over as `PV`.
-class Session : public Database, public Login, public Settings, public Suite, public Machine {
+class Session : public Database, public Login, public Settings, public Suite, public Staff, public Machine {
  public:
   forms::Date Today() const { return forms::DateOf(Now()); }
 };

@@ -286,6 +286,12 @@ TEST(SessionRoundTrip, PassesOnWhatNoScenarioReaches) {
     EXPECT_TRUE(pv.StartProgram("\"A B.EXE\" 1"));
     EXPECT_EQ(started, "\"A B.EXE\" 1");
     EXPECT_FALSE(pv.StartProgram("refused"));
+    EXPECT_EQ(pv.RightsCatalogue().size(), session.RightsCatalogue().size());
+    EXPECT_EQ(pv.RightsCatalogue().back().label, session.RightsCatalogue().back().label);
+    EXPECT_EQ(pv.RightsCatalogue().back().product, session::Product::TimeClock);
+    EXPECT_TRUE(pv.RightsCatalogue()[1].by_default);
+    EXPECT_TRUE(host::PasswordMatches(pv.StorablePassword("s3cret").value(), "s3cret"));
+    EXPECT_EQ(pv.DefaultSchedule(), session.DefaultSchedule());
     for (const auto kind : {session::LogKind::Comment, session::LogKind::Change, session::LogKind::Insurance}) {
       pv.Log({kind, "LogEmp", 4, "text"});
       EXPECT_EQ(session.logged.back().kind, kind);

@@ -73,9 +73,9 @@ TEST_F(PvSessionTest, NamesTheMemberThatTheHostLacks) {
   EXPECT_EQ(FailureOf([&] { session.UserName(); }), "nobody is here");
 }
 
-Variant ArrayOf(std::array<Variant, 3> given) {
+Variant ArrayOf(std::vector<Variant> given) {
   Variant array;
-  V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, 3);
+  V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(given.size()));
   V_VT(&array) = VT_ARRAY | VT_VARIANT;
   LONG at = 0;
   for (Variant& value : given) {
@@ -109,6 +109,26 @@ TEST_F(PvSessionTest, ReadsTheFiguresOfAnAccount) {
   EXPECT_EQ(read.plan, session::BudgetPlan::Family);
   pv->Answer("AccountOf", Variant::Of(5));
   EXPECT_THAT(FailureOf([&] { session.AccountOf(9); }), HasSubstr("\"AccountOf\""));
+}
+
+TEST_F(PvSessionTest, ASuiteMayLeaveOutWhatItKnowsOfItsStaff) {
+  EXPECT_TRUE(session.RightsCatalogue().empty());
+  EXPECT_FALSE(session.StorablePassword("s3cret"));
+  EXPECT_EQ(session.DefaultSchedule(), session::WorkSchedule());
+  const auto right = [](std::int32_t product) {
+    return ArrayOf({ArrayOf({Variant::Of("ZEP"), Variant::Of("Clock"), Variant::Of(product), Variant::Of(true)})});
+  };
+  pv->Answer("RightsCatalogue", right(1));
+  ASSERT_EQ(session.RightsCatalogue().size(), 1U);
+  EXPECT_EQ(session.RightsCatalogue()[0].keyword, "ZEP");
+  EXPECT_EQ(session.RightsCatalogue()[0].product, session::Product::TimeClock);
+  pv->Answer("RightsCatalogue", right(2));
+  EXPECT_THAT(FailureOf([&] { session.RightsCatalogue(); }), HasSubstr("\"RightsCatalogue\""));
+  pv->Answer("DefaultSchedule", ArrayOf({Variant::Of("tue, thu"), Variant::Of("07:30"), Variant::Of("12:00")}));
+  EXPECT_EQ(session.DefaultSchedule(),
+            (session::WorkSchedule{0b0001010, std::chrono::minutes(450), std::chrono::hours(12)}));
+  pv->Answer("DefaultSchedule", ArrayOf({Variant::Of("weekends"), Variant::Of("07:30"), Variant::Of("12:00")}));
+  EXPECT_THAT(FailureOf([&] { session.DefaultSchedule(); }), HasSubstr("\"DefaultSchedule\""));
 }
 
 // A connection and its recordset as ADO shapes them: two columns, and as many rows as a test wants.

@@ -113,6 +113,9 @@ class FakeSession : public session::Session, public session::Connection {
     return std::nullopt;
   }
   session::AccountFigures AccountOf(std::int32_t) const override { return {}; }
+  std::vector<session::Right> RightsCatalogue() const override { return {}; }
+  std::optional<std::string> StorablePassword(std::string_view) const override { return std::nullopt; }
+  session::WorkSchedule DefaultSchedule() const override { return {}; }
   forms::DateTime Now() const override { return {}; }
   std::string DataFolder() const override { return {}; }
   std::string ProgramFolder() const override { return {}; }

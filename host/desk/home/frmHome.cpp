@@ -59,9 +59,9 @@ std::string Counted(int patients) {
 }
 
 std::string Missing(const DeskCommand& command) {
-  const auto rights = RightsCatalogue();
-  const auto found = std::ranges::find(rights, command.right, &Right::keyword);
-  return "needs the right \"" + std::string(found == rights.end() ? command.right : found->label) + "\"";
+  const auto& rights = RightsCatalogue();
+  const auto found = std::ranges::find(rights, command.right, &session::Right::keyword);
+  return "needs the right \"" + (found == rights.end() ? std::string(command.right) : found->label) + "\"";
 }
 
 }  // namespace

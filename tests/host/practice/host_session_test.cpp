@@ -79,6 +79,15 @@ TEST_F(HostSessionTest, AccountFiguresAreThoseLastReported) {
   EXPECT_EQ(second_.AccountOf(5).plan, session::BudgetPlan::None);
 }
 
+TEST_F(HostSessionTest, TheOfficeSaysWhenItsEmployeesWork) {
+  EXPECT_EQ(first_.DefaultSchedule(), session::WorkSchedule());
+  WriteOfficeSetting(first_.Office(), kOfficeDefaults, kWorkDays, "Mon,Thu-Sat");
+  WriteOfficeSetting(first_.Office(), kOfficeDefaults, kWorkStart, "07:30");
+  WriteOfficeSetting(first_.Office(), kOfficeDefaults, kWorkEnd, "late");
+  EXPECT_EQ(first_.DefaultSchedule(),
+            (session::WorkSchedule{0b0111001, std::chrono::minutes(450), std::chrono::hours(17)}));
+}
+
 TEST_F(HostSessionTest, HandOffsAreHeard) {
   std::vector<HandOff> heard;
   first_.OnHandOff = [&](const HandOff& hand_off) { heard.push_back(hand_off); };

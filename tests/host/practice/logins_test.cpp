@@ -107,7 +107,7 @@ TEST_F(LoginsTest, ASupervisorHasEveryRight) {
   Add("boss", {1}, {std::string(kSupervisorRight)});
   const auto boss = LogIn(database_, "boss", "s3cret", kNow);
   ASSERT_TRUE(boss);
-  for (const Right& right : RightsCatalogue()) {
+  for (const session::Right& right : RightsCatalogue()) {
     EXPECT_TRUE(boss.login->rights.Has(right.keyword)) << right.keyword;
   }
   LoginRights rights("boss", true);
