@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "console/recordings.h"
 #include "practice/host_session.h"
@@ -17,7 +19,13 @@ class RecordingSession : public HostSession {
       : HostSession(practice, office, std::move(user), std::move(surroundings)), recordings_(recordings) {}
 
   std::string PrepareSQL(const std::string& sql, int flag) const override {
-    recordings_.statements.push_back(sql);
+    std::string shown = sql;
+    for (const std::string& secret : secrets_) {
+      if (const std::size_t at = shown.find(secret); at != std::string::npos) {
+        shown.replace(at, secret.size(), "***");
+      }
+    }
+    recordings_.statements.push_back(std::move(shown));
     return HostSession::PrepareSQL(sql, flag);
   }
   void RecordHandOff(std::string_view id_column, std::string_view table, std::int32_t id) override {
@@ -27,6 +35,10 @@ class RecordingSession : public HostSession {
   void Log(const session::LogEntry& entry) override {
     recordings_.logged.push_back(entry);
     HostSession::Log(entry);
+  }
+  // What is stored of a password stands in no recording.
+  std::optional<std::string> StorablePassword(std::string_view password) const override {
+    return secrets_.emplace_back(*HostSession::StorablePassword(password));
   }
   bool StartProgram(const std::string& command_line) override {
     recordings_.started.push_back(command_line);
@@ -44,6 +56,7 @@ class RecordingSession : public HostSession {
 
  private:
   Recordings& recordings_;
+  mutable std::vector<std::string> secrets_;
 };
 
 }  // namespace host

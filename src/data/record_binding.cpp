@@ -65,23 +65,32 @@ bool RecordBinding::Read(std::int32_t id) {
   if (record->Eof() && id != 0) {
     return false;
   }
+  Fill(id, *record);
+  return true;
+}
+
+void RecordBinding::Read(const Sql& statement) {
+  const auto record = statements_.Select(statement);
+  Fill(record->Eof() ? 0 : session::ToId((*record)[key_.Text()]), *record);
+}
+
+void RecordBinding::Fill(std::int32_t id, const session::Recordset& record) {
   id_ = id;
   row_.clear();
-  if (!record->Eof()) {
-    for (std::size_t i = 0; i < record->Fields().size(); ++i) {
-      row_.emplace_back(record->Fields()[i].name, record->Get(i));
+  if (!record.Eof()) {
+    for (std::size_t i = 0; i < record.Fields().size(); ++i) {
+      row_.emplace_back(record.Fields()[i].name, record.Get(i));
     }
   }
   for (Binding& binding : bindings_) {
-    if (const int index = record->FieldIndex(binding.column.Text()); index >= 0) {
-      const session::Field& column = record->Fields()[static_cast<std::size_t>(index)];
+    if (const int index = record.FieldIndex(binding.column.Text()); index >= 0) {
+      const session::Field& column = record.Fields()[static_cast<std::size_t>(index)];
       binding.type = column.type;
       binding.defined_size = column.defined_size;
     }
     binding.field->SetRoom(binding.defined_size);
-    Show(binding, *record);
+    Show(binding, record);
   }
-  return true;
 }
 
 void RecordBinding::Refresh(const std::vector<forms::Field*>& fields) {

@@ -32,6 +32,8 @@ class RecordBinding {
   // Fills the fields from the row. False when there is no such row: they stay as they are. ID 0 reads no row, only
   // the columns' sizes, and empties them.
   bool Read(std::int32_t id);
+  // The same from the first row of a statement of the screen's own; without one as for ID 0.
+  void Read(const Sql& statement);
   // Reads the row anew for these fields alone; nothing happens when it is gone.
   void Refresh(const std::vector<forms::Field*>& fields);
   // 0 until a row has been read or inserted.
@@ -87,6 +89,7 @@ class RecordBinding {
   };
 
   std::unique_ptr<session::Recordset> Row(std::int32_t id) const;
+  void Fill(std::int32_t id, const session::Recordset& record);
   Binding& Of(const forms::Field& field);
   const Binding& Of(const forms::Field& field) const;
   static std::string Shown(const Binding& binding, const session::Recordset& row);

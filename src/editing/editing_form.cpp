@@ -48,10 +48,15 @@ bool EditingForm::Save() {
 }
 
 // Somebody may have taken the record over while a question stood.
-void EditingForm::RequireHold() {
-  if (hold_) {
-    hold_->Require();
+void EditingForm::RequireHold() const {
+  for (const RecordHold& hold : holds_) {
+    hold.Require();
   }
+}
+
+const session::RecordHolder* EditingForm::Holder() const {
+  const auto held = std::ranges::find_if(holds_, [](const RecordHold& hold) { return hold.Holder().has_value(); });
+  return held == holds_.end() ? nullptr : &*held->Holder();
 }
 
 void EditingForm::RunSteps() {
@@ -157,14 +162,14 @@ void EditingForm::Hold(const std::string& table, std::int32_t id) {
     MakeReadOnly();
     return;
   }
-  hold_.emplace(context_.session, table, id);
-  if (hold_->Holder() && hold_->Holder()->silent && context_.session.HasRight(session::kSupervisorRight) &&
-      Confirm(HeldText(*hold_->Holder()) +
+  RecordHold& hold = holds_.emplace_back(context_.session, table, id);
+  if (hold.Holder() && hold.Holder()->silent && context_.session.HasRight(session::kSupervisorRight) &&
+      Confirm(HeldText(*hold.Holder()) +
               " Do you want to take it over?\r\nWhat has not been saved there cannot be saved any more.")) {
-    hold_->TakeOver();
+    hold.TakeOver();
   }
-  if (hold_->Holder()) {
-    Caption = Caption.get() + " - Read only (" + NameOf(*hold_->Holder()) + ")";
+  if (hold.Holder()) {
+    Caption = Caption.get() + " - Read only (" + NameOf(*hold.Holder()) + ")";
     MakeReadOnly();
   }
 }
@@ -203,8 +208,8 @@ bool EditingForm::MayModify() const {
   if (read_only_ && lacked_) {
     HasRight(lacked_->keyword, lacked_->what);
   } else if (read_only_) {
-    const bool held = hold_ && hold_->Holder();
-    Tell("Read only, cannot modify." + (held ? "\r\n" + HeldText(*hold_->Holder()) : std::string()));
+    const session::RecordHolder* holder = Holder();
+    Tell("Read only, cannot modify." + (holder != nullptr ? "\r\n" + HeldText(*holder) : std::string()));
   }
   return !read_only_;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -72,13 +73,15 @@ class EditingForm : public forms::Form, public Rules {
   };
   virtual ClosingQuestion OnClosing() const { return {}; }
 
-  // Holds the record for as long as the screen is open; one that another user holds can only be looked at, unless he is
-  // silent and a supervisor takes it over. Comes before the record is read: what is read before may be changed before
-  // it is held.
+  // Holds the record, beside those held before, for as long as the screen is open; one that another user holds can only
+  // be looked at, unless he is silent and a supervisor takes it over. Comes before the record is read: what is read
+  // before may be changed before it is held.
   void Hold(const std::string& table, std::int32_t id);
   // Without the right the record can only be looked at, and whoever tries to change it is told. `what` is what the
   // right modifies: "employers". False without it.
   bool RequireRight(std::string_view right, std::string_view what);
+  // Before a rule writes outside a save: throws Refusal when another user has taken a held record over.
+  void RequireHold() const;
   void MakeReadOnly();
   // The same of one field: `may`, which is false, tells whoever tries to change it.
   static void LookOnly(forms::TextBox& box, const std::function<bool()>& may);
@@ -103,12 +106,13 @@ class EditingForm : public forms::Form, public Rules {
   // False when the person goes back to the screen. Throws session::DatabaseError, and Refusal for a row that is gone.
   bool SettleConflicts();
   forms::Answer AskAboutConflicts(const std::vector<std::string>& lines) const;
-  void RequireHold();
+  // The first of the held records that another user has.
+  const session::RecordHolder* Holder() const;
   void RunSteps();
 
   std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;
-  std::optional<RecordHold> hold_;
+  std::list<RecordHold> holds_;
   std::optional<Right> lacked_;
   bool read_only_ = false;
 };

@@ -126,10 +126,14 @@ Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
   const Screen& screen = ScreenOf(opening.kind);
   if (screen.edit != nullptr) {
     const Outcome outcome = screen.edit(context, opening);
-    return outcome.end != Outcome::End::Instead
-               ? outcome
-               : screen.edit(context,
-                             {.kind = opening.kind, .mode = Opening::Mode::Existing, .id = outcome.id, .joins = true});
+    if (outcome.end != Outcome::End::Instead) {
+      return outcome;
+    }
+    Opening existing = opening;
+    existing.mode = Opening::Mode::Existing;
+    existing.id = outcome.id;
+    existing.joins = true;
+    return screen.edit(context, existing);
   }
   TellNotBuilt(context.user, screen.name, screen.what);
   return {.end = Outcome::End::NotBuilt};

@@ -35,8 +35,8 @@ constexpr std::array kColumns = {BoundField{EmployeeFrm::kLastName, "pLasNam"},
                                  BoundField{EmployeeFrm::kTerminated, "pDatRel", data::kDate},
                                  BoundField{EmployeeFrm::kInitials, "pDocIni"}};
 
-bool IsSet(const session::Value& flag) {
-  return session::ToText(flag) >= "1";
+bool IsSet(const std::string& flag) {
+  return flag >= "1";
 }
 
 }  // namespace
@@ -44,23 +44,29 @@ bool IsSet(const session::Value& flag) {
 EmployeeFrm::EmployeeFrm(const session::ScreenContext& context)
     : EditingForm("EmployeeFrm", context),
       Employee(context.session, "paTable", "pID"),
-      BirthDate(context, {Gen_Txt[kBirthDate], Gen_CMD[kPickBirthDate], Label, Label2}),
+      BirthDate(context, {Gen_Txt[kBirthDate], Gen_CMD[kPickBirthDate], Label[kBirthDay], Label[kAge]}),
       EmploymentDate(context, {Gen_Txt[kEmployed], Gen_CMD[kPickEmployed]}),
       SexTitle(context, {Gen_Txt[kSex], Gen_Txt[kTitle], Gen_CMD[kPickSexTitle]}, "this employee's"),
+      Login(context, {Gen_Txt[kLoginName], Gen_CMD[kPassword], Label[kPasswordState]},
+            [this] {
+              return LoginName::Person{pID, Gen_Txt[kLastName].Text, Gen_Txt[kFirstName].Text};
+            }),
       ZipCode1(context, {Gen_Txt[kCity], Gen_Txt[kState], Gen_Txt[kZip], Gen_CMD[kPickPlace]}),
       PictureBox1(context),
       contacts_(context.session),
       duplicate_(context),
-      initials_(context, Gen_Txt[kInitials], Initials::Asks::Employee) {
+      initials_(context, Gen_Txt[kInitials], Initials::Asks::Employee),
+      employment_(context) {
   for (const BoundField& bound : kColumns) {
     Employee.Bind(Gen_Txt.at(bound.field), bound.column, bound.format);
   }
-  Employee.Bind(Label, "pBirDat");
+  Employee.Bind(Label[kBirthDay], "pBirDat");
   Employee.Bind(lblTypEmp, "pTypEmp");
   Employee.Bind(chkHideZEP, "pHidZEP");
   Register();
   SetHelp();
   Wire();
+  WireSaving();
 }
 
 void EmployeeFrm::Wire() {
@@ -94,17 +100,39 @@ void EmployeeFrm::Wire() {
     return char32_t{0};
   };
   picSwapName.Click = [this] { picSwapName_Click(); };
+  Gen_CMD[kTerminate].Click = [this] { Terminate(); };
+  Gen_CMD[kReactivate].Click = [this] { Reactivate(); };
+  Gen_CMD[kDelete].Click = [this] { Delete(); };
   DialogButtons1.OK.Click = [this] { SaveAndClose(); };
   DialogButtons1.Extra.Click = [this] { Apply(); };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
+}
 
+void EmployeeFrm::WireSaving() {
   Edits(Employee);
+  Edits(Login.Record());
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
+  const auto with_new_login = [this] { return Login.BelongsToNobody(); };
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
+  OnSave([this] { return Terminated() && Employee.Changed(Gen_Txt[kTerminated]); },
+         [this] { employment_.RemoveAbsencesAfter(pID, *DateIn(kTerminated)); });
   OnSave(always, [this] { Employee.Update(); });
+  const auto shows = [this](std::string_view contact, Field field) {
+    return ShownContact() == contact && Employee.Changed(Gen_Txt.at(field));
+  };
+  const auto types_phone = [this] { return Employee.Changed(Gen_Txt[kPhone]); };
+  OnSave(types_phone, [this] { SavePhone(); });
+  OnSave([=] { return !types_phone() && (shows("Fax", kFax) || shows("Ema", kEmail)); },
+         [this] { contacts_.Mirror(pID, editing::Side::Home, ShownContact()); });
+  OnSave([this] { return Login.IsNew(); }, [this] { NewEmployeePasswordID = Login.Insert(); });
+  OnSave(with_new_login, [this] { Login.Link(pID); });
+  OnSave(with_new_login, [this] { Login.Locate(); });
+  OnSave([this] { return Login.Pending(); }, [this] { Login.Write(); });
+  OnSave(always, [this] { ShowEmployment(); });
+  OnSave([this] { return Adding() && Gen_Txt[kInitials].Text->empty(); }, [this] { Set_DocIni(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
 
@@ -118,21 +146,39 @@ void EmployeeFrm::Load_Information() {
     }
     Init_Bound_Data();
   } else {
-    pID = Opened.id;
-    if (!ReadOnly() && pID != 0) {
-      Hold("PATABLE", pID);
-    }
-    if (pID == 0 || !Employee.Read(pID)) {
-      Tell("Employee " + std::to_string(pID) + " was not found in the database.", forms::Icon::Information);
-      Close();
-      return;
-    }
-    if (Opened.joins && !IsSet(session::Value(lblTypEmp.Caption.get()))) {
-      lblTypEmp.Caption = "1";
-    }
+    ReadExisting();
   }
-  ShowPerson();
-  Gen_Txt[kLastName].SetFocus();
+  if (!Closed()) {
+    ReadLogin();
+    ShowPerson();
+    Gen_Txt[kLastName].SetFocus();
+  }
+}
+
+// Held before it is read.
+void EmployeeFrm::ReadExisting() {
+  pID = Opened.id;
+  if (!ReadOnly() && pID != 0) {
+    Hold("PATABLE", pID);
+  }
+  if (pID == 0 || !Employee.Read(pID)) {
+    Tell("Employee " + std::to_string(pID) + " was not found in the database.", forms::Icon::Information);
+    Close();
+  } else if (Opened.joins && !IsSet(lblTypEmp.Caption.get())) {
+    lblTypEmp.Caption = "1";
+  }
+}
+
+// What somebody else wrote between reading and holding is found when it is saved.
+void EmployeeFrm::ReadLogin() {
+  NewEmployeePasswordID = Opened.new_employee_login;
+  Login.Read(pID);
+  if (Login.Id() == 0 && NewEmployeePasswordID != 0) {
+    Login.ReadEntered(NewEmployeePasswordID);
+  }
+  if (!ReadOnly() && Login.Id() != 0) {
+    Hold("PWMTABLE", Login.Id());
+  }
 }
 
 void EmployeeFrm::Init_Bound_Data() {
@@ -153,14 +199,23 @@ void EmployeeFrm::ShowPerson() {
   BirthDate.Show();
   SexTitle.Show();
   ShowPhoneHeading();
+  ShowEmployment();
   chkHideZEP.Enabled = !ReadOnly();
+}
+
+void EmployeeFrm::ShowEmployment() {
+  Label2.Caption = Terminated()   ? "Terminated on " + Gen_Txt[kTerminated].Text.get()
+                   : IsProvider() ? "Service provider"
+                                  : "Employee";
+  Gen_CMD[kTerminate].Enabled = !Adding();
+  Gen_CMD[kReactivate].Enabled = !Adding() && Terminated();
+  Gen_CMD[kDelete].Enabled = !Adding();
 }
 
 // The number that is seen first may be the fax or the cell phone.
 void EmployeeFrm::ShowPhoneHeading() {
-  const std::string selected = session::ToText(Employee.Column("pHomCon"));
   Gen_LBL[kPhone].Caption =
-      std::string(editing::SideLabel(editing::Side::Home)) + std::string(editing::LabelOfContact(selected));
+      std::string(editing::SideLabel(editing::Side::Home)) + std::string(editing::LabelOfContact(ShownContact()));
 }
 
 void EmployeeFrm::SaveAndClose() {
@@ -175,12 +230,22 @@ void EmployeeFrm::Apply() {
   }
 }
 
+std::string_view EmployeeFrm::ShownContact() const {
+  return editing::kContactCodes.at(editing::ContactOf(session::ToText(Employee.Column("pHomCon")))).Text();
+}
+
+void EmployeeFrm::SavePhone() {
+  contacts_.Read(pID);
+  contacts_.Save(pID, {{editing::Side::Home, Gen_Txt[kPhone].Text}});
+  Employee.Refresh({&Gen_Txt[kPhone], &Gen_Txt[kFax], &Gen_Txt[kEmail]});
+}
+
 bool EmployeeFrm::Check() {
   if (!BirthDate.Take() || !EmploymentDate.Take() || !SexTitle.Take()) {
     return false;
   }
   Trim();
-  return HasName() && initials_.Free(pID);
+  return HasName() && initials_.Free(pID) && Login.Take();
 }
 
 // What nobody touched keeps its blanks.
@@ -209,7 +274,7 @@ bool EmployeeFrm::Agreed() {
     return true;
   }
   DuplicatePerson::Person person = {.last = Gen_Txt[kLastName].Text, .first = Gen_Txt[kFirstName].Text};
-  if (const auto birth = forms::ParseIso(Label.Caption.get())) {
+  if (const auto birth = forms::ParseIso(Label[kBirthDay].Caption.get())) {
     person.birth = forms::DateOf(*birth);
   }
   return duplicate_.MayAdd(*this, person);
@@ -224,7 +289,7 @@ session::Outcome EmployeeFrm::Ended() const {
   if (duplicate_.Instead() != 0) {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
   }
-  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
+  return {.end = Saved && !deleted_ ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
 }
 
 void EmployeeFrm::picSwapName_Click() {
@@ -244,6 +309,55 @@ void EmployeeFrm::PickProfessionalTitle() {
   if (picked && picked->text != title.Text.get() &&
       Confirm("Change Professional Title to [ " + picked->text + " ] ?")) {
     title.Text = picked->text;
+  }
+}
+
+std::optional<forms::Date> EmployeeFrm::DateIn(Field field) const {
+  return forms::ParseDate(Gen_Txt.at(field).Text.get(), context_.session.Today());
+}
+
+bool EmployeeFrm::IsProvider() const {
+  return IsSet(session::ToText(Employee.Column("pTypDoc")));
+}
+
+void EmployeeFrm::Terminate() {
+  if (!MayModify()) {
+    return;
+  }
+  const auto day =
+      employment_.AskTermination({.id = pID,
+                                  .name = Gen_Txt[kFirstName].Text.get() + " " + Gen_Txt[kLastName].Text.get(),
+                                  .provider = IsProvider(),
+                                  .employed = DateIn(kEmployed),
+                                  .terminated = DateIn(kTerminated)});
+  if (day && Terminated()) {
+    Gen_Txt[kTerminated].Text = forms::FormatDashed(*day);
+  } else if (day && (!Unsaved() || Save())) {
+    RequireHold();
+    employment_.Terminate(pID, *day);
+    Saved = true;
+    context_.session.RecordHandOff("pID", "PaTable", pID);
+    Close();
+  }
+}
+
+void EmployeeFrm::Reactivate() {
+  if (MayModify() && employment_.AgreesToReactivate()) {
+    RequireHold();
+    employment_.Reactivate(pID);
+    Saved = true;
+    Employee.Refresh({&lblTypEmp, &Gen_Txt[kTerminated], &Gen_Txt[kInitials]});
+    ShowEmployment();
+    context_.session.RecordHandOff("pID", "PaTable", pID);
+  }
+}
+
+void EmployeeFrm::Delete() {
+  if (MayModify() && employment_.MayDelete(pID)) {
+    RequireHold();
+    employment_.Delete(pID);
+    deleted_ = true;
+    Close();
   }
 }
 

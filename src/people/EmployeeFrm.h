@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "data/record_binding.h"
@@ -18,7 +19,9 @@
 #include "forms/panels.h"
 #include "forms/text_box.h"
 #include "people/duplicate_person.h"
+#include "people/employment.h"
 #include "people/initials.h"
+#include "people/login_name.h"
 #include "people/sex_title_field.h"
 
 namespace people {
@@ -49,7 +52,10 @@ class EmployeeFrm : public editing::EditingForm {
     kEmployed,
     kTerminated,
     kInitials,
+    kLoginName,
   };
+  // Positions in `Label`.
+  enum Text : std::size_t { kBirthDay, kAge, kPasswordState };
   // Positions in `Gen_CMD`.
   enum Command : std::size_t {
     kPickBirthDate,
@@ -58,19 +64,24 @@ class EmployeeFrm : public editing::EditingForm {
     kPickPlace,
     kPickEmployed,
     kChooseInitials,
+    kTerminate,
+    kReactivate,
+    kDelete,
+    kPassword,
   };
 
   explicit EmployeeFrm(const session::ScreenContext& context);
 
   forms::TabStrip TabEBInfo;
   std::array<forms::Panel, 3> Frame;  // the pages
-  std::array<forms::TextBox, 19> Gen_Txt;
-  std::array<forms::Label, 19> Gen_LBL;
-  std::array<forms::Button, 6> Gen_CMD;
-  forms::Label Label;      // hidden: the day of birth
-  forms::Label Label2;     // the age
-  forms::Label lblTypEmp;  // hidden: "1" an employee, "2" one who is a provider too
+  std::array<forms::TextBox, 20> Gen_Txt;
+  std::array<forms::Label, 20> Gen_LBL;
+  std::array<forms::Button, 10> Gen_CMD;
+  std::array<forms::Label, 3> Label;  // the day of birth is hidden
+  forms::Label Label2;                // what he is to the practice
+  forms::Label lblTypEmp;             // hidden: "1" an employee, "2" one who is a provider too
   forms::CheckBox chkHideZEP;
+  forms::Panel Pic_CMD;  // the commands on employment
   forms::PictureBox picSwapName;
   forms::DialogButtons DialogButtons1;  // `Extra` applies
   data::RecordBinding Employee;
@@ -78,12 +89,15 @@ class EmployeeFrm : public editing::EditingForm {
   editing::BirthDateField BirthDate;
   editing::DateField EmploymentDate;
   SexTitleField SexTitle;
+  LoginName Login;
   editing::ZIPCODE ZipCode1;
   editing::FieldHelp PictureBox1;
 
   session::Opening Opened = session::Opening::New(session::RecordKind::Employee);
   // The employee to edit, and the saved one afterwards.
   std::int32_t pID = 0;
+  // The login that a new employee is entered for, and the one that was made for him.
+  std::int32_t NewEmployeePasswordID = 0;
   session::Outcome Ended() const;
 
   void Load_Information();
@@ -94,18 +108,26 @@ class EmployeeFrm : public editing::EditingForm {
 
  protected:
   void Read() override { Load_Information(); }
-  bool Differs() const override { return Employee.Changed() || BirthDate.Pending(); }
+  bool Differs() const override { return Employee.Changed() || Login.Pending() || BirthDate.Pending(); }
   bool Check() override;
   bool Agreed() override;
   void OnTaken() override { ShowPerson(); }
 
  private:
   void Register();
+  void AddTo(Page page, const std::string& name, forms::Control& control);
+  void AddField(Page page, Field field);
   void AddGeneralPage();
   void SetHelp();
+  void AddEmploymentCommands();
+  void AddLoginPage();
   void Wire();
+  void WireSaving();
   void ShowPerson();
+  void ReadExisting();
+  void ReadLogin();
   void ShowPhoneHeading();
+  void ShowEmployment();
   bool Adding() const { return Employee.Id() == 0; }
   void Trim();
   bool HasName();
@@ -113,11 +135,21 @@ class EmployeeFrm : public editing::EditingForm {
   void SaveAndClose();
   void Insert();
   void PickProfessionalTitle();
-  bool ShowsAtHome(std::size_t contact) const;
+  // The suffix of the column of the contact that the phone box shows.
+  std::string_view ShownContact() const;
+  void SavePhone();
+  std::optional<forms::Date> DateIn(Field field) const;
+  bool IsProvider() const;
+  bool Terminated() const { return !Gen_Txt[kTerminated].Text->empty(); }
+  void Terminate();
+  void Reactivate();
+  void Delete();
 
   editing::Contacts contacts_;
   DuplicatePerson duplicate_;
   Initials initials_;
+  Employment employment_;
+  bool deleted_ = false;
 };
 
 }  // namespace people

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "people/EmployeeFrm.h"
 
 namespace people {
@@ -7,7 +9,7 @@ constexpr std::array kCaptions = {
     "&Last Name", "&First Name", "Se&x",  "&Title",      "&Birth Date",      "&Professional Title",
     "Address &1", "Address &2",  "Cit&y", "&State",      "&ZIP Code",        "Home Phone",
     "Fax",        "E-Mail",      "SS&N",  "EIN N&umber", "&Employment Date", "Te&rmination Date",
-    "&Initials"};
+    "&Initials",  "Login &Name"};
 
 // Of the buttons behind fields, as they are read aloud.
 constexpr std::array kPickNames = {"Calendar of the birth date",      "Sex and title list",
@@ -31,6 +33,7 @@ void EmployeeFrm::Register() {
     TabEBInfo.AddPage(page);
   }
   AddGeneralPage();
+  AddLoginPage();
   Add("PictureBox1", PictureBox1);
   Add("DialogButtons1", DialogButtons1);
   DialogButtons1.Extra.Caption = "&Apply";
@@ -41,22 +44,29 @@ void EmployeeFrm::Register() {
                          Opened.mode = session::Opening::Mode::Existing;
                          Opened.id = session::ToId(session::Value(id));
                        }};
+  Properties["NewEmployeePasswordID"] = {
+      [this] { return std::to_string(NewEmployeePasswordID); },
+      [this](const std::string& id) { Opened.new_employee_login = session::ToId(session::Value(id)); }};
 }
 
-// In the order in which the page is read.
+// In the order in which its page is read.
+void EmployeeFrm::AddTo(Page page, const std::string& name, forms::Control& control) {
+  if (control.Container == nullptr) {
+    control.Container = &Frame.at(page);
+  }
+  Add(name, control);
+}
+
+void EmployeeFrm::AddField(Page page, Field field) {
+  AddTo(page, Indexed("Gen_LBL", field), Gen_LBL.at(field));
+  AddTo(page, Indexed("Gen_Txt", field), Gen_Txt.at(field));
+  Gen_LBL.at(field).Caption = kCaptions.at(field);
+  Gen_Txt.at(field).Heading = &Gen_LBL.at(field);
+}
+
 void EmployeeFrm::AddGeneralPage() {
-  const auto add = [this](const std::string& name, forms::Control& control) {
-    if (control.Container == nullptr) {
-      control.Container = &Frame[kGeneral];
-    }
-    Add(name, control);
-  };
-  const auto field = [&](Field index) {
-    add(Indexed("Gen_LBL", index), Gen_LBL.at(index));
-    add(Indexed("Gen_Txt", index), Gen_Txt.at(index));
-    Gen_LBL.at(index).Caption = kCaptions.at(index);
-    Gen_Txt.at(index).Heading = &Gen_LBL.at(index);
-  };
+  const auto add = [this](const std::string& name, forms::Control& control) { AddTo(kGeneral, name, control); };
+  const auto field = [this](Field index) { AddField(kGeneral, index); };
   const auto button = [&](Command index) {
     forms::Button& pick = Gen_CMD.at(index);
     add(Indexed("Gen_CMD", index), pick);
@@ -75,10 +85,11 @@ void EmployeeFrm::AddGeneralPage() {
   add("BirthDate", BirthDate);
   field(kBirthDate);
   button(kPickBirthDate);
-  add("Label2", Label2);
+  add(Indexed("Label", kAge), Label[kAge]);
   field(kSsn);
   field(kProfessionalTitle);
   button(kPickProfessionalTitle);
+  add("Label2", Label2);
   add("EmploymentDate", EmploymentDate);
   field(kEmployed);
   button(kPickEmployed);
@@ -87,6 +98,7 @@ void EmployeeFrm::AddGeneralPage() {
   field(kInitials);
   button(kChooseInitials);
   add("chkHideZEP", chkHideZEP);
+  AddEmploymentCommands();
   field(kAddress1);
   field(kAddress2);
   field(kCity);
@@ -97,11 +109,11 @@ void EmployeeFrm::AddGeneralPage() {
   field(kFax);
   field(kEmail);
   add("lblTypEmp", lblTypEmp);
-  add("Label", Label);
+  add(Indexed("Label", kBirthDay), Label[kBirthDay]);
   Add("ZipCode1", ZipCode1);
 
-  Label.AccessibleName = Gen_LBL[kBirthDate].SpokenName();
-  Label.Visible = false;
+  Label[kBirthDay].AccessibleName = Gen_LBL[kBirthDate].SpokenName();
+  Label[kBirthDay].Visible = false;
   lblTypEmp.AccessibleName = "Employee";
   lblTypEmp.Visible = false;
   for (const Command calendar : {kPickBirthDate, kPickEmployed}) {
@@ -113,6 +125,28 @@ void EmployeeFrm::AddGeneralPage() {
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
   chkHideZEP.Caption = "Hide from the ZEP time &clock";
+}
+
+void EmployeeFrm::AddEmploymentCommands() {
+  AddTo(kGeneral, "Pic_CMD", Pic_CMD);
+  for (const auto& [command, caption] :
+       {std::pair(kTerminate, "Ter&minate"), std::pair(kReactivate, "Re-acti&vate"), std::pair(kDelete, "&Delete")}) {
+    forms::Button& button = Gen_CMD.at(command);
+    button.Container = &Pic_CMD;
+    button.Caption = caption;
+    Add(Indexed("Gen_CMD", command), button);
+  }
+  Gen_CMD[kTerminate].ToolTip = "End employment, and take login and rights away";
+  Gen_CMD[kReactivate].ToolTip = "Make a terminated person an employee again";
+  Gen_CMD[kDelete].ToolTip = "Delete this employee record";
+}
+
+void EmployeeFrm::AddLoginPage() {
+  AddTo(kLogin, "Login", Login);
+  AddField(kLogin, kLoginName);
+  AddTo(kLogin, Indexed("Gen_CMD", kPassword), Gen_CMD[kPassword]);
+  AddTo(kLogin, Indexed("Label", kPasswordState), Label[kPasswordState]);
+  Gen_CMD[kPassword].Caption = "Pass&word...";
 }
 
 void EmployeeFrm::SetHelp() {

@@ -6,6 +6,7 @@
 #include "views/choice_binders.h"
 #include "views/editing/editing_views.h"
 #include "views/field_group.h"
+#include "views/panel_binders.h"
 #include "views/people/person_fields_view.h"
 #include "views/tab_binders.h"
 #include "views/text_binders.h"
@@ -27,13 +28,25 @@ wxSizer* NameGroup(wxWindow* page, EmployeeFrm& form) {
   return group.Sizer();
 }
 
+wxWindow* EmploymentCommands(wxWindow* parent, EmployeeFrm& form) {
+  wxPanel* panel = MakePanel(parent, form.Pic_CMD);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  for (const EmployeeFrm::Command command : {form.kTerminate, form.kReactivate, form.kDelete}) {
+    row->Add(MakeButton(panel, form.Gen_CMD.at(command)), wxSizerFlags().Border(wxRIGHT, panel->FromDIP(6)));
+  }
+  panel->SetSizerAndFit(row);
+  return panel;
+}
+
 wxSizer* EmploymentGroup(wxWindow* page, EmployeeFrm& form) {
   FieldGroup group(page, "Employment");
+  group.Row(nullptr, {MakeLabel(group.Box(), form.Label2)});
   group.Row({{form.Gen_Txt[form.kEmployed], 12}}, &form.Gen_CMD[form.kPickEmployed]);
   group.Row({{form.Gen_Txt[form.kTerminated], 12}});
   group.Row({{form.Gen_Txt[form.kEin], 15}});
   group.Row({{form.Gen_Txt[form.kInitials], 6}}, &form.Gen_CMD[form.kChooseInitials]);
   group.Below(MakeCheckBox(group.Box(), form.chkHideZEP));
+  group.Below(EmploymentCommands(group.Box(), form));
   return group.Sizer();
 }
 
@@ -67,11 +80,26 @@ void LayOutGeneral(wxPanel* page, EmployeeFrm& form) {
   page->SetSizer(columns);
 }
 
+wxSizer* LoginGroup(wxWindow* page, EmployeeFrm& form) {
+  FieldGroup group(page, "Login");
+  group.Row({{form.Gen_Txt[form.kLoginName], 24}});
+  wxWindow* password = MakeButton(group.Box(), form.Gen_CMD[form.kPassword]);
+  group.Row(nullptr, {password, MakeLabel(group.Box(), form.Label[form.kPasswordState])});
+  return group.Sizer();
+}
+
+void LayOutLogin(wxPanel* page, EmployeeFrm& form) {
+  auto* content = new wxBoxSizer(wxVERTICAL);
+  content->Add(LoginGroup(page, form), wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6)));
+  page->SetSizer(content);
+}
+
 }  // namespace
 
 void LayOut_EmployeeFrm(FormDialog& dialog, EmployeeFrm& form) {
   wxNotebook* book = MakeTabs(&dialog, form.TabEBInfo);
   LayOutGeneral(PageOf(book, form.Frame[form.kGeneral]), form);
+  LayOutLogin(PageOf(book, form.Frame[form.kLogin]), form);
 
   auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(book, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(10)));

@@ -1,0 +1,182 @@
+#include "people/login_name.h"
+
+#include <utility>
+
+#include "data/literal.h"
+#include "editing/editing_form.h"
+#include "forms/text.h"
+
+namespace people {
+namespace {
+
+using data::Literal;
+using data::Sql;
+
+// Letters and digits, and whatever other alphabets have.
+std::string OfName(std::string_view text) {
+  std::string name;
+  for (const char c : text) {
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
+    if (letter || forms::IsDigit(c)) {
+      name += c;
+    }
+  }
+  return name;
+}
+
+}  // namespace
+
+Sql RightsOf(const data::Statements& statements, std::int32_t login, const std::string& name) {
+  return "PWAUseNam=" + Literal(name) + " AND ((PWAPWMID=" + Literal(login) +
+         ") OR (PWAPWMID=0) OR (PWAPWMID Is Null))" + statements.Office();
+}
+
+LoginName::LoginName(const session::ScreenContext& context, const Parts& parts, std::function<Person()> whose)
+    : Rules(context), parts_(parts), whose_(std::move(whose)), record_(context.session, "PWMTable", "PWMID") {
+  Adopt(parts_.box);
+  Adopt(parts_.password);
+  Adopt(parts_.state);
+  record_.Bind(parts_.box, "PWMUseNam");
+  parts_.box.Leave = [this] { TakeFree(); };
+  parts_.password.Click = [this] { AskPassword(); };
+}
+
+void LoginName::Read(std::int32_t person) {
+  record_.Read(person == 0 ? Sql("Select * from PWMTable where pwmUseNam=''") + statements_.Office()
+                           : "SELECT * FROM PWMTable WHERE PWMpID=" + Literal(person) + statements_.Office());
+  ShowState();
+}
+
+void LoginName::ReadEntered(std::int32_t login) {
+  entered_ = record_.Read(login);
+  ShowState();
+}
+
+// A person who is not written yet has no number that a login could carry.
+bool LoginName::Taken(const std::string& name) const {
+  const std::int32_t person = whose_().id;
+  return session::ToId(statements_.SelectValue("SELECT Count(*) FROM PWMTable WHERE (PWMUSENAM = " + Literal(name) +
+                                               ") AND (PWMPid<>" + Literal(person == 0 ? -1 : person) + ")" +
+                                               statements_.Office() + " AND (PWMID<>" + Literal(Id()) + ")")) != 0;
+}
+
+// First initial and last name, and a number where others have those.
+std::string LoginName::Proposed() const {
+  const Person person = whose_();
+  std::string base = forms::Left(OfName(person.first), 1) + OfName(person.last);
+  if (base.empty()) {
+    base = "Employee";
+  }
+  const int room = parts_.box.MaxLength;
+  std::string name = forms::Fitting(base, room);
+  for (int number = 2; Taken(name); ++number) {
+    const std::string digits = std::to_string(number);
+    name = forms::Fitting(base, room == 0 ? 0 : room - static_cast<int>(digits.size())) + digits;
+  }
+  return name;
+}
+
+void LoginName::TakeFree() {
+  const std::string typed(forms::Trim(parts_.box.Text.get()));
+  if (!record_.Changed(parts_.box)) {
+    return;
+  }
+  parts_.box.Text = typed;
+  if (!typed.empty() && Taken(typed)) {
+    const std::string proposed = Proposed();
+    Tell("Login Name [" + typed + "] is used by another employee.\r\nThe program will assign your login name as [" +
+         proposed + "]");
+    parts_.box.Text = proposed;
+  }
+}
+
+bool LoginName::Take() {
+  TakeFree();
+  if (!parts_.box.Text->empty() || (Id() == 0 && storable_.empty())) {
+    return true;
+  }
+  Tell("The login name cannot be blank.", forms::Icon::Information);
+  parts_.box.SetFocus();
+  return false;
+}
+
+void LoginName::Propose() {
+  if (parts_.box.Text->empty()) {
+    parts_.box.Text = Proposed();
+  }
+}
+
+void LoginName::AskPassword() {
+  if (!editing::EditingForm::MayModify(*this)) {
+    return;
+  }
+  const auto ask = [this](const char* prompt) {
+    return context_.user.Input({.prompt = prompt, .title = "Password", .masked = true}).value_or(std::string());
+  };
+  const std::string password = ask("Password :");
+  if (password.empty()) {
+    return;
+  }
+  const auto again =
+      context_.user.Input({.prompt = "Please type password again to comfirm", .title = "Password", .masked = true});
+  if (again && *again != password) {
+    Tell("Can not comfirm password, please try again");
+  }
+  if (!again || *again != password) {
+    return;
+  }
+  const auto storable = context_.session.StorablePassword(password);
+  if (!storable || storable->empty()) {
+    Tell("The password was not taken: the suite does not say in which form passwords are stored.",
+         forms::Icon::Exclamation);
+    return;
+  }
+  storable_ = *storable;
+  Propose();
+  ShowState();
+}
+
+void LoginName::ShowState() {
+  parts_.state.Caption = !storable_.empty() ? "The new password is stored when you save."
+                         : Id() == 0        ? "There is no login yet."
+                                            : "A password is never shown, only replaced.";
+}
+
+void LoginName::Link(std::int32_t person) {
+  statements_.Execute("UPDATE PWMTable SET PWMPID=" + Literal(person) + " WHERE PWMID=" + Literal(Id()) +
+                      statements_.Office());
+  entered_ = false;
+}
+
+void LoginName::Locate() {
+  const std::int32_t first =
+      session::ToId(statements_.SelectValue("SELECT TOP 1 OffLocID, OffLocNam FROM OffLocTable WHERE (OffLocID>0)" +
+                                            statements_.Office() + " ORDER BY OffLocID"));
+  statements_.Execute("UPDATE PWMTABLE SET OffLocID=" + Literal(first) + " WHERE (PWMID=" + Literal(Id()) +
+                      ") AND (OffLocID=0)" + statements_.Office());
+}
+
+// All or nothing: rights that carry another name are nobody's. What failed is told without the password.
+void LoginName::Write() {
+  try {
+    data::Assignments values;
+    session::Transaction transaction(context_.session.Connection());
+    if (record_.Changed(parts_.box)) {
+      values.push_back({"PWMUseNam", Literal(parts_.box.Text.get())});
+      statements_.Execute("UPDATE PWATable SET PWAUseNam=" + Literal(parts_.box.Text.get()) + " WHERE " +
+                          RightsOf(statements_, Id(), StoredName()));
+    }
+    if (!storable_.empty()) {
+      values.push_back({"PWMPasWor", Literal(storable_)});
+    }
+    statements_.Update("PWMTable", values, "PWMID", Id());
+    transaction.Commit();
+    record_.MarkWritten();
+    storable_.clear();
+    ShowState();
+  } catch (const session::DatabaseError& error) {
+    throw session::DatabaseError(error.what(), "UPDATE PWMTable SET ...", error.Code());
+  }
+}
+
+}  // namespace people
