@@ -76,7 +76,6 @@ void EmployeeFrm::Wire() {
     };
   };
   customary(kSsn, forms::FormatSsn);
-  customary(kZip, forms::FormatZip);
   customary(kPhone, forms::FormatPhone);
   customary(kFax, forms::FormatPhone);
   const auto picks = [this](Field field, Command command, const std::function<void()>& pick) {
