@@ -27,6 +27,7 @@
 #include "gallery/frmGallery.h"
 #include "home/recent_patients.h"
 #include "lookup/list_catalogue.h"
+#include "people/EmployeeFrm.h"
 
 namespace host {
 namespace {
@@ -157,6 +158,11 @@ std::vector<Stop> Stops(Desk& desk) {
          context.session.Connection().Execute(context.session.PrepareSQL(
              "UPDATE PATable SET pEmpID1=(SELECT MIN(elID) FROM ELTable WHERE elInsID=0) WHERE pTypRef >= '1'", 1));
          edit(session::RecordKind::Referral, "pTypRef")();
+       }},
+      {"EmployeeFrm", edit(session::RecordKind::Employee, "pTypEmp='1' AND pTypEmp")},
+      {"EmployeeFrm-login", edit(session::RecordKind::Employee, "pTypEmp='1' AND pTypEmp"),
+       [](forms::Form& form) {
+         dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kLogin);
        }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},

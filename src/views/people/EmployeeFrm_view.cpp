@@ -70,10 +70,10 @@ void LayOutGeneral(wxPanel* page, EmployeeFrm& form) {
   const auto group = wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6));
   auto* left = new wxBoxSizer(wxVERTICAL);
   left->Add(NameGroup(page, form), group);
-  left->Add(EmploymentGroup(page, form), group);
+  left->Add(PhoneGroup(page, form), group);
   auto* right = new wxBoxSizer(wxVERTICAL);
   right->Add(AddressGroup(page, form), group);
-  right->Add(PhoneGroup(page, form), group);
+  right->Add(EmploymentGroup(page, form), group);
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   columns->Add(left, wxSizerFlags(1).Expand());
   columns->Add(right, wxSizerFlags(1).Expand());
