@@ -125,7 +125,18 @@ forms::Answer EditingForm::AskAboutConflicts(const std::vector<std::string>& lin
 }
 
 bool EditingForm::Unsaved() const {
-  return !read_only_ && (Differs() || std::ranges::any_of(steps_, &Step::pending));
+  return !read_only_ && (Differs() || SavedInPart());
+}
+
+bool EditingForm::SavedInPart() const {
+  return std::ranges::any_of(steps_, &Step::pending);
+}
+
+EditingForm::ClosingQuestion EditingForm::OnClosing() const {
+  if (SavedInPart()) {
+    return {.text = "This record has been saved only in part. Save the rest now?", .offers_to_save = true};
+  }
+  return {};
 }
 
 bool EditingForm::QueryClose() {

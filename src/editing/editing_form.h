@@ -71,7 +71,8 @@ class EditingForm : public forms::Form, public Rules {
     std::string text = "Are you sure that you want to exit without saving the changes?";
     bool offers_to_save = false;  // Yes saves, No discards, Cancel stays; without it Yes discards and No stays
   };
-  virtual ClosingQuestion OnClosing() const { return {}; }
+  // What has been saved in part is not left so unasked.
+  virtual ClosingQuestion OnClosing() const;
 
   // Holds the record, beside those held before, for as long as the screen is open; one that another user holds can only
   // be looked at, unless he is silent and a supervisor takes it over. Comes before the record is read: what is read
@@ -109,6 +110,7 @@ class EditingForm : public forms::Form, public Rules {
   // The first of the held records that another user has.
   const session::RecordHolder* Holder() const;
   void RunSteps();
+  bool SavedInPart() const;
 
   std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;

@@ -35,6 +35,8 @@ constexpr std::array kColumns = {BoundField{EmployeeFrm::kLastName, "pLasNam"},
                                  BoundField{EmployeeFrm::kTerminated, "pDatRel", data::kDate},
                                  BoundField{EmployeeFrm::kInitials, "pDocIni"}};
 
+constexpr std::string_view kFirstPhone = "Pho1";
+
 bool IsSet(const std::string& flag) {
   return flag >= "1";
 }
@@ -61,6 +63,8 @@ EmployeeFrm::EmployeeFrm(const session::ScreenContext& context)
     Employee.Bind(Gen_Txt.at(bound.field), bound.column, bound.format);
   }
   Employee.Bind(Label[kBirthDay], "pBirDat");
+  Employee.Bind(first_phone_, "pHomPho1");
+  Employee.Repeats(first_phone_);
   Employee.Bind(lblTypEmp, "pTypEmp");
   Employee.Bind(chkHideZEP, "pHidZEP");
   Register();
@@ -123,7 +127,7 @@ void EmployeeFrm::WireSaving() {
     return ShownContact() == contact && Employee.Changed(Gen_Txt.at(field));
   };
   const auto types_phone = [this] { return Employee.Changed(Gen_Txt[kPhone]); };
-  OnSave(types_phone, [this] { SavePhone(); });
+  OnSave([=, this] { return ShownContact() != kFirstPhone && types_phone(); }, [this] { SavePhone(); });
   OnSave([=] { return !types_phone() && (shows("Fax", kFax) || shows("Ema", kEmail)); },
          [this] { contacts_.Mirror(pID, editing::Side::Home, ShownContact()); });
   OnSave([this] { return Login.IsNew(); }, [this] { NewEmployeePasswordID = Login.Insert(); });
@@ -211,10 +215,13 @@ void EmployeeFrm::ShowEmployment() {
   Gen_CMD[kDelete].Enabled = !Adding();
 }
 
-// The number that is seen first may be the fax or the cell phone.
+// The number that is seen may be the fax or the cell phone.
 void EmployeeFrm::ShowPhoneHeading() {
   Gen_LBL[kPhone].Caption =
       std::string(editing::SideLabel(editing::Side::Home)) + std::string(editing::LabelOfContact(ShownContact()));
+  if (ShownContact() != "Ema") {
+    Gen_Txt[kPhone].MaxLength = first_phone_.MaxLength.get();
+  }
 }
 
 void EmployeeFrm::SaveAndClose() {
@@ -233,6 +240,13 @@ std::string_view EmployeeFrm::ShownContact() const {
   return editing::kContactCodes.at(editing::ContactOf(session::ToText(Employee.Column("pHomCon")))).Text();
 }
 
+void EmployeeFrm::PhoneFollows() {
+  first_phone_.Text = ShownContact() == kFirstPhone && Employee.Changed(Gen_Txt[kPhone])
+                          ? Gen_Txt[kPhone].Text.get()
+                          : Employee.Stored(first_phone_);
+}
+
+// Another contact that is seen is written where it is kept.
 void EmployeeFrm::SavePhone() {
   contacts_.Read(pID);
   contacts_.Save(pID, {{editing::Side::Home, Gen_Txt[kPhone].Text}});
@@ -244,6 +258,7 @@ bool EmployeeFrm::Check() {
     return false;
   }
   Trim();
+  PhoneFollows();
   return HasName() && initials_.Free(pID) && Login.Take();
 }
 

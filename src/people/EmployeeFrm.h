@@ -137,6 +137,7 @@ class EmployeeFrm : public editing::EditingForm {
   void PickProfessionalTitle();
   // The suffix of the column of the contact that the phone box shows.
   std::string_view ShownContact() const;
+  void PhoneFollows();
   void SavePhone();
   std::optional<forms::Date> DateIn(Field field) const;
   bool IsProvider() const;
@@ -146,6 +147,7 @@ class EmployeeFrm : public editing::EditingForm {
   void Delete();
 
   editing::Contacts contacts_;
+  forms::TextBox first_phone_;  // of the row: what the phone box shows for most
   DuplicatePerson duplicate_;
   Initials initials_;
   Employment employment_;
