@@ -12,7 +12,7 @@ namespace {
 using data::Words;
 
 struct BoundField {
-  EmployeeFrm::Field field;
+  EmployeeFrm::Field field = {};
   Words column;
   const data::Format& format = data::kPlain;
 };
@@ -130,7 +130,7 @@ void EmployeeFrm::WireSaving() {
   OnSave([=, this] { return ShownContact() != kFirstPhone && types_phone(); }, [this] { SavePhone(); });
   OnSave([=] { return !types_phone() && (shows("Fax", kFax) || shows("Ema", kEmail)); },
          [this] { contacts_.Mirror(pID, editing::Side::Home, ShownContact()); });
-  OnSave([this] { return Login.IsNew(); }, [this] { NewEmployeePasswordID = Login.Insert(); });
+  OnSave([this] { return Login.IsNew(); }, [this] { NewEmployeePasswordID = Login.Insert(pID); });
   OnSave(with_new_login, [this] { Login.Link(pID); });
   OnSave(with_new_login, [this] { Login.Locate(); });
   OnSave([this] { return Login.Pending(); }, [this] { Login.Write(); });
@@ -169,6 +169,7 @@ void EmployeeFrm::ReadExisting() {
     Close();
   } else if (Opened.joins && !IsSet(lblTypEmp.Caption.get())) {
     lblTypEmp.Caption = "1";
+    Gen_Txt[kTerminated].Text = "";
   }
 }
 
@@ -346,6 +347,7 @@ void EmployeeFrm::Terminate() {
                                   .terminated = DateIn(kTerminated)});
   if (day && Terminated()) {
     Gen_Txt[kTerminated].Text = forms::FormatDashed(*day);
+    ShowEmployment();
   } else if (day && (!Unsaved() || Save())) {
     RequireHold();
     employment_.Terminate(pID, *day);

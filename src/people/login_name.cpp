@@ -37,6 +37,8 @@ LoginName::LoginName(const session::ScreenContext& context, const Parts& parts, 
   Adopt(parts_.password);
   Adopt(parts_.state);
   record_.Bind(parts_.box, "PWMUseNam");
+  record_.Bind(person_, "PWMPid");
+  person_.AccessibleName = "Employee";
   parts_.box.Leave = [this] { TakeFree(); };
   parts_.password.Click = [this] { AskPassword(); };
 }
@@ -142,9 +144,16 @@ void LoginName::ShowState() {
                                             : "A password is never shown, only replaced.";
 }
 
+std::int32_t LoginName::Insert(std::int32_t person) {
+  person_.Caption = std::to_string(person);
+  return record_.Insert();
+}
+
 void LoginName::Link(std::int32_t person) {
   statements_.Execute("UPDATE PWMTable SET PWMPID=" + Literal(person) + " WHERE PWMID=" + Literal(Id()) +
                       statements_.Office());
+  person_.Caption = std::to_string(person);
+  record_.MarkWritten(person_);
   entered_ = false;
 }
 

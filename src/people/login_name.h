@@ -56,8 +56,8 @@ class LoginName : public forms::UserControl, private editing::Rules {
   // Steps of saving. A login is to be made, and belongs to nobody yet.
   bool IsNew() const { return Id() == 0 && !parts_.box.Text->empty(); }
   bool BelongsToNobody() const { return IsNew() || entered_; }
-  // Its ID.
-  std::int32_t Insert() { return record_.Insert(); }
+  // Its ID. A save that is broken off leaves no login that is nobody's.
+  std::int32_t Insert(std::int32_t person);
   void Link(std::int32_t person);
   // At the office's first location, where it has none.
   void Locate();
@@ -73,6 +73,7 @@ class LoginName : public forms::UserControl, private editing::Rules {
 
   Parts parts_;
   std::function<Person()> whose_;
+  forms::Label person_;  // of the row
   data::RecordBinding record_;
   std::string storable_;  // of the password that was typed; empty for none
   bool entered_ = false;
