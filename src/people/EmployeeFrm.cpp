@@ -130,7 +130,9 @@ void EmployeeFrm::WireSaving() {
   OnSave([=, this] { return ShownContact() != kFirstPhone && types_phone(); }, [this] { SavePhone(); });
   OnSave([=] { return !types_phone() && (shows("Fax", kFax) || shows("Ema", kEmail)); },
          [this] { contacts_.Mirror(pID, editing::Side::Home, ShownContact()); });
-  OnSave([this] { return Login.IsNew(); }, [this] { NewEmployeePasswordID = Login.Insert(pID); });
+  const auto makes_login = [this] { return Login.IsNew(); };
+  OnSave(makes_login, [this] { NewEmployeePasswordID = Login.Insert(pID); });
+  OnSave(makes_login, [this] { Hold("PWMTABLE", Login.Id()); });
   OnSave(with_new_login, [this] { Login.Link(pID); });
   OnSave(with_new_login, [this] { Login.Locate(); });
   OnSave([this] { return Login.Pending(); }, [this] { Login.Write(); });
