@@ -306,7 +306,10 @@ session::Outcome EmployeeFrm::Ended() const {
   if (duplicate_.Instead() != 0) {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
   }
-  return {.end = Saved && !deleted_ ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
+  if (deleted_) {
+    return {};
+  }
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
 }
 
 void EmployeeFrm::picSwapName_Click() {
