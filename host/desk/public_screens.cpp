@@ -83,4 +83,9 @@ std::optional<session::PickedText> PublicScreens::ShowPickList(session::PickList
   return std::nullopt;
 }
 
+bool PublicScreens::EditLoginLocations(std::int32_t login) {
+  entry::Arguments arguments = {{"PasswordID", std::to_string(login)}};
+  return forms::IsOn(editing_screen_.Find("LoginLocation_Setup")->invoke(arguments));
+}
+
 }  // namespace host

@@ -18,6 +18,7 @@ class PublicScreens : public session::Screens {
   session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
+  bool EditLoginLocations(std::int32_t login) override;
 
  private:
   // The outcome, by the argument that tells the record; the arguments as they come back.

@@ -36,6 +36,11 @@ std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickL
   return lookup::ShowPickList(context_, list, title);
 }
 
+bool ComponentScreens::EditLoginLocations(std::int32_t /*login*/) {
+  TellNotBuilt(context_.user, "frmPatientLocation", "a login's locations");
+  return false;
+}
+
 bool ComponentScreens::AcceptLogin(std::int32_t login) {
   std::string name;
   const data::Statements statements(context_.session);

@@ -16,6 +16,7 @@ class ComponentScreens : public session::Screens {
   session::ListOutcome ShowPayers(const session::ListOptions& options) override;
   session::SearchOutcome Search(const session::SearchRequest& request) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
+  bool EditLoginLocations(std::int32_t login) override;
 
  private:
   // False when the person would rather not enter a new employee for the login.

@@ -71,8 +71,9 @@ bool EditingScreen::PatientLocation_Setup(std::int32_t /*patient_id*/) {
   return OpenNotBuilt("frmPatientLocation", "a patient's locations");
 }
 
-bool EditingScreen::LoginLocation_Setup(std::int32_t /*password_id*/) {
-  return OpenNotBuilt("frmPatientLocation", "a login's locations");
+bool EditingScreen::LoginLocation_Setup(std::int32_t password_id) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditLoginLocations(password_id);
 }
 
 void EditingScreen::Show_InsPlan_Screen(std::int32_t /*employer_id*/, std::int32_t /*carrier_id*/,

@@ -140,6 +140,8 @@ class Screens {
   virtual SearchOutcome Search(const SearchRequest& request) = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
+  // The locations at which a login may be used. True when something was saved.
+  virtual bool EditLoginLocations(std::int32_t login) = 0;
 };
 
 // The ports through which a screen speaks.

@@ -178,6 +178,7 @@ class FakeScreens : public session::Screens {
   session::ListOutcome ShowPayers(const session::ListOptions&) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest&) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
+  bool EditLoginLocations(std::int32_t) override { return false; }
 };
 
 struct FakeHost {
