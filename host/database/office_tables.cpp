@@ -11,7 +11,7 @@ std::vector<Table> Office() {
                    Text("OffLocCit", kCity), Text("OffLocSta", kState), Text("OffLocZip", kZip),
                    Text("OffLocPho", kPhone), Text("OffLocPho2", kPhone), Text("OffLocFax", kPhone),
                    Text("OffLocEma", kEmail), Text("OffLocFacID", 20), Text("OffLocTIN", 15), Text("OffLocNPI", 10),
-                   Text("OffLocBanAccNum", 30), Int("OffLocBacClr"), Int("OffLocForClr")},
+                   Secret("OffLocBanAccNum", 30), Int("OffLocBacClr"), Int("OffLocForClr")},
        .row_guid = true},
       {.name = "SevCodTable",
        .key = "sevcodID",

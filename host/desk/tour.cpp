@@ -165,6 +165,9 @@ std::vector<Stop> Stops(Desk& desk) {
          dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kLogin);
        }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
+      {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
+      {"frmPatientLocation", open_form("frmPatientLocation", {{"PatientID", patient}})},
+      {"frmPatientLocation-login", open_form("frmPatientLocation", {{"PasswordID", "1"}})},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},
       {"frmSearchWindow-found", open_form("frmSearchWindow", {{"TypedName", "B"}})},
       {"frmTGList", open_list(session::lulEmployee)},

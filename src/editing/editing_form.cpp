@@ -1,6 +1,8 @@
 #include "editing/editing_form.h"
 
 #include <algorithm>
+#include <ranges>
+#include <utility>
 
 #include "forms/text.h"
 
@@ -144,7 +146,8 @@ bool EditingForm::QueryClose() {
     return true;
   }
   const ClosingQuestion question = OnClosing();
-  forms::Message message{.text = question.text, .buttons = forms::kYesNo, .icon = forms::Icon::Question};
+  forms::Message message{
+      .text = question.text, .title = question.title, .buttons = forms::kYesNo, .icon = forms::Icon::Question};
   if (question.offers_to_save) {
     message.buttons = forms::kYesNoCancel;
   } else {
@@ -199,6 +202,11 @@ void EditingForm::MakeReadOnly() {
   read_only_ = true;
   for (forms::Control* control : Controls()) {
     if (auto* box = dynamic_cast<forms::TextBox*>(control)) {
+      editable_again_.emplace_back([box, was = box->ReadOnly.get(), press = box->KeyPress, down = box->KeyDown] {
+        box->ReadOnly = was;
+        box->KeyPress = press;
+        box->KeyDown = down;
+      });
       LookOnly(*box, [this] { return MayModify(); });
     }
   }
@@ -213,6 +221,18 @@ void EditingForm::LookOnly(forms::TextBox& box, const std::function<bool()>& may
   box.KeyDown = [may, rule = box.KeyDown](forms::Key key) {
     return key == forms::Key::Delete ? !may() : rule && rule(key);
   };
+}
+
+void EditingForm::LetGo() {
+  holds_.clear();
+  const auto editable_again = std::exchange(editable_again_, {});
+  for (const auto& editable : editable_again | std::views::reverse) {
+    editable();
+  }
+  for (Step& step : steps_) {
+    step.pending = false;
+  }
+  read_only_ = false;
 }
 
 bool EditingForm::MayModify() const {

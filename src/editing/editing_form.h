@@ -69,6 +69,7 @@ class EditingForm : public forms::Form, public Rules {
   // What is asked when the screen closes with changes unsaved.
   struct ClosingQuestion {
     std::string text = "Are you sure that you want to exit without saving the changes?";
+    std::string title{forms::kSuiteTitle};
     bool offers_to_save = false;  // Yes saves, No discards, Cancel stays; without it Yes discards and No stays
   };
   // What has been saved in part is not left so unasked.
@@ -78,6 +79,9 @@ class EditingForm : public forms::Form, public Rules {
   // be looked at, unless he is silent and a supervisor takes it over. Comes before the record is read: what is read
   // before may be changed before it is held.
   void Hold(const std::string& table, std::int32_t id);
+  // Lets the record go: nothing of it is due any more, and it makes nothing read only. Before another one is shown in
+  // its place.
+  void LetGo();
   // Without the right the record can only be looked at, and whoever tries to change it is told. `what` is what the
   // right modifies: "employers". False without it.
   bool RequireRight(std::string_view right, std::string_view what);
@@ -115,6 +119,7 @@ class EditingForm : public forms::Form, public Rules {
   std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;
   std::list<RecordHold> holds_;
+  std::vector<std::function<void()>> editable_again_;
   std::optional<Right> lacked_;
   bool read_only_ = false;
 };

@@ -5,6 +5,8 @@
 #include "editing/rules.h"
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
+#include "locations/frmOfficeLocation.h"
+#include "locations/frmPatientLocation.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/look_up.h"
 
@@ -36,9 +38,24 @@ std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickL
   return lookup::ShowPickList(context_, list, title);
 }
 
-bool ComponentScreens::EditLoginLocations(std::int32_t /*login*/) {
-  TellNotBuilt(context_.user, "frmPatientLocation", "a login's locations");
-  return false;
+bool ComponentScreens::EditLoginLocations(std::int32_t login) {
+  locations::frmPatientLocation screen(context_);
+  screen.PasswordID = login;
+  context_.user.Show(screen);
+  return screen.Saved;
+}
+
+bool ComponentScreens::EditPatientLocations(std::int32_t patient) {
+  locations::frmPatientLocation screen(context_);
+  screen.PatientID = patient;
+  context_.user.Show(screen);
+  return screen.Saved;
+}
+
+bool ComponentScreens::EditOfficeLocations() {
+  locations::frmOfficeLocation screen(context_);
+  context_.user.Show(screen);
+  return screen.Saved;
 }
 
 bool ComponentScreens::AcceptLogin(std::int32_t login) {

@@ -18,6 +18,10 @@ class ComponentScreens : public session::Screens {
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 
+  // True when something was saved.
+  bool EditPatientLocations(std::int32_t patient);
+  bool EditOfficeLocations();
+
  private:
   // False when the person would rather not enter a new employee for the login.
   bool AcceptLogin(std::int32_t login);

@@ -64,11 +64,13 @@ bool EditingScreen::Edit_Patient_Coverage(std::int32_t /*patient_id*/) {
 }
 
 bool EditingScreen::Location_Edit_Screen() {
-  return OpenNotBuilt("frmOfficeLocation", "office locations");
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditOfficeLocations();
 }
 
-bool EditingScreen::PatientLocation_Setup(std::int32_t /*patient_id*/) {
-  return OpenNotBuilt("frmPatientLocation", "a patient's locations");
+bool EditingScreen::PatientLocation_Setup(std::int32_t patient_id) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditPatientLocations(patient_id);
 }
 
 bool EditingScreen::LoginLocation_Setup(std::int32_t password_id) {

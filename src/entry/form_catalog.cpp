@@ -8,6 +8,8 @@
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/frmEmployer.h"
+#include "locations/frmOfficeLocation.h"
+#include "locations/frmPatientLocation.h"
 #include "lookup/frmExport.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
@@ -78,6 +80,8 @@ const std::vector<Screen>& AllScreens() {
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
+      Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
+      Opens<locations::frmPatientLocation>("frmPatientLocation"),
       Opens<people::frmContacts>("frmContacts"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),

@@ -1,11 +1,25 @@
 #include "forms/color.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 
 namespace forms {
+namespace {
+
+// The share of white's light, as the eye weighs the three of which a screen makes a colour.
+double LightOf(Color color) {
+  const auto linear = [](std::uint8_t part) {
+    const double value = part / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+}  // namespace
 
 std::string ColorText(Color color) {
   std::array<char, 8> text{};
@@ -25,6 +39,32 @@ std::optional<Color> ParseColor(std::string_view text) {
   }
   return Color{static_cast<std::uint8_t>(rgb >> 16U), static_cast<std::uint8_t>(rgb >> 8U),
                static_cast<std::uint8_t>(rgb)};
+}
+
+std::optional<Color> ColorOfNumber(std::int32_t number) {
+  if (number < 0 || number > 0xFFFFFF) {
+    return std::nullopt;
+  }
+  const auto bgr = static_cast<std::uint32_t>(number);
+  return Color{static_cast<std::uint8_t>(bgr), static_cast<std::uint8_t>(bgr >> 8U),
+               static_cast<std::uint8_t>(bgr >> 16U)};
+}
+
+std::int32_t NumberOf(Color color) {
+  return color.red + 256 * color.green + 65536 * color.blue;
+}
+
+double Contrast(Color one, Color other) {
+  constexpr double kOfScreen = 0.05;  // the light of a dark screen
+  const auto [darker, lighter] = std::minmax({LightOf(one) + kOfScreen, LightOf(other) + kOfScreen});
+  return lighter / darker;
+}
+
+Color ReadableOn(Color back, Color wanted) {
+  if (Contrast(back, wanted) >= kReadableContrast) {
+    return wanted;
+  }
+  return Contrast(back, kBlack) >= Contrast(back, kWhite) ? kBlack : kWhite;
 }
 
 }  // namespace forms

@@ -222,6 +222,13 @@ char MnemonicOf(std::string_view caption) {
   return '\0';
 }
 
+std::string Masked(const std::string& utf8) {
+  constexpr std::size_t kShown = 4;
+  std::u32string text = ToUtf32(utf8);
+  std::fill(text.begin(), text.size() > kShown ? text.end() - kShown : text.end(), U'*');
+  return ToUtf8(text);
+}
+
 bool IsOn(std::string_view text) {
   constexpr std::array<std::string_view, 6> kSet = {"1", "-1", "on", "true", "yes", "y"};
   return std::ranges::any_of(kSet, [text](std::string_view set) { return EqualsIgnoringCase(text, set); });

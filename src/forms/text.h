@@ -27,6 +27,9 @@ std::string Fitting(std::string_view utf8, int room);
 // Without the blanks, tabs and line breaks at both ends.
 std::string_view Trim(std::string_view text);
 
+// '*' in the place of every character but the last four; of every one where there are no more.
+std::string Masked(const std::string& utf8);
+
 // Tabs and line breaks as blanks, a CR LF as one.
 std::string OnOneLine(std::string_view text);
 

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "data/locations.h"
 #include "lookup/frmTGList.h"
 
 namespace lookup {
@@ -15,8 +16,7 @@ void frmTGList::ReadFacilities() {
                                          statements_.Office() + " ORDER BY OffLocID");
     for (; !rows->Eof(); rows->MoveNext()) {
       const std::int32_t id = session::ToId(rows->Get(0));
-      const std::string name = session::ToText(rows->Get(1));
-      locations.push_back({.text = name.empty() ? "Location #" + std::to_string(id) : name, .data = id});
+      locations.push_back({.text = data::LocationName(id, rows->Get(1)), .data = id});
     }
   });
   cboFacility.Items = std::move(locations);

@@ -36,7 +36,7 @@ GridHeads::GridHeads(forms::Grid& grid, wxGrid& widget, GridFilters& filters)
     : grid_(grid), widget_(widget), filters_(filters) {
   widget_.Bind(wxEVT_GRID_COL_SORT, [this](wxGridEvent& event) {
     event.Veto();
-    if (FormWindow::Of(widget_).SyncFocus()) {
+    if (grid_.HeadClick && FormWindow::Of(widget_).SyncFocus()) {
       grid_.DoSort(event.GetCol());
     }
   });

@@ -7,6 +7,10 @@
 #include "forms/text.h"
 #include "views/form_window.h"
 
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
+
 namespace views {
 namespace {
 
@@ -35,6 +39,9 @@ class TextBinding : public Binding {
 
  protected:
   void Refresh(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::State) {
+      ShowPassword();
+    }
     const wxString wanted = WithLineFeeds(box_.Text);
     if (aspect == forms::Aspect::Value && text_.GetValue() != wanted) {
       const long caret = text_.GetInsertionPoint();
@@ -82,6 +89,19 @@ class TextBinding : public Binding {
     long to = 0;
     text_.GetSelection(&from, &to);
     Put(from, to, pasted);
+  }
+
+  // A rule may hide the text, and show it again.
+  void ShowPassword() {
+    const bool hides = box_.PasswordChar != '\0';
+    if (text_.HasFlag(wxTE_PASSWORD) == hides) {
+      return;
+    }
+    text_.ToggleWindowStyle(wxTE_PASSWORD);
+#ifdef __WXMSW__
+    SendMessage(GetHwndOf(&text_), EM_SETPASSWORDCHAR, hides ? L'\u25CF' : 0, 0);
+    text_.Refresh();
+#endif
   }
 
   // What came past the keyboard and the clipboard: characters taken away, or put in by a drop or an input method. A

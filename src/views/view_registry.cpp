@@ -1,6 +1,8 @@
 #include "views/view_registry.h"
 
 #include "views/insurance/frmEmployer_view.h"
+#include "views/locations/frmOfficeLocation_view.h"
+#include "views/locations/frmPatientLocation_view.h"
 #include "views/lookup/frmExport_view.h"
 #include "views/lookup/frmSearchWindow_view.h"
 #include "views/lookup/frmTGList_view.h"
@@ -17,6 +19,8 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<people::docScreen>("docScreen", LayOut_docScreen);
   registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);
+  registry.Add<locations::frmOfficeLocation>("frmOfficeLocation", LayOut_frmOfficeLocation);
+  registry.Add<locations::frmPatientLocation>("frmPatientLocation", LayOut_frmPatientLocation);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);

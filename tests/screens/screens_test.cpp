@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(Every, Screen, testing::ValuesIn(AllWays()), WayName);
 INSTANTIATE_TEST_SUITE_P(Every, SavingScreen, testing::ValuesIn(WaysThat([](const Way& way) { return way.saves; })),
                          WayName);
 INSTANTIATE_TEST_SUITE_P(Every, HeldRecord, testing::ValuesIn(WaysThat([](const Way& way) {
-                           return way.saves && (way.OnExisting() || way.how == "ByName");
+                           return way.holds || (way.saves && way.OnExisting());
                          })),
                          WayName);
 INSTANTIATE_TEST_SUITE_P(Every, ExistingRecord,
@@ -202,7 +202,8 @@ TEST_P(HeldRecord, IsOnlyLookedAt) {
   std::map<std::string, std::string> shown;
   Desk first;
   first.Session().hear = [&](const std::string& sql) {
-    EXPECT_THAT(first.Locks(), testing::Not(testing::IsEmpty())) << "read before it is held: " << sql;
+    const bool list = Has(sql, " ORDER BY ");  // that the record is chosen from
+    EXPECT_TRUE(list || !first.Locks().empty()) << "read before it is held: " << sql;
   };
   Open(first, way.open, [&](Form& form) {
     first.Session().hear = nullptr;

@@ -137,11 +137,18 @@ void LetGo(Form& form) {
   }
 }
 
+// A screen without a button bar has buttons of these names.
 template <forms::Button forms::DialogButtons::*button>
-bool Press(Form& form) {
+bool Press(Form& form, std::initializer_list<const char*> otherwise) {
   for (Control* control : form.Controls()) {
     if (auto* bar = dynamic_cast<forms::DialogButtons*>(control)) {
       (bar->*button).DoClick();
+      return true;
+    }
+  }
+  for (const char* name : otherwise) {
+    if (auto* other = dynamic_cast<forms::Button*>(form.Find(name))) {
+      other->DoClick();
       return true;
     }
   }
@@ -227,11 +234,11 @@ std::map<std::string, std::string> BoundTexts(const Form& form) {
 }
 
 bool PressOK(Form& form) {
-  return Press<&forms::DialogButtons::OK>(form);
+  return Press<&forms::DialogButtons::OK>(form, {"cmdOK", "TB.CLOSE"});
 }
 
 bool PressCancel(Form& form) {
-  return Press<&forms::DialogButtons::Cancel>(form);
+  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "TB.CLOSE"});
 }
 
 void PressEsc(Form& form) {

@@ -22,7 +22,7 @@ std::map<std::string, std::string> Texts(const forms::Form& form);
 // What stands in every field that is bound to a column, seen or not.
 std::map<std::string, std::string> BoundTexts(const forms::Form& form);
 
-// Presses the button of the screen's button bar; false when it has none.
+// Presses the button that leaves the screen, with what was done or without; false when it has none.
 bool PressOK(forms::Form& form);
 bool PressCancel(forms::Form& form);
 // Esc where the focus is, until it closes the screen: an open panel takes it first.

@@ -57,6 +57,7 @@ static_assert(kKinds.size() == static_cast<std::size_t>(RecordKind::RecallMaster
 const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
   static const std::map<std::string, std::map<std::string, Asked>> properties = {
       {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
   };
   return properties;
@@ -112,9 +113,18 @@ session::Outcome OpenByName(const std::string& name, Desk& desk) {
               editing != nullptr && editing->Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled};
 }
 
-bool IsEditingForm(const std::string& name) {
+Way ByName(const std::string& name) {
   test_support::FakeHost host;
-  return dynamic_cast<const editing::EditingForm*>(entry::MakeForm(name, host.Context()).get()) != nullptr;
+  const auto form = entry::MakeForm(name, host.Context());
+  const bool edits = dynamic_cast<const editing::EditingForm*>(form.get()) != nullptr;
+  const bool typed = std::ranges::any_of(form->Controls(), [](const forms::Control* control) {
+    return dynamic_cast<const forms::TextBox*>(control) != nullptr;
+  });
+  return {.form = name,
+          .how = "ByName",
+          .open = [name](Desk& desk) { return OpenByName(name, desk); },
+          .saves = edits && typed,
+          .holds = edits};
 }
 
 std::vector<Way> MakeWays() {
@@ -136,7 +146,7 @@ std::vector<Way> MakeWays() {
   }
   for (const std::string& name : entry::FormNames()) {
     if (std::ranges::find(ways, name, &Way::form) == ways.end()) {
-      ways.push_back({name, "ByName", [name](Desk& desk) { return OpenByName(name, desk); }, {}, IsEditingForm(name)});
+      ways.push_back(ByName(name));
     }
   }
   return ways;

@@ -68,7 +68,8 @@ struct Way {
   std::string how;  // "NewPatient", "List3"
   std::function<session::Outcome(Desk&)> open;
   std::optional<session::RecordKind> kind = {};  // of the record that it edits
-  bool saves = false;
+  bool saves = false;                            // what is typed
+  bool holds = false;                            // a record, opened by its name alone
 
   bool OnExisting() const { return how.starts_with("Existing"); }
   // Opens the record again that it saved.

@@ -1,0 +1,76 @@
+#include "views/locations/frmOfficeLocation_view.h"
+
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/editing/editing_views.h"
+#include "views/field_group.h"
+#include "views/grid_binder.h"
+#include "views/panel_binders.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+using locations::frmOfficeLocation;
+
+wxSizer* AddressGroup(wxWindow* parent, frmOfficeLocation& form) {
+  FieldGroup group(parent, "Name and address");
+  for (const auto field : {form.kName, form.kAddress1, form.kAddress2}) {
+    group.Row({{form.txtInfo[field], 34}});
+  }
+  LayOut(group, form.CSZ);
+  return group.Sizer();
+}
+
+wxSizer* FieldsGroup(wxWindow* parent, const wxString& title, frmOfficeLocation& form, frmOfficeLocation::Field first,
+                     frmOfficeLocation::Field last) {
+  FieldGroup group(parent, title);
+  for (std::size_t field = first; field <= last; ++field) {
+    group.Row({{form.txtInfo.at(field), 26}});
+  }
+  return group.Sizer();
+}
+
+wxSizer* ColorGroup(wxWindow* parent, frmOfficeLocation& form) {
+  constexpr int kTextWidth = 340;
+  FieldGroup group(parent, "Colours");
+  for (std::size_t which = 0; which < form.cmdColor.size(); ++which) {
+    wxWindow* button = MakeButton(group.Box(), form.cmdColor.at(which));
+    group.Row(button, {MakeLabel(group.Box(), form.lblColorInfo.at(which))});
+  }
+  group.Row(nullptr, {MakeLabel(group.Box(), form.lblColor)});
+  group.Row(nullptr, {MakeWrapped(group.Box(), form.lblContrast, parent->FromDIP(kTextWidth))});
+  return group.Sizer();
+}
+
+wxPanel* LocationPanel(FormDialog& dialog, frmOfficeLocation& form) {
+  wxPanel* panel = MakePanel(&dialog, form.fraEdit);
+  const auto group = wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(4));
+  auto* left = new wxBoxSizer(wxVERTICAL);
+  left->Add(AddressGroup(panel, form), group);
+  left->Add(FieldsGroup(panel, "Phones and e-mail", form, form.kPhone, form.kEmail), group);
+  auto* right = new wxBoxSizer(wxVERTICAL);
+  right->Add(FieldsGroup(panel, "Identifiers", form, form.kFacility, form.kBankAccount), group);
+  right->Add(ColorGroup(panel, form), group);
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(left, wxSizerFlags(1).Expand());
+  columns->Add(right, wxSizerFlags(1).Expand());
+  panel->SetSizer(columns);
+  return panel;
+}
+
+}  // namespace
+
+void LayOut_frmOfficeLocation(FormDialog& dialog, frmOfficeLocation& form) {
+  const int gap = dialog.FromDIP(8);
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(MakeToolBar(&dialog, form.TB), wxSizerFlags().Expand().Border(wxALL, gap / 2));
+  page->Add(MakeCaption(&dialog, form.lblLocations), wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
+  page->Add(MakeGrid(&dialog, form.TDBG, 4), wxSizerFlags(1).Expand().Border(wxALL, gap));
+  page->Add(LocationPanel(dialog, form), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap / 2));
+  page->Add(MakeLabel(&dialog, form.SB), wxSizerFlags().Expand().Border(wxALL, gap));
+  dialog.SetSizer(page);
+}
+
+}  // namespace views
