@@ -166,6 +166,16 @@ std::vector<Stop> Stops(Desk& desk) {
        }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
+      {"frmOfficeLocation-colors",
+       [&desk, open = open_form("frmOfficeLocation", {})] {
+         const session::ScreenContext context = desk.Context();
+         context.session.Connection().Execute(context.session.PrepareSQL(
+             "UPDATE OffLocTable SET OffLocBacClr=8421376, OffLocForClr=12632256, OffLocBanAccNum='0123456789' WHERE "
+             "OffLocNam='North Side'",
+             1));
+         open();
+       },
+       [](forms::Form& form) { dynamic_cast<forms::Grid&>(*form.Find("TDBG")).DoRow(1); }},
       {"frmPatientLocation", open_form("frmPatientLocation", {{"PatientID", patient}})},
       {"frmPatientLocation-login", open_form("frmPatientLocation", {{"PasswordID", "1"}})},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},

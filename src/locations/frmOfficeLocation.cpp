@@ -70,7 +70,7 @@ void frmOfficeLocation::Register() {
   TDBG.Heading = &lblLocations;
   TDBG.Columns = std::vector<forms::GridColumn>{
       {.key = "Number", .caption = "#", .width = 40, .align = forms::GridColumn::Align::Right},
-      {.key = "OffLocNam", .caption = "Name", .width = 320},
+      {.key = "OffLocNam", .caption = "Name", .width = 600},
       {.key = "OffLocID", .caption = "ID", .width = 60, .align = forms::GridColumn::Align::Right}};
   for (std::size_t i = 0; i < txtInfo.size(); ++i) {
     lblInfo.at(i).Caption = kColumns.at(i).caption;

@@ -53,7 +53,7 @@ void frmPatientLocation::Register() {
                                                  .kind = forms::GridColumn::Kind::Check,
                                                  .align = forms::GridColumn::Align::Center,
                                                  .editable = true},
-                                                {.key = "OffLocNam", .caption = "Location", .width = 300},
+                                                {.key = "OffLocNam", .caption = "Location", .width = 390},
                                                 {.key = "ColLinkID", .caption = "ColLinkID", .visible = false},
                                                 {.key = "Dummy", .caption = "Dummy", .visible = false}};
   chkFam.Caption = "Apply to the whole &family";

@@ -8,7 +8,7 @@
 #include "views/form_window.h"
 
 #ifdef __WXMSW__
-#include <wx/msw/private.h>
+#include <wx/msw/wrapwin.h>
 #endif
 
 namespace views {
@@ -99,7 +99,7 @@ class TextBinding : public Binding {
     }
     text_.ToggleWindowStyle(wxTE_PASSWORD);
 #ifdef __WXMSW__
-    SendMessage(GetHwndOf(&text_), EM_SETPASSWORDCHAR, hides ? L'\u25CF' : 0, 0);
+    SendMessageW(text_.GetHandle(), EM_SETPASSWORDCHAR, hides ? L'\u25CF' : 0, 0);
     text_.Refresh();
 #endif
   }

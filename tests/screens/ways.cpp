@@ -10,6 +10,7 @@
 #include "database/schema.h"
 #include "editing/editing_form.h"
 #include "entry/form_catalog.h"
+#include "forms/text_box.h"
 #include "practice/demo.h"
 
 namespace screens_test {

@@ -33,10 +33,12 @@ wxSizer* FieldsGroup(wxWindow* parent, const wxString& title, frmOfficeLocation&
 }
 
 wxSizer* ColorGroup(wxWindow* parent, frmOfficeLocation& form) {
-  constexpr int kTextWidth = 340;
+  constexpr int kButtonWidth = 130;
+  constexpr int kTextWidth = 230;
   FieldGroup group(parent, "Colours");
   for (std::size_t which = 0; which < form.cmdColor.size(); ++which) {
     wxWindow* button = MakeButton(group.Box(), form.cmdColor.at(which));
+    button->SetMinSize(wxSize(parent->FromDIP(kButtonWidth), -1));
     group.Row(button, {MakeLabel(group.Box(), form.lblColorInfo.at(which))});
   }
   group.Row(nullptr, {MakeLabel(group.Box(), form.lblColor)});

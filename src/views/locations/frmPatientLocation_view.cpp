@@ -10,7 +10,7 @@
 namespace views {
 
 void LayOut_frmPatientLocation(FormDialog& dialog, locations::frmPatientLocation& form) {
-  constexpr int kTextWidth = 420;
+  constexpr int kTextWidth = 460;
   const int gap = dialog.FromDIP(8);
   auto* page = new wxBoxSizer(wxVERTICAL);
   auto* head = new wxFlexGridSizer(2, gap, gap);
