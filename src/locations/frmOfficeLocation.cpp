@@ -70,7 +70,7 @@ void frmOfficeLocation::Register() {
   TDBG.Heading = &lblLocations;
   TDBG.Columns = std::vector<forms::GridColumn>{
       {.key = "Number", .caption = "#", .width = 40, .align = forms::GridColumn::Align::Right},
-      {.key = "OffLocNam", .caption = "Name", .width = 600},
+      {.key = "OffLocNam", .caption = "Name", .width = 560},
       {.key = "OffLocID", .caption = "ID", .width = 60, .align = forms::GridColumn::Align::Right}};
   for (std::size_t i = 0; i < txtInfo.size(); ++i) {
     lblInfo.at(i).Caption = kColumns.at(i).caption;
@@ -92,8 +92,7 @@ void frmOfficeLocation::Register() {
   }
   lblColor.Container = lblContrast.Container = cmdCSZ.Container = &fraEdit;
   lblContrast.Caption =
-      "These two colours are hard to tell apart. Wherever this location is shown in them, its name is written in black "
-      "or white.";
+      "These two colours are hard to tell apart. Elsewhere the name is written in black or white instead.";
   lblContrast.Visible = false;
   Reads({&TDBG, &fraEdit});
 }

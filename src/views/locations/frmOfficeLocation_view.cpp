@@ -17,7 +17,7 @@ using locations::frmOfficeLocation;
 wxSizer* AddressGroup(wxWindow* parent, frmOfficeLocation& form) {
   FieldGroup group(parent, "Name and address");
   for (const auto field : {form.kName, form.kAddress1, form.kAddress2}) {
-    group.Row({{form.txtInfo[field], 34}});
+    group.Row({{form.txtInfo[field], 30}});
   }
   LayOut(group, form.CSZ);
   return group.Sizer();
@@ -27,23 +27,29 @@ wxSizer* FieldsGroup(wxWindow* parent, const wxString& title, frmOfficeLocation&
                      frmOfficeLocation::Field last) {
   FieldGroup group(parent, title);
   for (std::size_t field = first; field <= last; ++field) {
-    group.Row({{form.txtInfo.at(field), 26}});
+    group.Row({{form.txtInfo.at(field), 24}});
   }
   return group.Sizer();
 }
 
 wxSizer* ColorGroup(wxWindow* parent, frmOfficeLocation& form) {
   constexpr int kButtonWidth = 130;
-  constexpr int kTextWidth = 230;
-  FieldGroup group(parent, "Colours");
+  constexpr int kTextWidth = 330;
+  const int gap = parent->FromDIP(8);
+  auto* group = new wxStaticBoxSizer(wxVERTICAL, parent, "Colours");
+  wxWindow* box = group->GetStaticBox();
+  box->SetName("group Colours");
   for (std::size_t which = 0; which < form.cmdColor.size(); ++which) {
-    wxWindow* button = MakeButton(group.Box(), form.cmdColor.at(which));
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    wxButton* button = MakeButton(box, form.cmdColor.at(which));
     button->SetMinSize(wxSize(parent->FromDIP(kButtonWidth), -1));
-    group.Row(button, {MakeLabel(group.Box(), form.lblColorInfo.at(which))});
+    row->Add(button);
+    row->Add(MakeLabel(box, form.lblColorInfo.at(which)), wxSizerFlags().CenterVertical().Border(wxLEFT, gap));
+    group->Add(row, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
   }
-  group.Row(nullptr, {MakeLabel(group.Box(), form.lblColor)});
-  group.Row(nullptr, {MakeWrapped(group.Box(), form.lblContrast, parent->FromDIP(kTextWidth))});
-  return group.Sizer();
+  group->Add(MakeLabel(box, form.lblColor), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
+  group->Add(MakeWrapped(box, form.lblContrast, parent->FromDIP(kTextWidth)), wxSizerFlags().Border(wxALL, gap));
+  return group;
 }
 
 wxPanel* LocationPanel(FormDialog& dialog, frmOfficeLocation& form) {
@@ -69,7 +75,7 @@ void LayOut_frmOfficeLocation(FormDialog& dialog, frmOfficeLocation& form) {
   auto* page = new wxBoxSizer(wxVERTICAL);
   page->Add(MakeToolBar(&dialog, form.TB), wxSizerFlags().Expand().Border(wxALL, gap / 2));
   page->Add(MakeCaption(&dialog, form.lblLocations), wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
-  page->Add(MakeGrid(&dialog, form.TDBG, 4), wxSizerFlags(1).Expand().Border(wxALL, gap));
+  page->Add(MakeGrid(&dialog, form.TDBG, 2), wxSizerFlags(1).Expand().Border(wxALL, gap));
   page->Add(LocationPanel(dialog, form), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap / 2));
   page->Add(MakeLabel(&dialog, form.SB), wxSizerFlags().Expand().Border(wxALL, gap));
   dialog.SetSizer(page);
