@@ -49,7 +49,7 @@ std::vector<std::int32_t> FamilyMembers(const data::Statements& statements, std:
   }
   members.push_back(patient);
   std::ranges::sort(members);
-  members.erase(std::ranges::unique(members).begin(), members.end());
+  members.erase(std::unique(members.begin(), members.end()), members.end());
   std::erase(members, 0);
   return members;
 }

@@ -16,13 +16,13 @@ constexpr std::array kPhones = {Field::kPhone, Field::kPhone2, Field::kFax};
 // In the order of `txtInfo`.
 struct Column {
   data::Words name;
-  const char* caption;
+  const char* caption = nullptr;
 };
 constexpr std::array kColumns = {Column{"OffLocNam", "&Name"},          Column{"OffLocAd1", "Address &1"},
                                  Column{"OffLocAd2", "Address &2"},     Column{"OffLocCit", "Cit&y"},
                                  Column{"OffLocSta", "&State"},         Column{"OffLocZip", "&ZIP Code"},
                                  Column{"OffLocPho", "&Phone"},         Column{"OffLocPho2", "Sec&ond Phone"},
-                                 Column{"OffLocFax", "Fa&x"},           Column{"OffLocEma", "&E-mail"},
+                                 Column{"OffLocFax", "Fa&x"},           Column{"OffLocEma", "E-&mail"},
                                  Column{"OffLocFacID", "&Facility ID"}, Column{"OffLocTIN", "&Tax ID"},
                                  Column{"OffLocNPI", "NP&I"},           Column{"OffLocBanAccNum", "Ban&k Account"}};
 

@@ -10,7 +10,6 @@ namespace locations {
 namespace {
 
 using data::Literal;
-using data::Sql;
 
 // Of a row of the grid.
 enum Cell : std::size_t { kDisplay, kLocation, kColLinkID, kDummy };

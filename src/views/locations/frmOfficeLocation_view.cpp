@@ -2,6 +2,9 @@
 
 #include <wx/sizer.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "views/button_binders.h"
 #include "views/editing/editing_views.h"
 #include "views/field_group.h"
@@ -33,19 +36,21 @@ wxSizer* FieldsGroup(wxWindow* parent, const wxString& title, frmOfficeLocation&
 }
 
 wxSizer* ColorGroup(wxWindow* parent, frmOfficeLocation& form) {
-  constexpr int kButtonWidth = 130;
   constexpr int kTextWidth = 330;
   const int gap = parent->FromDIP(8);
   auto* group = new wxStaticBoxSizer(wxVERTICAL, parent, "Colours");
   wxWindow* box = group->GetStaticBox();
   box->SetName("group Colours");
+  std::vector<wxButton*> buttons;
   for (std::size_t which = 0; which < form.cmdColor.size(); ++which) {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    wxButton* button = MakeButton(box, form.cmdColor.at(which));
-    button->SetMinSize(wxSize(parent->FromDIP(kButtonWidth), -1));
-    row->Add(button);
+    row->Add(buttons.emplace_back(MakeButton(box, form.cmdColor.at(which))));
     row->Add(MakeLabel(box, form.lblColorInfo.at(which)), wxSizerFlags().CenterVertical().Border(wxLEFT, gap));
     group->Add(row, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  }
+  const int width = std::max(buttons.front()->GetBestSize().x, buttons.back()->GetBestSize().x);
+  for (wxButton* button : buttons) {
+    button->SetMinSize(wxSize(width, -1));
   }
   group->Add(MakeLabel(box, form.lblColor), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
   group->Add(MakeWrapped(box, form.lblContrast, parent->FromDIP(kTextWidth)), wxSizerFlags().Border(wxALL, gap));
