@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "practice/demo_households.h"
 #include "practice/demo_schedule.h"
 
 namespace host::demo {
@@ -10,10 +11,9 @@ namespace {
 
 using forms::Currency;
 
-// A patient's relationship to the subscriber.
-constexpr std::int32_t kSelf = 1;
-constexpr std::int32_t kSpouse = 2;
-constexpr std::int32_t kChild = 3;
+using Relation = HouseholdMaker::Relation;
+
+constexpr int kOfAge = 18;
 
 struct Charge {
   std::string_view code;
@@ -28,7 +28,7 @@ constexpr std::array<Charge, 4> kCharges = {{{"D1001", "Cleaning, adult", 110},
 // A family member as the later steps need him.
 struct Member {
   std::int32_t id;
-  std::int32_t relation;  // to the head
+  Relation relation;  // to the head
   int age;
 };
 // What a grown-up holds through his employer; 0 for none.
@@ -48,6 +48,7 @@ class FamilyMaker {
       MakeFamily(size);
       patients -= size;
     }
+    households_.Flush();
     for (TableWriter* writer : {&persons_, &families_, &holdings_, &coverages_, &recalls_, &charges_, &accounts_}) {
       writer->Flush();
     }
@@ -62,8 +63,9 @@ class FamilyMaker {
 
   void MakeFamily(int size) {
     members_.clear();
-    const auto last = office_.LastName();
-    const bool woman = chance_.Percent(50);
+    size_ = size;
+    const auto drawn = office_.LastName();
+    const auto [last, woman] = households_.NextName(drawn, chance_.Percent(50));
     const int age = chance_.Between(size > 2 ? 28 : 20, size > 2 ? 52 : 88);
     household_ = {.address = office_.MakeAddress(),
                   .home_phone = office_.MakePhone(),
@@ -74,19 +76,25 @@ class FamilyMaker {
                   .pharmacy = chance_.Percent(60) ? Pick(records_.insurance.pharmacies) : 0,
                   .location = Pick(records_.staff.locations)};
     const Work head_work = FindWork(age);
-    AddMember(last, woman, age, kSelf, head_work.link);
+    AddMember(last, woman, age, Relation::Self, head_work.link);
     Work spouse_work;
     if (size > 1) {
       const int spouse_age = std::clamp(age + chance_.Between(-6, 6), 20, 95);
       spouse_work = FindWork(spouse_age);
-      AddMember(chance_.Percent(85) ? last : office_.LastName(), !woman, spouse_age, kSpouse, spouse_work.link);
+      AddMember(chance_.Percent(85) ? last : office_.LastName(), !woman, spouse_age, Relation::Spouse,
+                spouse_work.link);
     }
     for (int child = 2; child < size; ++child) {
-      AddMember(last, chance_.Percent(50), chance_.Between(1, std::min(age - 20, 19)), kChild, 0);
+      const int child_age = chance_.Between(1, std::min(age - 20, 19));
+      const auto dependent = households_.MakeDependent(child_age, age, size > 3 && child == size - 1);
+      AddMember(last, chance_.Percent(50), dependent.age, dependent.relation, 0);
     }
+    std::vector<std::int32_t> ids;
     for (const Member& member : members_) {
       families_.Row(member.id, members_.front().id);
+      ids.push_back(member.id);
     }
+    households_.Display(ids, household_.location);
     MakeCoverages(head_work, spouse_work);
     for (const Member& member : members_) {
       MakeHistory(member);
@@ -94,8 +102,14 @@ class FamilyMaker {
     }
   }
 
-  void AddMember(std::string_view last, bool woman, int age, std::int32_t relation, std::int32_t employer_link) {
+  void AddMember(std::string_view last, bool woman, int age, Relation relation, std::int32_t employer_link) {
     Person person = office_.MakePerson(last, woman, age, household_);
+    if (relation == Relation::Self) {
+      households_.Head(person, size_ == 1);
+    }
+    if (age >= kOfAge) {
+      person.driving_licence = "L" + Digits(office_.Details().Below(10000000), 7);
+    }
     person.family_head = members_.empty() ? 0 : members_.front().id;
     person.employer_link = employer_link;
     if (employer_link != 0) {
@@ -122,8 +136,10 @@ class FamilyMaker {
     const std::int32_t head_holding = head.plan_link != 0 ? Hold(members_[0].id, head.plan_link) : 0;
     const std::int32_t spouse_holding = spouse.plan_link != 0 ? Hold(members_[1].id, spouse.plan_link) : 0;
     for (const Member& member : members_) {
-      const bool is_spouse = member.relation == kSpouse;
-      const std::int32_t to_spouse = is_spouse ? kSelf : member.relation == kSelf ? kSpouse : kChild;
+      const bool is_spouse = member.relation == Relation::Spouse;
+      const Relation to_spouse = is_spouse                           ? Relation::Self
+                                 : member.relation == Relation::Self ? Relation::Spouse
+                                                                     : member.relation;
       std::int32_t order = 0;
       if (is_spouse && spouse_holding != 0) {
         Cover(member, spouse_holding, to_spouse, ++order);
@@ -143,23 +159,25 @@ class FamilyMaker {
       // An earlier time with the same plan, and what it covered.
       const forms::Date ended = office_.DaysAgo(days);
       const std::int32_t earlier = holdings_.Row(subscriber, link, 1, office_.DaysAgo(days + 700), ended, "admin", 1);
-      coverages_.Row(subscriber, earlier, 1, kSelf, Currency(), Currency(), Currency(), 2020,
-                     office_.DaysAgo(days + 700), ended, "admin", 1);
+      coverages_.Row(subscriber, earlier, 1, static_cast<std::int32_t>(Relation::Self), Currency(), Currency(),
+                     Currency(), 2020, office_.DaysAgo(days + 700), ended, "admin", 1);
     }
     return holdings_.Row(subscriber, link, 1, office_.DaysAgo(days), nullptr, nullptr, 0);
   }
 
-  void Cover(const Member& member, std::int32_t holding, std::int32_t relation, std::int32_t order) {
+  void Cover(const Member& member, std::int32_t holding, Relation relation, std::int32_t order) {
     const int used = chance_.Percent(60) ? 0 : 25 * chance_.Between(1, 30);
-    coverages_.Row(member.id, holding, order, relation, Currency::FromWhole(used), Currency::FromWhole(1000 - used),
-                   Currency::FromWhole(used > 0 ? 0 : 50), 2026, office_.DaysAgo(90), nullptr, nullptr, 0);
+    coverages_.Row(member.id, holding, order, static_cast<std::int32_t>(relation), Currency::FromWhole(used),
+                   Currency::FromWhole(1000 - used), Currency::FromWhole(used > 0 ? 0 : 50), 2026, office_.DaysAgo(90),
+                   nullptr, nullptr, 0);
   }
 
   void MakeHistory(const Member& member) {
     const int visited = chance_.Between(5, 900);
     if (chance_.Percent(80)) {
-      const bool child = member.relation == kChild;
-      const RecallMaster& recall = records_.recalls[child ? 1 : chance_.Percent(85) ? 0 : 2];
+      const bool dependent = member.relation == Relation::Child || member.relation == Relation::Other;
+      const std::size_t usual = dependent ? (member.age < kOfAge ? 1 : 0) : (chance_.Percent(85) ? 0 : 2);
+      const RecallMaster& recall = records_.recalls[usual];
       const auto provider = static_cast<std::size_t>(chance_.Below(records_.staff.providers.size()));
       recalls_.Row(member.id, recall.number, records_.staff.provider_names[provider],
                    records_.staff.providers[provider], office_.DaysAgo(visited),
@@ -200,7 +218,9 @@ class FamilyMaker {
   TableWriter charges_ = office_.Writer("DTTable", "traID, TrapID, traTyp, traDat, traCod, traDes, traAmt");
   TableWriter accounts_ = office_.Writer("AccountTable", "AccID, AccPid, AccBal, AccPlaBal, AccPla");
   AppointmentMaker appointments_{office_, records_.operatories};
+  HouseholdMaker households_{office_, records_.staff.locations};
   Person household_;  // what a family shares
+  int size_ = 0;
   std::vector<Member> members_;
 };
 

@@ -18,11 +18,6 @@ std::span<const Place> NeighbourhoodOf(Random& random) {
   return places.subspan(static_cast<std::size_t>(random.Below(places.size() - kNeighbourhood)), kNeighbourhood);
 }
 
-std::string Digits(int number, std::size_t count) {
-  std::string digits = std::to_string(number);
-  return std::string(count - std::min(count, digits.size()), '0') + digits;
-}
-
 // Of one patient in eight.
 std::string_view AlertOf(std::int32_t patient) {
   constexpr std::array<std::string_view, 5> kAlerts = {"Allergic to penicillin", "Asthma", "Blood thinner",
@@ -34,10 +29,16 @@ std::string_view AlertOf(std::int32_t patient) {
 
 }  // namespace
 
+std::string Digits(int number, std::size_t count) {
+  std::string digits = std::to_string(number);
+  return std::string(count - std::min(count, digits.size()), '0') + digits;
+}
+
 DemoOffice::DemoOffice(Practice& practice, std::int32_t office, Identities& identities, std::uint64_t seed)
     : database_(practice, office),
       identities_(identities),
       random_(seed),
+      details_(~seed),
       neighbourhood_(NeighbourhoodOf(random_)),
       area_code_(random_.Between(201, 989)) {}
 
@@ -50,7 +51,8 @@ TableWriter DemoOffice::PersonWriter() {
                 "pID, pLasNam, pFirNam, pNICNAM, pTTL, pProTTL, pSEX, pBirDat, pSSN, pADD1, pAdd2, pCIT, pSta, pZIP, "
                 "pHomPho, pHomPho1, pHomCon, pBusPho, pBusPho1, pBusCon, pHomCell, pHomEma, pTypPat, pTypDoc, pTypRef, "
                 "pTypPhy, pTypEmp, pFAMHEAIND, pPROIND, pREFIND, pPHY1, pEmpID1, pPhaID, pDocIni, "
-                "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID, pMEDALE");
+                "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID, pMEDALE, pDOCSPE, pDOCTAX, pDOCLIC, pDRILIC, pBILTTL, "
+                "pCRECARTYP, pCRECARNUM, pDOCDATEMP, pDatRel, pNEXSTADAT");
 }
 
 std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
@@ -66,8 +68,11 @@ std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
       person.home_phone, "Pho1", OrNull{person.work_phone}, OrNull{person.work_phone}, "Pho1", OrNull{person.cell},
       mail, flag(person.patient), flag(person.provider), flag(person.referral), flag(person.physician),
       OrNull{person.employee}, person.family_head == 0 ? writer.NextId() : person.family_head, person.provider_id,
-      person.referral_id, person.physician_id, person.employer_link, person.pharmacy, OrNull{person.initials}, 1, 1,
-      "1", person.location, OrNull{person.patient ? AlertOf(writer.NextId()) : ""});
+      person.referral_id, person.physician_id, person.employer_link, person.pharmacy, OrNull{person.initials},
+      person.fee_schedule, 1, "1", person.location, OrNull{person.patient ? AlertOf(writer.NextId()) : ""},
+      OrNull{person.specialty}, OrNull{person.taxonomy}, OrNull{person.licence}, OrNull{person.driving_licence},
+      OrNull{person.billing_title}, OrNull{person.card_type}, OrNull{person.card_number}, person.employed,
+      person.released, person.next_statement);
 }
 
 Person DemoOffice::MakePerson(std::string_view last, bool woman, int age, Person like) {
@@ -92,8 +97,8 @@ Address DemoOffice::MakeAddress() {
   return address;
 }
 
-std::string DemoOffice::MakePhone() {
-  return forms::FormatPhone(Digits(area_code_, 3) + "555" + Digits(random_.Below(10000), 4));
+std::string DemoOffice::MakePhone(Random& chance) const {
+  return forms::FormatPhone(Digits(area_code_, 3) + "555" + Digits(chance.Below(10000), 4));
 }
 
 forms::Date DemoOffice::DaysAgo(int days) const {

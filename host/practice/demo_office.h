@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,7 +32,7 @@ struct Person {
   std::string_view title = {};
   std::string_view professional_title = {};
   Address address = {};
-  forms::Date birth = {};
+  std::optional<forms::Date> birth = {};
   std::string home_phone = {};
   std::string work_phone = {};
   std::string cell = {};
@@ -39,8 +40,19 @@ struct Person {
   bool provider = false;
   bool referral = false;
   bool physician = false;
-  std::string_view employee = {};  // "1", or "2" for a provider
+  std::string_view employee = {};  // "1", "2" for a provider, "0" for one who has left
   std::string_view initials = {};
+  std::string_view specialty = {};
+  std::string_view taxonomy = {};  // the published provider taxonomy's code
+  std::string licence = {};        // to practise
+  std::string driving_licence = {};
+  std::string_view billing_title = {};
+  std::string_view card_type = {};
+  std::string_view card_number = {};
+  std::int32_t fee_schedule = 1;
+  std::optional<forms::Date> employed = {};
+  std::optional<forms::Date> released = {};
+  std::optional<forms::Date> next_statement = {};
   std::int32_t family_head = 0;  // 0 for a head
   std::int32_t provider_id = 0;
   std::int32_t referral_id = 0;
@@ -50,13 +62,19 @@ struct Person {
   std::int32_t location = 0;
 };
 
+// With as many zeros before it as make so many digits.
+std::string Digits(int number, std::size_t count);
+
 // One office while it is filled: what all its parts draw from.
 class DemoOffice {
  public:
   DemoOffice(Practice& practice, std::int32_t office, Identities& identities, std::uint64_t seed);
 
   OfficeDatabase& Database() { return database_; }
+  // What IDs, names and the order of rows follow from.
   Random& Chance() { return random_; }
+  // For all that nothing else follows from.
+  Random& Details() { return details_; }
   TableWriter Writer(std::string_view table, std::string_view columns);
   // For `AddPerson`.
   TableWriter PersonWriter();
@@ -65,7 +83,8 @@ class DemoOffice {
   // Somebody of the age who shares with `like` all that a household shares.
   Person MakePerson(std::string_view last, bool woman, int age, Person like);
   Address MakeAddress();
-  std::string MakePhone();
+  std::string MakePhone() { return MakePhone(random_); }
+  std::string MakePhone(Random& chance) const;
   forms::Date DaysAgo(int days) const;
   std::string_view LastName();
 
@@ -73,6 +92,7 @@ class DemoOffice {
   OfficeDatabase database_;
   Identities& identities_;
   Random random_;
+  Random details_;
   std::span<const Place> neighbourhood_;
   int area_code_;
 };

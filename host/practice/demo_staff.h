@@ -10,11 +10,11 @@ namespace host::demo {
 
 // Whom an office's patients are treated and sent by, and where.
 struct Staff {
-  std::vector<std::int32_t> locations;
-  std::vector<std::int32_t> providers;
-  std::vector<std::string> provider_names;
-  std::vector<std::int32_t> referrals;
-  std::vector<std::int32_t> physicians;
+  std::vector<std::int32_t> locations = {};
+  std::vector<std::int32_t> providers = {};
+  std::vector<std::string> provider_names = {};
+  std::vector<std::int32_t> referrals = {};
+  std::vector<std::int32_t> physicians = {};
 };
 
 // The hashes of the demo logins' passwords.

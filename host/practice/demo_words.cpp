@@ -1,6 +1,8 @@
 #include "practice/demo_words.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace host::demo {
 namespace {
@@ -55,6 +57,16 @@ constexpr auto kLast = std::to_array<std::string_view>({
     "Wright",   "Young",     "Zimmerman", "Núñez",     "Peña",      "Ibáñez",
 });
 
+constexpr auto kRespelled = std::to_array<std::pair<std::string_view, std::string_view>>({
+    {"Allen", "Allan"},      {"Anderson", "Andersen"}, {"Bailey", "Bayley"},    {"Brooks", "Brookes"},
+    {"Clark", "Clarke"},     {"Cook", "Cooke"},        {"Davis", "Davies"},     {"Gray", "Grey"},
+    {"Griffin", "Griffen"},  {"Johnson", "Jonson"},    {"Kelly", "Kelley"},     {"McDonald", "MacDonald"},
+    {"Mitchell", "Mitchel"}, {"Nelson", "Nelsen"},     {"Perry", "Perrie"},     {"Peterson", "Petersen"},
+    {"Phillips", "Philips"}, {"Reed", "Reid"},         {"Rogers", "Rodgers"},   {"Smith", "Smyth"},
+    {"Stevens", "Stephens"}, {"Stewart", "Stuart"},    {"Thompson", "Thomson"}, {"White", "Whyte"},
+    {"Wood", "Woode"},       {"Young", "Younge"},
+});
+
 constexpr auto kStreets = std::to_array<std::string_view>({
     "Acorn Ln",         "Aspen Ct",       "Birchwood Dr",       "Briar Hill Rd",   "Canal St",
     "Cedar Ave",        "Chapel Ln",      "Cherry Blossom Way", "Clearwater Dr",   "Cobbler's Row",
@@ -107,6 +119,10 @@ std::span<const std::string_view> MensNames() {
 }
 std::span<const std::string_view> LastNames() {
   return kLast;
+}
+std::string_view Respelled(std::string_view last_name) {
+  const auto* known = std::ranges::find(kRespelled, last_name, &std::pair<std::string_view, std::string_view>::first);
+  return known == kRespelled.end() ? std::string_view() : known->second;
 }
 std::span<const std::string_view> Streets() {
   return kStreets;

@@ -9,6 +9,8 @@ namespace host::demo {
 std::span<const std::string_view> WomensNames();
 std::span<const std::string_view> MensNames();
 std::span<const std::string_view> LastNames();
+// One of the last names as others write it who are called the same; empty where all write it alike.
+std::string_view Respelled(std::string_view last_name);
 std::span<const std::string_view> Streets();
 std::span<const std::string_view> Carriers();
 std::span<const std::string_view> Pharmacies();

@@ -12,7 +12,7 @@ namespace host {
 namespace {
 
 // What an office starts with; providers are nobody's until one is chosen.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 11> kDefaults = {{{"PAT_AC_TYP", "1"},
+constexpr std::array<std::pair<std::string_view, std::string_view>, 12> kDefaults = {{{"PAT_AC_TYP", "1"},
                                                                                       {"PAT_MED_ALT", ""},
                                                                                       {"INS_ANN_COV", "1000.00"},
                                                                                       {"INS_ANN_DED", "50.00"},
@@ -21,6 +21,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 11> kDefault
                                                                                       {"INS_DED_LAST", "0"},
                                                                                       {"NON_US_ZIP_CODE", "0"},
                                                                                       {"POPUP_HELP_FLAG", "0"},
+                                                                                      {"DUP_PERSON_CHECK", "TRUE"},
                                                                                       {"OFF_PRA_PRO", "0"},
                                                                                       {kDefaultProvider, "0"}}};
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,7 +33,8 @@ class TableWriter {
   // `columns` are parted by commas, the key first.
   TableWriter(OfficeDatabase& database, Identities& identities, std::string_view table, std::string_view columns);
 
-  // A row with the next ID, which it returns. Values are texts, numbers, amounts, dates, OrNull, or nullptr.
+  // A row with the next ID, which it returns. Values are texts, numbers, amounts, dates, optional ones, OrNull, or
+  // nullptr.
   template <class... Values>
   std::int32_t Row(const Values&... values) {
     const std::int32_t id = next_id_++;
@@ -51,6 +53,10 @@ class TableWriter {
   void End();
   void Append(std::nullptr_t) { rows_ += ", Null"; }
   void Append(OrNull value) { value.text.empty() ? Append(nullptr) : Append(value.text); }
+  template <class Value>
+  void Append(const std::optional<Value>& value) {
+    value ? Append(*value) : Append(nullptr);
+  }
   template <class Value>
   void Append(const Value& value) {
     rows_ += ", ";

@@ -76,6 +76,18 @@ void ExpectSound(const Practice& practice) {
       "SELECT pID FROM PATable p WHERE pTypPat='1' AND NOT EXISTS "
       "(SELECT 1 FROM PATable d WHERE d.pID=p.pPROIND AND d.pTypDoc='1' AND d.OfficeID=p.OfficeID)");
   none("SELECT pDocIni FROM PATable WHERE pDocIni IS NOT NULL GROUP BY OfficeID, pDocIni HAVING COUNT(*)>1");
+  // Nobody's child is older than himself, and everybody's working life is whole.
+  none(
+      "SELECT CovID FROM CovTable c JOIN PatEmpTable h ON h.PatEmpID=c.CovSubPatEmpID AND h.OfficeID=c.OfficeID "
+      "JOIN PATable s ON s.pID=h.PatEmpPatID AND s.OfficeID=c.OfficeID JOIN PATable p ON p.pID=c.CovPatID AND "
+      "p.OfficeID=c.OfficeID WHERE CovRel=3 AND p.pBIRDAT<s.pBIRDAT");
+  none(
+      "SELECT pID FROM PATable p WHERE pTypEmp IS NOT NULL AND ((pTypEmp='0')<>(pDocIni IS NULL) OR "
+      "(pTypEmp='0')<>(pDatRel IS NOT NULL) OR (SELECT COUNT(*) FROM EBTable s WHERE s.EBPid=p.pID AND "
+      "s.OfficeID=p.OfficeID) NOT BETWEEN 2 AND 4)");
+  none(
+      "SELECT EBID FROM EBTable s WHERE (SELECT COUNT(*) FROM ESTable h WHERE h.EBID=s.EBID AND "
+      "h.OfficeID=s.OfficeID)<>3");
   none(
       "SELECT rRecNum FROM RecTable r WHERE NOT EXISTS "
       "(SELECT 1 FROM RSTable m WHERE m.RCRecNum=r.rRCRecNum AND m.OfficeID=r.OfficeID)");
@@ -97,6 +109,19 @@ TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
   for (const char* table : {"RSTable", "emsTable", "emmTable", "IPTable", "SevCodTable", "PhaTable", "ePayerTable",
                             "IDTypTable", "DrIDTable", "EBTable", "ESTable", "DTTable", "PickListTable"}) {
     EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(table)), "0") << table;
+  }
+}
+
+TEST(Demo, ShowsWhatIsRare) {
+  const Practice practice = Make(1);
+  for (const char* rare :
+       {"PATable WHERE pTypPat='1' AND pBIRDAT>='2025-11-20'", "PATable WHERE pBIRDAT<'1950-01-01'",
+        "CovTable WHERE CovRel=4", "PATable WHERE pTypEmp='0'", "PATable WHERE pCRECARNUM IS NOT NULL",
+        "PATable p JOIN PATable q ON p.pID<q.pID AND p.pLASNAM=q.pLASNAM AND p.pFIRNAM=q.pFIRNAM AND q.pBIRDAT IS NULL",
+        "PDLTable WHERE pdlShoInLoc=1", "TimTable JOIN AbsTable ON AbsTimID=TimID WHERE TimInDat>'2026-11-20'",
+        "PWATable a JOIN PWATable b ON a.PWAPWMID=b.PWAPWMID AND a.PWAAreOfPro=b.PWAAreOfPro AND "
+        "a.PWAWriFla<>b.PWAWriFla"}) {
+    EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(rare)), "0") << rare;
   }
 }
 
