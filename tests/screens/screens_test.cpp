@@ -27,38 +27,9 @@ bool WasToldOfRefusal(Desk& desk) {
   return std::ranges::any_of(desk.User().told, [](const std::string& text) { return Has(text, "was refused"); });
 }
 
-bool Offers(const forms::Message& message, Answer answer) {
-  return std::ranges::find(message.buttons, answer) != message.buttons.end();
-}
-
-Answer Agree(const forms::Message& message) {
-  return Offers(message, Answer::Yes) ? Answer::Yes : message.Default();
-}
-
 // Throws the changes away, whichever way the question is put.
 Answer Discard(const forms::Message& message) {
   return Offers(message, Answer::Cancel) && Offers(message, Answer::No) ? Answer::No : Agree(message);
-}
-
-// Opens the way and does something in its own window; windows over it are agreed to.
-Outcome Open(Desk& desk, const std::function<Outcome(Desk&)>& open, const std::function<void(Form&)>& act) {
-  int depth = 0;
-  desk.User().answers = Agree;
-  desk.User().inputs = [](const forms::InputBox& box) {
-    return std::optional<std::string>(Has(box.prompt, "type [Yes]") ? "Yes" : "Reed, Ann");
-  };
-  desk.User().acts = [&](Form& form) {
-    if (++depth == 1) {
-      act(form);
-    } else if (depth <= 3) {
-      Accept(form);
-    }
-    --depth;
-  };
-  Outcome outcome;
-  EXPECT_NO_THROW(outcome = open(desk));
-  EXPECT_TRUE(desk.User().waits.empty() || desk.User().waits.back().empty()) << "the wait text stays";
-  return outcome;
 }
 
 // Everything that can be done there, on a fresh practice again for each thing that closes the screen.

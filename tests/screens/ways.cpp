@@ -12,6 +12,7 @@
 #include "entry/form_catalog.h"
 #include "forms/text_box.h"
 #include "practice/demo.h"
+#include "screens/trying.h"
 
 namespace screens_test {
 namespace {
@@ -153,7 +154,14 @@ std::vector<Way> MakeWays() {
   return ways;
 }
 
-// Made once for each kind of database. Few places are enough.
+std::filesystem::path CopyOfPractice(const Folder& folder, std::int32_t kind) {
+  const std::filesystem::path file = folder.Path() / "practice.db";
+  std::filesystem::copy_file(MadePractice(kind), file);
+  return file;
+}
+
+}  // namespace
+
 const std::filesystem::path& MadePractice(std::int32_t kind) {
   static const Folder folder;
   static std::map<std::int32_t, std::filesystem::path> made;
@@ -170,14 +178,6 @@ const std::filesystem::path& MadePractice(std::int32_t kind) {
   }
   return file;
 }
-
-std::string CopyOfPractice(const Folder& folder, std::int32_t kind) {
-  const std::filesystem::path file = folder.Path() / "practice.db";
-  std::filesystem::copy_file(MadePractice(kind), file);
-  return "sqlite:" + file.string();
-}
-
-}  // namespace
 
 Folder::Folder() {
   static int last = 0;
@@ -199,13 +199,18 @@ std::string Difference(const Rows& before, const Rows& after) {
   return text;
 }
 
-Desk::Desk(std::int32_t kind)
-    : host_(host::Practice(CopyOfPractice(folder_, kind))),
-      screens_(entry::MakeScreens(host_.session, host_.user)),
-      other_user_(host_.session.Office(), "Bob"),
-      locks_((folder_.Path() / "practice.db-locks").string(), host::OpenMode::Existing) {
+Desk::Desk(std::int32_t kind) : Desk(std::make_unique<Folder>(), kind) {}
+
+Desk::Desk(std::unique_ptr<Folder> folder, std::int32_t kind) : Desk(CopyOfPractice(*folder, kind)) {
+  folder_ = std::move(folder);
   host_.session.Connection().Execute("PRAGMA synchronous=OFF");
 }
+
+Desk::Desk(const std::filesystem::path& file)
+    : host_(host::Practice("sqlite:" + file.string())),
+      screens_(entry::MakeScreens(host_.session, host_.user)),
+      other_user_(host_.session.Office(), "Bob"),
+      locks_(file.string() + "-locks", host::OpenMode::Existing) {}
 
 std::string Desk::Value(const std::string& sql) {
   return session::ToText(host_.session.Connection().Execute(sql)->Get(0));
@@ -240,6 +245,35 @@ std::vector<std::pair<std::string, std::int32_t>> Desk::Locks() {
 
 void Desk::HoldElsewhere(const std::string& table, std::int32_t id) {
   ASSERT_FALSE(other_user_.Hold(table, id));
+}
+
+bool Offers(const forms::Message& message, forms::Answer answer) {
+  return std::ranges::find(message.buttons, answer) != message.buttons.end();
+}
+
+forms::Answer Agree(const forms::Message& message) {
+  return Offers(message, forms::Answer::Yes) ? forms::Answer::Yes : message.Default();
+}
+
+session::Outcome Open(Desk& desk, const std::function<session::Outcome(Desk&)>& open,
+                      const std::function<void(forms::Form&)>& act) {
+  int depth = 0;
+  desk.User().answers = Agree;
+  desk.User().inputs = [](const forms::InputBox& box) {
+    return std::optional<std::string>(box.prompt.find("type [Yes]") != std::string::npos ? "Yes" : "Reed, Ann");
+  };
+  desk.User().acts = [&](forms::Form& form) {
+    if (++depth == 1) {
+      act(form);
+    } else if (depth <= 3) {
+      Accept(form);
+    }
+    --depth;
+  };
+  session::Outcome outcome;
+  EXPECT_NO_THROW(outcome = open(desk));
+  EXPECT_TRUE(desk.User().waits.empty() || desk.User().waits.back().empty()) << "the wait text stays";
+  return outcome;
 }
 
 void PrintTo(const Way& way, std::ostream* out) {

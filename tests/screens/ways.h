@@ -42,6 +42,8 @@ std::string Difference(const Rows& before, const Rows& after);
 class Desk {
  public:
   explicit Desk(std::int32_t kind = session::kOfficeScoped);
+  // In front of a practice that stays.
+  explicit Desk(const std::filesystem::path& file);
 
   test_support::FakeUser& User() { return host_.user; }
   test_support::HeardSession& Session() { return host_.session; }
@@ -56,12 +58,24 @@ class Desk {
   void HoldElsewhere(const std::string& table, std::int32_t id);
 
  private:
-  Folder folder_;
+  Desk(std::unique_ptr<Folder> folder, std::int32_t kind);
+
+  std::unique_ptr<Folder> folder_;  // gone at the end
   test_support::PracticeHost host_;
   std::unique_ptr<session::Screens> screens_;
   host::RecordLocks other_user_;
   host::SqliteConnection locks_;
 };
+
+// The demo practice that every desk of its own gets a copy of. Made once for each kind of database; of few places.
+const std::filesystem::path& MadePractice(std::int32_t kind);
+
+bool Offers(const forms::Message& message, forms::Answer answer);
+// Yes, where it is offered.
+forms::Answer Agree(const forms::Message& message);
+// Opens the way and does something in its own window; windows over it are agreed to.
+session::Outcome Open(Desk& desk, const std::function<session::Outcome(Desk&)>& open,
+                      const std::function<void(forms::Form&)>& act);
 
 struct Way {
   std::string form;

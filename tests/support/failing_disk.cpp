@@ -13,6 +13,7 @@ struct Methods {
 };
 
 DiskFault waiting_fault = DiskFault::None;
+int moments_set = 0;
 int moments_left = 0;
 int quarters_written = 0;
 sqlite3_vfs* own_files = nullptr;
@@ -101,11 +102,16 @@ void InstallFailingDisk() {
 void FailAt(int moment, DiskFault fault, int quarters) {
   quarters_written = quarters;
   waiting_fault = fault;
+  moments_set = moment;
   moments_left = moment;
 }
 
 bool DiskFailed() {
   return waiting_fault != DiskFault::None && moments_left <= 0;
+}
+
+int MomentsPassed() {
+  return moments_set - moments_left;
 }
 
 }  // namespace test_support

@@ -20,5 +20,7 @@ void InstallFailingDisk();
 void FailAt(int moment, DiskFault fault, int quarters = 0);
 // Whether it has come.
 bool DiskFailed();
+// How many changes, or writes, there have been since.
+int MomentsPassed();
 
 }  // namespace test_support
