@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -35,13 +36,23 @@ class PreparedSession : public host::HostSession {
   }
 };
 
-// A person who answers every question with Yes and does `acts` in every window.
+// A person who agrees to every question and does `acts` in every window.
 class QuickUser : public forms::User {
  public:
   std::function<void(forms::Form&)> acts;
 
-  forms::Answer Ask(const forms::Message&) override { return forms::Answer::Yes; }
-  std::optional<std::string> Input(const forms::InputBox&) override { return std::nullopt; }
+  std::string told;  // the last question
+
+  forms::Answer Ask(const forms::Message& message) override {
+    told = message.text;
+    for (const forms::Answer agreeing : {forms::Answer::Yes, forms::Answer::OK}) {
+      if (std::ranges::find(message.buttons, agreeing) != message.buttons.end()) {
+        return agreeing;
+      }
+    }
+    return message.Default();
+  }
+  std::optional<std::string> Input(const forms::InputBox&) override { return "Yes"; }
   void Show(forms::Form& form) override {
     form.Load();
     acts(form);

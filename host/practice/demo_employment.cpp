@@ -48,7 +48,7 @@ void EmploymentMaker::MakeHistory(std::int32_t person, const Post& post, forms::
 
 // The whole week at the first location; some of those who are at another now and then keep other hours there.
 void EmploymentMaker::MakeSchedules(std::int32_t status, int which) {
-  constexpr std::array<std::string_view, 3> kDays = {kWeek, "Tue, Thu", "Fri"};
+  constexpr std::array<std::string_view, 3> kDays = {kWeek, "Tue,Thu", "Fri"};
   for (std::size_t i = 0; i < locations_.size(); ++i) {
     const bool elsewhere = i > 0 && which % 2 == 1;
     schedules_.Row(status, locations_[i], Opening(kToday) + hours(elsewhere ? 1 : 0),
