@@ -47,12 +47,13 @@ TableWriter DemoOffice::Writer(std::string_view table, std::string_view columns)
 }
 
 TableWriter DemoOffice::PersonWriter() {
-  return Writer("PATable",
-                "pID, pLasNam, pFirNam, pNICNAM, pTTL, pProTTL, pSEX, pBirDat, pSSN, pADD1, pAdd2, pCIT, pSta, pZIP, "
-                "pHomPho, pHomPho1, pHomCon, pBusPho, pBusPho1, pBusCon, pHomCell, pHomEma, pTypPat, pTypDoc, pTypRef, "
-                "pTypPhy, pTypEmp, pFAMHEAIND, pPROIND, pREFIND, pPHY1, pEmpID1, pPhaID, pDocIni, "
-                "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID, pMEDALE, pDOCSPE, pDOCTAX, pDOCLIC, pDRILIC, pBILTTL, "
-                "pCRECARTYP, pCRECARNUM, pDOCDATEMP, pDatRel, pNEXSTADAT");
+  return Writer(
+      "PATable",
+      "pID, pLasNam, pFirNam, pNICNAM, pTTL, pProTTL, pSEX, pBirDat, pSSN, pADD1, pAdd2, pCIT, pSta, pZIP, "
+      "pHomPho, pHomPho1, pHomCon, pBusPho, pBusPho1, pBusCon, pHomCell, pHomEma, pTypPat, pTypDoc, pTypRef, "
+      "pTypPhy, pTypEmp, pFAMHEAIND, pPROIND, pREFIND, pPHY1, pEmpID1, pPhaID, pDocIni, "
+      "pDOCFeeTyp, pGPDenFeeTyp, pAccTyp, OffLocID, pMEDALE, pDOCSPE, pDOCTAX, pDOCLIC, pDOCEIN, pDRILIC, pBILTTL, "
+      "pCRECARTYP, pCRECARNUM, pDOCDATEMP, pDatRel, pNEXSTADAT");
 }
 
 std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
@@ -70,9 +71,9 @@ std::int32_t DemoOffice::AddPerson(TableWriter& writer, const Person& person) {
       OrNull{person.employee}, person.family_head == 0 ? writer.NextId() : person.family_head, person.provider_id,
       person.referral_id, person.physician_id, person.employer_link, person.pharmacy, OrNull{person.initials},
       person.fee_schedule, 1, "1", person.location, OrNull{person.patient ? AlertOf(writer.NextId()) : ""},
-      OrNull{person.specialty}, OrNull{person.taxonomy}, OrNull{person.licence}, OrNull{person.driving_licence},
-      OrNull{person.billing_title}, OrNull{person.card_type}, OrNull{person.card_number}, person.employed,
-      person.released, person.next_statement);
+      OrNull{person.specialty}, OrNull{person.taxonomy}, OrNull{person.licence}, OrNull{person.tax_number},
+      OrNull{person.driving_licence}, OrNull{person.billing_title}, OrNull{person.card_type},
+      OrNull{person.card_number}, person.employed, person.released, person.next_statement);
 }
 
 Person DemoOffice::MakePerson(std::string_view last, bool woman, int age, Person like) {

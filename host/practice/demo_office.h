@@ -45,6 +45,7 @@ struct Person {
   std::string_view specialty = {};
   std::string_view taxonomy = {};  // the published provider taxonomy's code
   std::string licence = {};        // to practise
+  std::string tax_number = {};
   std::string driving_licence = {};
   std::string_view billing_title = {};
   std::string_view card_type = {};

@@ -110,6 +110,7 @@ class StaffMaker {
       person.specialty = specialty.name;
       person.taxonomy = specialty.taxonomy;
       person.licence = Licence();
+      person.tax_number = "00-" + Digits(office_.Details().Below(10000000), 7);
       person.fee_schedule = 1 + static_cast<std::int32_t>(i % 4);
       person.employed = Employed();
       const std::int32_t id = office_.AddPerson(persons_, person);
