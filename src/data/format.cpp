@@ -71,6 +71,12 @@ std::optional<Value> TakePercent(std::string_view text, Date /*today*/) {
   return percent ? std::optional<Value>(*percent / 100) : std::nullopt;
 }
 
+std::optional<Value> TakeHours(std::string_view text, Date /*today*/) {
+  constexpr double kOfAYear = 366 * 24;
+  const auto hours = Number(forms::Trim(text));
+  return hours && *hours >= 0 && *hours <= kOfAYear ? std::optional<Value>(*hours) : std::nullopt;
+}
+
 std::string ShowPhone(const Value& value) {
   return forms::FormatPhone(session::ToText(value));
 }
@@ -86,6 +92,7 @@ constexpr Format kDate{"date", ShowDate, TakeDate};
 constexpr Format kMonthDay{"month and day", ShowText, TakeMonthDay};
 constexpr Format kCurrency{"amount", ShowCurrency, TakeCurrency};
 constexpr Format kPercent{"percentage", ShowPercent, TakePercent};
+constexpr Format kHours{"number of hours", ShowText, TakeHours};
 constexpr Format kPhone{"phone number", ShowPhone, TakePhone};
 
 }  // namespace data

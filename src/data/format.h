@@ -27,6 +27,8 @@ extern const Format kMonthDay;
 extern const Format kCurrency;
 // A share: 0.8 is "80.0%"; "80" and "80 %" are read as 0.8.
 extern const Format kPercent;
+// How many hours of a year, not negative: "80", "37.5".
+extern const Format kHours;
 // As `forms::FormatPhone` shows it; kept as it is shown.
 extern const Format kPhone;
 

@@ -20,8 +20,15 @@ bool DateField::Take() {
     parts_.box.SetFocus();
     return false;
   }
-  parts_.box.Text = date ? forms::FormatDashed(*date) : std::string();
+  Put(date ? forms::FormatDashed(*date) : std::string());
   return true;
+}
+
+void DateField::Put(std::string date) {
+  parts_.box.Text = std::move(date);
+  if (Taken) {
+    Taken();
+  }
 }
 
 bool DateField::OnKey(forms::Key key) {
@@ -40,14 +47,14 @@ void DateField::Pick() {
 }
 
 bool DateField::PickFromCalendar() {
-  if (!EditingForm::MayModify(*this)) {
+  if (!EditingForm::MayModify(*this) || parts_.box.ReadOnly) {
     return false;
   }
   const forms::Date today = context_.session.Today();
   const auto picked =
       context_.user.PickDate("Calendar", forms::ParseDate(parts_.box.Text.get(), today).value_or(today));
   if (picked) {
-    parts_.box.Text = forms::FormatDashed(*picked);
+    Put(forms::FormatDashed(*picked));
   }
   return picked.has_value();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "editing/rules.h"
 #include "forms/button.h"
 #include "forms/text_box.h"
@@ -18,6 +20,9 @@ class DateField : public forms::UserControl, private Rules {
 
   DateField(const session::ScreenContext& context, const Parts& parts);
 
+  // The box holds a date, typed or picked, or none.
+  std::function<void()> Taken;
+
   const Parts& Fields() const { return parts_; }
   // Takes what was typed, as "MM-DD-YYYY"; false when it is no date: the person is told, and the focus is there.
   bool Take();
@@ -29,6 +34,7 @@ class DateField : public forms::UserControl, private Rules {
   // The focus then goes on, or stays where nothing was picked.
   void Pick();
   bool PickFromCalendar();
+  void Put(std::string date);
 
   Parts parts_;
 };

@@ -28,6 +28,8 @@ std::string_view Caption(Answer answer) {
       return "Add Anyway";
     case Answer::GoBack:
       return "Go Back";
+    case Answer::DontAsk:
+      return "Don't Ask Again";
   }
   return {};
 }

@@ -16,7 +16,7 @@ struct Report;
 // The title of a message box that has none of its own.
 inline constexpr std::string_view kSuiteTitle = "TAVO Windows";
 
-enum class Answer { OK, Cancel, Yes, No, Retry, Replace, Delete, UnLink, Open, AddAnyway, GoBack };
+enum class Answer { OK, Cancel, Yes, No, Retry, Replace, Delete, UnLink, Open, AddAnyway, GoBack, DontAsk };
 // "OK", "Un-Link", ...
 std::string_view Caption(Answer answer);
 
