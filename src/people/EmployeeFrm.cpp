@@ -55,6 +55,9 @@ EmployeeFrm::EmployeeFrm(const session::ScreenContext& context)
             }),
       ZipCode1(context, {Gen_Txt[kCity], Gen_Txt[kState], Gen_Txt[kZip], Gen_CMD[kPickPlace]}),
       PictureBox1(context),
+      Locations(context),
+      Payroll(context, Locations),
+      Rights(context, Locations),
       contacts_(context.session),
       duplicate_(context),
       initials_(context, Gen_Txt[kInitials], Initials::Asks::Employee),
@@ -70,6 +73,7 @@ EmployeeFrm::EmployeeFrm(const session::ScreenContext& context)
   Register();
   SetHelp();
   Wire();
+  WirePages();
   WireSaving();
 }
 
@@ -135,7 +139,8 @@ void EmployeeFrm::WireSaving() {
   OnSave(makes_login, [this] { Hold("PWMTABLE", Login.Id()); });
   OnSave(with_new_login, [this] { Login.Link(pID); });
   OnSave(with_new_login, [this] { Login.Locate(); });
-  OnSave([this] { return Login.Pending(); }, [this] { Login.Write(); });
+  OnSave([this] { return Login.Pending() || Rights.Unsaved(); }, [this] { SaveLogin(); });
+  OnSavePages();
   OnSave(always, [this] { ShowEmployment(); });
   OnSave([this] { return Adding() && Gen_Txt[kInitials].Text->empty(); }, [this] { Set_DocIni(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
@@ -156,6 +161,7 @@ void EmployeeFrm::Load_Information() {
   if (!Closed()) {
     ReadLogin();
     ShowPerson();
+    ReadPages();
     Gen_Txt[kLastName].SetFocus();
   }
 }
@@ -213,6 +219,7 @@ void EmployeeFrm::ShowEmployment() {
   Label2.Caption = Terminated()   ? "Terminated on " + Gen_Txt[kTerminated].Text.get()
                    : IsProvider() ? "Service provider"
                                   : "Employee";
+  Payroll.SetTerminated(Terminated());
   Gen_CMD[kTerminate].Enabled = !Adding();
   Gen_CMD[kReactivate].Enabled = !Adding() && Terminated();
   Gen_CMD[kDelete].Enabled = !Adding();
@@ -262,7 +269,7 @@ bool EmployeeFrm::Check() {
   }
   Trim();
   PhoneFollows();
-  return HasName() && initials_.Free(pID) && Login.Take();
+  return HasName() && initials_.Free(pID) && Login.Take() && Payroll.Check() && Readable(Payroll.Status);
 }
 
 // What nobody touched keeps its blanks.
@@ -287,14 +294,18 @@ bool EmployeeFrm::HasName() {
 }
 
 bool EmployeeFrm::Agreed() {
-  if (!Adding()) {
-    return true;
+  if (Adding()) {
+    DuplicatePerson::Person person = {.last = Gen_Txt[kLastName].Text, .first = Gen_Txt[kFirstName].Text};
+    if (const auto birth = forms::ParseIso(Label[kBirthDay].Caption.get())) {
+      person.birth = forms::DateOf(*birth);
+    }
+    if (!duplicate_.MayAdd(*this, person)) {
+      return false;
+    }
+    GiveDefaults();
   }
-  DuplicatePerson::Person person = {.last = Gen_Txt[kLastName].Text, .first = Gen_Txt[kFirstName].Text};
-  if (const auto birth = forms::ParseIso(Label[kBirthDay].Caption.get())) {
-    person.birth = forms::DateOf(*birth);
-  }
-  return duplicate_.MayAdd(*this, person);
+  CompleteRights();
+  return true;
 }
 
 void EmployeeFrm::Insert() {

@@ -19,9 +19,12 @@
 #include "forms/panels.h"
 #include "forms/text_box.h"
 #include "people/duplicate_person.h"
+#include "people/employee_locations.h"
 #include "people/employment.h"
 #include "people/initials.h"
 #include "people/login_name.h"
+#include "people/login_rights.h"
+#include "people/payroll_status.h"
 #include "people/sex_title_field.h"
 
 namespace people {
@@ -93,6 +96,10 @@ class EmployeeFrm : public editing::EditingForm {
   editing::ZIPCODE ZipCode1;
   editing::FieldHelp PictureBox1;
 
+  EmployeeLocations Locations;
+  PayrollStatus Payroll;
+  LoginRights Rights;
+
   session::Opening Opened = session::Opening::New(session::RecordKind::Employee);
   // The employee to edit, and the saved one afterwards.
   std::int32_t pID = 0;
@@ -108,10 +115,11 @@ class EmployeeFrm : public editing::EditingForm {
 
  protected:
   void Read() override { Load_Information(); }
-  bool Differs() const override { return Employee.Changed() || Login.Pending() || BirthDate.Pending(); }
+  bool Differs() const override;
   bool Check() override;
   bool Agreed() override;
-  void OnTaken() override { ShowPerson(); }
+  void OnTaken() override;
+  void OnClose() override;
 
  private:
   void Register();
@@ -123,6 +131,12 @@ class EmployeeFrm : public editing::EditingForm {
   void AddLoginPage();
   void Wire();
   void WireSaving();
+  void WirePages();
+  void ReadPages();
+  void OnSavePages();
+  void GiveDefaults();
+  void CompleteRights();
+  void SaveLogin();
   void ShowPerson();
   void ReadExisting();
   void ReadLogin();

@@ -32,8 +32,11 @@ void EmployeeFrm::Register() {
   for (forms::Panel& page : Frame) {
     TabEBInfo.AddPage(page);
   }
+  Add("Locations", Locations);
   AddGeneralPage();
+  AddTo(kPayrollStatus, "PayrollStatus", Payroll);
   AddLoginPage();
+  AddTo(kLogin, "LoginRights", Rights);
   Add("PictureBox1", PictureBox1);
   Add("DialogButtons1", DialogButtons1);
   DialogButtons1.Extra.Caption = "&Apply";

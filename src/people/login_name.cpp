@@ -165,27 +165,26 @@ void LoginName::Locate() {
                       ") AND (OffLocID=0)" + statements_.Office());
 }
 
-// All or nothing: rights that carry another name are nobody's. What failed is told without the password.
-void LoginName::Write() {
+// What failed is told without the password.
+void LoginName::Write() const {
+  data::Assignments values;
+  if (record_.Changed(parts_.box)) {
+    values.push_back({"PWMUseNam", Literal(parts_.box.Text.get())});
+  }
+  if (!storable_.empty()) {
+    values.push_back({"PWMPasWor", Literal(storable_)});
+  }
   try {
-    data::Assignments values;
-    session::Transaction transaction(context_.session.Connection());
-    if (record_.Changed(parts_.box)) {
-      values.push_back({"PWMUseNam", Literal(parts_.box.Text.get())});
-      statements_.Execute("UPDATE PWATable SET PWAUseNam=" + Literal(parts_.box.Text.get()) + " WHERE " +
-                          RightsOf(statements_, Id(), StoredName()));
-    }
-    if (!storable_.empty()) {
-      values.push_back({"PWMPasWor", Literal(storable_)});
-    }
     statements_.Update("PWMTable", values, "PWMID", Id());
-    transaction.Commit();
-    record_.MarkWritten();
-    storable_.clear();
-    ShowState();
   } catch (const session::DatabaseError& error) {
     throw session::DatabaseError(error.what(), "UPDATE PWMTable SET ...", error.Code());
   }
+}
+
+void LoginName::MarkWritten() {
+  record_.MarkWritten();
+  storable_.clear();
+  ShowState();
 }
 
 }  // namespace people

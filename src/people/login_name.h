@@ -61,8 +61,9 @@ class LoginName : public forms::UserControl, private editing::Rules {
   void Link(std::int32_t person);
   // At the office's first location, where it has none.
   void Locate();
-  // The name, with the rights that carry it, and the password.
-  void Write();
+  // The name and the password; what is written counts as stored when the whole of it stands.
+  void Write() const;
+  void MarkWritten();
 
  private:
   bool Taken(const std::string& name) const;

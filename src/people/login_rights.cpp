@@ -6,6 +6,7 @@
 #include "data/literal.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
+#include "people/login_name.h"
 
 namespace people {
 namespace {
@@ -129,7 +130,8 @@ LoginRights::Grants& LoginRights::At(std::int32_t location) {
                                          ") AND PWAUseNam=" + Literal(login_.name) + statements_.Office());
     for (; !rows->Eof(); rows->MoveNext()) {
       const auto place = places.find(forms::ToUpper(session::ToText((*rows)["PWAAreOfPro"])));
-      if (place == places.end() || session::ToId((*rows)["PWAPWMID"]) != login_.id) {  // of a namesake
+      const std::int32_t whose = session::ToId((*rows)["PWAPWMID"]);
+      if (place == places.end() || (whose != 0 && whose != login_.id)) {  // a namesake's
         continue;
       }
       Grant& grant = grants[place->second];
@@ -314,8 +316,8 @@ void LoginRights::Save(const std::function<Login()>& write_login) {
 // Rights follow the name of their login.
 void LoginRights::WriteName(const Login& login) const {
   if (login_.id != 0 && login.name != login_.name) {
-    statements_.Execute("UPDATE PWATable SET PWAUseNam=" + Literal(login.name) +
-                        " WHERE (PWAPWMID=" + Literal(login.id) + ")" + statements_.Office());
+    statements_.Execute("UPDATE PWATable SET PWAUseNam=" + Literal(login.name) + " WHERE " +
+                        RightsOf(statements_, login_.id, login_.name));
   }
 }
 
@@ -349,8 +351,8 @@ void LoginRights::WriteGrant(const Login& login, std::int32_t location, std::siz
   }
   statements_.Execute("UPDATE PWATable SET PWAReaFla=" + Flag(grant.now[0]) + ", PWAWriFla=" + Flag(grant.now[1]) +
                       ", PWAFla1=" + Flag(grant.now[2]) + ", PWAFla2=" + Flag(grant.now[3]) +
-                      " WHERE (PWAPWMID=" + Literal(login.id) + ") AND (OffLocID=" + Literal(location) +
-                      ") AND (PWAAreOfPro=" + Literal(keyword) + ")" + statements_.Office());
+                      " WHERE (OffLocID=" + Literal(location) + ") AND (PWAAreOfPro=" + Literal(keyword) + ") AND " +
+                      RightsOf(statements_, login.id, login.name));
 }
 
 // Who gets his first rights at a location may use his login there, unless somebody has said otherwise.

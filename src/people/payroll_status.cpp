@@ -78,6 +78,9 @@ void PayrollStatus::Wire() {
   Ben_CMD[kRemove].Click = [this] { Remove(); };
   EffectiveDate.Taken = [this] { AskAboutDate(); };
   Hours.Picked = [this] { TakeHours(); };
+  for (forms::TextBox& box : Ben_Txt) {
+    box.KeyPress = [this](char32_t key) { return terminated_ && !MayModify() ? char32_t{0} : key; };
+  }
   for (std::size_t option = 0; option < Ben_Opt.size(); ++option) {
     Ben_Opt.at(option).Click = [this, option] { full_time_.Caption = option == kFullTime ? "1" : "0"; };
     PayBy_Opt.at(option).Click = [this, option] {
@@ -87,13 +90,17 @@ void PayrollStatus::Wire() {
   }
 }
 
-void PayrollStatus::Read(std::int32_t person, bool terminated) {
+void PayrollStatus::Read(std::int32_t person) {
   person_ = person;
-  terminated_ = terminated;
   Lock();
   layout_.Restore("EmployeeFrm_Payroll");
   ShowHistory();
   ReadStatus(StatusIn(0));
+}
+
+void PayrollStatus::SetTerminated(bool terminated) {
+  terminated_ = terminated;
+  Lock();
 }
 
 std::int32_t PayrollStatus::StatusIn(int row) const {
@@ -123,12 +130,6 @@ void PayrollStatus::Lock() {
   }
   for (forms::TextBox& box : Ben_Txt) {
     box.ReadOnly = !MayBeChanged();
-    if (terminated_) {
-      box.KeyPress = [this](char32_t) {
-        MayModify();
-        return char32_t{0};
-      };
-    }
   }
 }
 
@@ -201,8 +202,10 @@ void PayrollStatus::ShowSchedule() {
 void PayrollStatus::TakeHours() {
   for (const std::int32_t location : locations_.Chosen()) {
     schedules_.Put(location, Hours.Hours());
+    if (location == locations_.All().front()) {
+      FollowPrimary();
+    }
   }
-  FollowPrimary();
 }
 
 void PayrollStatus::FollowPrimary() {

@@ -69,7 +69,9 @@ class PayrollStatus : public forms::UserControl, private editing::Rules {
 
   // Reads the history and the newest status, of nobody yet for person 0; comes when the screen knows whether it may be
   // changed. Throws session::DatabaseError.
-  void Read(std::int32_t person, bool terminated);
+  void Read(std::int32_t person);
+  // Payroll statuses of one whose employment has ended are only looked at.
+  void SetTerminated(bool terminated);
   // Shows the schedule at the location that is chosen now.
   void ShowSchedule();
   bool Unsaved() const;

@@ -7,6 +7,7 @@
 #include "views/editing/editing_views.h"
 #include "views/field_group.h"
 #include "views/panel_binders.h"
+#include "views/people/payroll_status_view.h"
 #include "views/people/person_fields_view.h"
 #include "views/tab_binders.h"
 #include "views/text_binders.h"
@@ -91,17 +92,22 @@ wxSizer* LoginGroup(wxWindow* page, EmployeeFrm& form) {
 void LayOutLogin(wxPanel* page, EmployeeFrm& form) {
   auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(LoginGroup(page, form), wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6)));
+  content->Add(MakeLoginRights(page, form.Rights), wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(6)));
   page->SetSizer(content);
 }
 
 }  // namespace
 
 void LayOut_EmployeeFrm(FormDialog& dialog, EmployeeFrm& form) {
+  auto* content = new wxBoxSizer(wxVERTICAL);
+  content->Add(MakeLocationChoice(&dialog, form.Locations),
+               wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, dialog.FromDIP(10)));
   wxNotebook* book = MakeTabs(&dialog, form.TabEBInfo);
   LayOutGeneral(PageOf(book, form.Frame[form.kGeneral]), form);
+  wxPanel* payroll = PageOf(book, form.Frame[form.kPayrollStatus]);
+  payroll->SetSizer(MakePayrollStatus(payroll, form.Payroll));
   LayOutLogin(PageOf(book, form.Frame[form.kLogin]), form);
 
-  auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(book, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(10)));
   content->Add(MakeDialogButtons(&dialog, form.DialogButtons1),
                wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, dialog.FromDIP(10)));
