@@ -96,6 +96,12 @@ void LoginRights::Read(const Login& login) {
   grants_.clear();
   edited_.clear();
   catalogue_ = context_.session.RightsCatalogue();
+  supervisor_ = static_cast<std::size_t>(std::ranges::find_if(catalogue_,
+                                                              [](const session::Right& right) {
+                                                                return forms::EqualsIgnoringCase(
+                                                                    right.keyword, session::kSupervisorRight);
+                                                              }) -
+                                         catalogue_.begin());
   FGrd.Rows = rows_;
   layout_.Restore("EmployeeFrm_Rights");
   const bool read_only = editing::EditingForm::ReadOnly(*this);
@@ -148,12 +154,7 @@ LoginRights::Grants& LoginRights::At(std::int32_t location) {
 }
 
 bool LoginRights::IsSupervisor(const Grants& grants) const {
-  for (std::size_t right = 0; right < grants.size(); ++right) {
-    if (grants[right].now.any() && forms::EqualsIgnoringCase(catalogue_[right].keyword, session::kSupervisorRight)) {
-      return true;
-    }
-  }
-  return false;
+  return supervisor_ < grants.size() && grants[supervisor_].now.any();
 }
 
 LoginRights::Access LoginRights::ShownOf(std::size_t right) const {
@@ -175,7 +176,7 @@ bool LoginRights::Edit(std::size_t column, bool on) {
     return false;
   }
   const auto right = static_cast<std::size_t>(FGrd.Row.get());
-  const bool supervisor = forms::EqualsIgnoringCase(catalogue_[right].keyword, session::kSupervisorRight);
+  const bool supervisor = right == supervisor_;
   const auto chosen = locations_.Chosen();
   if (!supervisor && std::ranges::any_of(chosen, [this](std::int32_t at) { return IsSupervisor(At(at)); })) {
     Tell("\"Supervisor Rights\" include every right. Take them away before you choose rights one by one.");

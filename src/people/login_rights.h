@@ -90,6 +90,7 @@ class LoginRights : public forms::UserControl, private editing::Rules {
   const EmployeeLocations& locations_;
   editing::KeptLayout layout_;
   std::vector<session::Right> catalogue_;
+  std::size_t supervisor_ = 0;  // the place of "Supervisor Rights" in it; behind the last where it has none
   std::shared_ptr<Rows> rows_;
   Login login_;
   std::map<std::int32_t, Grants> grants_;                      // by location, those that were needed
