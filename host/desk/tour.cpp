@@ -160,6 +160,10 @@ std::vector<Stop> Stops(Desk& desk) {
          edit(session::RecordKind::Referral, "pTypRef")();
        }},
       {"EmployeeFrm", edit(session::RecordKind::Employee, "pTypEmp='1' AND pTypEmp")},
+      {"EmployeeFrm-payroll", edit(session::RecordKind::Employee, "pTypEmp='1' AND pTypEmp"),
+       [](forms::Form& form) {
+         dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kPayrollStatus);
+       }},
       {"EmployeeFrm-login", edit(session::RecordKind::Employee, "pTypEmp='1' AND pTypEmp"),
        [](forms::Form& form) {
          dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kLogin);

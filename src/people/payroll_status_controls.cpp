@@ -3,9 +3,16 @@
 namespace people {
 namespace {
 
-constexpr std::array kCaptions = {
-    "&Effective Date", "De&partment",   "Annua&l Salary",     "&Vacation Hours", "S&ick Hours",
-    "Pe&rsonal Hours", "Rene&wal Date", "Reason for C&hange", "&From",           "&To"};
+constexpr std::array kCaptions = {"E&ffective Date",
+                                  "De&partment",
+                                  "Annua&l Salary",
+                                  "&Vacation Hours",
+                                  "S&ick Hours",
+                                  "Pe&rsonal Hours",
+                                  "Rene&wal Date",
+                                  "Reason for Chan&ge",
+                                  "From",
+                                  "To"};
 
 std::string Indexed(const std::string& name, std::size_t index) {
   return name + "(" + std::to_string(index) + ")";
