@@ -269,7 +269,7 @@ bool EmployeeFrm::Check() {
   }
   Trim();
   PhoneFollows();
-  return HasName() && initials_.Free(pID) && Login.Take() && Payroll.Check() && Readable(Payroll.Status);
+  return HasName() && initials_.Free(pID) && Login.Take() && Payroll.Check();
 }
 
 // What nobody touched keeps its blanks.

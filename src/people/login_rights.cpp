@@ -72,7 +72,8 @@ LoginRights::LoginRights(const session::ScreenContext& context, const EmployeeLo
   chkSameRights.Click = [this] { MakeSame(); };
   cmdLocation.Click = [this] { EditLocations(); };
   FGrd.CellEdited = [this](int column, const std::string& text) {
-    return Edit(static_cast<std::size_t>(FGrd.CellOf(column)), text == "1");
+    bool edited = false;
+    return Attempt([&] { edited = Edit(static_cast<std::size_t>(FGrd.CellOf(column)), text == "1"); }) && edited;
   };
 }
 

@@ -13,6 +13,16 @@ constexpr std::string_view kTitle = "Payroll Status Information";
 constexpr std::string_view kTerminated = "The current employee has been terminated. Payroll Status cannot be modified.";
 constexpr std::string_view kSet = "1";
 
+struct NumberField {
+  PayrollStatus::Field field = {};
+  data::Words column;
+  const data::Format& format;
+};
+constexpr std::array kNumbers = {NumberField{PayrollStatus::kAmount, "EBAnnSalAmt", data::kCurrency},
+                                 NumberField{PayrollStatus::kVacation, "EBAnnVacHou", data::kHours},
+                                 NumberField{PayrollStatus::kSick, "EBAnnSicHou", data::kHours},
+                                 NumberField{PayrollStatus::kPersonal, "EBAnnPerHou", data::kHours}};
+
 // A cell of the history, by its column's caption.
 std::string HistoryCell(const std::string& caption, const session::Value& value) {
   const std::string text = session::ToText(value);
@@ -51,10 +61,9 @@ void PayrollStatus::Bind() {
   Status.Bind(full_time_, "EBFulTimFla");
   Status.Bind(Ben_Txt[kDepartment], "EBDep");
   Status.Bind(paid_by_, "EBPayBy");
-  Status.Bind(Ben_Txt[kAmount], "EBAnnSalAmt", data::kCurrency);
-  Status.Bind(Ben_Txt[kVacation], "EBAnnVacHou", data::kHours);
-  Status.Bind(Ben_Txt[kSick], "EBAnnSicHou", data::kHours);
-  Status.Bind(Ben_Txt[kPersonal], "EBAnnPerHou", data::kHours);
+  for (const NumberField& number : kNumbers) {
+    Status.Bind(Ben_Txt.at(number.field), number.column, number.format);
+  }
   Status.Bind(Ben_Txt[kRenewal], "EBRenDat", data::kDate);
   Status.Bind(start_, "EBWorStaTim");
   Status.Bind(end_, "EBWorEndTim");
@@ -78,6 +87,9 @@ void PayrollStatus::Wire() {
   Ben_CMD[kRemove].Click = [this] { Remove(); };
   EffectiveDate.Taken = [this] { AskAboutDate(); };
   Hours.Picked = [this] { TakeHours(); };
+  for (const NumberField& number : kNumbers) {
+    Ben_Txt.at(number.field).Leave = [this] { TakeNumbers(); };
+  }
   for (forms::TextBox& box : Ben_Txt) {
     box.KeyPress = [this](char32_t key) { return terminated_ && !MayModify() ? char32_t{0} : key; };
   }
@@ -304,87 +316,23 @@ void PayrollStatus::Remove() {
   ReadStatus(StatusIn(0));
 }
 
-bool PayrollStatus::Unsaved() const {
-  return Status.Changed() || schedules_.Changed();
-}
-
-bool PayrollStatus::Sound(std::int32_t location) {
-  const WorkHours& hours = schedules_.At(location);
-  const bool timed = hours.start && hours.end && *hours.start < *hours.end;
-  const bool none = hours.days.empty() && !hours.start && !hours.end;
-  if (none || (timed && !hours.days.empty())) {
-    return true;
-  }
-  Tell("A schedule needs at least one day, and a time to start and a later one to end (" + locations_.NameOf(location) +
-       ").");
-  return false;
-}
-
-bool PayrollStatus::Check() {
-  if (!Unsaved()) {
-    return true;
-  }
-  if (!EffectiveDate.Take() || !RenewalDate.Take()) {
-    return false;
-  }
-  if (Ben_Txt[kEffective].Text->empty() && (person_ != 0 || !Adding())) {
-    Tell("The effective date of a payroll status cannot be blank.", forms::Icon::Information);
-    Ben_Txt[kEffective].SetFocus();
-    return false;
-  }
-  for (const std::int32_t location : schedules_.ChangedAt()) {
-    if (!Sound(location)) {
-      cboStart.SetFocus();
+// As it will be read; what that would round stays as it was typed.
+bool PayrollStatus::TakeNumbers() {
+  for (const auto& [field, column, format] : kNumbers) {
+    forms::TextBox& box = Ben_Txt.at(field);
+    const std::string typed(forms::Trim(box.Text.get()));
+    const auto value = format.take(typed, context_.session.Today());
+    if (!typed.empty() && Status.Changed(box) && !value) {
+      Tell(ToldBack(typed) + " is not a valid " + std::string(format.what) + ".");
+      box.SetFocus();
       return false;
+    }
+    if (const std::string shown = value ? format.show(*value) : typed;
+        format.take(shown, context_.session.Today()) == value) {
+      box.Text = shown;
     }
   }
   return true;
-}
-
-void PayrollStatus::GiveDefaults(forms::Date since) {
-  if (Ben_Txt[kEffective].Text->empty()) {
-    Ben_Txt[kEffective].Text = forms::FormatDashed(since);
-  }
-  if (full_time_.Caption->empty()) {
-    full_time_.Caption = std::string(kSet);
-    ShowOptions();
-  }
-  if (schedules_.Entered()) {
-    return;
-  }
-  const WorkHours office = WorkHours::Of(context_.session.DefaultSchedule());
-  for (const std::int32_t location : locations_.All()) {
-    schedules_.Put(location, office);
-  }
-  FollowPrimary();
-  ShowSchedule();
-  context_.user.Tell(
-      "You did not enter a schedule for this new employee. The default office schedule has been entered for you.",
-      "New Employee Status");
-}
-
-void PayrollStatus::Insert(std::int32_t person) {
-  person_ = person;
-  of_person_.Caption = std::to_string(person);
-  created_by_.Caption = context_.session.UserName();
-  created_.Caption = forms::FormatDashed(context_.session.Today());
-  Status.Insert();
-}
-
-void PayrollStatus::Update() {
-  modified_by_.Caption = context_.session.UserName();
-  modified_.Caption = forms::FormatDashed(context_.session.Today());
-  Status.Update();
-}
-
-void PayrollStatus::ShowSaved() {
-  ShowHistory();
-  ShowStatus();
-}
-
-void PayrollStatus::ShowTaken() {
-  agreed_date_ = Ben_Txt[kEffective].Text;
-  ShowOptions();
 }
 
 }  // namespace people

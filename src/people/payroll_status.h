@@ -122,6 +122,8 @@ class PayrollStatus : public forms::UserControl, private editing::Rules {
   void TakeHours();
   // The status repeats the schedule of the primary location.
   void FollowPrimary();
+  // False when an amount or a number of hours cannot be read: the person is told, and the focus is there.
+  bool TakeNumbers();
   bool Sound(std::int32_t location);
 
   const EmployeeLocations& locations_;
