@@ -19,7 +19,11 @@ std::string ToldValue(const forms::Field& field, const std::string& value) {
 }  // namespace
 
 void EditingForm::OnLoad() {
-  if (!Attempt([this] { Read(); })) {
+  const bool read = Attempt([this] {
+    const forms::WaitText wait(context_.user, "  Loading Editing Screen - Please Wait  ");
+    Read();
+  });
+  if (!read) {
     Close();
   }
 }

@@ -13,6 +13,10 @@
 namespace entry {
 
 session::Outcome ComponentScreens::Edit(const session::Opening& opening) {
+  if (const forms::Form* open = OpenScreenOf(opening.kind)) {
+    TellAlreadyOpen(context_.user, *open);
+    return {.end = session::Outcome::End::AlreadyOpen};
+  }
   if (opening.kind == session::RecordKind::Employee && opening.IsNew() && opening.new_employee_login != 0 &&
       !AcceptLogin(opening.new_employee_login)) {
     return {};

@@ -116,12 +116,20 @@ void EditingScreen::Load_PatInfo_Small(std::string& id, const std::string& typed
 }
 
 void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::string& id) {
-  if (const auto kind = PersonKind(person_type)) {
-    if (const auto outcome = EditById({.kind = *kind, .new_employee_login = NewEmployeePasswordID}, id)) {
-      id = IdText(*outcome).value_or(id);
-    }
-  } else {
+  const auto kind = PersonKind(person_type);
+  if (!kind) {
     BeginCall();
+    return;
+  }
+  if (OpenScreenOf(*kind) != nullptr) {  // the host hears of it, and has its own way to say so
+    id = IdText(Outcome{.end = Outcome::End::AlreadyOpen}).value();
+    return;
+  }
+  session::Opening opening{.kind = *kind, .new_employee_login = NewEmployeePasswordID, .owner = frmOwner};
+  const bool adds = ReadId(id, opening) && opening.IsNew();
+  const auto outcome = EditById(opening, id);
+  if (outcome && (adds || outcome->end != Outcome::End::Cancelled)) {
+    id = IdText(*outcome).value_or(id);
   }
 }
 

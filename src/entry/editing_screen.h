@@ -45,7 +45,8 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // `id` is "NEW", "EMERGENCY" or a patient's; `typed_name` is what was typed at the name prompt. `save_and_book`
   // offers the choice on the way in and tells it on the way out.
   void Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book);
-  // `id` comes back as the record's ID, "CANCEL_AND_CLOSE" or "ALREADY_OPEN".
+  // `id` comes back as the saved record's ID, "CANCEL_AND_CLOSE" for a new one that was not saved, or "ALREADY_OPEN",
+  // of which the person is told nothing.
   void PaTable_Edit_Start(const std::string& person_type, std::string& id);
   bool eReminder_PersonalSetup(std::int32_t patient_id);
 

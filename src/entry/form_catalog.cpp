@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 #include <stdexcept>
 
+#include "editing/rules.h"
 #include "entry/component_screens.h"
+#include "entry/open_screens.h"
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/frmEmployer.h"
@@ -45,13 +48,38 @@ Screen Opens(std::string_view name) {
           }};
 }
 
+// A screen of which one is open at a time: a second one says so, and closes.
+template <typename T>
+class OnlyOne : public T {
+ public:
+  using T::T;
+
+ protected:
+  void OnLoad() override {
+    if (const forms::Form* open = OpenScreen::Find(this->Name())) {
+      TellAlreadyOpen(this->context_.user, *open);
+      this->Close();
+      return;
+    }
+    open_.emplace(*this);
+    T::OnLoad();
+  }
+  void OnClose() override {
+    open_.reset();
+    T::OnClose();
+  }
+
+ private:
+  std::optional<OpenScreen> open_;
+};
+
 // An editing screen: it takes its `Opened` before it is shown, and tells by `Ended` how it was left.
 template <typename T>
 Screen Edits(std::string_view name, std::initializer_list<RecordKind> kinds) {
   return {.name = name,
           .edits = kinds,
           .make = [](const ScreenContext& context) -> std::unique_ptr<forms::Form> {
-            auto screen = std::make_unique<T>(context);
+            auto screen = std::make_unique<OnlyOne<T>>(context);
             screen->Properties["Mode"] = {nullptr, [&opened = screen->Opened](const std::string& id) {
                                             if (!ReadId(id, opened)) {
                                               throw std::invalid_argument("\"" + id + "\" is no record ID");
@@ -61,7 +89,7 @@ Screen Edits(std::string_view name, std::initializer_list<RecordKind> kinds) {
           },
           .edit =
               [](const ScreenContext& context, const Opening& opening) {
-                T screen(context);
+                OnlyOne<T> screen(context);
                 screen.Opened = opening;
                 context.user.Show(screen);
                 return screen.Ended();
@@ -126,21 +154,34 @@ std::unique_ptr<forms::Form> MakeForm(std::string_view name, const ScreenContext
   return nullptr;
 }
 
+const forms::Form* OpenScreenOf(RecordKind kind) {
+  return OpenScreen::Find(ScreenOf(kind).name);
+}
+
 Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
   const Screen& screen = ScreenOf(opening.kind);
+  if (OpenScreenOf(opening.kind) != nullptr) {
+    return {.end = Outcome::End::AlreadyOpen};
+  }
   if (screen.edit != nullptr) {
-    const Outcome outcome = screen.edit(context, opening);
-    if (outcome.end != Outcome::End::Instead) {
-      return outcome;
+    Outcome outcome = screen.edit(context, opening);
+    if (outcome.end == Outcome::End::Instead) {
+      Opening joining = opening;
+      joining.mode = Opening::Mode::Existing;
+      joining.id = outcome.id;
+      joining.joins = true;
+      outcome = screen.edit(context, joining);
     }
-    Opening existing = opening;
-    existing.mode = Opening::Mode::Existing;
-    existing.id = outcome.id;
-    existing.joins = true;
-    return screen.edit(context, existing);
+    return outcome;
   }
   TellNotBuilt(context.user, screen.name, screen.what);
   return {.end = Outcome::End::NotBuilt};
+}
+
+void TellAlreadyOpen(forms::User& user, const forms::Form& open) {
+  user.Tell(editing::Rules::ToldBack(open.Caption.get()) +
+                " is open already. Please save or close it first. Nothing was changed.",
+            std::string(forms::kSuiteTitle), forms::Icon::Information);
 }
 
 void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what) {

@@ -17,8 +17,15 @@ std::vector<std::string> FormNames();
 // An editing screen takes "NEW", "EMERGENCY" or an ID by its property "Mode".
 std::unique_ptr<forms::Form> MakeForm(std::string_view name, const session::ScreenContext& context);
 
-// Opens the screen that edits records of this kind, or says that it is not part of this version.
+// The screen that edits such records, while one is open, whoever opened it; nullptr otherwise.
+const forms::Form* OpenScreenOf(session::RecordKind kind);
+
+// Opens the screen that edits records of this kind, or says that it is not part of this version. Opens nothing, and
+// says nothing, while that screen is open already.
 session::Outcome EditRecord(const session::ScreenContext& context, const session::Opening& opening);
+
+// Asks to close the screen that is open first.
+void TellAlreadyOpen(forms::User& user, const forms::Form& open);
 
 // Says that a screen of the suite is not part of this version.
 void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what);

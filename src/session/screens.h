@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -60,6 +61,7 @@ struct Opening {
   std::int32_t carrier = 0;             // for a new group plan: whose it is
   std::int32_t new_employee_login = 0;  // for a new employee: the login that he is entered for, 0 for none
   bool may_book = false;                // offers to save and book an appointment
+  std::shared_ptr<void> owner = {};     // the host's object that the screen belongs to, which is only kept
   bool joins = false;                   // the existing person becomes one of the kind with the next save
 
   static Opening New(RecordKind kind) { return {.kind = kind}; }
