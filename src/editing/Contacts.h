@@ -18,6 +18,11 @@ inline constexpr std::array<data::Words, 6> kContactCodes = {"Pho1", "Pho2", "Fa
 // The position of a code in any case; an unknown one is the first phone.
 std::size_t ContactOf(std::string_view code);
 
+// By its position; all but the e-mail.
+constexpr bool IsNumber(std::size_t contact) {
+  return contact + 1 < kContactCodes.size();
+}
+
 // The columns of a side.
 struct SideColumns {
   data::Words visible;                  // mirrors the selected contact

@@ -226,7 +226,13 @@ void ZIPCODE::Fill(std::string_view typed) {
 }
 
 bool ZIPCODE::AddPlace() {
-  if (!Attempt([this] { SplitTyped(); })) {
+  const bool split = Attempt([this] {
+    if (typed_ == Opener::Zip) {
+      TakeCustomaryForm(context_.session, parts_.zip, forms::FormatZip);
+    }
+    SplitTyped();
+  });
+  if (!split) {
     return false;
   }
   const Place place = OnScreen();

@@ -16,4 +16,11 @@ void TakeCustomaryForm(const session::Settings& settings, forms::TextBox& box,
   }
 }
 
+void TakeCustomaryForm(const session::Settings& settings, const data::RecordBinding& record, forms::TextBox& box,
+                       std::string (*format)(std::string_view)) {
+  if (record.Changed(box)) {
+    TakeCustomaryForm(settings, box, format);
+  }
+}
+
 }  // namespace editing

@@ -1,6 +1,8 @@
 #include "people/frmContacts.h"
 
+#include "editing/customary_form.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 
 namespace people {
 namespace {
@@ -44,6 +46,12 @@ frmContacts::frmContacts(const session::ScreenContext& context)
           forms::WithMnemonic(label + LabelOf(std::string(kContactCodes.at(i).Text())), Mnemonics(side).at(i));
       boxes.at(i).AccessibleName = options.at(i).Caption;
       boxes.at(i).Change = options.at(i).Click = [this] { Follow(); };
+      if (editing::IsNumber(i)) {
+        boxes.at(i).Leave = [this, &box = boxes.at(i)] {
+          editing::TakeCustomaryForm(context_.session, record_, box, forms::FormatTenDigits);
+          Follow();
+        };
+      }
     }
     record_.Bind(selected, columns.selected);
     record_.Bind(visible, columns.visible);

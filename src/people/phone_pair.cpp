@@ -1,7 +1,9 @@
 #include "people/phone_pair.h"
 
+#include "editing/customary_form.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 #include "people/frmContacts.h"
 
 namespace people {
@@ -32,6 +34,12 @@ void PhonePair::Bind(SideFields& side) {
         label + std::string(editing::LabelOfContact(editing::kContactCodes.at(i).Text()));
   }
   side.box.Change = [this] { Follow(); };
+  side.box.Leave = [this, &side] {
+    if (editing::IsNumber(Selected(side))) {
+      editing::TakeCustomaryForm(context_.session, record_, side.box, forms::FormatTenDigits);
+      Follow();
+    }
+  };
 }
 
 void PhonePair::Setup() {
