@@ -2,7 +2,9 @@
 
 #include "data/literal.h"
 #include "data/persons.h"
+#include "editing/customary_form.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 #include "people/name_entry.h"
 
 namespace people {
@@ -58,7 +60,8 @@ patScreen_SM::patScreen_SM(const session::ScreenContext& context)
       Name_List(context),
       Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
       Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
-      PictureBox1(context) {
+      PictureBox1(context),
+      duplicate_(context) {
   for (const BoundField& bound : kTextColumns) {
     Patient_SM.Bind(Text1.at(bound.index), bound.column);
   }
@@ -94,6 +97,9 @@ void patScreen_SM::Wire() {
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
 
+  Text1[kSsn].Leave = [this] {
+    editing::TakeCustomaryForm(context_.session, Patient_SM, Text1[kSsn], forms::FormatSsn);
+  };
   Text1[kFirstName].Change = [this] { NicknameFollows(); };
 
   // The row's own statement carries everything; those behind it repeat the nickname and the contacts.
@@ -143,6 +149,8 @@ void patScreen_SM::ReadExisting() {
   if (pID == 0 || !Patient_SM.Read(pID)) {
     Tell(NoSuchPatient(std::to_string(pID)), forms::Icon::Information);
     Close();
+  } else if (Opened.joins) {
+    Label5[kIsPatient].Caption = "1";
   }
 }
 
@@ -228,6 +236,13 @@ bool patScreen_SM::Check() {
   return true;
 }
 
+bool patScreen_SM::Agreed() {
+  const auto birth = forms::ParseIso(Label5[kBirthDay].Caption.get());
+  return !Adding() || duplicate_.MayAdd(*this, {.last = Text1[kLastName].Text,
+                                                .first = Text1[kFirstName].Text,
+                                                .birth = birth ? std::optional(forms::DateOf(*birth)) : std::nullopt});
+}
+
 // What nobody touched keeps its blanks.
 void patScreen_SM::Trim() {
   for (const BoundField& bound : kTextColumns) {
@@ -272,6 +287,9 @@ void patScreen_SM::WriteNickname() {
 }
 
 session::Outcome patScreen_SM::Ended() const {
+  if (duplicate_.Instead() != 0) {
+    return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
+  }
   return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
           .id = pID,
           .save_and_book = ShowSaveNBookAppt};

@@ -14,6 +14,7 @@
 #include "forms/dialog_buttons.h"
 #include "forms/label.h"
 #include "forms/text_box.h"
+#include "people/duplicate_person.h"
 #include "people/person_field.h"
 #include "people/phone_pair.h"
 #include "people/sex_title_field.h"
@@ -103,6 +104,7 @@ class patScreen_SM : public editing::EditingForm {
   void Read() override;
   bool Differs() const override { return Patient_SM.Changed() || BirthDate.Pending(); }
   bool Check() override;
+  bool Agreed() override;
   void OnTaken() override;
   ClosingQuestion OnClosing() const override;
 
@@ -126,6 +128,7 @@ class patScreen_SM : public editing::EditingForm {
   void PickMedicalAlert();
   void PickFeeSchedule();
 
+  DuplicatePerson duplicate_;
   forms::Label nickname_;  // of the row; rewritten with the first name
 };
 

@@ -4,6 +4,7 @@
 #include "data/persons.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
+#include "people/duplicate_person.h"
 #include "people/name_entry.h"
 
 namespace people {
@@ -82,8 +83,12 @@ bool PersonField::Edit() {
   if (!MayChange() || (Current() == 0 && !Confirm("Nothing to edit. Do you want to add one?"))) {
     return false;
   }
-  const auto edited = context_.screens.Edit(Current() == 0 ? session::Opening::New(kind_.record)
-                                                           : session::Opening::Existing(kind_.record, Current()));
+  return EditPerson(Current() == 0 ? session::Opening::New(kind_.record)
+                                   : session::Opening::Existing(kind_.record, Current()));
+}
+
+bool PersonField::EditPerson(const session::Opening& opening) {
+  const auto edited = context_.screens.Edit(opening);
   return edited.Saved() && Attempt([&] { Set(edited.id, data::NameOfPerson(statements_, edited.id)); });
 }
 
@@ -97,7 +102,7 @@ bool PersonField::Remove() {
   return agreed;
 }
 
-// Typed as "Last, First", a new person is added at once.
+// Typed as "Last, First", a new person is added at once, unless he is there already.
 bool PersonField::Enter(const std::string& typed) {
   if (!MayChange()) {
     return false;
@@ -106,6 +111,14 @@ bool PersonField::Enter(const std::string& typed) {
   if (typed.find(',') == std::string::npos || name.last.empty()) {
     Tell("Type the last name [comma] first name and press [Enter] to enter a new " + std::string(kind_.word) + ".");
     return false;
+  }
+  DuplicatePerson duplicate(context_);
+  bool adds = false;
+  if (!Attempt([&] { adds = duplicate.MayAdd({.last = name.last, .first = name.first}); }) || !adds) {
+    return duplicate.Instead() != 0 && EditPerson({.kind = kind_.record,
+                                                   .mode = session::Opening::Mode::Existing,
+                                                   .id = duplicate.Instead(),
+                                                   .joins = true});
   }
   return Attempt([&] {
     const auto names =

@@ -41,6 +41,8 @@ class PersonField : public editing::SearchedField, private editing::Rules {
 
  private:
   bool MayChange() const;
+  // True when he was saved, and is shown.
+  bool EditPerson(const session::Opening& opening);
   void Set(std::int32_t id, const std::string& name);
 
   PersonKind kind_;
