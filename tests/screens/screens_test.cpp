@@ -8,7 +8,7 @@
 #include "forms/label.h"
 #include "forms/user_control.h"
 #include "screens/trying.h"
-#include "screens/ways.h"
+#include "screens/visits.h"
 
 namespace screens_test {
 namespace {
@@ -17,36 +17,8 @@ using forms::Answer;
 using forms::Form;
 using session::Outcome;
 
-constexpr const char* kPlain = "1 Elm St";
-
-bool Has(const std::string& text, std::string_view part) {
-  return text.find(part) != std::string::npos;
-}
-
 bool WasToldOfRefusal(Desk& desk) {
   return std::ranges::any_of(desk.User().told, [](const std::string& text) { return Has(text, "was refused"); });
-}
-
-// Throws the changes away, whichever way the question is put.
-Answer Discard(const forms::Message& message) {
-  return Offers(message, Answer::Cancel) && Offers(message, Answer::No) ? Answer::No : Agree(message);
-}
-
-// Everything that can be done there, on a fresh practice again for each thing that closes the screen.
-void TryAll(const Way& way, std::int32_t kind, const std::function<void(Desk&)>& prepare,
-            const std::function<void(Desk&, Form&, const std::string& what)>& tried,
-            const std::function<void(Desk&)>& left = {}) {
-  std::set<std::string> closers;
-  for (bool whole = false; !whole && !testing::Test::HasFailure();) {
-    Desk desk(kind);
-    prepare(desk);
-    Open(desk, way.open, [&](Form& form) {
-      whole = form.Closed() || TryEverything(form, closers, [&](const std::string& what) { tried(desk, form, what); });
-    });
-    if (left) {
-      left(desk);
-    }
-  }
 }
 
 struct WayOut {
@@ -59,25 +31,16 @@ std::vector<WayOut> WaysOut() {
                                                                                  }}};
 }
 
-class Screen : public testing::TestWithParam<Way> {
- protected:
-  const Way& way = GetParam();
-};
 class SavingScreen : public Screen {};
-class HeldRecord : public Screen {};
+class SavingSteps : public Screen {};
 class SavedRecord : public Screen {};
 class ExistingRecord : public Screen {};
 
-std::string WayName(const testing::TestParamInfo<Way>& info) {
-  return info.param.form + "_" + info.param.how;
-}
 INSTANTIATE_TEST_SUITE_P(Every, Screen, testing::ValuesIn(AllWays()), WayName);
 INSTANTIATE_TEST_SUITE_P(Every, SavingScreen, testing::ValuesIn(WaysThat([](const Way& way) { return way.saves; })),
                          WayName);
-INSTANTIATE_TEST_SUITE_P(Every, HeldRecord, testing::ValuesIn(WaysThat([](const Way& way) {
-                           return way.holds || (way.saves && way.OnExisting());
-                         })),
-                         WayName);
+INSTANTIATE_TEST_SUITE_P(Every, SavingSteps,
+                         testing::ValuesIn(WaysThat([](const Way& way) { return way.saves && way.first; })), WayName);
 INSTANTIATE_TEST_SUITE_P(Every, ExistingRecord,
                          testing::ValuesIn(WaysThat([](const Way& way) { return way.OnExisting(); })), WayName);
 INSTANTIATE_TEST_SUITE_P(Every, SavedRecord,
@@ -163,47 +126,6 @@ TEST_P(Screen, KeepsToItsOffice) {
   }
 }
 
-TEST_P(HeldRecord, IsOnlyLookedAt) {
-  const auto texts = [](const Form& form) {
-    auto all = BoundTexts(form);
-    all.merge(Texts(form));
-    return all;
-  };
-  std::vector<std::pair<std::string, std::int32_t>> locks;
-  std::map<std::string, std::string> shown;
-  Desk first;
-  first.Session().hear = [&](const std::string& sql) {
-    const bool list = Has(sql, " ORDER BY ");  // that the record is chosen from
-    EXPECT_TRUE(list || !first.Locks().empty()) << "read before it is held: " << sql;
-  };
-  Open(first, way.open, [&](Form& form) {
-    first.Session().hear = nullptr;
-    locks = first.Locks();
-    shown = texts(form);
-  });
-  ASSERT_THAT(locks, testing::Not(testing::IsEmpty())) << "the screen does not hold its record";
-  std::vector<std::string> writes;
-  TryAll(
-      way, session::kOfficeScoped,
-      [&](Desk& desk) {
-        for (const auto& [table, id] : locks) {
-          desk.HoldElsewhere(table, id);
-        }
-        desk.Session().hear = [&](const std::string& sql) {
-          if (!sql.starts_with("SELECT") && !sql.starts_with("Select")) {
-            writes.push_back(sql);
-          }
-        };
-      },
-      [&](Desk& desk, Form& form, const std::string& what) {
-        EXPECT_THAT(writes, testing::IsEmpty()) << what;
-        EXPECT_EQ(texts(form), shown) << what;
-        if (what.ends_with(" type")) {
-          EXPECT_THAT(desk.User().told.back(), testing::MatchesRegex("Read only, cannot modify.\r\nBob on .+")) << what;
-        }
-      });
-}
-
 // What a save with nothing in its way leaves.
 struct Left {
   std::string rows;
@@ -249,7 +171,7 @@ TEST_P(SavingScreen, KeepsAnyTextAsItWasTyped) {
 }
 
 // The second try is by the same button, or on the way out.
-TEST_P(SavingScreen, SavesOnceWhicheverStatementIsRefused) {
+TEST_P(SavingSteps, SavesOnceWhicheverStatementIsRefused) {
   const Left whole = Save(way, kPlain);
   const Rows before = Desk().AllRows();
   for (const bool closing : {false, true}) {

@@ -283,12 +283,16 @@ bool TryEverything(Form& form, std::set<std::string>& closers, const std::functi
   return true;
 }
 
-void Accept(Form& form) {
+void Accept(Form& form, int window) {
   Idle(form);
   for (Control* control : form.Controls()) {
     if (!form.Closed() && Reach(*control)) {
       For<forms::TextBox>(*control, [](auto& box) { TypeInto(box, "Reed, Ann"); });
-      For<forms::Grid>(*control, [](auto& grid) { grid.DoRow(grid.RowCount() - 1); });
+      For<forms::Grid>(*control, [window](auto& grid) {
+        if (grid.RowCount() > 0) {
+          grid.DoRow(grid.RowCount() - 1 - window % grid.RowCount());
+        }
+      });
     }
   }
   if (!form.Closed()) {

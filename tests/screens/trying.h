@@ -32,7 +32,8 @@ void PressEsc(forms::Form& form);
 // closed the form is added to `closers` and left alone from then on; false when something did.
 bool TryEverything(forms::Form& form, std::set<std::string>& closers,
                    const std::function<void(const std::string& what)>& tried);
-// Does in a window over the screen what is likely to have an effect there: the last row, a text, OK.
-void Accept(forms::Form& form);
+// Does in a window over the screen what is likely to have an effect there: a text, a row, OK. It is the last row for
+// the first window and goes up from there, so that one that comes again for another choice gets one.
+void Accept(forms::Form& form, int window);
 
 }  // namespace screens_test

@@ -132,7 +132,11 @@ Way ByName(const std::string& name) {
 std::vector<Way> MakeWays() {
   std::vector<Way> ways;
   for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
-    std::ranges::copy(WaysToEdit(static_cast<RecordKind>(kind)), std::back_inserter(ways));
+    for (Way& way : WaysToEdit(static_cast<RecordKind>(kind))) {
+      way.first = std::ranges::none_of(
+          ways, [&](const Way& other) { return other.form == way.form && other.OnExisting() == way.OnExisting(); });
+      ways.push_back(std::move(way));
+    }
   }
   for (int list = 0; list <= kLastList; ++list) {
     ways.push_back({"frmTGList", "List" + std::to_string(list), [list](Desk& desk) {
@@ -258,6 +262,7 @@ forms::Answer Agree(const forms::Message& message) {
 session::Outcome Open(Desk& desk, const std::function<session::Outcome(Desk&)>& open,
                       const std::function<void(forms::Form&)>& act) {
   int depth = 0;
+  int windows = 0;
   desk.User().answers = Agree;
   desk.User().inputs = [](const forms::InputBox& box) {
     return std::optional<std::string>(box.prompt.find("type [Yes]") != std::string::npos ? "Yes" : "Reed, Ann");
@@ -266,7 +271,7 @@ session::Outcome Open(Desk& desk, const std::function<session::Outcome(Desk&)>& 
     if (++depth == 1) {
       act(form);
     } else if (depth <= 3) {
-      Accept(form);
+      Accept(form, windows++);
     }
     --depth;
   };

@@ -29,6 +29,9 @@ class HeardSession : public host::HostSession {
   std::function<void(const std::string&)> hear_lock;
   std::function<void(const std::string&)> hear_log;
 
+  bool without_rights = false;
+
+  bool HasRight(std::string_view keyword) const override { return !without_rights && HostSession::HasRight(keyword); }
   std::string PrepareSQL(const std::string& sql, int flag) const override {
     if (hear) {
       hear(sql);
