@@ -35,6 +35,11 @@ std::string Rules::ToldDay(const std::string& day) {
   return time ? forms::FormatDashed(forms::DateOf(*time)) : day;
 }
 
+void Rules::TellIsBeingEdited() const {
+  Tell("This is the same entry you are currently editing. Please edit on Patient Information Screen",
+       forms::Icon::Exclamation);
+}
+
 bool Rules::Confirm(std::string question, std::string_view title) const {
   return context_.user.Ask({.text = std::move(question),
                             .title = std::string(title),

@@ -33,6 +33,8 @@ class Rules {
   static std::string ToldBack(std::string_view text, std::size_t most = 40);
   // A day in the ISO form, as a person reads it: "05-23-1944". What is no day stays.
   static std::string ToldDay(const std::string& day);
+  // Of a patient whose own screen is open: he is not edited in the family's as well.
+  void TellIsBeingEdited() const;
   // A question that is answered with Yes or No.
   bool Confirm(std::string question, std::string_view title = forms::kSuiteTitle) const;
   // A warning that stands in the way of nothing: OK goes on. Cancel is the default.

@@ -133,6 +133,12 @@ const Screen& ScreenOf(RecordKind kind) {
   throw std::logic_error("no screen edits records of this kind");
 }
 
+// The patient whose quick screen is open; 0 for none.
+std::int32_t PatientBeingEdited() {
+  const auto* screen = dynamic_cast<const people::patScreen_SM*>(OpenScreenOf(RecordKind::Patient));
+  return screen == nullptr ? 0 : screen->pID;
+}
+
 }  // namespace
 
 std::vector<std::string> FormNames() {
@@ -162,6 +168,10 @@ Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
   const Screen& screen = ScreenOf(opening.kind);
   if (OpenScreenOf(opening.kind) != nullptr) {
     return {.end = Outcome::End::AlreadyOpen};
+  }
+  if (opening.kind == RecordKind::FamilyMember && opening.id != 0 && opening.id == PatientBeingEdited()) {
+    editing::Rules(context).TellIsBeingEdited();
+    return {};
   }
   if (screen.edit != nullptr) {
     Outcome outcome = screen.edit(context, opening);

@@ -67,6 +67,10 @@ void frmTGList::ShowToolButtons() {
 
 void frmTGList::EditCurrent() {
   if (DotNetGrid.Row >= 0 && Edits) {
+    if (Edits->kind == session::RecordKind::FamilyMember && CurrentID() == Options.family_head_including) {
+      TellIsBeingEdited();
+      return;
+    }
     session::Opening opening = *Edits;
     opening.mode = session::Opening::Mode::Existing;
     opening.id = CurrentID();
