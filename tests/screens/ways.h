@@ -84,7 +84,7 @@ struct Way {
   std::optional<session::RecordKind> kind = {};  // of the record that it edits
   bool saves = false;                            // what is typed
   bool holds = false;                            // a record, opened by its name alone
-  bool first = true;  // the others differ by the kind of record alone, in the same screen
+  bool first = true;                             // the others differ by the kind of record alone, in the same screen
 
   bool OnExisting() const { return how.starts_with("Existing"); }
   // Opens the record again that it saved.
