@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "forms/card_number.h"
 #include "forms/currency.h"
 #include "forms/phone.h"
 #include "forms/text.h"
@@ -85,6 +86,10 @@ std::optional<Value> TakePhone(std::string_view text, Date /*today*/) {
   return Value(forms::FormatPhone(text));
 }
 
+std::string ShowCardNumber(const Value& value) {
+  return forms::MaskedCardNumber(session::ToText(value));
+}
+
 }  // namespace
 
 constexpr Format kPlain{"text", ShowText, TakeText};
@@ -94,5 +99,6 @@ constexpr Format kCurrency{"amount", ShowCurrency, TakeCurrency};
 constexpr Format kPercent{"percentage", ShowPercent, TakePercent};
 constexpr Format kHours{"number of hours", ShowText, TakeHours};
 constexpr Format kPhone{"phone number", ShowPhone, TakePhone};
+constexpr Format kCardNumber{"card number", ShowCardNumber, TakeText};
 
 }  // namespace data

@@ -31,5 +31,7 @@ extern const Format kPercent;
 extern const Format kHours;
 // As `forms::FormatPhone` shows it; kept as it is shown.
 extern const Format kPhone;
+// As `forms::MaskedCardNumber` shows it: a field that has it only looks.
+extern const Format kCardNumber;
 
 }  // namespace data

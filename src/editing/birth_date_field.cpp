@@ -22,7 +22,8 @@ void BirthDateField::Show() {
   parts_.box.Text = birth ? forms::FormatDashed(forms::DateOf(*birth)) : std::string();
   shown_ = parts_.box.Text;
   const auto age = birth ? forms::AgeAt(forms::DateOf(*birth), context_.session.Today()) : std::nullopt;
-  parts_.age.Caption = age ? " Date : " + shown_ + " Age : " + forms::FormatAge(*age) : std::string();
+  parts_.age.Caption =
+      age ? (parts_.dated ? " Date : " + shown_ : std::string()) + " Age : " + forms::FormatAge(*age) : std::string();
 }
 
 bool BirthDateField::Take() {

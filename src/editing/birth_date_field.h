@@ -20,6 +20,7 @@ class BirthDateField : public forms::UserControl, private Rules {
     forms::Button& calendar;
     forms::Label& day;  // hidden
     forms::Label& age;  // " Date : 01-02-1980 Age : 46 years 10 months"
+    bool dated = true;  // the age stands behind the date
   };
 
   BirthDateField(const session::ScreenContext& context, const Parts& parts);

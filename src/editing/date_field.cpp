@@ -47,7 +47,7 @@ void DateField::Pick() {
 }
 
 bool DateField::PickFromCalendar() {
-  if (!EditingForm::MayModify(*this) || parts_.box.ReadOnly) {
+  if (!EditingForm::MayModify(*this) || (MayChange && !MayChange()) || parts_.box.ReadOnly) {
     return false;
   }
   const forms::Date today = context_.session.Today();

@@ -22,6 +22,8 @@ class DateField : public forms::UserControl, private Rules {
 
   // The box holds a date, typed or picked, or none.
   std::function<void()> Taken;
+  // A rule of the screen that must agree before a day is picked, and says why not.
+  std::function<bool()> MayChange;
 
   const Parts& Fields() const { return parts_; }
   // Takes what was typed, as "MM-DD-YYYY"; false when it is no date: the person is told, and the focus is there.

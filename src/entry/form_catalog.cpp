@@ -17,6 +17,7 @@
 #include "lookup/frmSearchWindow.h"
 #include "lookup/frmTGList.h"
 #include "people/EmployeeFrm.h"
+#include "people/FamScreen.h"
 #include "people/docScreen.h"
 #include "people/frmContacts.h"
 #include "people/frmDatabaseSearch.h"
@@ -105,6 +106,7 @@ const std::vector<Screen>& AllScreens() {
   static const std::vector<Screen> screens = {
       Edits<people::patScreen_SM>("patScreen_SM", {RecordKind::Patient}),
       Edits<people::EmployeeFrm>("EmployeeFrm", {RecordKind::Employee}),
+      Edits<people::FamScreen>("FamScreen", {RecordKind::FamilyMember}),
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
@@ -115,7 +117,6 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),
-      NotBuilt("FamScreen", {RecordKind::FamilyMember}, "family heads and members"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
       NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),

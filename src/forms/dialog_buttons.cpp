@@ -8,10 +8,12 @@ DialogButtons::DialogButtons() {
   OK.Caption = "&OK";
   Extra.Visible = false;
   Cancel.Caption = "Cancel";
+  Delete.Caption = "Delete";
+  Delete.Visible = false;
   Help.Caption = "&Help";
   Cancel.CausesValidation = false;
   Help.CausesValidation = false;
-  for (Button* button : {&OK, &Extra, &Cancel, &Help}) {
+  for (Button* button : {&OK, &Extra, &Cancel, &Delete, &Help}) {
     button->Container = this;
   }
 }
@@ -20,6 +22,7 @@ void DialogButtons::RegisterParts(Form& form) {
   form.Add(Name() + ".OK", OK);
   form.Add(Name() + ".Extra", Extra);
   form.Add(Name() + ".Cancel", Cancel);
+  form.Add(Name() + ".Delete", Delete);
   form.Add(Name() + ".Help", Help);
   form.SetDefaultButton(&OK);
   form.SetCancelButton(&Cancel);

@@ -1,6 +1,5 @@
 #include "people/patScreen_SM.h"
 
-#include "data/literal.h"
 #include "data/persons.h"
 #include "editing/customary_form.h"
 #include "forms/text.h"
@@ -10,28 +9,14 @@
 namespace people {
 namespace {
 
-using data::Literal;
-using data::Words;
-
 constexpr std::string_view kSetup = "DEFAULT_OFFICE_SETUP";
 
-struct BoundField {
-  std::size_t index = 0;
-  Words column;
-};
 constexpr std::array kTextColumns = {BoundField{0, "pLASNAM"}, BoundField{1, "pFIRNAM"}, BoundField{3, "pSEX"},
                                      BoundField{4, "pTTL"},    BoundField{6, "pSSN"},    BoundField{7, "pHOMPHO"},
                                      BoundField{8, "pBUSPHO"}, BoundField{9, "pADD1"},   BoundField{10, "pADD2"},
                                      BoundField{11, "pCIT"},   BoundField{12, "pSTA"},   BoundField{13, "pZIP"},
                                      BoundField{15, "pMEDALE"}};
-constexpr std::array kLabelColumns = {BoundField{0, "pMEDALEUPD"},    BoundField{1, "pTypPat"},
-                                      BoundField{2, "pTypDoc"},       BoundField{3, "pTypRef"},
-                                      BoundField{4, "pTypPhy"},       BoundField{5, "pTypEmp"},
-                                      BoundField{6, "pTypX1"},        BoundField{7, "pTypX2"},
-                                      BoundField{8, "pBIRDAT"},       BoundField{9, "pREFIND"},
-                                      BoundField{10, "pFAMHEAIND"},   BoundField{11, "pPROIND"},
-                                      BoundField{12, "pPHY1"},        BoundField{13, "pPHY2"},
-                                      BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
+constexpr std::array kLabelColumns = {BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
                                       BoundField{21, "pACCTYP"}};
 constexpr PersonKind kReferralKind = {.word = "Referral",
                                       .whose = "this patient's",
@@ -52,7 +37,7 @@ constexpr PersonKind kProviderKind = {.word = "Provider",
 
 patScreen_SM::patScreen_SM(const session::ScreenContext& context)
     : EditingForm("patScreen_SM", context),
-      Patient_SM(context.session, "Patable", "pID"),
+      Patient_SM(context.session, Text1[kLastName], Text1[kFirstName]),
       BirthDate(context, {Text1[kBirthDate], Command3D1[kPickBirthDate], Label5[kBirthDay], Label5[kAgeText]}),
       SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, "this patient's"),
       Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Patient_SM),
@@ -62,14 +47,9 @@ patScreen_SM::patScreen_SM(const session::ScreenContext& context)
       Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
       PictureBox1(context),
       duplicate_(context) {
-  for (const BoundField& bound : kTextColumns) {
-    Patient_SM.Bind(Text1.at(bound.index), bound.column);
-  }
-  for (const BoundField& bound : kLabelColumns) {
-    Patient_SM.Bind(Label5.at(bound.index), bound.column);
-    Label5.at(bound.index).Visible = false;
-  }
-  Patient_SM.Bind(nickname_, "pNICNAM");
+  Patient_SM.Bind(Text1, kTextColumns);
+  Patient_SM.Bind(Label5, kLabelColumns);
+  Patient_SM.BindHidden(Label5);
   Register();
   SetHelp();
   Wire();
@@ -100,8 +80,6 @@ void patScreen_SM::Wire() {
   Text1[kSsn].Leave = [this] {
     editing::TakeCustomaryForm(context_.session, Patient_SM, Text1[kSsn], forms::FormatSsn);
   };
-  Text1[kFirstName].Change = [this] { NicknameFollows(); };
-
   // The row's own statement carries everything; those behind it repeat the nickname and the contacts.
   Edits(Patient_SM);
   const auto always = [] { return true; };
@@ -109,7 +87,7 @@ void patScreen_SM::Wire() {
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
   OnSave(always, [this] { Patient_SM.Update(); });
-  OnSave([this] { return Patient_SM.Changed(nickname_); }, [this] { WriteNickname(); });
+  OnSave([this] { return Patient_SM.NicknameChanged(); }, [this] { Patient_SM.WriteNickname(); });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
@@ -191,18 +169,15 @@ void patScreen_SM::ShowFeeSchedule() {
       forms::WithMnemonic("Fee Schedule : " + (schedule.empty() ? "( none )" : schedule), 'u');
 }
 
-std::string patScreen_SM::FullName() const {
-  return Text1[kFirstName].Text.get() + " " + Text1[kLastName].Text.get();
-}
-
 editing::EditingForm::ClosingQuestion patScreen_SM::OnClosing() const {
   if (Adding()) {
-    return {.text = "New Patient, " + FullName() + "\r\n" +
+    return {.text = "New Patient, " + Patient_SM.FullName() + "\r\n" +
                     ", has not been saved. This new entry will be discarded if you answer No.\r\n"
                     "Do you want to save now?",
             .offers_to_save = true};
   }
-  return {.text = "Current changes to " + FullName() + " have not been saved. Save now?", .offers_to_save = true};
+  return {.text = "Current changes to " + Patient_SM.FullName() + " have not been saved. Save now?",
+          .offers_to_save = true};
 }
 
 // OK, and "Save and Book".
@@ -224,13 +199,13 @@ bool patScreen_SM::Check() {
   if (!BirthDate.Take() || !SexTitle.Take()) {
     return false;
   }
-  Trim();
+  Patient_SM.Trim();
   if (Text1[kLastName].Text->empty()) {
     Tell("Last name cannot be blank.", forms::Icon::Information);
     Text1[kLastName].SetFocus();
     return false;
   }
-  NicknameFollows();
+  Patient_SM.NicknameFollows();
   AlertDateFollows();
   Phones.Follow();
   return true;
@@ -243,23 +218,6 @@ bool patScreen_SM::Agreed() {
                                                 .birth = birth ? std::optional(forms::DateOf(*birth)) : std::nullopt});
 }
 
-// What nobody touched keeps its blanks.
-void patScreen_SM::Trim() {
-  for (const BoundField& bound : kTextColumns) {
-    forms::TextBox& box = Text1.at(bound.index);
-    if (Patient_SM.Changed(box)) {
-      box.Text = std::string(forms::Trim(box.Text.get()));
-    }
-  }
-}
-
-// Blanks around it make no other name.
-void patScreen_SM::NicknameFollows() {
-  const std::string_view name = forms::Trim(Text1[kFirstName].Text.get());
-  nickname_.Caption =
-      name == forms::Trim(Patient_SM.Stored(Text1[kFirstName])) ? Patient_SM.Stored(nickname_) : std::string(name);
-}
-
 // Today, for another alert.
 void patScreen_SM::AlertDateFollows() {
   forms::Label& updated = Label5[kAlertUpdated];
@@ -268,9 +226,7 @@ void patScreen_SM::AlertDateFollows() {
 }
 
 void patScreen_SM::OnTaken() {
-  if (!Patient_SM.Changed(Text1[kFirstName])) {
-    NicknameFollows();
-  }
+  Patient_SM.ShowTaken();
   AlertDateFollows();
   Phones.ShowTaken();
   ShowReferences();
@@ -279,11 +235,6 @@ void patScreen_SM::OnTaken() {
 void patScreen_SM::Insert() {
   pID = Patient_SM.Insert();
   Caption = "Patient Information";
-}
-
-void patScreen_SM::WriteNickname() {
-  statements_.Execute("UPDATE PATABLE SET pNICNAM=" + Literal(nickname_.Caption.get()) + " WHERE pID=" + Literal(pID) +
-                      statements_.Office(" and (OfficeID = ", ") "));
 }
 
 session::Outcome patScreen_SM::Ended() const {
@@ -297,10 +248,7 @@ session::Outcome patScreen_SM::Ended() const {
 
 void patScreen_SM::picSwapName_Click() {
   if (MayModify()) {
-    const std::string last = Text1[kLastName].Text;
-    Text1[kLastName].Text = Text1[kFirstName].Text.get();
-    Text1[kFirstName].Text = last;
-    NicknameFollows();
+    Patient_SM.SwapNames();
   }
 }
 

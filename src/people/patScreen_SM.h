@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "data/record_binding.h"
 #include "editing/ZIPCODE.h"
 #include "editing/birth_date_field.h"
 #include "editing/editing_form.h"
@@ -16,6 +15,7 @@
 #include "forms/text_box.h"
 #include "people/duplicate_person.h"
 #include "people/person_field.h"
+#include "people/person_record.h"
 #include "people/phone_pair.h"
 #include "people/sex_title_field.h"
 
@@ -78,7 +78,7 @@ class patScreen_SM : public editing::EditingForm {
   forms::Button cmdContact;
   forms::PictureBox picSwapName;
   forms::DialogButtons DialogButtons1;  // `Extra` saves and books
-  data::RecordBinding Patient_SM;
+  PersonRecord Patient_SM;
 
   editing::BirthDateField BirthDate;
   SexTitleField SexTitle;
@@ -117,19 +117,14 @@ class patScreen_SM : public editing::EditingForm {
   void ShowReferences();
   void ShowSecondReferral();
   void ShowFeeSchedule();
-  void NicknameFollows();
   void AlertDateFollows();
-  void Trim();
-  bool Adding() const { return Patient_SM.Id() == 0; }
-  std::string FullName() const;
+  bool Adding() const { return Patient_SM.IsNew(); }
   void SaveFromButton(bool and_book);
   void Insert();
-  void WriteNickname();
   void PickMedicalAlert();
   void PickFeeSchedule();
 
   DuplicatePerson duplicate_;
-  forms::Label nickname_;  // of the row; rewritten with the first name
 };
 
 }  // namespace people

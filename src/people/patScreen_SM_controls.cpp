@@ -48,7 +48,6 @@ void patScreen_SM::Register() {
   Label5[kReferralId].AccessibleName = Label1[kReferral].SpokenName();
   Label5[kProviderId].AccessibleName = Label1[kProvider].SpokenName();
   Label5[kFeeSchedule].AccessibleName = "Fee Schedule";
-  nickname_.AccessibleName = "Nickname";
   Command3D2.AccessibleName = "City, state and ZIP list";
   for (forms::Button* button :
        {&Command3D1[0], &Command3D1[1], &Command3D1[2], &Command3D1[3], &Command3D1[4], &Command3D1[5], &Command3D2}) {

@@ -229,7 +229,7 @@ wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control) {
   bar->SetSizer(row);
   row->AddStretchSpacer();
   auto& dialog = FormWindow::Of(*parent);
-  for (forms::Button* button : {&control.OK, &control.Extra, &control.Cancel, &control.Help}) {
+  for (forms::Button* button : {&control.OK, &control.Extra, &control.Cancel, &control.Delete, &control.Help}) {
     row->Add(MakeButton(bar, *button), wxSizerFlags().Border(wxLEFT, bar->FromDIP(6)));
   }
   dialog.Attach<Binding>(control, *bar);

@@ -30,7 +30,7 @@ void OpenMenu(wxWindow& window, const std::vector<forms::Button*>& commands, wxP
 // A button that opens such a menu.
 wxButton* MakeMenuButton(wxWindow* parent, const wxString& caption, std::vector<forms::Button*> commands,
                          AddToMenu add = {});
-// OK, the screen's own button, Cancel and Help, at the right.
+// OK, the screen's own button, Cancel, Delete and Help, at the right.
 wxPanel* MakeDialogButtons(wxWindow* parent, forms::DialogButtons& control);
 
 }  // namespace views

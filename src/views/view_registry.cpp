@@ -7,6 +7,7 @@
 #include "views/lookup/frmSearchWindow_view.h"
 #include "views/lookup/frmTGList_view.h"
 #include "views/people/EmployeeFrm_view.h"
+#include "views/people/FamScreen_view.h"
 #include "views/people/docScreen_view.h"
 #include "views/people/frmContacts_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
@@ -21,6 +22,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);
   registry.Add<locations::frmOfficeLocation>("frmOfficeLocation", LayOut_frmOfficeLocation);
   registry.Add<locations::frmPatientLocation>("frmPatientLocation", LayOut_frmPatientLocation);
+  registry.Add<people::FamScreen>("FamScreen", LayOut_FamScreen);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);

@@ -1,0 +1,278 @@
+#include "people/FamScreen.h"
+
+#include <algorithm>
+
+#include "editing/customary_form.h"
+#include "forms/text.h"
+#include "forms/us_numbers.h"
+#include "people/name_entry.h"
+
+namespace people {
+namespace {
+
+using forms::CheckState;
+
+constexpr std::string_view kStatementRight = "CHANGE-STA-DAT";
+
+constexpr std::array kTextColumns = {
+    BoundField{FamScreen::kLastName, "pLASNAM"},
+    BoundField{FamScreen::kFirstName, "pFIRNAM"},
+    BoundField{FamScreen::kSex, "pSEX"},
+    BoundField{FamScreen::kTitle, "pTTL"},
+    BoundField{FamScreen::kSsn, "pSSN"},
+    BoundField{FamScreen::kHomePhone, "pHOMPHO"},
+    BoundField{FamScreen::kWorkPhone, "pBUSPHO"},
+    BoundField{FamScreen::kAddress1, "pADD1"},
+    BoundField{FamScreen::kAddress2, "pADD2"},
+    BoundField{FamScreen::kCity, "pCIT"},
+    BoundField{FamScreen::kState, "pSTA"},
+    BoundField{FamScreen::kZip, "pZIP"},
+    BoundField{FamScreen::kLicence, "pDRILIC"},
+    BoundField{FamScreen::kCardType, "pCRECARTYP"},
+    BoundField{FamScreen::kCardNumber, "pCRECARNUM", data::kCardNumber},
+    BoundField{FamScreen::kBillingTitle, "pBILTTL"},
+    BoundField{FamScreen::kAccountType, "pACCTYP"},
+    BoundField{FamScreen::kNextStatement, "pNEXSTADAT", data::kDate},
+};
+
+constexpr PersonKind kReferralKind = {.word = "Referral",
+                                      .whose = "this persons",
+                                      .right = "CHANGE-REF-NAME",
+                                      .right_what = "referral names",
+                                      .type = "pTypRef",
+                                      .record = session::RecordKind::Referral,
+                                      .list = session::lulReferral};
+constexpr PersonKind kProviderKind = {.word = "Provider",
+                                      .whose = "this persons",
+                                      .right = "CHANGE-PRO-NAME",
+                                      .right_what = "provider names",
+                                      .type = "pTypDoc",
+                                      .record = session::RecordKind::Provider,
+                                      .list = session::lulProvider};
+
+// `pTypPat` as the box shows it: a patient, a patient of the past, and one who is responsible only.
+struct PatientState {
+  CheckState state;
+  std::string_view stored;
+};
+constexpr std::array kPatientStates = {PatientState{CheckState::On, "1"}, PatientState{CheckState::Mixed, "2"},
+                                       PatientState{CheckState::Off, "3"}};
+
+}  // namespace
+
+FamScreen::FamScreen(const session::ScreenContext& context)
+    : EditingForm("FamScreen", context),
+      Person(context.session, Text1[kLastName], Text1[kFirstName]),
+      BirthDate(context, {.box = Text1[kBirthDate],
+                          .calendar = Command3D1[kPickBirthDate],
+                          .day = Label5[kBirthDay],
+                          .age = Label5[kAgeText],
+                          .dated = false}),
+      SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, "this persons"),
+      Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Person),
+      ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
+      Name_List(context),
+      Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
+      Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
+      NextStatement(context, {Text1[kNextStatement], Command3D1[kPickNextStatement]}),
+      PictureBox1(context),
+      duplicate_(context) {
+  Person.Bind(Text1, kTextColumns);
+  Person.BindHidden(Label5);
+  Register();
+  SetHelp();
+  Wire();
+  WireSaving();
+}
+
+void FamScreen::Wire() {
+  Name_List.Attach(Referral);
+  Name_List.Attach(Provider);
+  ZipCodes.BeforeDeleteKey = [this] { return Confirm("Do you want delete this City, State, and Zip Code?"); };
+  Phones.SaveNew = [this] { return Save(); };
+  Text1[kSsn].Leave = [this] { editing::TakeCustomaryForm(context_.session, Text1[kSsn], forms::FormatSsn); };
+  Text1[kBillingTitle].KeyDown = [this](forms::Key key) {
+    if (key == forms::Key::F9) {
+      PickBillingTitle();
+    }
+    return key == forms::Key::F9;
+  };
+  Command3D1[kPickBillingTitle].Click = [this] {
+    PickBillingTitle();
+    Text1[kBillingTitle].SetFocus();
+  };
+  NextStatement.MayChange = [this] { return MayChangeStatement(); };
+  chkPersonIsPatient.Click = [this] { TakeIsPatient(); };
+  picSwapName.Click = [this] { picSwapName_Click(); };
+  DialogButtons1.OK.Click = [this] { SaveFromButton(); };
+  DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
+}
+
+void FamScreen::WireSaving() {
+  Edits(Person);
+  const auto always = [] { return true; };
+  const auto adding = [this] { return Adding(); };
+  OnSave(adding, [this] { Insert(); });
+  OnSave(adding, [this] { Hold("PATABLE", pID); });
+  OnSave(always, [this] { Person.Update(); });
+  OnSave([this] { return Person.NicknameChanged(); }, [this] { Person.WriteNickname(); });
+  OnSave(always, [this] { Contacts_Save(); });
+  OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
+}
+
+void FamScreen::Read() {
+  if (Opened.IsNew()) {
+    ReadNew();
+  } else {
+    ReadExisting();
+  }
+  if (Closed()) {
+    return;
+  }
+  if (!ReadOnly() && !context_.session.HasRight(kStatementRight)) {
+    LookOnly(Text1[kNextStatement], [this] { return MayChangeStatement(); });
+  }
+  ShowRole();
+  ShowReferences();
+  Contacts_Setup();
+}
+
+// Held before it is read: what is shown is what the one who held it before has left.
+void FamScreen::ReadExisting() {
+  Caption = "Family Information";
+  pID = Opened.id;
+  if (pID != 0) {
+    Hold("PATABLE", pID);
+  }
+  if (pID == 0 || !Person.Read(pID)) {
+    Tell(NoSuchPatient(std::to_string(pID)), forms::Icon::Information);
+    Close();
+    return;
+  }
+  if (Opened.joins && Label5[kIsPatient].Caption.get() < "1") {
+    Label5[kIsPatient].Caption = "1";
+  }
+}
+
+void FamScreen::ReadNew() {
+  Caption = "New Family Head";
+  Person.Read(0);
+  Label5[kIsPatient].Caption = "1";
+  Text1[kAccountType].Text = context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "PAT_AC_TYP");
+  Person.MarkWritten();
+}
+
+void FamScreen::ShowReferences() {
+  Referral.Show();
+  Provider.Show();
+  BirthDate.Show();
+  SexTitle.Show();
+  ShowIsPatient();
+}
+
+bool FamScreen::IsHead() const {
+  const std::int32_t head = session::ToId(session::Value(Label5[kFamilyHeadId].Caption.get()));
+  return head == 0 || head == pID;
+}
+
+void FamScreen::ShowRole() {
+  Label2.Caption = IsHead() && !NotAHead ? "Family Head" : "Family Member";
+}
+
+void FamScreen::ShowIsPatient() {
+  const std::string& stored = Label5[kIsPatient].Caption;
+  const auto* known = std::ranges::find(kPatientStates, stored, &PatientState::stored);
+  chkPersonIsPatient.Value = known == kPatientStates.end() ? CheckState::Off : known->state;
+}
+
+void FamScreen::TakeIsPatient() {
+  if (MayModify()) {
+    const auto* chosen = std::ranges::find(kPatientStates, chkPersonIsPatient.Value.get(), &PatientState::state);
+    Label5[kIsPatient].Caption = std::string(chosen->stored);
+  }
+  ShowIsPatient();
+}
+
+editing::EditingForm::ClosingQuestion FamScreen::OnClosing() const {
+  if (Adding()) {
+    return {.text = "New entry, " + Person.FullName() + ", has not been saved. Save now?", .offers_to_save = true};
+  }
+  return {.text = "Current changes to " + Person.FullName() + " have not been saved. Save now?",
+          .offers_to_save = true};
+}
+
+void FamScreen::SaveFromButton() {
+  if (Adding() || Unsaved()) {
+    if (!Check() || !Confirm(Adding() ? "Save this new entry?" : "Save changes to this record?") || !Save()) {
+      return;
+    }
+  }
+  Close();
+}
+
+bool FamScreen::Check() {
+  if (!BirthDate.Take() || !SexTitle.Take() || !NextStatement.Take()) {
+    return false;
+  }
+  Person.Trim();
+  for (const Field name : {kLastName, kFirstName}) {
+    if (Text1.at(name).Text->empty()) {
+      Tell("First and last name cannot be blank.", forms::Icon::Information);
+      Text1.at(name).SetFocus();
+      return false;
+    }
+  }
+  Person.NicknameFollows();
+  Phones.Follow();
+  return true;
+}
+
+bool FamScreen::Agreed() {
+  if (!Adding()) {
+    return true;
+  }
+  const auto birth = forms::ParseIso(Label5[kBirthDay].Caption.get());
+  return duplicate_.MayAdd(*this, {.last = Text1[kLastName].Text.get(),
+                                   .first = Text1[kFirstName].Text.get(),
+                                   .birth = birth ? std::optional(forms::DateOf(*birth)) : std::nullopt});
+}
+
+void FamScreen::OnTaken() {
+  Person.ShowTaken();
+  Phones.ShowTaken();
+  ShowReferences();
+}
+
+void FamScreen::Insert() {
+  pID = Person.Insert();
+  Caption = "Family Information";
+}
+
+session::Outcome FamScreen::Ended() const {
+  if (duplicate_.Instead() != 0) {
+    return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
+  }
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
+}
+
+void FamScreen::picSwapName_Click() {
+  if (MayModify()) {
+    Person.SwapNames();
+  }
+}
+
+bool FamScreen::MayChangeStatement() const {
+  return HasRight(kStatementRight, "Next Statement Date");
+}
+
+void FamScreen::PickBillingTitle() {
+  if (!MayModify()) {
+    return;
+  }
+  if (const auto picked = context_.screens.ShowPickList(session::PickList::BillingTitle, "Billing Title")) {
+    Text1[kBillingTitle].Text = picked->text;
+  }
+}
+
+}  // namespace people

@@ -1,0 +1,96 @@
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/choice_binders.h"
+#include "views/editing/editing_views.h"
+#include "views/field_group.h"
+#include "views/people/FamScreen_view.h"
+#include "views/people/person_fields_view.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+using people::FamScreen;
+
+wxSizer* NameGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Name");
+  group.Row({{form.Text1[form.kLastName], 30}});
+  group.Row({{form.Text1[form.kFirstName], 30}});
+  group.BehindBoth(MakePicture(group.Box(), form.picSwapName));
+  LayOut(group, form.SexTitle);
+  LayOut(group, form.BirthDate);
+  group.Row({{form.Text1[form.kSsn], 14}});
+  group.Row({{form.Text1[form.kLicence], 20}});
+  return group.Sizer();
+}
+
+wxSizer* PhoneGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Phones");
+  LayOut(group, form.Phones);
+  return group.Sizer();
+}
+
+wxSizer* AddressGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Address");
+  group.Row({{form.Text1[form.kAddress1], 30}});
+  group.Row({{form.Text1[form.kAddress2], 30}});
+  LayOut(group, form.ZipCodes);
+  return group.Sizer();
+}
+
+wxSizer* PracticeGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Practice");
+  LayOut(group, form.Referral);
+  LayOut(group, form.Provider);
+  return group.Sizer();
+}
+
+wxSizer* BillingGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Billing");
+  group.Row({{form.Text1[form.kBillingTitle], 28}}, &form.Command3D1[form.kPickBillingTitle]);
+  group.Row({{form.Text1[form.kAccountType], 10}});
+  LayOut(group, form.NextStatement);
+  wxWindow* card = MakeLabel(group.Box(), form.Label1[form.kCardType]);
+  wxWindow* type = MakeTextBox(group.Box(), form.Text1[form.kCardType], 12);
+  wxWindow* caption = MakeLabel(group.Box(), form.Label1[form.kCardNumber]);
+  wxWindow* number = MakeTextBox(group.Box(), form.Text1[form.kCardNumber], 18);
+  group.Row(card, {type, caption, number}, MakePickButton(group.Box(), form.Command3D1[form.kEditCard]));
+  return group.Sizer();
+}
+
+wxSizer* FamilyGroup(FormDialog& dialog, FamScreen& form) {
+  FieldGroup group(&dialog, "Family");
+  group.Row(nullptr, {MakeLabel(group.Box(), form.Label2)});
+  group.Row(nullptr, {MakeCheckBox(group.Box(), form.chkPersonIsPatient)});
+  return group.Sizer();
+}
+
+wxSizer* Column(const FormDialog& dialog, std::initializer_list<wxSizer*> groups) {
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  for (wxSizer* group : groups) {
+    column->Add(group, wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(6)));
+  }
+  return column;
+}
+
+}  // namespace
+
+// One page: the person, what the practice bills to whom, and the family.
+void LayOut_FamScreen(FormDialog& dialog, FamScreen& form) {
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  for (wxSizer* column :
+       {Column(dialog, {NameGroup(dialog, form), PhoneGroup(dialog, form)}),
+        Column(dialog, {AddressGroup(dialog, form), PracticeGroup(dialog, form), BillingGroup(dialog, form)}),
+        Column(dialog, {FamilyGroup(dialog, form)})}) {
+    columns->Add(column, wxSizerFlags(1).Expand());
+  }
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(4)));
+  page->Add(MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(10)));
+  LayOut(dialog, form.Name_List);
+  LayOut(dialog, form.PictureBox1);
+  dialog.SetSizer(page);
+}
+
+}  // namespace views
