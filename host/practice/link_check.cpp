@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/families.h"
 #include "data/holdings.h"
 #include "data/literal.h"
 #include "data/persons.h"
@@ -33,6 +34,8 @@ class LinkCheck {
     }
     CheckCarriers("GroPlaTable", "GroPlaInd", "GroPlaInsID", "Group plan ");
     CheckCarriers("IPTable", "IPRecNum", "IPInsCoID", "Plan detail ");
+    CheckHeads();
+    CheckFamilyRows();
   }
 
  private:
@@ -202,6 +205,50 @@ class LinkCheck {
              statements_.Execute(Sql("DELETE * FROM ") + table + " WHERE " + key + "=" +
                                  Literal(session::ToId(row[0])) + statements_.Office());
            });
+    }
+  }
+
+  // A family whose head is gone gets another; one who is named by others heads himself.
+  void CheckHeads() const {
+    const data::Families families(session_);
+    for (const Row& row :
+         Rows(Sql("SELECT Member.pID, Member.pFAMHEAIND, Head.pID FROM PATable AS Member LEFT JOIN PATable AS Head ON "
+                  "Member.pFAMHEAIND = Head.pID") +
+              statements_.OfficeJoin(" and (Member.OfficeID = Head.OfficeID) ") +
+              " WHERE (Member.pFAMHEAIND<>0) AND ((Head.pID Is Null) OR ((Head.pFAMHEAIND<>0) AND "
+              "(Head.pFAMHEAIND<>Head.pID)))" +
+              statements_.Office(" and (Member.OfficeID = ", ") ") + " ORDER BY Member.pID")) {
+      const std::int32_t head = session::ToId(row[1]);
+      const bool gone = session::IsNull(row[2]);
+      Tell(Of(row[0]) + "the head of the family, " + session::ToText(row[1]) + ", is " +
+               (gone ? "gone." : "a member of another one."),
+           [&] {
+             if (families.HeadOf(session::ToId(row[0])) == head) {  // one before may have put it right
+               gone ? families.MakeHead(session::ToId(row[0])) : families.HeadHimself(head);
+             }
+           });
+    }
+  }
+
+  void CheckFamilyRows() const {
+    const data::Families families(session_);
+    for (const Row& row :
+         Rows(Sql("SELECT DISTINCT PATable.pID FROM PATable LEFT JOIN FamTable ON PATable.pID = FamTable.fMEMID") +
+              statements_.OfficeJoin(" and (PATable.OfficeID = FamTable.OfficeID) ") +
+              " WHERE ((FamTable.fRSPID<>PATable.pFAMHEAIND) AND (PATable.pFAMHEAIND<>0) OR "
+              "(FamTable.fRSPID<>PATable.pID) AND ((PATable.pFAMHEAIND Is Null) OR (PATable.pFAMHEAIND=0)) OR "
+              "(FamTable.fRSPID Is Null) AND (PATable.pFAMHEAIND<>0) AND (PATable.pTypPat>='1'))" +
+              statements_.Office(" and (PATable.OfficeID = ", ") "))) {
+      Tell(Of(row[0]) + "the family row is missing or tells another family.",
+           [&] { families.Add(session::ToId(row[0]), session::ToId(row[0])); });
+    }
+    for (const Row& row :
+         Rows(Sql("SELECT DISTINCT FamTable.fMEMID FROM FamTable LEFT JOIN PATable ON FamTable.fMEMID "
+                  "= PATable.pID") +
+              statements_.OfficeJoin(" and (FamTable.OfficeID = PATable.OfficeID) ") + " WHERE (PATable.pID Is Null)" +
+              statements_.Office(" and (FamTable.OfficeID = ", ") "))) {
+      Tell("Person " + session::ToText(row[0]) + " is gone, but has a family row.",
+           [&] { families.Remove(session::ToId(row[0])); });
     }
   }
 

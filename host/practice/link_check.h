@@ -5,8 +5,8 @@
 
 #include "session/session.h"
 
-// Commands on employers, carriers, group plans and plan links run statement by statement, so that a process that is
-// killed leaves one half done.
+// Commands on employers, carriers, group plans, plan links and families run statement by statement, so that a process
+// that is killed leaves one half done.
 namespace host {
 
 // Tells what such a command left in the session's office, a sentence a fault ("Reed, Ann [7]: holding 17 has ended, but

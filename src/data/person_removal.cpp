@@ -4,15 +4,14 @@
 #include <array>
 
 #include "data/coverages.h"
+#include "data/families.h"
 #include "data/holdings.h"
 #include "data/literal.h"
 
 namespace data {
 namespace {
 
-// The person himself goes last.
-constexpr std::array<Words, 5> kHisOwn = {"eBusContactSequence WHERE ebcpID=", "PDLTable WHERE pdlPID=",
-                                          "FamTable WHERE fRSPID=", "FamTable WHERE fMEMID=", "PATable WHERE pID="};
+constexpr std::array<Words, 2> kHisOwn = {"eBusContactSequence WHERE ebcpID=", "PDLTable WHERE pdlPID="};
 
 }  // namespace
 
@@ -25,9 +24,12 @@ void RemovePerson(session::Session& session, std::int32_t person) {
   const auto held = holdings.Of(person);
   std::for_each(held.rbegin(), held.rend(), [&](const Holding& last) { holdings.Remove(last.id); });
   const Statements statements(session);
-  for (const Words rows : kHisOwn) {
+  const auto remove = [&](Words rows) {
     statements.Execute(Sql("DELETE * FROM ") + rows + Literal(person) + statements.Office());
-  }
+  };
+  std::ranges::for_each(kHisOwn, remove);
+  Families(session).Remove(person);
+  remove("PATable WHERE pID=");
 }
 
 }  // namespace data

@@ -1,5 +1,6 @@
 #include "editing/person_deletion.h"
 
+#include "data/families.h"
 #include "data/literal.h"
 #include "data/person_removal.h"
 #include "data/persons.h"
@@ -138,13 +139,11 @@ bool PersonDeletion::AcceptsLostCoverage(const DeletedPerson& person) const {
 }
 
 std::string PersonDeletion::FamilyObstacle(const DeletedPerson& person) const {
-  const data::Sql id = Literal(person.id);
-  const bool heads = !session::IsNull(statements_.SelectValue("SELECT TOP 1 pID FROM PATable WHERE (pFAMHEAIND=" + id +
-                                                              ") AND (pID<>" + id + ")" + statements_.Office()));
-  return heads ? person.name +
-                     " is a Family Head and cannot be deleted until all members are detached from this family or "
-                     "another member is assigned as Family Head."
-               : "";
+  return data::Families(context_.session).HeadsOthers(person.id)
+             ? person.name +
+                   " is a Family Head and cannot be deleted until all members are detached from this family or "
+                   "another member is assigned as Family Head."
+             : "";
 }
 
 void PersonDeletion::Delete(const DeletedPerson& person) const {
