@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "console/recordings.h"
+#include "forms/card_number.h"
 #include "practice/host_session.h"
 
 namespace host {
@@ -19,7 +20,7 @@ class RecordingSession : public HostSession {
       : HostSession(practice, office, std::move(user), std::move(surroundings)), recordings_(recordings) {}
 
   std::string PrepareSQL(const std::string& sql, int flag) const override {
-    std::string shown = sql;
+    std::string shown = forms::WithoutCardNumbers(sql);
     for (const std::string& secret : secrets_) {
       if (const std::size_t at = shown.find(secret); at != std::string::npos) {
         shown.replace(at, secret.size(), "***");

@@ -150,6 +150,9 @@ std::vector<Stop> Stops(Desk& desk) {
          dynamic_cast<forms::Button&>(*form.Find("DialogButtons1.Help")).DoClick();
        }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
+      {"frmCreditCard", open_form("frmCreditCard", {{"pID", patient}})},
+      {"FamScreen", open_form("FamScreen", {{"Mode", patient}})},
+      {"FamScreen-new", open_form("FamScreen", {{"Mode", "NEW"}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},
       {"docScreen-referral",

@@ -32,6 +32,11 @@ std::optional<Value> TakeDate(std::string_view text, Date today) {
   return date ? std::optional<Value>(forms::AtMidnight(*date)) : std::nullopt;
 }
 
+std::optional<Value> TakeComingDate(std::string_view text, Date today) {
+  constexpr std::chrono::years kAhead(49);
+  return TakeDate(text, Date(today.year() + kAhead, std::chrono::January, std::chrono::day(1)));
+}
+
 // A leap year has every day that there is.
 std::optional<Value> TakeMonthDay(std::string_view text, Date today) {
   text = forms::Trim(text);
@@ -94,6 +99,7 @@ std::string ShowCardNumber(const Value& value) {
 
 constexpr Format kPlain{"text", ShowText, TakeText};
 constexpr Format kDate{"date", ShowDate, TakeDate};
+constexpr Format kComingDate{"date", ShowDate, TakeComingDate};
 constexpr Format kMonthDay{"month and day", ShowText, TakeMonthDay};
 constexpr Format kCurrency{"amount", ShowCurrency, TakeCurrency};
 constexpr Format kPercent{"percentage", ShowPercent, TakePercent};

@@ -21,6 +21,8 @@ struct Format {
 extern const Format kPlain;
 // "MM-DD-YYYY"; read as `forms::ParseDate` reads.
 extern const Format kDate;
+// The same for what is still to come: a two-digit year is the one closest to `today`'s.
+extern const Format kComingDate;
 // A day of every year, kept and shown as "mm-dd".
 extern const Format kMonthDay;
 // "$1,234.50".

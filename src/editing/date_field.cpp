@@ -5,7 +5,8 @@
 
 namespace editing {
 
-DateField::DateField(const session::ScreenContext& context, const Parts& parts) : Rules(context), parts_(parts) {
+DateField::DateField(const session::ScreenContext& context, const Parts& parts, const data::Format& format)
+    : Rules(context), parts_(parts), format_(format) {
   Adopt(parts_.box);
   Adopt(parts_.calendar);
   parts_.box.Leave = [this] { Take(); };
@@ -14,13 +15,13 @@ DateField::DateField(const session::ScreenContext& context, const Parts& parts) 
 
 bool DateField::Take() {
   const std::string_view typed = forms::Trim(parts_.box.Text.get());
-  const auto date = forms::ParseDate(typed, context_.session.Today());
+  const auto date = format_.take(typed, context_.session.Today());
   if (!typed.empty() && !date) {
     Tell(ToldBack(typed) + " is not a date. Please type month, day and year.");
     parts_.box.SetFocus();
     return false;
   }
-  Put(date ? forms::FormatDashed(*date) : std::string());
+  Put(date ? format_.show(*date) : std::string());
   return true;
 }
 
@@ -51,8 +52,9 @@ bool DateField::PickFromCalendar() {
     return false;
   }
   const forms::Date today = context_.session.Today();
-  const auto picked =
-      context_.user.PickDate("Calendar", forms::ParseDate(parts_.box.Text.get(), today).value_or(today));
+  const auto typed = format_.take(forms::Trim(parts_.box.Text.get()), today);
+  const auto shown = typed ? session::ToDateTime(*typed) : std::nullopt;
+  const auto picked = context_.user.PickDate("Calendar", shown ? forms::DateOf(*shown) : today);
   if (picked) {
     Put(forms::FormatDashed(*picked));
   }

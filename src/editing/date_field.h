@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "data/format.h"
 #include "editing/rules.h"
 #include "forms/button.h"
 #include "forms/text_box.h"
@@ -9,7 +10,7 @@
 
 namespace editing {
 
-// A date as it is typed, with its calendar. The screen binds the box to its column with `data::kDate`.
+// A date as it is typed, with its calendar. The screen binds the box to its column with the same format.
 class DateField : public forms::UserControl, private Rules {
  public:
   // The screen's own controls.
@@ -18,7 +19,7 @@ class DateField : public forms::UserControl, private Rules {
     forms::Button& calendar;
   };
 
-  DateField(const session::ScreenContext& context, const Parts& parts);
+  DateField(const session::ScreenContext& context, const Parts& parts, const data::Format& format = data::kDate);
 
   // The box holds a date, typed or picked, or none.
   std::function<void()> Taken;
@@ -39,6 +40,7 @@ class DateField : public forms::UserControl, private Rules {
   void Put(std::string date);
 
   Parts parts_;
+  const data::Format& format_;
 };
 
 }  // namespace editing

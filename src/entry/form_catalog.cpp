@@ -20,6 +20,7 @@
 #include "people/FamScreen.h"
 #include "people/docScreen.h"
 #include "people/frmContacts.h"
+#include "people/frmCreditCard.h"
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
 
@@ -113,6 +114,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
       Opens<locations::frmPatientLocation>("frmPatientLocation"),
       Opens<people::frmContacts>("frmContacts"),
+      Opens<people::frmCreditCard>("frmCreditCard"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),

@@ -63,6 +63,7 @@ std::optional<std::string> IdText(const Outcome& outcome) {
     case Outcome::End::Saved:
       return std::to_string(outcome.id);
     case Outcome::End::Cancelled:
+    case Outcome::End::Deleted:
       return std::string(kCancelAndClose);
     case Outcome::End::AlreadyOpen:
       return std::string(kAlreadyOpen);

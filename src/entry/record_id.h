@@ -15,8 +15,8 @@ inline constexpr std::string_view kNew = "NEW";
 bool ReadId(std::string_view id, session::Opening& opening);
 std::string IdText(const session::Opening& opening);
 
-// The ID as a person's method gives it back: the saved record's, "CANCEL_AND_CLOSE" or "ALREADY_OPEN"; nothing when it
-// stays as it was given.
+// The ID as a person's method gives it back: the saved record's, "CANCEL_AND_CLOSE", also when it was deleted, or
+// "ALREADY_OPEN"; nothing when it stays as it was given.
 std::optional<std::string> IdText(const session::Outcome& outcome);
 // What became of the record, by the ID that came back. A number is a saved record's.
 session::Outcome ReadOutcome(const std::string& id);

@@ -74,7 +74,7 @@ void frmTGList::EditCurrent() {
     session::Opening opening = *Edits;
     opening.mode = session::Opening::Mode::Existing;
     opening.id = CurrentID();
-    if (const session::Outcome outcome = context_.screens.Edit(opening); outcome.Saved()) {
+    if (const session::Outcome outcome = context_.screens.Edit(opening); outcome.Saved() || outcome.Deleted()) {
       Requery(conditions_, sort_, {.id = outcome.id, .row = DotNetGrid.Row});
     }
   } else if (context_.user.Ask({.text = "Nothing to edit. Do you want to add one?",

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "data/families.h"
 #include "editing/customary_form.h"
+#include "editing/person_deletion.h"
 #include "forms/text.h"
 #include "forms/us_numbers.h"
 #include "people/name_entry.h"
@@ -11,8 +13,6 @@ namespace people {
 namespace {
 
 using forms::CheckState;
-
-constexpr std::string_view kStatementRight = "CHANGE-STA-DAT";
 
 constexpr std::array kTextColumns = {
     BoundField{FamScreen::kLastName, "pLASNAM"},
@@ -32,8 +32,13 @@ constexpr std::array kTextColumns = {
     BoundField{FamScreen::kCardNumber, "pCRECARNUM", data::kCardNumber},
     BoundField{FamScreen::kBillingTitle, "pBILTTL"},
     BoundField{FamScreen::kAccountType, "pACCTYP"},
-    BoundField{FamScreen::kNextStatement, "pNEXSTADAT", data::kDate},
+    BoundField{FamScreen::kNextStatement, "pNEXSTADAT", data::kComingDate},
 };
+
+// The columns that a family shares, but for the home phone, which may stand behind another contact.
+constexpr std::array kSharedColumns = {BoundField{FamScreen::kAddress1, "pADD1"},
+                                       BoundField{FamScreen::kAddress2, "pADD2"}, BoundField{FamScreen::kCity, "pCIT"},
+                                       BoundField{FamScreen::kState, "pSTA"}, BoundField{FamScreen::kZip, "pZIP"}};
 
 constexpr PersonKind kReferralKind = {.word = "Referral",
                                       .whose = "this persons",
@@ -54,9 +59,16 @@ constexpr PersonKind kProviderKind = {.word = "Provider",
 struct PatientState {
   CheckState state;
   std::string_view stored;
+  std::string_view told;
 };
-constexpr std::array kPatientStates = {PatientState{CheckState::On, "1"}, PatientState{CheckState::Mixed, "2"},
-                                       PatientState{CheckState::Off, "3"}};
+constexpr std::array kPatientStates = {PatientState{CheckState::On, "1", "patient"},
+                                       PatientState{CheckState::Mixed, "2", "patient of the past"},
+                                       PatientState{CheckState::Off, "3", "responsible only"}};
+
+std::string ToldPatientState(const std::string& stored) {
+  const auto* known = std::ranges::find(kPatientStates, stored, &PatientState::stored);
+  return known == kPatientStates.end() ? stored : std::string(known->told);
+}
 
 }  // namespace
 
@@ -74,14 +86,17 @@ FamScreen::FamScreen(const session::ScreenContext& context)
       Name_List(context),
       Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
       Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
-      NextStatement(context, {Text1[kNextStatement], Command3D1[kPickNextStatement]}),
+      NextStatement(context, {Text1[kNextStatement], Command3D1[kPickNextStatement]}, data::kComingDate),
       PictureBox1(context),
-      duplicate_(context) {
+      duplicate_(context),
+      family_(context) {
   Person.Bind(Text1, kTextColumns);
   Person.BindHidden(Label5);
+  Label5[kIsPatient].Told = ToldPatientState;
   Register();
   SetHelp();
   Wire();
+  WireBilling();
   WireSaving();
 }
 
@@ -91,21 +106,11 @@ void FamScreen::Wire() {
   ZipCodes.BeforeDeleteKey = [this] { return Confirm("Do you want delete this City, State, and Zip Code?"); };
   Phones.SaveNew = [this] { return Save(); };
   Text1[kSsn].Leave = [this] { editing::TakeCustomaryForm(context_.session, Text1[kSsn], forms::FormatSsn); };
-  Text1[kBillingTitle].KeyDown = [this](forms::Key key) {
-    if (key == forms::Key::F9) {
-      PickBillingTitle();
-    }
-    return key == forms::Key::F9;
-  };
-  Command3D1[kPickBillingTitle].Click = [this] {
-    PickBillingTitle();
-    Text1[kBillingTitle].SetFocus();
-  };
-  NextStatement.MayChange = [this] { return MayChangeStatement(); };
   chkPersonIsPatient.Click = [this] { TakeIsPatient(); };
   picSwapName.Click = [this] { picSwapName_Click(); };
   DialogButtons1.OK.Click = [this] { SaveFromButton(); };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  DialogButtons1.Delete.Click = [this] { Delete(); };
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
 }
 
@@ -115,8 +120,15 @@ void FamScreen::WireSaving() {
   const auto adding = [this] { return Adding(); };
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
+  OnSave(adding, [this] { HeadHimself(); });
   OnSave(always, [this] { Person.Update(); });
   OnSave([this] { return Person.NicknameChanged(); }, [this] { Person.WriteNickname(); });
+  OnSave(
+      [this] {
+        shared_ = SharedChanges();
+        return !shared_.empty();
+      },
+      [this] { family_.Offer(pID, shared_); });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
@@ -130,9 +142,7 @@ void FamScreen::Read() {
   if (Closed()) {
     return;
   }
-  if (!ReadOnly() && !context_.session.HasRight(kStatementRight)) {
-    LookOnly(Text1[kNextStatement], [this] { return MayChangeStatement(); });
-  }
+  GuardStatement();
   ShowRole();
   ShowReferences();
   Contacts_Setup();
@@ -157,6 +167,7 @@ void FamScreen::ReadExisting() {
 
 void FamScreen::ReadNew() {
   Caption = "New Family Head";
+  DialogButtons1.Delete.Enabled = false;
   Person.Read(0);
   Label5[kIsPatient].Caption = "1";
   Text1[kAccountType].Text = context_.session.OfficeSetting("DEFAULT_OFFICE_SETUP", "PAT_AC_TYP");
@@ -247,11 +258,64 @@ void FamScreen::OnTaken() {
 void FamScreen::Insert() {
   pID = Person.Insert();
   Caption = "Family Information";
+  DialogButtons1.Delete.Enabled = true;
+}
+
+void FamScreen::HeadHimself() {
+  data::Families(context_.session).HeadHimself(pID);
+  Person.Refresh({&Label5[kFamilyHeadId]});
+}
+
+// What a head's members share with him.
+std::vector<FamilyUpdate::Shared> FamScreen::SharedChanges() const {
+  std::vector<FamilyUpdate::Shared> changes;
+  if (Adding() || NoMessage || !IsHead()) {
+    return changes;
+  }
+  for (const BoundField& shared : kSharedColumns) {
+    const forms::TextBox& box = Text1.at(shared.index);
+    if (Person.Changed(box)) {
+      changes.push_back({shared.column, forms::Fitting(box.Text.get(), box.MaxLength)});
+    }
+  }
+  if (const auto phone = Phones.HomePhoneTyped()) {
+    changes.push_back({"pHomPho1", *phone});
+  }
+  return changes;
+}
+
+// He is held as long as the screen is open.
+void FamScreen::Delete() {
+  if (!context_.session.HasRight("DELETE-PATIENT")) {
+    Tell("You have no right to delete patients.");
+    return;
+  }
+  if (ReadOnly()) {
+    Tell("Read only, cannot delete.");
+    return;
+  }
+  Attempt([this] {
+    const editing::RecordHold transactions(context_.session, "DTTABLE", pID);
+    const auto person = editing::DeletedPerson::Read(statements_, pID);
+    const editing::PersonDeletion deletion(context_);
+    if (!deletion.MayDelete(person) ||
+        (person.IsHead() && !Confirm("Are you sure you want to delete " + person.name + "?", "Patient Deletion"))) {
+      return;
+    }
+    RequireHold();
+    transactions.Require();
+    deletion.Delete(person);
+    deleted_ = true;
+    Close();
+  });
 }
 
 session::Outcome FamScreen::Ended() const {
   if (duplicate_.Instead() != 0) {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
+  }
+  if (deleted_) {
+    return {.end = session::Outcome::End::Deleted, .id = pID};
   }
   return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
 }
@@ -259,19 +323,6 @@ session::Outcome FamScreen::Ended() const {
 void FamScreen::picSwapName_Click() {
   if (MayModify()) {
     Person.SwapNames();
-  }
-}
-
-bool FamScreen::MayChangeStatement() const {
-  return HasRight(kStatementRight, "Next Statement Date");
-}
-
-void FamScreen::PickBillingTitle() {
-  if (!MayModify()) {
-    return;
-  }
-  if (const auto picked = context_.screens.ShowPickList(session::PickList::BillingTitle, "Billing Title")) {
-    Text1[kBillingTitle].Text = picked->text;
   }
 }
 

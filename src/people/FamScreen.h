@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "editing/ZIPCODE.h"
 #include "editing/birth_date_field.h"
@@ -16,6 +17,7 @@
 #include "forms/label.h"
 #include "forms/text_box.h"
 #include "people/duplicate_person.h"
+#include "people/family_update.h"
 #include "people/person_field.h"
 #include "people/person_record.h"
 #include "people/phone_pair.h"
@@ -126,6 +128,7 @@ class FamScreen : public editing::EditingForm {
   void NameControls();
   void SetHelp();
   void Wire();
+  void WireBilling();
   void WireSaving();
   void ReadExisting();
   void ReadNew();
@@ -134,12 +137,21 @@ class FamScreen : public editing::EditingForm {
   void ShowRole();
   void ShowIsPatient();
   void TakeIsPatient();
+  void GuardStatement();
   bool MayChangeStatement() const;
   void PickBillingTitle();
+  bool MayEnterCard() const;
+  void EditCard();
   void SaveFromButton();
   void Insert();
+  void HeadHimself();
+  std::vector<FamilyUpdate::Shared> SharedChanges() const;
+  void Delete();
 
   DuplicatePerson duplicate_;
+  FamilyUpdate family_;
+  std::vector<FamilyUpdate::Shared> shared_;  // of the save that is running
+  bool deleted_ = false;
 };
 
 }  // namespace people

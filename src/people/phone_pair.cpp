@@ -97,6 +97,11 @@ void PhonePair::Follow() {
   }
 }
 
+std::optional<std::string> PhonePair::HomePhoneTyped() const {
+  const forms::Label& phone = home_.contacts.front();
+  return record_.Changed(phone) ? std::optional(phone.Caption.get()) : std::nullopt;
+}
+
 void PhonePair::ShowTaken() {
   for (SideFields* side : Sides()) {
     const forms::Label& contact = side->contacts.at(Selected(*side));

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <set>
+#include <string>
 
 #include "data/record_binding.h"
 #include "editing/Contacts.h"
@@ -39,6 +41,8 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   void Setup();
   // Before the record is compared with its row or written: the contacts follow the boxes.
   void Follow();
+  // What was typed in the place of the first home phone; nothing when the home box shows another contact.
+  std::optional<std::string> HomePhoneTyped() const;
   // After stored values took the place of what was typed: a contact's stored value shows in its box, below its name.
   // Throws session::DatabaseError.
   void ShowTaken();

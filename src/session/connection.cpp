@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/card_number.h"
 #include "forms/text.h"
 
 namespace session {
@@ -36,6 +37,12 @@ std::string_view WhatFailed(std::string_view batch) {
 }
 
 }  // namespace
+
+DatabaseError::DatabaseError(const std::string& what, std::string_view statement, int code, Origin origin)
+    : std::runtime_error(forms::WithoutCardNumbers(what)),
+      statement_(forms::WithoutCardNumbers(statement)),
+      code_(code),
+      origin_(origin) {}
 
 std::string DatabaseError::Told() const {
   constexpr std::size_t kMost = 60;  // characters

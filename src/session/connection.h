@@ -11,14 +11,14 @@
 
 namespace session {
 
-// The database refused a statement. The one root of its failures.
+// The database refused a statement. The one root of its failures. Numbers of payment cards are masked in all that it
+// holds.
 class DatabaseError : public std::runtime_error {
  public:
   // Who refused it: the engine, or before it the session's `PrepareSQL`.
   enum class Origin { Engine, Translation };
 
-  DatabaseError(const std::string& what, std::string statement, int code, Origin origin = Origin::Engine)
-      : std::runtime_error(what), statement_(std::move(statement)), code_(code), origin_(origin) {}
+  DatabaseError(const std::string& what, std::string_view statement, int code, Origin origin = Origin::Engine);
 
   const std::string& Statement() const { return statement_; }
   // The engine's own number.

@@ -76,6 +76,7 @@ struct Outcome {
     Cancelled,
     AlreadyOpen,  // nothing was opened: the screen is open already
     NotBuilt,     // nothing was opened: the screen is not part of this version
+    Deleted,      // the record is there no more
     Instead,      // nothing was written: the person who is there already is to be opened in the new one's place
   };
 
@@ -84,6 +85,7 @@ struct Outcome {
   bool save_and_book = false;  // an appointment is to be booked
 
   bool Saved() const { return end == End::Saved; }
+  bool Deleted() const { return end == End::Deleted; }
 };
 
 // How a list was left.

@@ -10,6 +10,7 @@
 #include "views/people/FamScreen_view.h"
 #include "views/people/docScreen_view.h"
 #include "views/people/frmContacts_view.h"
+#include "views/people/frmCreditCard_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
 #include "views/people/patScreen_SM_view.h"
 
@@ -24,6 +25,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<locations::frmPatientLocation>("frmPatientLocation", LayOut_frmPatientLocation);
   registry.Add<people::FamScreen>("FamScreen", LayOut_FamScreen);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
+  registry.Add<people::frmCreditCard>("frmCreditCard", LayOut_frmCreditCard);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
   registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);

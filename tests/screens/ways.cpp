@@ -60,6 +60,7 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
   static const std::map<std::string, std::map<std::string, Asked>> properties = {
       {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
   };
   return properties;

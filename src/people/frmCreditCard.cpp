@@ -1,0 +1,109 @@
+#include "people/frmCreditCard.h"
+
+#include <algorithm>
+
+#include "forms/card_number.h"
+#include "forms/text.h"
+
+namespace people {
+namespace {
+
+constexpr int kLongestNumber = 25;  // characters, with what parts the digits
+
+}  // namespace
+
+frmCreditCard::frmCreditCard(const session::ScreenContext& context)
+    : EditingForm("frmCreditCard", context), record_(context.session, "PATable", "pID") {
+  Caption = "Credit Card";
+  record_.Bind(txtType, "pCRECARTYP");
+  record_.Bind(number_, "pCRECARNUM");
+  number_.AccessibleName = "Credit card number";
+  number_.Told = [](const std::string& number) { return forms::MaskedCardNumber(number); };
+  Register();
+  txtNumber.Change = [this] { Follow(); };
+  cmdRemove.Click = [this] { Remove(); };
+  DialogButtons1.OK.Click = [this] {
+    if (!Unsaved() || Save()) {
+      Close();
+    }
+  };
+  DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  Edits(record_);
+  OnSave([this] { return Differs(); }, [this] { record_.Update(); });
+}
+
+void frmCreditCard::Register() {
+  Add("txtType", txtType);
+  Add("lblType", lblType);
+  Add("txtNumber", txtNumber);
+  Add("lblNumber", lblNumber);
+  Add("lblStored", lblStored);
+  Add("cmdRemove", cmdRemove);
+  Add("DialogButtons1", DialogButtons1);
+  lblType.Caption = "&Type";
+  txtType.Heading = &lblType;
+  lblNumber.Caption = "&Number";
+  txtNumber.Heading = &lblNumber;
+  txtNumber.PasswordChar = '*';
+  txtNumber.MaxLength = kLongestNumber;
+  cmdRemove.Caption = "&Remove Card";
+  DialogButtons1.Help.Visible = false;
+  Reads({&txtType, &txtNumber, &lblStored, &cmdRemove, &DialogButtons1});
+  Properties["pID"] = {[this] { return std::to_string(pID); },
+                       [this](const std::string& id) { pID = session::ToId(session::Value(id)); }};
+}
+
+void frmCreditCard::Read() {
+  if (!RequireRight(kRight, "credit card information")) {
+    MayModify();
+    Close();
+    return;
+  }
+  Hold("PATABLE", pID);
+  if (!record_.Read(pID)) {
+    Tell("Person " + std::to_string(pID) + " was not found in the database.", forms::Icon::Information);
+    Close();
+    return;
+  }
+  ShowStored();
+}
+
+void frmCreditCard::ShowStored() {
+  const std::string masked = forms::MaskedCardNumber(record_.Stored(number_));
+  lblStored.Caption = masked.empty() ? "No number is stored." : "The stored number is " + masked + ".";
+  cmdRemove.Enabled = !masked.empty() || !record_.Stored(txtType).empty();
+}
+
+void frmCreditCard::Follow() {
+  std::string typed = txtNumber.Text;
+  std::erase_if(typed, [](char c) { return c == ' ' || c == '-'; });
+  number_.Caption = typed.empty() ? record_.Stored(number_) : typed;
+}
+
+bool frmCreditCard::Check() {
+  txtType.Text = record_.Changed(txtType) ? std::string(forms::Trim(txtType.Text.get())) : txtType.Text.get();
+  if (!record_.Changed(number_) || number_.Caption->empty() || forms::IsCardNumber(number_.Caption.get())) {
+    return true;
+  }
+  Tell("What you have typed is not the number of a credit card. Please type it again.", forms::Icon::Information);
+  txtNumber.SetFocus();
+  return false;
+}
+
+void frmCreditCard::OnTaken() {
+  if (!record_.Changed(number_)) {
+    txtNumber.Text = std::string();
+  }
+  ShowStored();
+}
+
+void frmCreditCard::Remove() {
+  if (MayModify() && Confirm("Remove this credit card?")) {
+    txtType.Text = std::string();
+    txtNumber.Text = std::string();
+    number_.Caption = std::string();
+    lblStored.Caption = "The card is removed when you save.";
+  }
+}
+
+}  // namespace people
