@@ -21,6 +21,7 @@ frmCreditCard::frmCreditCard(const session::ScreenContext& context)
   number_.Told = [](const std::string& number) { return forms::MaskedCardNumber(number); };
   Register();
   txtNumber.Change = [this] { Follow(); };
+  txtNumber.Leave = [this] { Leave(); };
   cmdRemove.Click = [this] { Remove(); };
   DialogButtons1.OK.Click = [this] {
     if (!Unsaved() || Save()) {
@@ -29,7 +30,7 @@ frmCreditCard::frmCreditCard(const session::ScreenContext& context)
   };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   Edits(record_);
-  OnSave([this] { return Differs(); }, [this] { record_.Update(); });
+  OnSave([this] { return Differs(); }, [this] { Write(); });
 }
 
 void frmCreditCard::Register() {
@@ -80,20 +81,31 @@ void frmCreditCard::Follow() {
   number_.Caption = typed.empty() ? record_.Stored(number_) : typed;
 }
 
-bool frmCreditCard::Check() {
-  txtType.Text = record_.Changed(txtType) ? std::string(forms::Trim(txtType.Text.get())) : txtType.Text.get();
-  if (!record_.Changed(number_) || number_.Caption->empty() || forms::IsCardNumber(number_.Caption.get())) {
-    return true;
+// Told without what was typed.
+void frmCreditCard::Leave() {
+  if (record_.Changed(number_) && !number_.Caption->empty() && !forms::IsCardNumber(number_.Caption.get())) {
+    Tell("What you have typed is not the number of a credit card. Please type it again.", forms::Icon::Information);
+    txtNumber.SetFocus();
   }
-  Tell("What you have typed is not the number of a credit card. Please type it again.", forms::Icon::Information);
-  txtNumber.SetFocus();
-  return false;
+}
+
+bool frmCreditCard::Check() {
+  if (record_.Changed(txtType)) {
+    txtType.Text = std::string(forms::Trim(txtType.Text.get()));
+  }
+  return true;
 }
 
 void frmCreditCard::OnTaken() {
   if (!record_.Changed(number_)) {
     txtNumber.Text = std::string();
   }
+  ShowStored();
+}
+
+void frmCreditCard::Write() {
+  record_.Update();
+  txtNumber.Text = std::string();
   ShowStored();
 }
 

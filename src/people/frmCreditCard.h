@@ -39,6 +39,8 @@ class frmCreditCard : public editing::EditingForm {
  private:
   void Register();
   void Follow();
+  void Leave();
+  void Write();
   void Remove();
   void ShowStored();
 

@@ -15,8 +15,8 @@ using people::FamScreen;
 
 wxSizer* NameGroup(FormDialog& dialog, FamScreen& form) {
   FieldGroup group(&dialog, "Name");
-  group.Row({{form.Text1[form.kLastName], 30}});
-  group.Row({{form.Text1[form.kFirstName], 30}});
+  group.Row({{form.Text1[form.kLastName], 26}});
+  group.Row({{form.Text1[form.kFirstName], 26}});
   group.BehindBoth(MakePicture(group.Box(), form.picSwapName));
   LayOut(group, form.SexTitle);
   LayOut(group, form.BirthDate);
@@ -33,8 +33,8 @@ wxSizer* PhoneGroup(FormDialog& dialog, FamScreen& form) {
 
 wxSizer* AddressGroup(FormDialog& dialog, FamScreen& form) {
   FieldGroup group(&dialog, "Address");
-  group.Row({{form.Text1[form.kAddress1], 30}});
-  group.Row({{form.Text1[form.kAddress2], 30}});
+  group.Row({{form.Text1[form.kAddress1], 26}});
+  group.Row({{form.Text1[form.kAddress2], 26}});
   LayOut(group, form.ZipCodes);
   return group.Sizer();
 }
@@ -48,13 +48,13 @@ wxSizer* PracticeGroup(FormDialog& dialog, FamScreen& form) {
 
 wxSizer* BillingGroup(FormDialog& dialog, FamScreen& form) {
   FieldGroup group(&dialog, "Billing");
-  group.Row({{form.Text1[form.kBillingTitle], 28}}, &form.Command3D1[form.kPickBillingTitle]);
+  group.Row({{form.Text1[form.kBillingTitle], 24}}, &form.Command3D1[form.kPickBillingTitle]);
   group.Row({{form.Text1[form.kAccountType], 10}});
   LayOut(group, form.NextStatement);
   wxWindow* card = MakeLabel(group.Box(), form.Label1[form.kCardType]);
-  wxWindow* type = MakeTextBox(group.Box(), form.Text1[form.kCardType], 12);
+  wxWindow* type = MakeTextBox(group.Box(), form.Text1[form.kCardType], 10);
   wxWindow* caption = MakeLabel(group.Box(), form.Label1[form.kCardNumber]);
-  wxWindow* number = MakeTextBox(group.Box(), form.Text1[form.kCardNumber], 18);
+  wxWindow* number = MakeTextBox(group.Box(), form.Text1[form.kCardNumber], 17);
   group.Row(card, {type, caption, number}, MakePickButton(group.Box(), form.Command3D1[form.kEditCard]));
   return group.Sizer();
 }
@@ -79,12 +79,9 @@ wxSizer* Column(const FormDialog& dialog, std::initializer_list<wxSizer*> groups
 // One page: the person, what the practice bills to whom, and the family.
 void LayOut_FamScreen(FormDialog& dialog, FamScreen& form) {
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
-  for (wxSizer* column :
-       {Column(dialog, {NameGroup(dialog, form), PhoneGroup(dialog, form)}),
-        Column(dialog, {AddressGroup(dialog, form), PracticeGroup(dialog, form), BillingGroup(dialog, form)}),
-        Column(dialog, {FamilyGroup(dialog, form)})}) {
-    columns->Add(column, wxSizerFlags(1).Expand());
-  }
+  columns->Add(Column(dialog, {NameGroup(dialog, form), PhoneGroup(dialog, form)}));
+  columns->Add(Column(dialog, {AddressGroup(dialog, form), PracticeGroup(dialog, form), BillingGroup(dialog, form)}));
+  columns->Add(Column(dialog, {FamilyGroup(dialog, form)}), wxSizerFlags(1).Expand());
   auto* page = new wxBoxSizer(wxVERTICAL);
   page->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(4)));
   page->Add(MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, dialog.FromDIP(10)));
