@@ -35,25 +35,12 @@ constexpr std::array kTextColumns = {
     BoundField{FamScreen::kNextStatement, "pNEXSTADAT", data::kComingDate},
 };
 
+constexpr std::string_view kWhose = "this persons";
+
 // The columns that a family shares, but for the home phone, which may stand behind another contact.
 constexpr std::array kSharedColumns = {BoundField{FamScreen::kAddress1, "pADD1"},
                                        BoundField{FamScreen::kAddress2, "pADD2"}, BoundField{FamScreen::kCity, "pCIT"},
                                        BoundField{FamScreen::kState, "pSTA"}, BoundField{FamScreen::kZip, "pZIP"}};
-
-constexpr PersonKind kReferralKind = {.word = "Referral",
-                                      .whose = "this persons",
-                                      .right = "CHANGE-REF-NAME",
-                                      .right_what = "referral names",
-                                      .type = "pTypRef",
-                                      .record = session::RecordKind::Referral,
-                                      .list = session::lulReferral};
-constexpr PersonKind kProviderKind = {.word = "Provider",
-                                      .whose = "this persons",
-                                      .right = "CHANGE-PRO-NAME",
-                                      .right_what = "provider names",
-                                      .type = "pTypDoc",
-                                      .record = session::RecordKind::Provider,
-                                      .list = session::lulProvider};
 
 // `pTypPat` as the box shows it: a patient, a patient of the past, and one who is responsible only.
 struct PatientState {
@@ -62,8 +49,8 @@ struct PatientState {
   std::string_view told;
 };
 constexpr std::array kPatientStates = {PatientState{CheckState::On, "1", "patient"},
-                                       PatientState{CheckState::Mixed, "2", "patient of the past"},
-                                       PatientState{CheckState::Off, "3", "responsible only"}};
+                                       PatientState{CheckState::Mixed, "2", "former patient"},
+                                       PatientState{CheckState::Off, "3", "responsible person"}};
 
 std::string ToldPatientState(const std::string& stored) {
   const auto* known = std::ranges::find(kPatientStates, stored, &PatientState::stored);
@@ -80,12 +67,12 @@ FamScreen::FamScreen(const session::ScreenContext& context)
                           .day = Label5[kBirthDay],
                           .age = Label5[kAgeText],
                           .dated = false}),
-      SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, "this persons"),
+      SexTitle(context, {Text1[kSex], Text1[kTitle], Command3D1[kPickSexTitle]}, kWhose),
       Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Person),
       ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
       Name_List(context),
-      Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
-      Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
+      Referral(context, ReferralOf(kWhose), Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
+      Provider(context, ProviderOf(kWhose), Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
       NextStatement(context, {Text1[kNextStatement], Command3D1[kPickNextStatement]}, data::kComingDate),
       PictureBox1(context),
       duplicate_(context),

@@ -37,11 +37,6 @@ constexpr std::array kCaptions = {
 constexpr std::array kPickNames = {"Calendar",    "Sex and title list", "Provider list",          "Billing title list",
                                    "Credit card", "Referral list",      "Next statement calendar"};
 
-std::string SearchHelp(const std::string& what) {
-  return "Type the last name [comma] first name and press [Enter] to enter a new " + what + ".////To add a new " +
-         what + ", type in " + what + " name and press [Enter] Key.////Press [Esc] key to close search window.";
-}
-
 }  // namespace
 
 void FamScreen::Register() {
@@ -113,7 +108,7 @@ void FamScreen::NameControls() {
   picSwapName.ToolTip = " Swap first and last name ";
   chkPersonIsPatient.Caption = "This person is a patient";
   chkPersonIsPatient.ThreeState = true;
-  chkPersonIsPatient.ToolTip = "Checked: a patient. Half checked: a patient of the past. Empty: responsible only.";
+  chkPersonIsPatient.ToolTip = "Checked: a patient. Half checked: a former patient. Empty: a responsible person only.";
   DialogButtons1.Delete.Visible = true;
 }
 
@@ -153,8 +148,8 @@ void FamScreen::SetHelp() {
   const std::string name = "Make changes if needed and press [Enter] to continue.";
   PictureBox1.Set(Text1[kLastName], name);
   PictureBox1.Set(Text1[kFirstName], name);
-  PictureBox1.Set(Text1[kReferral], SearchHelp("Referral"));
-  PictureBox1.Set(Text1[kProvider], SearchHelp("Provider"));
+  PictureBox1.Set(Text1[kReferral], Referral.Help());
+  PictureBox1.Set(Text1[kProvider], Provider.Help());
 }
 
 }  // namespace people

@@ -18,20 +18,6 @@ constexpr std::array kTextColumns = {BoundField{0, "pLASNAM"}, BoundField{1, "pF
                                      BoundField{15, "pMEDALE"}};
 constexpr std::array kLabelColumns = {BoundField{19, "pGPDenFeeTyp"}, BoundField{20, "pGPDenFeeTypPerm"},
                                       BoundField{21, "pACCTYP"}};
-constexpr PersonKind kReferralKind = {.word = "Referral",
-                                      .whose = "this patient's",
-                                      .right = "CHANGE-REF-NAME",
-                                      .right_what = "referral names",
-                                      .type = "pTypRef",
-                                      .record = session::RecordKind::Referral,
-                                      .list = session::lulReferral};
-constexpr PersonKind kProviderKind = {.word = "Provider",
-                                      .whose = "this patient's",
-                                      .right = "CHANGE-PRO-NAME",
-                                      .right_what = "provider names",
-                                      .type = "pTypDoc",
-                                      .record = session::RecordKind::Provider,
-                                      .list = session::lulProvider};
 
 }  // namespace
 
@@ -43,8 +29,8 @@ patScreen_SM::patScreen_SM(const session::ScreenContext& context)
       Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Patient_SM),
       ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
       Name_List(context),
-      Referral(context, kReferralKind, Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
-      Provider(context, kProviderKind, Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
+      Referral(context, ReferralOf("this patient's"), Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
+      Provider(context, ProviderOf("this patient's"), Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
       PictureBox1(context),
       duplicate_(context) {
   Patient_SM.Bind(Text1, kTextColumns);

@@ -12,11 +12,6 @@ constexpr std::array kCaptions = {
 constexpr std::array kPickNames = {"Calendar",      "Sex and title list", "Referral list",
                                    "Provider list", "Medical alert list", "Fee schedule list"};
 
-std::string SearchHelp(const std::string& what) {
-  return "Type the last name [comma] first name and press [Enter] to enter a new " + what + ".////To add a new " +
-         what + ", type in " + what + " name and press [Enter] Key.////Press [Esc] key to close search window.";
-}
-
 }  // namespace
 
 void patScreen_SM::Register() {
@@ -106,8 +101,8 @@ void patScreen_SM::SetHelp() {
   PictureBox1.Set(Text1[kBirthDate],
                   "Type the birth date directly on this field. There is no need to hyphenate.////The age in years and "
                   "months will appear automatically!");
-  PictureBox1.Set(Text1[kReferral], SearchHelp("Referral"));
-  PictureBox1.Set(Text1[kProvider], SearchHelp("Provider"));
+  PictureBox1.Set(Text1[kReferral], Referral.Help());
+  PictureBox1.Set(Text1[kProvider], Provider.Help());
   PictureBox1.Set(Text1[kAddress1],
                   "Type the patient's street address in Address Line 1. There is no need to capitalize.");
   PictureBox1.Set(Text1[kAddress2],

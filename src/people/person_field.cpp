@@ -20,6 +20,12 @@ PersonField::PersonField(const session::ScreenContext& context, const PersonKind
   };
 }
 
+std::string PersonField::Help() const {
+  const std::string what(kind_.word);
+  return "Type the last name [comma] first name and press [Enter] to enter a new " + what + ".////To add a new " +
+         what + ", type in " + what + " name and press [Enter] Key.////Press [Esc] key to close search window.";
+}
+
 void PersonField::Show() {
   box.Text = data::NameOfPerson(statements_, Current());
 }

@@ -18,6 +18,25 @@ struct PersonKind {
   session::RecordKind record;   // what their editing screen is opened for
   session::LookUpListTypes list;
 };
+// A person's referral source and his provider; `whose` they are in the confirmations.
+constexpr PersonKind ReferralOf(std::string_view whose) {
+  return {.word = "Referral",
+          .whose = whose,
+          .right = "CHANGE-REF-NAME",
+          .right_what = "referral names",
+          .type = "pTypRef",
+          .record = session::RecordKind::Referral,
+          .list = session::lulReferral};
+}
+constexpr PersonKind ProviderOf(std::string_view whose) {
+  return {.word = "Provider",
+          .whose = whose,
+          .right = "CHANGE-PRO-NAME",
+          .right_what = "provider names",
+          .type = "pTypDoc",
+          .record = session::RecordKind::Provider,
+          .list = session::lulProvider};
+}
 
 // A field that shows the name of a person whose ID the record keeps: a referral, a provider.
 class PersonField : public editing::SearchedField, private editing::Rules {
@@ -26,6 +45,8 @@ class PersonField : public editing::SearchedField, private editing::Rules {
   PersonField(const session::ScreenContext& context, const PersonKind& kind, forms::TextBox& field,
               forms::Button& list_button, forms::Label& id);
 
+  // For the field help: how a new person is entered here.
+  std::string Help() const;
   // Shows the name of the person whose ID the label holds. Throws session::DatabaseError.
   void Show();
 
