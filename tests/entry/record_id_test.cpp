@@ -35,6 +35,7 @@ TEST(RecordId, TellsHowAScreenWasLeft) {
   EXPECT_EQ(entry::IdText(Outcome{}), "CANCEL_AND_CLOSE");
   EXPECT_EQ(entry::IdText(Outcome{.end = Outcome::End::AlreadyOpen}), "ALREADY_OPEN");
   EXPECT_EQ(entry::IdText(Outcome{.end = Outcome::End::NotBuilt}), std::nullopt);
+  EXPECT_EQ(entry::IdText(Outcome{.end = Outcome::End::Deleted, .id = 5}), "CANCEL_AND_CLOSE");
   EXPECT_EQ(entry::ReadOutcome("7").id, 7);
   EXPECT_TRUE(entry::ReadOutcome("7").Saved());
   EXPECT_EQ(entry::ReadOutcome("ALREADY_OPEN").end, Outcome::End::AlreadyOpen);
