@@ -302,7 +302,7 @@ session::Outcome FamScreen::Ended() const {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
   }
   if (deleted_) {
-    return {.end = session::Outcome::End::Deleted, .id = pID};
+    return {.end = session::Outcome::End::Deleted};
   }
   return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = pID};
 }

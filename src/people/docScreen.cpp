@@ -106,7 +106,7 @@ void docScreen::Wire() {
       Close();
     }
   };
-  DialogButtons1.Extra.Click = [this] {
+  DialogButtons1.Delete.Click = [this] {
     if (IsProvider()) {
       DeleteProvider();
     } else if (MayRename()) {
@@ -303,12 +303,14 @@ session::Outcome docScreen::Ended() const {
   if (duplicate_.Instead() != 0) {
     return {.end = session::Outcome::End::Instead, .id = duplicate_.Instead()};
   }
-  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled,
-          .id = gone_ ? 0 : Patable.Id()};
+  if (gone_) {
+    return {.end = session::Outcome::End::Deleted};
+  }
+  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = Patable.Id()};
 }
 
 void docScreen::OfferDelete() {
-  DialogButtons1.Extra.Visible = !Adding() && !ReadOnly();
+  DialogButtons1.Delete.Visible = !Adding() && !ReadOnly();
 }
 
 // A provider stays an employee, with what was changed of him.

@@ -78,9 +78,9 @@ class docScreen : public editing::EditingForm {
   forms::Panel Frame2;  // the employer of all others
   TaxonomyBox cboTaxonomy;
   forms::CheckBox chkHideZEP;
-  forms::Grid TDBG1;                    // the identification numbers
-  forms::DialogButtons DialogButtons1;  // `Extra` deletes
-  forms::Label EmployerLink;            // hidden
+  forms::Grid TDBG1;  // the identification numbers
+  forms::DialogButtons DialogButtons1;
+  forms::Label EmployerLink;  // hidden
   data::RecordBinding Patable;
 
   SexTitleField SexTitle;

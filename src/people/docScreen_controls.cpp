@@ -139,7 +139,6 @@ void docScreen::RegisterButtons() {
   picSwapName.AccessibleName = "Swap first and last name";
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
-  DialogButtons1.Extra.Caption = "Delete";
 }
 
 void docScreen::SetHelp() {

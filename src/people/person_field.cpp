@@ -95,7 +95,8 @@ bool PersonField::Edit() {
 
 bool PersonField::EditPerson(const session::Opening& opening) {
   const auto edited = context_.screens.Edit(opening);
-  return edited.Saved() && Attempt([&] { Set(edited.id, data::NameOfPerson(statements_, edited.id)); });
+  return (edited.Saved() || edited.Deleted()) &&
+         Attempt([&] { Set(edited.id, data::NameOfPerson(statements_, edited.id)); });
 }
 
 bool PersonField::Remove() {
