@@ -162,9 +162,11 @@ LoginRights::Access LoginRights::ShownOf(std::size_t right) const {
   Access shown;
   shown.set();
   for (const std::int32_t location : locations_.Chosen()) {
-    if (const auto at = grants_.find(location); at == grants_.end()) {
+    const auto at = grants_.find(location);
+    if (at == grants_.end()) {
       return {};
-    } else if (!IsSupervisor(at->second)) {
+    }
+    if (!IsSupervisor(at->second)) {
       shown &= at->second[right].now;
     }
   }

@@ -288,6 +288,7 @@ void PayrollStatus::New() {
                                            &times_,
                                            &days_};
   std::vector<std::string> texts;
+  texts.reserve(kept.size());
   for (const forms::Field* field : kept) {
     texts.push_back(field->FieldText());
   }

@@ -9,7 +9,6 @@ bool PayrollStatus::Unsaved() const {
 bool PayrollStatus::Sound(std::int32_t location) {
   const WorkHours& hours = schedules_.At(location);
   const bool timed = hours.start && hours.end && *hours.start < *hours.end;
-
   if (hours.Empty() || (timed && !hours.days.empty())) {
     return true;
   }

@@ -61,7 +61,7 @@ void WorkHoursField::PickDays() {
   Picked();
 }
 
-void WorkHoursField::PickTime(const forms::ComboBox& box, std::optional<std::chrono::minutes>& time) {
+void WorkHoursField::PickTime(const forms::ComboBox& box, std::optional<std::chrono::minutes>& time) const {
   const forms::ListItem* picked = box.Current();
   time.reset();
   if (picked != nullptr && picked->data != kNoTime) {

@@ -34,7 +34,7 @@ class WorkHoursField {
  private:
   void PickDays();
   static void ShowTime(forms::ComboBox& box, const std::optional<std::chrono::minutes>& time);
-  void PickTime(const forms::ComboBox& box, std::optional<std::chrono::minutes>& time);
+  void PickTime(const forms::ComboBox& box, std::optional<std::chrono::minutes>& time) const;
 
   Parts parts_;
   WorkHours hours_;
