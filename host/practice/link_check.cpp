@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/employer_places.h"
 #include "data/families.h"
 #include "data/holdings.h"
 #include "data/literal.h"
@@ -28,8 +29,7 @@ class LinkCheck {
     CheckHoldingsOnEndedLinks();
     CheckOrders(data::Holdings::kColumns, "holdings");
     CheckOrders(data::Coverages::kColumns, "coverages");
-    for (const data::Words slot :
-         {data::Words("pEmpID1"), data::Words("pEmpID2"), data::Words("pEmpID3"), data::Words("pEmpID4")}) {
+    for (const data::Words slot : data::kEmployerPlaces) {
       CheckEmployersOfPersons(slot);
     }
     CheckCarriers("GroPlaTable", "GroPlaInd", "GroPlaInsID", "Group plan ");

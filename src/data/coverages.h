@@ -39,6 +39,8 @@ class Coverages {
   // cover the earlier coverage stays.
   void Move(std::int32_t from_holding, std::int32_t to_holding) const;
   void RemoveThrough(std::int32_t holding) const;
+  // Everybody's through a holding, live or ending, by patient and order.
+  std::vector<Coverage> Through(std::int32_t holding) const;
 
   // A patient's coverages, live or ending, in their order.
   std::vector<Coverage> Of(std::int32_t patient) const;
@@ -51,7 +53,6 @@ class Coverages {
   // Of coverages that are live or ending.
   std::vector<Coverage> Read(const Sql& condition) const;
   std::optional<Coverage> Find(std::int32_t coverage) const;
-  std::vector<Coverage> Through(std::int32_t holding) const;
   void Succeed(const Coverage& old, std::int32_t holding, const Assignments& benefits) const;
 
   session::Session& session_;

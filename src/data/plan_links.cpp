@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "data/employer_places.h"
 #include "data/literal.h"
 
 namespace data {
@@ -103,7 +104,7 @@ void PlanLinks::End(SharedRecord kind, std::int32_t id) const {
 }
 
 void PlanLinks::MoveEmployersOfPersons(std::int32_t from_link, std::int32_t to_link) const {
-  for (const Words slot : {Words("pEmpID1"), Words("pEmpID2"), Words("pEmpID3"), Words("pEmpID4")}) {
+  for (const Words slot : kEmployerPlaces) {
     statements_.Execute(Sql("UPDATE PATable SET ") + slot + "=" + Literal(to_link) + " WHERE (" + slot + "=" +
                         Literal(from_link) + ")" + statements_.Office(" and (OfficeID = ", ") "));
   }

@@ -1,0 +1,53 @@
+#include "data/coverage_log.h"
+
+#include <array>
+#include <string>
+
+#include "data/families.h"
+#include "data/persons.h"
+#include "data/plan_links.h"
+
+namespace data {
+namespace {
+
+constexpr std::array kOrders = {"primary", "secondary", "third", "fourth", "fifth", "sixth", "seventh"};
+
+std::string OrderWord(std::int32_t order) {
+  return order >= 1 && order <= static_cast<std::int32_t>(kOrders.size())
+             ? kOrders.at(static_cast<std::size_t>(order) - 1)
+             : std::to_string(order) + "th";
+}
+
+std::string Described(session::Session& session, const CoveredThrough& through) {
+  const LinkNames link = PlanLinks(session).NamesOf(through.link);
+  return "\r\nSubscriber : " + NameOfPerson(Statements(session), through.subscriber) + " - [" +
+         std::to_string(through.subscriber) + "]\r\nEmployer : " + link.employer +
+         "\r\nInsurance Company : " + link.carrier + "\r\nGroup Number : " + link.group_number;
+}
+
+}  // namespace
+
+session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient, std::int32_t order,
+                                const std::optional<CoveredThrough>& original,
+                                const std::optional<CoveredThrough>& now) {
+  const forms::DateTime time = session.Now();
+  std::string text = "The following " + OrderWord(order) + " insurance plan was " +
+                     (!original ? "added "
+                      : !now    ? "removed "
+                                : "changed ") +
+                     "by user " + session.UserName() + " on " + forms::FormatShortDate(forms::DateOf(time)) + " at " +
+                     forms::FormatTime(time) + ".";
+  if (original) {
+    text += "\r\n----- Original Coverage -----" + Described(session, *original);
+  }
+  if (now) {
+    text += "\r\n----- New Coverage -----" + Described(session, *now);
+  }
+  const Families families(session);
+  if (const auto& told = now ? now : original; told && families.HeadOf(told->subscriber) != families.HeadOf(patient)) {
+    text += "\r\nThe " + OrderWord(order) + " insurance plan has been connected to a non-family member ";
+  }
+  return {session::LogKind::Comment, "LogInsCov", patient, text};
+}
+
+}  // namespace data

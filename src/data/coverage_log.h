@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "session/session.h"
+
+namespace data {
+
+// Through whose holding, of which link of employer and plan, a patient is covered.
+struct CoveredThrough {
+  std::int32_t subscriber = 0;
+  std::int32_t link = 0;
+};
+
+// What the patient's comment log is told of the coverage in that order: added where there was none, removed where there
+// is none now, else changed. Throws session::DatabaseError.
+session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient, std::int32_t order,
+                                const std::optional<CoveredThrough>& original,
+                                const std::optional<CoveredThrough>& now);
+
+}  // namespace data
