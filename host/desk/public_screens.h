@@ -14,9 +14,11 @@ class PublicScreens : public session::Screens {
   // A record that comes back as it was given counts as saved, for most methods do not tell.
   session::Outcome Edit(const session::Opening& opening) override;
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
-  // The payers, the search and the short lists have no public method: nothing is picked.
+  // The payers, the search, the plans of an employer and the short lists have no public method that tells what was
+  // picked: nothing is.
   session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
+  session::ListOutcome SelectCoverage(std::int32_t /*employer*/, std::int32_t /*current*/) override { return {}; }
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 

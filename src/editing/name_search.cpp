@@ -48,7 +48,7 @@ void NameSearch::Attach(SearchedField& field) {
 }
 
 void NameSearch::DropBelow(SearchedField& field) {
-  if (EditingForm::ReadOnly(*this)) {
+  if (EditingForm::ReadOnly(*this) || !field.Drops()) {
     return;
   }
   field_ = &field;
@@ -135,10 +135,9 @@ void NameSearch::ShowHint() {
   const std::string typed = TypedName();
   const std::string word(field_->Word());
   if (typed.empty() || unread_) {
-    lblNameSearch.Caption = "Type a name. [Enter] takes the first,\r\n[Esc] closes the search.";
+    lblNameSearch.Caption = field_->Prompt() + " [Enter] takes the first,\r\n[Esc] closes the search.";
   } else if (dbcNameSearch.Items->empty()) {
-    lblNameSearch.Caption =
-        "No " + word + " is called so. To add one, type last\r\nname [comma] first name and press [Enter].";
+    lblNameSearch.Caption = "No " + word + " is called so. " + field_->HowToAdd();
   } else if (typed.find(',') != std::string::npos && Named() == nullptr) {
     lblNameSearch.Caption = "[Enter] takes the first, [Insert] adds the new\r\n" + word + " " + ToldBack(typed) + ".";
   } else {

@@ -17,7 +17,8 @@
 
 namespace editing {
 
-// A field that shows the name of a person and takes another only from a list: what `NameSearch` asks of it.
+// A field that shows the name of a person, or of another record, and takes another only from a list: what `NameSearch`
+// asks of it.
 class SearchedField {
  public:
   SearchedField(forms::TextBox& field, forms::Button& list_button) : box(field), list(list_button) {}
@@ -30,6 +31,11 @@ class SearchedField {
 
   // What such a person is called: "Referral".
   virtual std::string_view Word() const = 0;
+  // What the search asks for, and how one is added whom nobody is called like.
+  virtual std::string Prompt() const { return "Type a name."; }
+  virtual std::string HowToAdd() const { return "To add one, type last\r\nname [comma] first name and press [Enter]."; }
+  // Whether the search drops when the focus comes.
+  virtual bool Drops() const { return true; }
   // The statements for the ID, last and first name of those whose names begin as typed, the likeliest reading first;
   // for everybody where nothing is typed.
   virtual std::vector<data::Sql> Search(std::string_view typed) const = 0;

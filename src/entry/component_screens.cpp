@@ -38,6 +38,11 @@ session::SearchOutcome ComponentScreens::Search(const session::SearchRequest& re
   return lookup::Search(context_, request);
 }
 
+session::ListOutcome ComponentScreens::SelectCoverage(std::int32_t /*employer*/, std::int32_t /*current*/) {
+  TellNotBuilt(context_.user, "frmSelectCoverage", "coverage selection");
+  return {};
+}
+
 std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickList list, std::string_view title) {
   return lookup::ShowPickList(context_, list, title);
 }

@@ -15,6 +15,7 @@ class ComponentScreens : public session::Screens {
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
   session::ListOutcome ShowPayers(const session::ListOptions& options) override;
   session::SearchOutcome Search(const session::SearchRequest& request) override;
+  session::ListOutcome SelectCoverage(std::int32_t employer, std::int32_t current) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 

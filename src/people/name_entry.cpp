@@ -75,12 +75,6 @@ NameEntry Edit(const session::ScreenContext& context, std::int32_t id) {
   return {EntryOutcome::Edited, id, outcome.save_and_book};
 }
 
-NameEntry Add(const session::ScreenContext& context, const std::string& typed) {
-  const session::Outcome outcome =
-      context.screens.Edit({.kind = session::RecordKind::Patient, .typed_name = typed, .may_book = true});
-  return outcome.Saved() ? NameEntry{EntryOutcome::Added, outcome.id, outcome.save_and_book} : NameEntry{};
-}
-
 }  // namespace
 
 TypedName ParseName(std::string_view text) {
@@ -132,7 +126,8 @@ std::string NoSuchPatient(std::string_view id) {
   return "Patient " + std::string(id) + " was not found in the database.";
 }
 
-NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
+NamedPatient AskForPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
+  using End = NamedPatient::End;
   const auto typed = context.user.Input({.prompt = NamePromptText(prompt.ids)});
   if (!typed || forms::Trim(*typed).empty()) {
     return {};
@@ -140,7 +135,10 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   const std::string text(forms::Trim(*typed));
   const auto entered = ParseNameOrId(text);
   if (const auto* id = std::get_if<std::int32_t>(&entered); id != nullptr && prompt.ids) {
-    return IsThere(context, *id, text) ? Edit(context, *id) : NameEntry{};
+    if (!IsThere(context, *id, text)) {
+      return {};
+    }
+    return {End::Found, *id, text};
   }
   const editing::Rules rules(context);
   frmDatabaseSearch search(context);
@@ -150,15 +148,28 @@ NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& 
   if (!rules.Attempt([&] { found = search.Search(); })) {
     return {};
   }
+  bool added = found == 0 && rules.Confirm("[ " + text + " ]  was not found in the database. Add as new?");
   if (found > 0) {
     context.user.Show(search);
-    if (search.SelectedID != 0) {
-      return Edit(context, search.SelectedID);
-    }
-    return search.NewWanted ? Add(context, text) : NameEntry{};
+    added = search.SelectedID == 0 && search.NewWanted;
   }
-  return rules.Confirm("[ " + text + " ]  was not found in the database. Add as new?") ? Add(context, text)
-                                                                                       : NameEntry{};
+  return {search.SelectedID != 0 ? End::Found : added ? End::New : End::None, search.SelectedID, text};
+}
+
+NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt) {
+  const NamedPatient named = AskForPatient(context, prompt);
+  if (named.end == NamedPatient::End::Found) {
+    return Edit(context, named.id);
+  }
+  if (named.end == NamedPatient::End::None) {
+    return {};
+  }
+  const session::Outcome added =
+      context.screens.Edit({.kind = session::RecordKind::Patient, .typed_name = named.typed, .may_book = true});
+  if (!added.Saved()) {
+    return {};
+  }
+  return {EntryOutcome::Added, added.id, added.save_and_book};
 }
 
 }  // namespace people

@@ -46,10 +46,21 @@ struct NamePrompt {
   bool family_heads = false;  // finds family heads alone
 };
 
+// Whom the name prompt gave.
+struct NamedPatient {
+  enum class End { Found, New, None };  // New: one of the typed name is to be added
+
+  End end = End::None;
+  std::int32_t id = 0;
+  std::string typed = {};
+};
+// Asks for a name or ID, and finds or offers to add the patient.
+NamedPatient AskForPatient(const session::ScreenContext& context, const NamePrompt& prompt = {});
+
 // What is told of an ID that nobody has.
 std::string NoSuchPatient(std::string_view id);
 
-// The way in to a patient: asks for a name or ID, finds or offers to add the patient, and opens the quick screen.
+// The way in to a patient: asks for him, and opens the quick screen.
 NameEntry EnterPatient(const session::ScreenContext& context, const NamePrompt& prompt = {});
 
 }  // namespace people

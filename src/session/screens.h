@@ -142,6 +142,9 @@ class Screens {
   // The electronic payers that carriers are linked to.
   virtual ListOutcome ShowPayers(const ListOptions& options) = 0;
   virtual SearchOutcome Search(const SearchRequest& request) = 0;
+  // One of the links that stand for the employer's plans, `current` for a start; the one for no insurance coverage is
+  // among them.
+  virtual ListOutcome SelectCoverage(std::int32_t employer, std::int32_t current) = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
   // The locations at which a login may be used. True when something was saved.
