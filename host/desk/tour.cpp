@@ -67,10 +67,9 @@ void Type(forms::Form& form, const char* control, const char* text) {
   box.DoType(text);
 }
 
-// Of those with the type flag.
-std::int32_t FirstPerson(Desk& desk, const std::string& type) {
+std::int32_t FirstOf(Desk& desk, const std::string& persons) {
   const auto rows = desk.Session().Office().Connection().Execute(
-      desk.Session().PrepareSQL("SELECT TOP 1 pID FROM PATable WHERE " + type + " >= '1' ORDER BY pID", 1));
+      desk.Session().PrepareSQL("SELECT TOP 1 pID FROM PATable WHERE " + persons + " ORDER BY pID", 1));
   return rows->Eof() ? 0 : session::ToId(rows->Get(0));
 }
 
@@ -93,7 +92,9 @@ void PrintPersons(Desk& desk, const std::string& more_columns) {
 
 std::vector<Stop> Stops(Desk& desk) {
   views::WxUser& user = desk.User();
-  const std::string patient = std::to_string(FirstPerson(desk, "pTypPat"));
+  const std::string patient = std::to_string(FirstOf(desk, "pTypPat >= '1'"));
+  const std::string insured = std::to_string(
+      FirstOf(desk, "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0)"));
   const auto open_form = [&desk](const std::string& name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
       const auto form = entry::MakeForm(name, desk.Context());
@@ -104,8 +105,9 @@ std::vector<Stop> Stops(Desk& desk) {
     };
   };
   const auto edit = [&desk](session::RecordKind kind, const std::string& type) {
-    return
-        [&desk, kind, type] { desk.Context().screens.Edit(session::Opening::Existing(kind, FirstPerson(desk, type))); };
+    return [&desk, kind, type] {
+      desk.Context().screens.Edit(session::Opening::Existing(kind, FirstOf(desk, type + " >= '1'")));
+    };
   };
   const auto open_list = [&desk](int type, std::vector<std::pair<std::string, std::string>> options = {}) {
     return [&desk, type, options = std::move(options)] {
@@ -151,7 +153,7 @@ std::vector<Stop> Stops(Desk& desk) {
        }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
       {"frmCreditCard", open_form("frmCreditCard", {{"pID", patient}})},
-      {"FamScreen", open_form("FamScreen", {{"Mode", patient}})},
+      {"FamScreen", open_form("FamScreen", {{"Mode", insured}})},
       {"FamScreen-new", open_form("FamScreen", {{"Mode", "NEW"}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},

@@ -74,6 +74,8 @@ FamScreen::FamScreen(const session::ScreenContext& context)
       Referral(context, ReferralOf(kWhose), Text1[kReferral], Command3D1[kPickReferral], Label5[kReferralId]),
       Provider(context, ProviderOf(kWhose), Text1[kProvider], Command3D1[kPickProvider], Label5[kProviderId]),
       NextStatement(context, {Text1[kNextStatement], Command3D1[kPickNextStatement]}, data::kComingDate),
+      Employers(context, Person),
+      Members(context, Person, Label5[kFamilyHeadId]),
       PictureBox1(context),
       duplicate_(context),
       family_(context) {
@@ -84,6 +86,7 @@ FamScreen::FamScreen(const session::ScreenContext& context)
   SetHelp();
   Wire();
   WireBilling();
+  WireFamily();
   WireSaving();
 }
 
@@ -101,6 +104,18 @@ void FamScreen::Wire() {
   DialogButtons1.Help.Click = [this] { PictureBox1.Show(); };
 }
 
+void FamScreen::WireFamily() {
+  Employers.Attach(Name_List);
+  Employers.Whose = [this] { return Person.FullName(); };
+  Employers.Save = [this] { return Save(); };
+  Members.Unsaved = [this] { return Unsaved(); };
+  Members.Save = [this] { return Save(); };
+  Members.HeadChanged = [this] {
+    NotAHead = false;  // the row tells now
+    ShowRole();
+  };
+}
+
 void FamScreen::WireSaving() {
   Edits(Person);
   const auto always = [] { return true; };
@@ -108,6 +123,7 @@ void FamScreen::WireSaving() {
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
   OnSave(adding, [this] { HeadHimself(); });
+  OnSave([this] { return Employers.Relinked(); }, [this] { Employers.Follow(); });
   OnSave(always, [this] { Person.Update(); });
   OnSave([this] { return Person.NicknameChanged(); }, [this] { Person.WriteNickname(); });
   OnSave(
@@ -118,6 +134,7 @@ void FamScreen::WireSaving() {
       [this] { family_.Offer(pID, shared_); });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
+  OnSave(adding, [this] { Members.Show(); });
 }
 
 void FamScreen::Read() {
@@ -132,6 +149,8 @@ void FamScreen::Read() {
   GuardStatement();
   ShowRole();
   ShowReferences();
+  Employers.Read();
+  Members.Show();
   Contacts_Setup();
 }
 
@@ -240,6 +259,7 @@ void FamScreen::OnTaken() {
   Person.ShowTaken();
   Phones.ShowTaken();
   ShowReferences();
+  Employers.ShowTaken();
 }
 
 void FamScreen::Insert() {

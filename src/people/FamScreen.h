@@ -17,6 +17,8 @@
 #include "forms/label.h"
 #include "forms/text_box.h"
 #include "people/duplicate_person.h"
+#include "people/employer_slots.h"
+#include "people/family_members.h"
 #include "people/family_update.h"
 #include "people/person_field.h"
 #include "people/person_record.h"
@@ -94,6 +96,8 @@ class FamScreen : public editing::EditingForm {
   PersonField Referral;
   PersonField Provider;
   editing::DateField NextStatement;
+  EmployerSlots Employers;
+  FamilyMembers Members;
   editing::FieldHelp PictureBox1;
 
   session::Opening Opened = session::Opening::New(session::RecordKind::FamilyMember);
@@ -120,6 +124,7 @@ class FamScreen : public editing::EditingForm {
   bool Check() override;
   bool Agreed() override;
   void OnTaken() override;
+  void OnClose() override { Members.Keep(); }
   ClosingQuestion OnClosing() const override;
 
  private:
@@ -129,6 +134,7 @@ class FamScreen : public editing::EditingForm {
   void SetHelp();
   void Wire();
   void WireBilling();
+  void WireFamily();
   void WireSaving();
   void ReadExisting();
   void ReadNew();

@@ -19,15 +19,15 @@ constexpr std::array kCaptions = {
     Named{FamScreen::kSsn, "SS&N"},
     Named{FamScreen::kHomePhone, "Home Phone"},
     Named{FamScreen::kWorkPhone, "Work Phone"},
-    Named{FamScreen::kAddress1, "Address &1"},
-    Named{FamScreen::kAddress2, "Address &2"},
+    Named{FamScreen::kAddress1, "&Address 1"},
+    Named{FamScreen::kAddress2, "Addr&ess 2"},
     Named{FamScreen::kCity, "Cit&y"},
     Named{FamScreen::kState, "&State"},
     Named{FamScreen::kZip, "&ZIP Code"},
     Named{FamScreen::kProvider, "&Provider :"},
     Named{FamScreen::kLicence, "Dri&ver's License"},
     Named{FamScreen::kCardType, "Credit Card"},
-    Named{FamScreen::kCardNumber, "Number"},
+    Named{FamScreen::kCardNumber, "Card Number"},
     Named{FamScreen::kBillingTitle, "Billin&g Title"},
     Named{FamScreen::kAccountType, "Acco&unt Type"},
     Named{FamScreen::kNextStatement, "Next S&tatement"},
@@ -58,6 +58,8 @@ void FamScreen::Register() {
   Add("SexTitle", SexTitle);
   Add("Phones", Phones);
   Add("NextStatement", NextStatement);
+  Add("Employers", Employers);
+  Add("Members", Members);
   Add("Name_List", Name_List);
   Add("ZipCode_Panel", ZipCodes);
   Add("picSwapName", picSwapName);
@@ -127,10 +129,6 @@ void FamScreen::ReadLines() {
          &Text1[kState],
          &Text1[kZip],
          &Command3D2,
-         &Text1[kReferral],
-         &Command3D1[kPickReferral],
-         &Text1[kProvider],
-         &Command3D1[kPickProvider],
          &Text1[kBillingTitle],
          &Command3D1[kPickBillingTitle],
          &Text1[kAccountType],
@@ -138,8 +136,14 @@ void FamScreen::ReadLines() {
          &Text1[kCardType],
          &Text1[kCardNumber],
          &Command3D1[kEditCard],
+         &Text1[kReferral],
+         &Command3D1[kPickReferral],
+         &Text1[kProvider],
+         &Command3D1[kPickProvider],
          &Label2,
          &chkPersonIsPatient,
+         &Members,
+         &Employers,
          &PictureBox1,
          &DialogButtons1});
 }
