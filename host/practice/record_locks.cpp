@@ -59,7 +59,7 @@ std::optional<session::RecordHolder> RecordLocks::Hold(std::string_view table, s
     table_.Free(record, other->session);
     other = table_.Take(record, Mine());
   }
-  if (other) {
+  if (other && other->session != session_) {  // what failed to be released is still held
     return HolderOf(*other);
   }
   held_.emplace(std::move(record), 1);

@@ -119,10 +119,12 @@ ZIPCODE::ZIPCODE(const session::ScreenContext& context, const Parts& parts) : Ru
   Add("ZipCode_Cmd_Panel", ZipCode_Cmd_Panel);
   Add("ZipCode_Cmd", ZipCode_Cmd);
   ZIPCode_Combo.AccessibleName = "Known places";
-  ZipCode_Cmd[kAdd].Caption = "&Add";
-  ZipCode_Cmd[kEdit].Caption = "&Edit";
-  ZipCode_Cmd[kDelete].Caption = "&Delete";
-  ZipCode_Cmd[kAdd].ToolTip = "Add the city, state and ZIP on the screen to the list";
+  ZipCode_Cmd[kAdd].Caption = "Add";
+  ZipCode_Cmd[kEdit].Caption = "Edit";
+  ZipCode_Cmd[kDelete].Caption = "Delete";
+  ZipCode_Cmd[kAdd].ToolTip = "Add the city, state and ZIP on the screen to the list (Insert)";
+  ZipCode_Cmd[kEdit].ToolTip = "Edit the chosen entry (F9)";
+  ZipCode_Cmd[kDelete].ToolTip = "Delete the chosen entry (Delete)";
   ZipCode_Cmd[kAdd].Click = [this] { AddPlace(), BackToList(); };
   ZipCode_Cmd[kEdit].Click = [this] { EditPlace(), BackToList(); };
   ZipCode_Cmd[kDelete].Click = [this] { DeletePlace(), BackToList(); };
@@ -435,6 +437,9 @@ bool ZIPCODE::OnListKey(forms::Key key) {
       return true;
     case forms::Key::Insert:
       AddPlace();
+      return true;
+    case forms::Key::F9:
+      EditPlace();
       return true;
     case forms::Key::Delete:
       if (ZIPCode_Combo.Current() != nullptr && (!BeforeDeleteKey || BeforeDeleteKey())) {

@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::array kCaptions = {
     "&Last Name", "&First Name", "Se&x",  "&Title",      "&Birth Date",      "&Professional Title",
-    "Address &1", "Address &2",  "Cit&y", "&State",      "&ZIP Code",        "Home Phone",
-    "Fax",        "E-Mail",      "SS&N",  "EIN N&umber", "&Employment Date", "Te&rmination Date",
+    "Address &1", "Address &2",  "Cit&y", "&State",      "&ZIP Code",        "&Home Phone",
+    "F&ax",       "E-&Mail",     "SS&N",  "EIN N&umber", "&Employment Date", "Te&rmination Date",
     "&Initials",  "Login &Name"};
 
 // Of the buttons behind fields, as they are read aloud.
@@ -23,6 +23,7 @@ std::string Indexed(const std::string& name, std::size_t index) {
 }  // namespace
 
 void EmployeeFrm::Register() {
+  Add("Locations", Locations);
   Add("TabEBInfo", TabEBInfo);
   Add("Frame", Frame);
   TabEBInfo.AccessibleName = "Pages";
@@ -32,14 +33,13 @@ void EmployeeFrm::Register() {
   for (forms::Panel& page : Frame) {
     TabEBInfo.AddPage(page);
   }
-  Add("Locations", Locations);
   AddGeneralPage();
   AddTo(kPayrollStatus, "PayrollStatus", Payroll);
   AddLoginPage();
   AddTo(kLogin, "LoginRights", Rights);
   Add("PictureBox1", PictureBox1);
   Add("DialogButtons1", DialogButtons1);
-  DialogButtons1.Extra.Caption = "&Apply";
+  DialogButtons1.Extra.Caption = "Apply";
   DialogButtons1.Extra.Visible = true;
 
   Properties["pID"] = {[this] { return std::to_string(pID); },
@@ -133,7 +133,7 @@ void EmployeeFrm::AddGeneralPage() {
 void EmployeeFrm::AddEmploymentCommands() {
   AddTo(kGeneral, "Pic_CMD", Pic_CMD);
   for (const auto& [command, caption] :
-       {std::pair(kTerminate, "Ter&minate"), std::pair(kReactivate, "Re-acti&vate"), std::pair(kDelete, "&Delete")}) {
+       {std::pair(kTerminate, "Terminate"), std::pair(kReactivate, "Re-activate"), std::pair(kDelete, "Delete")}) {
     forms::Button& button = Gen_CMD.at(command);
     button.Container = &Pic_CMD;
     button.Caption = caption;

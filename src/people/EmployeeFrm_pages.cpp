@@ -25,7 +25,7 @@ void EmployeeFrm::ReadPages() {
 void EmployeeFrm::OnSavePages() {
   const auto pays = [this] { return Payroll.Unsaved(); };
   OnSave([=, this] { return pays() && Payroll.Adding(); }, [this] { Payroll.Insert(pID); });
-  OnSave([=, this] { return pays() && !Payroll.Adding(); }, [this] { Payroll.Update(); });
+  OnSave([this] { return Payroll.Updates(); }, [this] { Payroll.Update(); });
   OnSave(pays, [this] { Payroll.WriteSchedules(); });
   OnSave(pays, [this] { Payroll.ShowSaved(); });
 }

@@ -175,6 +175,7 @@ void PayrollStatus::PointAtStatus() {
 
 void PayrollStatus::ReadStatus(std::int32_t status) {
   const std::int32_t location = locations_.Shown();
+  inserted_ = false;
   if (status != 0) {
     Status.Read(schedules_.StatusAt(status, location));
   }

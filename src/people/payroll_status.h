@@ -75,6 +75,8 @@ class PayrollStatus : public forms::UserControl, private editing::Rules {
   // Shows the schedule at the location that is chosen now.
   void ShowSchedule();
   bool Unsaved() const;
+  // A status that is there already has changed.
+  bool Updates() const { return Unsaved() && !Adding() && (!inserted_ || Status.Changed()); }
   // Whether it can be saved; says why not, and puts the focus there.
   bool Check();
   // The last word before a new employee is saved: what he starts with, from the date on.
@@ -135,6 +137,7 @@ class PayrollStatus : public forms::UserControl, private editing::Rules {
   forms::Label of_person_, full_time_, paid_by_, days_, times_, start_, end_;
   forms::Label created_by_, created_, modified_by_, modified_;
   std::int32_t person_ = 0;
+  bool inserted_ = false;  // by a save that has not ended
   bool terminated_ = false;
   std::string agreed_date_;  // the effective date that was stored, or that the person has agreed to
 };

@@ -66,6 +66,7 @@ void PayrollStatus::Insert(std::int32_t person) {
   created_by_.Caption = context_.session.UserName();
   created_.Caption = forms::FormatDashed(context_.session.Today());
   Status.Insert();
+  inserted_ = true;
 }
 
 void PayrollStatus::Update() {
@@ -75,6 +76,7 @@ void PayrollStatus::Update() {
 }
 
 void PayrollStatus::ShowSaved() {
+  inserted_ = false;
   ShowHistory();
   ShowStatus();
 }

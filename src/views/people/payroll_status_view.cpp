@@ -53,6 +53,7 @@ wxSizer* ScheduleGroup(wxWindow* page, PayrollStatus& payroll) {
   constexpr int kColumns = 4;
   constexpr int kTime = 10;  // characters
   auto* box = new wxStaticBoxSizer(wxVERTICAL, page, "Schedule at the Office Location");
+  box->GetStaticBox()->SetName("group Schedule");
   wxPanel* panel = MakePanel(box->GetStaticBox(), payroll.BenPic[1]);
   auto* days = new wxFlexGridSizer(kColumns, panel->FromDIP(wxSize(10, 4)));
   for (forms::CheckBox& day : payroll.Ben_Chk) {
@@ -79,7 +80,7 @@ wxSizer* MakeLocationChoice(wxWindow* parent, people::EmployeeLocations& locatio
 }
 
 wxSizer* MakePayrollStatus(wxWindow* page, PayrollStatus& payroll) {
-  constexpr int kLines = 5;
+  constexpr int kLines = 4;
   const auto gap = wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6));
   auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(MakeLabel(page, payroll.Ben_LBL[payroll.kLockedBecause]), gap);
@@ -98,9 +99,10 @@ wxSizer* MakePayrollStatus(wxWindow* page, PayrollStatus& payroll) {
 }
 
 wxSizer* MakeLoginRights(wxWindow* page, people::LoginRights& rights) {
-  constexpr int kLines = 12;
+  constexpr int kLines = 10;
   auto* box = new wxStaticBoxSizer(wxVERTICAL, page, "Rights at the Office Location");
   wxWindow* group = box->GetStaticBox();
+  group->SetName("group Rights");
   const auto gap = wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6));
   wxWindow* same = MakeCheckBox(group, rights.chkSameRights);
   auto* head = new wxBoxSizer(wxHORIZONTAL);

@@ -163,8 +163,8 @@ TEST_F(Home, GoesWhereAListLeads) {
 }
 
 TEST_F(Home, SaysWhyACommandCannotBeGiven) {
-  EXPECT_EQ(home_.Obstacle(Command("Fa&mily...")), "still to come");
-  EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: family"));
+  EXPECT_EQ(home_.Obstacle(Command("Re&minders...")), "still to come");
+  EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: reminders"));
   EXPECT_EQ(home_.Obstacle(Command("&Employees...")), "");
   home_.Do(Command("&Open Patient..."));
   EXPECT_EQ(home_.lblStatus.Caption.get(), "Open Patient: choose a patient first");

@@ -134,13 +134,13 @@ TEST_F(Receptionist, OpensTheCallerByHisNumber) {
 TEST_F(Receptionist, AddsANewPatient) {
   EXPECT_EQ(Press("Reed, Rosa<Ctrl+N><Enter><Enter>f<Enter><Enter>01021980<Alt+M>5125550123<Alt+O><Enter>"), 37);
   EXPECT_EQ(home_.cmdStatus.Caption.get(), "Added Reed, Rosa");
-  EXPECT_EQ(host_.Value("SELECT pSEX + ' ' + pHOMPHO FROM PATable WHERE pFIRNAM='Rosa'"), "F 5125550123");
+  EXPECT_EQ(host_.Value("SELECT pSEX + ' ' + pHOMPHO FROM PATable WHERE pFIRNAM='Rosa'"), "F (512) 555-0123");
 }
 
 TEST_F(Receptionist, ChangesAPhoneNumber) {
   EXPECT_EQ(Press("rita<Enter><Alt+M>5125550188<Alt+O><Enter>"), 18);
   EXPECT_EQ(home_.cmdStatus.Caption.get(), "Saved Reed, Rita");
-  EXPECT_EQ(host_.Value("SELECT pHOMPHO FROM PATable WHERE pID=2"), "5125550188");
+  EXPECT_EQ(host_.Value("SELECT pHOMPHO FROM PATable WHERE pID=2"), "(512) 555-0188");
   EXPECT_EQ(home_.lblPhones.Caption.get(), "Home  (512) 555-0188");
 }
 
