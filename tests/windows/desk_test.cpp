@@ -148,7 +148,7 @@ TEST(Desk, AddsAPatientInTheComponent) {
   EXPECT_EQ(Rows(practice,
                  "SELECT pSEX, pBIRDAT, pHOMPHO, pTypPat FROM PATable "
                  "WHERE pLASNAM = 'Smith' AND pFIRNAM = 'John'"),
-            "M|1980-01-02|2125550100|1|");
+            "M|1980-01-02|(212) 555-0100|1|");
 }
 
 }  // namespace
