@@ -95,7 +95,7 @@ void FamScreen::Wire() {
   Name_List.Attach(Provider);
   ZipCodes.BeforeDeleteKey = [this] { return Confirm("Do you want delete this City, State, and Zip Code?"); };
   Phones.SaveNew = [this] { return Save(); };
-  Text1[kSsn].Leave = [this] { editing::TakeCustomaryForm(context_.session, Text1[kSsn], forms::FormatSsn); };
+  Text1[kSsn].Leave = [this] { editing::TakeCustomaryForm(context_.session, Person, Text1[kSsn], forms::FormatSsn); };
   chkPersonIsPatient.Click = [this] { TakeIsPatient(); };
   picSwapName.Click = [this] { picSwapName_Click(); };
   DialogButtons1.OK.Click = [this] { SaveFromButton(); };

@@ -6,7 +6,6 @@
 #include "editing/person_deletion.h"
 #include "editing/provider_deletion.h"
 #include "editing/record_hold.h"
-#include "forms/phone.h"
 #include "forms/text.h"
 #include "forms/us_numbers.h"
 
@@ -84,14 +83,7 @@ void docScreen::Bind() {
 }
 
 void docScreen::Wire() {
-  const auto takes = [this](Field field, std::string (*format)(std::string_view)) {
-    Text1.at(field).Leave = [this, field, format] {
-      editing::TakeCustomaryForm(context_.session, Text1.at(field), format);
-    };
-  };
-  takes(kHomePhone, forms::FormatPhone);
-  takes(kWorkPhone, forms::FormatPhone);
-  takes(kSsn, forms::FormatSsn);
+  Text1[kSsn].Leave = [this] { editing::TakeCustomaryForm(context_.session, Patable, Text1[kSsn], forms::FormatSsn); };
   Text1[kFeeSchedule].Leave = [this] { TakeFeeSchedule(); };
   PicksFrom(Text1[kProfessionalTitle], Command2, session::PickList::ProfessionalTitle, "Professional Title",
             "Professional Title");
