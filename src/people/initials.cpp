@@ -12,6 +12,20 @@ namespace people {
 using data::Literal;
 using session::ToText;
 
+namespace {
+
+// In capitals. A name may begin with a quotation mark.
+std::string FirstLetter(std::string_view name) {
+  const std::u32string text = forms::ToUtf32(forms::ToUpper(name));
+  const auto letter = std::ranges::find_if(text, [](char32_t c) {
+    const bool punctuation = c >= 0x2000 && c < 0x2070;
+    return (c >= U'A' && c <= U'Z') || (c >= 0xC0 && !punctuation);
+  });
+  return letter == text.end() ? std::string() : forms::ToUtf8({&*letter, 1});
+}
+
+}  // namespace
+
 bool Initials::Free(std::int32_t person) const {
   const std::string initials(forms::Trim(box_.Text.get()));
   if (initials.empty()) {
@@ -54,7 +68,7 @@ void Initials::Store(std::int32_t person) const {
 }
 
 std::string Initials::Default(std::string_view last, std::string_view first) const {
-  const std::string letters = forms::ToUpper(forms::Left(forms::Trim(first), 1) + forms::Left(forms::Trim(last), 1));
+  const std::string letters = FirstLetter(first) + FirstLetter(last);
   if (letters.empty()) {
     return {};
   }
