@@ -18,6 +18,7 @@ using data::Literal;
 
 constexpr std::array<std::string_view, 4> kIdTypes = {"State Licence", "National Provider ID", "Medicaid Number",
                                                       "Controlled Substances"};
+constexpr std::size_t kNationalProviderId = 1;  // has ten digits
 
 constexpr std::string_view kHygienist = "124Q00000X";
 constexpr std::string_view kAssistant = "126800000X";
@@ -120,7 +121,9 @@ class StaffMaker {
       for (std::size_t type = 0; type < types.size(); ++type) {
         Random& chance = type < 2 ? office_.Chance() : office_.Details();
         if (type < 2 || (i + type) % 3 != 0) {
-          ids_.Row(id, types[type], std::to_string(chance.Between(1000000, 9999999)));
+          ids_.Row(
+              id, types[type],
+              std::string(type == kNationalProviderId ? "100" : "") + std::to_string(chance.Between(1000000, 9999999)));
         }
       }
       employment_.MakeHistory(id, {.department = "Dentistry", .salary = 140000}, *person.employed);
