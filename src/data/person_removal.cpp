@@ -11,7 +11,8 @@
 namespace data {
 namespace {
 
-constexpr std::array<Words, 2> kHisOwn = {"eBusContactSequence WHERE ebcpID=", "PDLTable WHERE pdlPID="};
+constexpr std::array<Words, 3> kHisOwn = {
+    "eBusContactSequence WHERE ebcpID=", "PDLTable WHERE pdlPID=", "DrIDTable WHERE DrIDpID="};
 
 }  // namespace
 

@@ -55,10 +55,15 @@ bool DateField::PickFromCalendar() {
   const auto typed = format_.take(forms::Trim(parts_.box.Text.get()), today);
   const auto shown = typed ? session::ToDateTime(*typed) : std::nullopt;
   const auto picked = context_.user.PickDate("Calendar", shown ? forms::DateOf(*shown) : today);
-  if (picked) {
-    Put(forms::FormatDashed(*picked));
+  if (!picked) {
+    return false;
   }
-  return picked.has_value();
+  const std::string date = forms::FormatDashed(*picked);
+  if (date != parts_.box.Text.get() && AgreesToPick && !AgreesToPick(date)) {
+    return false;
+  }
+  Put(date);
+  return true;
 }
 
 }  // namespace editing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "data/format.h"
 #include "editing/rules.h"
@@ -25,6 +26,8 @@ class DateField : public forms::UserControl, private Rules {
   std::function<void()> Taken;
   // A rule of the screen that must agree before a day is picked, and says why not.
   std::function<bool()> MayChange;
+  // A rule of the screen that must agree to another day from the calendar.
+  std::function<bool(const std::string& date)> AgreesToPick;
 
   const Parts& Fields() const { return parts_; }
   // Takes what was typed, as "MM-DD-YYYY"; false when it is no date: the person is told, and the focus is there.

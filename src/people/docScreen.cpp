@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/literal.h"
 #include "editing/customary_form.h"
 #include "editing/person_deletion.h"
 #include "editing/provider_deletion.h"
@@ -27,10 +28,11 @@ struct Kind {
   Type type;
   std::string_view right = {};  // to change their names; none is needed without
   std::string_view right_what = {};
+  std::string_view plural = {};
 };
 constexpr std::array kKinds = {
-    Kind{RecordKind::Provider, "Provider Information", kProvider, "CHANGE-PRO-NAME", "provider names"},
-    Kind{RecordKind::Referral, "Referred By Information", kReferral, "CHANGE-REF-NAME", "referral names"},
+    Kind{RecordKind::Provider, "Provider Information", kProvider, "CHANGE-PRO-NAME", "provider names", "providers"},
+    Kind{RecordKind::Referral, "Referred By Information", kReferral, "CHANGE-REF-NAME", "referral names", "referrals"},
     Kind{RecordKind::Physician1, "Physician #1 Information", kPhysician},
     Kind{RecordKind::Physician2, "Physician #2 Information", kPhysician},
     Kind{RecordKind::ReferInOut, "Referred In/ Out Information", kPhysician}};
@@ -45,6 +47,10 @@ constexpr std::array kTextColumns = {
     Words("pDOCLIC"),    Words("pDOCEIN"), Words("pDOCREM1"),   Words("pDOCREM2"), Words("pDOCREM3"),  Words("pDOCSPE"),
     Words("pDOCDATEMP"), Words("pSSN"),    Words("pDOCMEDNUM"), Words("pDOCINI"),  Words("pDOCFeeTyp")};
 
+const Kind& KindGuardedBy(std::string_view right) {
+  return *std::ranges::find(kKinds, right, &Kind::right);
+}
+
 bool IsSet(const std::string& flag) {
   return flag >= "1";
 }
@@ -58,7 +64,7 @@ docScreen::docScreen(const session::ScreenContext& context)
       Phones(context, {Text1[kHomePhone], Text1[kWorkPhone], cmdContact}, Patable),
       ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], ZipCode1}),
       EmploymentDate(context, {Text1[kEmploymentDate], Command3D1}),
-      Employer(context, {Text2[0], Command3, Command4, Label4, EmployerLink}),
+      Employer(context, {Text2[0], Command3, Command4, Label4, EmployerLink}, Patable),
       PictureBox1(context),
       initials_(context, Text1[kInitials], Initials::Asks::Provider),
       numbers_(context, TDBG1),
@@ -92,16 +98,25 @@ void docScreen::Wire() {
   Phones.SaveNew = [this] { return Save(); };
   Phones.SaveNewTitle = "Save Changes";
   Employer.Whose = [this] { return FullName(); };
+  EmploymentDate.AgreesToPick = [this](const std::string& date) {
+    return Confirm("Change Employment Date to [ " + date + " ] ?");
+  };
   picSwapName.Click = [this] { picSwapName_Click(); };
   DialogButtons1.OK.Click = [this] {
-    if ((!Adding() && !Unsaved()) || Save()) {
-      Close();
+    if (Adding() || Unsaved()) {
+      if (!Save()) {
+        return;
+      }
+    } else if (LacksInitials() && !ReadOnly()) {
+      RequireHold();
+      ProposeInitials();
     }
+    Close();
   };
   DialogButtons1.Delete.Click = [this] {
     if (IsProvider()) {
       DeleteProvider();
-    } else if (MayRename()) {
+    } else {
       DeletePerson();
     }
   };
@@ -114,6 +129,7 @@ void docScreen::WireSaving() {
   Edits(Patable);
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
+  OnSave([this] { return Employer.MustOpenLink(); }, [this] { Employer.OpenLink(); });
   OnSave(adding, [this] { Patable.Insert(); });
   OnSave(adding, [this] {
     Hold("PATABLE", Patable.Id());
@@ -125,13 +141,15 @@ void docScreen::WireSaving() {
   OnSave([this] { return numbers_.Changed(); }, [this] { numbers_.Save(Patable.Id()); });
   OnSave(always, [this] { Contacts_Save(); });
   // His name is stored by now.
-  OnSave([this] { return IsProvider() && Text1[kInitials].Text->empty(); },
-         [this] {
-           if (initials_.Propose(Patable.Id())) {
-             Patable.MarkWritten(Text1[kInitials]);
-           }
-         });
+  OnSave([this] { return LacksInitials(); }, [this] { ProposeInitials(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", Patable.Id()); });
+}
+
+void docScreen::ProposeInitials() {
+  if (initials_.Propose(Patable.Id())) {
+    Patable.MarkWritten(Text1[kInitials]);
+    Saved = true;
+  }
 }
 
 void docScreen::PicksFrom(forms::TextBox& box, forms::Button& button, session::PickList list, std::string_view title,
@@ -168,7 +186,7 @@ void docScreen::Read() {
   Text1[kFeeSchedule].MaxLength = 1;
   cboTaxonomy.Enabled = !ReadOnly();
   chkHideZEP.Enabled = !ReadOnly();
-  numbers_.Read(Patable.Id(), !ReadOnly());
+  numbers_.Read(Patable.Id());
   layout_.Restore("docScreen");
   ShowReferences();
   Contacts_Setup();
@@ -221,17 +239,27 @@ void docScreen::ShowReferences() {
 
 // A name that is there is another one's to change.
 void docScreen::GuardNames() {
-  if (Adding() || ReadOnly() || KindOf(Opened.kind).right.empty() ||
-      context_.session.HasRight(KindOf(Opened.kind).right)) {
+  if (ReadOnly() || LackedNameRight().empty()) {
     return;
   }
   LookOnly(Text1[kLastName], [this] { return MayRename(); });
   LookOnly(Text1[kFirstName], [this] { return MayRename(); });
 }
 
+// A new one's name is nobody's yet.
+std::string_view docScreen::LackedNameRight() const {
+  for (const Kind& kind : kKinds) {
+    const bool his = kind.record == Opened.kind || IsSet(types_.at(kind.type).Caption);
+    if (!Adding() && his && !kind.right.empty() && !context_.session.HasRight(kind.right)) {
+      return kind.right;
+    }
+  }
+  return {};
+}
+
 bool docScreen::MayRename() const {
-  const Kind& kind = KindOf(Opened.kind);
-  return MayModify() && (Adding() || kind.right.empty() || HasRight(kind.right, kind.right_what));
+  const std::string_view right = LackedNameRight();
+  return MayModify() && (right.empty() || HasRight(right, KindGuardedBy(right).right_what));
 }
 
 void docScreen::picSwapName_Click() {
@@ -262,7 +290,7 @@ bool docScreen::Check() {
 
 bool docScreen::TakeFeeSchedule() {
   const std::string& schedule = Text1[kFeeSchedule].Text;
-  const bool untouched = !Adding() && !Patable.Changed(Text1[kFeeSchedule]);
+  const bool untouched = !Adding() && schedule.empty() && !Patable.Changed(Text1[kFeeSchedule]);
   if (!IsProvider() || untouched || (schedule.size() == 1 && schedule >= "1" && schedule <= "4")) {
     return true;
   }
@@ -281,6 +309,11 @@ void docScreen::Trim() {
 }
 
 bool docScreen::Agreed() {
+  if (!Adding() && numbers_.Changed() &&
+      session::IsNull(statements_.SelectValue("SELECT pID FROM PATable WHERE pID=" + data::Literal(Patable.Id()) +
+                                              statements_.Office()))) {
+    throw editing::Refusal(std::string(editing::kDeletedMeanwhile));
+  }
   const bool initials_free = !IsProvider() || !Patable.Changed(Text1[kInitials]) || initials_.Free(Patable.Id());
   return initials_free &&
          (!Adding() || duplicate_.MayAdd(*this, {.last = Text1[kLastName].Text, .first = Text1[kFirstName].Text}));
@@ -314,13 +347,19 @@ void docScreen::DeleteProvider() {
 }
 
 void docScreen::DeletePerson() {
+  const std::string_view right = LackedNameRight();
+  if (!MayModify() || (!right.empty() && !HasRight(right, KindGuardedBy(right).plural, "delete"))) {
+    return;
+  }
   const editing::PersonDeletion deletion(context_);
   const editing::RecordHold hold(context_.session, "PATABLE", Patable.Id());
   const editing::RecordHold transactions_hold(context_.session, "DTTABLE", Patable.Id());
   const editing::DeletedPerson person = editing::DeletedPerson::Read(statements_, Patable.Id());
-  const bool agreed = person.patient ? HasRight("DELETE-PATIENT", "patients", "delete") &&
-                                           Warn("This action will also delete " + person.name + "'s patient entry.")
-                                     : Confirm("Are you sure you want to delete " + person.name + "?");
+  const bool agreed = person.patient
+                          ? HasRight("DELETE-PATIENT", "patients", "delete") &&
+                                Warn("This action will also delete " + person.name + "'s patient entry.")
+                          // A member's deletion asks by itself.
+                          : !person.IsHead() || Confirm("Are you sure you want to delete " + person.name + "?");
   if (agreed && deletion.MayDelete(person)) {
     hold.Require();
     transactions_hold.Require();

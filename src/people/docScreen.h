@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "data/record_binding.h"
 #include "editing/ZIPCODE.h"
@@ -127,9 +128,14 @@ class docScreen : public editing::EditingForm {
   void DeleteProvider();
   bool IsProvider() const { return Opened.kind == session::RecordKind::Provider; }
   bool Adding() const { return Patable.Id() == 0; }
+  bool LacksInitials() const { return IsProvider() && Text1[kInitials].Text->empty(); }
+  void ProposeInitials();
+  // The keyword of the right that the person's name needs, by the kinds that he is of, and the user lacks; empty for
+  // none.
+  std::string_view LackedNameRight() const;
   bool MayRename() const;
-  // False when it is none of the four: the person is told, and the focus is there. One that was stored so and is not
-  // changed may stay.
+  // False when it is none of the four: the person is told, and the focus is there. Where none was stored, none may
+  // stay.
   bool TakeFeeSchedule();
   void Trim();
   std::string FullName() const;

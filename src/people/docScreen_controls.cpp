@@ -61,7 +61,7 @@ void docScreen::Register() {
   Text1[kRemark2].AccessibleName = "General Remarks, second line";
   Text1[kRemark3].AccessibleName = "General Remarks, third line";
   Text2[0].AccessibleName = "Employer";
-  Text2[0].ToolTip = "F9 searches for the employer, Delete takes it away";
+  Text2[0].ToolTip = "Type the employer's name; F9 searches for it, Delete takes it away";
   Label2.Caption = "Taxonomy";
   cboTaxonomy.Heading = &Label2;
   chkHideZEP.Caption = "Hide from the time clock";
@@ -144,7 +144,8 @@ void docScreen::RegisterButtons() {
 void docScreen::SetHelp() {
   PictureBox1.Set(Text1[kInitials], "Up to five letters by which lists show this provider. Nobody else can have them.");
   PictureBox1.Set(Text1[kFeeSchedule], "The number of the office's fee schedule, 1 to 4.");
-  PictureBox1.Set(Text2[0], "Press [F9] to search for the employer.////Press [Delete] to take it away.");
+  PictureBox1.Set(Text2[0],
+                  "Type the employer's name, or press [F9] to search for it.////Press [Delete] to take it away.");
   PictureBox1.Set(cboTaxonomy, "What this person is to the health plans.////Press [Delete] to choose none.");
   PictureBox1.Set(TDBG1, "Type each number beside its kind. An empty number is not used.");
 }

@@ -28,8 +28,8 @@ IdentificationNumbers::IdentificationNumbers(const session::ScreenContext& conte
   };
 }
 
-void IdentificationNumbers::Read(std::int32_t person, bool names_kinds) {
-  if (names_kinds) {
+void IdentificationNumbers::Read(std::int32_t person) {
+  if (!context_.session.Connection().ReadOnly()) {
     statements_.Execute(
         "UPDATE IDTypTable SET IDTypTable.IDTypDes='National Provider ID' WHERE IDTypTable.IDTypID = 2" +
         statements_.Office(" and (IDTypTable.OfficeID = ", ")"));
@@ -95,12 +95,20 @@ bool IdentificationNumbers::Changed() const {
   return false;
 }
 
+std::int32_t IdentificationNumbers::RowOf(std::int32_t person, std::int32_t kind) const {
+  return ToId(statements_.SelectValue("SELECT DrIDID FROM DrIDTable WHERE DrIDpID=" + Literal(person) +
+                                      " AND DrIDTypID=" + Literal(kind) + statements_.Office()));
+}
+
 void IdentificationNumbers::Save(std::int32_t person) {
   for (std::size_t row = 0; row < numbers_.size(); ++row) {
     Number& number = numbers_[row];
     const std::string value = Shown(row);
     if (value == number.value) {
       continue;
+    }
+    if (number.id == 0) {
+      number.id = RowOf(person, number.kind);
     }
     if (number.id != 0) {
       statements_.Execute("UPDATE DrIDTable SET DrIDVal=" + Literal(value) + " WHERE Dridid=" + Literal(number.id) +

@@ -16,11 +16,11 @@ class IdentificationNumbers : private editing::Rules {
  public:
   IdentificationNumbers(const session::ScreenContext& context, forms::Grid& grid);
 
-  // The person's numbers, 0 for a new one's. `names_kinds` sees to it first that number 2 has its name. Throws
-  // session::DatabaseError.
-  void Read(std::int32_t person, bool names_kinds);
+  // The person's numbers, 0 for a new one's. Kind 2 is given its name first. Throws session::DatabaseError.
+  void Read(std::int32_t person);
   bool Changed() const;
-  // Writes what changed, row by row: what was written before a failure is not written again. Throws
+  // Writes what changed, row by row: what was written before a failure is not written again. A first number takes the
+  // row that another user has given the person meanwhile. Throws
   // session::DatabaseError.
   void Save(std::int32_t person);
 
@@ -32,6 +32,8 @@ class IdentificationNumbers : private editing::Rules {
     std::string value = {};  // that the row has
   };
 
+  // 0 for none.
+  std::int32_t RowOf(std::int32_t person, std::int32_t kind) const;
   std::vector<Number> OfPerson(std::int32_t person);
   bool Fits(int column, const std::string& value) const;
   std::string Shown(std::size_t row) const;
