@@ -100,7 +100,8 @@ void ExpectOnlyLookedAt(const Way& way, const Untouched& untouched, const std::f
       [&](Desk& desk) {
         prepare(desk);
         desk.Session().hear = [&](const std::string& sql) {
-          if (!sql.starts_with("SELECT") && !sql.starts_with("Select")) {
+          const bool names_kind = sql.starts_with("UPDATE IDTypTable ");  // the office's, at each load
+          if (!sql.starts_with("SELECT") && !sql.starts_with("Select") && !names_kind) {
             writes.push_back(sql);
           }
         };
