@@ -230,7 +230,7 @@ void ZIPCODE::Fill(std::string_view typed) {
 bool ZIPCODE::AddPlace() {
   const bool split = Attempt([this] {
     if (typed_ == Opener::Zip) {
-      TakeCustomaryForm(context_.session, parts_.zip, forms::FormatZip);
+      TakeZipForm();
     }
     SplitTyped();
   });
@@ -358,9 +358,17 @@ void ZIPCODE::TakeTyped() {
     SplitTyped();
     return;
   }
-  TakeCustomaryForm(context_.session, parts_.zip, forms::FormatZip);
+  TakeZipForm();
   if (const auto places = PlacesOf(parts_.zip.Text.get()); places.size() == 1) {
     PutOnScreen(places.front());
+  }
+}
+
+void ZIPCODE::TakeZipForm() {
+  const std::string zip = forms::FormatZip(parts_.zip.Text.get());
+  if (zip != parts_.zip.Text.get() && UsesUsForms(context_.session) &&
+      forms::Fitting(zip, parts_.zip.MaxLength) == zip) {
+    parts_.zip.Text = zip;
   }
 }
 

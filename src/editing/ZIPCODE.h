@@ -86,6 +86,7 @@ class ZIPCODE : public forms::DropPanel, private Rules {
   std::vector<Place> PlacesOf(std::string_view zip) const;
   void Typed(Opener opener);
   void TakeTyped();
+  void TakeZipForm();
   void SplitTyped();
   void Hide();
   void Pick();

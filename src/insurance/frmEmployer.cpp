@@ -2,8 +2,8 @@
 
 #include "data/shared_records.h"
 #include "editing/customary_form.h"
-#include "forms/phone.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 
 namespace insurance {
 namespace {
@@ -72,7 +72,9 @@ void frmEmployer::Register() {
 }
 
 void frmEmployer::Wire() {
-  Text1[kPhone].Leave = [this] { editing::TakeCustomaryForm(context_.session, Text1[kPhone], forms::FormatPhone); };
+  Text1[kPhone].Leave = [this] {
+    editing::TakeCustomaryForm(context_.session, Employer, Text1[kPhone], forms::FormatTenDigits);
+  };
   DialogButtons1.OK.Click = [this] {
     if ((!Adding() && !Unsaved()) || Save()) {
       Close();

@@ -2,8 +2,8 @@
 
 #include "data/locations.h"
 #include "editing/customary_form.h"
-#include "forms/phone.h"
 #include "forms/text.h"
+#include "forms/us_numbers.h"
 
 namespace locations {
 namespace {
@@ -101,7 +101,7 @@ void frmOfficeLocation::Wire() {
   TDBG.RowColChange = [this] { TDBG_RowColChange(); };
   for (const Field phone : kPhones) {
     txtInfo.at(phone).Leave = [this, phone] {
-      editing::TakeCustomaryForm(context_.session, txtInfo.at(phone), forms::FormatPhone);
+      editing::TakeCustomaryForm(context_.session, Location, txtInfo.at(phone), forms::FormatTenDigits);
     };
   }
   txtInfo[kName].Change = [this] { ShowColors(); };

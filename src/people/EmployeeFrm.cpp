@@ -2,7 +2,6 @@
 
 #include "data/literal.h"
 #include "editing/customary_form.h"
-#include "forms/phone.h"
 #include "forms/text.h"
 #include "forms/us_numbers.h"
 
@@ -80,12 +79,12 @@ EmployeeFrm::EmployeeFrm(const session::ScreenContext& context)
 void EmployeeFrm::Wire() {
   const auto customary = [this](Field field, std::string (*format)(std::string_view)) {
     Gen_Txt.at(field).Leave = [this, field, format] {
-      editing::TakeCustomaryForm(context_.session, Gen_Txt.at(field), format);
+      editing::TakeCustomaryForm(context_.session, Employee, Gen_Txt.at(field), format);
     };
   };
   customary(kSsn, forms::FormatSsn);
-  customary(kPhone, forms::FormatPhone);
-  customary(kFax, forms::FormatPhone);
+  customary(kPhone, forms::FormatTenDigits);
+  customary(kFax, forms::FormatTenDigits);
   const auto picks = [this](Field field, Command command, const std::function<void()>& pick) {
     Gen_Txt.at(field).KeyDown = [pick](forms::Key key) {
       if (key == forms::Key::F9) {
