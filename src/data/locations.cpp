@@ -1,11 +1,12 @@
 #include "data/locations.h"
 
 #include "data/literal.h"
+#include "forms/text.h"
 
 namespace data {
 
 std::string LocationName(std::int32_t location, const session::Value& name) {
-  const std::string text = session::ToText(name);
+  std::string text(forms::Trim(session::ToText(name)));
   return text.empty() ? "Location #" + std::to_string(location) : text;
 }
 

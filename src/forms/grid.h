@@ -25,6 +25,7 @@ struct GridColumn {
   Kind kind = Kind::Text;
   Align align = Align::Left;
   bool editable = false;
+  bool keeps_colors = false;              // in the current row, too: they tell something
   bool long_text = false;                 // remarks of any length
   std::vector<std::string> choices = {};  // of a drop-down cell
   std::string filter = {};                // what stands in the filter cell

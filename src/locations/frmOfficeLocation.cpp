@@ -184,6 +184,9 @@ void frmOfficeLocation::ShowLocation(int row) {
     Hold(std::string(kTable), id);
   }
   if (!Location.Read(id)) {
+    Location.Read(0);
+    fraEdit.Caption = "";
+    ShowColors();
     Tell("Location " + std::to_string(id) + " was not found in the database.", forms::Icon::Information);
     return;
   }
@@ -201,8 +204,9 @@ void frmOfficeLocation::ShowColors() {
   const forms::Color fore = color(kForeground).value_or(forms::kBlack);
   lblColor.BackColor = back;
   lblColor.ForeColor = forms::ReadableOn(back, fore);
-  lblColor.Caption = "  " + data::LocationName(Location.Id(), txtInfo[kName].Text.get()) + "  (" +
-                     std::to_string(Location.Id()) + ")  ";
+  lblColor.Caption = Location.Id() == 0 ? std::string()
+                                        : "  " + data::LocationName(Location.Id(), txtInfo[kName].Text.get()) + "  (" +
+                                              std::to_string(Location.Id()) + ")  ";
   lblColorInfo[kBackground].Caption = forms::ColorText(back);
   lblColorInfo[kForeground].Caption = forms::ColorText(fore);
   lblContrast.Visible = forms::Contrast(back, fore) < forms::kReadableContrast;

@@ -1,6 +1,8 @@
 #include "locations/frmPatientLocation.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "data/literal.h"
 #include "data/persons.h"
@@ -46,15 +48,16 @@ void frmPatientLocation::Register() {
   cboPriLoc.Heading = &lblPriLoc;
   lblLocations.Caption = "&Locations";
   TDBG.Heading = &lblLocations;
-  TDBG.Columns = std::vector<forms::GridColumn>{{.key = "Display",
-                                                 .caption = "Display",
-                                                 .width = 70,
-                                                 .kind = forms::GridColumn::Kind::Check,
-                                                 .align = forms::GridColumn::Align::Center,
-                                                 .editable = true},
-                                                {.key = "OffLocNam", .caption = "Location", .width = 390},
-                                                {.key = "ColLinkID", .caption = "ColLinkID", .visible = false},
-                                                {.key = "Dummy", .caption = "Dummy", .visible = false}};
+  TDBG.Columns =
+      std::vector<forms::GridColumn>{{.key = "Display",
+                                      .caption = "Display",
+                                      .width = 70,
+                                      .kind = forms::GridColumn::Kind::Check,
+                                      .align = forms::GridColumn::Align::Center,
+                                      .editable = true},
+                                     {.key = "OffLocNam", .caption = "Location", .width = 390, .keeps_colors = true},
+                                     {.key = "ColLinkID", .caption = "ColLinkID", .visible = false},
+                                     {.key = "Dummy", .caption = "Dummy", .visible = false}};
   chkFam.Caption = "Apply to the whole &family";
   cmdOK.Caption = "&OK";
   cmdCancel.Caption = "Cancel";
@@ -89,13 +92,8 @@ void frmPatientLocation::Wire() {
   cmdCancel.Click = [this] { Close(); };
 
   const auto changed = [this] { return ChangeMade; };
-  OnSave(changed, [this] { WriteLocations(); });
-  OnSave(changed, [this] { OfLogin() ? WritePrimaryOfLogin() : WritePrimary(); });
-  OnSave(changed, [this] {
-    ChangeMade = false;
-    stored_primary_ = PrimaryLocationID;
-    held_.clear();
-  });
+  OnSave(changed, [this] { Write(); });
+  OnSave(changed, [this] { LogNotes(); });
 }
 
 void frmPatientLocation::Read() {
@@ -107,7 +105,8 @@ void frmPatientLocation::Read() {
       OfLogin() ? "Below, you may select additional locations that should grant access to this login name."
                 : "Below, you may select additional locations that should display this patient.";
   chkFam.Visible = !OfLogin();
-  if (Owner() != 0) {
+  const bool may_edit = !OfLogin() || RequireRight(session::kSupervisorRight, "login name locations");
+  if (Owner() != 0 && may_edit) {
     Hold(OfLogin() ? "PWMTABLE" : "PATABLE", Owner());
   }
   const auto locations = Locations().Read(Owner());
@@ -180,6 +179,7 @@ std::optional<frmPatientLocation::Patient> frmPatientLocation::ReadPatient(std::
   return Patient{.id = id,
                  .name = data::LastFirst(row->Get(0), row->Get(1)),
                  .birth_date = ToldDay(session::ToText(row->Get(2))),
+                 .stored_primary = primary,
                  .primary = primary == 0 ? lowest_ : primary};
 }
 
@@ -191,18 +191,28 @@ void frmPatientLocation::ShowPrimary() {
 void frmPatientLocation::cboPriLoc_Click() {
   const forms::ListItem* chosen = cboPriLoc.Current();
   if (chosen != nullptr && chosen->data != PrimaryLocationID && MayChangePrimary()) {
-    PrimaryLocationID = chosen->data;
-    ChangeMade = true;
-    std::ranges::find(rows_->rows, PrimaryLocationID, LocationOf)->cells[kDisplay] = "1";
-    TDBG.Refresh();
+    TakePrimary(chosen->data);
   }
   ShowPrimary();
 }
 
-bool frmPatientLocation::MayChangePrimary() const {
-  if (!MayModify()) {
-    return false;
+// The check that came with a choice goes with it.
+void frmPatientLocation::TakePrimary(std::int32_t location) {
+  const auto check = [this](std::int32_t of) -> std::string& {
+    return std::ranges::find(rows_->rows, of, LocationOf)->cells[kDisplay];
+  };
+  if (own_check_ != 0) {
+    check(own_check_) = "0";
   }
+  std::string& display = check(location);
+  own_check_ = display == "1" ? 0 : location;
+  display = "1";
+  PrimaryLocationID = location;
+  ChangeMade = true;
+  TDBG.Refresh();
+}
+
+bool frmPatientLocation::MayChangePrimary() const {
   if (!context_.session.HasRight(session::kSupervisorRight)) {
     context_.user.Tell("User " + context_.session.UserName() +
                            " does not have sufficient rights to change primary locations.\r\n"
@@ -210,7 +220,8 @@ bool frmPatientLocation::MayChangePrimary() const {
                        std::string(kChangePrimary), forms::Icon::Exclamation);
     return false;
   }
-  return context_.user.Ask({.text = "Changing the primary location can affect billing and the accounts receivable in "
+  return MayModify() &&
+         context_.user.Ask({.text = "Changing the primary location can affect billing and the accounts receivable in "
                                     "both offices.\r\nAre you sure you want to change the primary location?",
                             .title = std::string(kChangePrimary),
                             .buttons = forms::kYesNo,
@@ -232,6 +243,9 @@ bool frmPatientLocation::TDBG_CellEdited() {
 }
 
 bool frmPatientLocation::Agreed() {
+  if (!ChangeMade) {  // only notes are left to be written
+    return true;
+  }
   if (OfLogin()) {
     return Warn("This change will affect the locations at which this login name may be used to open TAVO Software.",
                 "Login Location Modified");
@@ -250,17 +264,16 @@ bool frmPatientLocation::Agreed() {
   return agrees;
 }
 
-// The patient of the screen comes last: as long as his primary location is the old one, the same change made again
-// finishes what a save that stopped has left undone.
+// The patient of the screen, who is held all along, comes last.
 void frmPatientLocation::TakeAffected() {
   affected_.clear();
-  held_.clear();
+  std::list<editing::RecordHold> others;
   std::vector<std::int32_t> members =
       chkFam.Value == forms::CheckState::On ? FamilyMembers(statements_, PatientID) : OneMember(statements_, PatientID);
   std::erase(members, PatientID);
   members.push_back(PatientID);
   for (const std::int32_t id : members) {
-    const auto* held = id == PatientID ? nullptr : &held_.emplace_back(context_.session, "PATABLE", id);
+    const auto* held = id == PatientID ? nullptr : &others.emplace_back(context_.session, "PATABLE", id);
     const auto patient = ReadPatient(id);
     if (patient && held != nullptr && held->Holder()) {
       throw editing::Refusal(patient->name + ": " + editing::HeldText(*held->Holder()) + " Nothing was changed.");
@@ -271,18 +284,46 @@ void frmPatientLocation::TakeAffected() {
       throw editing::Refusal(std::string(editing::kDeletedMeanwhile));
     }
   }
+  held_ = std::move(others);
 }
 
-void frmPatientLocation::WriteLocations() {
-  for (const editing::RecordHold& held : held_) {
-    held.Require();
+// All or nothing: a family is not left at two places.
+void frmPatientLocation::Write() {
+  const auto held = std::exchange(held_, {});
+  for (const editing::RecordHold& hold : held) {
+    hold.Require();
   }
+  std::vector<session::LogEntry> notes;
+  session::Transaction transaction(context_.session.Connection());
   if (OfLogin()) {
-    WriteLocationsOf(PasswordID, PrimaryLocationID);
+    WriteLogin();
   } else {
     for (const Patient& patient : affected_) {
-      WriteLocationsOf(patient.id, PrimaryChanged() ? PrimaryLocationID : patient.primary);
+      const bool moves = PrimaryChanged() || patient.id == PatientID;
+      const std::int32_t primary = moves ? PrimaryLocationID : patient.primary;
+      WritePatient(patient, primary);
+      if (patient.primary != primary) {
+        notes.push_back(NoteOf(patient, primary));
+      }
     }
+  }
+  transaction.Commit();
+  std::ranges::move(notes, std::back_inserter(notes_));
+  ChangeMade = false;
+  stored_primary_ = PrimaryLocationID;
+  own_check_ = 0;
+}
+
+void frmPatientLocation::WriteLogin() const {
+  WriteLocationsOf(PasswordID, PrimaryLocationID);
+  statements_.Execute("Update PWMTable set OffLocID = " + Literal(PrimaryLocationID) +
+                      " WHERE PWMID=" + Literal(PasswordID) + statements_.Office());
+}
+
+void frmPatientLocation::WritePatient(const Patient& patient, std::int32_t primary) const {
+  WriteLocationsOf(patient.id, primary);
+  if (patient.stored_primary != primary) {
+    statements_.Update("PATable", {{"OffLocID", Literal(primary)}}, "pID", patient.id);
   }
 }
 
@@ -294,39 +335,21 @@ void frmPatientLocation::WriteLocationsOf(std::int32_t owner, std::int32_t prima
   }
 }
 
-void frmPatientLocation::WritePrimaryOfLogin() const {
-  statements_.Execute("Update PWMTable set OffLocID = " + Literal(PrimaryLocationID) +
-                      " WHERE PWMID=" + Literal(PasswordID) + statements_.Office());
-}
-
-void frmPatientLocation::WritePrimary() {
-  if (!PrimaryChanged()) {
-    return;
-  }
-  for (Patient& patient : affected_) {
-    if (patient.primary != PrimaryLocationID) {
-      NotePrimary(patient);
-      statements_.Update("PATable", {{"OffLocID", Literal(PrimaryLocationID)}}, "pID", patient.id);
-      patient.primary = PrimaryLocationID;
-      noted_.erase(patient.id);
-    }
-  }
-}
-
-// Before it is written; once, when the writing fails and is done again.
-void frmPatientLocation::NotePrimary(const Patient& patient) {
-  if (const auto noted = noted_.find(patient.id); noted != noted_.end() && noted->second == PrimaryLocationID) {
-    return;
-  }
+session::LogEntry frmPatientLocation::NoteOf(const Patient& patient, std::int32_t primary) const {
   const forms::DateTime now = context_.session.Now();
-  context_.session.Log({.kind = session::LogKind::Comment,
-                        .category = "CM",
-                        .person = patient.id,
-                        .text = "The primary location was changed from '" + NameOfLocation(patient.primary) + "' to '" +
-                                NameOfLocation(PrimaryLocationID) + "' by user " + context_.session.UserName() +
-                                " on " + forms::FormatShortDate(forms::DateOf(now)) + " at " + forms::FormatTime(now) +
-                                "."});
-  noted_[patient.id] = PrimaryLocationID;
+  return {.kind = session::LogKind::Comment,
+          .category = "CM",
+          .person = patient.id,
+          .text = "The primary location was changed from '" + NameOfLocation(patient.primary) + "' to '" +
+                  NameOfLocation(primary) + "' by user " + context_.session.UserName() + " on " +
+                  forms::FormatShortDate(forms::DateOf(now)) + " at " + forms::FormatTime(now) + "."};
+}
+
+void frmPatientLocation::LogNotes() {
+  while (!notes_.empty()) {
+    context_.session.Log(notes_.front());
+    notes_.erase(notes_.begin());
+  }
 }
 
 std::string frmPatientLocation::NameOfLocation(std::int32_t location) const {

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <list>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,7 +57,8 @@ class frmPatientLocation : public editing::EditingForm {
     std::int32_t id = 0;
     std::string name = {};
     std::string birth_date = {};
-    std::int32_t primary = 0;  // the lowest location where none is stored
+    std::int32_t stored_primary = 0;  // 0 where none is
+    std::int32_t primary = 0;         // the lowest location where none is stored
   };
 
   void Register();
@@ -74,24 +74,27 @@ class frmPatientLocation : public editing::EditingForm {
 
   void cboPriLoc_Click();
   bool MayChangePrimary() const;
+  void TakePrimary(std::int32_t location);
   void ShowPrimary();
   bool TDBG_CellEdited();
   std::string NameOfLocation(std::int32_t location) const;
 
   void TakeAffected();
-  void WriteLocations();
+  void Write();
+  void WriteLogin() const;
+  void WritePatient(const Patient& patient, std::int32_t primary) const;
   void WriteLocationsOf(std::int32_t owner, std::int32_t primary) const;
   bool PrimaryChanged() const { return PrimaryLocationID != stored_primary_; }
-  void WritePrimaryOfLogin() const;
-  void WritePrimary();
-  void NotePrimary(const Patient& patient);
+  session::LogEntry NoteOf(const Patient& patient, std::int32_t primary) const;
+  void LogNotes();
 
   std::shared_ptr<forms::TableRows> rows_ = std::make_shared<forms::TableRows>();
   std::int32_t stored_primary_ = 0;
-  std::int32_t lowest_ = 0;                     // the location of whoever has no primary one
-  std::vector<Patient> affected_;               // by the save; the screen's own patient is the last
-  std::list<editing::RecordHold> held_;         // the others among them
-  std::map<std::int32_t, std::int32_t> noted_;  // by patient, the location of a change that is still due
+  std::int32_t lowest_ = 0;               // the location of whoever has no primary one
+  std::int32_t own_check_ = 0;            // the location that was checked only for becoming the primary one; 0 for none
+  std::vector<Patient> affected_;         // by the save
+  std::list<editing::RecordHold> held_;   // the others among them
+  std::vector<session::LogEntry> notes_;  // of what was written
   editing::KeptLayout layout_;
 };
 

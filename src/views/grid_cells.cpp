@@ -37,6 +37,15 @@ class SwatchRenderer : public wxGridCellRenderer {
   wxGridCellRenderer* Clone() const override { return new SwatchRenderer; }
 };
 
+class ColorKeepingRenderer : public wxGridCellStringRenderer {
+ public:
+  void Draw(wxGrid& grid, wxGridCellAttr& attributes, wxDC& dc, const wxRect& cell, int row, int column,
+            bool /*selected*/) override {
+    wxGridCellStringRenderer::Draw(grid, attributes, dc, cell, row, column, false);
+  }
+  wxGridCellRenderer* Clone() const override { return new ColorKeepingRenderer; }
+};
+
 // Offers what the control offers in that row.
 class ChoiceEditor : public wxGridCellChoiceEditor {
  public:
@@ -144,6 +153,8 @@ CellTable::Attributes CellTable::AttributesOf(int column) {
     attributes->SetRenderer(new SwatchRenderer);
   } else if (shape.kind == Kind::DropDown) {
     attributes->SetEditor(new ChoiceEditor(grid_));
+  } else if (shape.keeps_colors) {
+    attributes->SetRenderer(new ColorKeepingRenderer);
   }
   return attributes;
 }

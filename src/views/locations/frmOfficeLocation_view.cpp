@@ -52,8 +52,9 @@ wxSizer* ColorGroup(wxWindow* parent, frmOfficeLocation& form) {
   for (wxButton* button : buttons) {
     button->SetMinSize(wxSize(width, -1));
   }
-  group->Add(MakeLabel(box, form.lblColor), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
-  group->Add(MakeWrapped(box, form.lblContrast, parent->FromDIP(kTextWidth)), wxSizerFlags().Border(wxALL, gap));
+  const auto filled = wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap);
+  group->Add(MakeLabel(box, form.lblColor), wxSizerFlags(filled).Expand());
+  group->Add(MakeWrapped(box, form.lblContrast, parent->FromDIP(kTextWidth)), filled);
   return group;
 }
 
