@@ -74,6 +74,14 @@ void RecordBinding::Read(const Sql& statement) {
   Fill(record->Eof() ? 0 : session::ToId((*record)[key_.Text()]), *record);
 }
 
+void RecordBinding::ReadNone(const Sql& statement) {
+  const auto record = statements_.Select(statement);
+  while (!record->Eof()) {
+    record->MoveNext();
+  }
+  Fill(0, *record);
+}
+
 void RecordBinding::Fill(std::int32_t id, const session::Recordset& record) {
   id_ = id;
   row_.clear();

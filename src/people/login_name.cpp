@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "data/literal.h"
-#include "editing/editing_form.h"
 #include "forms/text.h"
 
 namespace people {
@@ -44,22 +43,28 @@ LoginName::LoginName(const session::ScreenContext& context, const Parts& parts, 
 }
 
 void LoginName::Read(std::int32_t person) {
-  record_.Read(person == 0 ? Sql("Select * from PWMTable where pwmUseNam=''") + statements_.Office()
-                           : "SELECT * FROM PWMTable WHERE PWMpID=" + Literal(person) + statements_.Office());
-  ShowState();
+  if (person == 0) {
+    record_.ReadNone(Sql("Select * from PWMTable where pwmUseNam=''") + statements_.Office());
+  } else {
+    record_.Read("SELECT * FROM PWMTable WHERE PWMpID=" + Literal(person) + statements_.Office());
+  }
+  ReadState();
 }
 
 void LoginName::ReadEntered(std::int32_t login) {
   entered_ = record_.Read(login);
-  ShowState();
+  ReadState();
 }
 
-// A person who is not written yet has no number that a login could carry.
+// A person who is not written yet has no number that a login could carry. Another login of his own is in the way too.
 bool LoginName::Taken(const std::string& name) const {
   const std::int32_t person = whose_().id;
-  return session::ToId(statements_.SelectValue("SELECT Count(*) FROM PWMTable WHERE (PWMUSENAM = " + Literal(name) +
-                                               ") AND (PWMPid<>" + Literal(person == 0 ? -1 : person) + ")" +
-                                               statements_.Office() + " AND (PWMID<>" + Literal(Id()) + ")")) != 0;
+  const auto others = [&](const Sql& whose) {
+    return session::ToId(statements_.SelectValue("SELECT Count(*) FROM PWMTable WHERE (PWMUSENAM = " + Literal(name) +
+                                                 ")" + whose + statements_.Office() + " AND (PWMID<>" + Literal(Id()) +
+                                                 ")")) != 0;
+  };
+  return others(" AND (PWMPid<>" + Literal(person == 0 ? -1 : person) + ")") || others({});
 }
 
 // First initial and last name, and a number where others have those.
@@ -94,7 +99,8 @@ void LoginName::TakeFree() {
 
 bool LoginName::Take() {
   TakeFree();
-  if (!parts_.box.Text->empty() || (Id() == 0 && storable_.empty())) {
+  const bool untouched = storable_.empty() && (Id() == 0 || !record_.Changed(parts_.box));
+  if (!parts_.box.Text->empty() || untouched) {
     return true;
   }
   Tell("The login name cannot be blank.", forms::Icon::Information);
@@ -109,7 +115,7 @@ void LoginName::Propose() {
 }
 
 void LoginName::AskPassword() {
-  if (!editing::EditingForm::MayModify(*this)) {
+  if (!MayModify()) {
     return;
   }
   const auto ask = [this](const char* prompt) {
@@ -122,6 +128,8 @@ void LoginName::AskPassword() {
   const auto again =
       context_.user.Input({.prompt = "Please type password again to comfirm", .title = "Password", .masked = true});
   if (again && *again != password) {
+    storable_.clear();
+    ShowState();
     Tell("Can not comfirm password, please try again");
   }
   if (!again || *again != password) {
@@ -138,9 +146,19 @@ void LoginName::AskPassword() {
   ShowState();
 }
 
+// What it is stays in the database.
+void LoginName::ReadState() {
+  has_password_ = Id() != 0 && statements_
+                                   .Select("SELECT PWMID FROM PWMTable WHERE (PWMID=" + Literal(Id()) +
+                                           ") AND ((PWMPasWor='') OR (PWMPasWor Is Null))" + statements_.Office())
+                                   ->Eof();
+  ShowState();
+}
+
 void LoginName::ShowState() {
   parts_.state.Caption = !storable_.empty() ? "The new password is stored when you save."
                          : Id() == 0        ? "There is no login yet."
+                         : !has_password_   ? "No password has been set."
                                             : "A password is never shown, only replaced.";
 }
 
@@ -183,6 +201,7 @@ void LoginName::Write() const {
 
 void LoginName::MarkWritten() {
   record_.MarkWritten();
+  has_password_ = has_password_ || !storable_.empty();
   storable_.clear();
   ShowState();
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "data/record_binding.h"
+#include "editing/editing_form.h"
 #include "editing/rules.h"
 #include "forms/button.h"
 #include "forms/label.h"
@@ -44,6 +45,8 @@ class LoginName : public forms::UserControl, private editing::Rules {
   std::int32_t Id() const { return record_.Id(); }
   // The name that it has in the database; its rights carry it.
   const std::string& StoredName() const { return record_.Stored(parts_.box); }
+  // Whether the login may be changed; says why not.
+  std::function<bool()> MayModify = [this] { return editing::EditingForm::MayModify(*this); };
   // A name or a password that is not saved yet.
   bool Pending() const { return record_.Changed() || !storable_.empty(); }
 
@@ -70,6 +73,7 @@ class LoginName : public forms::UserControl, private editing::Rules {
   std::string Proposed() const;
   void TakeFree();
   void AskPassword();
+  void ReadState();
   void ShowState();
 
   Parts parts_;
@@ -78,6 +82,7 @@ class LoginName : public forms::UserControl, private editing::Rules {
   data::RecordBinding record_;
   std::string storable_;  // of the password that was typed; empty for none
   bool entered_ = false;
+  bool has_password_ = false;
 };
 
 // The condition for the rights of a login. Logins that had their name together before names were unique keep theirs
