@@ -4,7 +4,6 @@
 #include <array>
 
 #include "data/literal.h"
-#include "editing/editing_form.h"
 #include "forms/text.h"
 #include "people/login_name.h"
 
@@ -154,8 +153,9 @@ LoginRights::Grants& LoginRights::At(std::int32_t location) {
   return grants_.emplace(location, std::move(grants)).first->second;
 }
 
+// The suite goes by the flag that lets modify.
 bool LoginRights::IsSupervisor(const Grants& grants) const {
-  return supervisor_ < grants.size() && grants[supervisor_].now.any();
+  return supervisor_ < grants.size() && grants[supervisor_].now[kFlagOfCell[kModify]];
 }
 
 LoginRights::Access LoginRights::ShownOf(std::size_t right) const {
@@ -175,7 +175,7 @@ LoginRights::Access LoginRights::ShownOf(std::size_t right) const {
 
 // Supervisor rights go as a whole, and all others with them.
 bool LoginRights::Edit(std::size_t column, bool on) {
-  if (!editing::EditingForm::MayModify(*this)) {
+  if (!MayModify()) {
     return false;
   }
   const auto right = static_cast<std::size_t>(FGrd.Row.get());
@@ -207,10 +207,32 @@ void LoginRights::MakeSame() {
   if (chkSameRights.Value != forms::CheckState::On) {
     return;
   }
+  if (!MayMakeSame()) {
+    chkSameRights.Value = forms::CheckState::Off;
+    return;
+  }
   for (const Product product : Products()) {
     CopyToOthers(locations_.Shown(), product);
   }
   FGrd.Refresh();
+}
+
+bool LoginRights::MayMakeSame() {
+  const auto& all = locations_.All();
+  if (!MayModify()) {
+    return false;
+  }
+  if (all.size() < 2) {
+    return true;
+  }
+  const auto chosen = locations_.Chosen();
+  if (chosen.size() != 1 || std::ranges::find(all, chosen.front()) == all.end()) {
+    Tell("Please choose the location whose rights the other locations are to have.");
+    return false;
+  }
+  return Confirm("The rights of [" + locations_.NameOf(chosen.front()) +
+                     "] will replace those of all other locations.\r\nDo you want to continue?",
+                 kAssignment);
 }
 
 void LoginRights::CopyToOthers(std::int32_t from, Product product) {
@@ -241,6 +263,9 @@ bool LoginRights::Unsaved() const {
 }
 
 bool LoginRights::GivesNone(Product product) {
+  for (const std::int32_t location : locations_.All()) {
+    At(location);
+  }
   return std::ranges::none_of(grants_, [&](const auto& at) {
     bool gives = IsSupervisor(at.second);
     for (std::size_t right = 0; right < catalogue_.size() && !gives; ++right) {
@@ -274,8 +299,19 @@ void LoginRights::GiveDefaults() {
   FGrd.Refresh();
 }
 
+bool LoginRights::ChangesAt(std::int32_t location, Product product) {
+  const Grants& grants = At(location);
+  for (std::size_t right = 0; right < grants.size(); ++right) {
+    if (catalogue_[right].product == product && grants[right].now != grants[right].stored) {
+      return true;
+    }
+  }
+  return false;
+}
+
 void LoginRights::AskAboutOthers() {
-  for (const auto& [product, where] : edited_) {
+  for (auto& [product, where] : edited_) {
+    std::erase_if(where, [&](std::int32_t location) { return !ChangesAt(location, product); });
     if (where.size() != 1 || locations_.All().size() < 2 || chkSameRights.Value == forms::CheckState::On ||
         context_.session.UserOption(kOptions, OptionOf(product)) == kDontAsk) {
       continue;
@@ -297,7 +333,7 @@ void LoginRights::AskAboutOthers() {
 }
 
 void LoginRights::EditLocations() {
-  if (!editing::EditingForm::MayModify(*this)) {
+  if (!MayModify()) {
     return;
   }
   if (login_.id == 0) {
@@ -355,7 +391,8 @@ void LoginRights::WriteGrant(const Login& login, std::int32_t location, std::siz
   }
   statements_.Execute("UPDATE PWATable SET PWAReaFla=" + Flag(grant.now[0]) + ", PWAWriFla=" + Flag(grant.now[1]) +
                       ", PWAFla1=" + Flag(grant.now[2]) + ", PWAFla2=" + Flag(grant.now[3]) +
-                      " WHERE (OffLocID=" + Literal(location) + ") AND (PWAAreOfPro=" + Literal(keyword) + ") AND " +
+                      ", PWAPWMID=" + Literal(login.id) + " WHERE (OffLocID=" + Literal(location) +
+                      ") AND (PWAAreOfPro=" + Literal(keyword) + ") AND " +
                       RightsOf(statements_, login.id, login.name));
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "editing/editing_form.h"
 #include "editing/kept_layout.h"
 #include "editing/rules.h"
 #include "forms/button.h"
@@ -28,6 +29,9 @@ class LoginRights : public forms::UserControl, private editing::Rules {
   forms::CheckBox chkSameRights;  // what is changed is changed at every location
   forms::Button cmdLocation;      // the locations at which the login may be used
   forms::Grid FGrd;
+
+  // Whether rights may be changed; says why not.
+  std::function<bool()> MayModify = [this] { return editing::EditingForm::MayModify(*this); };
 
   // Who the rights belong to; 0 and no name for nobody yet.
   struct Login {
@@ -77,8 +81,10 @@ class LoginRights : public forms::UserControl, private editing::Rules {
   bool Edit(std::size_t column, bool on);
   void Put(std::int32_t location, std::size_t right, Access access);
   void MakeSame();
+  bool MayMakeSame();
   void CopyToOthers(std::int32_t from, session::Product product);
   bool GivesNone(session::Product product);
+  bool ChangesAt(std::int32_t location, session::Product product);
   std::vector<session::Product> Products() const;
   void EditLocations();
   void WriteName(const Login& login) const;
