@@ -276,6 +276,9 @@ void PayrollStatus::New() {
   if (!MayModify() || !MayLeave()) {
     return;
   }
+  if (Unsaved()) {
+    ReadStatus(Adding() ? StatusIn(0) : Status.Id());
+  }
   schedules_.BeginFurther(locations_.All());
   const std::vector<forms::Field*> kept = {&full_time_,
                                            &Ben_Txt[kDepartment],
@@ -311,8 +314,10 @@ void PayrollStatus::Remove() {
     if (!context_.session.KeepsRecord("PATABLE", person_)) {
       throw editing::Refusal("Another user has taken this record over. Nothing was removed.");
     }
+    session::Transaction transaction(context_.session.Connection());
     statements_.Execute("Delete from EBTable where EBTable.EBID = " + Literal(Status.Id()) + statements_.Office());
     statements_.Execute("Delete from ESTable where ESTable.EBID = " + Literal(Status.Id()) + statements_.Office());
+    transaction.Commit();
   }
   ShowHistory();
   ReadStatus(StatusIn(0));

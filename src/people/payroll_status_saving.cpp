@@ -66,6 +66,7 @@ void PayrollStatus::Insert(std::int32_t person) {
   created_by_.Caption = context_.session.UserName();
   created_.Caption = forms::FormatDashed(context_.session.Today());
   Status.Insert();
+  agreed_date_ = Ben_Txt[kEffective].Text;
   inserted_ = true;
 }
 
