@@ -123,9 +123,7 @@ void EmployeeFrm::WireSaving() {
   const auto with_new_login = [this] { return Login.BelongsToNobody(); };
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
-  OnSave([this] { return Terminated() && Employee.Changed(Gen_Txt[kTerminated]); },
-         [this] { employment_.RemoveAbsencesAfter(pID, *DateIn(kTerminated)); });
-  OnSave(always, [this] { Employee.Update(); });
+  OnSave(always, [this] { UpdatePerson(); });
   const auto shows = [this](std::string_view contact, Field field) {
     return ShownContact() == contact && Employee.Changed(Gen_Txt.at(field));
   };
@@ -141,7 +139,7 @@ void EmployeeFrm::WireSaving() {
   OnSave([this] { return Login.Pending() || Rights.Unsaved(); }, [this] { SaveLogin(); });
   OnSavePages();
   OnSave(always, [this] { ShowEmployment(); });
-  OnSave([this] { return Adding() && Gen_Txt[kInitials].Text->empty(); }, [this] { Set_DocIni(); });
+  OnSave([this] { return Adding() && Gen_Txt[kInitials].Text->empty(); }, [this] { GiveInitials(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
 
@@ -215,19 +213,21 @@ void EmployeeFrm::ShowPerson() {
 }
 
 void EmployeeFrm::ShowEmployment() {
+  const bool ended = Terminated() || lblTypEmp.Caption.get() == "0";
   Label2.Caption = Terminated()   ? "Terminated on " + Gen_Txt[kTerminated].Text.get()
                    : IsProvider() ? "Service provider"
+                   : ended        ? "No longer an employee"
                                   : "Employee";
   Payroll.SetTerminated(Terminated());
+  Gen_Txt[kLoginName].ReadOnly = Terminated() || ReadOnly();
   Gen_CMD[kTerminate].Enabled = !Adding();
-  Gen_CMD[kReactivate].Enabled = !Adding() && Terminated();
+  Gen_CMD[kReactivate].Enabled = !Adding() && ended;
   Gen_CMD[kDelete].Enabled = !Adding();
 }
 
 // The number that is seen may be the fax or the cell phone.
 void EmployeeFrm::ShowPhoneHeading() {
-  Gen_LBL[kPhone].Caption =
-      std::string(editing::SideLabel(editing::Side::Home)) + std::string(editing::LabelOfContact(ShownContact()));
+  Gen_LBL[kPhone].Caption = "Hom&e " + std::string(editing::LabelOfContact(ShownContact()));
   if (ShownContact() != "Ema") {
     Gen_Txt[kPhone].MaxLength = first_phone_.MaxLength.get();
   }
@@ -268,7 +268,7 @@ bool EmployeeFrm::Check() {
   }
   Trim();
   PhoneFollows();
-  return HasName() && initials_.Free(pID) && Login.Take() && Payroll.Check();
+  return HasName() && EmployedBeforeEnd() && initials_.Free(pID) && Login.Take() && Payroll.Check();
 }
 
 // What nobody touched keeps its blanks.
@@ -292,6 +292,18 @@ bool EmployeeFrm::HasName() {
   return true;
 }
 
+bool EmployeeFrm::EmployedBeforeEnd() {
+  const auto employed = DateIn(kEmployed);
+  const auto terminated = DateIn(kTerminated);
+  const bool touched = Employee.Changed(Gen_Txt[kEmployed]) || Employee.Changed(Gen_Txt[kTerminated]);
+  if (!touched || !employed || !terminated || *employed <= *terminated) {
+    return true;
+  }
+  Tell("Employment cannot begin after it ended on " + forms::FormatDashed(*terminated) + ".", forms::Icon::Exclamation);
+  Gen_Txt[kEmployed].SetFocus();
+  return false;
+}
+
 bool EmployeeFrm::Agreed() {
   if (Adding()) {
     DuplicatePerson::Person person = {.last = Gen_Txt[kLastName].Text, .first = Gen_Txt[kFirstName].Text};
@@ -310,6 +322,16 @@ bool EmployeeFrm::Agreed() {
 void EmployeeFrm::Insert() {
   pID = Employee.Insert();
   Caption = "Employee Information";
+}
+
+// Absences go with the date behind which they lie.
+void EmployeeFrm::UpdatePerson() {
+  session::Transaction transaction(context_.session.Connection());
+  if (Terminated() && Employee.Changed(Gen_Txt[kTerminated])) {
+    employment_.RemoveAbsencesAfter(pID, *DateIn(kTerminated));
+  }
+  Employee.Update();
+  transaction.Commit();
 }
 
 session::Outcome EmployeeFrm::Ended() const {
@@ -363,7 +385,7 @@ void EmployeeFrm::Terminate() {
   if (day && Terminated()) {
     Gen_Txt[kTerminated].Text = forms::FormatDashed(*day);
     ShowEmployment();
-  } else if (day && (!Unsaved() || Save())) {
+  } else if (day && SaveLast()) {
     RequireHold();
     employment_.Terminate(pID, *day);
     Saved = true;
@@ -372,8 +394,15 @@ void EmployeeFrm::Terminate() {
   }
 }
 
+bool EmployeeFrm::SaveLast() {
+  terminating_ = true;
+  const bool saved = !Unsaved() || Save();
+  terminating_ = false;
+  return saved;
+}
+
 void EmployeeFrm::Reactivate() {
-  if (MayModify() && employment_.AgreesToReactivate()) {
+  if (MayModify() && employment_.AgreesToReactivate() && (!Unsaved() || Save())) {
     RequireHold();
     employment_.Reactivate(pID);
     Saved = true;
@@ -393,8 +422,15 @@ void EmployeeFrm::Delete() {
 }
 
 void EmployeeFrm::Set_DocIni() {
-  if (MayModify() && !Adding() && initials_.Propose(pID)) {
-    Employee.MarkWritten(Gen_Txt[kInitials]);
+  if (MayModify() && HasName()) {
+    initials_.Offer(pID, Gen_Txt[kLastName].Text.get(), Gen_Txt[kFirstName].Text.get());
+  }
+}
+
+void EmployeeFrm::GiveInitials() {
+  if (initials_.Propose(pID)) {
+    RequireHold();
+    Employee.Update();
   }
 }
 

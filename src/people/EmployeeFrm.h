@@ -133,10 +133,13 @@ class EmployeeFrm : public editing::EditingForm {
   void WireSaving();
   void WirePages();
   void ReadPages();
+  void ShowLocations();
   void OnSavePages();
   void GiveDefaults();
   void CompleteRights();
   void SaveLogin();
+  // Login and rights of one whose employment has ended are only looked at.
+  bool MayModifyLogin() const;
   void ShowPerson();
   void ReadExisting();
   void ReadLogin();
@@ -145,9 +148,12 @@ class EmployeeFrm : public editing::EditingForm {
   bool Adding() const { return Employee.Id() == 0; }
   void Trim();
   bool HasName();
+  bool EmployedBeforeEnd();
   void Apply();
   void SaveAndClose();
   void Insert();
+  void UpdatePerson();
+  void GiveInitials();
   void PickProfessionalTitle();
   // The suffix of the column of the contact that the phone box shows.
   std::string_view ShownContact() const;
@@ -157,6 +163,8 @@ class EmployeeFrm : public editing::EditingForm {
   bool IsProvider() const;
   bool Terminated() const { return !Gen_Txt[kTerminated].Text->empty(); }
   void Terminate();
+  // Before login and rights are taken away: nothing is asked about them.
+  bool SaveLast();
   void Reactivate();
   void Delete();
 
@@ -166,6 +174,7 @@ class EmployeeFrm : public editing::EditingForm {
   Initials initials_;
   Employment employment_;
   bool deleted_ = false;
+  bool terminating_ = false;
 };
 
 }  // namespace people

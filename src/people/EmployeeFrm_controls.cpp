@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::array kCaptions = {
     "&Last Name", "&First Name", "Se&x",  "&Title",      "&Birth Date",      "&Professional Title",
-    "Address &1", "Address &2",  "Cit&y", "&State",      "&ZIP Code",        "&Home Phone",
-    "F&ax",       "E-&Mail",     "SS&N",  "EIN N&umber", "&Employment Date", "Te&rmination Date",
+    "Address &1", "Address &2",  "Cit&y", "&State",      "&ZIP Code",        "Hom&e Phone",
+    "F&ax",       "E-&Mail",     "SS&N",  "EIN N&umber", "Employment &Date", "Te&rmination Date",
     "&Initials",  "Login &Name"};
 
 // Of the buttons behind fields, as they are read aloud.
@@ -90,8 +90,11 @@ void EmployeeFrm::AddGeneralPage() {
   button(kPickBirthDate);
   add(Indexed("Label", kAge), Label[kAge]);
   field(kSsn);
+  field(kEin);
   field(kProfessionalTitle);
   button(kPickProfessionalTitle);
+  field(kInitials);
+  button(kChooseInitials);
   field(kPhone);
   field(kFax);
   field(kEmail);
@@ -106,9 +109,6 @@ void EmployeeFrm::AddGeneralPage() {
   field(kEmployed);
   button(kPickEmployed);
   field(kTerminated);
-  field(kEin);
-  field(kInitials);
-  button(kChooseInitials);
   add("chkHideZEP", chkHideZEP);
   AddEmploymentCommands();
   add("lblTypEmp", lblTypEmp);
@@ -127,7 +127,7 @@ void EmployeeFrm::AddGeneralPage() {
   picSwapName.AccessibleName = "Swap first and last name";
   picSwapName.Picture = "SWAP-16X16.PNG";
   picSwapName.ToolTip = " Swap first and last name ";
-  chkHideZEP.Caption = "Hide from the ZEP time &clock";
+  chkHideZEP.Caption = "Hide from the ZEP time cloc&k";
 }
 
 void EmployeeFrm::AddEmploymentCommands() {

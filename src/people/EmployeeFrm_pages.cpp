@@ -8,8 +8,18 @@ void EmployeeFrm::WirePages() {
     Payroll.ShowSchedule();
     Rights.Show();
   };
+  Login.MayModify = Rights.MayModify = [this] { return MayModifyLogin(); };
+  Gen_Txt[kLoginName].KeyPress = [this](char32_t key) { return Terminated() && !MayModifyLogin() ? char32_t{0} : key; };
+  TabEBInfo.Switch = [this] { ShowLocations(); };
   Payroll.SaveScreen = [this] { return Save(); };
   Edits(Payroll.Status);
+}
+
+// They govern every page but the first.
+void EmployeeFrm::ShowLocations() {
+  const bool governs = TabEBInfo.CurrTab.get() != kGeneral;
+  Locations.lblLocation.Visible = governs;
+  Locations.cboLocation.Visible = governs;
 }
 
 // At the location of the login, where it has one.
@@ -18,6 +28,7 @@ void EmployeeFrm::ReadPages() {
   if (const std::int32_t location = session::ToId(Login.Record().Column("OffLocID")); location != 0) {
     Locations.Choose(location);
   }
+  ShowLocations();
   Payroll.Read(pID);
   Rights.Read({Login.Id(), Login.StoredName()});
 }
@@ -37,10 +48,21 @@ void EmployeeFrm::GiveDefaults() {
 
 // Rights belong to a login.
 void EmployeeFrm::CompleteRights() {
-  Rights.AskAboutOthers();
+  if (!terminating_) {
+    Rights.AskAboutOthers();
+  }
   if (Rights.Unsaved()) {
     Login.Propose();
   }
+}
+
+bool EmployeeFrm::MayModifyLogin() const {
+  const bool may = MayModify();
+  if (may && Terminated()) {
+    Tell("The current employee has been terminated. Login name, password and rights cannot be modified.",
+         forms::Icon::Information);
+  }
+  return may && !Terminated();
 }
 
 void EmployeeFrm::SaveLogin() {

@@ -147,6 +147,8 @@ void docScreen::WireSaving() {
 
 void docScreen::ProposeInitials() {
   if (initials_.Propose(Patable.Id())) {
+    RequireHold();
+    initials_.Store(Patable.Id());
     Patable.MarkWritten(Text1[kInitials]);
     Saved = true;
   }

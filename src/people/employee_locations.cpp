@@ -19,7 +19,7 @@ std::string Named(std::int32_t location, const std::string& name, bool primary) 
 EmployeeLocations::EmployeeLocations(const session::ScreenContext& context) : Rules(context) {
   Add("lblLocation", lblLocation);
   Add("cboLocation", cboLocation);
-  lblLocation.Caption = "Office Location";
+  lblLocation.Caption = "Offi&ce Location";
   cboLocation.Heading = &lblLocation;
   cboLocation.ToolTip = "The location whose schedule and rights are shown";
   // What cannot be read leaves the choice, and what is shown, as it was.

@@ -47,10 +47,11 @@ bool Initials::Free(std::int32_t person) const {
 bool Initials::Propose(std::int32_t person) {
   const auto row = statements_.Select("SELECT pLasNam, pFirNam, pDocIni FROM PATable WHERE pID=" + Literal(person) +
                                       statements_.Office());
-  if (row->Eof() || !ToText(row->Get(2)).empty()) {
-    return false;
-  }
-  const std::string initials = Default(ToText(row->Get(0)), ToText(row->Get(1)));
+  return !row->Eof() && ToText(row->Get(2)).empty() && Offer(person, ToText(row->Get(0)), ToText(row->Get(1)));
+}
+
+bool Initials::Offer(std::int32_t person, std::string_view last, std::string_view first) {
+  const std::string initials = Default(person, last, first);
   const std::string told = "[ " + initials + " ]";
   if (initials.empty() ||
       !Confirm((asks_ == Asks::Provider ? "The initials will default to " + told + ".\r\n" : std::string()) +
@@ -58,7 +59,6 @@ bool Initials::Propose(std::int32_t person) {
     return false;
   }
   box_.Text = initials;
-  Store(person);
   return true;
 }
 
@@ -67,14 +67,15 @@ void Initials::Store(std::int32_t person) const {
                       statements_.Office(" and (OfficeID = ", ")"));
 }
 
-std::string Initials::Default(std::string_view last, std::string_view first) const {
+std::string Initials::Default(std::int32_t person, std::string_view last, std::string_view first) const {
   const std::string letters = FirstLetter(first) + FirstLetter(last);
   if (letters.empty()) {
     return {};
   }
   std::set<std::string> taken;
   const auto rows = statements_.Select("SELECT pDocIni FROM PATable WHERE (pDocIni Like " +
-                                       data::LikeBeginning(forms::Left(letters, 1)) + ")" + statements_.Office());
+                                       data::LikeBeginning(forms::Left(letters, 1)) + ") AND (pID<>" + Literal(person) +
+                                       ")" + statements_.Office());
   for (; !rows->Eof(); rows->MoveNext()) {
     taken.insert(forms::ToUpper(ToText(rows->Get(0))));
   }

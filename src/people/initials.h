@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "editing/rules.h"
 #include "forms/text_box.h"
@@ -20,15 +21,16 @@ class Initials : private editing::Rules {
 
   // Before a save: false when somebody else has what is in the box: the person is told, and the focus is there.
   bool Free(std::int32_t person) const;
-  // After the person is written: offers initials to one who has none, and stores them when they are wanted. True when
-  // they stand in the box then.
+  // Offers those of a name; true when they are wanted, and stand in the box.
+  bool Offer(std::int32_t person, std::string_view last, std::string_view first);
+  // After the person is written: the same by his stored name, where he has none.
   bool Propose(std::int32_t person);
   // What stands in the box.
   void Store(std::int32_t person) const;
 
  private:
   // First letters of first and last name, with a number behind them where others have those.
-  std::string Default(std::string_view last, std::string_view first) const;
+  std::string Default(std::int32_t person, std::string_view last, std::string_view first) const;
 
   forms::TextBox& box_;
   Asks asks_;

@@ -25,7 +25,9 @@ wxSizer* NameGroup(wxWindow* page, EmployeeFrm& form) {
   LayOut(group, form.SexTitle);
   LayOut(group, form.BirthDate);
   group.Row({{form.Gen_Txt[form.kSsn], 14}});
+  group.Row({{form.Gen_Txt[form.kEin], 15}});
   group.Row({{form.Gen_Txt[form.kProfessionalTitle], 20}}, &form.Gen_CMD[form.kPickProfessionalTitle]);
+  group.Row({{form.Gen_Txt[form.kInitials], 6}}, &form.Gen_CMD[form.kChooseInitials]);
   return group.Sizer();
 }
 
@@ -44,8 +46,6 @@ wxSizer* EmploymentGroup(wxWindow* page, EmployeeFrm& form) {
   group.Row(nullptr, {MakeLabel(group.Box(), form.Label2)});
   group.Row({{form.Gen_Txt[form.kEmployed], 12}}, &form.Gen_CMD[form.kPickEmployed]);
   group.Row({{form.Gen_Txt[form.kTerminated], 12}});
-  group.Row({{form.Gen_Txt[form.kEin], 15}});
-  group.Row({{form.Gen_Txt[form.kInitials], 6}}, &form.Gen_CMD[form.kChooseInitials]);
   group.Below(MakeCheckBox(group.Box(), form.chkHideZEP));
   group.Below(EmploymentCommands(group.Box(), form));
   return group.Sizer();
