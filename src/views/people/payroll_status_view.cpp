@@ -80,13 +80,18 @@ wxSizer* MakeLocationChoice(wxWindow* parent, people::EmployeeLocations& locatio
 }
 
 wxSizer* MakePayrollStatus(wxWindow* page, PayrollStatus& payroll) {
-  constexpr int kLines = 4;
+  constexpr int kLines = 3;
   const auto gap = wxSizerFlags().Expand().Border(wxALL, page->FromDIP(6));
   auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(MakeLabel(page, payroll.Ben_LBL[payroll.kLockedBecause]), gap);
-  content->Add(MakeGrid(page, payroll.Ben_TDBG, kLines), wxSizerFlags(gap).Proportion(1));
-  wxWindow* first = MakeButton(page, payroll.Ben_CMD[payroll.kNew]);
-  content->Add(InARow(page, {first, MakeButton(page, payroll.Ben_CMD[payroll.kRemove])}), gap);
+  auto* history = new wxBoxSizer(wxHORIZONTAL);
+  history->Add(MakeGrid(page, payroll.Ben_TDBG, kLines), wxSizerFlags(1).Expand());
+  auto* commands = new wxBoxSizer(wxVERTICAL);
+  for (const PayrollStatus::Command command : {payroll.kNew, payroll.kRemove}) {
+    commands->Add(MakeButton(page, payroll.Ben_CMD.at(command)), wxSizerFlags(gap).Border(wxLEFT | wxBOTTOM));
+  }
+  history->Add(commands);
+  content->Add(history, wxSizerFlags(gap).Proportion(1));
   auto* right = new wxBoxSizer(wxVERTICAL);
   auto* groups = new wxBoxSizer(wxHORIZONTAL);
   groups->Add(StatusGroup(page, payroll), wxSizerFlags(gap).Proportion(1));
