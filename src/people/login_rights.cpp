@@ -311,7 +311,7 @@ bool LoginRights::ChangesAt(std::int32_t location, Product product) {
 
 void LoginRights::AskAboutOthers() {
   for (auto& [product, where] : edited_) {
-    std::erase_if(where, [&](std::int32_t location) { return !ChangesAt(location, product); });
+    std::erase_if(where, [this, product = product](std::int32_t location) { return !ChangesAt(location, product); });
     if (where.size() != 1 || locations_.All().size() < 2 || chkSameRights.Value == forms::CheckState::On ||
         context_.session.UserOption(kOptions, OptionOf(product)) == kDontAsk) {
       continue;

@@ -101,7 +101,7 @@ void LayOutLogin(wxPanel* page, EmployeeFrm& form) {
 void LayOut_EmployeeFrm(FormDialog& dialog, EmployeeFrm& form) {
   auto* content = new wxBoxSizer(wxVERTICAL);
   content->Add(MakeLocationChoice(&dialog, form.Locations),
-               wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, dialog.FromDIP(10)));
+               wxSizerFlags().ReserveSpaceEvenIfHidden().Border(wxLEFT | wxRIGHT | wxTOP, dialog.FromDIP(10)));
   wxNotebook* book = MakeTabs(&dialog, form.TabEBInfo);
   LayOutGeneral(PageOf(book, form.Frame[form.kGeneral]), form);
   wxPanel* payroll = PageOf(book, form.Frame[form.kPayrollStatus]);

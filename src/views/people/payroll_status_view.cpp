@@ -76,7 +76,11 @@ wxSizer* ScheduleGroup(wxWindow* page, PayrollStatus& payroll) {
 
 wxSizer* MakeLocationChoice(wxWindow* parent, people::EmployeeLocations& locations) {
   wxWindow* caption = MakeCaption(parent, locations.lblLocation);
-  return InARow(parent, {caption, MakeComboBox(parent, locations.cboLocation, 30)});
+  wxSizer* row = InARow(parent, {caption, MakeComboBox(parent, locations.cboLocation, 30)});
+  for (wxSizerItem* item : row->GetChildren()) {
+    item->SetFlag(item->GetFlag() | wxRESERVE_SPACE_EVEN_IF_HIDDEN);  // the tabs below stay in their place
+  }
+  return row;
 }
 
 wxSizer* MakePayrollStatus(wxWindow* page, PayrollStatus& payroll) {
