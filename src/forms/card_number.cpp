@@ -46,15 +46,18 @@ bool IsCardNumber(std::string_view typed) {
 }
 
 std::string WithoutCardNumbers(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789";
+  constexpr std::string_view kNumber = "0123456789 -";
   std::string without;
   while (!text.empty()) {
-    const auto run = static_cast<std::size_t>(std::ranges::find_if_not(text, IsDigit) - text.begin());
-    const std::string_view digits = text.substr(0, run);
-    without += run >= kFewest && run <= kMost ? MaskedCardNumber(digits) : std::string(digits);
-    text.remove_prefix(run);
-    const auto rest = static_cast<std::size_t>(std::ranges::find_if(text, IsDigit) - text.begin());
-    without += text.substr(0, rest);
-    text.remove_prefix(rest);
+    const std::size_t start = std::min(text.find_first_of(kDigits), text.size());
+    without += text.substr(0, start);
+    text.remove_prefix(start);
+    const std::string_view parts = text.substr(0, text.find_first_not_of(kNumber));
+    const std::string_view number = parts.substr(0, parts.find_last_of(kDigits) + 1);
+    const auto digits = static_cast<std::size_t>(std::ranges::count_if(number, IsDigit));
+    without += digits >= kFewest ? MaskedCardNumber(number) : std::string(number);
+    text.remove_prefix(number.size());
   }
   return without;
 }

@@ -10,7 +10,8 @@ namespace forms {
 std::string MaskedCardNumber(std::string_view number);
 // Twelve to nineteen digits, apart from blanks and dashes, of which the last one checks the others.
 bool IsCardNumber(std::string_view typed);
-// A text in which every run of that many digits is masked: what a statement or a message says.
+// A text in which every run of twelve digits or more, apart from blanks and dashes, is masked: what a statement or a
+// message says.
 std::string WithoutCardNumbers(std::string_view text);
 
 }  // namespace forms

@@ -9,6 +9,7 @@ namespace people {
 namespace {
 
 constexpr int kLongestNumber = 25;  // characters, with what parts the digits
+constexpr int kFewestDigits = 12;   // of a number, which no name of a card has
 
 }  // namespace
 
@@ -31,6 +32,7 @@ frmCreditCard::frmCreditCard(const session::ScreenContext& context)
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
   Edits(record_);
   OnSave([this] { return Differs(); }, [this] { Write(); });
+  OnSave([] { return true; }, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
 
 void frmCreditCard::Register() {
@@ -71,14 +73,18 @@ void frmCreditCard::Read() {
 
 void frmCreditCard::ShowStored() {
   const std::string masked = forms::MaskedCardNumber(record_.Stored(number_));
-  lblStored.Caption = masked.empty() ? "No number is stored." : "The stored number is " + masked + ".";
+  const bool removes = removed_ && number_.Caption->empty();
+  lblStored.Caption = removes          ? "The card is removed when you save."
+                      : masked.empty() ? "No number is stored."
+                                       : "The stored number is " + masked + ".";
   cmdRemove.Enabled = !masked.empty() || !record_.Stored(txtType).empty();
 }
 
 void frmCreditCard::Follow() {
   std::string typed = txtNumber.Text;
   std::erase_if(typed, [](char c) { return c == ' ' || c == '-'; });
-  number_.Caption = typed.empty() ? record_.Stored(number_) : typed;
+  number_.Caption = typed.empty() && !removed_ ? record_.Stored(number_) : typed;
+  ShowStored();
 }
 
 // Told without what was typed.
@@ -92,6 +98,12 @@ void frmCreditCard::Leave() {
 bool frmCreditCard::Check() {
   if (record_.Changed(txtType)) {
     txtType.Text = std::string(forms::Trim(txtType.Text.get()));
+    if (std::ranges::count_if(txtType.Text.get(), forms::IsDigit) >= kFewestDigits) {
+      Tell("The type of a card is its name, such as Visa. Please type the number into the box below it.",
+           forms::Icon::Information);
+      txtType.SetFocus();
+      return false;
+    }
   }
   return true;
 }
@@ -99,6 +111,7 @@ bool frmCreditCard::Check() {
 void frmCreditCard::OnTaken() {
   if (!record_.Changed(number_)) {
     txtNumber.Text = std::string();
+    removed_ = false;
   }
   ShowStored();
 }
@@ -106,6 +119,7 @@ void frmCreditCard::OnTaken() {
 void frmCreditCard::Write() {
   record_.Update();
   txtNumber.Text = std::string();
+  removed_ = false;
   ShowStored();
 }
 
@@ -114,7 +128,8 @@ void frmCreditCard::Remove() {
     txtType.Text = std::string();
     txtNumber.Text = std::string();
     number_.Caption = std::string();
-    lblStored.Caption = "The card is removed when you save.";
+    removed_ = true;
+    ShowStored();
   }
 }
 

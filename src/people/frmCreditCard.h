@@ -45,7 +45,8 @@ class frmCreditCard : public editing::EditingForm {
   void ShowStored();
 
   data::RecordBinding record_;
-  forms::Label number_;  // whole, and never shown
+  forms::Label number_;   // whole, and never shown
+  bool removed_ = false;  // by the next save, unless another number is typed
 };
 
 }  // namespace people
