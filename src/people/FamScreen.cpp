@@ -146,6 +146,7 @@ void FamScreen::Read() {
   if (Closed()) {
     return;
   }
+  ObjParent = Opened.owner;
   GuardStatement();
   ShowRole();
   ShowReferences();
@@ -191,6 +192,10 @@ void FamScreen::ShowReferences() {
 bool FamScreen::IsHead() const {
   const std::int32_t head = session::ToId(session::Value(Label5[kFamilyHeadId].Caption.get()));
   return head == 0 || head == pID;
+}
+
+bool FamScreen::Shares() const {
+  return !Adding() && !NoMessage && IsHead();
 }
 
 void FamScreen::ShowRole() {
@@ -273,10 +278,15 @@ void FamScreen::HeadHimself() {
   Person.Refresh({&Label5[kFamilyHeadId]});
 }
 
+// A home phone that was entered among the contacts waits for the family.
+bool FamScreen::Differs() const {
+  return Person.Changed() || BirthDate.Pending() || (Phones.HomePhoneEntered() && Shares() && Members.Any());
+}
+
 // What a head's members share with him.
 std::vector<FamilyUpdate::Shared> FamScreen::SharedChanges() const {
   std::vector<FamilyUpdate::Shared> changes;
-  if (Adding() || NoMessage || !IsHead()) {
+  if (!Shares()) {
     return changes;
   }
   for (const BoundField& shared : kSharedColumns) {
@@ -285,7 +295,7 @@ std::vector<FamilyUpdate::Shared> FamScreen::SharedChanges() const {
       changes.push_back({shared.column, forms::Fitting(box.Text.get(), box.MaxLength)});
     }
   }
-  if (const auto phone = Phones.HomePhoneTyped()) {
+  if (const auto phone = Phones.NewHomePhone()) {
     changes.push_back({"pHomPho1", *phone});
   }
   return changes;

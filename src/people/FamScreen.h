@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -107,8 +108,8 @@ class FamScreen : public editing::EditingForm {
   bool NotAHead = false;
   // The members of the family stay as they are, and nobody is asked ("NO_MESSAGE").
   bool NoMessage = false;
-  // What opened the screen, for callers that know it by name alone.
-  std::string ObjParent;
+  // The host's object that the screen belongs to, as it was opened.
+  std::shared_ptr<void> ObjParent;
   session::Outcome Ended() const;
 
   void Contacts_Setup() { Phones.Setup(); }
@@ -120,7 +121,7 @@ class FamScreen : public editing::EditingForm {
 
  protected:
   void Read() override;
-  bool Differs() const override { return Person.Changed() || BirthDate.Pending(); }
+  bool Differs() const override;
   bool Check() override;
   bool Agreed() override;
   void OnTaken() override;
@@ -151,6 +152,8 @@ class FamScreen : public editing::EditingForm {
   void SaveFromButton();
   void Insert();
   void HeadHimself();
+  // His members are offered what he is given.
+  bool Shares() const;
   std::vector<FamilyUpdate::Shared> SharedChanges() const;
   void Delete();
 

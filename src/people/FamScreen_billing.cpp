@@ -21,6 +21,11 @@ void FamScreen::WireBilling() {
   };
   NextStatement.MayChange = [this] { return MayChangeStatement(); };
   for (const Field card : {kCardType, kCardNumber}) {
+    Text1.at(card).ReadOnly = true;
+    Text1.at(card).KeyPress = [this](char32_t) {
+      Tell("Please press F9 or click button.");
+      return char32_t{0};
+    };
     Text1.at(card).KeyDown = [this](forms::Key key) {
       if (key == forms::Key::F9) {
         EditCard();

@@ -75,7 +75,7 @@ void FamScreen::Register() {
   };
   Properties["NOT-A-HEAD"] = flag(NotAHead);
   Properties["NO_MESSAGE"] = flag(NoMessage);
-  Properties["ObjParent"] = {[this] { return ObjParent; }, [this](const std::string& parent) { ObjParent = parent; }};
+  Properties["ObjParent"] = {[this] { return ObjParent != nullptr ? "True" : "False"; }, nullptr};
 }
 
 void FamScreen::NameControls() {
@@ -93,9 +93,6 @@ void FamScreen::NameControls() {
   Command3D2.ToolTip = "DATABASE LIST, Left mouse - Database list";
   Command3D2.AccessibleName = "City, state and ZIP list";
   Command3D2.TabStop = false;
-  for (const Field card : {kCardType, kCardNumber}) {
-    Text1.at(card).ReadOnly = true;
-  }
   Text1[kCardType].AccessibleName = "Credit card";
   Text1[kCardNumber].AccessibleName = "Credit card number";
   Label5[kIsPatient].AccessibleName = "Patient";

@@ -36,6 +36,8 @@ class FamilyMembers : public forms::UserControl, private editing::Rules {
   // The family of the person who was read. Throws session::DatabaseError.
   void Show();
   void Keep() { layout_.Keep(); }
+  // Somebody besides the head.
+  bool Any() const { return members_.size() > 1; }
 
  protected:
   std::string Scope() const override { return {}; }

@@ -75,6 +75,7 @@ frmContacts::frmContacts(const session::ScreenContext& context)
              contacts_.Mirror(pID, side, selected.Caption.get());
            });
   }
+  OnSave([] { return true; }, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
 }
 
 void frmContacts::Read() {

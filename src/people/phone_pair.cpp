@@ -97,9 +97,9 @@ void PhonePair::Follow() {
   }
 }
 
-std::optional<std::string> PhonePair::HomePhoneTyped() const {
+std::optional<std::string> PhonePair::NewHomePhone() const {
   const forms::Label& phone = home_.contacts.front();
-  return record_.Changed(phone) ? std::optional(phone.Caption.get()) : std::nullopt;
+  return home_phone_entered_ || record_.Changed(phone) ? std::optional(phone.Caption.get()) : std::nullopt;
 }
 
 void PhonePair::ShowTaken() {
@@ -124,6 +124,7 @@ void PhonePair::Save() {
   if (!contacts_.Save(record_.Id(), shown)) {
     throw editing::Refusal(std::string(editing::kDeletedMeanwhile));
   }
+  home_phone_entered_ = false;
 }
 
 void PhonePair::Edit() {
@@ -146,7 +147,10 @@ void PhonePair::Edit() {
   if (dialog.Saved) {
     // A change to another field of the screen stays one.
     Attempt([this] {
+      const forms::Label& phone = home_.contacts.front();
+      const std::string before = record_.Stored(phone);
       Refresh();
+      home_phone_entered_ = home_phone_entered_ || record_.Stored(phone) != before;
       Setup();
     });
   }

@@ -41,8 +41,9 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   void Setup();
   // Before the record is compared with its row or written: the contacts follow the boxes.
   void Follow();
-  // What was typed in the place of the first home phone; nothing when the home box shows another contact.
-  std::optional<std::string> HomePhoneTyped() const;
+  // The first home phone, when another one was typed or, since the last save, entered among the contacts.
+  std::optional<std::string> NewHomePhone() const;
+  bool HomePhoneEntered() const { return home_phone_entered_; }
   // After stored values took the place of what was typed: a contact's stored value shows in its box, below its name.
   // Throws session::DatabaseError.
   void ShowTaken();
@@ -73,6 +74,7 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   SideFields home_{.side = editing::Side::Home, .box = parts_.home};
   SideFields work_{.side = editing::Side::Work, .box = parts_.work};
   std::set<editing::Side> typed_;
+  bool home_phone_entered_ = false;  // among the contacts, where it is saved at once
 };
 
 }  // namespace people
