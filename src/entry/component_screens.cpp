@@ -71,8 +71,12 @@ bool ComponentScreens::AcceptLogin(std::int32_t login) {
   std::string name;
   const data::Statements statements(context_.session);
   const bool read = editing::Rules(context_).Attempt([&] {
-    name = session::ToText(statements.SelectValue("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(login) +
-                                                  statements.Office(" and (OfficeID = ", ") ")));
+    const auto row = statements.Select("SELECT PWMUseNam FROM PWMTable WHERE PWMID=" + data::Literal(login) +
+                                       statements.Office(" and (OfficeID = ", ") "));
+    if (row->Eof()) {
+      throw editing::Refusal("Login " + std::to_string(login) + " was not found in the database.");
+    }
+    name = session::ToText((*row)["PWMUseNam"]);
   });
   return read && context_.user.Ask({.text = "New Employees entered through the Setup Login Name screen will be "
                                             "automatically be associated with the login name and rights selected on "

@@ -118,7 +118,10 @@ void EditingScreen::Load_PatInfo_Small(std::string& id, const std::string& typed
 void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::string& id) {
   const auto kind = PersonKind(person_type);
   if (!kind) {
-    BeginCall();
+    if (BeginCall() != nullptr) {
+      user_.Tell(editing::Rules::ToldBack(person_type) + " is no type of person.", std::string(forms::kSuiteTitle),
+                 forms::Icon::Information);
+    }
     return;
   }
   if (OpenScreenOf(*kind) != nullptr) {  // the host hears of it, and has its own way to say so
@@ -127,9 +130,9 @@ void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::stri
   }
   session::Opening opening{.kind = *kind, .new_employee_login = NewEmployeePasswordID, .owner = frmOwner};
   const bool adds = ReadId(id, opening) && opening.IsNew();
-  const auto outcome = EditById(opening, id);
-  if (outcome && (adds || outcome->end != Outcome::End::Cancelled)) {
-    id = IdText(*outcome).value_or(id);
+  const Outcome outcome = EditById(opening, id).value_or(Outcome{});
+  if (adds || outcome.end != Outcome::End::Cancelled) {
+    id = IdText(outcome).value_or(id);
   }
 }
 

@@ -136,10 +136,19 @@ const Screen& ScreenOf(RecordKind kind) {
   throw std::logic_error("no screen edits records of this kind");
 }
 
-// The patient whose quick screen is open; 0 for none.
-std::int32_t PatientBeingEdited() {
-  const auto* screen = dynamic_cast<const people::patScreen_SM*>(OpenScreenOf(RecordKind::Patient));
-  return screen == nullptr ? 0 : screen->pID;
+template <typename T>
+bool Shows(RecordKind kind, std::int32_t person) {
+  const auto* screen = dynamic_cast<const T*>(OpenScreenOf(kind));
+  return screen != nullptr && screen->pID == person;
+}
+
+// A patient is not edited in his own screen and in the family's at a time.
+bool IsBeingEdited(const Opening& opening) {
+  if (opening.IsNew()) {
+    return false;
+  }
+  return (opening.kind == RecordKind::FamilyMember && Shows<people::patScreen_SM>(RecordKind::Patient, opening.id)) ||
+         (opening.kind == RecordKind::Patient && Shows<people::FamScreen>(RecordKind::FamilyMember, opening.id));
 }
 
 }  // namespace
@@ -172,7 +181,7 @@ Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
   if (OpenScreenOf(opening.kind) != nullptr) {
     return {.end = Outcome::End::AlreadyOpen};
   }
-  if (opening.kind == RecordKind::FamilyMember && opening.id != 0 && opening.id == PatientBeingEdited()) {
+  if (IsBeingEdited(opening)) {
     editing::Rules(context).TellIsBeingEdited();
     return {};
   }
@@ -183,7 +192,7 @@ Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
       joining.mode = Opening::Mode::Existing;
       joining.id = outcome.id;
       joining.joins = true;
-      outcome = screen.edit(context, joining);
+      outcome = EditRecord(context, joining);
     }
     return outcome;
   }
