@@ -93,8 +93,11 @@ void PrintPersons(Desk& desk, const std::string& more_columns) {
 std::vector<Stop> Stops(Desk& desk) {
   views::WxUser& user = desk.User();
   const std::string patient = std::to_string(FirstOf(desk, "pTypPat >= '1'"));
-  const std::string insured = std::to_string(
-      FirstOf(desk, "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0)"));
+  const std::string head = std::to_string(
+      FirstOf(desk,
+              "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0) AND pID IN "
+              "(SELECT pFAMHEAIND FROM PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
+  const std::string member = std::to_string(FirstOf(desk, "pFAMHEAIND = " + head + " AND pID <> " + head));
   const auto open_form = [&desk](const std::string& name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
       const auto form = entry::MakeForm(name, desk.Context());
@@ -152,8 +155,18 @@ std::vector<Stop> Stops(Desk& desk) {
          dynamic_cast<forms::Button&>(*form.Find("DialogButtons1.Help")).DoClick();
        }},
       {"frmContacts", open_form("frmContacts", {{"pID", patient}})},
-      {"frmCreditCard", open_form("frmCreditCard", {{"pID", patient}})},
-      {"FamScreen", open_form("FamScreen", {{"Mode", insured}})},
+      {"FamScreen",
+       [&desk, head, open = open_form("FamScreen", {{"Mode", head}})] {
+         const session::ScreenContext context = desk.Context();
+         context.session.Connection().Execute(context.session.PrepareSQL(
+             "UPDATE PATable SET pEmpID2=(SELECT MAX(elID) FROM ELTable WHERE elInsID<>0), pCRECARTYP='Visa', "
+             "pCRECARNUM='4111111111111111' WHERE pID=" +
+                 head,
+             1));
+         open();
+       }},
+      {"FamScreen-member", open_form("FamScreen", {{"Mode", member}})},
+      {"frmCreditCard", open_form("frmCreditCard", {{"pID", head}})},
       {"FamScreen-new", open_form("FamScreen", {{"Mode", "NEW"}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},
