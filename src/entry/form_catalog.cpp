@@ -144,7 +144,7 @@ bool Shows(RecordKind kind, std::int32_t person) {
 
 // A patient is not edited in his own screen and in the family's at a time.
 bool IsBeingEdited(const Opening& opening) {
-  if (opening.IsNew()) {
+  if (opening.IsNew() || opening.id == 0) {
     return false;
   }
   return (opening.kind == RecordKind::FamilyMember && Shows<people::patScreen_SM>(RecordKind::Patient, opening.id)) ||
