@@ -26,6 +26,7 @@ wxPanel* MakeOptions(wxWindow* parent, forms::Panel& panel, std::array<forms::Op
   wxPanel* on = MakePanel(parent, panel);
   wxWindow* first = MakeOption(on, options[0], true);
   on->SetSizer(InARow(on, {first, MakeOption(on, options[1], false)}));
+  on->Fit();  // until its page is laid out
   return on;
 }
 
