@@ -224,7 +224,7 @@ class LinkCheck {
                (gone ? "gone." : "a member of another one."),
            [&] {
              if (families.HeadOf(session::ToId(row[0])) == head) {  // one before may have put it right
-               gone ? families.MakeHead(session::ToId(row[0])) : families.HeadHimself(head);
+               families.Make(gone ? families.MakingHead(session::ToId(row[0])) : families.HeadingHimself(head));
              }
            });
     }
@@ -240,7 +240,7 @@ class LinkCheck {
               "(FamTable.fRSPID Is Null) AND (PATable.pFAMHEAIND<>0) AND (PATable.pTypPat>='1'))" +
               statements_.Office(" and (PATable.OfficeID = ", ") "))) {
       Tell(Of(row[0]) + "the family row is missing or tells another family.",
-           [&] { families.Add(session::ToId(row[0]), session::ToId(row[0])); });
+           [&] { families.Make(families.Adding(session::ToId(row[0]), session::ToId(row[0]))); });
     }
     for (const Row& row :
          Rows(Sql("SELECT DISTINCT FamTable.fMEMID FROM FamTable LEFT JOIN PATable ON FamTable.fMEMID "

@@ -18,8 +18,9 @@ std::vector<Holding> Held(const Holdings& holdings, std::int32_t person, std::in
 
 }  // namespace
 
-// Each entry is written before what it tells of.
-void ChangeEmployerPlace(session::Session& session, std::int32_t person, std::int32_t from, std::int32_t to) {
+std::vector<session::LogEntry> ChangeEmployerPlace(session::Session& session, std::int32_t person, std::int32_t from,
+                                                   std::int32_t to) {
+  std::vector<session::LogEntry> entries;
   const Holdings holdings(session);
   const Coverages coverages(session);
   const auto link = PlanLinks(session).Get(to);
@@ -32,21 +33,21 @@ void ChangeEmployerPlace(session::Session& session, std::int32_t person, std::in
   for (const Holding& old : from == to ? std::vector<Holding>() : Held(holdings, person, from)) {
     const auto through = coverages.Through(old.id);
     for (const Coverage& covered : through) {
-      session.Log(CoverageEntry(session, covered.patient, covered.order, before, after));
+      entries.push_back(CoverageEntry(session, covered.patient, covered.order, before, after));
       if (!insured) {
         coverages.Remove(covered.id);
       }
     }
     if (through.empty() && !insured) {
-      session::LogEntry entry = DeletedEntry(session, SharedRecord::PlanLink, from);
-      entry.person = person;
-      session.Log(entry);
+      entries.push_back(DeletedEntry(session, SharedRecord::PlanLink, from));
+      entries.back().person = person;
     }
     insured ? holdings.Change(person, from, to) : holdings.Remove(old.id);
   }
   if (insured && !std::ranges::any_of(Held(holdings, person, to), &Holding::live)) {
     holdings.Add(person, to);
   }
+  return entries;
 }
 
 }  // namespace data

@@ -24,24 +24,26 @@ bool Families::HeadsOthers(std::int32_t person) const {
                                                   ") AND (pID<>" + Literal(person) + ")" + statements_.Office()));
 }
 
-void Families::HeadHimself(std::int32_t person) const {
-  Put({person}, person);
-}
-
-void Families::Add(std::int32_t person, std::int32_t to) const {
+Families::Change Families::Adding(std::int32_t person, std::int32_t to) const {
   const std::int32_t head = HeadOf(to);
-  Put({head, person}, head);
+  return {{head, person}, head};
 }
 
-void Families::MakeHead(std::int32_t person) const {
-  Put(Of(HeadOf(person)), person);
+Families::Change Families::MakingHead(std::int32_t person) const {
+  return {Of(HeadOf(person)), person};
+}
+
+void Families::Make(const Change& change) const {
+  session::Transaction transaction(database_.Connection());
+  Put(change);
+  transaction.Commit();
 }
 
 void Families::Remove(std::int32_t person) const {
   const Sql id = Literal(person);
   for (const std::int32_t left :
        Ids("SELECT pID FROM PATable WHERE (pFAMHEAIND=" + id + ") AND (pID<>" + id + ")" + statements_.Office())) {
-    HeadHimself(left);
+    Put(HeadingHimself(left));
   }
   for (const std::int32_t other :
        Ids("SELECT fMEMID FROM FamTable WHERE (fRSPID=" + id + ") AND (fMEMID<>" + id + ")" + statements_.Office())) {
@@ -50,15 +52,14 @@ void Families::Remove(std::int32_t person) const {
   statements_.Execute("DELETE * FROM FamTable WHERE fMEMID=" + id + statements_.Office());
 }
 
-// In one statement, so that no family is ever without its head.
-void Families::Put(const std::vector<std::int32_t>& persons, std::int32_t head) const {
+void Families::Put(const Change& change) const {
   Sql ids;
-  for (const std::int32_t person : persons) {
-    Repeat(person, head);
+  for (const std::int32_t person : change.persons) {
+    Repeat(person, change.head);
     ids += (ids.Empty() ? Sql() : Sql(", ")) + Literal(person);
   }
   if (!ids.Empty()) {
-    statements_.Execute("UPDATE PATable SET pFAMHEAIND=" + Literal(head) + " WHERE (pID IN (" + ids + "))" +
+    statements_.Execute("UPDATE PATable SET pFAMHEAIND=" + Literal(change.head) + " WHERE (pID IN (" + ids + "))" +
                         statements_.Office());
   }
 }

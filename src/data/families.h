@@ -9,11 +9,10 @@ namespace data {
 
 // Who belongs to whom: `PATable.pFAMHEAIND`, which decides, and the row of `FamTable` that repeats it for every person,
 // heads included. A person who names himself, 0 or nobody is a head. Whatever is written leaves both in step for those
-// whom it concerns, with rows that were missing. `FamTable` comes first, so that what stops half-way has changed
-// nobody's family, and the same call finishes it. All throw session::DatabaseError.
+// whom it concerns, with rows that were missing, in one transaction. All throw session::DatabaseError.
 class Families {
  public:
-  explicit Families(session::Database& database) : statements_(database) {}
+  explicit Families(session::Database& database) : database_(database), statements_(database) {}
 
   // The person himself for a head.
   std::int32_t HeadOf(std::int32_t person) const;
@@ -23,21 +22,30 @@ class Families {
   static Sql Belongs(std::int32_t head);
   bool HeadsOthers(std::int32_t person) const;
 
-  // A new person, or a member who leaves his family, heads himself.
-  void HeadHimself(std::int32_t person) const;
+  // Whose rows are written, and whom they name from then on.
+  struct Change {
+    std::vector<std::int32_t> persons;
+    std::int32_t head = 0;
+  };
   // To another person's family. One who heads others is not added.
-  void Add(std::int32_t person, std::int32_t to) const;
+  Change Adding(std::int32_t person, std::int32_t to) const;
   // The person heads the family that he is in.
-  void MakeHead(std::int32_t person) const;
-  // The family rows of a person who is deleted go; who names him nevertheless heads himself.
+  Change MakingHead(std::int32_t person) const;
+  // A new person, or a member who leaves his family, heads himself.
+  static Change HeadingHimself(std::int32_t person) { return {{person}, person}; }
+  void Make(const Change& change) const;
+
+  // The family rows of a person who is deleted go, in the caller's transaction; who names him nevertheless heads
+  // himself.
   void Remove(std::int32_t person) const;
 
  private:
-  void Put(const std::vector<std::int32_t>& persons, std::int32_t head) const;
+  void Put(const Change& change) const;
   // In `FamTable`: exactly one row.
   void Repeat(std::int32_t person, std::int32_t head) const;
   std::vector<std::int32_t> Ids(const Sql& select) const;
 
+  session::Database& database_;
   Statements statements_;
 };
 

@@ -34,6 +34,15 @@ std::string NameOfPerson(const Statements& statements, std::int32_t person) {
   return NameWhere(statements, person, {});
 }
 
+std::string ToldPerson(const Statements& statements, std::int32_t person) {
+  const std::string name = NameOfPerson(statements, person);
+  return name.empty() ? PersonByNumber(person) : name;
+}
+
+std::string PersonByNumber(std::int32_t person) {
+  return "Person " + std::to_string(person);
+}
+
 std::string NameOfReferral(const Statements& statements, std::int32_t person) {
   return NameWhere(statements, person, Words(" AND (pTypRef='1' OR pTypRef='2')"));
 }

@@ -17,7 +17,10 @@ std::string MaskedSsn(const session::Value& ssn);
 
 // As `LastFirst`; empty for 0 and for a person who is not there. Throws session::DatabaseError.
 std::string NameOfPerson(const Statements& statements, std::int32_t person);
-// The same of a person who is a referral source; empty for another.
+// The same, but "Person 88" for who has no name or is not there.
+std::string ToldPerson(const Statements& statements, std::int32_t person);
+std::string PersonByNumber(std::int32_t person);
+// As `NameOfPerson` of a person who is a referral source; empty for another.
 std::string NameOfReferral(const Statements& statements, std::int32_t person);
 
 // The statement for ID, last and first name of the persons who have the type flag ("pTypRef"), by name; `named` is a

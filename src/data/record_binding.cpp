@@ -165,15 +165,27 @@ std::int32_t RecordBinding::Insert() {
 }
 
 void RecordBinding::Update() {
+  Write();
+  MarkUpdated();
+}
+
+void RecordBinding::Write() const {
   Assignments values;
-  std::vector<Binding*> due;
-  for (Binding& binding : bindings_) {
+  for (const Binding& binding : bindings_) {
     if (Due(binding)) {
       values.emplace_back(binding.column, LiteralOf(binding));
-      due.push_back(&binding);
     }
   }
   statements_.Update(table_, values, key_, id_);
+}
+
+void RecordBinding::MarkUpdated() {
+  std::vector<Binding*> due;
+  for (Binding& binding : bindings_) {
+    if (Due(binding)) {
+      due.push_back(&binding);
+    }
+  }
   for (Binding* binding : due) {
     MarkWritten(*binding);
   }

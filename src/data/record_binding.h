@@ -57,6 +57,9 @@ class RecordBinding {
   std::int32_t Insert();
   // Updates the columns of the fields that changed; writes nothing when none did.
   void Update();
+  // The two halves of it, where a transaction decides whether the update stays.
+  void Write() const;
+  void MarkUpdated();
 
   // A column that is about to be updated, and that somebody else has given another value since it was read.
   struct Conflict {

@@ -69,7 +69,8 @@ void EditingForm::RunSteps() {
   RequireHold();
   const forms::WaitText wait(context_.user, "  Saving - Please Wait  ");
   for (Step& step : steps_) {
-    step.pending = step.pending || step.due();
+    const bool due = step.due();  // a step may note what is due, on top of what was
+    step.pending = step.pending || due;
   }
   for (Step& step : steps_) {
     if (step.pending) {

@@ -11,10 +11,6 @@ namespace {
 using data::Literal;
 using session::ToText;
 
-std::string PersonByNumber(std::int32_t id) {
-  return "Person " + std::to_string(id);
-}
-
 std::string InUse(const session::Suite& suite, std::int32_t person) {
   if (suite.HeldByAnother("PATABLE", person)) {
     return "Another user is accessing this patient's information, cannot delete.";
@@ -68,7 +64,7 @@ DeletedPerson DeletedPerson::Read(const data::Statements& statements, std::int32
       "SELECT pLASNAM, pFIRNAM, pFAMHEAIND, pTypPat, pTypDoc, pTypEmp FROM PATable WHERE pID=" + Literal(id) +
       statements.Office());
   if (row->Eof()) {
-    throw Refusal(PersonByNumber(id) + " was not found in the database. Nothing was changed.");
+    throw Refusal(data::PersonByNumber(id) + " was not found in the database. Nothing was changed.");
   }
   const auto is_set = [&row](std::size_t flag) { return ToText(row->Get(flag)) >= "1"; };
   DeletedPerson person{.id = id,
@@ -78,7 +74,7 @@ DeletedPerson DeletedPerson::Read(const data::Statements& statements, std::int32
                        .provider = is_set(4),
                        .employee = is_set(5)};
   if (person.name.empty()) {
-    person.name = PersonByNumber(id);
+    person.name = data::PersonByNumber(id);
   }
   return person;
 }
@@ -131,8 +127,7 @@ bool PersonDeletion::AcceptsLostCoverage(const DeletedPerson& person) const {
   if (person.IsHead()) {
     return true;
   }
-  const std::string head = data::NameOfPerson(statements_, person.family_head);
-  return Confirm(person.name + " is a member of " + (head.empty() ? PersonByNumber(person.family_head) : head) +
+  return Confirm(person.name + " is a member of " + data::ToldPerson(statements_, person.family_head) +
                  "'s family. Deleting this patient could affect insurance coverage for other members of this family."
                  "\r\nAre you sure you want to delete " +
                  person.name + "?");
@@ -147,7 +142,9 @@ std::string PersonDeletion::FamilyObstacle(const DeletedPerson& person) const {
 }
 
 void PersonDeletion::Delete(const DeletedPerson& person) const {
+  session::Transaction transaction(context_.session.Connection());
   data::RemovePerson(context_.session, person.id);
+  transaction.Commit();
 }
 
 }  // namespace editing

@@ -110,7 +110,9 @@ void FamScreen::WireFamily() {
   Employers.Save = [this] { return Save(); };
   Members.Unsaved = [this] { return Unsaved(); };
   Members.Save = [this] { return Save(); };
-  Members.HeadChanged = [this] {
+  Members.RequireHold = [this] { RequireHold(); };
+  Members.FamilyChanged = [this](bool written) {
+    Saved = Saved || written;
     NotAHead = false;  // the row tells now
     ShowRole();
   };
@@ -123,18 +125,16 @@ void FamScreen::WireSaving() {
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
   OnSave(adding, [this] { HeadHimself(); });
-  OnSave([this] { return Employers.Relinked(); }, [this] { Employers.Follow(); });
-  OnSave(always, [this] { Person.Update(); });
+  OnSave(always, [this] { Update(); });
   OnSave([this] { return Person.NicknameChanged(); }, [this] { Person.WriteNickname(); });
-  OnSave(
-      [this] {
-        shared_ = SharedChanges();
-        return !shared_.empty();
-      },
-      [this] { family_.Offer(pID, shared_); });
+  OnSave([this] { return NoteSharedChanges(); },
+         [this] {
+           family_.Offer(pID, shared_);
+           shared_.clear();
+         });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
-  OnSave(adding, [this] { Members.Show(); });
+  OnSave(always, [this] { Members.Show(); });
 }
 
 void FamScreen::Read() {
@@ -217,6 +217,9 @@ void FamScreen::TakeIsPatient() {
 }
 
 editing::EditingForm::ClosingQuestion FamScreen::OnClosing() const {
+  if (!Differs()) {
+    return EditingForm::OnClosing();
+  }
   if (Adding()) {
     return {.text = "New entry, " + Person.FullName() + ", has not been saved. Save now?", .offers_to_save = true};
   }
@@ -274,7 +277,7 @@ void FamScreen::Insert() {
 }
 
 void FamScreen::HeadHimself() {
-  data::Families(context_.session).HeadHimself(pID);
+  data::Families(context_.session).Make(data::Families::HeadingHimself(pID));
   Person.Refresh({&Label5[kFamilyHeadId]});
 }
 
@@ -283,22 +286,43 @@ bool FamScreen::Differs() const {
   return Person.Changed() || BirthDate.Pending() || (Phones.HomePhoneEntered() && Shares() && Members.Any());
 }
 
-// What a head's members share with him.
-std::vector<FamilyUpdate::Shared> FamScreen::SharedChanges() const {
-  std::vector<FamilyUpdate::Shared> changes;
-  if (!Shares()) {
-    return changes;
+// The links and what is held and covered through them change together, or not at all.
+void FamScreen::Update() {
+  if (!Employers.Relinked()) {
+    Person.Update();
+    return;
   }
+  session::Transaction transaction(context_.session.Connection());
+  const auto entries = Employers.Follow();
+  Person.Write();
+  for (const session::LogEntry& entry : entries) {
+    context_.session.Log(entry);
+  }
+  transaction.Commit();
+  Person.MarkUpdated();
+  Employers.Followed();
+}
+
+// What a head's members share with him. They are told the latest of what they have not been told yet.
+bool FamScreen::NoteSharedChanges() {
+  if (!Shares()) {
+    return false;
+  }
+  const auto note = [this](data::Words column, const std::optional<std::string>& typed, const std::string& shown) {
+    const auto noted = std::ranges::find(shared_, column.Text(), [](const auto& one) { return one.column.Text(); });
+    if (noted != shared_.end()) {
+      noted->value = shown;
+    } else if (typed) {
+      shared_.push_back({column, *typed});
+    }
+  };
   for (const BoundField& shared : kSharedColumns) {
     const forms::TextBox& box = Text1.at(shared.index);
-    if (Person.Changed(box)) {
-      changes.push_back({shared.column, forms::Fitting(box.Text.get(), box.MaxLength)});
-    }
+    const std::string shown = forms::Fitting(box.Text.get(), box.MaxLength);
+    note(shared.column, Person.Changed(box) ? std::optional(shown) : std::nullopt, shown);
   }
-  if (const auto phone = Phones.NewHomePhone()) {
-    changes.push_back({"pHomPho1", *phone});
-  }
-  return changes;
+  note("pHomPho1", Phones.NewHomePhone(), Phones.HomePhone());
+  return !shared_.empty();
 }
 
 // He is held as long as the screen is open.

@@ -152,14 +152,15 @@ class FamScreen : public editing::EditingForm {
   void SaveFromButton();
   void Insert();
   void HeadHimself();
+  void Update();
   // His members are offered what he is given.
   bool Shares() const;
-  std::vector<FamilyUpdate::Shared> SharedChanges() const;
+  bool NoteSharedChanges();
   void Delete();
 
   DuplicatePerson duplicate_;
   FamilyUpdate family_;
-  std::vector<FamilyUpdate::Shared> shared_;  // of the save that is running
+  std::vector<FamilyUpdate::Shared> shared_;  // what the members are still to be told
   bool deleted_ = false;
 };
 

@@ -45,7 +45,7 @@ EmployerSlot::EmployerSlot(const session::ScreenContext& context, EmployerSlots&
 }
 
 std::string EmployerSlot::Prompt() const {
-  return "Type name of employer " + number_ + ".";
+  return "Type name of employer " + number_;
 }
 
 std::int32_t EmployerSlot::Link() const {
@@ -212,7 +212,7 @@ void EmployerSlot::UnLink() {
   } else if (answer == Answer::UnLink &&
              Confirm("Un-linking an employer can affect coverage for other family members. All current changes will "
                      "be saved. Are you sure you want to un-link " +
-                         employer_name_ + "?",
+                         ToldEmployer() + "?",
                      "Un-link " + name_)) {
     Clear();
   }
@@ -222,6 +222,10 @@ void EmployerSlot::Clear() {
   parts_.link.Caption = "0";
   Show(nullptr);
   slots_.Save();
+}
+
+std::string EmployerSlot::ToldEmployer() const {
+  return employer_name_.empty() ? name_ : employer_name_;
 }
 
 // What he holds goes on through the other employer, who offers the plan from then on.
@@ -234,9 +238,9 @@ bool EmployerSlot::Replace() {
   const bool done = Attempt([&] {
     const PlanLinks links(context_.session);
     const bool insured = carrier_ != 0 || plan_ != 0;
-    if (!Confirm((insured ? "Insurance coverage through " + employer_name_ + " will go on through the new employer. "
+    if (!Confirm((insured ? "Insurance coverage through " + ToldEmployer() + " will go on through the new employer. "
                           : std::string()) +
-                     "All current changes will be saved. Are you sure you want to replace " + employer_name_ + "?",
+                     "All current changes will be saved. Are you sure you want to replace " + ToldEmployer() + "?",
                  "Replace " + name_)) {
       return;
     }

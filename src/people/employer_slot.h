@@ -57,6 +57,8 @@ class EmployerSlot : public editing::SearchedField, private editing::Rules {
  private:
   bool MayLink() const;
   bool MayEdit(std::string_view what) const;
+  // His name, or the slot's where the link leads to none.
+  std::string ToldEmployer() const;
   // 0 when none was chosen, or entered.
   std::int32_t ChooseEmployer();
   std::int32_t NewEmployer(const std::string& name);

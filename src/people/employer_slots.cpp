@@ -106,9 +106,7 @@ void EmployerSlots::Attach(editing::NameSearch& search) {
 }
 
 void EmployerSlots::Read() {
-  for (std::size_t i = 0; i < kCount; ++i) {
-    read_.at(i) = LinkIn(links_.at(i));
-  }
+  Followed();
   Show();
 }
 
@@ -170,15 +168,21 @@ std::array<std::int32_t, EmployerSlots::kCount> EmployerSlots::Stored() const {
 
 // What the row names now is what the person's coverage goes through, whoever wrote it. A link that moved to another
 // slot is not left.
-void EmployerSlots::Follow() {
+std::vector<session::LogEntry> EmployerSlots::Follow() const {
+  std::vector<session::LogEntry> entries;
   const auto stored = Stored();
   for (std::size_t i = 0; i < kCount; ++i) {
     const std::int32_t to = slots_.at(i).Link();
     if (to != read_.at(i)) {
       const std::int32_t from = Naming(stored.at(i)) == nullptr ? stored.at(i) : 0;
-      data::ChangeEmployerPlace(context_.session, person_.Id(), from, to);
+      std::ranges::move(data::ChangeEmployerPlace(context_.session, person_.Id(), from, to),
+                        std::back_inserter(entries));
     }
   }
+  return entries;
+}
+
+void EmployerSlots::Followed() {
   for (std::size_t i = 0; i < kCount; ++i) {
     read_.at(i) = slots_.at(i).Link();
   }

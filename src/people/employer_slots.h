@@ -51,8 +51,9 @@ class EmployerSlots : public forms::UserControl, private editing::Rules {
   // Another link stands in a slot than was read.
   bool Relinked() const;
   // Before the record is written: what the person holds, and who is covered through it, follows. Throws
-  // session::DatabaseError.
-  void Follow();
+  // session::DatabaseError. Returns what the logs are told when the record is written; then comes `Followed`.
+  std::vector<session::LogEntry> Follow() const;
+  void Followed();
 
   // For the slots: the one that names a link already; nullptr for none.
   const EmployerSlot* Naming(std::int32_t link) const;

@@ -1,8 +1,10 @@
 #include "people/family_members.h"
 
 #include <algorithm>
+#include <deque>
 #include <memory>
 
+#include "data/literal.h"
 #include "data/persons.h"
 #include "editing/editing_form.h"
 #include "people/name_entry.h"
@@ -111,7 +113,7 @@ std::int32_t FamilyMembers::HeadId() const {
 }
 
 std::string FamilyMembers::HeadName() const {
-  return data::NameOfPerson(statements_, HeadId());
+  return data::ToldPerson(statements_, HeadId());
 }
 
 // The head neither leaves his family nor becomes what he is.
@@ -152,7 +154,7 @@ std::int32_t FamilyMembers::ChooseMember() {
 
 void FamilyMembers::Join(std::int32_t person) {
   const data::Families families(context_.session);
-  const std::string name = data::NameOfPerson(statements_, person);
+  const std::string name = data::ToldPerson(statements_, person);
   const std::int32_t head = families.HeadOf(person);
   if (head == HeadId()) {
     Tell(name + " is in this family already.", forms::Icon::Information);
@@ -167,14 +169,14 @@ void FamilyMembers::Join(std::int32_t person) {
   }
   const std::string family = HeadName() + "'s family";
   const std::string question = head == person ? "Add " + name + " to " + family + "?"
-                                              : name + " is a member of " + data::NameOfPerson(statements_, head) +
+                                              : name + " is a member of " + data::ToldPerson(statements_, head) +
                                                     "'s family.\r\nMove " + name + " to " + family + "?";
   if (Confirm(question, "Add Member")) {
-    Change({person}, [&](const data::Families& all) {
+    Change(person, head, [&](const data::Families& all) {
       if (all.HeadsOthers(person)) {
         throw Refusal(name + " has become a Family Head meanwhile. Nothing was changed.");
       }
-      all.Add(person, HeadId());
+      return all.Adding(person, HeadId());
     });
   }
 }
@@ -185,7 +187,7 @@ void FamilyMembers::Detach(const Member& member) {
     if (Confirm("Detach " + leaves.name + " from " + HeadName() + "'s family?\r\n" + leaves.name +
                     " will head a family alone. Insurance coverage stays as it is.",
                 "Detach Member")) {
-      Change({leaves.id}, [&](const data::Families& families) { families.HeadHimself(leaves.id); });
+      Change(leaves.id, HeadId(), [&](const data::Families&) { return data::Families::HeadingHimself(leaves.id); });
     }
   });
 }
@@ -196,32 +198,74 @@ void FamilyMembers::MakeHead(const Member& member) {
     if (Confirm("Make " + heads.name + " the head of " + HeadName() + "'s family?\r\n" + HeadName() +
                     " will be a member of it.",
                 "Family Head")) {
-      std::vector<std::int32_t> all;
-      std::ranges::transform(members_, std::back_inserter(all), &Member::id);
-      Change(all, [&](const data::Families& families) { families.MakeHead(heads.id); });
+      Change(heads.id, HeadId(), [&](const data::Families& families) { return families.MakingHead(heads.id); });
     }
   });
 }
 
-void FamilyMembers::Change(const std::vector<std::int32_t>& persons,
-                           const std::function<void(const data::Families&)>& change) {
-  std::vector<std::unique_ptr<editing::RecordHold>> holds;
-  for (const std::int32_t person : persons) {
-    if (person != person_.Id()) {
-      holds.push_back(std::make_unique<editing::RecordHold>(context_.session, "PATABLE", person));
-      if (holds.back()->Holder()) {
-        throw Refusal(data::NameOfPerson(statements_, person) + ": " + editing::HeldText(*holds.back()->Holder()) +
-                      " Nothing was changed.");
-      }
+void FamilyMembers::Change(std::int32_t member, std::int32_t seen_head, const Plan& plan) {
+  try {
+    Write(member, seen_head, plan);
+  } catch (const Refusal&) {  // what the person has seen may not be so any more
+    Reread();
+    FamilyChanged(false);
+    throw;
+  }
+  Reread();
+  FamilyChanged(true);
+}
+
+// The family may change until its records are held.
+void FamilyMembers::Write(std::int32_t member, std::int32_t seen_head, const Plan& plan) const {
+  const data::Families families(context_.session);
+  RequireFamily(member, seen_head);
+  const auto planned = plan(families);
+  std::deque<editing::RecordHold> holds;
+  for (const std::int32_t person : planned.persons) {
+    RequireRow(person);
+    if (person == person_.Id()) {
+      continue;
+    }
+    if (const auto& holder = holds.emplace_back(context_.session, "PATABLE", person).Holder()) {
+      throw Refusal(data::ToldPerson(statements_, person) + ": " + editing::HeldText(*holder) +
+                    " Nothing was changed.");
     }
   }
-  change(data::Families(context_.session));
-  for (const std::int32_t person : persons) {
+  RequireHold();
+  RequireFamily(member, seen_head);
+  if (plan(families).persons != planned.persons) {
+    throw Refusal("Another user has changed this family. Nothing was changed.");
+  }
+  families.Make(planned);
+  for (const std::int32_t person : planned.persons) {
     context_.session.RecordHandOff("pID", "PaTable", person);
   }
+}
+
+void FamilyMembers::RequireRow(std::int32_t person) const {
+  if (session::IsNull(statements_.SelectValue("SELECT pID FROM PATable WHERE pID=" + data::Literal(person) +
+                                              statements_.Office()))) {
+    throw Refusal(data::PersonByNumber(person) + " was not found in the database. Nothing was changed.");
+  }
+}
+
+void FamilyMembers::RequireFamily(std::int32_t member, std::int32_t seen_head) const {
+  const data::Families families(context_.session);
+  const auto require_head = [&](std::int32_t person, std::int32_t head) {
+    RequireRow(person);
+    if (families.HeadOf(person) != head) {
+      throw Refusal(data::ToldPerson(statements_, person) +
+                    (head == HeadId() ? " is no longer in this family." : " is in another family by now.") +
+                    " Nothing was changed.");
+    }
+  };
+  require_head(person_.Id(), HeadId());
+  require_head(member, seen_head);
+}
+
+void FamilyMembers::Reread() {
   person_.Refresh({&head_});
   Show();
-  HeadChanged();
 }
 
 }  // namespace people

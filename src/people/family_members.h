@@ -28,10 +28,12 @@ class FamilyMembers : public forms::UserControl, private editing::Rules {
   forms::Button cmdDetachMember;
   forms::Button cmdMakeHead;
 
-  // The screen's own: whether anything waits to be saved, the save, and what follows when the person's head is another.
+  // The screen's own: whether anything waits to be saved, the save, its hold on the person, and what follows when his
+  // family was changed, or is another than the screen showed.
   std::function<bool()> Unsaved;
   std::function<bool()> Save;
-  std::function<void()> HeadChanged;
+  std::function<void()> RequireHold;
+  std::function<void(bool written)> FamilyChanged;
 
   // The family of the person who was read. Throws session::DatabaseError.
   void Show();
@@ -62,8 +64,14 @@ class FamilyMembers : public forms::UserControl, private editing::Rules {
   void Join(std::int32_t person);
   void Detach(const Member& member);
   void MakeHead(const Member& member);
-  // With the records of all whom it concerns held, but for the screen's own; the host hears of each.
-  void Change(const std::vector<std::int32_t>& persons, const std::function<void(const data::Families&)>& change);
+  // Only while the member's head is still the one whom the person has seen.
+  using Plan = std::function<data::Families::Change(const data::Families&)>;
+  void Change(std::int32_t member, std::int32_t seen_head, const Plan& plan);
+  // With all records held that it writes, but for the screen's own; the host hears of each. Throws editing::Refusal.
+  void Write(std::int32_t member, std::int32_t seen_head, const Plan& plan) const;
+  void RequireRow(std::int32_t person) const;
+  void RequireFamily(std::int32_t member, std::int32_t seen_head) const;
+  void Reread();
 
   data::RecordBinding& person_;
   forms::Label& head_;

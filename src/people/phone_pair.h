@@ -44,6 +44,8 @@ class PhonePair : public forms::UserControl, private editing::Rules {
   // The first home phone, when another one was typed or, since the last save, entered among the contacts.
   std::optional<std::string> NewHomePhone() const;
   bool HomePhoneEntered() const { return home_phone_entered_; }
+  // The first home phone, shown or not.
+  const std::string& HomePhone() const { return home_.contacts.front().Caption; }
   // After stored values took the place of what was typed: a contact's stored value shows in its box, below its name.
   // Throws session::DatabaseError.
   void ShowTaken();

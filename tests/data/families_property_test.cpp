@@ -92,26 +92,31 @@ class AnyFamilies : public testing::TestWithParam<std::int32_t> {
           return {};
         }
         heads_[person] = heads_[other];
-        return [=] { families.Add(person, other); };
+        return [=] { families.Make(families.Adding(person, other)); };
       case 1:
         heads_[person] = person;
-        return [=] { families.HeadHimself(person); };
+        return [=] { families.Make(data::Families::HeadingHimself(person)); };
       case 2:
         for (const std::int32_t head = heads_[person]; auto& [member, his] : heads_) {
           his = his == head ? person : his;
         }
-        return [=] { families.MakeHead(person); };
+        return [=] { families.Make(families.MakingHead(person)); };
       default:
         if (HeadsOthers(person) || heads_.size() < 4) {
           return {};
         }
         heads_.erase(person);
-        return [this, person] { data::RemovePerson(host_.session, person); };
+        return [this, person] {
+          session::Transaction transaction(host_.session.Connection());
+          data::RemovePerson(host_.session, person);
+          transaction.Commit();
+        };
     }
   }
 
   // Once it stops before a statement by chance, and is given again.
   void RunStopping(const std::function<void()>& command, const Heads& before, int stop) {
+    const std::string rows = FamilyRows("OfficeID=" + std::to_string(Office()));
     host_.session.hear = [&stop](const std::string& sql) {
       if (--stop == 0) {
         throw session::DatabaseError("refused", sql, 1);
@@ -121,6 +126,7 @@ class AnyFamilies : public testing::TestWithParam<std::int32_t> {
       command();
     } catch (const session::DatabaseError&) {
       EXPECT_EQ(Stored(), before);
+      EXPECT_EQ(FamilyRows("OfficeID=" + std::to_string(Office())), rows);
     }
     host_.session.hear = nullptr;
     command();
