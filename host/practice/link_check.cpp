@@ -224,7 +224,7 @@ class LinkCheck {
                (gone ? "gone." : "a member of another one."),
            [&] {
              if (families.HeadOf(session::ToId(row[0])) == head) {  // one before may have put it right
-               families.Make(gone ? families.MakingHead(session::ToId(row[0])) : families.HeadingHimself(head));
+               families.Make(gone ? families.MakingHead(session::ToId(row[0])) : data::Families::HeadingHimself(head));
              }
            });
     }
