@@ -330,8 +330,9 @@ void EmployeeFrm::UpdatePerson() {
   if (Terminated() && Employee.Changed(Gen_Txt[kTerminated])) {
     employment_.RemoveAbsencesAfter(pID, *DateIn(kTerminated));
   }
-  Employee.Update();
+  Employee.Write();
   transaction.Commit();
+  Employee.MarkUpdated();
 }
 
 session::Outcome EmployeeFrm::Ended() const {

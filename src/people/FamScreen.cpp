@@ -125,13 +125,13 @@ void FamScreen::WireSaving() {
   OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold("PATABLE", pID); });
   OnSave(adding, [this] { HeadHimself(); });
-  OnSave(always, [this] { Update(); });
+  OnSave(
+      [this] {
+        NoteSharedChanges();
+        return true;
+      },
+      [this] { Update(); });
   OnSave([this] { return Person.NicknameChanged(); }, [this] { Person.WriteNickname(); });
-  OnSave([this] { return NoteSharedChanges(); },
-         [this] {
-           family_.Offer(pID, shared_);
-           shared_.clear();
-         });
   OnSave(always, [this] { Contacts_Save(); });
   OnSave(always, [this] { context_.session.RecordHandOff("pID", "PaTable", pID); });
   OnSave(always, [this] { Members.Show(); });
@@ -286,27 +286,27 @@ bool FamScreen::Differs() const {
   return Person.Changed() || BirthDate.Pending() || (Phones.HomePhoneEntered() && Shares() && Members.Any());
 }
 
-// The links and what is held and covered through them change together, or not at all.
+// His row, what is held and covered through his links, and what his family shares with him: together, or not at all.
 void FamScreen::Update() {
-  if (!Employers.Relinked()) {
-    Person.Update();
-    return;
-  }
+  const FamilyUpdate::Plan members = family_.Offer(pID, shared_);
   session::Transaction transaction(context_.session.Connection());
   const auto entries = Employers.Follow();
   Person.Write();
+  family_.Write(members);
   for (const session::LogEntry& entry : entries) {
     context_.session.Log(entry);
   }
   transaction.Commit();
   Person.MarkUpdated();
   Employers.Followed();
+  shared_.clear();
+  family_.HandOff(members);
 }
 
 // What a head's members share with him. They are told the latest of what they have not been told yet.
-bool FamScreen::NoteSharedChanges() {
+void FamScreen::NoteSharedChanges() {
   if (!Shares()) {
-    return false;
+    return;
   }
   const auto note = [this](data::Words column, const std::optional<std::string>& typed, const std::string& shown) {
     const auto noted = std::ranges::find(shared_, column.Text(), [](const auto& one) { return one.column.Text(); });
@@ -322,7 +322,6 @@ bool FamScreen::NoteSharedChanges() {
     note(shared.column, Person.Changed(box) ? std::optional(shown) : std::nullopt, shown);
   }
   note("pHomPho1", Phones.NewHomePhone(), Phones.HomePhone());
-  return !shared_.empty();
 }
 
 // He is held as long as the screen is open.

@@ -155,7 +155,7 @@ class FamScreen : public editing::EditingForm {
   void Update();
   // His members are offered what he is given.
   bool Shares() const;
-  bool NoteSharedChanges();
+  void NoteSharedChanges();
   void Delete();
 
   DuplicatePerson duplicate_;

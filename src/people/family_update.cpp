@@ -1,33 +1,45 @@
 #include "people/family_update.h"
 
-#include <deque>
+#include <utility>
 
 #include "data/literal.h"
 #include "data/persons.h"
 #include "editing/Contacts.h"
-#include "editing/record_hold.h"
 
 namespace people {
 
 using data::Literal;
 using session::ToText;
 
-void FamilyUpdate::Offer(std::int32_t head, const std::vector<Shared>& changes) const {
-  const std::vector<Member> members = Differing(head, changes);
+FamilyUpdate::Plan FamilyUpdate::Offer(std::int32_t head, const std::vector<Shared>& changes) const {
+  Plan plan;
+  if (changes.empty()) {
+    return plan;
+  }
+  std::vector<Member> members = Differing(head, changes);
   if (members.empty() || !Confirm("Do you want to update members of this family with the new information?\r\nThis "
                                   "change is going to affect " +
                                   std::to_string(members.size()) + " members.")) {
-    return;
+    return plan;
   }
-  std::deque<editing::RecordHold> holds;
   for (const Member& member : members) {
-    if (const auto& holder = holds.emplace_back(context_.session, "PATABLE", member.id).Holder()) {
+    if (const auto& holder = plan.holds.emplace_back(context_.session, "PATABLE", member.id).Holder()) {
       throw editing::Refusal(member.name + ": " + editing::HeldText(*holder) +
-                             " No other member of the family was changed.");
+                             " Nothing was saved. Answer 'No' to leave the members as they are.");
     }
   }
-  for (const Member& member : members) {
+  plan.members = std::move(members);
+  return plan;
+}
+
+void FamilyUpdate::Write(const Plan& plan) const {
+  for (const Member& member : plan.members) {
     statements_.Update("PATable", member.values, "pID", member.id);
+  }
+}
+
+void FamilyUpdate::HandOff(const Plan& plan) const {
+  for (const Member& member : plan.members) {
     context_.session.RecordHandOff("pID", "PaTable", member.id);
   }
 }
