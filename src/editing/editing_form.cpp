@@ -1,7 +1,6 @@
 #include "editing/editing_form.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "forms/text.h"
@@ -231,9 +230,7 @@ void EditingForm::LookOnly(forms::TextBox& box, const std::function<bool()>& may
 void EditingForm::LetGo() {
   holds_.clear();
   const auto editable_again = std::exchange(editable_again_, {});
-  for (const auto& editable : editable_again | std::views::reverse) {
-    editable();
-  }
+  std::for_each(editable_again.rbegin(), editable_again.rend(), [](const auto& editable) { editable(); });
   for (Step& step : steps_) {
     step.pending = false;
   }
