@@ -17,6 +17,7 @@ class ManyRights : public test_support::HeardSession {
 
   std::vector<session::Right> RightsCatalogue() const override {
     std::vector<session::Right> rights;
+    rights.reserve(kRights);
     for (int i = 0; i < kRights; ++i) {
       rights.push_back({.keyword = "RIGHT-" + std::to_string(i), .label = "Right " + std::to_string(i)});
     }

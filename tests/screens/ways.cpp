@@ -159,12 +159,6 @@ std::vector<Way> MakeWays() {
   return ways;
 }
 
-std::filesystem::path CopyOfPractice(const Folder& folder, std::int32_t kind) {
-  const std::filesystem::path file = folder.Path() / "practice.db";
-  std::filesystem::copy_file(MadePractice(kind), file);
-  return file;
-}
-
 }  // namespace
 
 const std::filesystem::path& MadePractice(std::int32_t kind) {
@@ -204,18 +198,25 @@ std::string Difference(const Rows& before, const Rows& after) {
   return text;
 }
 
-Desk::Desk(std::int32_t kind) : Desk(std::make_unique<Folder>(), kind) {}
+Desk::Place Desk::CopyOfPractice(std::int32_t kind) {
+  auto folder = std::make_unique<Folder>();
+  std::filesystem::path file = folder->Path() / "practice.db";
+  std::filesystem::copy_file(MadePractice(kind), file);
+  return {std::move(folder), std::move(file)};
+}
 
-Desk::Desk(std::unique_ptr<Folder> folder, std::int32_t kind) : Desk(CopyOfPractice(*folder, kind)) {
-  folder_ = std::move(folder);
+Desk::Desk(std::int32_t kind) : Desk(CopyOfPractice(kind)) {
   host_.session.Connection().Execute("PRAGMA synchronous=OFF");
 }
 
-Desk::Desk(const std::filesystem::path& file)
-    : host_(host::Practice("sqlite:" + file.string())),
+Desk::Desk(const std::filesystem::path& file) : Desk(Place{nullptr, file}) {}
+
+Desk::Desk(Place place)
+    : folder_(std::move(place.folder)),
+      host_(host::Practice("sqlite:" + place.file.string())),
       screens_(entry::MakeScreens(host_.session, host_.user)),
       other_user_(host_.session.Office(), "Bob"),
-      locks_(file.string() + "-locks", host::OpenMode::Existing) {}
+      locks_(place.file.string() + "-locks", host::OpenMode::Existing) {}
 
 std::string Desk::Value(const std::string& sql) {
   return session::ToText(host_.session.Connection().Execute(sql)->Get(0));

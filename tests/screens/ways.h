@@ -58,7 +58,13 @@ class Desk {
   void HoldElsewhere(const std::string& table, std::int32_t id);
 
  private:
-  Desk(std::unique_ptr<Folder> folder, std::int32_t kind);
+  // A practice, and the folder that it goes with.
+  struct Place {
+    std::unique_ptr<Folder> folder;
+    std::filesystem::path file;
+  };
+  explicit Desk(Place place);
+  static Place CopyOfPractice(std::int32_t kind);
 
   std::unique_ptr<Folder> folder_;  // gone at the end
   test_support::PracticeHost host_;

@@ -119,8 +119,7 @@ TEST(Demo, ShowsWhatIsRare) {
         "CovTable WHERE CovRel=4", "PATable WHERE pTypEmp='0'", "PATable WHERE pCRECARNUM IS NOT NULL",
         "PATable p JOIN PATable q ON p.pID<q.pID AND p.pLASNAM=q.pLASNAM AND p.pFIRNAM=q.pFIRNAM AND q.pBIRDAT IS NULL",
         "PDLTable WHERE pdlShoInLoc=1", "TimTable JOIN AbsTable ON AbsTimID=TimID WHERE TimInDat>'2026-11-20'",
-        "PWATable a JOIN PWATable b ON a.PWAPWMID=b.PWAPWMID AND a.PWAAreOfPro=b.PWAAreOfPro AND "
-        "a.PWAWriFla<>b.PWAWriFla"}) {
+        "PWATable a JOIN PWATable b USING (PWAPWMID, PWAAreOfPro) WHERE a.PWAWriFla<>b.PWAWriFla"}) {
     EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(rare)), "0") << rare;
   }
 }
