@@ -163,7 +163,7 @@ TEST_F(Home, GoesWhereAListLeads) {
 }
 
 TEST_F(Home, SaysWhyACommandCannotBeGiven) {
-  EXPECT_EQ(home_.Obstacle(Command("Re&minders...")), "still to come");
+  EXPECT_EQ(home_.Obstacle(Command("&Reminders...")), "still to come");
   EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: reminders"));
   EXPECT_EQ(home_.Obstacle(Command("&Employees...")), "");
   home_.Do(Command("&Open Patient..."));
