@@ -361,7 +361,7 @@ void EmployeeFrm::PickProfessionalTitle() {
   forms::TextBox& title = Gen_Txt[kProfessionalTitle];
   if (picked && picked->text != title.Text.get() &&
       Confirm("Change Professional Title to [ " + picked->text + " ] ?")) {
-    title.Text = picked->text;
+    title.Text = forms::Fitting(picked->text, title.MaxLength);
   }
 }
 
