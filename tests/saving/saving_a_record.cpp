@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "database/schema.h"
+#include "people/docScreen.h"
 #include "people/patScreen_SM.h"
 #include "screens/trying.h"
 #include "screens/ways.h"
@@ -34,10 +35,21 @@ void PrintTo(const Case& each, std::ostream* out) {
   *out << each.name;
 }
 
+// An employer is chosen: one that is typed would be added at every attempt, on a screen that saves him by itself.
+void FillInProvider(Form& form) {
+  auto& screen = dynamic_cast<people::docScreen&>(form);
+  screen.Text2[0].ReadOnly = true;
+  screens_test::FillIn(form, "1 Elm St");
+  screen.EmployerLink.Caption = "-1";
+}
+
 std::vector<Case> Cases() {
   std::vector<Case> cases;
   for (const Way& way : screens_test::WaysThat([](const Way& each) { return each.saves; })) {
     cases.push_back({way, way.form + "_" + way.how});
+    if (way.form == "docScreen") {
+      cases.back().type = FillInProvider;
+    }
     if (way.how != "ExistingPatient") {
       continue;
     }
