@@ -18,7 +18,8 @@ class PublicScreens : public session::Screens {
   // picked: nothing is.
   session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
-  session::ListOutcome SelectCoverage(std::int32_t /*employer*/, std::int32_t /*current*/) override { return {}; }
+  std::int32_t SelectCoverage(const session::CoverageChoice& /*choice*/) override { return 0; }
+  void ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) override {}
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 

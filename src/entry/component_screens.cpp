@@ -38,9 +38,13 @@ session::SearchOutcome ComponentScreens::Search(const session::SearchRequest& re
   return lookup::Search(context_, request);
 }
 
-session::ListOutcome ComponentScreens::SelectCoverage(std::int32_t /*employer*/, std::int32_t /*current*/) {
+std::int32_t ComponentScreens::SelectCoverage(const session::CoverageChoice& /*choice*/) {
   TellNotBuilt(context_.user, "frmSelectCoverage", "coverage selection");
-  return {};
+  return 0;
+}
+
+void ComponentScreens::ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) {
+  TellNotBuilt(context_.user, "InsPln_Frm", "plan details");
 }
 
 std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickList list, std::string_view title) {

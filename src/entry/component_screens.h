@@ -15,7 +15,8 @@ class ComponentScreens : public session::Screens {
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
   session::ListOutcome ShowPayers(const session::ListOptions& options) override;
   session::SearchOutcome Search(const session::SearchRequest& request) override;
-  session::ListOutcome SelectCoverage(std::int32_t employer, std::int32_t current) override;
+  std::int32_t SelectCoverage(const session::CoverageChoice& choice) override;
+  void ShowPlanDetails(const session::PlanDetailsRequest& request) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 

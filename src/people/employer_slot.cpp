@@ -258,9 +258,10 @@ void EmployerSlot::LinkPlan() {
   if (!MayLink()) {
     return;
   }
-  const auto chosen = context_.screens.SelectCoverage(employer_, Link());
-  if (chosen.Chosen() && chosen.id != Link()) {
-    Attempt([&] { Set(chosen.id); });
+  const std::int32_t chosen =
+      context_.screens.SelectCoverage({.employer = employer_, .current = Link(), .offers_none = true});
+  if (chosen != 0 && chosen != Link()) {
+    Attempt([&] { Set(chosen); });
   }
 }
 

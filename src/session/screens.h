@@ -132,6 +132,26 @@ struct SearchOutcome {
   bool Chosen() const { return end == End::Chosen; }
 };
 
+// Which of the plans that an employer offers is wanted.
+struct CoverageChoice {
+  std::int32_t employer = 0;
+  std::int32_t current = 0;     // the link to start on: the subscriber's own
+  std::int32_t hidden = 0;      // a link that is not offered
+  bool must_select = false;     // nobody leaves without a choice
+  bool offers_none = false;     // the link for no insurance coverage is offered
+  std::int32_t subscriber = 0;  // whose plan it is, where that is known
+  std::int32_t patient = 0;     // for whom it is looked at: the subscriber, or one of his family
+};
+
+// A plan whose coverage details are wanted.
+struct PlanDetailsRequest {
+  std::int32_t employer = 0;  // 0 where no employer's link led to it
+  std::int32_t carrier = 0;
+  std::int32_t plan = 0;
+  std::string title = {};  // of the window; empty for its own
+  std::int32_t help = 0;   // the host's number for the help on it
+};
+
 // How screens open one another.
 class Screens {
  public:
@@ -142,9 +162,9 @@ class Screens {
   // The electronic payers that carriers are linked to.
   virtual ListOutcome ShowPayers(const ListOptions& options) = 0;
   virtual SearchOutcome Search(const SearchRequest& request) = 0;
-  // One of the links that stand for the employer's plans, `current` for a start; the one for no insurance coverage is
-  // among them.
-  virtual ListOutcome SelectCoverage(std::int32_t employer, std::int32_t current) = 0;
+  // One of the links that stand for the employer's plans; 0 when none was chosen.
+  virtual std::int32_t SelectCoverage(const CoverageChoice& choice) = 0;
+  virtual void ShowPlanDetails(const PlanDetailsRequest& request) = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
   // The locations at which a login may be used. True when something was saved.

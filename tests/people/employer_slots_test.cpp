@@ -8,9 +8,7 @@ namespace {
 
 struct ChoosingScreens : test_support::FakeScreens {
   std::int32_t plan = 0;
-  session::ListOutcome SelectCoverage(std::int32_t, std::int32_t) override {
-    return {.end = session::ListOutcome::End::Chosen, .id = plan};
-  }
+  std::int32_t SelectCoverage(const session::CoverageChoice&) override { return plan; }
 };
 
 class Slots : public testing::Test {

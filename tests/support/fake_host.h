@@ -177,7 +177,8 @@ class FakeScreens : public session::Screens {
   session::ListOutcome ShowList(session::LookUpListTypes, const session::ListOptions&) override { return {}; }
   session::ListOutcome ShowPayers(const session::ListOptions&) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest&) override { return {}; }
-  session::ListOutcome SelectCoverage(std::int32_t, std::int32_t) override { return {}; }
+  std::int32_t SelectCoverage(const session::CoverageChoice&) override { return 0; }
+  void ShowPlanDetails(const session::PlanDetailsRequest&) override {}
   std::optional<session::PickedText> ShowPickList(session::PickList, std::string_view) override { return std::nullopt; }
   bool EditLoginLocations(std::int32_t) override { return false; }
 };
