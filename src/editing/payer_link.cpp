@@ -27,15 +27,29 @@ PayerLink::Payer PayerLink::Of(std::int32_t carrier) const {
   return {session::ToId(row->Get(1)), session::ToText(row->Get(2))};
 }
 
+std::optional<std::string> PayerLink::NameOf(std::int32_t payer) const {
+  const auto row =
+      statements_.Select("SELECT epNam FROM ePayerTable WHERE epPayID=" + Literal(payer) + statements_.Office());
+  return row->Eof() ? std::nullopt : std::optional(session::ToText(row->Get(0)));
+}
+
+void PayerLink::Require(std::int32_t payer) const {
+  if (!NameOf(payer)) {
+    throw Refusal("This electronic payer is not there any more. Nothing was changed.");
+  }
+}
+
 std::optional<PayerLink::Payer> PayerLink::Choose(const Payer& current) const {
   constexpr const char* kTitle = "Link Electronic Payer";
-  if (!current.Linked()) {
-    Tell(
-        "Linking an Electronic Payer allows you to submit claims and verify coverage for your patients "
-        "electronically.\r\nPlease make sure that the selected Electronic Payer matches the current Insurance "
-        "Company.\r\nPlease note: Use of this feature requires an Electronic Claims account with Change Healthcare "
-        "and internet access.",
-        forms::Icon::Information);
+  if (!current.Linked() &&
+      context_.user.Ask(
+          {.text = "Linking an Electronic Payer allows you to submit claims and verify coverage for your patients "
+                   "electronically.\r\nPlease make sure that the selected Electronic Payer matches the current "
+                   "Insurance Company.\r\nPlease note: Use of this feature requires an Electronic Claims account with "
+                   "Change Healthcare and internet access.",
+           .buttons = forms::kOkCancel,
+           .icon = forms::Icon::Information}) != forms::Answer::OK) {
+    return std::nullopt;
   }
   const auto chosen = context_.screens.ShowPayers({.title = kTitle, .selected = current.id});
   if (!chosen.Chosen() || chosen.id == current.id ||
@@ -68,10 +82,7 @@ std::optional<PayerLink::Payer> PayerLink::Link(std::int32_t carrier) const {
   WhileHeld(carrier, [&](const RecordHold& hold) {
     if (const auto payer = Choose(Of(carrier))) {
       hold.Require();
-      if (session::IsNull(statements_.SelectValue(
-              "SELECT epPayID FROM ePayerTable WHERE epPayID=" + Literal(payer->id) + statements_.Office()))) {
-        throw Refusal("This electronic payer is not there any more. Nothing was changed.");
-      }
+      Require(payer->id);
       Write(carrier, payer->id);
       linked = payer;
     }

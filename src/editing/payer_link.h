@@ -25,6 +25,10 @@ class PayerLink : private Rules {
   // The payer that the carrier's row names; without a name where there is none such any more. Throws
   // session::DatabaseError.
   Payer Of(std::int32_t carrier) const;
+  // Nothing when there is no such payer. Throws session::DatabaseError.
+  std::optional<std::string> NameOf(std::int32_t payer) const;
+  // Before a carrier is linked to it. Throws Refusal when there is no such payer any more, and session::DatabaseError.
+  void Require(std::int32_t payer) const;
 
   // The questions alone: another payer than the current one, nothing when given up; and whether the link goes.
   std::optional<Payer> Choose(const Payer& current) const;
