@@ -187,6 +187,9 @@ std::vector<Stop> Stops(Desk& desk) {
          dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kLogin);
        }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
+      {"insScreen", open_form("insScreen", {{"Mode", "2"}})},
+      {"insScreen-new", open_form("insScreen", {{"Mode", "NEW"}})},
+      {"insScreen-pharmacy", open_form("insScreen", {{"TableName", "PHATABLE"}, {"Mode", "1"}})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

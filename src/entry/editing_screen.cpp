@@ -4,11 +4,21 @@
 #include "entry/component_screens.h"
 #include "entry/form_catalog.h"
 #include "entry/record_id.h"
+#include "forms/text.h"
 
 namespace entry {
 
 using session::Outcome;
 using session::RecordKind;
+
+namespace {
+
+bool IsGiven(std::string_view id) {
+  id = forms::Trim(id);
+  return !id.empty() && id != "0";
+}
+
+}  // namespace
 
 std::shared_ptr<session::Session> EditingScreen::BeginCall() {
   std::shared_ptr<session::Session> session = PV();
@@ -101,11 +111,18 @@ void EditingScreen::Recall_Master_Start(std::string& /*temporary_number*/, std::
 }
 
 void EditingScreen::Ins_Company_Start(std::string& carrier_id) {
-  EditById({.kind = RecordKind::Carrier}, carrier_id);
+  EditGiven(RecordKind::Carrier, carrier_id, carrier_id);
 }
 
-void EditingScreen::Pharmacy_Start(std::string& /*typed_id*/, std::string& pharmacy_id) {
-  EditById({.kind = RecordKind::Pharmacy}, pharmacy_id);
+void EditingScreen::Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id) {
+  EditGiven(RecordKind::Pharmacy, IsGiven(pharmacy_id) ? pharmacy_id : typed_id, pharmacy_id);
+}
+
+void EditingScreen::EditGiven(RecordKind kind, const std::string& given, std::string& saved) {
+  std::string id = IsGiven(given) ? given : std::string(kNew);
+  if (const auto outcome = EditById({.kind = kind}, id); outcome && outcome->Saved()) {
+    saved = id;
+  }
 }
 
 void EditingScreen::Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book) {

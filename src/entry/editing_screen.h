@@ -40,8 +40,10 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
                       std::string& subscriber_el_id, session::EmployerStartTab start_tab);
   void Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id);
   void Recall_Master_Start(std::string& temporary_number, std::string& recall_id, bool& canceled, bool& data_saved);
+  // No ID is a new record, and so is 0.
   void Ins_Company_Start(std::string& carrier_id);
-  void Pharmacy_Start(std::string& typed_id, std::string& pharmacy_id);
+  // Of the two IDs the one that is given is opened, `pharmacy_id` before the other; it has the saved pharmacy's then.
+  void Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id);
   // `id` is "NEW", "EMERGENCY" or a patient's; `typed_name` is what was typed at the name prompt. `save_and_book`
   // offers the choice on the way in and tells it on the way out.
   void Load_PatInfo_Small(std::string& id, const std::string& typed_name, bool& save_and_book);
@@ -57,6 +59,7 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // `id` tells what to open, and becomes a saved record's. Nothing without a session, and for an `id` that is none,
   // which the person is told as it was typed.
   std::optional<session::Outcome> EditById(session::Opening opening, std::string& id);
+  void EditGiven(session::RecordKind kind, const std::string& given, std::string& saved);
   bool OpenNotBuilt(std::string_view form, std::string_view what);
 
   forms::User& user_;

@@ -11,6 +11,7 @@
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/frmEmployer.h"
+#include "insurance/insScreen.h"
 #include "locations/frmOfficeLocation.h"
 #include "locations/frmPatientLocation.h"
 #include "lookup/frmExport.h"
@@ -109,6 +110,7 @@ const std::vector<Screen>& AllScreens() {
       Edits<people::EmployeeFrm>("EmployeeFrm", {RecordKind::Employee}),
       Edits<people::FamScreen>("FamScreen", {RecordKind::FamilyMember}),
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
+      Edits<insurance::insScreen>("insScreen", {RecordKind::Carrier, RecordKind::Pharmacy}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
@@ -121,8 +123,6 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmExport>("frmExport"),
       NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
-      NotBuilt("insScreen", {RecordKind::Carrier}, "insurance companies"),
-      NotBuilt("insScreen", {RecordKind::Pharmacy}, "pharmacies"),
   };
   return screens;
 }

@@ -57,7 +57,7 @@ struct Opening {
   RecordKind kind = {};
   Mode mode = Mode::New;
   std::int32_t id = 0;                  // of the existing record
-  std::string typed_name = {};          // for a new patient or employer: what was typed before the screen opened
+  std::string typed_name = {};          // for a new patient, employer or carrier: what was typed before it opened
   std::int32_t carrier = 0;             // for a new group plan: whose it is
   std::int32_t new_employee_login = 0;  // for a new employee: the login that he is entered for, 0 for none
   bool may_book = false;                // offers to save and book an appointment

@@ -1,6 +1,7 @@
 #include "views/view_registry.h"
 
 #include "views/insurance/frmEmployer_view.h"
+#include "views/insurance/insScreen_view.h"
 #include "views/locations/frmOfficeLocation_view.h"
 #include "views/locations/frmPatientLocation_view.h"
 #include "views/lookup/frmExport_view.h"
@@ -19,6 +20,7 @@ namespace views {
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
+  registry.Add<insurance::insScreen>("insScreen", LayOut_insScreen);
   registry.Add<people::docScreen>("docScreen", LayOut_docScreen);
   registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);
   registry.Add<locations::frmOfficeLocation>("frmOfficeLocation", LayOut_frmOfficeLocation);
