@@ -79,6 +79,13 @@ session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, cons
   return {session::ListOutcome::End::Chosen, id, std::move(text), IdsIn(properties.at("SelectedIDs").get())};
 }
 
+std::int32_t PublicScreens::SelectCoverage(const session::CoverageChoice& choice) {
+  entry::Arguments arguments = {{"EmployerID", std::to_string(choice.employer)},
+                                {"MustSelect", entry::TextOf(choice.must_select)},
+                                {"HideElID", std::to_string(choice.hidden)}};
+  return session::ToId(session::Value(editing_screen_.Find("Select_Coverage")->invoke(arguments)));
+}
+
 std::optional<session::PickedText> PublicScreens::ShowPickList(session::PickList /*list*/, std::string_view /*title*/) {
   return std::nullopt;
 }

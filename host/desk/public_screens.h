@@ -14,11 +14,11 @@ class PublicScreens : public session::Screens {
   // A record that comes back as it was given counts as saved, for most methods do not tell.
   session::Outcome Edit(const session::Opening& opening) override;
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
-  // The payers, the search, the plans of an employer and the short lists have no public method that tells what was
-  // picked: nothing is.
+  // The payers, the search and the short lists have no public method that tells what was picked: nothing is.
   session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
-  std::int32_t SelectCoverage(const session::CoverageChoice& /*choice*/) override { return 0; }
+  // Starts on no plan, and offers plans alone.
+  std::int32_t SelectCoverage(const session::CoverageChoice& choice) override;
   void ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) override {}
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;

@@ -190,6 +190,7 @@ std::vector<Stop> Stops(Desk& desk) {
       {"insScreen", open_form("insScreen", {{"Mode", "2"}})},
       {"insScreen-new", open_form("insScreen", {{"Mode", "NEW"}})},
       {"insScreen-pharmacy", open_form("insScreen", {{"TableName", "PHATABLE"}, {"Mode", "1"}})},
+      {"frmSelectCoverage", open_form("frmSelectCoverage", {{"EmployerID", "1"}, {"ShowNone", "True"}})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

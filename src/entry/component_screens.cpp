@@ -5,6 +5,7 @@
 #include "editing/rules.h"
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
+#include "insurance/frmSelectCoverage.h"
 #include "locations/frmOfficeLocation.h"
 #include "locations/frmPatientLocation.h"
 #include "lookup/frmSearchWindow.h"
@@ -38,9 +39,17 @@ session::SearchOutcome ComponentScreens::Search(const session::SearchRequest& re
   return lookup::Search(context_, request);
 }
 
-std::int32_t ComponentScreens::SelectCoverage(const session::CoverageChoice& /*choice*/) {
-  TellNotBuilt(context_.user, "frmSelectCoverage", "coverage selection");
-  return 0;
+std::int32_t ComponentScreens::SelectCoverage(const session::CoverageChoice& choice) {
+  insurance::frmSelectCoverage screen(context_);
+  screen.EmployerID = choice.employer;
+  screen.HideElID = choice.hidden;
+  screen.MustMakeSelection = choice.must_select;
+  screen.ucSelCoverage1.ShowNone = choice.offers_none;
+  screen.ucSelCoverage1.Subscriber_elID = choice.current;
+  screen.ucSelCoverage1.SubscriberID = choice.subscriber;
+  screen.ucSelCoverage1.PatientID = choice.patient;
+  context_.user.Show(screen);
+  return screen.SelectedCoverage;
 }
 
 void ComponentScreens::ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) {

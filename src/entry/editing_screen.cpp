@@ -63,10 +63,12 @@ bool EditingScreen::Edit_PPO_Adjustment() {
   return OpenNotBuilt("frmPPOAdjust", "plan adjustments");
 }
 
-std::int32_t EditingScreen::Select_Coverage(std::int32_t /*employer_id*/, bool /*must_select*/,
-                                            std::int32_t /*hide_el_id*/) {
-  OpenNotBuilt("frmSelectCoverage", "coverage selection");
-  return 0;
+std::int32_t EditingScreen::Select_Coverage(std::int32_t employer_id, bool must_select, std::int32_t hide_el_id) {
+  const auto session = BeginCall();
+  return session == nullptr
+             ? 0
+             : ComponentScreens(*session, user_)
+                   .SelectCoverage({.employer = employer_id, .hidden = hide_el_id, .must_select = must_select});
 }
 
 bool EditingScreen::Edit_Patient_Coverage(std::int32_t /*patient_id*/) {

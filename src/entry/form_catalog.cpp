@@ -11,6 +11,7 @@
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/frmEmployer.h"
+#include "insurance/frmSelectCoverage.h"
 #include "insurance/insScreen.h"
 #include "locations/frmOfficeLocation.h"
 #include "locations/frmPatientLocation.h"
@@ -113,6 +114,7 @@ const std::vector<Screen>& AllScreens() {
       Edits<insurance::insScreen>("insScreen", {RecordKind::Carrier, RecordKind::Pharmacy}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
+      Opens<insurance::frmSelectCoverage>("frmSelectCoverage"),
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
       Opens<locations::frmPatientLocation>("frmPatientLocation"),
       Opens<people::frmContacts>("frmContacts"),

@@ -39,6 +39,7 @@ frmEmployer::frmEmployer(const session::ScreenContext& context)
     : EditingForm("frmEmployer", context),
       Employer(context.session, kEmployers.table, kEmployers.key),
       ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
+      ucSelCoverage1(context),
       guard_(
           context, kEmployers,
           [&session = context.session](std::int32_t employer) {
@@ -57,6 +58,7 @@ void frmEmployer::Register() {
   Add("Label1", Label1);
   Add("Command3D2", Command3D2);
   Add("ZipCode_Panel", ZipCodes);
+  Add("ucSelCoverage1", ucSelCoverage1);
   Add("DialogButtons1", DialogButtons1);
   for (std::size_t i = 0; i < Label1.size(); ++i) {
     Label1.at(i).Caption = kCaptions.at(i);
@@ -68,7 +70,9 @@ void frmEmployer::Register() {
   Command3D2.TabStop = false;
   DialogButtons1.Help.Visible = false;
   Reads({&Text1[kName], &Text1[kAddress1], &Text1[kAddress2], &Text1[kCity], &Text1[kState], &Text1[kZip], &Command3D2,
-         &Text1[kPhone], &DialogButtons1});
+         &Text1[kPhone], &ucSelCoverage1, &DialogButtons1});
+  ucSelCoverage1.HideButton("OKAY");
+  ucSelCoverage1.HideButton("CLOSE");
 }
 
 void frmEmployer::Wire() {
@@ -82,6 +86,9 @@ void frmEmployer::Wire() {
   };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
 
+  ucSelCoverage1.BeforeWriting = [this] { RequireHold(); };
+  ucSelCoverage1.Written = [this] { Saved = true; };
+
   Edits(Employer);
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
@@ -91,6 +98,7 @@ void frmEmployer::Wire() {
   OnSave(adding, [this] { Hold(std::string(kTable), Employer.Id()); });
   OnSave([this] { return guard_.MustLog(); }, [this] { guard_.Log(); });
   OnSave(always, [this] { Employer.Update(); });
+  OnSave([this] { return ucSelCoverage1.Unsaved(); }, [this] { SavePlans(); });
   OnSave(always, [this] { context_.session.RecordHandOff(kEmployers.key.Text(), kTable, Employer.Id()); });
 }
 
@@ -114,13 +122,21 @@ void frmEmployer::ReadExisting() {
   if (Opened.id == 0 || !Employer.Read(Opened.id)) {
     Tell("Employer " + std::to_string(Opened.id) + " was not found in the database.", forms::Icon::Information);
     Close();
+    return;
   }
+  ucSelCoverage1.EmployerID = Opened.id;
+  ucSelCoverage1.Load_Information();
 }
 
 // A name that was typed before is not thrown away without asking.
 void frmEmployer::ReadNew() {
   Employer.Read(0);
   Text1[kName].Text = forms::Fitting(Opened.typed_name, Text1[kName].MaxLength);
+}
+
+void frmEmployer::SavePlans() {
+  ucSelCoverage1.EmployerID = Employer.Id();
+  ucSelCoverage1.Save();
 }
 
 // What nobody touched keeps its blanks.

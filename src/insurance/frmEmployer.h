@@ -11,10 +11,12 @@
 #include "forms/dialog_buttons.h"
 #include "forms/label.h"
 #include "forms/text_box.h"
+#include "insurance/ucSelCoverage.h"
 
 namespace insurance {
 
-// One employer: its name, address and phone. Many patients share it, so that a change is guarded.
+// One employer: its name, address and phone, and the insurance plans that it offers. Many patients share it, so that a
+// change is guarded.
 class frmEmployer : public editing::EditingForm {
  public:
   // Positions in `Text1` and, for the captions beside them, in `Label1`.
@@ -28,15 +30,17 @@ class frmEmployer : public editing::EditingForm {
   forms::DialogButtons DialogButtons1;
   data::RecordBinding Employer;
   editing::ZIPCODE ZipCodes;
+  ucSelCoverage ucSelCoverage1;
 
   session::Opening Opened = session::Opening::New(session::RecordKind::Employer);
   session::Outcome Ended() const;
 
  protected:
   void Read() override;
-  bool Differs() const override { return Employer.Changed(); }
+  bool Differs() const override { return Employer.Changed() || ucSelCoverage1.Unsaved(); }
   bool Check() override;
   bool Agreed() override { return guard_.Agrees(Employer.Id()); }
+  void OnClose() override { ucSelCoverage1.KeepLayout(); }
   ClosingQuestion OnClosing() const override { return {.text = "Save current changes?", .offers_to_save = true}; }
 
  private:
@@ -44,6 +48,7 @@ class frmEmployer : public editing::EditingForm {
   void Wire();
   void ReadNew();
   void ReadExisting();
+  void SavePlans();
   bool Adding() const { return Employer.Id() == 0; }
 
   editing::SharedRecordGuard guard_;

@@ -187,7 +187,7 @@ void EmployerSlot::EditEmployer() {
                      "employer?",
                      "Employer") &&
              context_.screens.Edit(Opening::Existing(RecordKind::Employer, employer_)).Saved()) {
-    Attempt([this] { slots_.Show(); });
+    Attempt([this] { slots_.ShowMoved(); });
   }
 }
 
@@ -260,9 +260,12 @@ void EmployerSlot::LinkPlan() {
   }
   const std::int32_t chosen =
       context_.screens.SelectCoverage({.employer = employer_, .current = Link(), .offers_none = true});
-  if (chosen != 0 && chosen != Link()) {
-    Attempt([&] { Set(chosen); });
-  }
+  Attempt([&] {
+    slots_.ShowMoved();
+    if (chosen != 0 && chosen != Link()) {
+      Set(chosen);
+    }
+  });
 }
 
 void EmployerSlot::EditPlan() {

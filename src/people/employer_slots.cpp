@@ -4,6 +4,7 @@
 
 #include "data/employer_places.h"
 #include "data/literal.h"
+#include "data/plan_links.h"
 
 namespace people {
 namespace {
@@ -140,6 +141,21 @@ void EmployerSlots::Show() {
       }
     }
   }
+}
+
+// What the row names has moved in the row; what is not saved yet goes on without a plan.
+void EmployerSlots::ShowMoved() {
+  const data::PlanLinks links(context_.session);
+  std::vector<forms::Field*> stored;
+  for (forms::Label& link : links_) {
+    if (!person_.Changed(link)) {
+      stored.push_back(&link);
+    } else if (const auto row = links.Get(LinkIn(link)); row && !row->live) {
+      link.Caption = std::to_string(links.OpenNone(row->employer));
+    }
+  }
+  person_.Refresh(stored);
+  ShowTaken();
 }
 
 const EmployerSlot* EmployerSlots::Naming(std::int32_t link) const {

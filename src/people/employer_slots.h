@@ -59,6 +59,8 @@ class EmployerSlots : public forms::UserControl, private editing::Rules {
   const EmployerSlot* Naming(std::int32_t link) const;
   // All slots show what their labels hold.
   void Show();
+  // The same after plans were un-linked elsewhere, and persons with them.
+  void ShowMoved();
 
  protected:
   std::string Scope() const override { return {}; }

@@ -1,6 +1,7 @@
 #include "views/view_registry.h"
 
 #include "views/insurance/frmEmployer_view.h"
+#include "views/insurance/frmSelectCoverage_view.h"
 #include "views/insurance/insScreen_view.h"
 #include "views/locations/frmOfficeLocation_view.h"
 #include "views/locations/frmPatientLocation_view.h"
@@ -20,6 +21,7 @@ namespace views {
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
+  registry.Add<insurance::frmSelectCoverage>("frmSelectCoverage", LayOut_frmSelectCoverage);
   registry.Add<insurance::insScreen>("insScreen", LayOut_insScreen);
   registry.Add<people::docScreen>("docScreen", LayOut_docScreen);
   registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);

@@ -59,6 +59,7 @@ static_assert(kKinds.size() == static_cast<std::size_t>(RecordKind::RecallMaster
 const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
   static const std::map<std::string, std::map<std::string, Asked>> properties = {
       {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmSelectCoverage", {{"EmployerID", {"elEmpID", "ELTable", "elInsID<>0 AND elFla=0"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
