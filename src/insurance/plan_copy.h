@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "editing/rules.h"
 
 namespace insurance {
+
+class frmCopyPlanOpts;
 
 // Fills the details of one plan from another's, as the person chooses.
 class PlanCopy : private editing::Rules {
@@ -21,8 +24,16 @@ class PlanCopy : private editing::Rules {
 
   explicit PlanCopy(const session::ScreenContext& context) : Rules(context) {}
 
+  // The last word before anything is written, which comes after the questions: throws editing::Refusal when the plan
+  // is not held any more.
+  std::function<void()> RequireHold;
+
   // True when the plan's details were changed; what could not be done has been told.
   bool Run(const Target& target) const;
+
+ private:
+  // Throws editing::Refusal, and session::DatabaseError.
+  void Copy(const Target& target, const frmCopyPlanOpts& choice) const;
 };
 
 }  // namespace insurance
