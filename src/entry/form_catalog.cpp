@@ -10,6 +10,7 @@
 #include "entry/open_screens.h"
 #include "entry/record_id.h"
 #include "forms/text.h"
+#include "insurance/frmCopyPlanOpts.h"
 #include "insurance/frmEmployer.h"
 #include "insurance/frmSelectCoverage.h"
 #include "insurance/insScreen.h"
@@ -115,6 +116,7 @@ const std::vector<Screen>& AllScreens() {
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<insurance::frmSelectCoverage>("frmSelectCoverage"),
+      Opens<insurance::frmCopyPlanOpts>("frmCopyPlanOpts"),
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
       Opens<locations::frmPatientLocation>("frmPatientLocation"),
       Opens<people::frmContacts>("frmContacts"),

@@ -1,5 +1,6 @@
 #include "views/view_registry.h"
 
+#include "views/insurance/frmCopyPlanOpts_view.h"
 #include "views/insurance/frmEmployer_view.h"
 #include "views/insurance/frmSelectCoverage_view.h"
 #include "views/insurance/insScreen_view.h"
@@ -20,6 +21,7 @@ namespace views {
 
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
+  registry.Add<insurance::frmCopyPlanOpts>("frmCopyPlanOpts", LayOut_frmCopyPlanOpts);
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<insurance::frmSelectCoverage>("frmSelectCoverage", LayOut_frmSelectCoverage);
   registry.Add<insurance::insScreen>("insScreen", LayOut_insScreen);
