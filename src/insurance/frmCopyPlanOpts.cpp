@@ -163,10 +163,10 @@ void frmCopyPlanOpts::TakeSource(const data::PlanLink& link) {
   if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, target.category), other_carrier)) {
     return;
   }
+  SourceText = DisplayText(data::PlanLinks(context_.session).NamesOf(link.id));
   SourceCarrierID = link.carrier;
   SourceGroupID = link.plan;
   Source_elID = link.id;
-  SourceText = DisplayText(data::PlanLinks(context_.session).NamesOf(link.id));
   ShowSource();
 }
 
