@@ -191,6 +191,9 @@ std::vector<Stop> Stops(Desk& desk) {
       {"insScreen-new", open_form("insScreen", {{"Mode", "NEW"}})},
       {"insScreen-pharmacy", open_form("insScreen", {{"TableName", "PHATABLE"}, {"Mode", "1"}})},
       {"frmSelectCoverage", open_form("frmSelectCoverage", {{"EmployerID", "1"}, {"ShowNone", "True"}})},
+      {"frmCopyPlanOpts", open_form("frmCopyPlanOpts",
+                                    {{"TargetText", "Riverbend School District / Bluestem Mutual Dental / BL4711"},
+                                     {"SourceText", "Hill Country Builders / Bluestem Mutual Dental / BL2040"}})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

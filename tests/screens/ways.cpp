@@ -62,6 +62,8 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
       {"frmSelectCoverage", {{"EmployerID", {"elEmpID", "ELTable", "elInsID<>0 AND elFla=0"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmCopyPlanOpts",
+       {{"TargetCarrierID", {"GroPlaInsID", "GroPlaTable"}}, {"TargetGroupID", {"GroPlaInd", "GroPlaTable"}}}},
       {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
   };
   return properties;
