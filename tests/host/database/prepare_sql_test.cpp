@@ -233,9 +233,9 @@ TEST_P(Screens, PlanDetailStatementsRun) {
   Run("INSERT INTO IPTABLE (IPInsCoID, IPGroNum, IPCod, IPPFee, IPSFee) VALUES (3, '77', 'D1000', 0.00, NULL)");
   Run("UPDATE IPTable SET IPPFee=12.34, IPSFee=5 WHERE ((IPTABLE.IPRecNum)=1)");
   Run("UPDATE IPTable SET IPTable.IPPFee=IPFrom.IPPFee, IPTable.IPSFee=IPFrom.IPSFee FROM IPTable INNER JOIN IPTable "
-      "as "
-      "IPFrom on IPTable.IPCod=IPFrom.IPCod and (IPTable.OfficeID = IPFrom.OfficeID) WHERE (IPTable.IPInsCoID=3 AND "
-      "IPTable.IPGroNum='77') AND (IPFrom.IPInsCoID=0 AND IPFrom.IPGroNum='GLOBAL')");
+      "as IPFrom on IPTable.IPCod=IPFrom.IPCod and (IPTable.IPCodMod=IPFrom.IPCodMod or (IPTable.IPCodMod is null and "
+      "(IPFrom.IPCodMod is null or IPFrom.IPCodMod=''))) and (IPTable.OfficeID = IPFrom.OfficeID) WHERE "
+      "(IPTable.IPInsCoID=3 AND IPTable.IPGroNum='77') AND (IPFrom.IPInsCoID=0 AND IPFrom.IPGroNum='GLOBAL')");
   EXPECT_EQ(Run("SELECT IPPFee, IPSFee FROM IPTable WHERE (IPInsCoID = 3 and IPGroNum = '77')"), Rows({"12.34|5"}));
   EXPECT_EQ(Run("select ipCod from ipTable where ipCod>'D0100' and IPGroNum = 'Global' order by ipCod"),
             Rows({"D1000"}));
