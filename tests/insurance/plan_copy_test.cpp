@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "database/schema.h"
 #include "insurance/frmCopyPlanOpts.h"
 #include "support/practice_host.h"
@@ -28,26 +30,22 @@ struct PlanCopyTest : testing::Test, test_support::PracticeHost {
   PlanCopyTest()
       : PracticeHost(host::CreatePractice(
             "sqlite::memory:", {.kind = session::kOfficeScoped, .office = 2, .offices = 2, .row_guids = true})) {
-    for (const int office : {1, 2}) {
-      Write(
-          "INSERT INTO EmpTable (EmpInd, EmpNam, OfficeID) VALUES (1, 'Mill', N);"
-          "INSERT INTO InsCoTable (InsCoInd, InsCoNam, OfficeID) VALUES (5, 'Delta', N), (6, 'Acme', N);"
-          "INSERT INTO GroPlaTable (GroPlaInd, GroPlaInsID, GroPlaGroNum, GroPlaNam, OfficeID) VALUES (11, 5, 'T''1', "
-          "'Gold''s', N), (12, 6, 'S', 'Basic', N);"
-          "INSERT INTO ELTable (elID, elEmpID, elInsID, elGroID, elFla, OfficeID) VALUES (1, 1, 6, 12, 0, N)",
-          office);
-    }
+    InBothOffices(
+        "INSERT INTO EmpTable (EmpInd, EmpNam, OfficeID) VALUES (1, 'Mill', $);"
+        "INSERT INTO InsCoTable (InsCoInd, InsCoNam, OfficeID) VALUES (5, 'Delta', $), (6, 'Acme', $);"
+        "INSERT INTO GroPlaTable (GroPlaInd, GroPlaInsID, GroPlaGroNum, GroPlaNam, OfficeID) VALUES (11, 5, 'T''1', "
+        "'Gold''s', $), (12, 6, 'S', 'Basic', $);"
+        "INSERT INTO ELTable (elID, elEmpID, elInsID, elGroID, elFla, OfficeID) VALUES (1, 1, 6, 12, 0, $)");
     user.answers = [](const forms::Message& message) { return message.buttons.front(); };
   }
 
-  void Write(std::string sql, int office) {
-    for (std::size_t at = 0; (at = sql.find('N', at)) != std::string::npos; ++at) {
-      const bool alone = sql[at + 1] == ')' && sql[at - 1] == ' ';
-      if (alone) {
-        sql.replace(at, 1, std::to_string(office));
-      }
+  // "$" stands for the office.
+  void InBothOffices(const std::string& sql) {
+    for (const char office : {'1', '2'}) {
+      std::string text = sql;
+      std::ranges::replace(text, '$', office);
+      session.Connection().Execute(text);
     }
-    session.Connection().Execute(sql);
   }
   // A row of the source or the target, with values in all columns that tell the row, the column and the office.
   void WriteWhole(bool source, int row, int office) {
@@ -61,15 +59,14 @@ struct PlanCopyTest : testing::Test, test_support::PracticeHost {
     }
     session.Connection().Execute("INSERT INTO IPTable (" + columns + ") VALUES (" + values + ")");
   }
-  // All columns but those that a copy keeps.
+  // All columns but those that a copy keeps, which stand first.
   static std::vector<std::string> Others() {
     std::vector<std::string> others;
     for (const host::Column& column : host::FindTable("IPTable")->columns) {
-      if (column.name != "IPRecNum" && column.name != "IPInsCoID" && column.name != "IPGroNum" &&
-          column.name != "IPPlaNam") {
-        others.emplace_back(column.name);
-      }
+      others.emplace_back(column.name);
     }
+    EXPECT_EQ(others.at(3), "IPPlaNam");
+    others.erase(others.begin(), others.begin() + 4);
     return others;
   }
   std::string Rows(std::string_view condition, const std::string& columns) {
@@ -148,16 +145,15 @@ TEST_F(PlanCopyTest, PutsEveryColumnOfTheSourceInPlaceOfTheTargetsRows) {
 }
 
 TEST_F(PlanCopyTest, CarriesTheChosenValuesOverByCodeAndModifier) {
-  for (const int office : {1, 2}) {
-    Write(
-        "INSERT INTO IPTable (IPCod, IPCodMod, IPPFee, IPSFee, IPPMax, IPSMax, IPPCov, IPSCov, IPInsCoID, IPGroNum, "
-        "OfficeID) VALUES ('A', '', 10, 11, 12, 13, 14, 15, 6, 'S', N), ('A', '2', 20, 21, 22, 23, 24, 25, 6, 'S', N), "
-        "('b', NULL, 30, NULL, 32, 33, 34, 35, 6, 'S', N), ('C', '1', 40, 41, 42, 43, 44, 45, 6, 'S', N);"
-        "INSERT INTO IPTable (IPCod, IPCodMod, IPPFee, IPSFee, IPPMax, IPSMax, IPPCov, IPSCov, IPInsCoID, IPGroNum, "
-        "OfficeID) VALUES ('A', NULL, 1, 2, 3, 4, 5, 6, 5, 'T''1', N), ('A', '1', 1, 2, 3, 4, 5, 6, 5, 'T''1', N), "
-        "('B', '', 1, 2, 3, 4, 5, 6, 5, 'T''1', N), ('C', '1', 1, 2, 3, 4, 5, 6, 5, 'T''1', N), ('D', '', 1, 2, 3, 4, "
-        "5, 6, 5, 'T''1', N)",
-        office);
+  InBothOffices(
+      "INSERT INTO IPTable (IPCod, IPCodMod, IPPFee, IPSFee, IPPMax, IPSMax, IPPCov, IPSCov, IPInsCoID, IPGroNum, "
+      "OfficeID) VALUES ('A', '', 10, 11, 12, 13, 14, 15, 6, 'S', $), ('A', '2', 20, 21, 22, 23, 24, 25, 6, 'S', $), "
+      "('b', NULL, 30, NULL, 32, 33, 34, 35, 6, 'S', $), ('C', '1', 40, 41, 42, 43, 44, 45, 6, 'S', $)");
+  for (const char* code : {"'A', NULL", "'A', '1'", "'B', ''", "'C', '1'", "'D', ''"}) {
+    InBothOffices(
+        "INSERT INTO IPTable (IPPFee, IPSFee, IPPMax, IPSMax, IPPCov, IPSCov, IPInsCoID, IPGroNum, OfficeID, IPCod, "
+        "IPCodMod) VALUES (1, 2, 3, 4, 5, 6, 5, 'T''1', $, " +
+        std::string(code) + ")");
   }
   session.Connection().Execute("UPDATE IPTable SET IPPFee=IPPFee+500 WHERE OfficeID=1 AND IPInsCoID=6");
   const std::string foreign = Rows("OfficeID=1", "IPCod || IPPFee || IPPMax || IPPCov");
@@ -192,12 +188,10 @@ TEST_F(PlanCopyTest, LeavesThePlanAsItIsWhereItMayNotOrCannotBeCopied) {
   session.without_rights = false;
   EXPECT_FALSE(Copy({}, [] { throw editing::Refusal("taken over"); }));
   EXPECT_EQ(user.told.back(), "taken over");
-  // Its details go while the questions are open.
-  const auto meanwhile = [&](frmCopyPlanOpts&) {
-    session.Connection().Execute("DELETE FROM IPTable WHERE " + std::string(kSource));
-  };
   EXPECT_EQ(Everything(), with_source);
-  EXPECT_FALSE(Copy(meanwhile));
+  // Its details go while the questions are open.
+  EXPECT_FALSE(Copy(
+      [&](frmCopyPlanOpts&) { session.Connection().Execute("DELETE FROM IPTable WHERE " + std::string(kSource)); }));
   EXPECT_EQ(Everything(), before);
 }
 
