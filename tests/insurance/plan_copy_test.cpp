@@ -155,8 +155,9 @@ TEST_F(PlanCopyTest, CarriesTheChosenValuesOverByCodeAndModifier) {
         "IPCodMod) VALUES (1, 2, 3, 4, 5, 6, 5, 'T''1', $, " +
         std::string(code) + ")");
   }
-  session.Connection().Execute("UPDATE IPTable SET IPPFee=IPPFee+500 WHERE OfficeID=1 AND IPInsCoID=6");
-  const std::string foreign = Rows("OfficeID=1", "IPCod || IPPFee || IPPMax || IPPCov");
+  session.Connection().Execute(
+      "INSERT INTO IPTable (IPCod, IPPFee, IPInsCoID, IPGroNum, OfficeID) VALUES ('D', 500, 6, 'S', 1)");
+  const std::string foreign = Rows("OfficeID=1", "IPCod || IPPFee || quote(IPPMax) || quote(IPPCov)");
   const auto target = [&](const std::string& columns) { return Rows(kTarget, columns); };
 
   EXPECT_TRUE(Copy(Chosen({frmCopyPlanOpts::kFees})));
@@ -165,7 +166,7 @@ TEST_F(PlanCopyTest, CarriesTheChosenValuesOverByCodeAndModifier) {
   EXPECT_TRUE(Copy(Chosen({frmCopyPlanOpts::kMaximums, frmCopyPlanOpts::kPercents})));
   EXPECT_EQ(target("IPPMax || '/' || IPSMax"), "12/13 3/4 32/33 42/43 3/4");
   EXPECT_EQ(target("IPPCov || '/' || IPSCov"), "14.0/15.0 5.0/6.0 34.0/35.0 44.0/45.0 5.0/6.0");
-  EXPECT_EQ(Rows("OfficeID=1", "IPCod || IPPFee || IPPMax || IPPCov"), foreign);
+  EXPECT_EQ(Rows("OfficeID=1", "IPCod || IPPFee || quote(IPPMax) || quote(IPPCov)"), foreign);
 
   session.Connection().Execute("UPDATE IPTable SET IPCodMod='9' WHERE IPInsCoID=6");
   EXPECT_FALSE(Copy(Chosen({frmCopyPlanOpts::kFees})));
