@@ -5,6 +5,7 @@
 #include <wx/richtext/richtextctrl.h>
 
 #include "forms/text.h"
+#include "insurance/amounts.h"
 #include "support/fake_host.h"
 #include "views/choice_binders.h"
 #include "views/form_dialog.h"
@@ -188,6 +189,46 @@ TEST_F(Binders, AGridShowsItsRowsAndFilters) {
   EXPECT_EQ(form_.grdRows.Columns.get()[2].filter, "Hou");
   form_.grdRows.ClearFilters();
   EXPECT_EQ(filter->GetValue(), "");
+}
+
+TEST_F(Binders, MoneyPastedIntoACellIsUnderstoodOrRefused) {
+  auto rows = std::make_shared<forms::TableRows>();
+  rows->rows.push_back({{"D0120", "$5.00"}});
+  form_.grdRows.Columns = std::vector<forms::GridColumn>{{.key = "a", .caption = "Code"},
+                                                         {.key = "b", .caption = "Elig.Fee", .editable = true}};
+  form_.grdRows.Rows = rows;
+  form_.grdRows.CellEdited = [&](int column, const std::string& text) {
+    const auto amount = insurance::ReadAmount(user_, form_.grdRows.Columns.get().at(1).caption, text);
+    if (amount) {
+      rows->rows[0].cells.at(static_cast<std::size_t>(column)) = forms::FormatCurrency(*amount);
+    }
+    return false;
+  };
+  wxGrid* grid = views::MakeGrid(&dialog_, form_.grdRows, 5);
+  const auto paste = [&](const wxString& text) {
+    user_.told.clear();
+    EXPECT_TRUE(wxTheClipboard->Open());
+    wxTheClipboard->SetData(new wxTextDataObject(text));
+    wxTheClipboard->Close();
+    grid->GoToCell(0, 1);
+    grid->EnableCellEditControl();
+    const wxObjectDataPtr<wxGridCellEditor> editor(grid->GetCellEditor(0, 1));
+    auto& box = dynamic_cast<wxTextCtrl&>(*editor->GetControl());
+    box.SelectAll();
+    box.Paste();
+    grid->DisableCellEditControl();
+    return grid->GetCellValue(0, 1);
+  };
+  // A spreadsheet ends a cell with a line break.
+  for (const char* text : {"1,234.50", "$1234.5", " 1234.50\t", "$1,234.50\n"}) {
+    rows->rows[0].cells.at(1) = "$5.00";
+    EXPECT_EQ(paste(text), "$1,234.50") << text;
+    EXPECT_THAT(user_.told, testing::IsEmpty());
+  }
+  for (const char* text : {"(12)", "12%", "1.234,50", "1000000"}) {
+    EXPECT_EQ(paste(text), "$1,234.50");
+    EXPECT_THAT(user_.told, testing::ElementsAre(testing::HasSubstr("Elig.Fee field"))) << text;
+  }
 }
 
 TEST_F(Binders, AGridSelectsAndMovesAsTheControlSays) {
