@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "practice/demo_coverages.h"
 #include "practice/demo_households.h"
 #include "practice/demo_schedule.h"
 
@@ -25,18 +26,6 @@ constexpr std::array<Charge, 4> kCharges = {{{"D1001", "Cleaning, adult", 110},
                                              {"D2001", "Filling, one surface", 185},
                                              {"D2701", "Crown, ceramic", 1340}}};
 
-// A family member as the later steps need him.
-struct Member {
-  std::int32_t id;
-  Relation relation;  // to the head
-  int age;
-};
-// What a grown-up holds through his employer; 0 for none.
-struct Work {
-  std::int32_t link = 0;       // of his employer
-  std::int32_t plan_link = 0;  // the same, when a plan comes with it
-};
-
 class FamilyMaker {
  public:
   FamilyMaker(DemoOffice& office, const OfficeRecords& records)
@@ -49,10 +38,11 @@ class FamilyMaker {
       patients -= size;
     }
     households_.Flush();
-    for (TableWriter* writer : {&persons_, &families_, &holdings_, &coverages_, &recalls_, &charges_, &accounts_}) {
+    for (TableWriter* writer : {&persons_, &families_, &recalls_, &charges_, &accounts_}) {
       writer->Flush();
     }
     appointments_.Flush();
+    coverages_.Finish();
   }
 
  private:
@@ -75,12 +65,12 @@ class FamilyMaker {
                   .physician_id = chance_.Percent(50) ? Pick(records_.staff.physicians) : 0,
                   .pharmacy = chance_.Percent(60) ? Pick(records_.insurance.pharmacies) : 0,
                   .location = Pick(records_.staff.locations)};
-    const Work head_work = FindWork(age);
+    const Work head_work = coverages_.FindWork(age);
     AddMember(last, woman, age, Relation::Self, head_work.link);
     Work spouse_work;
     if (size > 1) {
       const int spouse_age = std::clamp(age + chance_.Between(-6, 6), 20, 95);
-      spouse_work = FindWork(spouse_age);
+      spouse_work = coverages_.FindWork(spouse_age);
       AddMember(chance_.Percent(85) ? last : office_.LastName(), !woman, spouse_age, Relation::Spouse,
                 spouse_work.link);
     }
@@ -95,7 +85,7 @@ class FamilyMaker {
       ids.push_back(member.id);
     }
     households_.Display(ids, household_.location);
-    MakeCoverages(head_work, spouse_work);
+    coverages_.Make(members_, head_work, spouse_work);
     for (const Member& member : members_) {
       MakeHistory(member);
       appointments_.Make(member.id, household_.provider_id);
@@ -116,60 +106,6 @@ class FamilyMaker {
       person.work_phone = office_.MakePhone();
     }
     members_.push_back({office_.AddPerson(persons_, person), relation, age});
-  }
-
-  Work FindWork(int age) {
-    if (age > 67 || !chance_.Percent(75)) {
-      return {};
-    }
-    const auto& employers = records_.insurance.employers;
-    const Employer& employer = chance_.OneOf(std::span(employers));
-    if (employer.plan_links.empty() || chance_.Percent(20)) {
-      return {.link = employer.no_coverage_link};
-    }
-    const std::int32_t link = Pick(employer.plan_links);
-    return {.link = link, .plan_link = link};
-  }
-
-  // The head's plan covers the family; so does the spouse's, behind each one's own.
-  void MakeCoverages(const Work& head, const Work& spouse) {
-    const std::int32_t head_holding = head.plan_link != 0 ? Hold(members_[0].id, head.plan_link) : 0;
-    const std::int32_t spouse_holding = spouse.plan_link != 0 ? Hold(members_[1].id, spouse.plan_link) : 0;
-    for (const Member& member : members_) {
-      const bool is_spouse = member.relation == Relation::Spouse;
-      const Relation to_spouse = is_spouse                           ? Relation::Self
-                                 : member.relation == Relation::Self ? Relation::Spouse
-                                                                     : member.relation;
-      std::int32_t order = 0;
-      if (is_spouse && spouse_holding != 0) {
-        Cover(member, spouse_holding, to_spouse, ++order);
-      }
-      if (head_holding != 0) {
-        Cover(member, head_holding, member.relation, ++order);
-      }
-      if (!is_spouse && spouse_holding != 0) {
-        Cover(member, spouse_holding, to_spouse, ++order);
-      }
-    }
-  }
-
-  std::int32_t Hold(std::int32_t subscriber, std::int32_t link) {
-    const int days = chance_.Between(100, 2500);
-    if (chance_.Percent(5)) {
-      // An earlier time with the same plan, and what it covered.
-      const forms::Date ended = office_.DaysAgo(days);
-      const std::int32_t earlier = holdings_.Row(subscriber, link, 1, office_.DaysAgo(days + 700), ended, "admin", 1);
-      coverages_.Row(subscriber, earlier, 1, static_cast<std::int32_t>(Relation::Self), Currency(), Currency(),
-                     Currency(), 2020, office_.DaysAgo(days + 700), ended, "admin", 1);
-    }
-    return holdings_.Row(subscriber, link, 1, office_.DaysAgo(days), nullptr, nullptr, 0);
-  }
-
-  void Cover(const Member& member, std::int32_t holding, Relation relation, std::int32_t order) {
-    const int used = chance_.Percent(60) ? 0 : 25 * chance_.Between(1, 30);
-    coverages_.Row(member.id, holding, order, static_cast<std::int32_t>(relation), Currency::FromWhole(used),
-                   Currency::FromWhole(1000 - used), Currency::FromWhole(used > 0 ? 0 : 50), 2026, office_.DaysAgo(90),
-                   nullptr, nullptr, 0);
   }
 
   void MakeHistory(const Member& member) {
@@ -208,15 +144,10 @@ class FamilyMaker {
   const OfficeRecords& records_;
   TableWriter persons_;
   TableWriter families_ = office_.Writer("FamTable", "fID, fMEMID, fRSPID");
-  TableWriter holdings_ = office_.Writer("PatEmpTable",
-                                         "PatEmpID, PatEmpPatID, PatEmpElID, PatEmpOrd, PatEmpStaDat, PatEmpEndDat, "
-                                         "PatEmpEndWho, PatEmpFla");
-  TableWriter coverages_ = office_.Writer("CovTable",
-                                          "CovID, CovPatID, CovSubPatEmpID, CovOrd, CovRel, CovYTD, CovRemBal, "
-                                          "CovRemDed, CovLastRenewalYear, CovStaDat, CovEndDat, CovEndWho, CovFla");
   TableWriter recalls_ = office_.Writer("RecTable", "rRecNum, rPid, rRCRecNum, rRecDoc, rRecDocID, rLasDat, rDueDat");
   TableWriter charges_ = office_.Writer("DTTable", "traID, TrapID, traTyp, traDat, traCod, traDes, traAmt");
   TableWriter accounts_ = office_.Writer("AccountTable", "AccID, AccPid, AccBal, AccPlaBal, AccPla");
+  CoverageMaker coverages_{office_, records_.insurance};
   AppointmentMaker appointments_{office_, records_.operatories};
   HouseholdMaker households_{office_, records_.staff.locations};
   Person household_;  // what a family shares

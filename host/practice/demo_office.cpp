@@ -37,10 +37,20 @@ std::string Digits(int number, std::size_t count) {
 DemoOffice::DemoOffice(Practice& practice, std::int32_t office, Identities& identities, std::uint64_t seed)
     : database_(practice, office),
       identities_(identities),
+      seed_(seed),
       random_(seed),
       details_(~seed),
       neighbourhood_(NeighbourhoodOf(random_)),
       area_code_(random_.Between(201, 989)) {}
+
+Random DemoOffice::Apart(std::string_view called) const {
+  constexpr std::uint64_t kPrime = 1099511628211U;
+  std::uint64_t own = seed_;
+  for (const char letter : called) {
+    own = (own ^ static_cast<std::uint8_t>(letter)) * kPrime;
+  }
+  return Random(own);
+}
 
 TableWriter DemoOffice::Writer(std::string_view table, std::string_view columns) {
   return {database_, identities_, table, columns};
@@ -88,13 +98,13 @@ Person DemoOffice::MakePerson(std::string_view last, bool woman, int age, Person
   return like;
 }
 
-Address DemoOffice::MakeAddress() {
+Address DemoOffice::MakeAddress(Random& chance) const {
   Address address;
-  address.line1 = std::to_string(random_.Between(1, 2400)) + " " + std::string(random_.OneOf(Streets()));
-  if (random_.Percent(15)) {
-    address.line2 = "Apt " + std::to_string(random_.Between(1, 60));
+  address.line1 = std::to_string(chance.Between(1, 2400)) + " " + std::string(chance.OneOf(Streets()));
+  if (chance.Percent(15)) {
+    address.line2 = "Apt " + std::to_string(chance.Between(1, 60));
   }
-  address.place = random_.OneOf(neighbourhood_);
+  address.place = chance.OneOf(neighbourhood_);
   return address;
 }
 

@@ -76,6 +76,8 @@ class DemoOffice {
   Random& Chance() { return random_; }
   // For all that nothing else follows from.
   Random& Details() { return details_; }
+  // A stream of its own for what is called so: drawing from it changes no other rows.
+  Random Apart(std::string_view called) const;
   TableWriter Writer(std::string_view table, std::string_view columns);
   // For `AddPerson`.
   TableWriter PersonWriter();
@@ -83,7 +85,8 @@ class DemoOffice {
 
   // Somebody of the age who shares with `like` all that a household shares.
   Person MakePerson(std::string_view last, bool woman, int age, Person like);
-  Address MakeAddress();
+  Address MakeAddress() { return MakeAddress(random_); }
+  Address MakeAddress(Random& chance) const;
   std::string MakePhone() { return MakePhone(random_); }
   std::string MakePhone(Random& chance) const;
   forms::Date DaysAgo(int days) const;
@@ -92,6 +95,7 @@ class DemoOffice {
  private:
   OfficeDatabase database_;
   Identities& identities_;
+  std::uint64_t seed_;
   Random random_;
   Random details_;
   std::span<const Place> neighbourhood_;

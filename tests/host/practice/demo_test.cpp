@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/practice/practice_fixture.h"
+#include "practice/link_check.h"
 
 namespace host {
 namespace {
@@ -57,6 +58,26 @@ void ExpectSound(const Practice& practice) {
   none(
       "SELECT CovID FROM CovTable c JOIN PatEmpTable h ON h.PatEmpID=c.CovSubPatEmpID "
       "WHERE (CovRel=1) <> (CovPatID=PatEmpPatID)");
+  none("SELECT CovPatID FROM CovTable WHERE CovFla=0 GROUP BY OfficeID, CovPatID, CovSubPatEmpID HAVING COUNT(*)>1");
+  none(
+      "SELECT CovID FROM CovTable c JOIN PatEmpTable h ON h.PatEmpID=c.CovSubPatEmpID AND h.OfficeID=c.OfficeID JOIN "
+      "ELTable l ON l.elID=h.PatEmpElID AND l.OfficeID=h.OfficeID JOIN GroPlaTable g ON g.GroPlaInd=l.elGroID AND "
+      "g.OfficeID=l.OfficeID WHERE CovFla=0 AND CovYTD+CovRemBal<>GroPlaMax1");
+  // What has ended ended behind its beginning; what it ran through may have ended then as well.
+  none(
+      "SELECT CovID FROM CovTable c JOIN PatEmpTable h ON h.PatEmpID=c.CovSubPatEmpID AND h.OfficeID=c.OfficeID JOIN "
+      "ELTable l ON l.elID=h.PatEmpElID AND l.OfficeID=h.OfficeID WHERE CovFla<>0 AND (CovEndDat<=CovStaDat OR "
+      "CovEndDat>h.PatEmpEndDat OR h.PatEmpEndDat>l.elEndDat OR CovEndWho IS NULL)");
+  // Plans have what the plan screen asks for, and details a code once for each modifier.
+  none(
+      "SELECT GroPlaInd FROM GroPlaTable WHERE GroPlaGroNum IS NULL OR GroPlaEffDat IS NULL OR GroPlaMax1 IS NULL OR "
+      "GroPlaDed1 IS NULL OR GroPlaForTyp IS NULL OR GroPlaPayTyp NOT IN ('1','2','3') OR "
+      "GroPlaStuCovTil<GroPlaChiCovTil");
+  none("SELECT IPCod FROM IPTable GROUP BY OfficeID, IPInsCoID, IPGroNum, IPCod, IPCodMod HAVING COUNT(*)>1");
+  none(
+      "SELECT IPCod FROM IPTable d WHERE IPGroNum<>'GLOBAL' AND NOT EXISTS (SELECT 1 FROM SevCodTable s WHERE "
+      "s.sevcodCod=d.IPCod AND s.sevcodDes=d.IPDes AND s.OfficeID=d.OfficeID)");
+  none("SELECT sevcodCod FROM SevCodTable GROUP BY OfficeID, sevcodCod HAVING COUNT(*)>1");
   // One "No Insurance Coverage" link for an employer, and a plan at most once.
   none(
       "SELECT EmpInd FROM EmpTable e WHERE (SELECT COUNT(*) FROM ELTable l WHERE l.elEmpID=e.EmpInd AND "
@@ -113,15 +134,44 @@ TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
 }
 
 TEST(Demo, ShowsWhatIsRare) {
+  constexpr const char* kElsewhere =  // covered through somebody of another family
+      "CovTable JOIN PatEmpTable ON PatEmpID=CovSubPatEmpID JOIN PATable s ON s.pID=PatEmpPatID JOIN PATable p ON "
+      "p.pID=CovPatID WHERE CovFla=0 AND s.pFAMHEAIND<>p.pFAMHEAIND";
   const Practice practice = Make(1);
   for (const char* rare :
        {"PATable WHERE pTypPat='1' AND pBIRDAT>='2025-11-20'", "PATable WHERE pBIRDAT<'1950-01-01'",
         "CovTable WHERE CovRel=4", "PATable WHERE pTypEmp='0'", "PATable WHERE pCRECARNUM IS NOT NULL",
         "PATable p JOIN PATable q ON p.pID<q.pID AND p.pLASNAM=q.pLASNAM AND p.pFIRNAM=q.pFIRNAM AND q.pBIRDAT IS NULL",
         "PDLTable WHERE pdlShoInLoc=1", "TimTable JOIN AbsTable ON AbsTimID=TimID WHERE TimInDat>'2026-11-20'",
+        "CovTable WHERE CovFla=0 AND CovOrd=3", "PatEmpTable WHERE PatEmpFla=0 AND PatEmpOrd=2",
+        "PATable JOIN CovTable ON CovPatID=pID WHERE pPriBal IS NOT NULL AND CovFla=0 AND CovRemBal IS NULL",
+        kElsewhere, "PatEmpTable JOIN ELTable ON elID=PatEmpElID WHERE PatEmpFla<>0 AND elFla<>0",
+        "(SELECT 1 FROM ELTable WHERE elFla=0 GROUP BY elEmpID HAVING COUNT(*)>12)", "InsCoTable WHERE epPayID=0",
+        "InsCoTable JOIN ePayerTable USING (epPayID)", "IPTable WHERE IPCodMod IS NOT NULL",
         "PWATable a JOIN PWATable b USING (PWAPWMID, PWAAreOfPro) WHERE a.PWAWriFla<>b.PWAWriFla"}) {
     EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(rare)), "0") << rare;
   }
+}
+
+TEST(Demo, OnePlanOfEachTypeCoversEveryService) {
+  const Practice practice = Make(1);
+  EXPECT_EQ(Ask(practice, "SELECT COUNT(*) FROM IPTable WHERE IPInsCoID=0 AND IPGroNum='GLOBAL'"), "15");
+  const std::string services = Ask(practice, "SELECT COUNT(*) FROM SevCodTable");
+  EXPECT_GT(std::stoi(services), 250);
+  for (const char* type : {"INDEMNITY", "PPO", "CAPITATION", "MEDICAID", "DISCOUNT"}) {
+    EXPECT_EQ(Ask(practice,
+                  "SELECT COUNT(DISTINCT IPCod) FROM IPTable JOIN GroPlaTable ON GroPlaGroNum=IPGroNum AND "
+                  "GroPlaInsID=IPInsCoID WHERE GroPlaCat='" +
+                      std::string(type) + "'"),
+              services)
+        << type;
+  }
+}
+
+TEST(Demo, NoLinkIsBroken) {
+  Practice practice = Make(2);
+  HostSession session(practice, practice.Office(), LoginRights("x"), StandingStill());
+  CheckLinks(session, false, [](const std::string& fault) { ADD_FAILURE() << fault; });
 }
 
 TEST(Demo, ItsLoginsOpen) {
