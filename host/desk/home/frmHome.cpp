@@ -329,6 +329,11 @@ void frmHome::ShowList(session::LookUpListTypes type) {
   Refresh();
 }
 
+void frmHome::ShowGlobalPlan() {
+  context_.screens.ShowPlanDetails({});
+  Refresh();
+}
+
 void frmHome::Arrive(const std::string& command, std::int32_t id) {
   if (command == "Patient") {
     OpenPatient(id);

@@ -76,6 +76,8 @@ class frmHome : public forms::Form, private editing::Rules {
   void OpenPatient(std::int32_t patient);
   void OpenFamily();
   void ShowList(session::LookUpListTypes type);
+  // The coverage that plans start from.
+  void ShowGlobalPlan();
   void Call(std::string_view method);
   void ShowOpenedLast();
   // Reads everything anew.
