@@ -106,14 +106,15 @@ bool SharedRecords::HoldsAnother(const Holding& holding, const std::vector<PlanL
 void SharedRecords::MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const {
   session::LogEntry entry = ReplacedEntry(session_, kind, old_id, new_id);
   const std::vector<PlanLink> links = links_.Using(kind, old_id);
+  Meter meter(Progress, links.size() + HoldingsOn(links).size());
   std::vector<std::int32_t> successors;
   for (const PlanLink& link : links) {
     successors.push_back(Successor(link, kind, new_id));
     if (successors.back() != link.id) {
       links_.MoveEmployersOfPersons(link.id, successors.back());
     }
+    meter.Step();
   }
-  Meter meter(Progress, HoldingsOn(links).size());
   for (std::size_t i = 0; i < links.size(); ++i) {
     if (successors[i] == links[i].id) {
       continue;
@@ -199,7 +200,7 @@ void SharedRecords::Delete(SharedRecord kind, std::int32_t id) const {
 void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const {
   session::LogEntry entry = DeletedEntry(session_, kind, id);
   const std::vector<PlanLink> links = links_.Using(kind, id);
-  Meter meter(Progress, HoldingsOn(links).size());
+  Meter meter(Progress, links.size() + HoldingsOn(links).size());
   for (const PlanLink& link : links) {
     for (const Holding& holding : holdings_.On(link.id)) {
       holdings_.BeginToRemove(holding.id);
@@ -210,6 +211,7 @@ void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const 
     }
     const bool employer_goes = kind == SharedRecord::Employer || link.IsNone();
     links_.MoveEmployersOfPersons(link.id, employer_goes ? 0 : links_.OpenNone(link.employer));
+    meter.Step();
   }
 }
 

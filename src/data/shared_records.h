@@ -20,7 +20,7 @@ class SharedRecords {
   explicit SharedRecords(session::Session& session)
       : session_(session), statements_(session), links_(session), holdings_(session) {}
 
-  // Hears now and then which share of the subscribers, from 0 to 1, is done.
+  // Hears with every link and every subscriber which share of them, from 0 to 1, is done.
   std::function<void(double)> Progress;
 
   // Holdings of subscribers through live links, those that are ending too: they are still to be moved or removed. Of a

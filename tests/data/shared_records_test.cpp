@@ -80,6 +80,14 @@ TEST_F(SharedRecordsTest, RemoveALink) {
             "am.\r\nEmployer : Mill\r\nInsurance Company : North\r\nGroup Number : A1");
 }
 
+// Two links and two subscribers of the carrier; the window paints with each.
+TEST_F(SharedRecordsTest, TellEveryLinkAndSubscriberThatIsDone) {
+  std::vector<double> told;
+  records_.Progress = [&](double done) { told.push_back(done); };
+  records_.Replace(SharedRecord::Carrier, 1, 2);
+  EXPECT_THAT(told, testing::ElementsAre(0.25, 0.5, 0.75, 1));
+}
+
 TEST_F(SharedRecordsTest, AreNotReplacedByWhatIsNotThere) {
   EXPECT_THROW(records_.Replace(SharedRecord::Employer, 1, 9), session::DatabaseError);
   EXPECT_EQ(Held(), "101,102,103");
