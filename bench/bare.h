@@ -17,6 +17,7 @@ class Bare {
     }
     // The order of joined texts, as cheap as one can be that folds ASCII alone.
     sqlite3_create_collation(handle_, "UNICODE_NOCASE", SQLITE_UTF8, nullptr, &CompareAscii);
+    sqlite3_create_function(handle_, "identity", 0, SQLITE_UTF8, this, &AnswerRow, nullptr, nullptr);
   }
   Bare(const Bare&) = delete;
   Bare& operator=(const Bare&) = delete;
@@ -54,6 +55,11 @@ class Bare {
     const int common = left_size < right_size ? left_size : right_size;
     const int order = sqlite3_strnicmp(static_cast<const char*>(left), static_cast<const char*>(right), common);
     return order != 0 ? order : left_size - right_size;
+  }
+
+  // What the last insert was given, where the key is the row's number.
+  static void AnswerRow(sqlite3_context* context, int /*count*/, sqlite3_value** /*arguments*/) {
+    sqlite3_result_int64(context, sqlite3_last_insert_rowid(static_cast<Bare*>(sqlite3_user_data(context))->handle_));
   }
 
   sqlite3* handle_ = nullptr;
