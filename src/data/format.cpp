@@ -83,6 +83,15 @@ std::optional<Value> TakeHours(std::string_view text, Date /*today*/) {
   return hours && *hours >= 0 && *hours <= kOfAYear ? std::optional<Value>(*hours) : std::nullopt;
 }
 
+std::string ShowYesNo(const Value& value) {
+  return forms::IsOn(session::ToText(value)) ? "Y" : "N";
+}
+
+std::optional<Value> TakeYesNo(std::string_view text, Date /*today*/) {
+  const bool yes = forms::EqualsIgnoringCase(text, "Y");
+  return yes || forms::EqualsIgnoringCase(text, "N") ? std::optional<Value>(std::int64_t{yes}) : std::nullopt;
+}
+
 std::string ShowPhone(const Value& value) {
   return forms::FormatPhone(session::ToText(value));
 }
@@ -104,6 +113,7 @@ constexpr Format kMonthDay{"month and day", ShowText, TakeMonthDay};
 constexpr Format kCurrency{"amount", ShowCurrency, TakeCurrency};
 constexpr Format kPercent{"percentage", ShowPercent, TakePercent};
 constexpr Format kHours{"number of hours", ShowText, TakeHours};
+constexpr Format kYesNo{"Y or N", ShowYesNo, TakeYesNo};
 constexpr Format kPhone{"phone number", ShowPhone, TakePhone};
 constexpr Format kCardNumber{"card number", ShowCardNumber, TakeText};
 

@@ -31,6 +31,8 @@ extern const Format kCurrency;
 extern const Format kPercent;
 // How many hours of a year, not negative: "80", "37.5".
 extern const Format kHours;
+// A flag: "Y" or "N".
+extern const Format kYesNo;
 // As `forms::FormatPhone` shows it; kept as it is shown.
 extern const Format kPhone;
 // As `forms::MaskedCardNumber` shows it: a field that has it only looks.

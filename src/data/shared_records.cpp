@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "data/group_plans.h"
 #include "data/literal.h"
 #include "data/shared_record_texts.h"
 
@@ -139,7 +140,7 @@ std::int32_t SharedRecords::Successor(const PlanLink& link, SharedRecord kind, s
     next.carrier = new_id;
   } else if (kind == SharedRecord::GroupPlan) {
     next.plan = new_id;
-    if (const std::int32_t carrier = CarrierOfPlan(new_id); carrier != 0) {
+    if (const std::int32_t carrier = GroupPlans(session_).KeyOf(new_id).carrier; carrier != 0) {
       next.carrier = carrier;
     }
   } else if (const auto taken = links_.Get(new_id)) {
@@ -150,11 +151,6 @@ std::int32_t SharedRecords::Successor(const PlanLink& link, SharedRecord kind, s
     next.plan = taken->plan;
   }
   return links_.Open(next.employer, next.carrier, next.plan, link.start);
-}
-
-std::int32_t SharedRecords::CarrierOfPlan(std::int32_t plan) const {
-  return session::ToId(statements_.SelectValue("SELECT GroPlaInsID FROM GroPlaTable WHERE GroPlaInd=" + Literal(plan) +
-                                               statements_.Office()));
 }
 
 // Details that the new carrier has under a group number win over those of the old one.
@@ -215,21 +211,12 @@ void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const 
   }
 }
 
-// Details are known by carrier and group number, which plans of one carrier may share, as those without a number do.
-// Carrier 0 has the office's own.
+// Plans may share them.
 void SharedRecords::DeleteDetailsOf(std::int32_t plan) const {
-  const std::int32_t carrier = CarrierOfPlan(plan);
-  const std::string group_number = session::ToText(statements_.SelectValue(
-      "SELECT GroPlaGroNum FROM GroPlaTable WHERE GroPlaInd=" + Literal(plan) + statements_.Office()));
-  if (carrier == 0 || group_number.empty()) {
-    return;
-  }
-  const session::Value others =
-      statements_.SelectValue("SELECT Count(GroPlaInd) FROM GroPlaTable WHERE (GroPlaInsID=" + Literal(carrier) +
-                              ") AND (GroPlaGroNum=" + Literal(group_number) + ") AND (GroPlaInd<>" + Literal(plan) +
-                              ")" + statements_.Office());
-  if (session::ToId(others) == 0) {
-    DeletePlanDetails(carrier, group_number);
+  const GroupPlans plans(session_);
+  const PlanDetailsKey details = plans.KeyOf(plan);
+  if (details.HasDetails() && !plans.AnotherUses(details, plan)) {
+    DeletePlanDetails(details.carrier, details.group_number);
   }
 }
 

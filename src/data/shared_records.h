@@ -45,7 +45,6 @@ class SharedRecords {
   void MoveSubscribers(SharedRecord kind, std::int32_t old_id, std::int32_t new_id) const;
   // The live link that takes the place of one that uses a record; made where there is none.
   std::int32_t Successor(const PlanLink& link, SharedRecord kind, std::int32_t new_id) const;
-  std::int32_t CarrierOfPlan(std::int32_t plan) const;
   void MovePlans(std::int32_t old_carrier, std::int32_t new_carrier) const;
   void RemoveSubscribers(SharedRecord kind, std::int32_t id) const;
   void DeleteDetailsOf(std::int32_t plan) const;
