@@ -1,5 +1,6 @@
 #include "views/view_registry.h"
 
+#include "views/insurance/GrpPlaScreen_view.h"
 #include "views/insurance/frmCopyPlanOpts_view.h"
 #include "views/insurance/frmEmployer_view.h"
 #include "views/insurance/frmSelectCoverage_view.h"
@@ -25,6 +26,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<insurance::frmSelectCoverage>("frmSelectCoverage", LayOut_frmSelectCoverage);
   registry.Add<insurance::insScreen>("insScreen", LayOut_insScreen);
+  registry.Add<insurance::GrpPlaScreen>("GrpPlaScreen", LayOut_GrpPlaScreen);
   registry.Add<people::docScreen>("docScreen", LayOut_docScreen);
   registry.Add<people::EmployeeFrm>("EmployeeFrm", LayOut_EmployeeFrm);
   registry.Add<locations::frmOfficeLocation>("frmOfficeLocation", LayOut_frmOfficeLocation);
