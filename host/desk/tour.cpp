@@ -194,6 +194,7 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmCopyPlanOpts",
        open_form("frmCopyPlanOpts", {{"TargetText", "Riverbend School District / Bluestem Mutual Dental / BL4711"},
                                      {"SourceText", "Hill Country Builders / Bluestem Mutual Dental / BL2040"}})},
+      {"GrpPlaScreen", open_form("GrpPlaScreen", {{"Mode", "1"}})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

@@ -10,6 +10,7 @@
 #include "entry/open_screens.h"
 #include "entry/record_id.h"
 #include "forms/text.h"
+#include "insurance/GrpPlaScreen.h"
 #include "insurance/frmCopyPlanOpts.h"
 #include "insurance/frmEmployer.h"
 #include "insurance/frmSelectCoverage.h"
@@ -113,6 +114,7 @@ const std::vector<Screen>& AllScreens() {
       Edits<people::FamScreen>("FamScreen", {RecordKind::FamilyMember}),
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Edits<insurance::insScreen>("insScreen", {RecordKind::Carrier, RecordKind::Pharmacy}),
+      Edits<insurance::GrpPlaScreen>("GrpPlaScreen", {RecordKind::GroupPlan}),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<insurance::frmSelectCoverage>("frmSelectCoverage"),
@@ -125,7 +127,6 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),
-      NotBuilt("GrpPlaScreen", {RecordKind::GroupPlan}, "group plans"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
   };
   return screens;

@@ -92,7 +92,14 @@ std::vector<Way> WaysToEdit(RecordKind kind) {
   const auto edit = [](const Opening& opening) {
     return [opening](Desk& desk) { return entry::EditRecord(desk.Context(), opening); };
   };
-  std::vector<Way> ways = {{form, "New" + std::string(known.name), edit(Opening::New(kind)), kind, true},
+  const auto add = [kind](Desk& desk) {
+    Opening opening = Opening::New(kind);
+    if (kind == RecordKind::GroupPlan) {  // his whose plan it is comes with it
+      opening.carrier = session::ToId(session::Value(Asked{"InsCoInd", "InsCoTable"}.Of(desk)));
+    }
+    return entry::EditRecord(desk.Context(), opening);
+  };
+  std::vector<Way> ways = {{form, "New" + std::string(known.name), add, kind, true},
                            {form, "Existing" + std::string(known.name),
                             [kind, &known](Desk& desk) {
                               const auto id = session::ToId(session::Value(known.id.Of(desk)));
