@@ -25,6 +25,26 @@ void TellBound(forms::User& user, std::string_view field, std::string_view side,
 
 }  // namespace
 
+std::optional<Currency> AmountOf(std::string_view text) {
+  const auto amount = Currency::Parse(text);
+  return amount >= Currency() && amount <= kMostAmount ? amount : std::nullopt;
+}
+
+std::optional<double> PercentOf(std::string_view text) {
+  std::string digits(text);
+  std::erase(digits, '%');
+  digits = forms::Trim(digits);
+  if (digits.empty()) {
+    return 0;
+  }
+  double percent = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), percent);
+  if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(percent)) {
+    return std::nullopt;
+  }
+  return std::clamp(percent, 0.0, 100.0);
+}
+
 std::optional<Currency> ReadAmount(forms::User& user, std::string_view field, std::string_view text) {
   const auto amount = Currency::Parse(text);
   if (!amount) {
@@ -42,21 +62,13 @@ std::optional<Currency> ReadAmount(forms::User& user, std::string_view field, st
 }
 
 std::optional<double> ReadPercent(forms::User& user, std::string_view field, std::string_view text) {
-  std::string digits(text);
-  std::erase(digits, '%');
-  digits = forms::Trim(digits);
-  if (digits.empty()) {
-    return 0;
-  }
-  double percent = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), percent);
-  if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(percent)) {
+  const auto percent = PercentOf(text);
+  if (!percent) {
     TellFormat(user, field,
                "a percentage. Please enter a numeric value or use the Windows percentage format: [ 100 = " +
                    forms::FormatPercent(1) + " ].");
-    return std::nullopt;
   }
-  return std::clamp(percent, 0.0, 100.0);
+  return percent;
 }
 
 }  // namespace insurance
