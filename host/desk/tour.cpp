@@ -187,6 +187,13 @@ std::vector<Stop> Stops(Desk& desk) {
          dynamic_cast<people::EmployeeFrm&>(form).TabEBInfo.DoTab(people::EmployeeFrm::kLogin);
        }},
       {"frmEmployer", open_form("frmEmployer", {{"Mode", "1"}})},
+      {"frmPPOAdjust", open_form("frmPPOAdjust", {{"EmployerID", "1"},
+                                                  {"CarrierID", "1"},
+                                                  {"GroupID", "1"},
+                                                  {"TreatmentCode", "D2701"},
+                                                  {"AllowedFee", "1120"},
+                                                  {"PlanCalculationFee", "1000"},
+                                                  {"CoveragePercent", "62.5"}})},
       {"insScreen", open_form("insScreen", {{"Mode", "2"}})},
       {"insScreen-new", open_form("insScreen", {{"Mode", "NEW"}})},
       {"insScreen-pharmacy", open_form("insScreen", {{"TableName", "PHATABLE"}, {"Mode", "1"}})},

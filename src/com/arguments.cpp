@@ -10,14 +10,9 @@ using automation::ToInt;
 using automation::ToText;
 using automation::Variant;
 
-namespace {
-
-// A host's variable that nothing was put into is as good as none.
 bool IsLeftOut(const VARIANT* argument) {
   return IsMissing(argument) || session::IsNull(automation::ToValue(*argument));
 }
-
-}  // namespace
 
 std::string TextOf(const VARIANT* argument) {
   return IsMissing(argument) ? std::string() : ToText(*argument);

@@ -14,15 +14,20 @@
 // By-reference arguments as the screens take them. One that was left out, or holds Empty or Null, is empty, 0 or False.
 namespace com {
 
+// A host's variable that nothing was put into is as good as none.
+bool IsLeftOut(const VARIANT* argument);
 std::string TextOf(const VARIANT* argument);
 std::int32_t IntOf(const VARIANT* argument);
 bool BoolOf(const VARIANT* argument);
 double DoubleOf(const VARIANT* argument);
 forms::Currency CurrencyOf(const VARIANT* argument);
 
-// Takes an argument as the type of `value`.
+// Takes an argument as the type of `value`, which stays where the argument was left out, or holds Empty or Null.
 template <typename T>
 void Take(const VARIANT* argument, T& value) {
+  if (IsLeftOut(argument)) {
+    return;
+  }
   if constexpr (std::is_same_v<T, bool>) {
     value = BoolOf(argument);
   } else if constexpr (std::is_same_v<T, std::int32_t>) {

@@ -29,10 +29,10 @@ HRESULT EditingScreenObject::Edit_AdjustPlan_Info(VARIANT* EmployerID, VARIANT* 
     const std::array arguments = {
         EmployerID,         CarrierID,       GroupID,     TreatmentCode,      OfficeFee,      AllowedFee,
         PlanCalculationFee, CoveragePercent, PlanPayment, ProviderAdjustment, PatientPortion, AllowEditPayment};
-    entry::PlanAdjustment given;
+    session::PlanAdjustment given;
     std::size_t argument = 0;
     VisitArguments([&](const char*, auto& value) { Take(arguments.at(argument++), value); }, given);
-    entry::PlanAdjustment plan = given;
+    session::PlanAdjustment plan = given;
     const bool accepted = Screens().Edit_AdjustPlan_Info(plan);
     argument = 0;
     VisitArguments(

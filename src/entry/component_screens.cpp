@@ -5,6 +5,7 @@
 #include "editing/rules.h"
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
+#include "insurance/frmPPOAdjust.h"
 #include "insurance/frmSelectCoverage.h"
 #include "locations/frmOfficeLocation.h"
 #include "locations/frmPatientLocation.h"
@@ -65,6 +66,14 @@ bool ComponentScreens::EditLoginLocations(std::int32_t login) {
   screen.PasswordID = login;
   context_.user.Show(screen);
   return screen.Saved;
+}
+
+bool ComponentScreens::AdjustPlan(session::PlanAdjustment& plan) {
+  insurance::frmPPOAdjust screen(context_);
+  screen.Plan = plan;
+  context_.user.Show(screen);
+  plan = screen.Plan;
+  return !screen.Canceled;
 }
 
 bool ComponentScreens::EditPatientLocations(std::int32_t patient) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/plan_adjustment.h"
 #include "session/screens.h"
 
 namespace entry {
@@ -20,6 +21,8 @@ class ComponentScreens : public session::Screens {
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 
+  // True when the split was accepted; the plan stays as it was otherwise.
+  bool AdjustPlan(session::PlanAdjustment& plan);
   // True when something was saved.
   bool EditPatientLocations(std::int32_t patient);
   bool EditOfficeLocations();

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/currency.h"
 #include "forms/form.h"
+#include "session/argument_text.h"
 
 // The public classes by the names of their members, with values as text: how the console, the reference host and a
 // late-bound client reach them.
@@ -19,12 +19,7 @@ struct IgnoringCase {
   bool operator()(std::string_view left, std::string_view right) const;
 };
 
-// Truth values are "True" and "False"; "1", "-1", "on" and "true" are read as true.
-std::string TextOf(bool value);
-std::string TextOf(std::int32_t value);
-std::string TextOf(double value);
-std::string TextOf(forms::Currency value);
-std::string TextOf(const std::string& value);
+using session::TextOf;
 
 using Arguments = std::map<std::string, std::string, IgnoringCase>;
 

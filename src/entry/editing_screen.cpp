@@ -55,12 +55,14 @@ bool EditingScreen::OpenNotBuilt(std::string_view form, std::string_view what) {
   return false;
 }
 
-bool EditingScreen::Edit_AdjustPlan_Info(PlanAdjustment& /*adjustment*/) {
-  return OpenNotBuilt("frmPPOAdjust", "plan adjustments");
+bool EditingScreen::Edit_AdjustPlan_Info(session::PlanAdjustment& adjustment) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).AdjustPlan(adjustment);
 }
 
 bool EditingScreen::Edit_PPO_Adjustment() {
-  return OpenNotBuilt("frmPPOAdjust", "plan adjustments");
+  session::PlanAdjustment calculator;
+  return Edit_AdjustPlan_Info(calculator);
 }
 
 std::int32_t EditingScreen::Select_Coverage(std::int32_t employer_id, bool must_select, std::int32_t hide_el_id) {

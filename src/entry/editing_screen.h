@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "entry/global_slots.h"
-#include "entry/plan_adjustment.h"
 #include "forms/user.h"
+#include "session/plan_adjustment.h"
 #include "session/screens.h"
 
 namespace entry {
@@ -26,7 +26,8 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // The login that a new employee is entered for; 0 for none.
   std::int32_t NewEmployeePasswordID = 0;
 
-  bool Edit_AdjustPlan_Info(PlanAdjustment& adjustment);
+  // True when the split was accepted, which is then in `adjustment`.
+  bool Edit_AdjustPlan_Info(session::PlanAdjustment& adjustment);
   bool Edit_PPO_Adjustment();
   std::int32_t Select_Coverage(std::int32_t employer_id, bool must_select, std::int32_t hide_el_id);
   bool Edit_Patient_Coverage(std::int32_t patient_id);

@@ -13,6 +13,7 @@
 #include "insurance/GrpPlaScreen.h"
 #include "insurance/frmCopyPlanOpts.h"
 #include "insurance/frmEmployer.h"
+#include "insurance/frmPPOAdjust.h"
 #include "insurance/frmSelectCoverage.h"
 #include "insurance/insScreen.h"
 #include "locations/frmOfficeLocation.h"
@@ -121,6 +122,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<insurance::frmCopyPlanOpts>("frmCopyPlanOpts"),
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
       Opens<locations::frmPatientLocation>("frmPatientLocation"),
+      Opens<insurance::frmPPOAdjust>("frmPPOAdjust"),
       Opens<people::frmContacts>("frmContacts"),
       Opens<people::frmCreditCard>("frmCreditCard"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),

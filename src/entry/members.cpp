@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -13,31 +12,10 @@
 namespace entry {
 namespace {
 
-using forms::Currency;
 using forms::Form;
 
 std::int32_t ToInt(const std::string& text) {
   return session::ToId(session::Value(text));
-}
-
-void Read(const std::string& text, std::int32_t& value) {
-  value = ToInt(text);
-}
-
-void Read(const std::string& text, double& value) {
-  std::from_chars(text.data(), text.data() + text.size(), value);
-}
-
-void Read(const std::string& text, Currency& value) {
-  value = Currency::Parse(text).value_or(Currency());
-}
-
-void Read(const std::string& text, std::string& value) {
-  value = text;
-}
-
-void Read(const std::string& text, bool& value) {
-  value = forms::IsOn(text);
 }
 
 // Arguments as the methods take them; one that was left out is empty, 0 or False.
@@ -158,8 +136,8 @@ void AddPrinterMethods(std::vector<Method>& methods) {
 }
 
 std::string AdjustPlan(EditingScreen& screen, Arguments& arguments) {
-  PlanAdjustment plan;
-  VisitArguments([&](const char* name, auto& value) { Read(arguments[name], value); }, plan);
+  session::PlanAdjustment plan;
+  VisitArguments([&](const char* name, auto& value) { session::ReadText(arguments[name], value); }, plan);
   const bool accepted = screen.Edit_AdjustPlan_Info(plan);
   VisitArguments([&](const char* name, const auto& value) { arguments[name] = TextOf(value); }, plan);
   return TextOf(accepted);
@@ -167,7 +145,7 @@ std::string AdjustPlan(EditingScreen& screen, Arguments& arguments) {
 
 std::vector<Parameter> PlanParameters() {
   std::vector<Parameter> parameters;
-  const PlanAdjustment any;
+  const session::PlanAdjustment any;
   VisitArguments([&](const char* name, const auto& /*value*/) { parameters.push_back(ByRef(name)); }, any);
   return parameters;
 }

@@ -65,6 +65,10 @@ TEST(Arguments, AreNoughtWhereTheHostGaveNone) {
   const Variant null = automation::ToVariant(session::Value());
   EXPECT_EQ(DoubleOf(&null), 0);
   EXPECT_EQ(CurrencyOf(&null), forms::Currency());
+  forms::Currency kept = forms::Currency::FromWhole(-1);
+  Take(&null, kept);
+  Take(nullptr, kept);
+  EXPECT_EQ(kept, forms::Currency::FromWhole(-1));
 }
 
 }  // namespace

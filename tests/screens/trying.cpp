@@ -238,7 +238,7 @@ bool PressOK(Form& form) {
 }
 
 bool PressCancel(Form& form) {
-  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "TB.CLOSE"});
+  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "cmdClose", "TB.CLOSE"});
 }
 
 void PressEsc(Form& form) {

@@ -5,17 +5,20 @@
 
 #include "forms/currency.h"
 
-namespace entry {
+namespace session {
+
+// A fee that there is none of: any negative amount is one.
+inline constexpr forms::Currency kNoFee = forms::Currency::FromWhole(-1);
 
 // What a plan adjustment is worked out from, and its outcome.
 struct PlanAdjustment {
   std::int32_t employer_id = 0;
   std::int32_t carrier_id = 0;
-  std::int32_t group_id = 0;
+  std::int32_t group_id = 0;  // of the group plan
   std::string treatment_code;
-  forms::Currency office_fee;
-  forms::Currency allowed_fee;
-  forms::Currency plan_calculation_fee;
+  forms::Currency office_fee;  // 0 for the one of the treatment code
+  forms::Currency allowed_fee = kNoFee;
+  forms::Currency plan_calculation_fee = kNoFee;
   double coverage_percent = 0;
   forms::Currency plan_payment;
   forms::Currency provider_adjustment;
@@ -41,4 +44,4 @@ void VisitArguments(const Visit& visit, Plans&... plans) {
   visit("AllowEditPayment", plans.allow_edit_payment...);
 }
 
-}  // namespace entry
+}  // namespace session
