@@ -4,8 +4,11 @@
 
 #include <thread>
 
+#include "automation/session_object.h"
+#include "practice/demo.h"
 #include "scripted_object.h"
 #include "support/component.h"
+#include "support/practice_host.h"
 
 namespace {
 
@@ -127,6 +130,23 @@ TEST_F(ComponentTest, RefusesArgumentsThatAreNone) {
   EXPECT_EQ(screen.As<ISupportErrorInfo>()->InterfaceSupportsErrorInfo(__uuidof(IEditingScreen)), S_OK);
   ComPtr<IErrorInfo> info;
   EXPECT_EQ(GetErrorInfo(0, info.Out()), S_OK);
+}
+
+// The person closes every screen as it opens.
+TEST_F(ComponentTest, GivesNothingBackFromInsuranceThatIsCancelled) {
+  test_support::PracticeHost host(
+      host::MakeDemo("sqlite::memory:", {.patients = 12, .password_cost = host::HashCost::Least}));
+  const auto screen = NewScreen();
+  screen->putref_PV(host::MakeSessionObject(host.session).Get());
+  LONG chosen = 7;
+  VARIANT_BOOL saved = VARIANT_TRUE;
+  EXPECT_EQ(screen->Select_Coverage(1, VARIANT_FALSE, 0, &chosen), S_OK);
+  EXPECT_EQ(chosen, 0);
+  EXPECT_EQ(screen->Edit_Patient_Coverage(std::stoi(host.Value("SELECT Min(CovPatID) FROM CovTable")), &saved), S_OK);
+  EXPECT_EQ(saved, VARIANT_FALSE);
+  saved = VARIANT_TRUE;
+  EXPECT_EQ(screen->Edit_PPO_Adjustment(&saved), S_OK);
+  EXPECT_EQ(saved, VARIANT_FALSE);
 }
 
 TEST_F(ComponentTest, ConnectsTheHostsSinks) {

@@ -221,6 +221,58 @@ TEST_F(ScreensTest, WritesNothingWhenCancelled) {
   EXPECT_FALSE(host::RecordLocks(host.session.Office(), "Bob").HeldByAnother("PATABLE", std::stoi(id)));
 }
 
+// Every variable keeps the type that the host gave it.
+TEST_F(ScreensTest, AdjustsAPlanInVariablesOfTheHost) {
+  LONG employer = 1;
+  LONG carrier = 1;
+  LONG plan = 1;
+  const Variant code = Variant::Of("D2701");
+  BSTR code_text = V_BSTR(&code);
+  CY office{};
+  CY allowed{.int64 = 11'200'000};
+  double calculation = -1;
+  float percent = 62.5;
+  CY payment{.int64 = 500'000};
+  Variant adjustment;
+  VARIANT_BOOL editable = VARIANT_TRUE;
+  const auto reference = [](VARTYPE type, void* value) {
+    Variant argument;
+    V_VT(&argument) = VT_BYREF | type;
+    V_BYREF(&argument) = value;
+    return argument;
+  };
+  std::array arguments = {reference(VT_I4, &employer),        reference(VT_I4, &carrier),   reference(VT_I4, &plan),
+                          reference(VT_BSTR, &code_text),     reference(VT_CY, &office),    reference(VT_CY, &allowed),
+                          reference(VT_R8, &calculation),     reference(VT_R4, &percent),   reference(VT_CY, &payment),
+                          reference(VT_VARIANT, &adjustment), reference(VT_BOOL, &editable)};
+  const auto adjust = [&](const char* steps) {
+    Person person([steps](Person& he) { Do(he, steps); });
+    VARIANT_BOOL accepted = VARIANT_FALSE;
+    EXPECT_EQ(NewScreen()->Edit_AdjustPlan_Info(&arguments[0], &arguments[1], &arguments[2], &arguments[3],
+                                                &arguments[4], &arguments[5], &arguments[6], &arguments[7],
+                                                &arguments[8], &arguments[9], nullptr, &arguments[10], &accepted),
+              S_OK);
+    EXPECT_EQ(person.Failure(), "");
+    return accepted;
+  };
+  EXPECT_EQ(adjust("await PPO Adjustment\nshows $1,340.00\nalt v\ntype 7\npress Esc\nawait Save Changes\nalt n"),
+            VARIANT_FALSE);
+  EXPECT_EQ(office.int64, 0);
+  EXPECT_EQ(percent, 62.5F);
+  EXPECT_EQ(V_VT(&adjustment), VT_EMPTY);
+
+  EXPECT_EQ(adjust("await PPO Adjustment\nalt v\ntype 33.3333\nalt p\ntype 0\npress Tab\nshows $220.00\nalt o"),
+            VARIANT_TRUE);
+  EXPECT_EQ(office.int64, 13'400'000);
+  EXPECT_EQ(allowed.int64, 11'200'000);
+  EXPECT_EQ(calculation, -1);
+  EXPECT_FLOAT_EQ(percent, 33.3333F);
+  EXPECT_EQ(payment.int64, 3'733'300);
+  EXPECT_EQ(V_VT(&adjustment), VT_CY);
+  EXPECT_EQ(V_CY(&adjustment).int64, 2'200'000);
+  EXPECT_EQ(editable, VARIANT_TRUE);
+}
+
 // A host that ends while a screen is open: the screen goes, and the host's own loop hears of it.
 TEST_F(ScreensTest, EndsWithTheHostsMessageLoop) {
   constexpr WPARAM kExitCode = 7;
