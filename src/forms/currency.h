@@ -28,7 +28,7 @@ class Currency {
   Currency operator-() const { return Currency() - *this; }
   Currency operator+(Currency other) const;
   Currency operator-(Currency other) const;
-  constexpr auto operator<=>(const Currency&) const = default;
+  constexpr auto operator<=>(const Currency&) const = default;  // NOLINT(modernize-use-nullptr): clang 14 sees a 0
 
  private:
   static constexpr std::int64_t kScale = 10000;
