@@ -273,6 +273,7 @@ void frmGallery::WireGrid() {
   grdRows.LayoutChanged = [this] { Tell("layout"); };
   grdRows.RowMoved = [this](int from, int to) {
     Tell("row from #" + std::to_string(from) + " to #" + std::to_string(to));
+    return true;
   };
 }
 

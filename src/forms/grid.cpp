@@ -309,15 +309,18 @@ bool Grid::DoMoveRow(int from, int to) {
   if (!DoFocus() || from == to) {
     return true;
   }
-  if (auto* table = dynamic_cast<TableRows*>(Rows.get().get()); table != nullptr) {
+  auto* table = dynamic_cast<TableRows*>(Rows.get().get());
+  if (table != nullptr) {
     MoveWithin(table->rows, from, to);
     Refresh();
   }
   Select({});
-  if (RowMoved) {
-    RowMoved(from, to);
-  }
-  if (Holds(to)) {
+  if (RowMoved && !RowMoved(from, to)) {
+    if (table != nullptr) {
+      MoveWithin(table->rows, to, from);
+      Refresh();
+    }
+  } else if (Holds(to)) {
     MoveTo(to, Col);
   }
   return true;

@@ -129,8 +129,9 @@ class Grid : public Control {
   std::function<void()> LayoutChanged;
   // A person wants the columns as they were built; null where no layout is kept.
   std::function<void()> RestoreLayout;
-  // A person dragged a row to the place that another had. `TableRows` have moved, other rows are the rule's to move.
-  std::function<void(int from, int to)> RowMoved;
+  // A person dragged a row to the place that another had; false refuses. `TableRows` move, other rows are the rule's to
+  // move.
+  std::function<bool(int from, int to)> RowMoved;
 
   // The place in the rows of a column of `Columns`.
   int CellOf(int column) const { return Column(column).cell < 0 ? column : Column(column).cell; }

@@ -234,8 +234,10 @@ class GridBinding : public Binding {
     if (up && grid_.Row <= 0 && FocusWidget().HasFocus() && filters_.TakeFocus(false)) {
       return;
     }
-    if (editing && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
-                    key == WXK_UP || key == WXK_DOWN)) {
+    const bool of_cell = key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
+                         key == WXK_UP || key == WXK_DOWN || key == WXK_DELETE || key == WXK_NUMPAD_DELETE ||
+                         key == WXK_INSERT;
+    if (editing && of_cell) {
       event.DoAllowNextEvent();
     } else {
       event.Skip();

@@ -144,7 +144,11 @@ TEST_F(GridTest, ColumnsAreHiddenAndComeBack) {
 
 TEST_F(GridTest, ARowIsDraggedToAnothersPlace) {
   std::vector<std::pair<int, int>> moves;
-  grid.RowMoved = [&moves](int from, int to) { moves.emplace_back(from, to); };
+  bool agrees = true;
+  grid.RowMoved = [&](int from, int to) {
+    moves.emplace_back(from, to);
+    return agrees;
+  };
   EXPECT_FALSE(grid.DoMoveRow(0, 1)) << "rows stay where they are";
   grid.RowsMove = true;
   EXPECT_TRUE(grid.DoMoveRow(0, 1));
@@ -153,6 +157,10 @@ TEST_F(GridTest, ARowIsDraggedToAnothersPlace) {
   EXPECT_EQ(grid.Cell(0, 1), "Jones");
   EXPECT_EQ(grid.Row, 1);
   EXPECT_THAT(moves, testing::ElementsAre(std::pair(0, 1)));
+  agrees = false;
+  EXPECT_TRUE(grid.DoMoveRow(1, 0));
+  EXPECT_EQ(grid.Cell(0, 1), "Jones") << "what is refused stays where it was";
+  EXPECT_EQ(grid.Row, 1);
 }
 
 TEST_F(GridTest, ColoursAreOfTheRowOrOfOneCell) {
