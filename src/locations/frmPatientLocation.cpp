@@ -4,9 +4,9 @@
 #include <iterator>
 #include <utility>
 
+#include "data/family_members.h"
 #include "data/literal.h"
 #include "data/persons.h"
-#include "locations/family_members.h"
 
 namespace locations {
 namespace {
@@ -268,8 +268,9 @@ bool frmPatientLocation::Agreed() {
 void frmPatientLocation::TakeAffected() {
   affected_.clear();
   std::list<editing::RecordHold> others;
-  std::vector<std::int32_t> members =
-      chkFam.Value == forms::CheckState::On ? FamilyMembers(statements_, PatientID) : OneMember(statements_, PatientID);
+  std::vector<std::int32_t> members = chkFam.Value == forms::CheckState::On
+                                          ? data::FamilyMembers(statements_, PatientID)
+                                          : data::OneMember(statements_, PatientID);
   std::erase(members, PatientID);
   members.push_back(PatientID);
   for (const std::int32_t id : members) {

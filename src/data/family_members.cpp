@@ -1,21 +1,18 @@
-#include "locations/family_members.h"
+#include "data/family_members.h"
 
 #include <algorithm>
 
 #include "data/literal.h"
 
-namespace locations {
+namespace data {
 namespace {
-
-using data::Literal;
-using data::Sql;
 
 struct Membership {
   std::int32_t member = 0;
   std::int32_t responsible = 0;
 };
 
-std::vector<Membership> Memberships(const data::Statements& statements, data::Words from, std::int32_t id) {
+std::vector<Membership> Memberships(const Statements& statements, Words from, std::int32_t id) {
   std::vector<Membership> rows;
   for (const auto found = statements.Select(Sql("SELECT ") + from + "=" + Literal(id) + statements.Office());
        !found->Eof(); found->MoveNext()) {
@@ -25,7 +22,7 @@ std::vector<Membership> Memberships(const data::Statements& statements, data::Wo
 }
 
 // A head has his own number there, 0 or null.
-bool HeadsFamily(const data::Statements& statements, std::int32_t patient) {
+bool HeadsFamily(const Statements& statements, std::int32_t patient) {
   const std::int32_t head = session::ToId(
       statements.SelectValue("SELECT pFAMHEAIND FROM PATable WHERE pID=" + Literal(patient) + statements.Office()));
   return head == 0 || head == patient;
@@ -33,7 +30,7 @@ bool HeadsFamily(const data::Statements& statements, std::int32_t patient) {
 
 }  // namespace
 
-std::vector<std::int32_t> FamilyMembers(const data::Statements& statements, std::int32_t patient) {
+std::vector<std::int32_t> FamilyMembers(const Statements& statements, std::int32_t patient) {
   std::vector<std::int32_t> heads = {patient};
   if (!HeadsFamily(statements, patient)) {
     heads.clear();
@@ -54,7 +51,7 @@ std::vector<std::int32_t> FamilyMembers(const data::Statements& statements, std:
   return members;
 }
 
-std::vector<std::int32_t> OneMember(const data::Statements& statements, std::int32_t patient) {
+std::vector<std::int32_t> OneMember(const Statements& statements, std::int32_t patient) {
   std::vector<std::int32_t> one;
   for (const Membership& row :
        Memberships(statements, "pID as fMEMID, pID as fRSPID FROM PATable WHERE pID", patient)) {
@@ -63,4 +60,4 @@ std::vector<std::int32_t> OneMember(const data::Statements& statements, std::int
   return one;
 }
 
-}  // namespace locations
+}  // namespace data
