@@ -44,7 +44,7 @@ session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient,
     text += "\r\n----- New Coverage -----" + Described(session, *now);
   }
   const Families families(session);
-  if (const auto& told = now ? now : original; told && families.HeadOf(told->subscriber) != families.HeadOf(patient)) {
+  if (now && families.HeadOf(now->subscriber) != families.HeadOf(patient)) {
     text += "\r\nThe " + OrderWord(order) + " insurance plan has been connected to a non-family member ";
   }
   return {session::LogKind::Comment, "LogInsCov", patient, text};

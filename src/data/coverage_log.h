@@ -14,7 +14,7 @@ struct CoveredThrough {
 };
 
 // What the patient's comment log is told of the coverage in that order: added where there was none, removed where there
-// is none now, else changed. Throws session::DatabaseError.
+// is none now, else changed. A subscriber of another family is told of last. Throws session::DatabaseError.
 session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient, std::int32_t order,
                                 const std::optional<CoveredThrough>& original,
                                 const std::optional<CoveredThrough>& now);

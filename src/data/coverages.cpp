@@ -44,17 +44,31 @@ void Coverages::Succeed(const Coverage& old, std::int32_t holding, const Assignm
     rows_.BeginToEnd(old.id);
   }
   try {
-    const std::int32_t order = rows_.IsFree(old.patient, old.order) ? old.order : rows_.NextOrder(old.patient);
-    Assignments values = {{"CovPatID", Literal(old.patient)},       {"CovRel", Literal(old.relationship)},
-                          {"CovSubPatEmpID", Literal(holding)},     {"CovOrd", Literal(order)},
-                          {"CovStaDat", Literal(session_.Today())}, {"CovFla", "0"}};
-    values.insert(values.end(), benefits.begin(), benefits.end());
-    statements_.Insert("CovTable", values);
+    const bool free = rows_.IsFree(old.patient, old.order);
+    InsertLike(old, holding, free ? old.order : rows_.NextOrder(old.patient), benefits);
   } catch (const session::DatabaseError&) {
     rows_.OpenAgain(old.id);
     throw;
   }
   rows_.SetEnded(old.id);
+}
+
+void Coverages::InsertLike(const Coverage& old, std::int32_t holding, std::int32_t order,
+                           const Assignments& benefits) const {
+  Assignments values = {{"CovPatID", Literal(old.patient)},       {"CovRel", Literal(old.relationship)},
+                        {"CovSubPatEmpID", Literal(holding)},     {"CovOrd", Literal(order)},
+                        {"CovStaDat", Literal(session_.Today())}, {"CovFla", "0"}};
+  values.insert(values.end(), benefits.begin(), benefits.end());
+  statements_.Insert("CovTable", values);
+}
+
+void Coverages::Exchange(const Coverage& one, const Coverage& other) const {
+  for (const Coverage* old : {&one, &other}) {
+    rows_.BeginToEnd(old->id);
+    rows_.SetEnded(old->id);
+  }
+  InsertLike(one, one.holding, other.order, one.benefits);
+  InsertLike(other, other.holding, one.order, other.benefits);
 }
 
 void Coverages::Remove(std::int32_t coverage) const {
@@ -69,6 +83,10 @@ void Coverages::Remove(std::int32_t coverage) const {
 
 void Coverages::SetRelationship(std::int32_t coverage, std::int32_t relationship) const {
   statements_.Update("CovTable", {{"CovRel", Literal(relationship)}}, "CovID", coverage);
+}
+
+void Coverages::SetCarrierId(std::int32_t coverage, std::string_view id) const {
+  statements_.Update("CovTable", {{"CovInsCoPatID", id.empty() ? Sql("Null") : Literal(id)}}, "CovID", coverage);
 }
 
 // What is removed moves the patient's later coverages up, so each is read again when its turn comes. One that was
@@ -110,6 +128,12 @@ std::optional<Coverage> Coverages::Find(std::int32_t coverage) const {
   return found.empty() ? std::nullopt : std::optional(found.front());
 }
 
+std::optional<Coverage> Coverages::Live(std::int32_t coverage) const {
+  const auto row = statements_.Select("SELECT * FROM CovTable WHERE ((CovTable.CovID)=" + Literal(coverage) +
+                                      ") AND ((CovTable.CovFla)=0)" + statements_.Office());
+  return row->Eof() ? std::nullopt : std::optional(CoverageIn(*row));
+}
+
 std::vector<Coverage> Coverages::Through(std::int32_t holding) const {
   return Read("((CovTable.CovSubPatEmpID)=" + Literal(holding) + ")");
 }
@@ -124,11 +148,16 @@ std::vector<Coverage> Coverages::Read(const Sql& condition) const {
            "SELECT * FROM CovTable WHERE (" + condition + " AND (((CovTable.CovFla)=0) OR ((CovTable.CovFla)=" +
            Literal(OrderedRows::kEnding) + ")))" + statements_.Office() + " ORDER BY CovPatID, CovOrd, CovID");
        !row->Eof(); row->MoveNext()) {
-    const auto number = [&](std::string_view column) { return session::ToId((*row)[column]); };
-    coverages.push_back({number("CovID"), number("CovPatID"), number("CovSubPatEmpID"), number("CovOrd"),
-                         number("CovRel"), number("CovFla") == OrderedRows::kLive, BenefitsOf(*row)});
+    coverages.push_back(CoverageIn(*row));
   }
   return coverages;
+}
+
+Coverage Coverages::CoverageIn(const session::Recordset& row) {
+  const auto number = [&](std::string_view column) { return session::ToId(row[column]); };
+  return {number("CovID"),  number("CovPatID"), number("CovSubPatEmpID"),
+          number("CovOrd"), number("CovRel"),   number("CovFla") == OrderedRows::kLive,
+          BenefitsOf(row)};
 }
 
 int Coverages::Count(std::int32_t patient) const {

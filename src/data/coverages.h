@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "data/ordered_rows.h"
@@ -32,8 +33,12 @@ class Coverages {
   std::int32_t Add(std::int32_t patient, std::int32_t holding, std::int32_t relationship) const;
   // Another holding covers the patient, in the same order and relationship.
   void Change(std::int32_t coverage, std::int32_t holding) const;
+  // Two of a patient's take each other's order, with all that they have: both end and are inserted again.
+  void Exchange(const Coverage& one, const Coverage& other) const;
   void Remove(std::int32_t coverage) const;
   void SetRelationship(std::int32_t coverage, std::int32_t relationship) const;
+  // The patient's ID at the carrier; without a text there is none.
+  void SetCarrierId(std::int32_t coverage, std::string_view id) const;
 
   // Everybody's coverages through a holding go through another one, and the benefits with them. Of a patient whom both
   // cover the earlier coverage stays.
@@ -42,6 +47,8 @@ class Coverages {
   // Everybody's through a holding, live or ending, by patient and order.
   std::vector<Coverage> Through(std::int32_t holding) const;
 
+  // Nothing when it has ended.
+  std::optional<Coverage> Live(std::int32_t coverage) const;
   // A patient's coverages, live or ending, in their order.
   std::vector<Coverage> Of(std::int32_t patient) const;
   // A patient's coverages whose holding and link are live as well.
@@ -52,8 +59,10 @@ class Coverages {
  private:
   // Of coverages that are live or ending.
   std::vector<Coverage> Read(const Sql& condition) const;
+  static Coverage CoverageIn(const session::Recordset& row);
   std::optional<Coverage> Find(std::int32_t coverage) const;
   void Succeed(const Coverage& old, std::int32_t holding, const Assignments& benefits) const;
+  void InsertLike(const Coverage& old, std::int32_t holding, std::int32_t order, const Assignments& benefits) const;
 
   session::Session& session_;
   Statements statements_;

@@ -41,9 +41,8 @@ void Holdings::BeginToMove(std::int32_t holding, std::int32_t to_link) const {
   if (!held) {
     return;
   }
-  const std::vector<Holding> there = Of(held->subscriber, to_link);
-  const auto kept = std::ranges::find_if(there, &Holding::live);
-  if (kept == there.end()) {
+  const auto kept = LiveOf(held->subscriber, to_link);
+  if (!kept) {
     coverages_.Move(holding, Succeed(*held, to_link));
   } else {
     Merge(*held, *kept);
@@ -91,6 +90,17 @@ std::optional<Holding> Holdings::Find(std::int32_t holding) const {
 
 std::vector<Holding> Holdings::Of(std::int32_t subscriber, std::int32_t link) const {
   return Read("(PatEmpPatID=" + Literal(subscriber) + ") AND (PatEmpElID=" + Literal(link) + ")");
+}
+
+std::optional<Holding> Holdings::LiveOf(std::int32_t subscriber, std::int32_t link) const {
+  const auto held = Of(subscriber, link);
+  const auto live = std::ranges::find_if(held, &Holding::live);
+  return live == held.end() ? std::nullopt : std::optional(*live);
+}
+
+std::optional<Holding> Holdings::Live(std::int32_t holding) const {
+  const auto held = Find(holding);
+  return held && held->live ? held : std::nullopt;
 }
 
 std::vector<Holding> Holdings::On(std::int32_t link) const {

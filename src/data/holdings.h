@@ -44,6 +44,10 @@ class Holdings {
   std::vector<Holding> On(std::int32_t link) const;
   // The same of a subscriber, in their order.
   std::vector<Holding> Of(std::int32_t subscriber) const;
+  // The subscriber's live holding of the link; nothing where he has none.
+  std::optional<Holding> LiveOf(std::int32_t subscriber, std::int32_t link) const;
+  // Nothing when there is no such holding, or it has ended.
+  std::optional<Holding> Live(std::int32_t holding) const;
   // A person's live holdings.
   int Count(std::int32_t subscriber) const;
   // 0 when there is no such holding.

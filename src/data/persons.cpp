@@ -23,6 +23,12 @@ std::string LastFirst(const session::Value& last, const session::Value& first) {
   return last_name + (last_name.empty() || first_name.empty() ? "" : ", ") + first_name;
 }
 
+std::string FirstLast(const session::Value& first, const session::Value& last) {
+  const std::string first_name = session::ToText(first);
+  const std::string last_name = session::ToText(last);
+  return first_name + (first_name.empty() || last_name.empty() ? "" : " ") + last_name;
+}
+
 std::string MaskedSsn(const session::Value& ssn) {
   constexpr std::size_t kShown = 4;
   std::string digits = session::ToText(ssn);

@@ -12,6 +12,9 @@ namespace data {
 // "Smith, John"; without the comma when there is no first or no last name.
 std::string LastFirst(const session::Value& last, const session::Value& first);
 
+// "John Smith"; without the blank when there is no first or no last name.
+std::string FirstLast(const session::Value& first, const session::Value& last);
+
 // "***-**-6789": enough to tell two persons apart; empty for a number of four digits or fewer.
 std::string MaskedSsn(const session::Value& ssn);
 

@@ -5,6 +5,7 @@
 #include "editing/rules.h"
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
+#include "insurance/frmEditCoverage.h"
 #include "insurance/frmPPOAdjust.h"
 #include "insurance/frmSelectCoverage.h"
 #include "locations/frmOfficeLocation.h"
@@ -78,6 +79,13 @@ bool ComponentScreens::AdjustPlan(session::PlanAdjustment& plan) {
 
 bool ComponentScreens::EditPatientLocations(std::int32_t patient) {
   locations::frmPatientLocation screen(context_);
+  screen.PatientID = patient;
+  context_.user.Show(screen);
+  return screen.Saved;
+}
+
+bool ComponentScreens::EditPatientCoverage(std::int32_t patient) {
+  insurance::frmEditCoverage screen(context_);
   screen.PatientID = patient;
   context_.user.Show(screen);
   return screen.Saved;

@@ -25,6 +25,7 @@ class ComponentScreens : public session::Screens {
   bool AdjustPlan(session::PlanAdjustment& plan);
   // True when something was saved.
   bool EditPatientLocations(std::int32_t patient);
+  bool EditPatientCoverage(std::int32_t patient);
   bool EditOfficeLocations();
 
  private:

@@ -73,8 +73,9 @@ std::int32_t EditingScreen::Select_Coverage(std::int32_t employer_id, bool must_
                    .SelectCoverage({.employer = employer_id, .hidden = hide_el_id, .must_select = must_select});
 }
 
-bool EditingScreen::Edit_Patient_Coverage(std::int32_t /*patient_id*/) {
-  return OpenNotBuilt("frmEditCoverage", "coverages");
+bool EditingScreen::Edit_Patient_Coverage(std::int32_t patient_id) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditPatientCoverage(patient_id);
 }
 
 bool EditingScreen::Location_Edit_Screen() {

@@ -12,6 +12,7 @@
 #include "forms/text.h"
 #include "insurance/GrpPlaScreen.h"
 #include "insurance/frmCopyPlanOpts.h"
+#include "insurance/frmEditCoverage.h"
 #include "insurance/frmEmployer.h"
 #include "insurance/frmPPOAdjust.h"
 #include "insurance/frmSelectCoverage.h"
@@ -120,6 +121,7 @@ const std::vector<Screen>& AllScreens() {
                                              RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<insurance::frmSelectCoverage>("frmSelectCoverage"),
       Opens<insurance::frmCopyPlanOpts>("frmCopyPlanOpts"),
+      Opens<insurance::frmEditCoverage>("frmEditCoverage"),
       Opens<locations::frmOfficeLocation>("frmOfficeLocation"),
       Opens<locations::frmPatientLocation>("frmPatientLocation"),
       Opens<insurance::frmPPOAdjust>("frmPPOAdjust"),

@@ -2,6 +2,7 @@
 
 #include "views/insurance/GrpPlaScreen_view.h"
 #include "views/insurance/frmCopyPlanOpts_view.h"
+#include "views/insurance/frmEditCoverage_view.h"
 #include "views/insurance/frmEmployer_view.h"
 #include "views/insurance/frmPPOAdjust_view.h"
 #include "views/insurance/frmSelectCoverage_view.h"
@@ -24,6 +25,7 @@ namespace views {
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
   registry.Add<insurance::frmCopyPlanOpts>("frmCopyPlanOpts", LayOut_frmCopyPlanOpts);
+  registry.Add<insurance::frmEditCoverage>("frmEditCoverage", LayOut_frmEditCoverage);
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);
   registry.Add<insurance::frmPPOAdjust>("frmPPOAdjust", LayOut_frmPPOAdjust);
   registry.Add<insurance::frmSelectCoverage>("frmSelectCoverage", LayOut_frmSelectCoverage);

@@ -1,0 +1,401 @@
+#include "insurance/ucEditCoverage.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "data/persons.h"
+#include "editing/editing_form.h"
+#include "forms/text.h"
+
+namespace insurance {
+namespace {
+
+constexpr std::string_view kNone = "{none}";
+constexpr std::string_view kChangeTitle = "Change Insurance Coverage";
+constexpr std::string_view kChangeQuestion = "Are you sure you want to change this insurance coverage?";
+
+// The keys of the columns that are edited.
+constexpr const char* kCoveredBy = "CoveredBy";
+constexpr const char* kRel = "CovRel";
+constexpr const char* kPatientId = "CovInsCoPatID";
+
+forms::GridColumn Column(const char* key, const char* caption, CoverageField field, int width) {
+  return {.key = key, .caption = caption, .width = width, .cell = static_cast<int>(field)};
+}
+
+forms::GridColumn Hidden(const char* key, CoverageField field) {
+  return {.key = key, .caption = key, .visible = false, .cell = static_cast<int>(field)};
+}
+
+std::vector<forms::GridColumn> Columns() {
+  forms::GridColumn covered_by = Column(kCoveredBy, "Covered by", kSubscriberFirst, 130);
+  forms::GridColumn relationship = Column(kRel, "Rel", kRelationship, 80);
+  forms::GridColumn patient_id = Column(kPatientId, "Patient ID", kCarrierPatientId, 100);
+  covered_by.editable = relationship.editable = patient_id.editable = true;
+  covered_by.kind = relationship.kind = forms::GridColumn::Kind::DropDown;
+  for (const forms::ListItem& item : Relationships()) {
+    relationship.choices.push_back(item.text);
+  }
+  return {covered_by,
+          relationship,
+          patient_id,
+          Column("pSSN", "Subscriber SSN", kSubscriberSsn, 105),
+          Column("EmpNam", "Employer", kEmployerName, 140),
+          Column("InsCoNam", "Insurance Co.", kCarrierName, 140),
+          Column("GroPlaGroNum", "Group", kGroupNumber, 80),
+          Column("GroPlaNam", "Plan Name", kPlanName, 120),
+          Hidden("EmpID", kEmployerId),
+          Hidden("InsID", kCarrierId),
+          Hidden("GrpID", kPlanId),
+          Hidden("StartDate", kStart),
+          Hidden("EndDate", kEnd),
+          Hidden("elID", kLinkId),
+          Hidden("CovID", kCoverageId),
+          Hidden("SubID", kSubscriberId),
+          Hidden("PatEmpID", kHoldingId)};
+}
+
+// As the fields are, but for the subscriber's name, the relationship's, and days without a time.
+editing::RecordsetRows::Cells Cells() {
+  editing::RecordsetRows::Cells cells;
+  for (std::size_t field = 0; field <= kHoldingId; ++field) {
+    cells.emplace_back([field](const session::Recordset& row) { return session::ToText(row.Get(field)); });
+  }
+  cells[kSubscriberFirst] = [](const session::Recordset& row) {
+    return data::FirstLast(row.Get(kSubscriberFirst), row.Get(kSubscriberLast));
+  };
+  cells[kRelationship] = [](const session::Recordset& row) {
+    return RelationshipName(session::ToId(row.Get(kRelationship)));
+  };
+  return cells;
+}
+
+std::string TipOf(const forms::GridColumn& column) {
+  constexpr std::string_view kDropDown = "Click and then click on drop down arrow to change this patient's ";
+  if (column.key == kCoveredBy) {
+    return std::string(kDropDown) + "insurance coverage";
+  }
+  if (column.key == kRel) {
+    return std::string(kDropDown) + "relationship to the insurance holder";
+  }
+  return column.key == kPatientId ? "Click to edit the Insurance Company assigned Patient ID"
+                                  : "Double click to edit " + column.caption + " information";
+}
+
+}  // namespace
+
+ucEditCoverage::ucEditCoverage(const session::ScreenContext& context)
+    : Rules(context), Link(context), layout_(context.session, TDBG) {
+  Register();
+  Wire();
+}
+
+void ucEditCoverage::Register() {
+  TB.Add("LINK", "Link", {}).ToolTip = " Select / Link Additional Insurance Plan ";
+  TB.Add("EDIT", "Edit", {}).ToolTip = " Edit Insurance Plan ";
+  TB.Add("DELETE", "Delete", {}).ToolTip = " Remove the selected Insurance Plan ";
+  TB.Add("UNLINK", "UnLink", {}).Visible = false;
+  TB.Add("OKAY", "Okay", {}).ToolTip = " Accept highlighted plan and close ";
+  TB.Add("CLOSE", "Close", {}).ToolTip = " Close without making a selection ";
+  TB["CLOSE"].CausesValidation = false;
+  Add("TB", TB);
+  Add("lblCaption", lblCaption);
+  Add("TDBG", TDBG);
+  Add("fraLink", Link);
+  TDBG.Heading = &lblCaption;
+  TDBG.Columns = Columns();
+  TDBG.RowsMove = true;
+  TDBG.EmptyText = "No insurance coverage.\nLink adds a plan.";
+}
+
+void ucEditCoverage::Wire() {
+  TB.ItemClicked = [this](const std::string& key) { Clicked(key); };
+  TDBG.KeyDown = [this](forms::Key key) { return OnGridKey(key); };
+  TDBG.RowColChange = [this] { Highlighted(); };
+  TDBG.DblClick = [this] { OpenRecord(); };
+  TDBG.Tip = [this](int /*row*/, int column) { return TipOf(TDBG.Columns.get()[static_cast<std::size_t>(column)]); };
+  TDBG.Choices = [this](int row, int column) {
+    const forms::GridColumn& shape = TDBG.Columns.get()[static_cast<std::size_t>(column)];
+    return shape.key == kCoveredBy ? Choices(row) : shape.choices;
+  };
+  // What is written is read again, and what is not stays.
+  TDBG.CellEdited = [this](int column, const std::string& text) {
+    Attempt([&] { EditCell(TDBG.Columns.get()[static_cast<std::size_t>(column)].key, text); });
+    return false;
+  };
+  TDBG.RowMoved = [this](int from, int to) {
+    bool moved = false;
+    Attempt([&] { moved = Exchange(from, to); });
+    return moved;
+  };
+  Link.Chosen = [this](const CoverageLink::Choice& choice) { return AddChosen(choice); };
+  Link.Stopped = [this] { TDBG.SetFocus(); };
+}
+
+void ucEditCoverage::Clicked(const std::string& key) {
+  if (key == "LINK") {
+    StartLink();
+  } else if (key == "EDIT") {
+    EditPlan();
+  } else if (key == "DELETE") {
+    Remove();
+  } else {
+    Closing(key);
+  }
+}
+
+// The keys are those of the family screen's employers.
+bool ucEditCoverage::OnGridKey(forms::Key key) {
+  if (key == forms::Key::F9) {
+    StartLink();
+  } else if (key == forms::Key::Insert) {
+    EditPlan();
+  } else if (key == forms::Key::Delete) {
+    Remove();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void ucEditCoverage::Show(const std::string& name, const std::string& ssn) {
+  name_ = name;
+  ssn_ = ssn;
+  lblCaption.Caption = "Insurance Coverage for " + name_;
+  layout_.Restore("frmEditCoverage");
+  Read();
+}
+
+// The place that was highlighted stays so.
+void ucEditCoverage::Read() {
+  const int row = std::max(0, TDBG.Row.get());
+  family_plans_.reset();
+  rows_ = std::make_shared<editing::RecordsetRows>(statements_.Select(CoverageRows(statements_, PatientID)), Cells());
+  room_ = rows_->Fields().at(kCarrierPatientId).defined_size;
+  while (!rows_->Complete()) {
+    rows_->Fetch(100);
+  }
+  TDBG.Rows = rows_;
+  TDBG.Row = std::min(row, rows_->Count() - 1);
+  Highlighted();
+}
+
+bool ucEditCoverage::Highlight(std::int32_t coverage) {
+  for (int row = 0; row < TDBG.RowCount(); ++row) {
+    if (IdAt(row, kCoverageId) == coverage) {
+      TDBG.Row = row;
+      return true;
+    }
+  }
+  return false;
+}
+
+std::int32_t ucEditCoverage::IdAt(int row, CoverageField field) const {
+  return row < 0 || row >= TDBG.RowCount()
+             ? 0
+             : session::ToId(session::Value(std::string(TDBG.Rows.get()->Text(row, static_cast<int>(field)))));
+}
+
+std::vector<std::int32_t> ucEditCoverage::Covered() const {
+  std::vector<std::int32_t> holdings;
+  for (int row = 0; row < TDBG.RowCount(); ++row) {
+    holdings.push_back(IdAt(row, kHoldingId));
+  }
+  return holdings;
+}
+
+const std::vector<HeldPlan>& ucEditCoverage::FamilyPlans() {
+  if (!family_plans_) {
+    family_plans_ = PlansOf(statements_, FamilyOf(statements_, PatientID));
+  }
+  return *family_plans_;
+}
+
+// What stands in the cell leaves it as it is.
+std::vector<std::string> ucEditCoverage::Choices(int row) {
+  std::vector<std::string> choices = {std::string(TDBG.Rows.get()->Text(row, kSubscriberFirst))};
+  Attempt([&] {
+    const std::vector<std::string> told = ToldPlans(FamilyPlans());
+    for (std::size_t i = 0; i < told.size(); ++i) {
+      if (FamilyPlans()[i].holding != IdAt(row, kHoldingId)) {
+        choices.push_back(told[i]);
+      }
+    }
+  });
+  choices.emplace_back(kNone);
+  return choices;
+}
+
+bool ucEditCoverage::MayChange() {
+  return editing::EditingForm::MayModify(TDBG) && MayLeave();
+}
+
+bool ucEditCoverage::IsNew(std::int32_t holding) const {
+  const auto covered = data::Coverages(context_.session).Of(PatientID);
+  const bool is_new = std::ranges::none_of(
+      covered, [&](const data::Coverage& coverage) { return coverage.live && coverage.holding == holding; });
+  if (!is_new) {
+    context_.user.Tell(name_ +
+                           " is already covered by this insurance plan. Please select a different plan or edit the "
+                           "existing one.",
+                       std::string(kCoverageTitle), forms::Icon::Information);
+  }
+  return is_new;
+}
+
+bool ucEditCoverage::Write(const std::function<bool(const data::CoverageChanges&)>& change) {
+  BeforeWriting();
+  const bool written = change(data::CoverageChanges(context_.session));
+  if (written) {
+    Changed();
+  }
+  Read();
+  if (!written) {
+    Tell("This insurance coverage has been changed elsewhere meanwhile. It is shown as it is now; nothing was changed.",
+         forms::Icon::Exclamation);
+  }
+  return written;
+}
+
+void ucEditCoverage::EditCell(const std::string& key, const std::string& text) {
+  if (text == TDBG.Cell(TDBG.Row, TDBG.Col) || !MayChange()) {
+    return;
+  }
+  if (key == kCoveredBy) {
+    ChangeHolding(text);
+  } else if (key == kRel) {
+    ChangeRelationship(text);
+  } else {
+    ChangeCarrierId(text);
+  }
+}
+
+void ucEditCoverage::ChangeHolding(const std::string& choice) {
+  if (choice == kNone) {
+    Remove();
+    return;
+  }
+  const auto told = ToldPlans(FamilyPlans());
+  const auto chosen = static_cast<std::size_t>(std::ranges::find(told, choice) - told.begin());
+  if (chosen >= told.size()) {
+    return;
+  }
+  const std::int32_t holding = FamilyPlans()[chosen].holding;
+  const std::int32_t coverage = CoverageID();
+  if (IsNew(holding) && Confirm(std::string(kChangeQuestion), kChangeTitle)) {
+    Write([&](const data::CoverageChanges& changes) { return changes.Change(coverage, holding); });
+  }
+}
+
+void ucEditCoverage::ChangeRelationship(const std::string& name) {
+  const std::int32_t coverage = CoverageID();
+  Write(
+      [&](const data::CoverageChanges& changes) { return changes.SetRelationship(coverage, RelationshipCode(name)); });
+}
+
+void ucEditCoverage::ChangeCarrierId(const std::string& text) {
+  if (forms::Fitting(text, room_) != text) {
+    Tell("The Patient ID has at most " + std::to_string(room_) + " characters.", forms::Icon::Information);
+    return;
+  }
+  const std::int32_t coverage = CoverageID();
+  if (Confirm("This ID number is used to submit insurance claims. Entering an incorrect ID may cause claims to be "
+              "rejected.\r\nNOTE: Deleting the ID will automatically reset it to the Patient SSN.\r\nAre you sure you "
+              "want to change the Insurance Company assigned Patient ID?",
+              "Modify Insurance Company Assigned ID Number")) {
+    const std::string id = forms::Trim(text).empty() ? ssn_ : text;
+    Write([&](const data::CoverageChanges& changes) { return changes.SetCarrierId(coverage, id); });
+  }
+}
+
+void ucEditCoverage::Remove() {
+  const std::int32_t coverage = CoverageID();
+  if (coverage == 0) {
+    Tell("Please select the insurance plan to be removed and try again.", forms::Icon::Information);
+  } else if (MayChange() && Confirm("Removing insurance will change coverage year to date, remaining balance, and "
+                                    "remaining deductible.\r\nAre you sure you want continue ?",
+                                    "Remove Insurance Coverage")) {
+    Write([&](const data::CoverageChanges& changes) { return changes.Remove(coverage); });
+  }
+}
+
+bool ucEditCoverage::Exchange(int from, int to) {
+  const std::int32_t one = IdAt(from, kCoverageId);
+  const std::int32_t other = IdAt(to, kCoverageId);
+  return MayChange() && Confirm(std::string(kChangeQuestion), kChangeTitle) &&
+         Write([&](const data::CoverageChanges& changes) { return changes.Exchange(one, other); });
+}
+
+// The first coverage is everybody's to enter.
+bool ucEditCoverage::MayAdd() const {
+  const bool may =
+      data::Coverages(context_.session).Count(PatientID) == 0 || context_.session.HasRight(session::kSupervisorRight);
+  if (!may) {
+    context_.user.Tell("User " + context_.session.UserName() +
+                           " does not have the right to link additional insurance coverage for in-house database.\r\n"
+                           "Linking additional insurance coverage requires supervisor rights.",
+                       std::string(kCoverageTitle), forms::Icon::Exclamation);
+  }
+  return may;
+}
+
+void ucEditCoverage::StartLink() {
+  if (MayChange() && MayAdd()) {
+    Link.Start(PatientID, Covered());
+  }
+}
+
+bool ucEditCoverage::AddChosen(const CoverageLink::Choice& choice) {
+  if (!MayChange() || !MayAdd()) {
+    return false;
+  }
+  std::int32_t holding = choice.holding;
+  if (holding == 0) {
+    const auto held = data::Holdings(context_.session).LiveOf(choice.subscriber, choice.link);
+    holding = held ? held->id : 0;
+  }
+  if (holding != 0 && !IsNew(holding)) {
+    return false;
+  }
+  const bool added = Write([&](const data::CoverageChanges& changes) {
+    return holding != 0 ? changes.Add(PatientID, holding, choice.relationship)
+                        : changes.AddThroughLink(PatientID, choice.subscriber, choice.link, choice.relationship);
+  });
+  if (added) {
+    TDBG.Row = TDBG.RowCount() - 1;
+    Highlighted();
+  }
+  return added;
+}
+
+void ucEditCoverage::EditPlan() {
+  if (GroupID() == 0) {
+    Tell("Please select an insurance plan and try again.", forms::Icon::Information);
+  } else if (context_.screens.Edit(session::Opening::Existing(session::RecordKind::GroupPlan, GroupID())).Saved()) {
+    Read();
+  }
+}
+
+// What the column tells of; a cell that is edited opens nothing.
+void ucEditCoverage::OpenRecord() {
+  using session::RecordKind;
+  struct Opened {
+    CoverageField column;
+    RecordKind kind;
+    CoverageField id;
+  };
+  constexpr std::array kOpened = {
+      Opened{kSubscriberSsn, RecordKind::FamilyMember, kSubscriberId},
+      Opened{kEmployerName, RecordKind::Employer, kEmployerId}, Opened{kCarrierName, RecordKind::Carrier, kCarrierId},
+      Opened{kGroupNumber, RecordKind::GroupPlan, kPlanId}, Opened{kPlanName, RecordKind::GroupPlan, kPlanId}};
+  const int cell = TDBG.Col < 0 ? -1 : TDBG.CellOf(TDBG.Col);
+  const auto opened =
+      std::ranges::find_if(kOpened, [&](const Opened& one) { return static_cast<int>(one.column) == cell; });
+  if (opened != kOpened.end() && Id(opened->id) != 0 &&
+      context_.screens.Edit(session::Opening::Existing(opened->kind, Id(opened->id))).Saved()) {
+    Read();
+  }
+}
+
+}  // namespace insurance
