@@ -98,6 +98,10 @@ std::vector<Stop> Stops(Desk& desk) {
               "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0) AND pID IN "
               "(SELECT pFAMHEAIND FROM PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
   const std::string member = std::to_string(FirstOf(desk, "pFAMHEAIND = " + head + " AND pID <> " + head));
+  const std::string covered = std::to_string(FirstOf(
+      desk,
+      "pID IN (SELECT CovPatID FROM CovTable WHERE CovFla = 0 AND CovOrd IN (SELECT Max(CovOrd) FROM CovTable WHERE "
+      "CovFla = 0))"));
   const auto open_form = [&desk](const std::string& name, std::vector<std::pair<std::string, std::string>> properties) {
     return [&desk, name, properties = std::move(properties)] {
       const auto form = entry::MakeForm(name, desk.Context());
@@ -202,6 +206,9 @@ std::vector<Stop> Stops(Desk& desk) {
        open_form("frmCopyPlanOpts", {{"TargetText", "Riverbend School District / Bluestem Mutual Dental / BL4711"},
                                      {"SourceText", "Hill Country Builders / Bluestem Mutual Dental / BL2040"}})},
       {"GrpPlaScreen", open_form("GrpPlaScreen", {{"Mode", "1"}})},
+      {"frmEditCoverage", open_form("frmEditCoverage", {{"PatientID", covered}})},
+      {"frmEditCoverage-link", open_form("frmEditCoverage", {{"PatientID", covered}}),
+       [](forms::Form& form) { dynamic_cast<forms::ToolBar&>(*form.Find("ucEditCoverage1.TB"))["LINK"].DoClick(); }},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

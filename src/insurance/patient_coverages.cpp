@@ -14,7 +14,7 @@ using data::Sql;
 
 // Employer, carrier and plan of the link, joined to what is there before.
 Sql JoinNames(const data::Statements& statements, Sql from) {
-  return "((" + std::move(from) + ") LEFT JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd" +
+  return "(((" + std::move(from) + ") LEFT JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd" +
          statements.OfficeJoin(" and (ELTable.OfficeID = EmpTable.OfficeID) ") +
          ") LEFT JOIN InsCoTable ON ELTable.elInsID = InsCoTable.InsCoInd" +
          statements.OfficeJoin(" and (ELTable.OfficeID = InsCoTable.OfficeID) ") +
@@ -117,19 +117,18 @@ std::vector<HeldPlan> PlansOf(const data::Statements& statements, const std::vec
   return plans;
 }
 
-std::vector<std::string> ToldPlans(const std::vector<HeldPlan>& plans) {
-  const auto alike = [&](const HeldPlan& one, bool plan_too) {
-    return std::ranges::count_if(plans, [&](const HeldPlan& other) {
-             return one.subscriber_name == other.subscriber_name && (!plan_too || one.plan == other.plan);
-           }) > 1;
-  };
+std::vector<std::string> ToldPlans(const std::vector<HeldPlan>& plans, std::string_view taken) {
   std::vector<std::string> told;
   for (const HeldPlan& held : plans) {
+    const auto of_name = std::ranges::count(plans, held.subscriber_name, &HeldPlan::subscriber_name);
+    const auto alike = std::ranges::count_if(plans, [&](const HeldPlan& other) {
+      return other.subscriber_name == held.subscriber_name && other.plan == held.plan;
+    });
     std::string text = held.subscriber_name;
-    if (alike(held, false)) {
+    if (of_name > 1 || text == taken) {
       text += " - " + held.plan;
     }
-    if (alike(held, true)) {
+    if (alike > 1) {
       text += " [" + std::to_string(held.holding) + "]";
     }
     told.push_back(std::move(text));

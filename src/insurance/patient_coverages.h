@@ -60,7 +60,8 @@ struct HeldPlan {
 };
 // Live ones through live links, by member and order.
 std::vector<HeldPlan> PlansOf(const data::Statements& statements, const std::vector<FamilyMember>& family);
-// A text for each that tells it apart from the others: the subscriber's name alone where that does.
-std::vector<std::string> ToldPlans(const std::vector<HeldPlan>& plans);
+// A text for each that tells it apart from the others, and from a text that stands for something else: the subscriber's
+// name alone where that does.
+std::vector<std::string> ToldPlans(const std::vector<HeldPlan>& plans, std::string_view taken);
 
 }  // namespace insurance

@@ -205,23 +205,21 @@ std::vector<std::int32_t> ucEditCoverage::Covered() const {
   return holdings;
 }
 
-const std::vector<HeldPlan>& ucEditCoverage::FamilyPlans() {
+std::vector<HeldPlan> ucEditCoverage::OtherPlans(int row) {
   if (!family_plans_) {
     family_plans_ = PlansOf(statements_, FamilyOf(statements_, PatientID));
   }
-  return *family_plans_;
+  std::vector<HeldPlan> others = *family_plans_;
+  std::erase_if(others, [own = IdAt(row, kHoldingId)](const HeldPlan& held) { return held.holding == own; });
+  return others;
 }
 
 // What stands in the cell leaves it as it is.
 std::vector<std::string> ucEditCoverage::Choices(int row) {
   std::vector<std::string> choices = {std::string(TDBG.Rows.get()->Text(row, kSubscriberFirst))};
   Attempt([&] {
-    const std::vector<std::string> told = ToldPlans(FamilyPlans());
-    for (std::size_t i = 0; i < told.size(); ++i) {
-      if (FamilyPlans()[i].holding != IdAt(row, kHoldingId)) {
-        choices.push_back(told[i]);
-      }
-    }
+    const std::vector<std::string> told = ToldPlans(OtherPlans(row), choices.front());
+    choices.insert(choices.end(), told.begin(), told.end());
   });
   choices.emplace_back(kNone);
   return choices;
@@ -276,12 +274,13 @@ void ucEditCoverage::ChangeHolding(const std::string& choice) {
     Remove();
     return;
   }
-  const auto told = ToldPlans(FamilyPlans());
+  const std::vector<HeldPlan> plans = OtherPlans(TDBG.Row);
+  const auto told = ToldPlans(plans, TDBG.Cell(TDBG.Row, TDBG.Col));
   const auto chosen = static_cast<std::size_t>(std::ranges::find(told, choice) - told.begin());
-  if (chosen >= told.size()) {
+  if (chosen >= plans.size()) {
     return;
   }
-  const std::int32_t holding = FamilyPlans()[chosen].holding;
+  const std::int32_t holding = plans[chosen].holding;
   const std::int32_t coverage = CoverageID();
   if (IsNew(holding) && Confirm(std::string(kChangeQuestion), kChangeTitle)) {
     Write([&](const data::CoverageChanges& changes) { return changes.Change(coverage, holding); });

@@ -67,7 +67,8 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   std::int32_t Id(CoverageField field) const { return IdAt(TDBG.Row, field); }
   std::int32_t IdAt(int row, CoverageField field) const;
   std::vector<std::int32_t> Covered() const;
-  const std::vector<HeldPlan>& FamilyPlans();
+  // What the family holds, but for what the row's coverage goes through. Throws session::DatabaseError.
+  std::vector<HeldPlan> OtherPlans(int row);
   std::vector<std::string> Choices(int row);
 
   // Whether the person may change coverages now.

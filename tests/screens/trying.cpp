@@ -234,11 +234,11 @@ std::map<std::string, std::string> BoundTexts(const Form& form) {
 }
 
 bool PressOK(Form& form) {
-  return Press<&forms::DialogButtons::OK>(form, {"cmdOK", "TB.CLOSE"});
+  return Press<&forms::DialogButtons::OK>(form, {"cmdOK", "TB.CLOSE", "ucEditCoverage1.TB.OKAY"});
 }
 
 bool PressCancel(Form& form) {
-  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "cmdClose", "TB.CLOSE"});
+  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "cmdClose", "TB.CLOSE", "ucEditCoverage1.TB.CLOSE"});
 }
 
 void PressEsc(Form& form) {

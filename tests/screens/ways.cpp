@@ -61,6 +61,7 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
       {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmSelectCoverage", {{"EmployerID", {"elEmpID", "ELTable", "elInsID<>0 AND elFla=0"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmEditCoverage", {{"PatientID", {"CovPatID", "CovTable", "CovFla=0"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmCopyPlanOpts",
        {{"TargetCarrierID", {"GroPlaInsID", "GroPlaTable"}}, {"TargetGroupID", {"GroPlaInd", "GroPlaTable"}}}},

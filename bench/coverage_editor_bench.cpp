@@ -1,0 +1,68 @@
+// What opening a patient's coverages costs in a practice of a million patients, beside the same statements run bare. A
+// word on the command line names the file of the practice, which is made there when it is not there, and kept.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+
+#include "entry/form_catalog.h"
+#include "insurance/frmEditCoverage.h"
+#include "recording.h"
+
+namespace {
+
+constexpr std::int32_t kPatients = 1000000;
+constexpr int kAllRows = 1 << 30;
+
+std::filesystem::path kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+// Covered patients from all over the practice, each opened once, so that neither side finds what it reads at hand.
+void OpenCoverages(benchmark::State& state) {
+  bench::Subject subject(kPatients, kept);
+  bench::PreparedSession& session = subject.Session();
+  bench::QuickUser user;
+  const auto screens = entry::MakeScreens(session, user);
+  bench::Bare engine(subject.Path());
+  std::vector<double> opening;
+  std::vector<double> bare;
+  std::size_t statements = 0;
+  std::int32_t patient = 0;
+  for (auto _ : state) {
+    const auto next = session.Connection().Execute("SELECT MIN(CovPatID) FROM CovTable WHERE CovFla=0 AND CovPatID>" +
+                                                   std::to_string(patient + 4999));
+    patient = session::ToId(next->Get(0));
+    insurance::frmEditCoverage screen({session, user, *screens});
+    screen.PatientID = patient;
+    session.prepared.clear();
+    opening.push_back(bench::Time([&] { screen.Load(); }));
+    if (screen.Closed() || screen.ucEditCoverage1.CoverageID() == 0) {
+      state.SkipWithError("no coverage was shown");
+      return;
+    }
+    const auto prepared = std::exchange(session.prepared, {});
+    statements = prepared.size();
+    bare.push_back(bench::Time([&] {
+      for (const std::string& statement : prepared) {
+        engine.Step(statement, kAllRows);
+      }
+    }));
+  }
+  state.counters["statements"] = static_cast<double>(statements);
+  state.counters["open_ms"] = 1e3 * Median(opening);
+  state.counters["open_to_bare"] = Median(opening) / Median(bare);
+}
+BENCHMARK(OpenCoverages)->Iterations(190);
+
+}  // namespace
+
+int main(int count, char** words) {
+  benchmark::Initialize(&count, words);
+  kept = count > 1 ? words[1] : "";
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
