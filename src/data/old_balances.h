@@ -11,7 +11,7 @@ namespace data {
 
 // Where an amount stands in `PATable`, and where it goes in `CovTable`.
 struct OldBalance {
-  std::int32_t order;  // of the coverage
+  std::int32_t order = 0;  // of the coverage
   Words old_column;
   Words column;
 };

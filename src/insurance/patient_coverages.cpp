@@ -1,6 +1,7 @@
 #include "insurance/patient_coverages.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "data/family_members.h"
 #include "data/literal.h"
@@ -13,8 +14,8 @@ using data::Literal;
 using data::Sql;
 
 // Employer, carrier and plan of the link, joined to what is there before.
-Sql JoinNames(const data::Statements& statements, Sql from) {
-  return "(((" + std::move(from) + ") LEFT JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd" +
+Sql JoinNames(const data::Statements& statements, const Sql& from) {
+  return "(((" + from + ") LEFT JOIN EmpTable ON ELTable.elEmpID = EmpTable.EmpInd" +
          statements.OfficeJoin(" and (ELTable.OfficeID = EmpTable.OfficeID) ") +
          ") LEFT JOIN InsCoTable ON ELTable.elInsID = InsCoTable.InsCoInd" +
          statements.OfficeJoin(" and (ELTable.OfficeID = InsCoTable.OfficeID) ") +
@@ -22,12 +23,12 @@ Sql JoinNames(const data::Statements& statements, Sql from) {
          statements.OfficeJoin(" and (ELTable.OfficeID = GroPlaTable.OfficeID) ");
 }
 
-Sql ListOf(const std::vector<FamilyMember>& family) {
-  Sql ids;
-  for (const FamilyMember& member : family) {
-    ids += (ids.Empty() ? Sql() : Sql(", ")) + Literal(member.id);
+Sql ListOf(const std::vector<std::int32_t>& ids) {
+  Sql list;
+  for (const std::int32_t id : ids) {
+    list += (list.Empty() ? Sql() : Sql(", ")) + Literal(id);
   }
-  return ids;
+  return list;
 }
 
 }  // namespace
@@ -74,12 +75,9 @@ data::Sql CoverageRows(const data::Statements& statements, std::int32_t patient)
 }
 
 std::vector<FamilyMember> FamilyOf(const data::Statements& statements, std::int32_t patient) {
-  Sql ids;
-  for (const std::int32_t member : data::FamilyMembers(statements, patient)) {
-    ids += (ids.Empty() ? Sql() : Sql(", ")) + Literal(member);
-  }
   std::vector<FamilyMember> family;
-  for (const auto row = statements.Select("SELECT pID, pFIRNAM, pLASNAM FROM PATable WHERE (pID IN (" + ids + "))" +
+  for (const auto row = statements.Select("SELECT pID, pFIRNAM, pLASNAM FROM PATable WHERE (pID IN (" +
+                                          ListOf(data::FamilyMembers(statements, patient)) + "))" +
                                           statements.Office() + " ORDER BY pID");
        !row->Eof(); row->MoveNext()) {
     const FamilyMember member = {session::ToId(row->Get(0)), data::FirstLast(row->Get(1), row->Get(2))};
@@ -94,12 +92,14 @@ std::vector<HeldPlan> PlansOf(const data::Statements& statements, const std::vec
   if (family.empty()) {
     return plans;
   }
+  std::vector<std::int32_t> members;
+  std::ranges::transform(family, std::back_inserter(members), &FamilyMember::id);
   for (const auto row = statements.Select(
            "SELECT PatEmpTable.PatEmpID, PatEmpTable.PatEmpPatID, PatEmpTable.PatEmpElID, EmpTable.EmpNam, "
            "InsCoTable.InsCoNam, GroPlaTable.GroPlaGroNum, GroPlaTable.GroPlaNam FROM (" +
            JoinNames(statements, Sql("PatEmpTable INNER JOIN ELTable ON PatEmpTable.PatEmpElID = ELTable.elID") +
                                      statements.OfficeJoin(" and (PatEmpTable.OfficeID = ELTable.OfficeID) ")) +
-           ") WHERE (PatEmpTable.PatEmpPatID IN (" + ListOf(family) +
+           ") WHERE (PatEmpTable.PatEmpPatID IN (" + ListOf(members) +
            ")) AND (PatEmpTable.PatEmpFla=0) AND (ELTable.elFla=0) AND ((ELTable.elInsID<>0) OR (ELTable.elGroID<>0))" +
            statements.Office(" and (PatEmpTable.OfficeID = ", ") ") +
            " ORDER BY PatEmpTable.PatEmpPatID, PatEmpTable.PatEmpOrd, PatEmpTable.PatEmpID");

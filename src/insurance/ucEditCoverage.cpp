@@ -199,6 +199,7 @@ std::int32_t ucEditCoverage::IdAt(int row, CoverageField field) const {
 
 std::vector<std::int32_t> ucEditCoverage::Covered() const {
   std::vector<std::int32_t> holdings;
+  holdings.reserve(static_cast<std::size_t>(TDBG.RowCount()));
   for (int row = 0; row < TDBG.RowCount(); ++row) {
     holdings.push_back(IdAt(row, kHoldingId));
   }
@@ -225,7 +226,7 @@ std::vector<std::string> ucEditCoverage::Choices(int row) {
   return choices;
 }
 
-bool ucEditCoverage::MayChange() {
+bool ucEditCoverage::MayChange() const {
   return editing::EditingForm::MayModify(TDBG) && MayLeave();
 }
 
@@ -371,7 +372,8 @@ bool ucEditCoverage::AddChosen(const CoverageLink::Choice& choice) {
 void ucEditCoverage::EditPlan() {
   if (GroupID() == 0) {
     Tell("Please select an insurance plan and try again.", forms::Icon::Information);
-  } else if (context_.screens.Edit(session::Opening::Existing(session::RecordKind::GroupPlan, GroupID())).Saved()) {
+  } else {
+    context_.screens.Edit(session::Opening::Existing(session::RecordKind::GroupPlan, GroupID()));
     Read();
   }
 }
@@ -391,8 +393,8 @@ void ucEditCoverage::OpenRecord() {
   const int cell = TDBG.Col < 0 ? -1 : TDBG.CellOf(TDBG.Col);
   const auto opened =
       std::ranges::find_if(kOpened, [&](const Opened& one) { return static_cast<int>(one.column) == cell; });
-  if (opened != kOpened.end() && Id(opened->id) != 0 &&
-      context_.screens.Edit(session::Opening::Existing(opened->kind, Id(opened->id))).Saved()) {
+  if (opened != kOpened.end() && Id(opened->id) != 0) {
+    context_.screens.Edit(session::Opening::Existing(opened->kind, Id(opened->id)));
     Read();
   }
 }

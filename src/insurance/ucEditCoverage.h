@@ -72,7 +72,7 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   std::vector<std::string> Choices(int row);
 
   // Whether the person may change coverages now.
-  bool MayChange();
+  bool MayChange() const;
   // False, and the person is told, where a holding covers the patient already.
   bool IsNew(std::int32_t holding) const;
   // Writes, shows what there is then, and tells when the coverage has ended meanwhile. Throws session::DatabaseError.
