@@ -5,20 +5,9 @@
 #include <utility>
 
 #include "data/persons.h"
-#include "editing/editing_form.h"
-#include "forms/text.h"
 
 namespace insurance {
 namespace {
-
-constexpr std::string_view kNone = "{none}";
-constexpr std::string_view kChangeTitle = "Change Insurance Coverage";
-constexpr std::string_view kChangeQuestion = "Are you sure you want to change this insurance coverage?";
-
-// The keys of the columns that are edited.
-constexpr const char* kCoveredBy = "CoveredBy";
-constexpr const char* kRel = "CovRel";
-constexpr const char* kPatientId = "CovInsCoPatID";
 
 forms::GridColumn Column(const char* key, const char* caption, CoverageField field, int width) {
   return {.key = key, .caption = caption, .width = width, .cell = static_cast<int>(field)};
@@ -29,9 +18,9 @@ forms::GridColumn Hidden(const char* key, CoverageField field) {
 }
 
 std::vector<forms::GridColumn> Columns() {
-  forms::GridColumn covered_by = Column(kCoveredBy, "Covered by", kSubscriberFirst, 130);
-  forms::GridColumn relationship = Column(kRel, "Rel", kRelationship, 80);
-  forms::GridColumn patient_id = Column(kPatientId, "Patient ID", kCarrierPatientId, 100);
+  forms::GridColumn covered_by = Column(ucEditCoverage::kCoveredBy, "Covered by", kSubscriberFirst, 130);
+  forms::GridColumn relationship = Column(ucEditCoverage::kRel, "Rel", kRelationship, 80);
+  forms::GridColumn patient_id = Column(ucEditCoverage::kPatientId, "Patient ID", kCarrierPatientId, 100);
   covered_by.editable = relationship.editable = patient_id.editable = true;
   covered_by.kind = relationship.kind = forms::GridColumn::Kind::DropDown;
   for (const forms::ListItem& item : Relationships()) {
@@ -73,14 +62,14 @@ editing::RecordsetRows::Cells Cells() {
 
 std::string TipOf(const forms::GridColumn& column) {
   constexpr std::string_view kDropDown = "Click and then click on drop down arrow to change this patient's ";
-  if (column.key == kCoveredBy) {
+  if (column.key == ucEditCoverage::kCoveredBy) {
     return std::string(kDropDown) + "insurance coverage";
   }
-  if (column.key == kRel) {
+  if (column.key == ucEditCoverage::kRel) {
     return std::string(kDropDown) + "relationship to the insurance holder";
   }
-  return column.key == kPatientId ? "Click to edit the Insurance Company assigned Patient ID"
-                                  : "Double click to edit " + column.caption + " information";
+  return column.key == ucEditCoverage::kPatientId ? "Click to edit the Insurance Company assigned Patient ID"
+                                                  : "Double click to edit " + column.caption + " information";
 }
 
 }  // namespace
@@ -224,149 +213,6 @@ std::vector<std::string> ucEditCoverage::Choices(int row) {
   });
   choices.emplace_back(kNone);
   return choices;
-}
-
-bool ucEditCoverage::MayChange() const {
-  return editing::EditingForm::MayModify(TDBG) && MayLeave();
-}
-
-bool ucEditCoverage::IsNew(std::int32_t holding) const {
-  const auto covered = data::Coverages(context_.session).Of(PatientID);
-  const bool is_new = std::ranges::none_of(
-      covered, [&](const data::Coverage& coverage) { return coverage.live && coverage.holding == holding; });
-  if (!is_new) {
-    context_.user.Tell(name_ +
-                           " is already covered by this insurance plan. Please select a different plan or edit the "
-                           "existing one.",
-                       std::string(kCoverageTitle), forms::Icon::Information);
-  }
-  return is_new;
-}
-
-bool ucEditCoverage::Write(const std::function<bool(const data::CoverageChanges&)>& change) {
-  BeforeWriting();
-  const bool written = change(data::CoverageChanges(context_.session));
-  if (written) {
-    Changed();
-  }
-  Read();
-  if (!written) {
-    Tell("This insurance coverage has been changed elsewhere meanwhile. It is shown as it is now; nothing was changed.",
-         forms::Icon::Exclamation);
-  }
-  return written;
-}
-
-void ucEditCoverage::EditCell(const std::string& key, const std::string& text) {
-  if (text == TDBG.Cell(TDBG.Row, TDBG.Col) || !MayChange()) {
-    return;
-  }
-  if (key == kCoveredBy) {
-    ChangeHolding(text);
-  } else if (key == kRel) {
-    ChangeRelationship(text);
-  } else {
-    ChangeCarrierId(text);
-  }
-}
-
-void ucEditCoverage::ChangeHolding(const std::string& choice) {
-  if (choice == kNone) {
-    Remove();
-    return;
-  }
-  const std::vector<HeldPlan> plans = OtherPlans(TDBG.Row);
-  const auto told = ToldPlans(plans, TDBG.Cell(TDBG.Row, TDBG.Col));
-  const auto chosen = static_cast<std::size_t>(std::ranges::find(told, choice) - told.begin());
-  if (chosen >= plans.size()) {
-    return;
-  }
-  const std::int32_t holding = plans[chosen].holding;
-  const std::int32_t coverage = CoverageID();
-  if (IsNew(holding) && Confirm(std::string(kChangeQuestion), kChangeTitle)) {
-    Write([&](const data::CoverageChanges& changes) { return changes.Change(coverage, holding); });
-  }
-}
-
-void ucEditCoverage::ChangeRelationship(const std::string& name) {
-  const std::int32_t coverage = CoverageID();
-  Write(
-      [&](const data::CoverageChanges& changes) { return changes.SetRelationship(coverage, RelationshipCode(name)); });
-}
-
-void ucEditCoverage::ChangeCarrierId(const std::string& text) {
-  if (forms::Fitting(text, room_) != text) {
-    Tell("The Patient ID has at most " + std::to_string(room_) + " characters.", forms::Icon::Information);
-    return;
-  }
-  const std::int32_t coverage = CoverageID();
-  if (Confirm("This ID number is used to submit insurance claims. Entering an incorrect ID may cause claims to be "
-              "rejected.\r\nNOTE: Deleting the ID will automatically reset it to the Patient SSN.\r\nAre you sure you "
-              "want to change the Insurance Company assigned Patient ID?",
-              "Modify Insurance Company Assigned ID Number")) {
-    const std::string id = forms::Trim(text).empty() ? ssn_ : text;
-    Write([&](const data::CoverageChanges& changes) { return changes.SetCarrierId(coverage, id); });
-  }
-}
-
-void ucEditCoverage::Remove() {
-  const std::int32_t coverage = CoverageID();
-  if (coverage == 0) {
-    Tell("Please select the insurance plan to be removed and try again.", forms::Icon::Information);
-  } else if (MayChange() && Confirm("Removing insurance will change coverage year to date, remaining balance, and "
-                                    "remaining deductible.\r\nAre you sure you want continue ?",
-                                    "Remove Insurance Coverage")) {
-    Write([&](const data::CoverageChanges& changes) { return changes.Remove(coverage); });
-  }
-}
-
-bool ucEditCoverage::Exchange(int from, int to) {
-  const std::int32_t one = IdAt(from, kCoverageId);
-  const std::int32_t other = IdAt(to, kCoverageId);
-  return MayChange() && Confirm(std::string(kChangeQuestion), kChangeTitle) &&
-         Write([&](const data::CoverageChanges& changes) { return changes.Exchange(one, other); });
-}
-
-// The first coverage is everybody's to enter.
-bool ucEditCoverage::MayAdd() const {
-  const bool may =
-      data::Coverages(context_.session).Count(PatientID) == 0 || context_.session.HasRight(session::kSupervisorRight);
-  if (!may) {
-    context_.user.Tell("User " + context_.session.UserName() +
-                           " does not have the right to link additional insurance coverage for in-house database.\r\n"
-                           "Linking additional insurance coverage requires supervisor rights.",
-                       std::string(kCoverageTitle), forms::Icon::Exclamation);
-  }
-  return may;
-}
-
-void ucEditCoverage::StartLink() {
-  if (MayChange() && MayAdd()) {
-    Link.Start(PatientID, Covered());
-  }
-}
-
-bool ucEditCoverage::AddChosen(const CoverageLink::Choice& choice) {
-  if (!MayChange() || !MayAdd()) {
-    return false;
-  }
-  std::int32_t holding = choice.holding;
-  if (holding == 0) {
-    const auto held = data::Holdings(context_.session).LiveOf(choice.subscriber, choice.link);
-    holding = held ? held->id : 0;
-  }
-  if (holding != 0 && !IsNew(holding)) {
-    return false;
-  }
-  const bool added = Write([&](const data::CoverageChanges& changes) {
-    return holding != 0 ? changes.Add(PatientID, holding, choice.relationship)
-                        : changes.AddThroughLink(PatientID, choice.subscriber, choice.link, choice.relationship);
-  });
-  if (added) {
-    TDBG.Row = TDBG.RowCount() - 1;
-    Highlighted();
-  }
-  return added;
 }
 
 void ucEditCoverage::EditPlan() {

@@ -24,6 +24,13 @@ namespace insurance {
 // the patient.
 class ucEditCoverage : public forms::UserControl, private editing::Rules {
  public:
+  // The keys of the columns that are edited.
+  static constexpr const char* kCoveredBy = "CoveredBy";
+  static constexpr const char* kRel = "CovRel";
+  static constexpr const char* kPatientId = "CovInsCoPatID";
+  // Offered among the holdings: the coverage is removed.
+  static constexpr std::string_view kNone = "{none}";
+
   explicit ucEditCoverage(const session::ScreenContext& context);
 
   forms::ToolBar TB;  // "LINK", "EDIT", "DELETE", "UNLINK", "OKAY", "CLOSE"
