@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/persons.h"
+#include "editing/editing_form.h"
 
 namespace insurance {
 namespace {
@@ -215,12 +216,18 @@ std::vector<std::string> ucEditCoverage::Choices(int row) {
   return choices;
 }
 
+void ucEditCoverage::Edit(session::RecordKind kind, std::int32_t id) {
+  if (editing::EditingForm::MayModify(TDBG)) {
+    context_.screens.Edit(session::Opening::Existing(kind, id));
+    Read();
+  }
+}
+
 void ucEditCoverage::EditPlan() {
   if (GroupID() == 0) {
     Tell("Please select an insurance plan and try again.", forms::Icon::Information);
   } else {
-    context_.screens.Edit(session::Opening::Existing(session::RecordKind::GroupPlan, GroupID()));
-    Read();
+    Edit(session::RecordKind::GroupPlan, GroupID());
   }
 }
 
@@ -240,8 +247,7 @@ void ucEditCoverage::OpenRecord() {
   const auto opened =
       std::ranges::find_if(kOpened, [&](const Opened& one) { return static_cast<int>(one.column) == cell; });
   if (opened != kOpened.end() && Id(opened->id) != 0) {
-    context_.screens.Edit(session::Opening::Existing(opened->kind, Id(opened->id)));
-    Read();
+    Edit(opened->kind, Id(opened->id));
   }
 }
 

@@ -93,6 +93,8 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   void ChangeCarrierId(const std::string& text);
   void Remove();
   bool Exchange(int from, int to);
+  // In its own screen, where this one is not only looked at.
+  void Edit(session::RecordKind kind, std::int32_t id);
   void EditPlan();
   void OpenRecord();
 
