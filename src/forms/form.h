@@ -34,6 +34,9 @@ class Form : public Observable {
   const std::string& Name() const { return name_; }
   // Under which the place of its window is kept.
   virtual const std::string& PlaceKey() const { return name_; }
+  // The place is kept in an option for each of its parts, under the key and "_S" (2 for a window that fills the
+  // screen), "_L", "_T", "_W" and "_H".
+  virtual bool KeepsPlaceInParts() const { return false; }
 
   // Makes a control known. Controls are read in the order in which they are added, unless `Reads` says otherwise.
   void Add(const std::string& name, Control& control);

@@ -13,6 +13,10 @@ namespace views {
 namespace {
 
 constexpr std::string_view kPlacesSection = "SESC_SCREENS";
+// Of a place that is kept in parts.
+constexpr std::array kPlaceParts = {"_L", "_T", "_W", "_H"};
+constexpr const char* kStatePart = "_S";
+constexpr std::string_view kFillsTheScreen = "2";
 
 // A place to type or choose in.
 bool IsField(const forms::Control& control) {
@@ -323,18 +327,34 @@ void FormWindow::FitContents() {
   LayOutScrolled(window_);
 }
 
-void FormWindow::RestoreScreenPosition() {
-  std::array<long, 4> numbers{};
-  wxStringTokenizer parts(places_ == nullptr ? wxString() : ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey())),
-                          ",");
-  for (long& number : numbers) {
+std::optional<std::array<long, 4>> FormWindow::KeptPlace() const {
+  std::array<long, 4> place{};
+  wxString text;
+  if (places_ != nullptr && form_.KeepsPlaceInParts()) {
+    for (const char* part : kPlaceParts) {
+      text += ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey() + part)) + ",";
+    }
+  } else if (places_ != nullptr) {
+    text = ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey()));
+  }
+  wxStringTokenizer parts(text, ",");
+  for (long& number : place) {
     if (!parts.GetNextToken().ToLong(&number)) {
-      PlaceInMiddle(window_);
-      return;
+      return std::nullopt;
     }
   }
-  const wxPoint corner = window_.FromDIP(wxPoint(static_cast<int>(numbers[0]), static_cast<int>(numbers[1])));
-  wxSize size = window_.FromDIP(wxSize(static_cast<int>(numbers[2]), static_cast<int>(numbers[3])));
+  return place;
+}
+
+void FormWindow::RestoreScreenPosition() {
+  const auto place = KeptPlace();
+  if (!place) {
+    PlaceInMiddle(window_);
+    return;
+  }
+  const auto& [left, top, width, height] = *place;
+  const wxPoint corner = window_.FromDIP(wxPoint(static_cast<int>(left), static_cast<int>(top)));
+  wxSize size = window_.FromDIP(wxSize(static_cast<int>(width), static_cast<int>(height)));
   size.IncTo(window_.GetMinClientSize());
   window_.SetClientSize(size);
   if (wxDisplay::GetFromPoint(corner) == wxNOT_FOUND) {
@@ -342,6 +362,10 @@ void FormWindow::RestoreScreenPosition() {
   } else {
     window_.Move(corner);
     KeepOnDisplay(window_);
+  }
+  if (form_.KeepsPlaceInParts() &&
+      places_->UserOption(kPlacesSection, form_.PlaceKey() + kStatePart) == kFillsTheScreen) {
+    window_.Maximize();
   }
 }
 
@@ -354,9 +378,22 @@ void FormWindow::SaveScreenPosition() {
     return;
   }
   try {
-    places_->SetUserOption(kPlacesSection, form_.PlaceKey(),
-                           FromWx(wxString::Format("%d,%d,%d,%d", corner.x, corner.y, size.x, size.y)));
+    KeepPlace({corner.x, corner.y, size.x, size.y});
   } catch (const session::DatabaseError&) {  // NOLINT(bugprone-empty-catch): the next time it opens in the middle
+  }
+}
+
+// A window that fills the screen leaves the place that it had before.
+void FormWindow::KeepPlace(const std::array<long, 4>& place) {
+  const std::string& key = form_.PlaceKey();
+  if (!form_.KeepsPlaceInParts()) {
+    places_->SetUserOption(kPlacesSection, key,
+                           FromWx(wxString::Format("%ld,%ld,%ld,%ld", place[0], place[1], place[2], place[3])));
+    return;
+  }
+  places_->SetUserOption(kPlacesSection, key + kStatePart, window_.IsMaximized() ? kFillsTheScreen : "0");
+  for (std::size_t part = 0; part < place.size() && !window_.IsMaximized(); ++part) {
+    places_->SetUserOption(kPlacesSection, key + kPlaceParts.at(part), std::to_string(place.at(part)));
   }
 }
 

@@ -3,9 +3,11 @@
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
 
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -95,6 +97,9 @@ class FormWindow : private forms::FormObserver {
   Binding* Focused() const;
   void FitContents();
   void RestoreScreenPosition();
+  // Left, top, width and height; nothing where none, or no whole place, is kept.
+  std::optional<std::array<long, 4>> KeptPlace() const;
+  void KeepPlace(const std::array<long, 4>& place);
 
   wxTopLevelWindow& window_;
   forms::Form& form_;

@@ -5,6 +5,8 @@
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
 
+#include <map>
+
 #include "assistive.h"
 #include "contrast.h"
 #include "forms/dialog_buttons.h"
@@ -370,6 +372,40 @@ class Places : public session::Settings {
  private:
   std::string place_;
 };
+
+// Of a form that keeps its place in parts.
+struct PartsSample : Sample {
+  bool KeepsPlaceInParts() const override { return true; }
+};
+
+struct PlaceParts : Places {
+  std::map<std::string, std::string> options;
+  std::string UserOption(std::string_view /*section*/, std::string_view key) const override {
+    const auto found = options.find(std::string(key));
+    return found == options.end() ? std::string() : found->second;
+  }
+  void SetUserOption(std::string_view /*section*/, std::string_view key, std::string_view value) override {
+    options[std::string(key)] = value;
+  }
+};
+
+TEST_F(Keyboard, APlaceInPartsIsKeptAndFound) {
+  PlaceParts places;
+  user_.SetPlaces(&places);
+  wxSize size;
+  PartsSample first;
+  Open(first, [&] {
+    size = dialog_->GetClientSize() + wxSize(40, 30);
+    dialog_->SetClientSize(size);
+    wxTheApp->Yield();
+  });
+  const std::string key = first.PlaceKey();
+  EXPECT_EQ(places.options[key + "_S"], "0");
+  EXPECT_EQ(places.options.size(), 5U);
+  PartsSample second;
+  Open(second, [&] { EXPECT_EQ(dialog_->GetClientSize(), size); });
+  user_.SetPlaces(nullptr);
+}
 
 // The frames of windows differ, and the toolkit takes that of the last for the next one's.
 TEST_F(Keyboard, AWindowOpensAsLargeAsItWas) {
