@@ -209,6 +209,10 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmEditCoverage", open_form("frmEditCoverage", {{"PatientID", covered}})},
       {"frmEditCoverage-link", open_form("frmEditCoverage", {{"PatientID", covered}}),
        [](forms::Form& form) { dynamic_cast<forms::ToolBar&>(*form.Find("ucEditCoverage1.TB"))["LINK"].DoClick(); }},
+      {"InsPln_Frm", open_form("InsPln_Frm", {{"EmployerID", "1"}, {"GroupID", "1"}})},
+      {"InsPln_Frm-help", open_form("InsPln_Frm", {{"GroupID", "1"}}),
+       [](forms::Form& form) { dynamic_cast<forms::Button&>(*form.Find("ucPlanDetails1.TB.HELP")).DoClick(); }},
+      {"InsPln_Frm-global", open_form("InsPln_Frm", {})},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

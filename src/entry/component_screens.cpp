@@ -6,6 +6,7 @@
 #include "entry/editing_screen.h"
 #include "entry/form_catalog.h"
 #include "insurance/frmEditCoverage.h"
+#include "insurance/InsPln_Frm.h"
 #include "insurance/frmPPOAdjust.h"
 #include "insurance/frmSelectCoverage.h"
 #include "locations/frmOfficeLocation.h"
@@ -54,8 +55,14 @@ std::int32_t ComponentScreens::SelectCoverage(const session::CoverageChoice& cho
   return screen.SelectedCoverage;
 }
 
-void ComponentScreens::ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) {
-  TellNotBuilt(context_.user, "InsPln_Frm", "plan details");
+void ComponentScreens::ShowPlanDetails(const session::PlanDetailsRequest& request) {
+  insurance::InsPln_Frm screen(context_);
+  screen.ucPlanDetails1.EmployerID = request.employer;
+  screen.ucPlanDetails1.CarrierID = request.carrier;
+  screen.ucPlanDetails1.GroupID = request.plan;
+  screen.Title = request.title;
+  screen.HelpID = request.help;
+  context_.user.Show(screen);
 }
 
 std::optional<session::PickedText> ComponentScreens::ShowPickList(session::PickList list, std::string_view title) {

@@ -93,10 +93,13 @@ bool EditingScreen::LoginLocation_Setup(std::int32_t password_id) {
   return session != nullptr && ComponentScreens(*session, user_).EditLoginLocations(password_id);
 }
 
-void EditingScreen::Show_InsPlan_Screen(std::int32_t /*employer_id*/, std::int32_t /*carrier_id*/,
-                                        std::int32_t /*group_id*/, const std::string& /*title*/,
-                                        std::int32_t /*help_id*/) {
-  OpenNotBuilt("InsPln_Frm", "plan details");
+void EditingScreen::Show_InsPlan_Screen(std::int32_t employer_id, std::int32_t carrier_id, std::int32_t group_id,
+                                        const std::string& title, std::int32_t help_id) {
+  if (const auto session = BeginCall()) {
+    ComponentScreens(*session, user_)
+        .ShowPlanDetails(
+            {.employer = employer_id, .carrier = carrier_id, .plan = group_id, .title = title, .help = help_id});
+  }
 }
 
 void EditingScreen::Employer_Start(std::string& /*tmp*/, std::string& /*patient_id*/, std::string& /*form_tag*/,

@@ -11,6 +11,7 @@
 #include "entry/record_id.h"
 #include "forms/text.h"
 #include "insurance/GrpPlaScreen.h"
+#include "insurance/InsPln_Frm.h"
 #include "insurance/frmCopyPlanOpts.h"
 #include "insurance/frmEditCoverage.h"
 #include "insurance/frmEmployer.h"
@@ -117,6 +118,7 @@ const std::vector<Screen>& AllScreens() {
       Edits<insurance::frmEmployer>("frmEmployer", {RecordKind::Employer}),
       Edits<insurance::insScreen>("insScreen", {RecordKind::Carrier, RecordKind::Pharmacy}),
       Edits<insurance::GrpPlaScreen>("GrpPlaScreen", {RecordKind::GroupPlan}),
+      Opens<insurance::InsPln_Frm>("InsPln_Frm"),
       Edits<people::docScreen>("docScreen", {RecordKind::Provider, RecordKind::Physician1, RecordKind::Physician2,
                                              RecordKind::ReferInOut, RecordKind::Referral}),
       Opens<insurance::frmSelectCoverage>("frmSelectCoverage"),

@@ -1,6 +1,7 @@
 #include "views/view_registry.h"
 
 #include "views/insurance/GrpPlaScreen_view.h"
+#include "views/insurance/InsPln_Frm_view.h"
 #include "views/insurance/frmCopyPlanOpts_view.h"
 #include "views/insurance/frmEditCoverage_view.h"
 #include "views/insurance/frmEmployer_view.h"
@@ -24,6 +25,7 @@ namespace views {
 
 ViewRegistry ViewRegistry::Standard() {
   ViewRegistry registry;
+  registry.Add<insurance::InsPln_Frm>("InsPln_Frm", LayOut_InsPln_Frm);
   registry.Add<insurance::frmCopyPlanOpts>("frmCopyPlanOpts", LayOut_frmCopyPlanOpts);
   registry.Add<insurance::frmEditCoverage>("frmEditCoverage", LayOut_frmEditCoverage);
   registry.Add<insurance::frmEmployer>("frmEmployer", LayOut_frmEmployer);

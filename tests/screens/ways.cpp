@@ -62,6 +62,7 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
       {"frmSelectCoverage", {{"EmployerID", {"elEmpID", "ELTable", "elInsID<>0 AND elFla=0"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmEditCoverage", {{"PatientID", {"CovPatID", "CovTable", "CovFla=0"}}}},
+      {"InsPln_Frm", {{"GroupID", {"GroPlaInd", "GroPlaTable"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmCopyPlanOpts",
        {{"TargetCarrierID", {"GroPlaInsID", "GroPlaTable"}}, {"TargetGroupID", {"GroPlaInd", "GroPlaTable"}}}},
