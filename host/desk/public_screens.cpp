@@ -60,6 +60,15 @@ session::Outcome PublicScreens::Edit(const session::Opening& opening) {
   }
 }
 
+void PublicScreens::ShowPlanDetails(const session::PlanDetailsRequest& request) {
+  entry::Arguments arguments = {{"EmpID", std::to_string(request.employer)},
+                                {"InsID", std::to_string(request.carrier)},
+                                {"GroID", std::to_string(request.plan)},
+                                {"Title", request.title},
+                                {"HelpID", std::to_string(request.help)}};
+  editing_screen_.Find("Show_InsPlan_Screen")->invoke(arguments);
+}
+
 session::ListOutcome PublicScreens::ShowList(session::LookUpListTypes type, const session::ListOptions& options) {
   auto& properties = look_up_list_.properties;
   properties.at("ListType").set(std::to_string(type));

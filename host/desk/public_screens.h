@@ -19,7 +19,7 @@ class PublicScreens : public session::Screens {
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
   // Starts on no plan, and offers plans alone.
   std::int32_t SelectCoverage(const session::CoverageChoice& choice) override;
-  void ShowPlanDetails(const session::PlanDetailsRequest& /*request*/) override {}
+  void ShowPlanDetails(const session::PlanDetailsRequest& request) override;
   std::optional<session::PickedText> ShowPickList(session::PickList list, std::string_view title) override;
   bool EditLoginLocations(std::int32_t login) override;
 
