@@ -15,9 +15,9 @@ namespace insurance {
 
 // Behind those of the detail: whose plan it is.
 enum PlanColumn : std::size_t {
-  kCarrierName = data::PlanDetail::kColumns,
-  kGroupNumber,
-  kPlanName,
+  kOfCarrier = data::PlanDetail::kColumns,
+  kOfGroup,
+  kOfPlan,
   kRecordNumber,
   kGridColumns
 };

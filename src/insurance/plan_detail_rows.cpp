@@ -43,9 +43,9 @@ std::string_view PlanDetailList::Cell(std::size_t place, int cell) const {
     for (std::size_t column = 0; column < PlanDetail::kColumns; ++column) {
       entry.shown[column] = ShownDetail(entry.detail, static_cast<PlanDetail::Column>(column));
     }
-    entry.shown[kCarrierName] = carrier_name;
-    entry.shown[kGroupNumber] = group_number;
-    entry.shown[kPlanName] = entry.detail.plan_name;
+    entry.shown[kOfCarrier] = carrier_name;
+    entry.shown[kOfGroup] = group_number;
+    entry.shown[kOfPlan] = entry.detail.plan_name;
     entry.shown[kRecordNumber] = entry.detail.id == 0 ? std::string() : std::to_string(entry.detail.id);
   }
   return entry.shown.at(static_cast<std::size_t>(cell));

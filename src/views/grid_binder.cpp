@@ -236,11 +236,8 @@ class GridBinding : public Binding {
     }
     const bool of_cell = key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
                          key == WXK_UP || key == WXK_DOWN || key == WXK_DELETE || key == WXK_NUMPAD_DELETE ||
-                         key == WXK_INSERT;
+                         key == WXK_INSERT || key == WXK_NUMPAD_INSERT;
     if (editing && of_cell) {
-    if (editing && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE || key == WXK_TAB ||
-                    key == WXK_UP || key == WXK_DOWN || key == WXK_DELETE || key == WXK_NUMPAD_DELETE ||
-                    key == WXK_INSERT || key == WXK_NUMPAD_INSERT)) {
       event.DoAllowNextEvent();
     } else {
       event.Skip();

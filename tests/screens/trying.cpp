@@ -238,8 +238,8 @@ bool PressOK(Form& form) {
 }
 
 bool PressCancel(Form& form) {
-  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "cmdClose", "TB.CLOSE", "ucEditCoverage1.TB.CLOSE"});
-  return Press<&forms::DialogButtons::Cancel>(form, {"cmdCancel", "cmdClose", "TB.CLOSE", "ucPlanDetails1.TB.CLOSE"});
+  return Press<&forms::DialogButtons::Cancel>(
+      form, {"cmdCancel", "cmdClose", "TB.CLOSE", "ucEditCoverage1.TB.CLOSE", "ucPlanDetails1.TB.CLOSE"});
 }
 
 void PressEsc(Form& form) {
