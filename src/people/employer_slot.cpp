@@ -258,14 +258,29 @@ void EmployerSlot::LinkPlan() {
   if (!MayLink()) {
     return;
   }
-  const std::int32_t chosen =
-      context_.screens.SelectCoverage({.employer = employer_, .current = Link(), .offers_none = true});
+  const std::int32_t chosen = context_.screens.SelectCoverage({.employer = employer_,
+                                                               .current = Link(),
+                                                               .offers_none = true,
+                                                               .subscriber = slots_.Person(),
+                                                               .patient = slots_.Person()});
   Attempt([&] {
     slots_.ShowMoved();
-    if (chosen != 0 && chosen != Link()) {
+    if (chosen != 0 && chosen != Link() && MayHold(chosen)) {
       Set(chosen);
     }
   });
+}
+
+bool EmployerSlot::MayHold(std::int32_t link) const {
+  const auto row = PlanLinks(context_.session).Get(link);
+  const bool ends_coverage = row && row->IsNone() && slots_.StoresPlan(*this);
+  return !ends_coverage ||
+         context_.user.Ask({.text = "Un-linking this insurance plan will remove insurance\r\ncoverage from both the "
+                                    "subscriber and covered family members.\r\nAre you sure you want to un-link it?",
+                            .title = "Insurance Plan",
+                            .buttons = forms::kYesNo,
+                            .icon = forms::Icon::Exclamation,
+                            .default_answer = Answer::No}) == Answer::Yes;
 }
 
 void EmployerSlot::EditPlan() {

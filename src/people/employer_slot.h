@@ -65,6 +65,8 @@ class EmployerSlot : public editing::SearchedField, private editing::Rules {
   // False when another slot names the link already; the person is told.
   bool Set(std::int32_t link);
   bool LinkEmployer(std::int32_t employer);
+  // Whether what the person holds may give way to the link: no coverage ends without a word.
+  bool MayHold(std::int32_t link) const;
   bool Replace();
   void Clear();
 

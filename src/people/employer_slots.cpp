@@ -163,6 +163,11 @@ const EmployerSlot* EmployerSlots::Naming(std::int32_t link) const {
   return found == slots_.end() ? nullptr : found;
 }
 
+bool EmployerSlots::StoresPlan(const EmployerSlot& slot) const {
+  const auto link = data::PlanLinks(context_.session).Get(read_.at(static_cast<std::size_t>(&slot - slots_.data())));
+  return link && !link->IsNone();
+}
+
 bool EmployerSlots::Relinked() const {
   for (std::size_t i = 0; i < kCount; ++i) {
     if (slots_.at(i).Link() != read_.at(i)) {

@@ -57,6 +57,10 @@ class EmployerSlots : public forms::UserControl, private editing::Rules {
 
   // For the slots: the one that names a link already; nullptr for none.
   const EmployerSlot* Naming(std::int32_t link) const;
+  // The person's ID; 0 for a new one.
+  std::int32_t Person() const { return person_.Id(); }
+  // Whether the stored link in the slot's place is a plan. Throws session::DatabaseError.
+  bool StoresPlan(const EmployerSlot& slot) const;
   // All slots show what their labels hold.
   void Show();
   // The same after plans were un-linked elsewhere, and persons with them.

@@ -8,7 +8,11 @@ namespace {
 
 struct ChoosingScreens : test_support::FakeScreens {
   std::int32_t plan = 0;
-  std::int32_t SelectCoverage(const session::CoverageChoice&) override { return plan; }
+  session::CoverageChoice asked;
+  std::int32_t SelectCoverage(const session::CoverageChoice& choice) override {
+    asked = choice;
+    return plan;
+  }
 };
 
 class Slots : public testing::Test {
@@ -32,6 +36,8 @@ class Slots : public testing::Test {
     screen.Load();
     screen.Employers.imaLinkPlan[0].DoClick();
     EXPECT_EQ(Held(), held_) << "before it is saved";
+    EXPECT_EQ(screens_.asked.subscriber, 5);
+    EXPECT_EQ(screens_.asked.patient, 5);
     screen.DialogButtons1.OK.DoClick();
     EXPECT_TRUE(screen.Closed());
     EXPECT_EQ(host_.Value("SELECT pEmpID1 FROM PATable WHERE pID=5"), std::to_string(link));
@@ -65,6 +71,7 @@ TEST_F(Slots, HoldThePlanThatIsLinkedAndCarryCoverageToTheNext) {
   held_ = Held();
   LinkPlan(9);
   EXPECT_EQ(held_, "9 1 1; ");
+  host_.user.answers = [](const forms::Message&) { return forms::Answer::Yes; };
   LinkPlan(7);
   EXPECT_EQ(held_, "");
   EXPECT_EQ(host_.Value("SELECT COUNT(*) FROM CovTable WHERE CovFla=1 AND CovEndWho='Ann'"), "2");
