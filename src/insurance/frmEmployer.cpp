@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kTable = "EMPTABLE";
 constexpr std::string_view kRight = "EDIT-EMP-INS";
+constexpr std::string_view kWhat = "employers";
 constexpr editing::SharedKind kEmployers = {.table = "EmpTable",
                                             .key = "EmpInd",
                                             .information = "Employer",
@@ -104,7 +105,12 @@ void frmEmployer::Wire() {
 
 void frmEmployer::Read() {
   Caption = Opened.IsNew() ? "New Employer" : "Employer Information";
-  const bool may_edit = RequireRight(kRight, "employers");
+  const bool links_only =
+      !Opened.IsNew() && !context_.session.HasRight(kRight) && context_.session.HasRight(ucSelCoverage::kLinkRight);
+  if (links_only) {
+    LookOnlyAtFields();
+  }
+  const bool may_edit = links_only || RequireRight(kRight, kWhat);
   if (!Opened.IsNew()) {
     if (may_edit) {
       Hold(std::string(kTable), Opened.id);
@@ -116,6 +122,20 @@ void frmEmployer::Read() {
     MayModify();
     Close();
   }
+}
+
+void frmEmployer::LookOnlyAtFields() {
+  const auto may = [this] { return HasRight(kRight, kWhat); };
+  for (forms::TextBox& box : Text1) {
+    box.KeyDown = [may, rule = box.KeyDown](forms::Key key) {
+      return key == forms::Key::F9 && rule ? !may() : rule && rule(key);
+    };
+    LookOnly(box, may);
+  }
+  Command3D2.Click = [this, may] {
+    may();
+    Text1[kCity].SetFocus();
+  };
 }
 
 void frmEmployer::ReadExisting() {

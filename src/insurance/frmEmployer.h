@@ -46,6 +46,8 @@ class frmEmployer : public editing::EditingForm {
  private:
   void Register();
   void Wire();
+  // For whoever may link plans and not edit employers: the rest of the screen is only looked at.
+  void LookOnlyAtFields();
   void ReadNew();
   void ReadExisting();
   void SavePlans();

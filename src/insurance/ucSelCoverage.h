@@ -23,6 +23,8 @@ class ucSelCoverage : public forms::UserControl, private editing::Rules {
  public:
   enum class Alignment { Top, Bottom };
 
+  static constexpr std::string_view kLinkRight = "LINK-EMP-INS";
+
   explicit ucSelCoverage(const session::ScreenContext& context);
 
   std::int32_t EmployerID = 0;       // 0 for a new one, whose plans are saved behind him
