@@ -35,6 +35,9 @@ void SharedRecordRemoval::Remove() {
       answer = Answer::Replace;  // more than were told of: asked again
       continue;
     }
+    if (answer == Answer::Replace) {
+      BeforeReplacing();
+    }
     Log(answer, question.text, name);
     changed_ = true;
     if (answer != Answer::Replace) {

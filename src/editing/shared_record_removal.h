@@ -27,6 +27,8 @@ class SharedRecordRemoval : protected Rules {
   virtual int Count() const { return records_.Uses(kind_, id_); }
   // Its answers are Cancel, Replace, and the one that lets the record go.
   virtual forms::Message Question(int count) const = 0;
+  // Another is about to be chosen in its place. Throws session::DatabaseError, and Refusal.
+  virtual void BeforeReplacing() {}
   // How the log speaks of a record of that name.
   virtual std::string Logged(const std::string& name) const { return name; }
 

@@ -1,5 +1,7 @@
 #include "insurance/link_removal.h"
 
+#include <utility>
+
 #include "data/literal.h"
 #include "editing/shared_record_removal.h"
 
@@ -10,9 +12,14 @@ using forms::Answer;
 
 class LinkRemoval : public editing::SharedRecordRemoval {
  public:
-  using SharedRecordRemoval::SharedRecordRemoval;
+  LinkRemoval(const session::ScreenContext& context, std::int32_t link, const std::string& name,
+              std::function<void()> before_replacing)
+      : SharedRecordRemoval(context, data::SharedRecord::PlanLink, link, name),
+        before_replacing_(std::move(before_replacing)) {}
 
  private:
+  void BeforeReplacing() override { before_replacing_(); }
+
   forms::Message Question(int subscribers) const override {
     return subscribers == 0 ? QuestionOfNobodys() : QuestionOfSubscribers(subscribers);
   }
@@ -47,12 +54,15 @@ class LinkRemoval : public editing::SharedRecordRemoval {
                                                  data::Literal(Id()) + ") AND (PatEmpFla<>0)" + statements_.Office())) >
            0;
   }
+
+  std::function<void()> before_replacing_;
 };
 
 }  // namespace
 
-bool RemovePlanLink(const session::ScreenContext& context, std::int32_t link, const std::string& name) {
-  return LinkRemoval(context, data::SharedRecord::PlanLink, link, name).Run();
+bool RemovePlanLink(const session::ScreenContext& context, std::int32_t link, const std::string& name,
+                    const std::function<void()>& before_replacing) {
+  return LinkRemoval(context, link, name, before_replacing).Run();
 }
 
 }  // namespace insurance

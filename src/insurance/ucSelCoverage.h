@@ -43,7 +43,8 @@ class ucSelCoverage : public forms::UserControl, private editing::Rules {
   // The screen's own: a plan was accepted, or none is wanted.
   std::function<void()> Accepted;
   std::function<void()> Closed;
-  // Around a change that does not wait for `Save`: the first throws editing::Refusal when there may be none.
+  // Around what is written of an existing employer's plans: the first throws editing::Refusal when nothing may be, and
+  // the second hears of what did not wait for `Save`.
   std::function<void()> BeforeWriting;
   std::function<void()> Written;
 
@@ -58,7 +59,8 @@ class ucSelCoverage : public forms::UserControl, private editing::Rules {
   // Links a group plan, or highlights its row where it is linked already. Throws session::DatabaseError, and
   // editing::Refusal for a plan without a carrier. False when nothing was linked.
   bool AddCoverage(std::int32_t plan);
-  // Writes what was linked. Throws session::DatabaseError, and editing::Refusal when a plan is gone.
+  // Writes all that was linked, or nothing. Throws session::DatabaseError, and editing::Refusal when the employer or a
+  // plan is gone.
   void Save();
   // Takes the highlighted plan as the choice; the person is told when there is none, or it is none any more.
   void Accept();
@@ -95,7 +97,7 @@ class ucSelCoverage : public forms::UserControl, private editing::Rules {
   // The employer's live links, but for the one that stands for no insurance coverage.
   std::vector<Offer> ReadOffers() const;
   std::optional<Offer> ReadPlan(std::int32_t plan) const;
-  // 0 where there is none and none may be made.
+  // 0 where there is none and none may be made, as for an employer who is gone.
   std::int32_t NoneLink() const;
   void ShowOffers();
   const Offer* Current() const;
@@ -106,6 +108,7 @@ class ucSelCoverage : public forms::UserControl, private editing::Rules {
   void UnLink();
   void UnLink(const Offer& offer);
   bool MayEdit() const;
+  bool HasEmployer() const;
   bool ForFamilyMember() const { return SubscriberID != 0 && PatientID != 0 && PatientID != SubscriberID; }
   // For one of the family another plan is picked or edited than the subscriber's.
   void TellOfOther(const Offer& offer) const;
