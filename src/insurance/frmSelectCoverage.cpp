@@ -31,6 +31,7 @@ frmSelectCoverage::frmSelectCoverage(const session::ScreenContext& context)
 
   ucSelCoverage1.Accepted = [this] { Choose(); };
   ucSelCoverage1.Closed = [this] { DoClose(); };
+  ucSelCoverage1.BeforeWriting = [this] { HoldEmployer(); };
   DialogButtons1.OK.Click = [this] { ucSelCoverage1.Accept(); };
   DialogButtons1.Cancel.Click = [this] { DoClose(); };
 }
@@ -59,13 +60,17 @@ void frmSelectCoverage::Choose() {
   Close();
 }
 
-bool frmSelectCoverage::OffersAny() const {
-  return ucSelCoverage1.TDBG.RowCount() > 0 || context_.session.HasRight("LINK-EMP-INS");
+// Choosing a plan changes nothing of the employer.
+void frmSelectCoverage::HoldEmployer() {
+  if (!hold_ || hold_->Holder()) {
+    hold_.emplace(context_.session, "EMPTABLE", EmployerID);
+  }
+  hold_->Require();
 }
 
-// Who can choose nothing is not kept.
+// Who has nothing to choose from is not kept.
 bool frmSelectCoverage::QueryClose() {
-  if (!MustMakeSelection || !OffersAny()) {
+  if (!MustMakeSelection || ucSelCoverage1.TDBG.RowCount() == 0) {
     return true;
   }
   Tell("Please select an insurance plan.", forms::Icon::Information);

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
+#include "editing/record_hold.h"
 #include "editing/rules.h"
 #include "forms/dialog_buttons.h"
 #include "forms/form.h"
@@ -19,7 +21,7 @@ class frmSelectCoverage : public forms::Form, private editing::Rules {
 
   std::int32_t EmployerID = 0;
   std::int32_t HideElID = 0;
-  bool MustMakeSelection = false;  // nobody leaves without a choice
+  bool MustMakeSelection = false;  // nobody leaves without a choice while there is one
   // The chosen link; 0 for none.
   std::int32_t SelectedCoverage = 0;
 
@@ -37,8 +39,10 @@ class frmSelectCoverage : public forms::Form, private editing::Rules {
  private:
   void Read();
   void Choose();
-  // There is a plan, or the person may link one.
-  bool OffersAny() const;
+  // From the first change of the employer's plans on. Throws editing::Refusal while another user holds him.
+  void HoldEmployer();
+
+  std::optional<editing::RecordHold> hold_;
 };
 
 }  // namespace insurance
