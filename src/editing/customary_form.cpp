@@ -10,7 +10,7 @@ bool UsesUsForms(const session::Settings& settings) {
 
 void TakeCustomaryForm(const session::Settings& settings, const data::RecordBinding& record, forms::TextBox& box,
                        std::string (*format)(std::string_view)) {
-  if (!record.Changed(box)) {
+  if (box.Text.get() == record.Stored(box)) {
     return;
   }
   const std::string text = format(box.Text.get());

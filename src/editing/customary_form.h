@@ -13,7 +13,7 @@ namespace editing {
 bool UsesUsForms(const session::Settings& settings);
 
 // On leaving a record's field: what `format` makes of its text, where the office uses US forms and there is room for
-// it. What is stored stays as it is until it is changed.
+// it. What is stored stays as it is until something else is typed.
 void TakeCustomaryForm(const session::Settings& settings, const data::RecordBinding& record, forms::TextBox& box,
                        std::string (*format)(std::string_view));
 
