@@ -1,18 +1,23 @@
 #include "editing/shared_record_guard.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "data/literal.h"
 #include "editing/editing_form.h"
 #include "forms/text.h"
 
 namespace editing {
 
-bool SharedRecordGuard::Agrees(std::int32_t id) {
-  const int count = count_(id);
+bool SharedRecordGuard::Agrees() {
+  const auto changed = [this](const Guarded& guarded) { return record_.Changed(guarded.field); };
+  const int count = record_.Id() == 0 || std::ranges::none_of(guarded_, changed) ? 0 : count_(record_.Id());
   if (count == 0) {
     agreed_.reset();
     return true;
   }
-  Change change{.id = id, .from = Stored(id), .to = OnScreen()};
+  Change change{.id = record_.Id(), .from = Stored(), .to = {}};
+  change.to = OnScreen(change.from);
   if (change.from == change.to) {
     agreed_.reset();
     return true;
@@ -24,7 +29,6 @@ bool SharedRecordGuard::Agrees(std::int32_t id) {
     return false;
   }
   agreed_ = std::move(change);
-  logged_ = false;
   return true;
 }
 
@@ -47,9 +51,9 @@ bool SharedRecordGuard::Confirmed(const Change& change, int count) const {
   return typed && forms::ToUpper(*typed) == "YES";
 }
 
-SharedRecordGuard::Values SharedRecordGuard::Stored(std::int32_t id) const {
+SharedRecordGuard::Values SharedRecordGuard::Stored() const {
   const auto row = statements_.Select(data::Sql("Select * from ") + kind_.table + " where " + kind_.key + "=" +
-                                      data::Literal(id) + statements_.Office(" and (OfficeID = ", ") "));
+                                      data::Literal(record_.Id()) + statements_.Office(" and (OfficeID = ", ") "));
   if (row->Eof()) {
     throw Refusal(std::string(kDeletedMeanwhile));
   }
@@ -61,10 +65,12 @@ SharedRecordGuard::Values SharedRecordGuard::Stored(std::int32_t id) const {
   return values;
 }
 
-SharedRecordGuard::Values SharedRecordGuard::OnScreen() const {
-  Values values;
-  for (const Guarded& guarded : guarded_) {
-    values.push_back(guarded.field.FieldText());
+SharedRecordGuard::Values SharedRecordGuard::OnScreen(const Values& stored) const {
+  Values values = stored;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (record_.Changed(guarded_[i].field)) {
+      values[i] = guarded_[i].field.FieldText();
+    }
   }
   return values;
 }
@@ -79,14 +85,25 @@ std::string SharedRecordGuard::Lines(const Values& values) const {
   return lines;
 }
 
-void SharedRecordGuard::Log() {
-  if (!MustLog()) {
-    return;
+void SharedRecordGuard::Written() {
+  if (agreed_) {
+    written_.push_back(*std::exchange(agreed_, std::nullopt));
   }
+}
+
+void SharedRecordGuard::Log() {
+  while (!written_.empty()) {
+    context_.session.Log(
+        {.kind = session::LogKind::Change, .category = std::string(kind_.category), .text = Entry(written_.front())});
+    written_.erase(written_.begin());
+  }
+}
+
+std::string SharedRecordGuard::Entry(const Change& change) const {
   constexpr std::size_t kWide = 60;
   const forms::DateTime now = context_.session.Now();
   std::string text = std::string(kWide, '-') + "\r\n" + std::string(kind_.entry) + " Entry ID " +
-                     std::to_string(agreed_->id) + " was changed by " + context_.session.UserName() + " on " +
+                     std::to_string(change.id) + " was changed by " + context_.session.UserName() + " on " +
                      forms::FormatSlashed(forms::DateOf(now)) + " " + forms::FormatTime(now);
   const auto add = [&text](std::string_view heading, const Values& values) {
     text += "\r\n" + std::string(heading);
@@ -94,10 +111,9 @@ void SharedRecordGuard::Log() {
       text += "\r\n    " + value;
     }
   };
-  add("From:", agreed_->from);
-  add("To:", agreed_->to);
-  context_.session.Log({.kind = session::LogKind::Change, .category = std::string(kind_.category), .text = text});
-  logged_ = true;
+  add("From:", change.from);
+  add("To:", change.to);
+  return text;
 }
 
 }  // namespace editing

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/format.h"
+#include "data/record_binding.h"
 #include "editing/rules.h"
 #include "forms/field.h"
 
@@ -37,15 +38,19 @@ class SharedRecordGuard : private Rules {
   // How many the record's change affects. Throws session::DatabaseError.
   using Count = std::function<int(std::int32_t id)>;
 
-  SharedRecordGuard(const session::ScreenContext& context, const SharedKind& kind, Count count,
-                    std::vector<Guarded> guarded)
-      : Rules(context), kind_(kind), count_(std::move(count)), guarded_(std::move(guarded)) {}
+  // `record` is the one that the fields are bound to.
+  SharedRecordGuard(const session::ScreenContext& context, const data::RecordBinding& record, const SharedKind& kind,
+                    Count count, std::vector<Guarded> guarded)
+      : Rules(context), record_(record), kind_(kind), count_(std::move(count)), guarded_(std::move(guarded)) {}
 
-  // Whether the record may be written as its fields stand. A change that was agreed to is not asked about again while
-  // it is not written. Throws session::DatabaseError, and Refusal when the row is gone.
-  bool Agrees(std::int32_t id);
-  // A change was agreed to that the change log does not have yet: the step of a save before the record is written.
-  bool MustLog() const { return agreed_.has_value() && !logged_; }
+  // Whether the record may be written as its fields stand; what the person left alone is not compared, for it is not
+  // written. A change that was agreed to is not asked about again while it is not written. Throws
+  // session::DatabaseError, and Refusal when the row is gone.
+  bool Agrees();
+  // Right behind the record's update: the change that was agreed to is one to log.
+  void Written();
+  // When a save begins: a change was agreed to that the change log does not have yet. Its step comes behind the update.
+  bool MustLog() const { return agreed_.has_value() || !written_.empty(); }
   void Log();
 
  private:
@@ -57,17 +62,20 @@ class SharedRecordGuard : private Rules {
     friend bool operator==(const Change&, const Change&) = default;
   };
 
-  Values Stored(std::int32_t id) const;
-  Values OnScreen() const;
+  Values Stored() const;
+  // What is stored, with what the person changed in its place.
+  Values OnScreen(const Values& stored) const;
   // One below the other, without what is empty.
   std::string Lines(const Values& values) const;
   bool Confirmed(const Change& change, int count) const;
+  std::string Entry(const Change& change) const;
 
+  const data::RecordBinding& record_;
   SharedKind kind_;
   Count count_;
   std::vector<Guarded> guarded_;
   std::optional<Change> agreed_;
-  bool logged_ = false;
+  std::vector<Change> written_;  // and not logged
 };
 
 }  // namespace editing

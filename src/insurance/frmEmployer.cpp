@@ -42,7 +42,7 @@ frmEmployer::frmEmployer(const session::ScreenContext& context)
       ZipCodes(context, {Text1[kCity], Text1[kState], Text1[kZip], Command3D2}),
       ucSelCoverage1(context),
       guard_(
-          context, kEmployers,
+          context, Employer, kEmployers,
           [&session = context.session](std::int32_t employer) {
             return data::SharedRecords(session).Uses(data::SharedRecord::Employer, employer);
           },
@@ -97,8 +97,11 @@ void frmEmployer::Wire() {
   // Every employer has a live link that stands for no insurance coverage.
   OnSave(adding, [this] { data::PlanLinks(context_.session).OpenNone(Employer.Id()); });
   OnSave(adding, [this] { Hold(std::string(kTable), Employer.Id()); });
+  OnSave(always, [this] {
+    Employer.Update();
+    guard_.Written();
+  });
   OnSave([this] { return guard_.MustLog(); }, [this] { guard_.Log(); });
-  OnSave(always, [this] { Employer.Update(); });
   OnSave([this] { return ucSelCoverage1.Unsaved(); }, [this] { SavePlans(); });
   OnSave(always, [this] { context_.session.RecordHandOff(kEmployers.key.Text(), kTable, Employer.Id()); });
 }

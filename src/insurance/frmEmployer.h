@@ -39,7 +39,7 @@ class frmEmployer : public editing::EditingForm {
   void Read() override;
   bool Differs() const override { return Employer.Changed() || ucSelCoverage1.Unsaved(); }
   bool Check() override;
-  bool Agreed() override { return guard_.Agrees(Employer.Id()); }
+  bool Agreed() override { return guard_.Agrees(); }
   void OnClose() override { ucSelCoverage1.KeepLayout(); }
   ClosingQuestion OnClosing() const override { return {.text = "Save current changes?", .offers_to_save = true}; }
 

@@ -70,7 +70,7 @@ insScreen::insScreen(const session::ScreenContext& context)
       carrier_(context.session, kCarriers.table, kCarriers.key),
       pharmacy_(context.session, kPharmacies.table, kPharmacies.key),
       guard_(
-          context, kCarriers,
+          context, carrier_, kCarriers,
           [&session = context.session](std::int32_t carrier) {
             return data::SharedRecords(session).CoveragesOfCarrier(carrier);
           },
@@ -183,8 +183,11 @@ void insScreen::WireSaving() {
     ShowId();
   });
   OnSave(adding, [this] { Hold(std::string(TableName()), Record().Id()); });
+  OnSave(always, [this] {
+    Record().Update();
+    guard_.Written();
+  });
   OnSave([this] { return guard_.MustLog(); }, [this] { guard_.Log(); });
-  OnSave(always, [this] { Record().Update(); });
   OnSave(always, [this] {
     const auto [table, key] = data::TableOf(IsPharmacy() ? data::SharedRecord::Pharmacy : data::SharedRecord::Carrier);
     context_.session.RecordHandOff(key.Text(), table.Text(), Record().Id());
@@ -320,7 +323,7 @@ bool insScreen::Agreed() {
   if (PayerId() != 0 && carrier_.Changed(txtLin)) {
     payers_.Require(PayerId());
   }
-  return Adding() || guard_.Agrees(carrier_.Id());
+  return guard_.Agrees();
 }
 
 session::Outcome insScreen::Ended() const {
