@@ -29,10 +29,10 @@ constexpr std::array kCarrierColumns = {
 constexpr std::array kPharmacyColumns = {Words("PhaNam"), Words("PhaAdd1"), Words("PhaAdd2"), Words("PhaCit"),
                                          Words("PhaSta"), Words("PhaZip"),  Words("PhaTel"),  Words("PhaTel2"),
                                          Words("PhaFax"), Words("PhaRem1"), Words("PhaRem2"), Words("PhaEma")};
-constexpr std::array kCaptions = {"I&nsurance Name", "ADDRESS &1", "ADDRESS &2",       "CIT&Y",
-                                  "&STATE",          "&ZIP",       "&PHONE NUMBER 1",  "PHONE NUM&BER 2",
-                                  "&FAX NUMBER",     "&REMARK 1",  "REMAR&K 2",        "&E-MAIL",
-                                  "CLAIM PREFI&X",   "PAYER I&D",  "S&WITCH CHARACTER"};
+constexpr std::array kCaptions = {"I&nsurance Name", "ADDRESS &1",  "ADDRESS &2",       "CIT&Y",
+                                  "&STATE",          "&ZIP",        "&PHONE NUMBER 1",  "PHONE NUM&BER 2",
+                                  "&FAX NUMBER",     "&REMARK 1",   "REMAR&K 2",        "&E-MAIL",
+                                  "CLAIM PREFI&X",   "ACCOUNT I&D", "S&WITCH CHARACTER"};
 
 constexpr const char* kNoPayer = "No Electronic Payer Selected";
 constexpr const char* kMissingPayer = "This payer is not in the list any more";
@@ -131,7 +131,7 @@ void insScreen::RegisterClaims() {
   txtNEA.Heading = &lblLin;
   txtNEA.ReadOnly = true;
   txtNEA.ToolTip = "F9 opens the list of electronic payers, Delete removes the link";
-  lblRemID.Caption = "PAYER NU&MBER";
+  lblRemID.Caption = "P&AYER ID";
   txtRemID.Heading = &lblRemID;
   txtRemID.ReadOnly = true;
   txtLin.Visible = false;
