@@ -13,6 +13,10 @@ using session::RecordKind;
 
 namespace {
 
+bool IsNew(std::string_view id) {
+  return forms::EqualsIgnoringCase(forms::Trim(id), kNew);
+}
+
 bool IsGiven(std::string_view id) {
   id = forms::Trim(id);
   return !id.empty() && id != "0";
@@ -123,12 +127,14 @@ void EditingScreen::Ins_Company_Start(std::string& carrier_id) {
 }
 
 void EditingScreen::Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id) {
-  EditGiven(RecordKind::Pharmacy, IsGiven(pharmacy_id) ? pharmacy_id : typed_id, pharmacy_id);
+  const bool typed = IsNew(typed_id) || !IsGiven(pharmacy_id);  // a new one is none that the other variable still names
+  EditGiven(RecordKind::Pharmacy, typed ? typed_id : pharmacy_id, pharmacy_id);
 }
 
 void EditingScreen::EditGiven(RecordKind kind, const std::string& given, std::string& saved) {
   std::string id = IsGiven(given) ? given : std::string(kNew);
-  if (const auto outcome = EditById({.kind = kind}, id); outcome && outcome->Saved()) {
+  const auto outcome = EditById({.kind = kind}, id);
+  if (outcome && (outcome->Saved() || outcome->end == Outcome::End::Accepted)) {
     saved = id;
   }
 }

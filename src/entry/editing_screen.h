@@ -43,7 +43,8 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   void Recall_Master_Start(std::string& temporary_number, std::string& recall_id, bool& canceled, bool& data_saved);
   // No ID is a new record, and so is 0.
   void Ins_Company_Start(std::string& carrier_id);
-  // Of the two IDs the one that is given is opened, `pharmacy_id` before the other; it has the saved pharmacy's then.
+  // Of the two IDs the one that is given is opened, `pharmacy_id` before the other, but "NEW" before both. OK leaves
+  // the pharmacy's in `pharmacy_id`, whether anything was changed or not.
   void Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id);
   // `id` is "NEW", "EMERGENCY" or a patient's; `typed_name` is what was typed at the name prompt. `save_and_book`
   // offers the choice on the way in and tells it on the way out.

@@ -67,6 +67,7 @@ std::optional<std::string> IdText(const Outcome& outcome) {
       return std::string(kCancelAndClose);
     case Outcome::End::AlreadyOpen:
       return std::string(kAlreadyOpen);
+    case Outcome::End::Accepted:
     case Outcome::End::NotBuilt:
     case Outcome::End::Instead:
       break;

@@ -81,7 +81,7 @@ void frmEmployer::Wire() {
     editing::TakeCustomaryForm(context_.session, Employer, Text1[kPhone], forms::FormatTenDigits);
   };
   DialogButtons1.OK.Click = [this] {
-    if ((!Adding() && !Unsaved()) || Save()) {
+    if (ReadOnly() || Save()) {
       Close();
     }
   };

@@ -166,7 +166,8 @@ void insScreen::Wire() {
   };
   txtLin.Told = [this](const std::string& payer) { return NameOf(session::ToId(session::Value(payer))); };
   Command3D2.OK.Click = [this] {
-    if (Save_Record()) {
+    accepted_ = Save_Record();
+    if (accepted_) {
       Close();
     }
   };
@@ -298,7 +299,7 @@ void insScreen::cmdUnLin_Click() {
 }
 
 bool insScreen::Save_Record() {
-  return (!Adding() && !Unsaved()) || Save();
+  return ReadOnly() || Save();
 }
 
 // What nobody touched keeps its blanks.
@@ -327,7 +328,8 @@ bool insScreen::Agreed() {
 }
 
 session::Outcome insScreen::Ended() const {
-  return {.end = Saved ? session::Outcome::End::Saved : session::Outcome::End::Cancelled, .id = Record().Id()};
+  using End = session::Outcome::End;
+  return {.end = Saved ? End::Saved : accepted_ ? End::Accepted : End::Cancelled, .id = Record().Id()};
 }
 
 }  // namespace insurance

@@ -109,6 +109,7 @@ class insScreen : public editing::EditingForm {
   data::RecordBinding pharmacy_;
   editing::SharedRecordGuard guard_;
   editing::PayerLink payers_;
+  bool accepted_ = false;  // left with OK
 };
 
 }  // namespace insurance

@@ -74,6 +74,7 @@ struct Outcome {
   enum class End {
     Saved,
     Cancelled,
+    Accepted,     // left with OK, of a record that could only be looked at
     AlreadyOpen,  // nothing was opened: the screen is open already
     NotBuilt,     // nothing was opened: the screen is not part of this version
     Deleted,      // the record is there no more
