@@ -13,11 +13,12 @@ namespace {
 
 constexpr std::size_t kDecimals = 4;
 
+// With the blanks behind it.
 bool TakeFront(std::string_view& text, char wanted) {
   if (text.empty() || text.front() != wanted) {
     return false;
   }
-  text.remove_prefix(1);
+  text = Trim(text.substr(1));
   return true;
 }
 

@@ -16,6 +16,9 @@ std::string Plain(std::string_view text) {
 TEST(Currency, ReadsWhatAPersonTypes) {
   EXPECT_EQ(Plain("1234.5"), "1234.5");
   EXPECT_EQ(Plain(" $1,234.50 "), "1234.5");
+  EXPECT_EQ(Plain("$ 50"), "50");
+  EXPECT_EQ(Plain("( $ 50 )"), "-50");
+  EXPECT_EQ(Plain("$ 5 0"), "none");
   EXPECT_EQ(Plain("-$.5"), "-0.5");
   EXPECT_EQ(Plain("$-5."), "-5");
   EXPECT_EQ(Plain("+7"), "7");
