@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <string>
 
 #include "forms/text.h"
@@ -11,6 +10,8 @@ namespace insurance {
 namespace {
 
 using forms::Currency;
+
+constexpr double kAll = 100;
 
 void TellFormat(forms::User& user, std::string_view field, const std::string& wanted) {
   user.Tell("The value entered into the " + std::string(field) + " field could not be converted to " + wanted,
@@ -33,16 +34,27 @@ std::optional<Currency> AmountOf(std::string_view text) {
 std::optional<double> PercentOf(std::string_view text) {
   std::string digits(text);
   std::erase(digits, '%');
-  digits = forms::Trim(digits);
-  if (digits.empty()) {
+  std::string_view number = forms::Trim(digits);
+  if (number.empty()) {
     return 0;
   }
-  double percent = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), percent);
-  if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(percent)) {
+  const bool negative = number.front() == '-';
+  if (negative || number.front() == '+') {
+    number.remove_prefix(1);
+  }
+  if (number.empty() || !(forms::IsDigit(number.front()) || number.front() == '.')) {
     return std::nullopt;
   }
-  return std::clamp(percent, 0.0, 100.0);
+  double percent = 0;
+  const auto [end, error] =
+      std::from_chars(number.data(), number.data() + number.size(), percent, std::chars_format::fixed);
+  if (end != number.data() + number.size()) {
+    return std::nullopt;
+  }
+  if (error == std::errc::result_out_of_range) {  // by its whole digits, or by its decimals
+    percent = number.find_first_not_of('0') < number.find('.') ? kAll : 0;
+  }
+  return negative ? 0 : std::min(percent, kAll);
 }
 
 std::optional<Currency> ReadAmount(forms::User& user, std::string_view field, std::string_view text) {

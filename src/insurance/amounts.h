@@ -12,10 +12,10 @@ namespace insurance {
 // Without an amount's sign: at most so much.
 inline constexpr forms::Currency kMostAmount = forms::Currency::FromTenThousandths(9'999'999'900);
 
-// From 0 to `kMostAmount`; "$1,234.50" and "1234.5" are the same.
+// From 0 to `kMostAmount`; "$1,234.50", "$ 1234.5" and "1234.5" are the same.
 std::optional<forms::Currency> AmountOf(std::string_view text);
-// In percent. What is below 0 is 0, what is above 100 is 100, and nothing typed is 0; "80", "80 %" and "%80" are the
-// same.
+// In percent, without an exponent. What is below 0 is 0, what is above 100 is 100 however many digits it has, and
+// nothing typed is 0; "80", "+80", "80 %" and "%80" are the same.
 std::optional<double> PercentOf(std::string_view text);
 
 // The same, telling what is none; `field` names it.

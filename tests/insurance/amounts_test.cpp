@@ -30,12 +30,21 @@ TEST(Amounts, AreReadAsTheyArePastedOrRefusedInWordsOfTheField) {
 
 TEST(Percentages, StayBetweenNoneAndAll) {
   FakeUser user;
-  for (const auto& [text, percent] :
-       {std::pair("80%", 80.0), {" %80 ", 80.0}, {"33.3333", 33.3333}, {"", 0.0}, {"-5", 0.0}, {"150", 100.0}}) {
+  for (const auto& [text, percent] : {std::pair("80%", 80.0),
+                                      {" %80 ", 80.0},
+                                      {"33.3333", 33.3333},
+                                      {"", 0.0},
+                                      {"-5", 0.0},
+                                      {"150", 100.0},
+                                      {"+50", 50.0}}) {
     EXPECT_EQ(ReadPercent(user, "Coverage", text), percent) << text;
   }
+  const std::string digits(4000, '9');
+  EXPECT_EQ(ReadPercent(user, "Coverage", digits), 100.0);
+  EXPECT_EQ(ReadPercent(user, "Coverage", "-" + digits + ".5"), 0.0);
+  EXPECT_EQ(ReadPercent(user, "Coverage", "0." + std::string(4000, '0') + "1"), 0.0);
   EXPECT_THAT(user.told, testing::IsEmpty());
-  for (const char* text : {"eighty", "nan", "inf", "1,5", "$5"}) {
+  for (const char* text : {"eighty", "nan", "-inf", "1,5", "$5", "+-5", "+", "."}) {
     EXPECT_FALSE(ReadPercent(user, "Coverage", text)) << text;
   }
   EXPECT_EQ(user.told.back(),
