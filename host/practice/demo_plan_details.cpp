@@ -80,7 +80,7 @@ void PlanDetailMaker::MakeOthers(const Plan& plan) {
 void PlanDetailMaker::Make(const Plan& plan, const Service& service, std::string_view modifier, int fee) {
   constexpr int kUsualAndCustomary = 90;
   constexpr int kAgo = 700;
-  const ProcedureCategory& category = CategoryOf(service);
+  const data::GlobalPlanRow& category = CategoryOf(service);
   const Terms terms = TermsOf(plan.type);
   const int coverage = terms.coverage.value_or(category.coverage);
   const std::string_view deductible = YesNo(category.deductible && !terms.coverage);
@@ -94,10 +94,10 @@ void PlanDetailMaker::Make(const Plan& plan, const Service& service, std::string
 }
 
 void PlanDetailMaker::MakeGlobal() {
-  for (const ProcedureCategory& category : kProcedureCategories) {
-    details_.Row(0, "GLOBAL", nullptr, category.code, nullptr, category.name, nullptr, nullptr, category.coverage,
-                 nullptr, YesNo(category.deductible), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                 nullptr, nullptr, nullptr, nullptr);
+  for (const data::GlobalPlanRow& row : data::kGlobalPlanRows) {
+    details_.Row(0, "GLOBAL", nullptr, row.code, nullptr, row.description, nullptr, nullptr, row.coverage, nullptr,
+                 YesNo(row.deductible), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                 nullptr, nullptr);
   }
 }
 

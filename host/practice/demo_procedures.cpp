@@ -198,9 +198,9 @@ const std::vector<Service>& Services() {
   return services;
 }
 
-const ProcedureCategory& CategoryOf(const Service& service) {
-  const auto* found = std::ranges::find(kProcedureCategories, service.category, &ProcedureCategory::name);
-  if (found == kProcedureCategories.end()) {
+const data::GlobalPlanRow& CategoryOf(const Service& service) {
+  const auto* found = std::ranges::find(data::kGlobalPlanRows, service.category, &data::GlobalPlanRow::description);
+  if (found == data::kGlobalPlanRows.end()) {
     throw std::out_of_range("no category " + std::string(service.category));
   }
   return *found;

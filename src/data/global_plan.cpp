@@ -1,36 +1,8 @@
 #include "data/global_plan.h"
 
-#include <array>
-
 #include "data/literal.h"
 
 namespace data {
-namespace {
-
-struct DefaultRow {
-  std::string_view code;
-  std::string_view description;
-  std::int32_t coverage;  // percent
-  std::string_view deductible;
-};
-constexpr std::array<DefaultRow, 15> kDefaultRows = {{{"D1000", "Preventive", 100, "N"},
-                                                      {"D2000", "Restoration", 80, "Y"},
-                                                      {"D3000", "Endodontics", 80, "Y"},
-                                                      {"D4000", "Periodontics", 80, "Y"},
-                                                      {"D5000", "Prosthodontics, RM", 50, "Y"},
-                                                      {"D6000", "Prosthodontice, FX", 50, "Y"},
-                                                      {"D7000", "Oral Surgery", 50, "Y"},
-                                                      {"D8000", "Orthodontics", 50, "Y"},
-                                                      {"D9000", "Adjunctive Gen. Serv.", 50, "Y"},
-                                                      {"D0100", "Diagnostic", 100, "N"},
-                                                      {"D5900", "Maxillof.,Prosthetics", 50, "Y"},
-                                                      {"D2700", "Crowns", 50, "Y"},
-                                                      {"D0400", "", 100, "N"},
-                                                      {"D0300", "", 100, "N"},
-                                                      {"D0200", "X-Rays", 100, "N"}}};
-
-}  // namespace
-
 bool GlobalPlan::IsEmpty() const {
   return session::ToId(statements_.SelectValue("SELECT COUNT(*) FROM IPTable WHERE IPInsCoID = 0 AND "
                                                "IPGroNum = 'GLOBAL'" +
@@ -40,13 +12,13 @@ bool GlobalPlan::IsEmpty() const {
 // The group number stands without quotes, as the suite has always stored this statement; `PrepareSQL` makes it a text.
 void GlobalPlan::Reset() const {
   session::Transaction transaction(database_.Connection());
-  for (const DefaultRow& row : kDefaultRows) {
+  for (const GlobalPlanRow& row : kGlobalPlanRows) {
     statements_.Insert("IPTable", {{"IPInsCoID", Literal(0)},
                                    {"IPGroNum", "GLOBAL"},
                                    {"IPCod", Literal(row.code)},
                                    {"IPDes", Literal(row.description)},
                                    {"IPPCov", Literal(row.coverage)},
-                                   {"IPPDedApp", Literal(row.deductible)}});
+                                   {"IPPDedApp", Literal(row.deductible ? "Y" : "N")}});
   }
   transaction.Commit();
 }
