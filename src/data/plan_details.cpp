@@ -157,12 +157,9 @@ std::optional<GroupPlan> ReadGroupPlan(session::Database& database, std::int32_t
   if (row->Eof()) {
     return std::nullopt;
   }
-  GroupPlan read{.key = {.carrier = ToId(row->Get(0)), .group_number = ToText(row->Get(1))},
-                 .name = ToText(row->Get(2)),
-                 .category = ToText(row->Get(3))};
-  read.carrier_name = ToText(statements.SelectValue(
-      "SELECT InsCoNam FROM InsCoTable WHERE InsCoInd=" + Literal(read.key.carrier) + statements.Office()));
-  return read;
+  return GroupPlan{.key = {.carrier = ToId(row->Get(0)), .group_number = ToText(row->Get(1))},
+                   .name = ToText(row->Get(2)),
+                   .category = ToText(row->Get(3))};
 }
 
 std::vector<std::int32_t> PlansWithDetails(session::Database& database, const PlanKey& plan) {

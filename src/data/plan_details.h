@@ -85,10 +85,9 @@ class PlanDetails {
   PlanKey plan_;
 };
 
-// A group plan, and the carrier's name.
+// What details ask of a group plan; what is not there is empty.
 struct GroupPlan {
-  PlanKey key;
-  std::string carrier_name = {};
+  PlanKey key = {};
   std::string name = {};
   std::string category = {};  // "PPO", "CAPITATION"
 };

@@ -16,7 +16,7 @@ constexpr Words kSameCode =
     "IPTable.IPCod=IPFrom.IPCod and (IPTable.IPCodMod=IPFrom.IPCodMod or ((IPTable.IPCodMod is null or "
     "IPTable.IPCodMod='') and (IPFrom.IPCodMod is null or IPFrom.IPCodMod='')))";
 
-Sql Of(const PlanDetailsCopy::Plan& plan) {
+Sql Of(const PlanKey& plan) {
   return "IPInsCoID = " + Literal(plan.carrier) + " and IPGroNum = " + Literal(plan.group_number);
 }
 
@@ -33,17 +33,6 @@ Words Assigned(PlanDetailsCopy::Part part) {
 }
 
 }  // namespace
-
-std::optional<GroupPlanFacts> ReadGroupPlanFacts(session::Database& database, std::int32_t plan) {
-  const Statements statements(database);
-  const auto row =
-      statements.Select("SELECT GroPlaGroNum, GroPlaNam, GroPlaCat FROM GroPlaTable WHERE (GroPlaInd=" + Literal(plan) +
-                        ")" + statements.Office(" and (OfficeID = ", ")"));
-  if (row->Eof()) {
-    return std::nullopt;
-  }
-  return GroupPlanFacts{session::ToText(row->Get(0)), session::ToText(row->Get(1)), session::ToText(row->Get(2))};
-}
 
 bool PlanDetailsCopy::SourceHasDetails() const {
   return session::ToId(statements_.SelectValue("SELECT Count(IPRecNum) FROM IPTable WHERE " + Of(from_) +

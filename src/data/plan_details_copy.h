@@ -1,35 +1,21 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <utility>
 
+#include "data/plan_details.h"
 #include "data/statements.h"
 
 namespace data {
 
-// What the copying of details asks of a group plan's row; what is not there is empty.
-struct GroupPlanFacts {
-  std::string group_number;
-  std::string name;
-  std::string category;
-};
-// Nothing when there is no such plan. Throws session::DatabaseError.
-std::optional<GroupPlanFacts> ReadGroupPlanFacts(session::Database& database, std::int32_t plan);
-
-// Copies the coverage details of one plan to another. Details know their plan by its carrier and group number. All
-// throw session::DatabaseError; what changes rows belongs in a transaction with the questions before it.
+// Copies the coverage details of one plan to another. All throw session::DatabaseError; what changes rows belongs in a
+// transaction with the questions before it.
 class PlanDetailsCopy {
  public:
-  struct Plan {
-    std::int32_t carrier = 0;
-    std::string group_number;
-  };
   // The primary and the secondary coverage's.
   enum class Part { Fees, Maximums, Percents };
 
-  PlanDetailsCopy(session::Database& database, Plan from, Plan to)
+  PlanDetailsCopy(session::Database& database, PlanKey from, PlanKey to)
       : statements_(database), from_(std::move(from)), to_(std::move(to)) {}
 
   bool SourceHasDetails() const;
@@ -46,8 +32,8 @@ class PlanDetailsCopy {
   Sql Pairs() const;
 
   Statements statements_;
-  Plan from_;
-  Plan to_;
+  PlanKey from_;
+  PlanKey to_;
 };
 
 }  // namespace data

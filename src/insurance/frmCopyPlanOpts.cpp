@@ -16,6 +16,8 @@ forms::Form::NamedProperty Named(std::string& property) {
   return {[&property] { return property; }, [&property](const std::string& text) { property = text; }};
 }
 
+}  // namespace
+
 std::string DisplayText(const data::LinkNames& names) {
   std::string text;
   for (const std::string& part : {names.employer, names.carrier, names.group_number}) {
@@ -23,8 +25,6 @@ std::string DisplayText(const data::LinkNames& names) {
   }
   return text;
 }
-
-}  // namespace
 
 frmCopyPlanOpts::frmCopyPlanOpts(const session::ScreenContext& context) : Form("frmCopyPlanOpts"), Rules(context) {
   Register();
@@ -146,19 +146,19 @@ void frmCopyPlanOpts::ChooseSource() {
 // Details know a plan by its carrier and number, which two plans may share.
 void frmCopyPlanOpts::TakeSource(const data::PlanLink& link) {
   const auto facts = [this](std::int32_t plan) {
-    return data::ReadGroupPlanFacts(context_.session, plan).value_or(data::GroupPlanFacts());
+    return data::ReadGroupPlan(context_.session, plan).value_or(data::GroupPlan());
   };
-  const data::GroupPlanFacts source = facts(link.plan);
-  const data::GroupPlanFacts target = facts(TargetGroupID);
+  const data::GroupPlan source = facts(link.plan);
+  const data::GroupPlan target = facts(TargetGroupID);
   const bool other_carrier = link.carrier != TargetCarrierID;
   if (!other_carrier &&
-      (link.plan == TargetGroupID || forms::EqualsIgnoringCase(source.group_number, target.group_number))) {
+      (link.plan == TargetGroupID || forms::EqualsIgnoringCase(source.key.group_number, target.key.group_number))) {
     Tell("You have selected the same insurance plan. Please select a different plan to copy into this one.",
          forms::Icon::Information);
     return;
   }
   if (CheckSource) {
-    CheckSource({link.carrier, source.group_number});
+    CheckSource({link.carrier, source.key.group_number});
   }
   if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, target.category), other_carrier)) {
     return;

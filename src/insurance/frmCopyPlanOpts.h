@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "data/plan_details_copy.h"
+#include "data/plan_details.h"
 #include "data/plan_links.h"
 #include "editing/rules.h"
 #include "forms/button.h"
@@ -16,6 +16,9 @@
 #include "forms/panels.h"
 
 namespace insurance {
+
+// "Mill / Acme Mutual / 4711": what is not there leaves no gap.
+std::string DisplayText(const data::LinkNames& names);
 
 // From which plan the details of another are filled, and with what. It copies nothing itself.
 class frmCopyPlanOpts : public forms::Form, private editing::Rules {
@@ -37,7 +40,7 @@ class frmCopyPlanOpts : public forms::Form, private editing::Rules {
   std::int32_t Source_elID = 0;
   std::string SourceText;
   // What else keeps a plan from being the source: throws editing::Refusal.
-  std::function<void(const data::PlanDetailsCopy::Plan& source)> CheckSource;
+  std::function<void(const data::PlanKey& source)> CheckSource;
 
   bool Canceled() const { return canceled_; }
   bool CopyAll() const { return optCopyType[kAll].Value; }

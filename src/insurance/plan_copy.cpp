@@ -28,7 +28,7 @@ bool PlanCopy::Run(const Target& target) const {
   choice.TargetGroupID = target.plan;
   choice.Target_elID = target.link;
   choice.TargetText = target.text;
-  choice.CheckSource = [&](const PlanDetailsCopy::Plan& source) {
+  choice.CheckSource = [&](const data::PlanKey& source) {
     RequireDetails({context_.session, source, {target.carrier, target.group_number}});
   };
   context_.user.Show(choice);
@@ -41,15 +41,15 @@ bool PlanCopy::Run(const Target& target) const {
 
 void PlanCopy::Copy(const Target& target, const frmCopyPlanOpts& choice) const {
   const forms::WaitText wait(context_.user, "  Copying Insurance Plan - Please Wait  ");
-  const auto source = data::ReadGroupPlanFacts(context_.session, choice.SourceGroupID);
+  const auto source = data::ReadGroupPlan(context_.session, choice.SourceGroupID);
   if (!source) {
     throw editing::Refusal("Another user has deleted the plan to copy from. Nothing was changed.");
   }
-  const auto filled = data::ReadGroupPlanFacts(context_.session, target.plan).value_or(data::GroupPlanFacts());
+  const auto filled = data::ReadGroupPlan(context_.session, target.plan).value_or(data::GroupPlan());
   if (RequireHold) {
     RequireHold();
   }
-  const PlanDetailsCopy copy(context_.session, {choice.SourceCarrierID, source->group_number},
+  const PlanDetailsCopy copy(context_.session, {choice.SourceCarrierID, source->key.group_number},
                              {target.carrier, target.group_number});
   session::Transaction transaction(context_.session.Connection());
   RequireDetails(copy);

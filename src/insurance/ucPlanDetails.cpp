@@ -99,6 +99,7 @@ void ucPlanDetails::Wire() {
 
 bool ucPlanDetails::FindPlan() {
   plan_ = {.key = data::PlanKey::Global()};
+  names_ = {};
   if (GroupID != 0) {
     const auto found = data::ReadGroupPlan(context_.session, GroupID);
     if (!found) {
@@ -114,7 +115,8 @@ bool ucPlanDetails::FindPlan() {
   }
   if (CarrierID != 0 || !GroupNumber.empty()) {
     plan_.key = {.carrier = CarrierID, .group_number = GroupNumber};
-    plan_.carrier_name = session::ToText(statements_.SelectValue(
+    names_.group_number = GroupNumber;
+    names_.carrier = session::ToText(statements_.SelectValue(
         "SELECT InsCoNam FROM InsCoTable WHERE InsCoInd=" + data::Literal(CarrierID) + statements_.Office()));
   }
   return true;
@@ -162,7 +164,7 @@ void ucPlanDetails::Load() {
 
 void ucPlanDetails::ReadDetails() {
   auto found = Details().Read();
-  list_.carrier_name = plan_.carrier_name;
+  list_.carrier_name = names_.carrier;
   list_.group_number = plan_.key.group_number;
   rooms_ = found.rooms;
   list_.Take(std::move(found.details));
@@ -196,11 +198,11 @@ void ucPlanDetails::ShowPlan() {
     lblPlan[2].Visible = false;
     return;
   }
-  lblPlan[0].Caption =
-      "Employer: " + session::ToText(statements_.SelectValue("SELECT EmpNam FROM EmpTable WHERE EmpInd=" +
-                                                             data::Literal(EmployerID) + statements_.Office()));
+  names_.employer = session::ToText(statements_.SelectValue(
+      "SELECT EmpNam FROM EmpTable WHERE EmpInd=" + data::Literal(EmployerID) + statements_.Office()));
+  lblPlan[0].Caption = "Employer: " + names_.employer;
   lblPlan[0].Visible = EmployerID != 0;
-  lblPlan[1].Caption = "Insurance: " + plan_.carrier_name;
+  lblPlan[1].Caption = "Insurance: " + names_.carrier;
   lblPlan[2].Caption = "Group #: " + plan_.key.group_number;
   if (forms::EqualsIgnoringCase(forms::Trim(plan_.category), "PPO")) {
     Setup_PPO_Info();

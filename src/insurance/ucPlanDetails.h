@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/plan_details.h"
+#include "data/plan_links.h"
 #include "editing/editing_form.h"
 #include "editing/kept_layout.h"
 #include "editing/rules.h"
@@ -131,6 +132,7 @@ class ucPlanDetails : public forms::UserControl, private editing::Rules {
   data::PlanDetails Details() const { return {context_.session, plan_.key}; }
 
   data::GroupPlan plan_{.key = data::PlanKey::Global()};
+  data::LinkNames names_;  // as the heading tells the plan; none for the global one
   PlanDetailList list_;
   std::shared_ptr<PlanDetailRows> rows_;
   std::array<int, data::PlanDetail::kColumns> rooms_{};
