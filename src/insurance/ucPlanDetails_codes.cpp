@@ -3,6 +3,7 @@
 
 #include "forms/form.h"
 #include "forms/text.h"
+#include "insurance/frmCopyPlanOpts.h"
 #include "insurance/plan_copy.h"
 #include "insurance/ucPlanDetails.h"
 
@@ -149,8 +150,7 @@ void ucPlanDetails::CopyPlan() {
   if (copy.Run({.carrier = plan_.key.carrier,
                 .group_number = plan_.key.group_number,
                 .plan = GroupID,
-                .text = lblPlan[0].Visible && !IsGlobal() ? lblPlan[1].Caption.get() + ", " + lblPlan[2].Caption.get()
-                                                          : lblPlan[0].Caption.get()})) {
+                .text = IsGlobal() ? lblPlan[0].Caption.get() : DisplayText(names_)})) {
     Load();
   }
 }
