@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "data/literal.h"
+#include "data/plan_details.h"
 #include "data/shared_record_texts.h"
 #include "forms/text.h"
 #include "insurance/amounts.h"
@@ -134,21 +135,18 @@ void frmPPOAdjust::OnLoad() {
 }
 
 void frmPPOAdjust::ShowNames() {
-  const auto name_of = [this](data::SharedRecord kind, std::int32_t id) {
-    return id == 0 ? std::string() : data::NameOf(context_.session, kind, id).value_or(std::string());
+  const auto show = [](const std::optional<std::string>& name, forms::TextBox& box, forms::PictureBox& icon) {
+    box.Text = name.value_or(std::string());
+    icon.Visible = name.has_value();
   };
-  txtDetails[kEmployer].Text = name_of(data::SharedRecord::Employer, Plan.employer_id);
-  txtDetails[kCarrier].Text = name_of(data::SharedRecord::Carrier, Plan.carrier_id);
-  txtDetails[kGroupNumber].Text =
-      Plan.group_id == 0
-          ? std::string()
-          : session::ToText(statements_.SelectValue("SELECT GroPlaGroNum FROM GroPlaTable WHERE "
-                                                    "GroPlaInd=" +
-                                                    data::Literal(Plan.group_id) + statements_.Office()));
+  const auto name_of = [this](data::SharedRecord kind, std::int32_t id) {
+    return id == 0 ? std::nullopt : data::NameOf(context_.session, kind, id);
+  };
+  show(name_of(data::SharedRecord::Employer, Plan.employer_id), txtDetails[kEmployer], ImaEditEmp);
+  show(name_of(data::SharedRecord::Carrier, Plan.carrier_id), txtDetails[kCarrier], ImaEditInsCo);
+  const auto plan = Plan.group_id == 0 ? std::nullopt : data::ReadGroupPlan(context_.session, Plan.group_id);
+  show(plan ? std::optional(plan->key.group_number) : std::nullopt, txtDetails[kGroupNumber], ImaEditPlan);
   txtDetails[kServiceCode].Text = Plan.treatment_code;
-  ImaEditEmp.Visible = Plan.employer_id != 0;
-  ImaEditInsCo.Visible = Plan.carrier_id != 0;
-  ImaEditPlan.Visible = Plan.group_id != 0;
 }
 
 void frmPPOAdjust::TakeServiceFee() {
@@ -174,7 +172,7 @@ void frmPPOAdjust::ShowPlan() {
   txtDetails[kPlanCalculationFee].Text = ShownFee(Plan.plan_calculation_fee);
   txtDetails[kCoveragePercent].Text = ShownPercent(std::fmin(std::fmax(Plan.coverage_percent, 0), 100));
   txtDetails[kPlanPayment].ReadOnly = !Plan.allow_edit_payment;
-  payment_typed_ = Plan.allow_edit_payment && !Plan.plan_payment.RoundedToCents().IsZero();
+  payment_typed_ = Plan.allow_edit_payment && Plan.plan_payment.RoundedToCents() > Currency();
   if (payment_typed_) {
     txtDetails[kPlanPayment].Text = forms::FormatCurrency(Plan.plan_payment);
   }
@@ -308,7 +306,7 @@ void frmPPOAdjust::ShowGeneralHelp() {
 
 std::string frmPPOAdjust::HelpOn(std::size_t detail) const {
   const std::string& text = txtDetails.at(detail).Text.get();
-  if (text.empty() && std::ranges::find(kInputs, detail) == kInputs.end()) {  // there is none to describe
+  if (detail == kProviderAdjustment && text.empty()) {  // there is none to describe
     return "This area will hold a brief description of the " + LabelOf(detail) + " field.";
   }
   const auto calculates = [this](Detail one, Detail other) {
