@@ -22,6 +22,16 @@ bool Fits(char mask, char32_t character) {
   }
 }
 
+// How many places of digits are left free when the character, which is the mask's own behind them, ends a number that
+// was begun; 0 when it ends none.
+std::size_t FreeDigits(const std::string& mask, std::size_t position, char32_t character) {
+  if (position == 0 || position >= mask.size() || mask[position - 1] != '#' || mask[position] != '#') {
+    return 0;
+  }
+  const std::size_t end = std::min(mask.find_first_not_of('#', position), mask.size());
+  return end < mask.size() && !IsPlace(mask[end]) && static_cast<char32_t>(mask[end]) == character ? end - position : 0;
+}
+
 }  // namespace
 
 char32_t TextBox::FilterKey(char32_t character, std::size_t position) const {
@@ -32,7 +42,7 @@ char32_t TextBox::FilterKey(char32_t character, std::size_t position) const {
     return 0;
   }
   const std::string& mask = Mask;
-  if (mask.empty()) {
+  if (mask.empty() || FreeDigits(mask, position, character) > 0) {
     return character;
   }
   while (position < mask.size() && !IsPlace(mask[position]) && static_cast<char32_t>(mask[position]) != character) {
@@ -68,8 +78,12 @@ std::optional<std::size_t> TextBox::DoTypeOver(std::size_t from, std::size_t to,
   bool taken = false;
   for (const char32_t wanted : ToUtf32(typed)) {
     const char32_t character = FilterKey(wanted, text.size());
-    if (character == 0 || (limit != 0 && text.size() + behind.size() >= limit)) {
+    const std::size_t free = FreeDigits(mask, text.size(), character);
+    if (character == 0 || (free > 0 && !behind.empty()) || (limit != 0 && text.size() + behind.size() >= limit)) {
       continue;
+    }
+    if (free > 0) {
+      text.insert(mask.find_last_not_of('#', text.size()) + 1, free, U'0');  // in front of all where nothing is found
     }
     while (behind.empty() && text.size() < mask.size() && !IsPlace(mask[text.size()]) &&
            static_cast<char32_t>(mask[text.size()]) != character) {

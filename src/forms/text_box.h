@@ -20,7 +20,7 @@ class TextBox : public Field {
   Property<char> PasswordChar{*this, '\0'};
   Property<bool> MultiLine{*this, false};
   // An entry mask: '#' a digit, 'A' a letter, '&' any character, everything else stands for itself and is put in
-  // as the person types past it.
+  // as the person types past it; typed behind too few digits it puts zeros before them.
   Property<std::string> Mask{*this};
 
   // A person changed the text.

@@ -47,6 +47,13 @@ TEST_F(TextBoxTest, TheMaskPutsItsOwnCharactersIn) {
   EXPECT_EQ(box.Text, "12-31");
   box.DoType("1x2-/315");
   EXPECT_EQ(box.Text, "12-31") << "typed separators fit, other characters do not";
+  box.DoType("7-1");
+  EXPECT_EQ(box.Text, "07-1") << "a separator ends the number before it";
+  box.DoType("");
+  box.DoType("-12-");
+  EXPECT_EQ(box.Text, "12-");
+  box.Text = "12";
+  EXPECT_EQ(box.DoTypeOver(1, 1, "-"), std::nullopt) << "in the midst it fits nowhere";
   box.Mask = "A#&";
   box.DoType("1a1%9");
   EXPECT_EQ(box.Text, "a1%");
