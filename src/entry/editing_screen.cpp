@@ -111,7 +111,7 @@ void EditingScreen::Employer_Start(std::string& /*tmp*/, std::string& /*patient_
                                    session::EmployerStartTab /*start_tab*/) {}
 
 void EditingScreen::Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id) {
-  EditById({.kind = RecordKind::GroupPlan, .carrier = carrier_id}, plan_id);
+  EditGiven({.kind = RecordKind::GroupPlan, .carrier = carrier_id}, plan_id, plan_id);
 }
 
 void EditingScreen::Recall_Master_Start(std::string& /*temporary_number*/, std::string& recall_id, bool& canceled,
@@ -123,18 +123,20 @@ void EditingScreen::Recall_Master_Start(std::string& /*temporary_number*/, std::
 }
 
 void EditingScreen::Ins_Company_Start(std::string& carrier_id) {
-  EditGiven(RecordKind::Carrier, carrier_id, carrier_id);
+  EditGiven({.kind = RecordKind::Carrier}, carrier_id, carrier_id);
 }
 
 void EditingScreen::Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id) {
   const bool typed = IsNew(typed_id) || !IsGiven(pharmacy_id);  // a new one is none that the other variable still names
   EditGiven(RecordKind::Pharmacy, typed ? typed_id : pharmacy_id, pharmacy_id);
+  EditGiven({.kind = RecordKind::Pharmacy}, IsGiven(pharmacy_id) ? pharmacy_id : typed_id, pharmacy_id);
 }
 
-void EditingScreen::EditGiven(RecordKind kind, const std::string& given, std::string& saved) {
+void EditingScreen::EditGiven(const session::Opening& opening, const std::string& given, std::string& saved) {
   std::string id = IsGiven(given) ? given : std::string(kNew);
   const auto outcome = EditById({.kind = kind}, id);
   if (outcome && (outcome->Saved() || outcome->end == Outcome::End::Accepted)) {
+  if (const auto outcome = EditById(opening, id); outcome && outcome->Saved()) {
     saved = id;
   }
 }

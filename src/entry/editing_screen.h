@@ -61,7 +61,7 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // `id` tells what to open, and becomes a saved record's. Nothing without a session, and for an `id` that is none,
   // which the person is told as it was typed.
   std::optional<session::Outcome> EditById(session::Opening opening, std::string& id);
-  void EditGiven(session::RecordKind kind, const std::string& given, std::string& saved);
+  void EditGiven(const session::Opening& opening, const std::string& given, std::string& saved);
   bool OpenNotBuilt(std::string_view form, std::string_view what);
 
   forms::User& user_;
