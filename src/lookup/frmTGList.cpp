@@ -181,7 +181,8 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   std::shared_ptr<editing::RecordsetRows> rows;
   due_.reset();
   const bool read = Attempt([&] {
-    const forms::WaitText wait(context_.user, "  Loading " + TitleText() + " - Please Wait  ");
+    const forms::WaitText wait(
+        context_.user, Options.wait_text.empty() ? "  Loading " + TitleText() + " - Please Wait  " : Options.wait_text);
     const bool wanted = ReadUnlessTyping([&] {
       rows = std::make_shared<editing::RecordsetRows>(statements_.Select(text));
       rows->Fetch(kFirstPage);

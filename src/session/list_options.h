@@ -27,6 +27,7 @@ struct ListOptions {
   bool include_insurance = false;          // the carrier with each person
   std::string initial_field = {};          // the column that typing starts in; empty for the one that is sorted by
   std::string printer = {};                // of the list, by the host's name for it; empty for the machine's own
+  std::string wait_text = {};              // while its rows are read; empty for the list's own
 };
 
 // Visits each option of one ListOptions, by the name that a host sets it by: visit(const char* name, auto& value).
