@@ -19,8 +19,9 @@ forms::Form::NamedProperty Named(std::string& property) {
 }  // namespace
 
 std::string DisplayText(const data::LinkNames& names) {
+std::string DisplayText(const data::LinkNames& names, const std::string& plan_name) {
   std::string text;
-  for (const std::string& part : {names.employer, names.carrier, names.group_number}) {
+  for (const std::string& part : {names.employer, names.carrier, names.group_number, plan_name}) {
     text += (text.empty() || part.empty() ? "" : " / ") + part;
   }
   return text;
@@ -127,12 +128,11 @@ void frmCopyPlanOpts::ShowCopyType() {
 }
 
 void frmCopyPlanOpts::ChooseSource() {
-  session::ListOutcome chosen;
-  {
-    const forms::WaitText wait(context_.user, "  Loading Available Source Plans - Please Wait  ");
-    chosen = context_.screens.ShowList(
-        session::lulInsGroup, {.title = "Copy Insurance Plan From ...", .selected = Source_elID, .select_mode = true});
-  }
+  const session::ListOutcome chosen = context_.screens.ShowList(
+      session::lulInsGroup, {.title = "Copy Insurance Plan From ...",
+                             .selected = Source_elID,
+                             .select_mode = true,
+                             .wait_text = "  Loading Available Source Plans - Please Wait  "});
   if (!chosen.Chosen()) {
     return;
   }
@@ -143,7 +143,27 @@ void frmCopyPlanOpts::ChooseSource() {
   TakeSource(*link);
 }
 
+data::GroupPlanFacts frmCopyPlanOpts::FactsOf(std::int32_t plan) const {
+  return data::ReadGroupPlanFacts(context_.session, plan).value_or(data::GroupPlanFacts());
+}
+
 // Details know a plan by its carrier and number, which two plans may share.
+bool frmCopyPlanOpts::IsTarget(std::int32_t carrier, std::int32_t plan) const {
+  if (carrier != TargetCarrierID || plan == TargetGroupID) {
+    return carrier == TargetCarrierID;
+  }
+  const std::string number = FactsOf(plan).group_number;
+  return !number.empty() && forms::EqualsIgnoringCase(number, FactsOf(TargetGroupID).group_number);
+}
+
+bool frmCopyPlanOpts::RefusesTarget(std::int32_t carrier, std::int32_t plan) const {
+  const bool is_target = IsTarget(carrier, plan);
+  if (is_target) {
+    Tell(kSamePlan, forms::Icon::Information);
+  }
+  return is_target;
+}
+
 void frmCopyPlanOpts::TakeSource(const data::PlanLink& link) {
   const auto facts = [this](std::int32_t plan) {
     return data::ReadGroupPlan(context_.session, plan).value_or(data::GroupPlan());
@@ -155,15 +175,18 @@ void frmCopyPlanOpts::TakeSource(const data::PlanLink& link) {
       (link.plan == TargetGroupID || forms::EqualsIgnoringCase(source.key.group_number, target.key.group_number))) {
     Tell("You have selected the same insurance plan. Please select a different plan to copy into this one.",
          forms::Icon::Information);
+  if (RefusesTarget(link.carrier, link.plan)) {
     return;
   }
+  const data::GroupPlanFacts source = FactsOf(link.plan);
   if (CheckSource) {
     CheckSource({link.carrier, source.key.group_number});
   }
-  if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, target.category), other_carrier)) {
+  if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, FactsOf(TargetGroupID).category),
+                      link.carrier != TargetCarrierID)) {
     return;
   }
-  SourceText = DisplayText(data::PlanLinks(context_.session).NamesOf(link.id));
+  SourceText = DisplayText(data::PlanLinks(context_.session).NamesOf(link.id), source.name);
   SourceCarrierID = link.carrier;
   SourceGroupID = link.plan;
   Source_elID = link.id;
@@ -186,6 +209,10 @@ bool frmCopyPlanOpts::AgreesToSource(bool other_type, bool other_carrier) const 
 bool frmCopyPlanOpts::Complete() {
   if (SourceCarrierID == 0 && SourceGroupID == 0) {
     Tell("Please select the insurance plan to copy from.", forms::Icon::Information);
+    cmdSource.SetFocus();
+    return false;
+  }
+  if (RefusesTarget(SourceCarrierID, SourceGroupID)) {
     cmdSource.SetFocus();
     return false;
   }

@@ -19,6 +19,9 @@ namespace insurance {
 
 // "Mill / Acme Mutual / 4711": what is not there leaves no gap.
 std::string DisplayText(const data::LinkNames& names);
+// Why a plan is not copied into itself.
+inline constexpr const char* kSamePlan =
+    "You have selected the same insurance plan. Please select a different plan to copy into this one.";
 
 // From which plan the details of another are filled, and with what. It copies nothing itself.
 class frmCopyPlanOpts : public forms::Form, private editing::Rules {
@@ -75,6 +78,10 @@ class frmCopyPlanOpts : public forms::Form, private editing::Rules {
   void Wire();
   void AddProperties();
 
+  data::GroupPlanFacts FactsOf(std::int32_t plan) const;
+  bool IsTarget(std::int32_t carrier, std::int32_t plan) const;
+  // The same, told.
+  bool RefusesTarget(std::int32_t carrier, std::int32_t plan) const;
   void ChooseSource();
   void TakeSource(const data::PlanLink& link);
   // About a plan of another type, or of another carrier.
