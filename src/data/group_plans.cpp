@@ -1,9 +1,21 @@
 #include "data/group_plans.h"
 
+#include <set>
+
+#include "data/holdings.h"
 #include "data/literal.h"
+#include "data/plan_details_copy.h"
+#include "data/plan_links.h"
+#include "data/shared_record_texts.h"
+#include "forms/text.h"
 
 namespace data {
 namespace {
+
+// Statements do not regard the case of a number.
+bool Same(const PlanDetailsKey& left, const PlanDetailsKey& right) {
+  return left.carrier == right.carrier && forms::EqualsIgnoringCase(left.group_number, right.group_number);
+}
 
 Sql DetailsOf(const PlanDetailsKey& details) {
   return "(IPInsCoID=" + Literal(details.carrier) + ") AND (IPGroNum=" + Literal(details.group_number) + ")";
@@ -41,16 +53,52 @@ bool GroupPlans::HasDetails(const PlanDetailsKey& details) const {
   return Counted(statements_, "SELECT Count(IPRecNum) FROM IPTable WHERE " + DetailsOf(details));
 }
 
-void GroupPlans::Follow(std::int32_t plan, const PlanDetailsKey& from) const {
+DetailsMove GroupPlans::MoveOf(std::int32_t plan, const PlanDetailsKey& from, const PlanDetailsKey& to) const {
+  if (Same(from, to) || !to.HasDetails()) {
+    return DetailsMove::None;
+  }
+  if (HasDetails(to)) {
+    return DetailsMove::There;
+  }
+  if (!from.HasDetails() || !HasDetails(from)) {
+    return DetailsMove::None;
+  }
+  return AnotherUses(from, plan) ? DetailsMove::Shared : DetailsMove::Along;
+}
+
+void GroupPlans::Follow(std::int32_t plan, const PlanDetailsKey& from, bool renamed) const {
   const PlanDetailsKey to = KeyOf(plan);
   if (to.carrier != from.carrier) {
-    statements_.Execute("UPDATE ELTable SET elInsID=" + Literal(to.carrier) + " WHERE (elGroID=" + Literal(plan) +
-                        ") AND (elFla=0)" + statements_.Office());
+    MoveLinks(plan, to.carrier);
   }
-  if (to != from && from.HasDetails() && to.HasDetails() && !AnotherUses(from, plan) && !HasDetails(to)) {
+  if (MoveOf(plan, from, to) == DetailsMove::Along) {
     statements_.Execute("UPDATE IPTable SET IPInsCoID=" + Literal(to.carrier) +
                         ", IPGroNum=" + Literal(to.group_number) + " WHERE " + DetailsOf(from) + statements_.Office());
   }
+  if (renamed && to.HasDetails() && !AnotherUses(to, plan)) {
+    const std::string name = ReadGroupPlanFacts(session_, plan).value_or(GroupPlanFacts()).name;
+    statements_.Execute("UPDATE IPTable SET IPPlaNam=" + (name.empty() ? Sql("Null") : Literal(name)) + " WHERE " +
+                        DetailsOf(to) + statements_.Office());
+  }
+}
+
+void GroupPlans::MoveLinks(std::int32_t plan, std::int32_t carrier) const {
+  const Holdings holdings(session_);
+  std::set<std::int32_t> told;
+  for (const PlanLink& link : PlanLinks(session_).Using(SharedRecord::GroupPlan, plan)) {
+    if (link.carrier == carrier) {
+      continue;
+    }
+    session::LogEntry entry = ReplacedEntry(session_, SharedRecord::Carrier, link.carrier, carrier);
+    for (const Holding& holding : holdings.On(link.id)) {
+      if (told.insert(holding.subscriber).second) {
+        entry.person = holding.subscriber;
+        session_.Log(entry);
+      }
+    }
+  }
+  statements_.Execute("UPDATE ELTable SET elInsID=" + Literal(carrier) + " WHERE (elGroID=" + Literal(plan) +
+                      ") AND (elFla=0)" + statements_.Office());
 }
 
 }  // namespace data

@@ -1,6 +1,5 @@
 #include "insurance/GrpPlaScreen.h"
 
-#include "data/group_plans.h"
 #include "forms/text.h"
 #include "insurance/amounts.h"
 #include "insurance/default_group_number.h"
@@ -10,27 +9,10 @@ namespace {
 
 constexpr std::string_view kTable = "GROPLATABLE";
 constexpr std::string_view kRight = "EDIT-EMP-INS";
-constexpr std::string_view kOfficeSetup = "DEFAULT_OFFICE_SETUP";
-// The office keeps its own coverage details under this number.
-constexpr std::string_view kReservedNumber = "GLOBAL";
+constexpr std::int32_t kOldest = 99;  // years
 
 constexpr std::array kAmounts = {GrpPlaScreen::kMaximum1,    GrpPlaScreen::kDeductible1, GrpPlaScreen::kMaximum2,
                                  GrpPlaScreen::kDeductible2, GrpPlaScreen::kMaximum3,    GrpPlaScreen::kMaximum4};
-
-// A field that no plan with a group number is without.
-struct Required {
-  GrpPlaScreen::Field field;
-  std::string_view setting;
-  std::string_view fallback;
-  std::string_view told;
-  const data::Format& format;
-};
-constexpr std::array kRequired = {
-    Required{GrpPlaScreen::kMaximum1, "INS_ANN_COV", "1000.00", "Individual Annual Coverage is required, Default to ",
-             data::kCurrency},
-    Required{GrpPlaScreen::kDeductible1, "INS_ANN_DED", "50.00",
-             "Individual Annual Deductible is required, Default to ", data::kCurrency},
-    Required{GrpPlaScreen::kRenewal, "INS_REN_DAT", "01-01", "Renewal Date is required, Default to ", data::kMonthDay}};
 
 std::string NumberRequired(std::string_view ending) {
   return "Group Number is required for Insurance Patients.\r\nIf there is no group number enter two dollar signs ($$) "
@@ -82,13 +64,17 @@ void GrpPlaScreen::Wire() {
   WireCarrier();
   Text1[kGroupNumber].Leave = [this] { RequireGroupNumber(); };
   Text1[kRenewal].Leave = [this] { TakeRenewal(); };
-  Text1[kPayment].Leave = [this] { TakePayment(); };
+  Text1[kPayment].Leave = [this] {
+    if (!Untouched(Text1[kPayment])) {
+      TakePayment();
+    }
+  };
   Text1[kPreAuthorization].Leave = [this] { TakePreAuthorization(); };
   for (const Field amount : kAmounts) {
     Text1.at(amount).Leave = [this, amount] { TakeAmount(Text1.at(amount)); };
   }
   for (const Field age : {kChildrenUntil, kStudentsUntil}) {
-    Text1.at(age).Leave = [this, age] { TakeAge(Text1.at(age)); };
+    Text1.at(age).Leave = [this, age] { TakeAge(age); };
   }
   for (forms::ComboBox* box : {&cboPlanType, &cboFormType}) {
     box->Click = box->Leave = [this] { ShowClaimForm(); };
@@ -112,7 +98,7 @@ void GrpPlaScreen::Wire() {
   choose(optInsCOB, benefits_);
   InsPln_Cmd.Click = [this] { OpenDetails(); };
   DialogButtons1.OK.Click = [this] {
-    if ((!Adding() && !Unsaved()) || Save()) {
+    if (ReadOnly() || Save()) {
       Close();
     }
   };
@@ -120,10 +106,11 @@ void GrpPlaScreen::Wire() {
 
   Edits(Plan);
   const auto adding = [this] { return Adding(); };
-  OnSave(adding, [this] { Plan.Insert(); });
+  OnSave(adding, [this] { Insert(); });
   OnSave(adding, [this] { Hold(std::string(kTable), Plan.Id()); });
   OnSave([this] { return Plan.Changed(); }, [this] { Update(); });
-  OnSave([] { return true; }, [this] { context_.session.RecordHandOff("GroPlaInd", "GroPlaTable", Plan.Id()); });
+  OnSave([this] { return Adding() || Plan.Changed(); },
+         [this] { context_.session.RecordHandOff("GroPlaInd", "GroPlaTable", Plan.Id()); });
 }
 
 void GrpPlaScreen::Read() {
@@ -201,6 +188,12 @@ void GrpPlaScreen::RequireGroupNumber() {
   }
 }
 
+void GrpPlaScreen::TellNumberAdded() {
+  Tell(NumberRequired("If you do not enter a Group Number, a default value will be added when you close this screen. "),
+       forms::Icon::Information);
+  Text1[kGroupNumber].Text = DefaultNumber();
+}
+
 bool GrpPlaScreen::Refuse(Field field, std::string text) {
   Tell(std::move(text), forms::Icon::Information);
   Text1.at(field).SetFocus();
@@ -225,11 +218,17 @@ bool GrpPlaScreen::TakeAmount(forms::TextBox& box) {
   return true;
 }
 
-// The mask lets nothing but two digits through.
-void GrpPlaScreen::TakeAge(forms::TextBox& box) const {
-  if (!Untouched(box) && !box.Text->empty()) {
-    box.Text = std::to_string(Number(box.Text));
+// The mask lets nothing but digits through.
+bool GrpPlaScreen::TakeAge(Field field) {
+  forms::TextBox& box = Text1.at(field);
+  if (Untouched(box) || box.Text->empty()) {
+    return true;
   }
+  if (Number(box.Text) > kOldest) {
+    return Refuse(field, box.SpokenName() + " field cannot be greater than " + std::to_string(kOldest) + ".");
+  }
+  box.Text = std::to_string(Number(box.Text));
+  return true;
 }
 
 bool GrpPlaScreen::TakeRenewal() {
@@ -249,7 +248,7 @@ bool GrpPlaScreen::TakeRenewal() {
 bool GrpPlaScreen::TakePayment() {
   forms::TextBox& box = Text1[kPayment];
   const std::string& type = box.Text;
-  if (Untouched(box) || type == "1" || type == "2" || type == "3") {
+  if (type == "1" || type == "2" || type == "3") {
     return true;
   }
   box.Text = "1";
@@ -274,95 +273,7 @@ bool GrpPlaScreen::TakeFields() {
       return false;
     }
   }
-  return TakeRenewal() && TakePayment() && TakePreAuthorization();
-}
-
-// What the office has set counts when it is such a value.
-void GrpPlaScreen::FillRequired() {
-  for (const Required& required : kRequired) {
-    forms::TextBox& box = Text1.at(required.field);
-    if (!box.Text->empty()) {
-      continue;
-    }
-    std::string value = context_.session.OfficeSetting(kOfficeSetup, required.setting);
-    auto taken = required.format.take(value, context_.session.Today());
-    if (!taken) {
-      value = required.fallback;
-      taken = required.format.take(value, context_.session.Today());
-    }
-    Tell(std::string(required.told) + value, forms::Icon::Information);
-    box.Text = required.format.show(*taken);
-  }
-}
-
-bool GrpPlaScreen::Check() {
-  for (const Field text : {kGroupNumber, kPlanName, kRemark1, kRemark2}) {
-    if (!Untouched(Text1.at(text))) {
-      Text1.at(text).Text = std::string(forms::Trim(Text1.at(text).Text.get()));
-    }
-  }
-  if (InsuranceID() == 0) {
-    return Refuse(kCarrier,
-                  "Please enter the required field [Insurance Co.] before attempting to save this Group Plan.");
-  }
-  if (!HasGroupNumber() && closing_) {
-    Tell(NumberRequired("If you do not enter a Group Number, a default value will be added when you close this "
-                        "screen. "),
-         forms::Icon::Information);
-    Text1[kGroupNumber].Text = DefaultNumber();
-  }
-  if (!HasGroupNumber()) {
-    return Refuse(kGroupNumber,
-                  "Please enter the required field [Group Number] before attempting to save this Group Plan.");
-  }
-  if (Plan.Changed(Text1[kGroupNumber]) && forms::EqualsIgnoringCase(Text1[kGroupNumber].Text.get(), kReservedNumber)) {
-    return Refuse(kGroupNumber,
-                  "The group number GLOBAL stands for the office's own coverage details. Please enter "
-                  "another Group Number.");
-  }
-  if (!TakeFields()) {
-    return false;
-  }
-  FillRequired();
-  return true;
-}
-
-// As they will be stored.
-bool GrpPlaScreen::Agreed() {
-  const auto stored = [this](Field field) {
-    return forms::Fitting(Text1.at(field).Text.get(), Text1.at(field).MaxLength);
-  };
-  return !data::GroupPlans(context_.session).IsTaken(stored(kGroupNumber), stored(kPlanName), Plan.Id()) ||
-         Refuse(kPlanName,
-                "The [Group Number] and [Plan Name] is in use.\r\nThese two fields must carry a unique "
-                "combination.\r\nWe suggest that you enter a unique Plan Name for duplicate Group Numbers.\r\nClick "
-                "[OK] to return to the Group Plan Information screen.");
-}
-
-bool GrpPlaScreen::QueryClose() {
-  closing_ = true;
-  const bool closes = EditingForm::QueryClose();
-  closing_ = false;
-  return closes;
-}
-
-// The plan, the links that name its carrier, and the details that are known by carrier and number: together.
-void GrpPlaScreen::Update() {
-  const data::GroupPlans plans(context_.session);
-  session::Transaction transaction(context_.session.Connection());
-  const data::PlanDetailsKey before = plans.KeyOf(Plan.Id());
-  Plan.Write();
-  plans.Follow(Plan.Id(), before);
-  transaction.Commit();
-  Plan.MarkUpdated();
-}
-
-// They are kept under the carrier and number that are stored.
-void GrpPlaScreen::OpenDetails() {
-  if (Adding() && (!Confirm("Nothing to edit.\r\nDo you want to add one?") || !Save())) {
-    return;
-  }
-  context_.screens.ShowPlanDetails({.carrier = Number(Plan.Stored(insurance_)), .plan = Plan.Id()});
+  return TakeRenewal() && TakeAge(kChildrenUntil) && TakeAge(kStudentsUntil) && TakePayment() && TakePreAuthorization();
 }
 
 session::Outcome GrpPlaScreen::Ended() const {

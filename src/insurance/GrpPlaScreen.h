@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/record_binding.h"
 #include "editing/editing_form.h"
@@ -85,9 +87,11 @@ class GrpPlaScreen : public editing::EditingForm {
   bool Agreed() override;
   void OnTaken() override { ShowChoices(); }
   bool QueryClose() override;
-  ClosingQuestion OnClosing() const override { return {.text = "Save current changes?", .offers_to_save = true}; }
+  ClosingQuestion OnClosing() const override;
 
  private:
+  static constexpr std::string_view kOfficeSetup = "DEFAULT_OFFICE_SETUP";
+
   void Bind();
   void Setup_Screen();
   void Setup_cboPlanType();
@@ -99,7 +103,10 @@ class GrpPlaScreen : public editing::EditingForm {
   void ReadNew();
   bool Adding() const { return Plan.Id() == 0; }
   bool Untouched(const forms::TextBox& box) const { return box.Text.get() == Plan.Stored(box); }
-  std::string CarrierName(std::int32_t carrier) const;
+  // Nothing when there is no such carrier.
+  std::optional<std::string> NameOf(std::int32_t carrier) const;
+  // The ID that the text is, 0 when there is no such carrier.
+  std::int32_t IfThere(const std::string& carrier) const;
 
   // By the person; a carrier that is there is changed after a question.
   void ChangeCarrier();
@@ -109,18 +116,28 @@ class GrpPlaScreen : public editing::EditingForm {
   std::string DefaultNumber() const;
   // On leaving it empty: takes the default, or stays.
   void RequireGroupNumber();
-  void TakeAge(forms::TextBox& box) const;
+  void TellNumberAdded();
   // Each takes what was typed into the form that it is kept in; false when it is none: the person is told, and the
   // focus is there.
   bool TakeAmount(forms::TextBox& box);
+  bool TakeAge(Field field);
   bool TakeRenewal();
   bool TakePayment();
   bool TakePreAuthorization();
   bool TakeFields();
   // Says what is wrong with a field's text.
   bool Refuse(Field field, std::string text);
+  bool RefuseCarrier();
   void FillRequired();
 
+  bool IsTaken() const;
+  // Of details that do not come along with the plan's carrier and number.
+  bool AgreesToDetails() const;
+  // Throws editing::Refusal for what others have stored since it was checked.
+  void RequireStillValid() const;
+  // As it will be stored.
+  std::string Stored(Field field) const;
+  void Insert();
   void Update();
   void OpenDetails();
   // What stands for columns that nobody sees.

@@ -1,4 +1,4 @@
-#include "data/literal.h"
+#include "data/shared_record_texts.h"
 #include "insurance/GrpPlaScreen.h"
 
 namespace insurance {
@@ -41,18 +41,24 @@ void GrpPlaScreen::WireCarrier() {
     Text1[kCarrier].SetFocus();
   };
   // The default group number is made of the carrier's name.
-  cmdInsCo.CausesValidation = false;
+  cmdInsCo.CausesValidation = cmdRemIns.CausesValidation = false;
   insurance_.AccessibleName = "Insurance company";
-  insurance_.Told = [this](const std::string& id) { return CarrierName(session::ToId(session::Value(id))); };
+  insurance_.Told = [this](const std::string& id) {
+    return NameOf(session::ToId(session::Value(id))).value_or(std::string());
+  };
 }
 
-std::string GrpPlaScreen::CarrierName(std::int32_t carrier) const {
-  return session::ToText(statements_.SelectValue(
-      "SELECT InsCoNam FROM InsCoTable WHERE (InsCoInd=" + data::Literal(carrier) + ")" + statements_.Office()));
+std::optional<std::string> GrpPlaScreen::NameOf(std::int32_t carrier) const {
+  return carrier == 0 ? std::nullopt : data::NameOf(context_.session, data::SharedRecord::Carrier, carrier);
+}
+
+std::int32_t GrpPlaScreen::IfThere(const std::string& carrier) const {
+  const std::int32_t id = session::ToId(session::Value(carrier));
+  return NameOf(id) ? id : 0;
 }
 
 std::int32_t GrpPlaScreen::InsuranceID() const {
-  return session::ToId(session::Value(insurance_.Caption.get()));
+  return IfThere(insurance_.Caption);
 }
 
 void GrpPlaScreen::SetInsuranceID(std::int32_t carrier) {
@@ -60,14 +66,14 @@ void GrpPlaScreen::SetInsuranceID(std::int32_t carrier) {
     Opened.carrier = carrier;
     return;
   }
-  insurance_.Caption = carrier == 0 || CarrierName(carrier).empty() ? std::string() : std::to_string(carrier);
+  insurance_.Caption = NameOf(carrier) ? std::to_string(carrier) : std::string();
   ShowCarrier();
 }
 
 void GrpPlaScreen::ShowCarrier() {
-  const std::int32_t carrier = InsuranceID();
-  Text1[kCarrier].Text = carrier == 0 ? std::string() : CarrierName(carrier);
-  cmdRemIns.Enabled = carrier != 0 && !ReadOnly();
+  const auto name = NameOf(session::ToId(session::Value(insurance_.Caption.get())));
+  Text1[kCarrier].Text = name.value_or(std::string());
+  cmdRemIns.Enabled = name && !ReadOnly();
 }
 
 void GrpPlaScreen::ChangeCarrier() {

@@ -54,9 +54,10 @@ void GrpPlaScreen::Setup_Screen() {
   }
   Text1[kRemark2].AccessibleName = "Second remark";
   Text1[kRenewal].Mask = "##-##";
+  Text1[kRenewal].KeyPress = [](char32_t key) { return key == U'/' ? U'-' : key; };
   Text1[kRenewal].ToolTip = "Month and day on which the benefits of the plan renew";
   for (const Field age : {kChildrenUntil, kStudentsUntil}) {
-    Text1.at(age).Mask = "##";
+    Text1.at(age).Mask = "###";
     Text1.at(age).ToolTip = "Age in years";
   }
   Text1[kPreAuthorization].KeyPress = [](char32_t key) { return key == U'y' ? U'Y' : key == U'n' ? U'N' : key; };
@@ -180,6 +181,11 @@ void GrpPlaScreen::Order() {
 }
 
 void GrpPlaScreen::ShowChoices() {
+  if (forms::TextBox& payment = Text1[kPayment]; payment.Text->empty()) {
+    payment.Text = "1";
+    Plan.MarkWritten(payment);
+    Plan.Overwrite({data::RecordBinding::Conflict{payment, {}}});  // nothing is stored for all that
+  }
   ShowCarrier();
   ShowClaimForm();
   const auto show = [](auto& options, const std::string& number) {
