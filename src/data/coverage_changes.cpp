@@ -6,6 +6,20 @@
 
 namespace data {
 
+std::optional<Coverage> CoverageChanges::Ordered(std::int32_t coverage) const {
+  const auto found = coverages_.Live(coverage);
+  if (found) {
+    coverages_.Renumber(found->patient);
+  }
+  return found ? coverages_.Live(coverage) : std::nullopt;
+}
+
+std::optional<Holding> CoverageChanges::Usable(std::int32_t holding) const {
+  const auto held = holdings_.Live(holding);
+  const auto link = held ? PlanLinks(session_).Get(held->link) : std::nullopt;
+  return link && link->live ? held : std::nullopt;
+}
+
 CoveredThrough CoverageChanges::Through(const Coverage& coverage) const {
   return {holdings_.SubscriberOf(coverage.holding), coverages_.LinkOf(coverage.id)};
 }
@@ -16,6 +30,7 @@ void CoverageChanges::Log(const Coverage& coverage, const std::optional<CoveredT
 }
 
 void CoverageChanges::AddLogged(std::int32_t patient, const Holding& holding, std::int32_t relationship) const {
+  coverages_.Renumber(patient);
   if (const auto added = coverages_.Live(coverages_.Add(patient, holding.id, relationship))) {
     Log(*added, std::nullopt, Through(holding));
   }
@@ -23,7 +38,7 @@ void CoverageChanges::AddLogged(std::int32_t patient, const Holding& holding, st
 
 bool CoverageChanges::Add(std::int32_t patient, std::int32_t holding, std::int32_t relationship) const {
   session::Transaction transaction(session_.Connection());
-  const auto through = holdings_.Live(holding);
+  const auto through = Usable(holding);
   if (through) {
     AddLogged(patient, *through, relationship);
     transaction.Commit();
@@ -47,8 +62,8 @@ bool CoverageChanges::AddThroughLink(std::int32_t patient, std::int32_t subscrib
 
 bool CoverageChanges::Change(std::int32_t coverage, std::int32_t holding) const {
   session::Transaction transaction(session_.Connection());
-  const auto old = coverages_.Live(coverage);
-  const auto to = holdings_.Live(holding);
+  const auto old = Ordered(coverage);
+  const auto to = Usable(holding);
   if (!old || !to) {
     return false;
   }
@@ -61,7 +76,7 @@ bool CoverageChanges::Change(std::int32_t coverage, std::int32_t holding) const 
 
 bool CoverageChanges::Remove(std::int32_t coverage) const {
   session::Transaction transaction(session_.Connection());
-  const auto old = coverages_.Live(coverage);
+  const auto old = Ordered(coverage);
   if (!old) {
     return false;
   }
@@ -74,8 +89,8 @@ bool CoverageChanges::Remove(std::int32_t coverage) const {
 
 bool CoverageChanges::Exchange(std::int32_t one, std::int32_t other) const {
   session::Transaction transaction(session_.Connection());
-  auto earlier = coverages_.Live(one);
-  auto later = coverages_.Live(other);
+  auto earlier = Ordered(one);
+  auto later = Ordered(other);
   if (!earlier || !later) {
     return false;
   }
@@ -85,7 +100,9 @@ bool CoverageChanges::Exchange(std::int32_t one, std::int32_t other) const {
   const CoveredThrough original = Through(*earlier);
   const CoveredThrough now = Through(*later);
   coverages_.Exchange(*earlier, *later);
-  Log(*earlier, original, now);
+  session::LogEntry entry = CoverageEntry(session_, earlier->patient, earlier->order, original, now);
+  entry.text += NonFamilyLine(session_, later->patient, later->order, original.subscriber);
+  session_.Log(entry);
   transaction.Commit();
   return true;
 }

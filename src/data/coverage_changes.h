@@ -23,13 +23,18 @@ class CoverageChanges {
                       std::int32_t relationship) const;
   bool Change(std::int32_t coverage, std::int32_t holding) const;
   bool Remove(std::int32_t coverage) const;
-  // Two of a patient's change places. The entry tells of the earlier place.
+  // Two of a patient's change places. The entry tells of the earlier place, and of both where a non-family member is
+  // the subscriber.
   bool Exchange(std::int32_t one, std::int32_t other) const;
   bool SetRelationship(std::int32_t coverage, std::int32_t relationship) const;
   // The patient's ID at the carrier; an empty one is none.
   bool SetCarrierId(std::int32_t coverage, std::string_view id) const;
 
  private:
+  // The coverage, with its patient's orders in step; nothing when it has ended.
+  std::optional<Coverage> Ordered(std::int32_t coverage) const;
+  // The holding, if it and its link are live.
+  std::optional<Holding> Usable(std::int32_t holding) const;
   static CoveredThrough Through(const Holding& holding) { return {holding.subscriber, holding.link}; }
   // Of a holding that may have ended as well.
   CoveredThrough Through(const Coverage& coverage) const;

@@ -1,9 +1,9 @@
 #include "data/coverage_log.h"
 
+#include <algorithm>
 #include <array>
-#include <string>
 
-#include "data/families.h"
+#include "data/family_members.h"
 #include "data/persons.h"
 #include "data/plan_links.h"
 
@@ -43,11 +43,18 @@ session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient,
   if (now) {
     text += "\r\n----- New Coverage -----" + Described(session, *now);
   }
-  const Families families(session);
-  if (now && families.HeadOf(now->subscriber) != families.HeadOf(patient)) {
-    text += "\r\nThe " + OrderWord(order) + " insurance plan has been connected to a non-family member ";
+  if (now) {
+    text += NonFamilyLine(session, patient, order, now->subscriber);
   }
   return {session::LogKind::Comment, "LogInsCov", patient, text};
+}
+
+std::string NonFamilyLine(session::Session& session, std::int32_t patient, std::int32_t order,
+                          std::int32_t subscriber) {
+  const auto family = FamilyMembers(Statements(session), patient);
+  return std::ranges::find(family, subscriber) != family.end()
+             ? std::string()
+             : "\r\nThe " + OrderWord(order) + " insurance plan has been connected to a non-family member ";
 }
 
 }  // namespace data

@@ -1,6 +1,8 @@
 #include "data/coverages.h"
 
+#include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "data/literal.h"
 #include "data/plan_links.h"
@@ -150,6 +152,9 @@ std::vector<Coverage> Coverages::Read(const Sql& condition) const {
        !row->Eof(); row->MoveNext()) {
     coverages.push_back(CoverageIn(*row));
   }
+  std::ranges::stable_sort(coverages, {}, [](const Coverage& coverage) {
+    return std::tuple(coverage.patient, OrderedRows::PlaceOf(coverage.order));
+  });
   return coverages;
 }
 

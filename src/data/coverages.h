@@ -36,6 +36,8 @@ class Coverages {
   // Two of a patient's take each other's order, with all that they have: both end and are inserted again.
   void Exchange(const Coverage& one, const Coverage& other) const;
   void Remove(std::int32_t coverage) const;
+  // Gives a patient's live coverages the orders 1, 2, 3 where older programs left gaps, doubles or none.
+  void Renumber(std::int32_t patient) const { rows_.Renumber(patient); }
   void SetRelationship(std::int32_t coverage, std::int32_t relationship) const;
   // The patient's ID at the carrier; without a text there is none.
   void SetCarrierId(std::int32_t coverage, std::string_view id) const;
@@ -49,7 +51,7 @@ class Coverages {
 
   // Nothing when it has ended.
   std::optional<Coverage> Live(std::int32_t coverage) const;
-  // A patient's coverages, live or ending, in their order.
+  // A patient's coverages, live or ending, in their order; those without one last.
   std::vector<Coverage> Of(std::int32_t patient) const;
   // A patient's coverages whose holding and link are live as well.
   int Count(std::int32_t patient) const;

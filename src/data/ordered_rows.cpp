@@ -1,8 +1,17 @@
 #include "data/ordered_rows.h"
 
+#include <algorithm>
+#include <limits>
+#include <tuple>
+#include <vector>
+
 #include "data/literal.h"
 
 namespace data {
+
+std::int32_t OrderedRows::PlaceOf(std::int32_t order) {
+  return order > 0 ? order : std::numeric_limits<std::int32_t>::max();
+}
 
 void OrderedRows::Set(std::int32_t id, const Sql& values) const {
   statements_.Execute(Sql("UPDATE ") + columns_.table + " SET " + values + " WHERE " + columns_.key + "=" +
@@ -40,6 +49,26 @@ std::int32_t OrderedRows::NextOrder(std::int32_t owner) const {
   return session::ToId(statements_.SelectValue(Sql("SELECT Max(") + columns_.order + ") FROM " + columns_.table +
                                                " WHERE " + LiveOf(owner) + statements_.Office())) +
          1;
+}
+
+void OrderedRows::Renumber(std::int32_t owner) const {
+  struct Row {
+    std::int32_t id = 0;
+    std::int32_t order = 0;
+  };
+  std::vector<Row> rows;
+  for (const auto row = statements_.Select(Sql("SELECT ") + columns_.key + ", " + columns_.order + " FROM " +
+                                           columns_.table + " WHERE " + LiveOf(owner) + statements_.Office());
+       !row->Eof(); row->MoveNext()) {
+    rows.push_back({session::ToId(row->Get(0)), session::ToId(row->Get(1))});
+  }
+  std::ranges::sort(rows, {}, [](const Row& row) { return std::tuple(PlaceOf(row.order), row.id); });
+  std::int32_t order = 0;
+  for (const Row& row : rows) {
+    if (row.order != ++order) {
+      SetOrder(row.id, order);
+    }
+  }
 }
 
 void OrderedRows::CloseGap(std::int32_t owner) const {

@@ -29,6 +29,9 @@ class OrderedRows {
   OrderedRows(session::Session& session, const Columns& columns)
       : session_(session), statements_(session), columns_(columns) {}
 
+  // What rows are sorted by: one without an order, which is read as 0, is behind the others.
+  static std::int32_t PlaceOf(std::int32_t order);
+
   // Today, by the user.
   void BeginToEnd(std::int32_t id) const;
   void OpenAgain(std::int32_t id) const;
@@ -39,6 +42,8 @@ class OrderedRows {
   bool IsFree(std::int32_t owner, std::int32_t order) const;
   // Behind the owner's live rows.
   std::int32_t NextOrder(std::int32_t owner) const;
+  // The owner's live rows are 1, 2, 3 in their order, whatever they were; those without one come last.
+  void Renumber(std::int32_t owner) const;
   // Where an order is missing, those behind it move up by one.
   void CloseGap(std::int32_t owner) const;
 
