@@ -24,6 +24,24 @@ std::vector<session::Value> AmountsOf(const Statements& statements, std::int32_t
   return amounts;
 }
 
+bool IsAmount(const session::Value& value) {
+  return session::ToText(value).find_first_of("123456789") != std::string::npos;
+}
+
+bool HasAmounts(const std::vector<session::Value>& amounts, std::int32_t order) {
+  for (std::size_t i = 0; i < amounts.size(); ++i) {
+    if (kOldBalances.at(i).order == order && IsAmount(amounts[i])) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Has(const Coverage& coverage, Words column) {
+  return std::ranges::any_of(coverage.benefits,
+                             [&](const Assignment& benefit) { return benefit.column.Text() == column.Text(); });
+}
+
 }  // namespace
 
 Sql OldBalanceColumns() {
@@ -35,25 +53,37 @@ Sql OldBalanceColumns() {
 }
 
 bool HasOldBalances(const session::Recordset& patient) {
-  return std::ranges::any_of(
-      kOldBalances, [&](const OldBalance& balance) { return !session::IsNull(patient[balance.old_column.Text()]); });
+  return std::ranges::any_of(kOldBalances,
+                             [&](const OldBalance& balance) { return IsAmount(patient[balance.old_column.Text()]); });
 }
 
 bool CarryOldBalances(session::Session& session, std::int32_t patient) {
   const Statements statements(session);
   session::Transaction transaction(session.Connection());
   const std::vector<session::Value> amounts = AmountsOf(statements, patient);
+  std::vector<Coverage> coverages = Coverages(session).Of(patient);
+  std::erase_if(coverages, [](const Coverage& coverage) { return !coverage.live; });
   Assignments emptied;
-  for (const Coverage& coverage : Coverages(session).Of(patient)) {
+  for (const std::int32_t order : {1, 2}) {
+    if (amounts.empty() || coverages.empty() || !HasAmounts(amounts, order)) {
+      continue;
+    }
+    const auto place = static_cast<std::size_t>(order) - 1;
+    const Coverage* coverage = place < coverages.size() ? &coverages[place] : nullptr;
     Assignments carried;
     for (std::size_t i = 0; i < amounts.size(); ++i) {
       const OldBalance& balance = kOldBalances.at(i);
-      if (coverage.live && balance.order == coverage.order && !session::IsNull(amounts[i])) {
+      if (balance.order != order || session::IsNull(amounts[i])) {
+        continue;
+      }
+      emptied.emplace_back(balance.old_column, Words("Null"));
+      if (coverage != nullptr && !Has(*coverage, balance.column)) {
         carried.emplace_back(balance.column, ValueOf(balance, amounts[i]));
-        emptied.emplace_back(balance.old_column, Words("Null"));
       }
     }
-    statements.Update("CovTable", carried, "CovID", coverage.id);
+    if (coverage != nullptr) {
+      statements.Update("CovTable", carried, "CovID", coverage->id);
+    }
   }
   statements.Update("PATable", emptied, "pID", patient);
   transaction.Commit();

@@ -28,11 +28,12 @@ constexpr bool IsBenefitYear(std::int32_t year) {
 
 // "pPriBal, pPriDed, ..."
 Sql OldBalanceColumns();
-// Whether the row, which has these columns of `PATable`, has any amount.
+// Whether the row, which has these columns of `PATable`, has any amount; one of zero is none.
 bool HasOldBalances(const session::Recordset& patient);
 
-// Moves the amounts to the patient's coverages, in one transaction. Where he has no such coverage they stay. False when
-// nothing moved. Throws session::DatabaseError.
+// Moves the amounts to the patient's coverages, in one transaction; what a coverage has already stays. Amounts of a
+// second coverage that he does not have are given up, so that they do not come to another plan later; without any
+// coverage all stay. False when nothing was written. Throws session::DatabaseError.
 bool CarryOldBalances(session::Session& session, std::int32_t patient);
 
 }  // namespace data
