@@ -52,11 +52,13 @@ void CoverageLink::Wire() {
   cmdNew.Click = [this] { AddInsuranceHolder(); };
   cmdCancel.Click = [this] { Stop(); };
   KeyDown = [this](forms::Key key) {
-    const bool stops = key == forms::Key::Esc && Started();
-    if (stops) {
+    const bool used = Started() && (key == forms::Key::Esc || key == forms::Key::Enter);
+    if (used && key == forms::Key::Esc) {
       Stop();
+    } else if (used) {
+      AddHeld();
     }
-    return stops;
+    return used;
   };
 }
 
@@ -121,6 +123,12 @@ std::optional<CoverageLink::Choice> CoverageLink::HolderChosen() {
     TellMissing("Please select the insurance holder.", cboHolder);
   } else if (choice.relationship == 0) {
     TellMissing("Please select this patient's relationship to " + NameOf(choice.subscriber) + ".", cboRel);
+  } else if (choice.relationship == kSelf && choice.subscriber != patient_) {
+    TellMissing(
+        "Self is the relationship of the insurance holder to his own plan. Please select this patient's "
+        "relationship to " +
+            NameOf(choice.subscriber) + ".",
+        cboRel);
   } else {
     return choice;
   }

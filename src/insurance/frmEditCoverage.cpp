@@ -1,8 +1,8 @@
 #include "insurance/frmEditCoverage.h"
 
+#include "data/coverages.h"
 #include "data/literal.h"
 #include "data/old_balances.h"
-#include "data/persons.h"
 #include "forms/text.h"
 #include "insurance/amounts.h"
 
@@ -94,24 +94,57 @@ void frmEditCoverage::Read() {
 }
 
 bool frmEditCoverage::ReadPatient() {
-  const auto patient = statements_.Select("SELECT pFIRNAM, pLASNAM, pSSN, " + data::OldBalanceColumns() +
+  const auto patient = statements_.Select("SELECT " + data::OldBalanceColumns() +
                                           " FROM PATable WHERE pID=" + data::Literal(PatientID) + statements_.Office());
   if (patient->Eof()) {
     return false;
   }
-  const std::string name = data::FirstLast((*patient)["pFIRNAM"], (*patient)["pLASNAM"]);
-  const std::string ssn = session::ToText((*patient)["pSSN"]);
   if (!ReadOnly() && data::HasOldBalances(*patient)) {
     Saved = data::CarryOldBalances(context_.session, PatientID);
   }
   ucEditCoverage1.PatientID = PatientID;
-  ucEditCoverage1.Show(name.empty() ? data::PersonByNumber(PatientID) : name, ssn);
+  ucEditCoverage1.Show();
   return true;
+}
+
+// A plan that is being linked is left before the screen is.
+bool frmEditCoverage::OnKey(forms::Key key) {
+  if (key == forms::Key::Esc && ucEditCoverage1.Link.Started()) {
+    ucEditCoverage1.Link.Stop();
+    return true;
+  }
+  return EditingForm::OnKey(key);
+}
+
+bool frmEditCoverage::Check() {
+  return Readable(Benefits) && Attempt([this] { RequireLive(); });
+}
+
+// It may end while a question stands: plans are changed without the patient's record.
+bool frmEditCoverage::Agreed() {
+  RequireLive();
+  return true;
+}
+
+void frmEditCoverage::RequireLive() const {
+  if (Benefits.Changed() && !data::Coverages(context_.session).Live(Benefits.Id())) {
+    throw editing::Refusal(
+        "This insurance coverage has been changed elsewhere meanwhile. Your entries are still on the screen; nothing "
+        "was saved.");
+  }
 }
 
 // Amounts that are not saved yet stay, with the coverage that they are of.
 void frmEditCoverage::Highlighted() {
   const std::int32_t shown = Benefits.Id();
+  if (Unsaved() && !ucEditCoverage1.Lists(shown)) {
+    ShowBenefits();
+    Tell(
+        "This insurance coverage has been changed elsewhere meanwhile. What was typed about its benefits was not "
+        "saved.",
+        forms::Icon::Exclamation);
+    return;
+  }
   if (ucEditCoverage1.CoverageID() == shown || (Unsaved() && !QueryClose() && ucEditCoverage1.Highlight(shown))) {
     return;
   }

@@ -33,10 +33,12 @@ class frmEditCoverage : public editing::EditingForm {
  protected:
   void Read() override;
   bool Differs() const override { return Benefits.Changed(); }
-  bool Check() override { return Readable(Benefits); }
+  bool Check() override;
+  bool Agreed() override;
   ClosingQuestion OnClosing() const override {
     return {.text = "Do you want to save changes?", .title = "Insurance Coverage", .offers_to_save = true};
   }
+  bool OnKey(forms::Key key) override;
   void OnClose() override { ucEditCoverage1.KeepLayout(); }
 
  private:
@@ -44,6 +46,8 @@ class frmEditCoverage : public editing::EditingForm {
   void Wire();
   // False when there is no such patient.
   bool ReadPatient();
+  // Throws editing::Refusal when amounts were typed about a coverage that has ended meanwhile.
+  void RequireLive() const;
   void Highlighted();
   void ShowBenefits();
   void TakeAmount(Benefit which);

@@ -62,7 +62,7 @@ data::Sql CoverageRows(const data::Statements& statements, std::int32_t patient)
   return "SELECT PATable.pFIRNAM, PATable.pLASNAM, CovTable.CovRel, CovTable.CovInsCoPatID, PATable.pSSN, "
          "EmpTable.EmpNam, InsCoTable.InsCoNam, GroPlaTable.GroPlaGroNum, GroPlaTable.GroPlaNam, ELTable.elEmpID, "
          "ELTable.elInsID, ELTable.elGroID, CovTable.CovStaDat, CovTable.CovEndDat, PatEmpTable.PatEmpElID, "
-         "CovTable.CovID, PatEmpTable.PatEmpPatID, CovTable.CovSubPatEmpID FROM (" +
+         "CovTable.CovID, PatEmpTable.PatEmpPatID, CovTable.CovSubPatEmpID, CovTable.CovOrd FROM (" +
          JoinNames(statements,
                    Sql("(CovTable LEFT JOIN PatEmpTable ON CovTable.CovSubPatEmpID = PatEmpTable.PatEmpID") +
                        statements.OfficeJoin(" and (CovTable.OfficeID = PatEmpTable.OfficeID) ") +

@@ -39,6 +39,7 @@ enum CoverageField : std::size_t {
   kCoverageId,
   kSubscriberId,
   kHoldingId,
+  kOrder,
 };
 // The statement for a patient's live coverages in their order. What a coverage leads to may be gone: it is empty.
 data::Sql CoverageRows(const data::Statements& statements, std::int32_t patient);

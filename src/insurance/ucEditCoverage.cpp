@@ -4,8 +4,12 @@
 #include <array>
 #include <utility>
 
+#include "data/literal.h"
+#include "data/ordered_rows.h"
 #include "data/persons.h"
 #include "editing/editing_form.h"
+#include "editing/recordset_rows.h"
+#include "forms/text.h"
 
 namespace insurance {
 namespace {
@@ -49,7 +53,7 @@ std::vector<forms::GridColumn> Columns() {
 // As the fields are, but for the subscriber's name, the relationship's, and days without a time.
 editing::RecordsetRows::Cells Cells() {
   editing::RecordsetRows::Cells cells;
-  for (std::size_t field = 0; field <= kHoldingId; ++field) {
+  for (std::size_t field = 0; field <= kOrder; ++field) {
     cells.emplace_back([field](const session::Recordset& row) { return session::ToText(row.Get(field)); });
   }
   cells[kSubscriberFirst] = [](const session::Recordset& row) {
@@ -60,6 +64,17 @@ editing::RecordsetRows::Cells Cells() {
   };
   return cells;
 }
+
+// Not the grid's to move: a row that was moved is read anew in its place.
+class CoverageTable : public forms::GridRows {
+ public:
+  std::vector<std::vector<std::string>> rows;
+
+  int Count() const override { return static_cast<int>(rows.size()); }
+  std::string_view Text(int row, int cell) const override {
+    return rows.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(cell));
+  }
+};
 
 std::string TipOf(const forms::GridColumn& column) {
   constexpr std::string_view kDropDown = "Click and then click on drop down arrow to change this patient's ";
@@ -130,7 +145,7 @@ void ucEditCoverage::Clicked(const std::string& key) {
     EditPlan();
   } else if (key == "DELETE") {
     Remove();
-  } else {
+  } else if (key != "OKAY" || LinkSettled()) {
     Closing(key);
   }
 }
@@ -149,10 +164,7 @@ bool ucEditCoverage::OnGridKey(forms::Key key) {
   return true;
 }
 
-void ucEditCoverage::Show(const std::string& name, const std::string& ssn) {
-  name_ = name;
-  ssn_ = ssn;
-  lblCaption.Caption = "Insurance Coverage for " + name_;
+void ucEditCoverage::Show() {
   layout_.Restore("frmEditCoverage");
   Read();
 }
@@ -161,24 +173,56 @@ void ucEditCoverage::Show(const std::string& name, const std::string& ssn) {
 void ucEditCoverage::Read() {
   const int row = std::max(0, TDBG.Row.get());
   family_plans_.reset();
-  rows_ = std::make_shared<editing::RecordsetRows>(statements_.Select(CoverageRows(statements_, PatientID)), Cells());
-  room_ = rows_->Fields().at(kCarrierPatientId).defined_size;
-  while (!rows_->Complete()) {
-    rows_->Fetch(100);
+  ReadName();
+  const auto read = statements_.Select(CoverageRows(statements_, PatientID));
+  room_ = read->Fields().at(kCarrierPatientId).defined_size;
+  const auto rows = std::make_shared<CoverageTable>();
+  const auto cells = Cells();
+  for (; !read->Eof(); read->MoveNext()) {
+    std::vector<std::string>& texts = rows->rows.emplace_back();
+    for (const auto& cell : cells) {
+      texts.push_back(cell(*read));
+    }
   }
-  TDBG.Rows = rows_;
-  TDBG.Row = std::min(row, rows_->Count() - 1);
+  // Engines differ in where they put those without an order.
+  std::ranges::stable_sort(rows->rows, {}, [](const std::vector<std::string>& coverage) {
+    return data::OrderedRows::PlaceOf(session::ToId(session::Value(coverage[kOrder])));
+  });
+  TDBG.Rows = rows;
+  TDBG.Row = std::min(row, rows->Count() - 1);
   Highlighted();
 }
 
-bool ucEditCoverage::Highlight(std::int32_t coverage) {
-  for (int row = 0; row < TDBG.RowCount(); ++row) {
-    if (IdAt(row, kCoverageId) == coverage) {
-      TDBG.Row = row;
-      return true;
-    }
+void ucEditCoverage::ReadName() {
+  const auto patient = statements_.Select("SELECT pFIRNAM, pLASNAM FROM PATable WHERE pID=" + data::Literal(PatientID) +
+                                          statements_.Office());
+  name_ = patient->Eof() ? std::string() : data::FirstLast(patient->Get(0), patient->Get(1));
+  if (name_.empty()) {
+    name_ = data::PersonByNumber(PatientID);
   }
-  return false;
+  lblCaption.Caption = "Insurance Coverage for " + name_;
+}
+
+std::string ucEditCoverage::Ssn() const {
+  const std::string ssn = session::ToText(
+      statements_.SelectValue("SELECT pSSN FROM PATable WHERE pID=" + data::Literal(PatientID) + statements_.Office()));
+  return ssn.find_first_of("0123456789") == std::string::npos ? std::string() : std::string(forms::Trim(ssn));
+}
+
+int ucEditCoverage::RowOf(std::int32_t coverage) const {
+  int row = TDBG.RowCount() - 1;
+  while (row >= 0 && IdAt(row, kCoverageId) != coverage) {
+    --row;
+  }
+  return row;
+}
+
+bool ucEditCoverage::Highlight(std::int32_t coverage) {
+  const int row = RowOf(coverage);
+  if (row >= 0) {
+    TDBG.Row = row;
+  }
+  return row >= 0;
 }
 
 std::int32_t ucEditCoverage::IdAt(int row, CoverageField field) const {
@@ -218,7 +262,9 @@ std::vector<std::string> ucEditCoverage::Choices(int row) {
 
 void ucEditCoverage::Edit(session::RecordKind kind, std::int32_t id) {
   if (editing::EditingForm::MayModify(TDBG)) {
-    context_.screens.Edit(session::Opening::Existing(kind, id));
+    if (context_.screens.Edit(session::Opening::Existing(kind, id)).Saved()) {
+      Changed();
+    }
     Read();
   }
 }

@@ -10,7 +10,6 @@
 
 #include "data/coverage_changes.h"
 #include "editing/kept_layout.h"
-#include "editing/recordset_rows.h"
 #include "editing/rules.h"
 #include "forms/grid.h"
 #include "forms/label.h"
@@ -50,10 +49,13 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   std::function<void(const std::string& key)> Closing;
 
   // Shows the patient of the ID. Throws session::DatabaseError.
-  void Show(const std::string& name, const std::string& ssn);
+  void Show();
   forms::Button& Buttons(std::string_view key) { return TB[key]; }
+  forms::Property<bool>& ShowToolBar() { return TB.Visible; }
+  forms::Property<bool>& ShowCaption() { return lblCaption.Visible; }
   void KeepLayout() { layout_.Keep(); }
 
+  bool Lists(std::int32_t coverage) const { return RowOf(coverage) >= 0; }
   // False when the coverage is not shown.
   bool Highlight(std::int32_t coverage);
   // Of the highlighted coverage; 0 for none.
@@ -61,8 +63,9 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   std::int32_t CarrierID() const { return Id(kCarrierId); }
   std::int32_t GroupID() const { return Id(kPlanId); }
 
-  // Asks for a plan that the chosen holder is to hold, and covers the patient through it.
-  void AddInsuranceHolder() { Link.AddInsuranceHolder(); }
+  // Asks for a plan that the chosen holder is to hold, and covers the patient through it. Where no holder is being
+  // chosen yet, it begins with that.
+  void AddInsuranceHolder();
 
  private:
   void Register();
@@ -71,6 +74,10 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   bool OnGridKey(forms::Key key);
 
   void Read();
+  void ReadName();
+  // The patient's, as it is now; empty for one without a digit.
+  std::string Ssn() const;
+  int RowOf(std::int32_t coverage) const;
   std::int32_t Id(CoverageField field) const { return IdAt(TDBG.Row, field); }
   std::int32_t IdAt(int row, CoverageField field) const;
   std::vector<std::int32_t> Covered() const;
@@ -86,6 +93,8 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   bool Write(const std::function<bool(const data::CoverageChanges&)>& change);
   bool MayAdd() const;
   void StartLink();
+  // Whether a link that was begun is dealt with.
+  bool LinkSettled();
   bool AddChosen(const CoverageLink::Choice& choice);
   void EditCell(const std::string& key, const std::string& text);
   void ChangeHolding(const std::string& choice);
@@ -98,10 +107,8 @@ class ucEditCoverage : public forms::UserControl, private editing::Rules {
   void EditPlan();
   void OpenRecord();
 
-  std::shared_ptr<editing::RecordsetRows> rows_;
   std::optional<std::vector<HeldPlan>> family_plans_;  // once they were asked for
   std::string name_;
-  std::string ssn_;
   int room_ = 0;  // of a carrier's ID for the patient, in characters; 0 is unlimited
   editing::KeptLayout layout_;
 };

@@ -53,7 +53,7 @@ void ucEditCoverage::EditCell(const std::string& key, const std::string& text) {
   } else if (key == kRel) {
     ChangeRelationship(text);
   } else {
-    ChangeCarrierId(text);
+    ChangeCarrierId(std::string(forms::Trim(text)));
   }
 }
 
@@ -77,6 +77,18 @@ void ucEditCoverage::ChangeHolding(const std::string& choice) {
 
 void ucEditCoverage::ChangeRelationship(const std::string& name) {
   const std::int32_t coverage = CoverageID();
+  const std::int32_t subscriber = Id(kSubscriberId);
+  const bool self = RelationshipCode(name) == kSelf;
+  if (self && subscriber != PatientID) {
+    Tell("Self is the relationship of the insurance holder to his own plan. Please select " + name_ +
+             "'s relationship to the holder.",
+         forms::Icon::Information);
+    return;
+  }
+  if (!self && subscriber == PatientID) {
+    Tell(name_ + " is the holder of this insurance plan: the relationship is Self.", forms::Icon::Information);
+    return;
+  }
   Write(
       [&](const data::CoverageChanges& changes) { return changes.SetRelationship(coverage, RelationshipCode(name)); });
 }
@@ -91,7 +103,7 @@ void ucEditCoverage::ChangeCarrierId(const std::string& text) {
               "rejected.\r\nNOTE: Deleting the ID will automatically reset it to the Patient SSN.\r\nAre you sure you "
               "want to change the Insurance Company assigned Patient ID?",
               "Modify Insurance Company Assigned ID Number")) {
-    const std::string id = forms::Trim(text).empty() ? ssn_ : text;
+    const std::string id = text.empty() ? Ssn() : text;
     Write([&](const data::CoverageChanges& changes) { return changes.SetCarrierId(coverage, id); });
   }
 }
@@ -116,8 +128,9 @@ bool ucEditCoverage::Exchange(int from, int to) {
 
 // The first coverage is everybody's to enter.
 bool ucEditCoverage::MayAdd() const {
+  const auto covered = data::Coverages(context_.session).Of(PatientID);
   const bool may =
-      data::Coverages(context_.session).Count(PatientID) == 0 || context_.session.HasRight(session::kSupervisorRight);
+      std::ranges::none_of(covered, &data::Coverage::live) || context_.session.HasRight(session::kSupervisorRight);
   if (!may) {
     context_.user.Tell("User " + context_.session.UserName() +
                            " does not have the right to link additional insurance coverage for in-house database.\r\n"
@@ -127,10 +140,37 @@ bool ucEditCoverage::MayAdd() const {
   return may;
 }
 
+// What is picked already stays.
 void ucEditCoverage::StartLink() {
-  if (MayChange() && MayAdd()) {
+  if (Link.Started()) {
+    Link.cboHolder.SetFocus();
+  } else if (MayChange() && MayAdd()) {
     Link.Start(PatientID, Covered());
   }
+}
+
+void ucEditCoverage::AddInsuranceHolder() {
+  if (Link.Started()) {
+    Link.AddInsuranceHolder();
+  } else {
+    StartLink();
+  }
+}
+
+bool ucEditCoverage::LinkSettled() {
+  if (!Link.Started()) {
+    return true;
+  }
+  const forms::Answer answer = context_.user.Ask({.text = "The insurance plan has not been linked yet. Link it now?",
+                                                  .title = std::string(kCoverageTitle),
+                                                  .buttons = forms::kYesNoCancel,
+                                                  .icon = forms::Icon::Question});
+  if (answer == forms::Answer::Yes) {
+    Link.cmdAdd.DoClick();
+  } else if (answer == forms::Answer::No) {
+    Link.Stop();
+  }
+  return !Link.Started();
 }
 
 bool ucEditCoverage::AddChosen(const CoverageLink::Choice& choice) {

@@ -169,7 +169,9 @@ class AnyCoverages : public testing::Test {
       const auto& chosen =
           insurance::Relationships()[static_cast<std::size_t>(Below(insurance::Relationships().size()))];
       editor.TDBG.DoCell(editor.TDBG.ColumnIndex(column), chosen.text);
-      details = std::to_string(chosen.data) + details.substr(rest);
+      if ((chosen.data == insurance::kSelf) == (Own()[row].subscriber == patient_)) {
+        details = std::to_string(chosen.data) + details.substr(rest);
+      }
       return;
     }
     const std::string id = chance_->Percent(30) ? "" : "'" + std::to_string(Below(1000)) + " %";
