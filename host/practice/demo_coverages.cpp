@@ -103,6 +103,9 @@ void CoverageMaker::RememberMore(std::span<const Member> family, const std::vect
     return;
   }
   const auto order = static_cast<std::int32_t>(holders.size()) + 1;
+  if (order == 3) {
+    twice_ = {holders[0].person, family.back()};
+  }
   std::vector<Covered> covered;
   if (order == 3 && share < 30 && elsewhere_) {
     for (const Member& member : family) {
@@ -128,7 +131,26 @@ void CoverageMaker::RememberMore(std::span<const Member> family, const std::vect
   elsewhere_ = holders[0];
 }
 
+void CoverageMaker::RememberMissing() {
+  if (!twice_) {
+    return;
+  }
+  const auto& [holder, last] = *twice_;
+  constexpr std::int32_t kThird = 3;
+  const bool third = std::ranges::any_of(late_, [](const Late& late) {
+    return std::ranges::any_of(late.covered, [](const Covered& covered) { return covered.order == kThird; });
+  });
+  if (!third) {
+    const Offer& plan = more_.OneOf(std::span(insurance_.second_jobs));
+    late_.push_back({{holder, plan}, {{holder.id, kThird, Relation::Self}}});
+  }
+  if (std::ranges::none_of(unopened_, [](const Covered& covered) { return covered.order == 2; })) {
+    unopened_.push_back({last.id, 2, RelationTo(holder, last)});
+  }
+}
+
 void CoverageMaker::Finish() {
+  RememberMissing();
   for (const Late& late : late_) {
     MakeLate(late);
   }

@@ -57,6 +57,8 @@ class CoverageMaker {
   std::int32_t Hold(std::int32_t subscriber, const Offer& plan);
   void Cover(Random& chance, const Covered& covered, std::int32_t holding, const Offer& plan);
   void RememberMore(std::span<const Member> family, const std::vector<Holder>& holders);
+  // A third coverage, and amounts of a second one in the record, where chance gave nobody any.
+  void RememberMissing();
   void MakeLate(const Late& late);
   void MakeFormer(std::int32_t subscriber, const Offer& plan);
   void MoveAmountsToRecord(const Covered& last);
@@ -67,6 +69,12 @@ class CoverageMaker {
   TableWriter holdings_;
   TableWriter coverages_;
   std::optional<Holder> elsewhere_;  // of an earlier family
+  // The last family that two plans cover: who holds the earlier one, and the last of them.
+  struct Twice {
+    Member holder;
+    Member last;
+  };
+  std::optional<Twice> twice_;
   std::vector<Late> late_;
   std::vector<std::pair<std::int32_t, Offer>> former_;  // subscribers
   std::vector<Covered> unopened_;                       // the last coverages of patients that nobody has looked at yet
