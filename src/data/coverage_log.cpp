@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "data/coverages.h"
 #include "data/family_members.h"
 #include "data/persons.h"
 #include "data/plan_links.h"
@@ -18,6 +19,11 @@ std::string OrderWord(std::int32_t order) {
              : std::to_string(order) + "th";
 }
 
+// One without an order is behind the patient's others.
+std::int32_t PlaceOf(session::Session& session, std::int32_t patient, std::int32_t order) {
+  return order > 0 ? order : static_cast<std::int32_t>(Coverages(session).Of(patient).size());
+}
+
 std::string Described(session::Session& session, const CoveredThrough& through) {
   const LinkNames link = PlanLinks(session).NamesOf(through.link);
   return "\r\nSubscriber : " + NameOfPerson(Statements(session), through.subscriber) + " - [" +
@@ -31,7 +37,8 @@ session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient,
                                 const std::optional<CoveredThrough>& original,
                                 const std::optional<CoveredThrough>& now) {
   const forms::DateTime time = session.Now();
-  std::string text = "The following " + OrderWord(order) + " insurance plan was " +
+  const std::int32_t place = PlaceOf(session, patient, order);
+  std::string text = "The following " + OrderWord(place) + " insurance plan was " +
                      (!original ? "added "
                       : !now    ? "removed "
                                 : "changed ") +
@@ -44,7 +51,7 @@ session::LogEntry CoverageEntry(session::Session& session, std::int32_t patient,
     text += "\r\n----- New Coverage -----" + Described(session, *now);
   }
   if (now) {
-    text += NonFamilyLine(session, patient, order, now->subscriber);
+    text += NonFamilyLine(session, patient, place, now->subscriber);
   }
   return {session::LogKind::Comment, "LogInsCov", patient, text};
 }
