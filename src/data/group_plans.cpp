@@ -4,7 +4,7 @@
 
 #include "data/holdings.h"
 #include "data/literal.h"
-#include "data/plan_details_copy.h"
+#include "data/plan_details.h"
 #include "data/plan_links.h"
 #include "data/shared_record_texts.h"
 #include "forms/text.h"
@@ -76,7 +76,7 @@ void GroupPlans::Follow(std::int32_t plan, const PlanDetailsKey& from, bool rena
                         ", IPGroNum=" + Literal(to.group_number) + " WHERE " + DetailsOf(from) + statements_.Office());
   }
   if (renamed && to.HasDetails() && !AnotherUses(to, plan)) {
-    const std::string name = ReadGroupPlanFacts(session_, plan).value_or(GroupPlanFacts()).name;
+    const std::string name = ReadGroupPlan(session_, plan).value_or(GroupPlan()).name;
     statements_.Execute("UPDATE IPTable SET IPPlaNam=" + (name.empty() ? Sql("Null") : Literal(name)) + " WHERE " +
                         DetailsOf(to) + statements_.Office());
   }

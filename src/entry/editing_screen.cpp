@@ -128,15 +128,13 @@ void EditingScreen::Ins_Company_Start(std::string& carrier_id) {
 
 void EditingScreen::Pharmacy_Start(const std::string& typed_id, std::string& pharmacy_id) {
   const bool typed = IsNew(typed_id) || !IsGiven(pharmacy_id);  // a new one is none that the other variable still names
-  EditGiven(RecordKind::Pharmacy, typed ? typed_id : pharmacy_id, pharmacy_id);
-  EditGiven({.kind = RecordKind::Pharmacy}, IsGiven(pharmacy_id) ? pharmacy_id : typed_id, pharmacy_id);
+  EditGiven({.kind = RecordKind::Pharmacy}, typed ? typed_id : pharmacy_id, pharmacy_id);
 }
 
 void EditingScreen::EditGiven(const session::Opening& opening, const std::string& given, std::string& saved) {
   std::string id = IsGiven(given) ? given : std::string(kNew);
-  const auto outcome = EditById({.kind = kind}, id);
+  const auto outcome = EditById(opening, id);
   if (outcome && (outcome->Saved() || outcome->end == Outcome::End::Accepted)) {
-  if (const auto outcome = EditById(opening, id); outcome && outcome->Saved()) {
     saved = id;
   }
 }

@@ -18,7 +18,6 @@ forms::Form::NamedProperty Named(std::string& property) {
 
 }  // namespace
 
-std::string DisplayText(const data::LinkNames& names) {
 std::string DisplayText(const data::LinkNames& names, const std::string& plan_name) {
   std::string text;
   for (const std::string& part : {names.employer, names.carrier, names.group_number, plan_name}) {
@@ -143,8 +142,8 @@ void frmCopyPlanOpts::ChooseSource() {
   TakeSource(*link);
 }
 
-data::GroupPlanFacts frmCopyPlanOpts::FactsOf(std::int32_t plan) const {
-  return data::ReadGroupPlanFacts(context_.session, plan).value_or(data::GroupPlanFacts());
+data::GroupPlan frmCopyPlanOpts::PlanOf(std::int32_t plan) const {
+  return data::ReadGroupPlan(context_.session, plan).value_or(data::GroupPlan());
 }
 
 // Details know a plan by its carrier and number, which two plans may share.
@@ -152,8 +151,8 @@ bool frmCopyPlanOpts::IsTarget(std::int32_t carrier, std::int32_t plan) const {
   if (carrier != TargetCarrierID || plan == TargetGroupID) {
     return carrier == TargetCarrierID;
   }
-  const std::string number = FactsOf(plan).group_number;
-  return !number.empty() && forms::EqualsIgnoringCase(number, FactsOf(TargetGroupID).group_number);
+  const std::string number = PlanOf(plan).key.group_number;
+  return !number.empty() && forms::EqualsIgnoringCase(number, PlanOf(TargetGroupID).key.group_number);
 }
 
 bool frmCopyPlanOpts::RefusesTarget(std::int32_t carrier, std::int32_t plan) const {
@@ -165,24 +164,14 @@ bool frmCopyPlanOpts::RefusesTarget(std::int32_t carrier, std::int32_t plan) con
 }
 
 void frmCopyPlanOpts::TakeSource(const data::PlanLink& link) {
-  const auto facts = [this](std::int32_t plan) {
-    return data::ReadGroupPlan(context_.session, plan).value_or(data::GroupPlan());
-  };
-  const data::GroupPlan source = facts(link.plan);
-  const data::GroupPlan target = facts(TargetGroupID);
-  const bool other_carrier = link.carrier != TargetCarrierID;
-  if (!other_carrier &&
-      (link.plan == TargetGroupID || forms::EqualsIgnoringCase(source.key.group_number, target.key.group_number))) {
-    Tell("You have selected the same insurance plan. Please select a different plan to copy into this one.",
-         forms::Icon::Information);
   if (RefusesTarget(link.carrier, link.plan)) {
     return;
   }
-  const data::GroupPlanFacts source = FactsOf(link.plan);
+  const data::GroupPlan source = PlanOf(link.plan);
   if (CheckSource) {
     CheckSource({link.carrier, source.key.group_number});
   }
-  if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, FactsOf(TargetGroupID).category),
+  if (!AgreesToSource(!forms::EqualsIgnoringCase(source.category, PlanOf(TargetGroupID).category),
                       link.carrier != TargetCarrierID)) {
     return;
   }

@@ -17,8 +17,8 @@
 
 namespace insurance {
 
-// "Mill / Acme Mutual / 4711": what is not there leaves no gap.
-std::string DisplayText(const data::LinkNames& names);
+// "Mill / Acme Mutual / 4711 / Gold": what is not there leaves no gap.
+std::string DisplayText(const data::LinkNames& names, const std::string& plan_name);
 // Why a plan is not copied into itself.
 inline constexpr const char* kSamePlan =
     "You have selected the same insurance plan. Please select a different plan to copy into this one.";
@@ -78,7 +78,7 @@ class frmCopyPlanOpts : public forms::Form, private editing::Rules {
   void Wire();
   void AddProperties();
 
-  data::GroupPlanFacts FactsOf(std::int32_t plan) const;
+  data::GroupPlan PlanOf(std::int32_t plan) const;
   bool IsTarget(std::int32_t carrier, std::int32_t plan) const;
   // The same, told.
   bool RefusesTarget(std::int32_t carrier, std::int32_t plan) const;

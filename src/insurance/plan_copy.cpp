@@ -47,9 +47,8 @@ void PlanCopy::Copy(const Target& target, const frmCopyPlanOpts& choice) const {
     throw editing::Refusal("Another user has deleted the plan to copy from. Nothing was changed.");
   }
   const auto filled = data::ReadGroupPlan(context_.session, target.plan).value_or(data::GroupPlan());
-  const auto filled = data::ReadGroupPlanFacts(context_.session, target.plan).value_or(data::GroupPlanFacts());
   if (choice.SourceCarrierID == target.carrier &&
-      forms::EqualsIgnoringCase(source->group_number, target.group_number)) {
+      forms::EqualsIgnoringCase(source->key.group_number, target.group_number)) {
     throw editing::Refusal(kSamePlan);
   }
   if (RequireHold) {

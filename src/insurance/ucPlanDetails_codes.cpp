@@ -150,7 +150,7 @@ void ucPlanDetails::CopyPlan() {
   if (copy.Run({.carrier = plan_.key.carrier,
                 .group_number = plan_.key.group_number,
                 .plan = GroupID,
-                .text = IsGlobal() ? lblPlan[0].Caption.get() : DisplayText(names_)})) {
+                .text = IsGlobal() ? lblPlan[0].Caption.get() : DisplayText(names_, plan_.name)})) {
     Load();
   }
 }
