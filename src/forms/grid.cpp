@@ -5,8 +5,18 @@
 #include <numeric>
 #include <utility>
 
+#include "forms/text.h"
+
 namespace forms {
 namespace {
+
+// Typed letters may be small or capital ones.
+auto ChoiceFor(const std::vector<std::string>& choices, const std::string& text) {
+  const auto same = std::ranges::find(choices, text);
+  return same != choices.end() ? same : std::ranges::find_if(choices, [&](const std::string& choice) {
+    return EqualsIgnoringCase(choice, text);
+  });
+}
 
 // What stood at `from` stands at `to` then.
 template <typename T>
@@ -99,7 +109,7 @@ bool Grid::Accepts(int column, const std::string& text) const {
       return text == "0" || text == "1";
     case GridColumn::Kind::DropDown: {
       const auto choices = ChoicesOf(Row, column);
-      return std::ranges::find(choices, text) != choices.end();
+      return ChoiceFor(choices, text) != choices.end();
     }
     case GridColumn::Kind::Color:
       return text.empty() || ParseColor(text).has_value();
@@ -222,11 +232,16 @@ bool Grid::DoCell(int column, const std::string& text) {
   if (!Holds(Row) || !Offers(column) || !Column(column).editable || !Accepts(column, text)) {
     return false;
   }
+  std::string taken = text;
+  if (Column(column).kind == GridColumn::Kind::DropDown) {
+    const auto choices = ChoicesOf(Row, column);
+    taken = *ChoiceFor(choices, text);
+  }
   if (!DoFocus()) {
     return true;
   }
   MoveTo(Row, column);
-  if (CellEdited && !CellEdited(column, text)) {
+  if (CellEdited && !CellEdited(column, taken)) {
     Refresh();
     return true;
   }
@@ -234,7 +249,7 @@ bool Grid::DoCell(int column, const std::string& text) {
     auto& cells = table->rows[static_cast<std::size_t>(Row.get())].cells;
     const auto cell = static_cast<std::size_t>(CellOf(column));
     cells.resize(std::max(cells.size(), cell + 1));
-    cells[cell] = text;
+    cells[cell] = taken;
   }
   Refresh();
   return true;
