@@ -65,6 +65,10 @@ bool PlanKey::IsGlobal() const {
   return carrier == 0 && forms::EqualsIgnoringCase(group_number, kGlobalNumber);
 }
 
+Sql OrNull(const Sql& is_number, Words column, std::string_view number) {
+  return number.empty() ? "(" + is_number + " or " + column + " is null)" : is_number;
+}
+
 Words DetailColumn(PlanDetail::Column column) {
   return kColumns.at(column);
 }
@@ -77,7 +81,8 @@ bool CodeComesBefore(const PlanDetail& left, const PlanDetail& right) {
 }
 
 Sql PlanDetails::OfPlan() const {
-  return "(IPInsCoID = " + Literal(plan_.carrier) + " and IPGroNum = " + Literal(plan_.group_number) + ")";
+  return "(IPInsCoID = " + Literal(plan_.carrier) + " and " +
+         OrNull("IPGroNum = " + Literal(plan_.group_number), "IPGroNum", plan_.group_number) + ")";
 }
 
 PlanDetails::Found PlanDetails::Read() const {
@@ -166,8 +171,9 @@ std::vector<std::int32_t> PlansWithDetails(session::Database& database, const Pl
   const Statements statements(database);
   std::vector<std::int32_t> plans;
   for (const auto rows =
-           statements.Select("SELECT GroPlaInd FROM GroPlaTable WHERE GroPlaInsID=" + Literal(plan.carrier) +
-                             " AND GroPlaGroNum=" + Literal(plan.group_number) + statements.Office());
+           statements.Select("SELECT GroPlaInd FROM GroPlaTable WHERE GroPlaInsID=" + Literal(plan.carrier) + " AND " +
+                             OrNull("GroPlaGroNum=" + Literal(plan.group_number), "GroPlaGroNum", plan.group_number) +
+                             statements.Office() + " ORDER BY GroPlaInd");
        !rows->Eof(); rows->MoveNext()) {
     plans.push_back(ToId(rows->Get(0)));
   }

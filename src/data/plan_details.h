@@ -21,6 +21,9 @@ struct PlanKey {
   bool IsGlobal() const;
 };
 
+// The condition that the column is that group number; null is as good as an empty one.
+Sql OrNull(const Sql& is_number, Words column, std::string_view number);
+
 // What a plan covers of one treatment code. Fees and maximums are money, coverages and usual fees (UCR) percentages
 // of 0 to 100, deductible flags 'Y' or 'N'.
 struct PlanDetail {
@@ -93,7 +96,8 @@ struct GroupPlan {
 };
 // Nothing when there is no such plan. Throws session::DatabaseError.
 std::optional<GroupPlan> ReadGroupPlan(session::Database& database, std::int32_t plan);
-// The group plans of that carrier and number, which have their details in common. Throws session::DatabaseError.
+// The group plans of that carrier and number, which have their details in common, by ID. Throws
+// session::DatabaseError.
 std::vector<std::int32_t> PlansWithDetails(session::Database& database, const PlanKey& plan);
 
 struct ServiceCode {

@@ -17,7 +17,8 @@ constexpr Words kSameCode =
     "IPTable.IPCodMod='') and (IPFrom.IPCodMod is null or IPFrom.IPCodMod='')))";
 
 Sql Of(const PlanKey& plan) {
-  return "IPInsCoID = " + Literal(plan.carrier) + " and IPGroNum = " + Literal(plan.group_number);
+  return "IPInsCoID = " + Literal(plan.carrier) + " and " +
+         OrNull("IPGroNum = " + Literal(plan.group_number), "IPGroNum", plan.group_number);
 }
 
 Words Assigned(PlanDetailsCopy::Part part) {
@@ -65,9 +66,11 @@ void PlanDetailsCopy::Copy(Part part) const {
 Sql PlanDetailsCopy::Pairs() const {
   return Sql("IPTable INNER JOIN IPTable as IPFrom on ") + kSameCode +
          statements_.OfficeJoin(" and (IPTable.OfficeID = IPFrom.OfficeID)") +
-         " WHERE (IPTable.IPInsCoID=" + Literal(to_.carrier) + " AND IPTable.IPGroNum=" + Literal(to_.group_number) +
-         ") AND (IPFrom.IPInsCoID=" + Literal(from_.carrier) + " AND IPFrom.IPGroNum=" + Literal(from_.group_number) +
-         ")" + statements_.Office(" and (IPTable.OfficeID = ", ")");
+         " WHERE (IPTable.IPInsCoID=" + Literal(to_.carrier) + " AND " +
+         OrNull("IPTable.IPGroNum=" + Literal(to_.group_number), "IPTable.IPGroNum", to_.group_number) +
+         ") AND (IPFrom.IPInsCoID=" + Literal(from_.carrier) + " AND " +
+         OrNull("IPFrom.IPGroNum=" + Literal(from_.group_number), "IPFrom.IPGroNum", from_.group_number) + ")" +
+         statements_.Office(" and (IPTable.OfficeID = ", ")");
 }
 
 }  // namespace data
