@@ -23,29 +23,36 @@ void GlobalPlan::Reset() const {
   transaction.Commit();
 }
 
-std::optional<std::string> GlobalPlan::NearestRow(std::string_view code) const {
-  const Sql of_global = " and IPInsCoID = 0 and IPGroNum = 'Global'" + statements_.Office();
-  for (const Sql& row : {"select ipCod from ipTable where ipCod=" + Literal(code) + of_global,
-                         "select ipCod from ipTable where ipCod<" + Literal(code) + of_global + " order by ipCod desc",
-                         "select ipCod from ipTable where ipCod>" + Literal(code) + of_global + " order by ipCod"}) {
-    if (const auto found = statements_.Select(row); !found->Eof()) {
-      return session::ToText(found->Get(0));
-    }
+std::vector<std::string> GlobalPlan::Codes(const Sql& rows) const {
+  std::vector<std::string> codes;
+  for (const auto found = statements_.Select(rows); !found->Eof(); found->MoveNext()) {
+    codes.push_back(session::ToText(found->Get(0)));
   }
-  return std::nullopt;
+  return codes;
 }
 
 std::optional<GlobalPlan::Coverage> GlobalPlan::CoverageOf(std::string_view code) const {
-  const auto nearest = NearestRow(code);
-  if (!nearest) {
-    return std::nullopt;
+  const Sql of_global = " and IPInsCoID = 0 and IPGroNum = 'Global'" + statements_.Office();
+  std::optional<Coverage> coverage;
+  for (const Sql& rows : {"select ipCod from ipTable where ipCod=" + Literal(code) + of_global,
+                          "select ipCod from ipTable where ipCod<" + Literal(code) + of_global + " order by ipCod desc",
+                          "select ipCod from ipTable where ipCod>" + Literal(code) + of_global + " order by ipCod"}) {
+    for (const std::string& near : Codes(rows)) {
+      for (const auto row =
+               statements_.Select("select IPPCov, IPSCov from ipTable where ipCod=" + Literal(near) + of_global);
+           !row->Eof(); row->MoveNext()) {
+        coverage = coverage ? coverage : Coverage();
+        coverage->primary = row->Get(0);
+        if (session::IsNull(coverage->secondary)) {
+          coverage->secondary = row->Get(1);
+        }
+        if (!session::IsNull(coverage->primary)) {
+          return coverage;
+        }
+      }
+    }
   }
-  const auto row = statements_.Select("select IPPCov, IPSCov from ipTable where ipCod=" + Literal(*nearest) +
-                                      " and IPInsCoID = 0 and IPGroNum = 'Global'" + statements_.Office());
-  if (row->Eof()) {
-    return std::nullopt;
-  }
-  return Coverage{.primary = row->Get(0), .secondary = row->Get(1)};
+  return coverage;
 }
 
 }  // namespace data

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/statements.h"
 #include "session/session.h"
@@ -52,12 +53,13 @@ class GlobalPlan {
     session::Value primary;
     session::Value secondary;
   };
-  // By the row of the code, or else the nearest one below it; where there is none, the first one above. Nothing in an
-  // empty plan.
+  // By the row of the code, or else the nearest one below it; where there is none, the first one above. A row without
+  // a primary percentage leaves it to the next one. Nothing in an empty plan.
   std::optional<Coverage> CoverageOf(std::string_view code) const;
 
  private:
-  std::optional<std::string> NearestRow(std::string_view code) const;
+  // The codes of one statement's rows.
+  std::vector<std::string> Codes(const Sql& rows) const;
 
   session::Database& database_;
   Statements statements_;

@@ -63,7 +63,7 @@ void ucPlanDetails::TDBG_RowColChange() {
   if (SaveEdit()) {
     LeaveRow();
   } else {
-    TDBG.Row = rows_->RowOf(draft_->place);
+    TDBG.DoRow(rows_->RowOf(draft_->place));  // alone, of several too
   }
 }
 
@@ -141,13 +141,16 @@ void ucPlanDetails::TakeGlobalCoverage(PlanDetail& detail) const {
     return;
   }
   const auto coverage = data::GlobalPlan(context_.session).CoverageOf(detail.Text(Column::kCode));
-  if (!coverage || session::IsNull(coverage->primary)) {
+  if (!coverage) {
     return;
   }
-  detail.values[Column::kCoverage] = coverage->primary;
   if (!session::IsNull(coverage->secondary)) {
     detail.values[Column::kSecondaryCoverage] = coverage->secondary;
   }
+  if (session::IsNull(coverage->primary)) {
+    return;
+  }
+  detail.values[Column::kCoverage] = coverage->primary;
   Tell("The coverage for " + detail.Text(Column::kCode) + " will be calculated at " +
            session::ToText(coverage->primary) + "%",
        forms::Icon::Information);
