@@ -72,9 +72,34 @@ std::optional<Value> ReadTimes(forms::User& user, const std::string& caption, st
   return Value(std::int64_t{times});
 }
 
-template <typename T>
-std::optional<Value> AsValue(const std::optional<T>& read) {
-  return read ? std::optional<Value>(*read) : std::nullopt;
+std::optional<Value> ReadCents(forms::User& user, const std::string& caption, std::string_view text) {
+  const auto amount = ReadAmount(user, caption, text);
+  return amount ? std::optional<Value>(amount->RoundedToCents()) : std::nullopt;
+}
+
+// "80", "+80", "80 %" and "%80". Nothing is made of another one: what a plan pays is not guessed.
+std::optional<Value> ReadPercentage(forms::User& user, const std::string& caption, std::string_view text) {
+  std::string_view number = text;
+  if (number.ends_with('%')) {
+    number.remove_suffix(1);
+  } else if (number.starts_with('%')) {
+    number.remove_prefix(1);
+  }
+  number = forms::Trim(number);
+  if (number.starts_with('+')) {
+    number.remove_prefix(1);
+  }
+  double percent = 0;
+  const auto [end, error] =
+      std::from_chars(number.data(), number.data() + number.size(), percent, std::chars_format::fixed);
+  const bool read = error == std::errc() && end == number.data() + number.size() && !number.starts_with('-');
+  if (read && percent >= 0 && percent <= 100) {
+    return Value(percent);
+  }
+  if (ReadPercent(user, caption, text)) {
+    Refuse(user, text, "is no percentage of 0 to 100, as " + caption + " takes.");
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -92,7 +117,7 @@ std::vector<GridColumn> PlanDetailColumns(bool editable) {
     if (shape.holds == Holds::Flag) {
       made.kind = GridColumn::Kind::DropDown;
       made.align = GridColumn::Align::Center;
-      made.choices = {"Y", "N"};
+      made.choices = {"", "Y", "N"};
     }
   }
   columns.push_back({.key = "IPInsCoID", .caption = "Ins Co.", .width = 130});
@@ -125,9 +150,9 @@ std::optional<Value> ReadDetail(forms::User& user, PlanDetail::Column column, co
   }
   switch (kShapes.at(column).holds) {
     case Holds::Amount:
-      return AsValue(ReadAmount(user, caption, text));
+      return ReadCents(user, caption, text);
     case Holds::Percent:
-      return AsValue(ReadPercent(user, caption, text));
+      return ReadPercentage(user, caption, text);
     case Holds::Times:
       return ReadTimes(user, caption, text);
     case Holds::Date: {
