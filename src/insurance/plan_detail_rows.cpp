@@ -58,7 +58,7 @@ bool PlanDetailList::Passes(std::size_t place, const std::vector<forms::GridColu
   });
 }
 
-// Amounts and percentages by their value, texts without regard to case; what is empty comes first.
+// Numbers and dates by their value, texts without regard to case; what is empty comes first.
 bool PlanDetailList::ComesBefore(std::size_t left, std::size_t right, int cell) const {
   const auto number = [this, cell](std::size_t place) -> std::optional<double> {
     if (static_cast<std::size_t>(cell) < PlanDetail::kColumns) {
@@ -69,6 +69,14 @@ bool PlanDetailList::ComesBefore(std::size_t left, std::size_t right, int cell) 
       if (const auto* percent = std::get_if<double>(&value)) {
         return *percent;
       }
+      if (const auto* times = std::get_if<std::int64_t>(&value)) {
+        return static_cast<double>(*times);
+      }
+      if (const auto* date = std::get_if<forms::DateTime>(&value)) {
+        return static_cast<double>(date->time_since_epoch().count());
+      }
+    } else if (cell == kRecordNumber && entries_[place].detail.id != 0) {
+      return entries_[place].detail.id;
     }
     return std::nullopt;
   };
