@@ -32,15 +32,17 @@ void ucPlanDetails::AddCode() {
   TDBG.SetFocus();
 }
 
-// To where most changes are made.
+// The current cell, or where most changes are made.
 void ucPlanDetails::EditCode() {
   if (MayEdit() && Current()) {
-    TDBG.Col = TDBG.ColumnIndex("P.Cov %");
+    if (TDBG.Col < 0 || !TDBG.Columns.get()[static_cast<std::size_t>(TDBG.Col)].editable) {
+      TDBG.Col = TDBG.ColumnIndex("P.Cov %");
+    }
     TDBG.SetFocus();
   }
 }
 
-// All of several codes are the plan itself.
+// All codes that are stored are the plan itself.
 void ucPlanDetails::DeleteCodes() {
   std::vector<std::size_t> places;
   for (const int row : TDBG.Selected()) {
@@ -49,20 +51,25 @@ void ucPlanDetails::DeleteCodes() {
   if (places.empty() || !MayEdit()) {
     return;
   }
-  const bool plan = places.size() > 1 && places.size() == list_.Count();
-  if (plan && IsGlobal()) {
+  const auto stored = [this](std::size_t place) { return list_.At(place).detail.id != 0; };
+  const auto chosen = std::ranges::count_if(places, stored);
+  std::ptrdiff_t all = 0;
+  for (std::size_t place = 0; place < list_.Count(); ++place) {
+    all += stored(place) ? 1 : 0;
+  }
+  if (chosen == all && chosen > 0 && IsGlobal()) {
     Tell("Global plan cannot be deleted.", forms::Icon::Exclamation);
     return;
   }
+  const bool plan = places.size() > 1 && chosen == all;
   const std::string what = plan ? "all codes of this plan"
                            : places.size() == 1
                                ? "the code " + ToldBack(list_.At(places.front()).detail.Text(Column::kCode))
                                : "the " + forms::WithThousands(static_cast<int>(places.size())) + " selected codes";
-  const bool stored = std::ranges::any_of(places, [this](std::size_t place) { return list_.At(place).detail.id != 0; });
-  if (!stored || context_.user.Ask({.text = "Are you sure that you want to delete " + what + "?",
-                                    .buttons = forms::kYesNo,
-                                    .icon = forms::Icon::Question,
-                                    .default_answer = forms::Answer::No}) == forms::Answer::Yes) {
+  if (chosen == 0 || context_.user.Ask({.text = "Are you sure that you want to delete " + what + "?",
+                                        .buttons = forms::kYesNo,
+                                        .icon = forms::Icon::Question,
+                                        .default_answer = forms::Answer::No}) == forms::Answer::Yes) {
     Attempt([&] { Delete(std::move(places)); });
   }
 }
