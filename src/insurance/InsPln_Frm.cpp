@@ -41,14 +41,16 @@ void InsPln_Frm::HoldPlan() {
   const std::int32_t plan = ucPlanDetails1.GroupID;
   if (may_edit && plan != 0) {
     Hold("GROPLATABLE", plan);
-  } else if (may_edit && ucPlanDetails1.CarrierID == 0 && ucPlanDetails1.GroupNumber.empty()) {
-    Hold("IPTABLE", 0);
   }
   if (!ucPlanDetails1.FindPlan()) {
     Close();
     return;
   }
-  if (may_edit && !ucPlanDetails1.IsGlobal()) {
+  if (may_edit && ucPlanDetails1.IsGlobal()) {
+    if (!ReadOnly()) {
+      Hold("IPTABLE", 0);
+    }
+  } else if (may_edit) {
     for (const std::int32_t other : data::PlansWithDetails(context_.session, ucPlanDetails1.Plan())) {
       if (other != plan && !ReadOnly()) {
         Hold("GROPLATABLE", other);

@@ -100,6 +100,10 @@ void ucPlanDetails::Wire() {
 bool ucPlanDetails::FindPlan() {
   plan_ = {.key = data::PlanKey::Global()};
   names_ = {};
+  if (GroupID == 0 && CarrierID != 0 && !GroupNumber.empty()) {
+    const auto plans = data::PlansWithDetails(context_.session, {.carrier = CarrierID, .group_number = GroupNumber});
+    GroupID = plans.empty() ? 0 : plans.front();
+  }
   if (GroupID != 0) {
     const auto found = data::ReadGroupPlan(context_.session, GroupID);
     if (!found) {
@@ -107,9 +111,9 @@ bool ucPlanDetails::FindPlan() {
       return false;
     }
     plan_ = *found;
-    CarrierID = CarrierID == 0 ? plan_.key.carrier : CarrierID;
+    CarrierID = plan_.key.carrier != 0 ? plan_.key.carrier : CarrierID;
     GroupNumber = plan_.key.group_number;
-  } else if (CarrierID != 0 && GroupNumber.empty()) {
+  } else if ((CarrierID != 0 || EmployerID != 0) && GroupNumber.empty()) {
     Tell("Please choose the group plan whose details are wanted.", forms::Icon::Information);
     return false;
   }

@@ -38,9 +38,9 @@ class ucPlanDetails : public forms::UserControl, private editing::Rules {
 
   explicit ucPlanDetails(const session::ScreenContext& context);
 
-  // The plan: a group plan, or a carrier's by its number. Without any of the three it is the global one.
-  std::int32_t GroupID = 0;
-  std::int32_t CarrierID = 0;   // of the group plan where it is 0
+  // The plan: a group plan, or a carrier's by its number. Without any of these it is the global one.
+  std::int32_t GroupID = 0;     // by carrier and number where it is 0 and there is one
+  std::int32_t CarrierID = 0;   // the group plan's own where it has one
   std::string GroupNumber;      // the group plan's own where one is given
   std::int32_t EmployerID = 0;  // whose plan it is looked at as; 0 for none
   std::int32_t PatientID = 0;   // kept for screens that tell it; the details are the same for all

@@ -14,11 +14,13 @@ class EveryForm : public testing::TestWithParam<std::string> {
   void SetUp() override {
     host_.session.Connection().Execute("INSERT INTO PATable (pID) VALUES (5)");
     host_.session.Connection().Execute("INSERT INTO EmpTable (EmpInd) VALUES (5)");
+    host_.session.Connection().Execute("INSERT INTO GroPlaTable (GroPlaInd) VALUES (5)");
     form_ = entry::MakeForm(GetParam(), host_.Context());
     for (const auto& [property, value] :
          std::map<std::string, std::string>{{"Mode", "NEW"},
                                             {"PatientID", "5"},
                                             {"EmployerID", "5"},
+                                            {"GroupID", "5"},
                                             {"ShowSaveNBookAppt", "True"},
                                             {"SQL", "SELECT pID AS [ID Num] FROM PATable"}}) {
       if (const auto found = form_->Properties.find(property); found != form_->Properties.end()) {
