@@ -25,7 +25,8 @@ constexpr std::array kCaptions = {Captioned{GrpPlaScreen::kCarrier, "&INSURANCE 
                                   Captioned{GrpPlaScreen::kStudentsUntil, "&STUDENTS UNTIL"},
                                   Captioned{GrpPlaScreen::kMaximum3, "MAX &3"},
                                   Captioned{GrpPlaScreen::kMaximum4, "MAX &4"},
-                                  Captioned{GrpPlaScreen::kRemark1, "REMARK &1"}};
+                                  Captioned{GrpPlaScreen::kRemark1, "REMARK &1"},
+                                  Captioned{GrpPlaScreen::kRemark2, "RE&MARK 2"}};
 
 constexpr std::array kFormTypes = {"ADA 2024", "ADA 2019", "ADA 2012", "CMS-1500"};
 
@@ -52,7 +53,6 @@ void GrpPlaScreen::Setup_Screen() {
     Label1.at(captioned.field).Caption = captioned.caption;
     Text1.at(captioned.field).Heading = &Label1.at(captioned.field);
   }
-  Text1[kRemark2].AccessibleName = "Second remark";
   Text1[kRenewal].Mask = "##-##";
   Text1[kRenewal].KeyPress = [](char32_t key) { return key == U'/' ? U'-' : key; };
   Text1[kRenewal].ToolTip = "Month and day on which the benefits of the plan renew";
@@ -126,7 +126,7 @@ void GrpPlaScreen::SetUpChoices() {
   optClaimFees[1].Caption = "Offi&ce fees";
   lblCoordOfBenefits.Caption = "BEHIND ANOTHER PLAN";
   optInsCOB[0].Caption = "St&andard";
-  optInsCOB[1].Caption = "&Maintenance of benefits";
+  optInsCOB[1].Caption = "Maintenance of benefits";
   optInsCOB[2].Caption = "Car&ve-out";
   claim_fees_.AccessibleName = "Fees on claims";
   claim_fees_.Told = [this](const std::string& number) {

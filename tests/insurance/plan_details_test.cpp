@@ -11,8 +11,6 @@
 namespace insurance {
 namespace {
 
-using data::PlanDetail;
-
 // Two offices, each with the global plan and the plan of carrier 5 and number 'A''1', a row for each code.
 struct PlanDetailsTest : testing::Test, test_support::PracticeHost {
   PlanDetailsTest()
@@ -124,7 +122,7 @@ TEST_F(PlanDetailsTest, ACategoryChangesInAllOfThePlanAndNowhereElse) {
       const std::string code(details.TDBG.Cell(row, details.TDBG.ColumnIndex("Code")));
       const std::string mine = " FROM IPTable WHERE IPInsCoID=5 AND IPGroNum='A''1' AND OfficeID=2";
       const std::string category = "(SELECT IPCodCat" + mine + " AND IPCod='" + code + "')";
-      const bool all = step % 2 == 0 && Value("SELECT IPCodCat" + mine + " AND IPCod='" + code + "'") != "";
+      const bool all = step % 2 == 0 && !Value("SELECT IPCodCat" + mine + " AND IPCod='" + code + "'").empty();
       user.answers = [&](const forms::Message& message) { return message.buttons[all ? 0 : 1]; };
       const auto others = "NOT (IPInsCoID=5 AND IPGroNum='A''1' AND OfficeID=2)";
       const std::string changed = all ? " AND IPCodCat=" + category : " AND IPCod='" + code + "'";

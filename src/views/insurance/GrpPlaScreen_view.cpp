@@ -95,7 +95,7 @@ wxWindow* BenefitsPanel(FormDialog& dialog, GrpPlaScreen& form) {
 wxSizer* RemarkGroup(FormDialog& dialog, GrpPlaScreen& form) {
   FieldGroup group(&dialog, "Remarks");
   group.Row({{form.Text1[form.kRemark1], 30}});
-  group.Row(nullptr, {MakeTextBox(group.Box(), form.Text1[form.kRemark2], 30)});
+  group.Row({{form.Text1[form.kRemark2], 30}});
   return group.Sizer();
 }
 
