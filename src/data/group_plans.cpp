@@ -4,7 +4,6 @@
 
 #include "data/holdings.h"
 #include "data/literal.h"
-#include "data/plan_details.h"
 #include "data/plan_links.h"
 #include "data/shared_record_texts.h"
 #include "forms/text.h"
@@ -13,11 +12,11 @@ namespace data {
 namespace {
 
 // Statements do not regard the case of a number.
-bool Same(const PlanDetailsKey& left, const PlanDetailsKey& right) {
+bool Same(const PlanKey& left, const PlanKey& right) {
   return left.carrier == right.carrier && forms::EqualsIgnoringCase(left.group_number, right.group_number);
 }
 
-Sql DetailsOf(const PlanDetailsKey& details) {
+Sql DetailsOf(const PlanKey& details) {
   return "(IPInsCoID=" + Literal(details.carrier) + ") AND (IPGroNum=" + Literal(details.group_number) + ")";
 }
 
@@ -27,12 +26,11 @@ bool Counted(const Statements& statements, const Sql& count) {
 
 }  // namespace
 
-PlanDetailsKey GroupPlans::KeyOf(std::int32_t plan) const {
+PlanKey GroupPlans::KeyOf(std::int32_t plan) const {
   const auto row =
       statements_.Select("SELECT GroPlaInsID, GroPlaGroNum FROM GroPlaTable WHERE (GroPlaInd=" + Literal(plan) + ")" +
                          statements_.Office());
-  return row->Eof() ? PlanDetailsKey()
-                    : PlanDetailsKey{session::ToId(row->Get(std::size_t{0})), session::ToText(row->Get(1))};
+  return row->Eof() ? PlanKey() : PlanKey{session::ToId(row->Get(std::size_t{0})), session::ToText(row->Get(1))};
 }
 
 bool GroupPlans::IsTaken(std::string_view group_number, std::string_view name, std::int32_t except) const {
@@ -43,31 +41,31 @@ bool GroupPlans::IsTaken(std::string_view group_number, std::string_view name, s
           " AND (GroPlaInd<>" + Literal(except) + ")");
 }
 
-bool GroupPlans::AnotherUses(const PlanDetailsKey& details, std::int32_t except) const {
+bool GroupPlans::AnotherUses(const PlanKey& details, std::int32_t except) const {
   return Counted(statements_, "SELECT Count(GroPlaInd) FROM GroPlaTable WHERE (GroPlaInsID=" +
                                   Literal(details.carrier) + ") AND (GroPlaGroNum=" + Literal(details.group_number) +
                                   ") AND (GroPlaInd<>" + Literal(except) + ")");
 }
 
-bool GroupPlans::HasDetails(const PlanDetailsKey& details) const {
+bool GroupPlans::HasDetails(const PlanKey& details) const {
   return Counted(statements_, "SELECT Count(IPRecNum) FROM IPTable WHERE " + DetailsOf(details));
 }
 
-DetailsMove GroupPlans::MoveOf(std::int32_t plan, const PlanDetailsKey& from, const PlanDetailsKey& to) const {
-  if (Same(from, to) || !to.HasDetails()) {
+DetailsMove GroupPlans::MoveOf(std::int32_t plan, const PlanKey& from, const PlanKey& to) const {
+  if (Same(from, to) || !to.IsOfCarrier()) {
     return DetailsMove::None;
   }
   if (HasDetails(to)) {
     return DetailsMove::There;
   }
-  if (!from.HasDetails() || !HasDetails(from)) {
+  if (!from.IsOfCarrier() || !HasDetails(from)) {
     return DetailsMove::None;
   }
   return AnotherUses(from, plan) ? DetailsMove::Shared : DetailsMove::Along;
 }
 
-void GroupPlans::Follow(std::int32_t plan, const PlanDetailsKey& from, bool renamed) const {
-  const PlanDetailsKey to = KeyOf(plan);
+void GroupPlans::Follow(std::int32_t plan, const PlanKey& from, bool renamed) const {
+  const PlanKey to = KeyOf(plan);
   if (to.carrier != from.carrier) {
     MoveLinks(plan, to.carrier);
   }
@@ -75,7 +73,7 @@ void GroupPlans::Follow(std::int32_t plan, const PlanDetailsKey& from, bool rena
     statements_.Execute("UPDATE IPTable SET IPInsCoID=" + Literal(to.carrier) +
                         ", IPGroNum=" + Literal(to.group_number) + " WHERE " + DetailsOf(from) + statements_.Office());
   }
-  if (renamed && to.HasDetails() && !AnotherUses(to, plan)) {
+  if (renamed && to.IsOfCarrier() && !AnotherUses(to, plan)) {
     const std::string name = ReadGroupPlan(session_, plan).value_or(GroupPlan()).name;
     statements_.Execute("UPDATE IPTable SET IPPlaNam=" + (name.empty() ? Sql("Null") : Literal(name)) + " WHERE " +
                         DetailsOf(to) + statements_.Office());

@@ -1,22 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
+#include "data/plan_details.h"
 #include "data/statements.h"
 
 namespace data {
-
-// By what the coverage details of a plan are known, and shared by plans that have both alike.
-struct PlanDetailsKey {
-  std::int32_t carrier = 0;
-  std::string group_number;
-
-  // Without a carrier or a number there are none: those of carrier 0 are the office's own.
-  bool HasDetails() const { return carrier != 0 && !group_number.empty(); }
-  friend bool operator==(const PlanDetailsKey&, const PlanDetailsKey&) = default;
-};
 
 // What becomes of a plan's details when its carrier or number changes.
 enum class DetailsMove {
@@ -32,18 +22,18 @@ class GroupPlans {
   explicit GroupPlans(session::Session& session) : session_(session), statements_(session) {}
 
   // As it is stored; that of a plan that is not there has no details.
-  PlanDetailsKey KeyOf(std::int32_t plan) const;
+  PlanKey KeyOf(std::int32_t plan) const;
   // Another plan of the office has both. No name is as good as an empty one.
   bool IsTaken(std::string_view group_number, std::string_view name, std::int32_t except) const;
-  bool AnotherUses(const PlanDetailsKey& details, std::int32_t except) const;
-  DetailsMove MoveOf(std::int32_t plan, const PlanDetailsKey& from, const PlanDetailsKey& to) const;
+  bool AnotherUses(const PlanKey& details, std::int32_t except) const;
+  DetailsMove MoveOf(std::int32_t plan, const PlanKey& from, const PlanKey& to) const;
   // After a plan's row was written, in the same transaction: its live links name its carrier, which the subscribers'
   // comment logs are told, its details follow from where they were, and have the name of a renamed plan unless another
   // one uses them.
-  void Follow(std::int32_t plan, const PlanDetailsKey& from, bool renamed) const;
+  void Follow(std::int32_t plan, const PlanKey& from, bool renamed) const;
 
  private:
-  bool HasDetails(const PlanDetailsKey& details) const;
+  bool HasDetails(const PlanKey& details) const;
   void MoveLinks(std::int32_t plan, std::int32_t carrier) const;
 
   session::Session& session_;

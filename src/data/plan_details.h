@@ -19,6 +19,8 @@ struct PlanKey {
   // The office's own plan, from which default coverage is taken.
   static PlanKey Global();
   bool IsGlobal() const;
+  // Without a carrier or a number there are no details: those of carrier 0 are the office's own.
+  bool IsOfCarrier() const { return carrier != 0 && !group_number.empty(); }
 };
 
 // The condition that the column is that group number; null is as good as an empty one.

@@ -214,8 +214,8 @@ void SharedRecords::RemoveSubscribers(SharedRecord kind, std::int32_t id) const 
 // Plans may share them.
 void SharedRecords::DeleteDetailsOf(std::int32_t plan) const {
   const GroupPlans plans(session_);
-  const PlanDetailsKey details = plans.KeyOf(plan);
-  if (details.HasDetails() && !plans.AnotherUses(details, plan)) {
+  const PlanKey details = plans.KeyOf(plan);
+  if (details.IsOfCarrier() && !plans.AnotherUses(details, plan)) {
     DeletePlanDetails(details.carrier, details.group_number);
   }
 }

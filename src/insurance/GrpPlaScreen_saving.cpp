@@ -112,8 +112,8 @@ bool GrpPlaScreen::Agreed() {
 
 bool GrpPlaScreen::AgreesToDetails() const {
   const data::GroupPlans plans(context_.session);
-  const data::PlanDetailsKey from = plans.KeyOf(Plan.Id());
-  data::PlanDetailsKey to = from;
+  const data::PlanKey from = plans.KeyOf(Plan.Id());
+  data::PlanKey to = from;
   if (Plan.Changed(insurance_)) {
     to.carrier = InsuranceID();
   }
@@ -165,7 +165,7 @@ void GrpPlaScreen::Update() {
   const data::GroupPlans plans(context_.session);
   session::Transaction transaction(context_.session.Connection());
   RequireStillValid();
-  const data::PlanDetailsKey before = plans.KeyOf(Plan.Id());
+  const data::PlanKey before = plans.KeyOf(Plan.Id());
   Plan.Write();
   plans.Follow(Plan.Id(), before, Plan.Changed(Text1[kPlanName]));
   transaction.Commit();
