@@ -62,8 +62,10 @@ FieldType TypeOf(std::int32_t ado_type) {
   }
 }
 
-bool IsUnlimited(std::int32_t ado_type) {
-  return ado_type == 201 || ado_type == 203 || ado_type == 205;  // adLongVarChar, adLongVarWChar, adLongVarBinary
+// Of other types ADO tells the bytes, which are no characters.
+bool IsSizedText(std::int32_t ado_type) {
+  constexpr std::array kLong = {201, 203};  // adLongVarChar, adLongVarWChar
+  return TypeOf(ado_type) == FieldType::Text && std::ranges::find(kLong, ado_type) == kLong.end();
 }
 
 // Nothing after the last result, and from a provider that gives one result a statement.
@@ -145,7 +147,7 @@ void AdoRecordset::ReadFields() {
     const std::int32_t type = field.Int("Type");
     fields_.push_back({.name = field.Text("Name"),
                        .type = TypeOf(type),
-                       .defined_size = IsUnlimited(type) ? 0 : std::max(0, field.Int("DefinedSize"))});
+                       .defined_size = IsSizedText(type) ? std::max(0, field.Int("DefinedSize")) : 0});
   }
 }
 

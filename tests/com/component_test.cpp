@@ -142,7 +142,11 @@ TEST_F(ComponentTest, GivesNothingBackFromInsuranceThatIsCancelled) {
   VARIANT_BOOL saved = VARIANT_TRUE;
   EXPECT_EQ(screen->Select_Coverage(1, VARIANT_FALSE, 0, &chosen), S_OK);
   EXPECT_EQ(chosen, 0);
-  EXPECT_EQ(screen->Edit_Patient_Coverage(std::stoi(host.Value("SELECT Min(CovPatID) FROM CovTable")), &saved), S_OK);
+  EXPECT_EQ(screen->Edit_Patient_Coverage(std::stoi(host.Value("SELECT Min(CovPatID) FROM CovTable INNER JOIN PATable "
+                                                               "ON CovPatID=pID AND CovTable.OfficeID=PATable.OfficeID "
+                                                               "WHERE pPriRenFla IS NULL")),
+                                          &saved),
+            S_OK);
   EXPECT_EQ(saved, VARIANT_FALSE);
   saved = VARIANT_TRUE;
   EXPECT_EQ(screen->Edit_PPO_Adjustment(&saved), S_OK);

@@ -20,7 +20,8 @@ practice.OpenDemo "insurance.sqlite", 12
 Dim screens : Set screens = CreateObject("twSimpleEditScreens.EditingScreen")
 Set screens.PV = practice.LogIn("admin", "admin")
 Dim patient
-patient = screens.PV.Connection.Execute("SELECT Min(CovPatID) FROM CovTable")(0).Value
+patient = screens.PV.Connection.Execute("SELECT Min(CovPatID) FROM CovTable " & _
+    "INNER JOIN PATable ON CovPatID=pID AND CovTable.OfficeID=PATable.OfficeID WHERE pPriRenFla IS NULL")(0).Value
 
 Expect "no coverage is chosen", screens.Select_Coverage(1) = 0
 Expect "no coverage is saved", screens.Edit_Patient_Coverage(patient) = False
