@@ -27,10 +27,7 @@ bool Counted(const Statements& statements, const Sql& count) {
 }  // namespace
 
 PlanKey GroupPlans::KeyOf(std::int32_t plan) const {
-  const auto row =
-      statements_.Select("SELECT GroPlaInsID, GroPlaGroNum FROM GroPlaTable WHERE (GroPlaInd=" + Literal(plan) + ")" +
-                         statements_.Office());
-  return row->Eof() ? PlanKey() : PlanKey{session::ToId(row->Get(std::size_t{0})), session::ToText(row->Get(1))};
+  return ReadGroupPlan(session_, plan).value_or(GroupPlan()).key;
 }
 
 bool GroupPlans::IsTaken(std::string_view group_number, std::string_view name, std::int32_t except) const {
