@@ -118,6 +118,10 @@ ZIPCODE::ZIPCODE(const session::ScreenContext& context, const Parts& parts) : Ru
   Add("ZIPCode_Combo", ZIPCode_Combo);
   Add("ZipCode_Cmd_Panel", ZipCode_Cmd_Panel);
   Add("ZipCode_Cmd", ZipCode_Cmd);
+  parts_.drop.Caption = "...";
+  parts_.drop.ToolTip = "DATABASE LIST, Left mouse - Database list";
+  parts_.drop.AccessibleName = "City, state and ZIP list";
+  parts_.drop.TabStop = false;
   ZIPCode_Combo.AccessibleName = "Known places";
   ZipCode_Cmd[kAdd].Caption = "Add";
   ZipCode_Cmd[kEdit].Caption = "Edit";

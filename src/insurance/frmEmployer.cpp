@@ -65,10 +65,6 @@ void frmEmployer::Register() {
     Label1.at(i).Caption = kCaptions.at(i);
     Text1.at(i).Heading = &Label1.at(i);
   }
-  Command3D2.Caption = "...";
-  Command3D2.ToolTip = "DATABASE LIST, Left mouse - Database list";
-  Command3D2.AccessibleName = "City, state and ZIP list";
-  Command3D2.TabStop = false;
   DialogButtons1.Help.Visible = false;
   Reads({&Text1[kName], &Text1[kAddress1], &Text1[kAddress2], &Text1[kCity], &Text1[kState], &Text1[kZip], &Command3D2,
          &Text1[kPhone], &ucSelCoverage1, &DialogButtons1});

@@ -97,10 +97,6 @@ void insScreen::Register() {
     Label1.at(i).Caption = kCaptions.at(i);
     Text1.at(i).Heading = &Label1.at(i);
   }
-  ZipCode1.Caption = "...";
-  ZipCode1.ToolTip = "DATABASE LIST, Left mouse - Database list";
-  ZipCode1.AccessibleName = "City, state and ZIP list";
-  ZipCode1.TabStop = false;
   Properties["TableName"] = {[this] { return std::string(TableName()); },
                              [this](const std::string& name) {
                                Opened.kind = forms::EqualsIgnoringCase(name, "PHATABLE") ? session::RecordKind::Pharmacy

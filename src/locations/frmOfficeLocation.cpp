@@ -78,10 +78,6 @@ void frmOfficeLocation::Register() {
     lblInfo.at(i).Container = txtInfo.at(i).Container = &fraEdit;
   }
   txtInfo[kBankAccount].Told = forms::Masked;
-  cmdCSZ.Caption = "...";
-  cmdCSZ.ToolTip = "DATABASE LIST, Left mouse - Database list";
-  cmdCSZ.AccessibleName = "City, state and ZIP list";
-  cmdCSZ.TabStop = false;
   cmdColor[kBackground].Caption = "&Background...";
   cmdColor[kForeground].Caption = "Fore&ground...";
   colors_[kBackground].AccessibleName = "Background";
