@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "session/connection.h"
-
 namespace com {
 namespace {
 
@@ -23,16 +21,12 @@ void SetDescription(const char* description, const IID& interface_id) {
   }
 }
 
-HRESULT Translate(forms::User* person, const IID& interface_id) {
+HRESULT Translate(const IID& interface_id) {
   try {
     throw;
   } catch (const session::DatabaseError& error) {
-    if (person == nullptr) {
-      SetDescription(error.Told().c_str(), interface_id);
-      return E_FAIL;
-    }
-    person->Tell(error.Told(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
-    return S_OK;
+    SetDescription(error.Told().c_str(), interface_id);
+    return E_FAIL;
   } catch (const std::exception& error) {
     SetDescription(error.what(), interface_id);
     return automation::ResultOfException();
@@ -41,10 +35,10 @@ HRESULT Translate(forms::User* person, const IID& interface_id) {
 
 }  // namespace
 
-HRESULT ReportException(forms::User* person, const IID& interface_id) noexcept {
+HRESULT ReportException(const IID& interface_id) noexcept {
   try {
-    return Translate(person, interface_id);
-  } catch (...) {  // telling it failed too
+    return Translate(interface_id);
+  } catch (...) {  // describing it failed too
     return E_UNEXPECTED;
   }
 }

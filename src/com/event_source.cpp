@@ -54,7 +54,7 @@ HRESULT EventSource::Advise(IUnknown* sink, DWORD* cookie) {
   if (sink == nullptr || cookie == nullptr) {
     return E_POINTER;
   }
-  return Guarded(*this, nullptr, IID_IConnectionPoint, [&] {
+  return Guarded(*this, IID_IConnectionPoint, [&] {
     // Sinks of a dispinterface answer to its own name, to IDispatch, or to both.
     ComPtr<IDispatch> listener;
     if (FAILED(sink->QueryInterface(events_, listener.OutVoid()))) {
@@ -82,7 +82,7 @@ HRESULT EventSource::EnumConnections(IEnumConnections** connections) {
   if (connections == nullptr) {
     return E_POINTER;
   }
-  return Guarded(*this, nullptr, IID_IConnectionPoint, [&] {
+  return Guarded(*this, IID_IConnectionPoint, [&] {
     std::vector<SinkItem> items;
     for (const auto& [cookie, sink] : sinks_) {
       items.push_back({ComPtr<IUnknown>(sink.Get()), cookie});

@@ -60,7 +60,7 @@ void LookUpListObject::ForwardEvents() {
 HRESULT LookUpListObject::ShowList(VARIANT_BOOL InsLLCanMultiSel, VARIANT fOwner) {
   // The owner of this call stays the list's owner.
   if (!IsMissing(&fOwner)) {
-    const HRESULT result = Run(nullptr, [&] {
+    const HRESULT result = Run([&] {
       if (const ComPtr<IDispatch> owner = ToObject(fOwner)) {
         Screens().frmOwner = KeepObject(owner.Get());
       }

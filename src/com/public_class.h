@@ -64,19 +64,19 @@ class PublicClass
     if (index != 0) {
       return DISP_E_BADINDEX;
     }
-    return Run(nullptr, [&] { *info = Type().Copy(); });
+    return Run([&] { *info = Type().Copy(); });
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* names, UINT count, LCID /*locale*/,
                                           DISPID* ids) override {
     HRESULT result = S_OK;
-    const HRESULT passed = Run(nullptr, [&] { result = Type()->GetIDsOfNames(names, count, ids); });
+    const HRESULT passed = Run([&] { result = Type()->GetIDsOfNames(names, count, ids); });
     return FAILED(passed) ? passed : result;
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID /*reserved*/, LCID /*locale*/, WORD flags,
                                    DISPPARAMS* parameters, VARIANT* value, EXCEPINFO* exception,
                                    UINT* wrong_argument) override {
     HRESULT result = S_OK;
-    const HRESULT passed = Run(nullptr, [&] {
+    const HRESULT passed = Run([&] {
       // Automation would hand them on to the object that the property holds, or fall where it holds none.
       if (parameters != nullptr && parameters->cArgs > 0 && (flags & DISPATCH_PROPERTYGET) != 0 && IsRead(member)) {
         throw automation::ComError(DISP_E_BADPARAMCOUNT);
@@ -90,15 +90,15 @@ class PublicClass
   // --- IGlobal, and the members of the same names on the default interface
   HRESULT STDMETHODCALLTYPE get_DAC(IDispatch** value) override { return GetObject(value, entry_.DAC()); }
   HRESULT STDMETHODCALLTYPE putref_DAC(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.SetDAC(KeepObject(value)); });
+    return Run([&] { entry_.SetDAC(KeepObject(value)); });
   }
   HRESULT STDMETHODCALLTYPE get_GIC(IDispatch** value) override { return GetObject(value, entry_.GIC()); }
   HRESULT STDMETHODCALLTYPE putref_GIC(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.SetGIC(KeepObject(value)); });
+    return Run([&] { entry_.SetGIC(KeepObject(value)); });
   }
   HRESULT STDMETHODCALLTYPE get_GC(IDispatch** value) override { return GetObject(value, entry_.GC()); }
   HRESULT STDMETHODCALLTYPE putref_GC(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.SetGC(KeepObject(value)); });
+    return Run([&] { entry_.SetGC(KeepObject(value)); });
   }
   HRESULT STDMETHODCALLTYPE get_PV(IDispatch** value) override {
     if (value == nullptr) {
@@ -109,25 +109,25 @@ class PublicClass
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE putref_PV(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.SetPV(value == nullptr ? nullptr : std::make_shared<PvSession>(ComPtr(value))); });
+    return Run([&] { entry_.SetPV(value == nullptr ? nullptr : std::make_shared<PvSession>(ComPtr(value))); });
   }
 
   // --- What both default interfaces have
   HRESULT STDMETHODCALLTYPE get_frmOwner(IDispatch** value) override { return GetObject(value, entry_.frmOwner); }
   HRESULT STDMETHODCALLTYPE put_frmOwner(IDispatch* value) override { return putref_frmOwner(value); }
   HRESULT STDMETHODCALLTYPE putref_frmOwner(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.frmOwner = KeepObject(value); });
+    return Run([&] { entry_.frmOwner = KeepObject(value); });
   }
   HRESULT STDMETHODCALLTYPE get_StartForm(IDispatch** value) override { return GetObject(value, entry_.StartForm); }
   HRESULT STDMETHODCALLTYPE put_StartForm(IDispatch* value) override { return putref_StartForm(value); }
   HRESULT STDMETHODCALLTYPE putref_StartForm(IDispatch* value) override {
-    return Run(nullptr, [&] { entry_.StartForm = KeepObject(value); });
+    return Run([&] { entry_.StartForm = KeepObject(value); });
   }
   HRESULT STDMETHODCALLTYPE SetPrinter(BSTR PN, BSTR DM, BSTR DN) override {
-    return Run(nullptr, [&] { entry_.SetPrinter({FromBstr(PN), automation::BytesOf(DM), FromBstr(DN)}); });
+    return Run([&] { entry_.SetPrinter({FromBstr(PN), automation::BytesOf(DM), FromBstr(DN)}); });
   }
   HRESULT STDMETHODCALLTYPE GetPrinter(VARIANT* PN, VARIANT* DM, VARIANT* DN) override {
-    return Run(nullptr, [&] {
+    return Run([&] {
       const entry::Printer& printer = entry_.GetPrinter();
       Assign(PN, Variant::Of(printer.name));
       Assign(DM, Variant::OfBytes(printer.device_mode));
@@ -140,9 +140,8 @@ class PublicClass
     if (points == nullptr) {
       return E_POINTER;
     }
-    return Run(nullptr, [&] {
-      *points = new Enumeration<IEnumConnectionPoints, PointItem>({{ComPtr<IConnectionPoint>(&events_)}});
-    });
+    return Run(
+        [&] { *points = new Enumeration<IEnumConnectionPoints, PointItem>({{ComPtr<IConnectionPoint>(&events_)}}); });
   }
   HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
     if (point == nullptr) {
@@ -166,7 +165,7 @@ class PublicClass
     if (info == nullptr) {
       return E_POINTER;
     }
-    return Run(nullptr, [&] { *info = automation::TypeInfoOf(class_id_).Copy(); });
+    return Run([&] { *info = automation::TypeInfoOf(class_id_).Copy(); });
   }
   HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* id) override {
     if (id == nullptr) {
@@ -180,15 +179,15 @@ class PublicClass
   // Runs a method that may open screens, before the window of frmOwner, StartForm or the main form.
   template <typename Operation>
   HRESULT Open(Operation operation) {
-    return Run(user_.get(), [&] {
+    return Run([&] {
       const ScreenThread thread;
       const Call call(*user_, OwnerWindow(), entry_.PV());
-      operation();
+      TellingRefusals(*user_, operation);
     });
   }
   template <typename Operation>
-  HRESULT Run(forms::User* person, Operation operation) {
-    return Guarded(*static_cast<Dual*>(this), person, __uuidof(Dual), operation);
+  HRESULT Run(Operation operation) {
+    return Guarded(*static_cast<Dual*>(this), __uuidof(Dual), operation);
   }
   template <typename T, typename From>
   static HRESULT Get(T* value, const From& from) {
@@ -209,7 +208,7 @@ class PublicClass
     if (value == nullptr) {
       return E_POINTER;
     }
-    return Run(nullptr, [&] { *value = ToBstr(from); });
+    return Run([&] { *value = ToBstr(from); });
   }
   template <typename T>
   static HRESULT Put(std::int32_t& to, T value) {
@@ -221,7 +220,7 @@ class PublicClass
     return S_OK;
   }
   HRESULT Put(std::string& to, BSTR value) {
-    return Run(nullptr, [&] { to = FromBstr(value); });
+    return Run([&] { to = FromBstr(value); });
   }
   static HRESULT GetObject(IDispatch** value, const entry::HostObject& from) {
     if (value == nullptr) {

@@ -200,6 +200,9 @@ class Windows {
     if (user_ == nullptr) {
       Start();
     }
+    if (calls_.empty()) {
+      throw std::logic_error("windows belong to a call of the host");
+    }
     HostCall& call = calls_.back();
     if (call.owner != nullptr && call.shown_before == nullptr) {
       // The owner of an outer call, or one of our own screens.
