@@ -45,6 +45,8 @@ Class Session
     UserOption = ""
     If options.Exists(section & "." & key) Then UserOption = options(section & "." & key)
   End Function
+  Public Sub SetOfficeSetting(section, key, value)
+  End Sub
   Public Sub SetUserOption(section, key, value)
     options(section & "." & key) = value
   End Sub
@@ -84,6 +86,11 @@ Class Session
   End Property
   Public Function StartProgram(commandLine)
     StartProgram = False
+  End Function
+
+  ' The reminder service
+  Public Function SendReminder(method, receiver, subject, text)
+    SendReminder = False
   End Function
 End Class
 

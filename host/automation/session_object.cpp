@@ -28,6 +28,17 @@ session::LogKind ToLogKind(const std::string& name) {
   throw session::DatabaseError("There is no log \"" + name + "\".", {}, 0);
 }
 
+session::ReminderMessage::Method ToReminderMethod(const std::string& name) {
+  using enum session::ReminderMessage::Method;
+  if (forms::EqualsIgnoringCase(name, "TEXT")) {
+    return TextMessage;
+  }
+  if (forms::EqualsIgnoringCase(name, "EMAIL")) {
+    return Email;
+  }
+  throw session::DatabaseError("There is no kind of message \"" + name + "\".", {}, 0);
+}
+
 Variant ToArray(std::vector<Variant> values) {
   Variant array;
   V_ARRAY(&array) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
@@ -76,6 +87,9 @@ class SessionObject final : public automation::NamedObject {
     Add("HasRight", [this](const CallArguments& given) { return Variant::Of(session_->HasRight(given.Text(0))); });
     Add("OfficeSetting", [this](const CallArguments& given) {
       return Variant::Of(session_->OfficeSetting(given.Text(0), given.Text(1)));
+    });
+    AddAction("SetOfficeSetting", [this](const CallArguments& given) {
+      session_->SetOfficeSetting(given.Text(0), given.Text(1), given.Text(2));
     });
     Add("UserOption",
         [this](const CallArguments& given) { return Variant::Of(session_->UserOption(given.Text(0), given.Text(1))); });
@@ -141,6 +155,11 @@ class SessionObject final : public automation::NamedObject {
     Add("ProgramFolder", [this](const CallArguments&) { return Variant::Of(session_->ProgramFolder()); });
     Add("StartProgram",
         [this](const CallArguments& given) { return Variant::Of(session_->StartProgram(given.Text(0))); });
+    Add("SendReminder", [this](const CallArguments& given) {
+      return Variant::Of(
+          session_->SendReminder({ToReminderMethod(given.Text(0)), given.Text(1), given.Text(2), given.Text(3)}));
+    });
+    Add("ShowReminderOptions", [this](const CallArguments&) { return Variant::Of(session_->ShowReminderOptions()); });
   }
 
   Variant Connection() {

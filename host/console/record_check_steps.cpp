@@ -221,13 +221,20 @@ void CheckNone(Interpreter& interpreter, StepWords& words) {
   }
 }
 
+// "e-mail", "e-Mail" and "EMAIL" are one kind; so are "text", "text message" and "SMS".
+std::string KindOfMessage(std::string_view kind) {
+  std::string letters = forms::ToLower(kind);
+  std::erase_if(letters, [](char c) { return c == ' ' || c == '-'; });
+  return letters == "textmessage" || letters == "sms" ? "text" : letters;
+}
+
 void CheckSent(Interpreter& interpreter, StepWords& words) {
   const std::string kind = words.Take("a kind");
   const Expectation wanted = words.TakeExpectation();
   words.End();
   std::vector<std::string> texts;
   for (const Recordings::Sent& message : interpreter.Heard().sent) {
-    if (forms::EqualsIgnoringCase(message.kind, kind)) {
+    if (KindOfMessage(message.kind) == KindOfMessage(kind)) {
       texts.push_back(message.text);
     }
   }

@@ -45,10 +45,11 @@ class RecordingSession : public HostSession {
     recordings_.started.push_back(command_line);
     return true;
   }
-  // Hands a message to the reminder service. False when it takes none.
-  bool Send(std::string_view kind, std::string_view text) {
+  bool SendReminder(const session::ReminderMessage& message) override {
     if (takes_messages) {
-      recordings_.sent.push_back({std::string(kind), std::string(text)});
+      const bool is_email = message.method == session::ReminderMessage::Method::Email;
+      recordings_.sent.push_back({is_email ? "e-mail" : "text",
+                                  message.to + "\r\n" + (is_email ? message.subject + "\r\n" : "") + message.text});
     }
     return takes_messages;
   }

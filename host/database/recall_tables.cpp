@@ -26,6 +26,13 @@ Table RecallMasters() {
   };
 }
 
+// The contact methods that a person must not be reached by, in a row that is no part of his order.
+Column ExcludedMethods() {
+  Column column = SmallInt("ebcExc");
+  column.since = 7;
+  return column;
+}
+
 }  // namespace
 
 // Recalls, reminders and their texts.
@@ -59,7 +66,7 @@ std::vector<Table> Recall() {
       {.name = "eBusContactSequence",
        .key = "ebcID",
        .columns = {Int("ebcID"), Int("ebcLinID"), SmallInt("ebcLinTyp"), Int("ebcpID"), Int("ebcSeq"), Int("ebcPer"),
-                   SmallInt("ebcConMet")},
+                   SmallInt("ebcConMet"), ExcludedMethods()},
        .indexes = {{"ebcpID"}, {"ebcLinID"}},
        .row_guid = true},
   };

@@ -46,7 +46,7 @@ struct Table {
 };
 
 // The version that a new database has.
-inline constexpr int kSchemaVersion = 6;
+inline constexpr int kSchemaVersion = 7;
 
 // What sessions wrote to the tables that are `logged`, and who logged in.
 inline constexpr std::string_view kChangeLog = "ChangeTable";

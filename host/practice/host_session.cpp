@@ -41,6 +41,14 @@ std::string HostSession::UserOption(std::string_view section, std::string_view k
   return ReadUserOption(database_, user_.Name(), section, key);
 }
 
+void HostSession::SetOfficeSetting(std::string_view section, std::string_view key, std::string_view value) {
+  if (!HasRight(session::kSupervisorRight)) {
+    throw session::DatabaseError("User [" + UserName() + "] does not have the rights to modify office settings.", {},
+                                 0);
+  }
+  WriteOfficeSetting(database_, section, key, value);
+}
+
 void HostSession::SetUserOption(std::string_view section, std::string_view key, std::string_view value) {
   WriteUserOption(database_, user_.Name(), section, key, value);
 }

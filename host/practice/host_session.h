@@ -20,6 +20,8 @@ struct Surroundings {
   std::string data_folder;
   std::string program_folder;
   std::function<bool(const std::string& command_line)> start_program;
+  std::function<bool(const session::ReminderMessage&)> send_reminder = {};  // none: no message is taken
+  std::function<bool()> show_reminder_options = {};                         // none: there is nothing to show
 };
 // The machine's clock and programs.
 Surroundings ThisMachine(std::string data_folder, std::string program_folder);
@@ -59,6 +61,7 @@ class HostSession : public session::Session {
   bool HasRight(std::string_view keyword) const override { return user_.Has(keyword); }
 
   std::string OfficeSetting(std::string_view section, std::string_view key) const override;
+  void SetOfficeSetting(std::string_view section, std::string_view key, std::string_view value) override;
   std::string UserOption(std::string_view section, std::string_view key) const override;
   void SetUserOption(std::string_view section, std::string_view key, std::string_view value) override;
 
@@ -88,6 +91,13 @@ class HostSession : public session::Session {
   std::string DataFolder() const override { return surroundings_.data_folder; }
   std::string ProgramFolder() const override { return surroundings_.program_folder; }
   bool StartProgram(const std::string& command_line) override { return surroundings_.start_program(command_line); }
+
+  bool SendReminder(const session::ReminderMessage& message) override {
+    return surroundings_.send_reminder && surroundings_.send_reminder(message);
+  }
+  bool ShowReminderOptions() override {
+    return surroundings_.show_reminder_options && surroundings_.show_reminder_options();
+  }
 
  private:
   // Users may share a session: what is held now is held by this one.

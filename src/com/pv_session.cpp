@@ -155,6 +155,10 @@ std::string PvSession::OfficeSetting(std::string_view section, std::string_view 
   return pv_.Text("OfficeSetting", {Variant::Of(section), Variant::Of(key)});
 }
 
+void PvSession::SetOfficeSetting(std::string_view section, std::string_view key, std::string_view value) {
+  pv_.Call("SetOfficeSetting", {Variant::Of(section), Variant::Of(key), Variant::Of(value)});
+}
+
 std::string PvSession::UserOption(std::string_view section, std::string_view key) const {
   return pv_.Text("UserOption", {Variant::Of(section), Variant::Of(key)});
 }
@@ -253,6 +257,16 @@ std::string PvSession::ProgramFolder() const {
 
 bool PvSession::StartProgram(const std::string& command_line) {
   return pv_.Bool("StartProgram", {Variant::Of(command_line)});
+}
+
+bool PvSession::SendReminder(const session::ReminderMessage& message) {
+  const bool is_email = message.method == session::ReminderMessage::Method::Email;
+  return pv_.Bool("SendReminder", {Variant::Of(std::string_view(is_email ? "EMAIL" : "TEXT")), Variant::Of(message.to),
+                                   Variant::Of(message.subject), Variant::Of(message.text)});
+}
+
+bool PvSession::ShowReminderOptions() {
+  return pv_.Offers("ShowReminderOptions") && pv_.Bool("ShowReminderOptions");
 }
 
 }  // namespace com

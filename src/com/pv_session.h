@@ -36,6 +36,7 @@ class PvSession : public session::Session {
   bool HasRight(std::string_view keyword) const override;
 
   std::string OfficeSetting(std::string_view section, std::string_view key) const override;
+  void SetOfficeSetting(std::string_view section, std::string_view key, std::string_view value) override;
   std::string UserOption(std::string_view section, std::string_view key) const override;
   void SetUserOption(std::string_view section, std::string_view key, std::string_view value) override;
 
@@ -57,6 +58,9 @@ class PvSession : public session::Session {
   std::string DataFolder() const override;
   std::string ProgramFolder() const override;
   bool StartProgram(const std::string& command_line) override;
+
+  bool SendReminder(const session::ReminderMessage& message) override;
+  bool ShowReminderOptions() override;
 
  private:
   // What a member gives in an array; throws session::DatabaseError that names the member and what it should be when

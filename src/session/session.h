@@ -68,6 +68,16 @@ struct RecordHolder {
   bool silent = false;  // he gives no sign of life any more
 };
 
+// A message that the reminder service takes to its receiver.
+struct ReminderMessage {
+  enum class Method { TextMessage, Email };
+
+  Method method = {};
+  std::string to;       // the ten digits of a cell phone, or an e-mail address
+  std::string subject;  // of an e-mail
+  std::string text;     // plain, or the HTML of an e-mail
+};
+
 // Which database the session works in; every statement goes through it.
 class Database {
  public:
@@ -102,6 +112,8 @@ class Settings {
   // Defaults of new records, ZIP rule, recall setup.
   virtual std::string OfficeSetting(std::string_view section, std::string_view key) const = 0;
   // The list window's filter options, window places, field help.
+  // Guarded by `kSupervisorRight`: throws DatabaseError when the user lacks it.
+  virtual void SetOfficeSetting(std::string_view section, std::string_view key, std::string_view value) = 0;
   virtual std::string UserOption(std::string_view section, std::string_view key) const = 0;
   virtual void SetUserOption(std::string_view section, std::string_view key, std::string_view value) = 0;
 };
@@ -158,8 +170,25 @@ class Machine {
   virtual bool StartProgram(const std::string& command_line) = 0;
 };
 
+// The service that sends the practice's reminders.
+class ReminderService {
+ public:
+  virtual ~ReminderService() = default;
+
+  // False when the service does not take the message.
+  virtual bool SendReminder(const ReminderMessage& message) = 0;
+  // Where the person sees and changes how reminders are sent. False where the host shows none.
+  virtual bool ShowReminderOptions() = 0;
+};
+
 // What the host hands over as `PV`.
-class Session : public Database, public Login, public Settings, public Suite, public Staff, public Machine {
+class Session : public Database,
+                public Login,
+                public Settings,
+                public Suite,
+                public Staff,
+                public Machine,
+                public ReminderService {
  public:
   forms::Date Today() const { return forms::DateOf(Now()); }
 };

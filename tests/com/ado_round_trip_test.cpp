@@ -270,11 +270,17 @@ class ToldSession final : public host::HostSession {
 TEST(SessionRoundTrip, PassesOnWhatNoScenarioReaches) {
   host::Practice practice = host::CreatePractice("sqlite::memory:");
   std::string started;
+  session::ReminderMessage sent;
   ToldSession session(practice, 1, host::LoginRights("USER"),
                       {.clock = [] { return *forms::ParseIso("2026-11-21 09:00:01"); },
                        .data_folder = "C:\\Daten \xC3\xA9",
                        .program_folder = "C:\\Programs",
-                       .start_program = [&](const std::string& line) { return started.assign(line) != "refused"; }});
+                       .start_program = [&](const std::string& line) { return started.assign(line) != "refused"; },
+                       .send_reminder =
+                           [&](const session::ReminderMessage& message) {
+                             sent = message;
+                             return message.method == session::ReminderMessage::Method::Email;
+                           }});
   const session::AccountFigures figures{Currency::FromTenThousandths(-12345), Currency::FromWhole(7),
                                         session::BudgetPlan::Family};
   host::WriteAccount(session.Office(), 4, figures);
@@ -289,6 +295,12 @@ TEST(SessionRoundTrip, PassesOnWhatNoScenarioReaches) {
     EXPECT_TRUE(pv.StartProgram("\"A B.EXE\" 1"));
     EXPECT_EQ(started, "\"A B.EXE\" 1");
     EXPECT_FALSE(pv.StartProgram("refused"));
+    EXPECT_TRUE(pv.SendReminder({session::ReminderMessage::Method::Email, "a@b.example", "Subject", "<p>\u00e9</p>"}));
+    EXPECT_EQ(sent.to + "|" + sent.subject + "|" + sent.text, "a@b.example|Subject|<p>\u00e9</p>");
+    EXPECT_FALSE(pv.SendReminder({session::ReminderMessage::Method::TextMessage, "5551234567", "", "Hello"}));
+    EXPECT_EQ(sent.method, session::ReminderMessage::Method::TextMessage);
+    EXPECT_FALSE(pv.ShowReminderOptions());
+    EXPECT_THROW(pv.SetOfficeSetting("RECALL_SETUP", "KEY", "1"), session::DatabaseError);
     EXPECT_EQ(pv.RightsCatalogue().size(), session.RightsCatalogue().size());
     EXPECT_EQ(pv.RightsCatalogue().back().label, session.RightsCatalogue().back().label);
     EXPECT_EQ(pv.RightsCatalogue().back().product, session::Product::TimeClock);

@@ -87,6 +87,7 @@ class FakeSession : public session::Session, public session::Connection {
   std::string UserName() const override { return "Ann"; }
   bool HasRight(std::string_view) const override { return true; }
   std::string OfficeSetting(std::string_view, std::string_view) const override { return {}; }
+  void SetOfficeSetting(std::string_view, std::string_view, std::string_view) override {}
   std::string UserOption(std::string_view section, std::string_view key) const override {
     std::string value;
     for (const auto& [name, set] : options) {
@@ -120,6 +121,8 @@ class FakeSession : public session::Session, public session::Connection {
   std::string DataFolder() const override { return {}; }
   std::string ProgramFolder() const override { return {}; }
   bool StartProgram(const std::string&) override { return false; }
+  bool SendReminder(const session::ReminderMessage&) override { return false; }
+  bool ShowReminderOptions() override { return false; }
 };
 
 class FakeUser : public forms::User {

@@ -365,6 +365,7 @@ class Places : public session::Settings {
  public:
   std::string OfficeSetting(std::string_view /*section*/, std::string_view /*key*/) const override { return {}; }
   std::string UserOption(std::string_view /*section*/, std::string_view /*key*/) const override { return place_; }
+  void SetOfficeSetting(std::string_view /*section*/, std::string_view /*key*/, std::string_view /*value*/) override {}
   void SetUserOption(std::string_view /*section*/, std::string_view /*key*/, std::string_view value) override {
     place_ = value;
   }
@@ -384,6 +385,7 @@ struct PlaceParts : Places {
     const auto found = options.find(std::string(key));
     return found == options.end() ? std::string() : found->second;
   }
+  void SetOfficeSetting(std::string_view /*section*/, std::string_view /*key*/, std::string_view /*value*/) override {}
   void SetUserOption(std::string_view /*section*/, std::string_view key, std::string_view value) override {
     options[std::string(key)] = value;
   }

@@ -22,7 +22,7 @@ std::string PlayAfterwards(const std::string& lines) {
     session.PrepareSQL("SELECT 1 AS One", 1);
     session.SetCurrentPersonType("pTypDoc");
     session.SetCurrentPersonType("pTypEmp");
-    session.Send("e-Mail", "Your recall is due.");
+    session.SendReminder({session::ReminderMessage::Method::Email, "a@b.example", "Recall", "Your recall is due."});
     session.RecordHandOff("InsCoID", "InsCoTable", 12);
     session.Log({session::LogKind::Comment, "", 5, "Coverage ended\r\nby JANE"});
     session.Log({session::LogKind::Change, "LogInsCo", 0, "Aetna was renamed"});
@@ -46,7 +46,7 @@ TEST(RecordChecks, FindWhatWasAskedOfTheSession) {
                            "statements = 3\n"
                            "no statement ~ *OfficeID*\n"
                            "person-type pTypEmp\n"
-                           "sent E-MAIL ~ \"*recall*\"\n"
+                           "sent E-MAIL ~ \"a@b.example\\nRecall\\n*recall*\"\n"
                            "no event ButtonClicked Trans\n"
                            "no event AfterPrint\n"
                            "no file STP/none.txt\n"
@@ -84,7 +84,7 @@ TEST(RecordChecks, WhatTheReminderServiceRefusesIsNotSent) {
   Interpreter nobody(no_lines, nullptr);
   Stage stage(MakePractice({}), FirstClock(), nobody.Person(), recordings);
   stage.Session().takes_messages = false;
-  EXPECT_FALSE(stage.Session().Send("Letter", "Happy birthday!"));
+  EXPECT_FALSE(stage.Session().SendReminder({}));
   EXPECT_TRUE(recordings.sent.empty());
 }
 

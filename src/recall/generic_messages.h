@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "data/reminders.h"
+
+namespace recall {
+
+enum class Language : std::int32_t { English, Spanish };
+
+// What a message says for which the practice has written no text of its own: HTML for an e-mail and a postcard, plain
+// text otherwise; empty for a kind or a method without one.
+std::string GenericMessage(data::ReminderKind kind, data::ContactMethod method, Language language);
+
+}  // namespace recall
