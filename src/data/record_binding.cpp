@@ -74,6 +74,15 @@ void RecordBinding::Read(const Sql& statement) {
   Fill(record->Eof() ? 0 : session::ToId((*record)[key_.Text()]), *record);
 }
 
+bool RecordBinding::Read(std::int32_t id, const Sql& statement) {
+  const auto record = statements_.Select(statement);
+  if (record->Eof()) {
+    return false;
+  }
+  Fill(id, *record);
+  return true;
+}
+
 void RecordBinding::ReadNone(const Sql& statement) {
   const auto record = statements_.Select(statement);
   while (!record->Eof()) {

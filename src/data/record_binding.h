@@ -34,6 +34,8 @@ class RecordBinding {
   bool Read(std::int32_t id);
   // The same from the first row of a statement of the screen's own; without one as for ID 0.
   void Read(const Sql& statement);
+  // The same as `Read(id)` by a statement of the screen's own for that row, which need not give the key.
+  bool Read(std::int32_t id, const Sql& statement);
   // What the statement gives of its columns, without a row.
   void ReadNone(const Sql& statement);
   // Reads the row anew for these fields alone; nothing happens when it is gone.

@@ -107,6 +107,11 @@ std::string Contacts::SideCaption(Side side) const {
   return std::string(SideLabel(side)) + std::string(LabelOfContact(Selected(side)));
 }
 
+const std::string& Contacts::FirstPhone(Side side) const {
+  const SideRow& row = sides_.at(side);
+  return row.seen || row.visible.empty() ? row.first_phone : row.visible;
+}
+
 int Contacts::SelectedSize(Side side) const {
   const SideRow& row = sides_.at(side);
   return row.sizes.at(row.selected);

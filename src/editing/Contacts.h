@@ -56,6 +56,8 @@ class Contacts {
   std::string_view Selected(Side side) const { return kContactCodes.at(sides_.at(side).selected).Text(); }
   // "Home Phone", "Work E-Mail".
   std::string SideCaption(Side side) const;
+  // The number that a side's first phone has, or gets when the side is prepared.
+  const std::string& FirstPhone(Side side) const;
   // Of the selected contact, in characters.
   int SelectedSize(Side side) const;
 

@@ -30,6 +30,7 @@
 #include "people/frmCreditCard.h"
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
+#include "recall/frmEreminderContact.h"
 
 namespace entry {
 namespace {
@@ -129,6 +130,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<insurance::frmPPOAdjust>("frmPPOAdjust"),
       Opens<people::frmContacts>("frmContacts"),
       Opens<people::frmCreditCard>("frmCreditCard"),
+      Opens<recall::frmEreminderContact>("frmEreminderContact"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),

@@ -67,7 +67,7 @@ void SelectionList::Fill(std::vector<forms::ListItem> items, std::vector<bool> c
 }
 
 void SelectionList::lstItems_ItemCheck(int index) {
-  if (ContactSelection && lstItems.IsChecked(index)) {
+  if (ContactSelection) {
     std::vector<bool> only(static_cast<std::size_t>(Count()));
     only[static_cast<std::size_t>(index)] = true;
     lstItems.Checked = std::move(only);

@@ -20,7 +20,7 @@ class SelectionList : public forms::UserControl {
   forms::Property<std::string> Text{*this};
   // Whether a person may check anything.
   forms::Property<bool> Active{*this, true};
-  // One entry at a time is checked, as among the contacts of a person.
+  // One entry is checked, as among the contacts of a person: a person who checks another one takes it from the first.
   bool ContactSelection = false;
 
   forms::Label lblText;

@@ -20,6 +20,7 @@
 #include "views/people/frmCreditCard_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
 #include "views/people/patScreen_SM_view.h"
+#include "views/recall/frmEreminderContact_view.h"
 
 namespace views {
 
@@ -40,6 +41,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<people::FamScreen>("FamScreen", LayOut_FamScreen);
   registry.Add<people::frmContacts>("frmContacts", LayOut_frmContacts);
   registry.Add<people::frmCreditCard>("frmCreditCard", LayOut_frmCreditCard);
+  registry.Add<recall::frmEreminderContact>("frmEreminderContact", LayOut_frmEreminderContact);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
   registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);

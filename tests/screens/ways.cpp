@@ -64,6 +64,7 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
       {"frmEditCoverage", {{"PatientID", {"CovPatID", "CovTable", "CovFla=0"}}}},
       {"InsPln_Frm", {{"GroupID", {"GroPlaInd", "GroPlaTable"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"frmEreminderContact", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmCopyPlanOpts",
        {{"TargetCarrierID", {"GroPlaInsID", "GroPlaTable"}}, {"TargetGroupID", {"GroPlaInd", "GroPlaTable"}}}},
       {"frmDatabaseSearch", {{"SearchText", {"pLASNAM", "PATable", "pTypPat='1'"}}}},
