@@ -173,16 +173,7 @@ std::vector<Stop> Stops(Desk& desk) {
       {"frmCreditCard", open_form("frmCreditCard", {{"pID", head}})},
       {"frmEreminderContact-edit",
        open_form("frmEreminderContact", {{"PatientID", patient}, {"EditOnly", "True"}})},
-      {"frmEreminderContact",
-       [&desk, patient, open = open_form("frmEreminderContact", {{"PatientID", patient}, {"SendMethod", "16"}})] {
-         const session::ScreenContext context = desk.Context();
-         context.session.Connection().Execute(context.session.PrepareSQL(
-             "UPDATE PATable SET pHomCell='(555) 010-0142', pBusCell='(555) 010-0143', pHomEma='home@example.com' WHERE "
-             "pID=" +
-                 patient,
-             1));
-         open();
-       }},
+      {"frmEreminderContact", open_form("frmEreminderContact", {{"PatientID", patient}, {"SendMethod", "16"}})},
       {"FamScreen-new", open_form("FamScreen", {{"Mode", "NEW"}})},
       {"frmDatabaseSearch", open_form("frmDatabaseSearch", {{"SearchText", "S"}})},
       {"docScreen", edit(session::RecordKind::Provider, "pTypDoc")},
