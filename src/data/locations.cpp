@@ -14,6 +14,26 @@ std::optional<forms::Color> LocationColor(const session::Value& color) {
   return session::ToText(color).empty() ? std::nullopt : forms::ColorOfNumber(session::ToId(color));
 }
 
+LocationAddress FirstLocation(const Statements& statements) {
+  const auto rows = statements.Select(
+      "SELECT TOP 1 OffLocID, OffLocNam, OffLocPho, OffLocFax, OffLocAd1, OffLocAd2, OffLocCit, OffLocSta, OffLocZip "
+      "FROM "
+      "OffLocTable WHERE (OffLocID>0)" +
+      statements.Office() + " ORDER BY OffLocID");
+  if (rows->Eof()) {
+    return {};
+  }
+  const auto text = [&rows](std::size_t field) { return std::string(forms::Trim(session::ToText(rows->Get(field)))); };
+  const std::string city = text(6);
+  const std::string rest(forms::Trim(text(7) + " " + text(8)));
+  return {.name = LocationName(session::ToId(rows->Get(0)), rows->Get(1)),
+          .phone = text(2),
+          .fax = text(3),
+          .line1 = text(4),
+          .line2 = text(5),
+          .place = city + (city.empty() || rest.empty() ? "" : ", ") + rest};
+}
+
 GrantedLocations::GrantedLocations(session::Database& database, Of of)
     : database_(database),
       statements_(database),

@@ -17,6 +17,18 @@ std::string LocationName(std::int32_t location, const session::Value& name);
 // Of a location's colour columns; nothing for one that is not set.
 std::optional<forms::Color> LocationColor(const session::Value& color);
 
+// How one of them is reached.
+struct LocationAddress {
+  std::string name;
+  std::string phone;
+  std::string fax;
+  std::string line1;
+  std::string line2;
+  std::string place;  // "Springfield, IL 62701"
+};
+// Of the office's location with the lowest number; empty where it has none. Throws session::DatabaseError.
+LocationAddress FirstLocation(const Statements& statements);
+
 // Where a patient is shown besides his primary location, or a login may be used. All throw session::DatabaseError.
 class GrantedLocations {
  public:

@@ -4,19 +4,11 @@
 #include <cerrno>
 #include <system_error>
 
+#include "editing/data_files.h"
 #include "editing/rules.h"
 
 namespace editing {
 namespace {
-
-std::filesystem::path PathOf(std::string_view utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-std::string TextOf(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
 
 std::error_code LastError() {
   return {errno, std::generic_category()};

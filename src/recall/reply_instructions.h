@@ -8,9 +8,12 @@
 
 namespace recall {
 
-// How the receiver of a text message or an e-mail replies to it, with variables: the office's setting
-// "TEXT_INSTRUCTIONS" or "EMAIL_INSTRUCTIONS" in `kReminderSection`, which is plain text; where it is not set, a
-// confirmation carries its link and a reminder the office's phone. Empty for other methods.
+// The office's settings with its own instructions, plain text, in `kReminderSection`.
+inline constexpr std::string_view kTextInstructions = "TEXT_INSTRUCTIONS";
+inline constexpr std::string_view kEmailInstructions = "EMAIL_INSTRUCTIONS";
+
+// How the receiver of a text message or an e-mail replies to it, plain text with variables. Where the office has not
+// set it, a confirmation carries its link, and a recall and a reminder the office's phone. Empty for other methods.
 std::string ReplyInstructions(const session::Settings& settings, data::ReminderKind kind, data::ContactMethod method);
 
 // The message with the instructions on a line of their own behind it, once; HTML for an e-mail.

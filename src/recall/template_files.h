@@ -30,9 +30,8 @@ class TemplateFiles {
   // Whole or not at all. Throws editing::Refusal with the reason.
   void Write(std::string_view name, std::string_view text) const;
 
-  // Those of the folders "{...}" below it, by name.
+  // Those of the folders "{...}" below it, by name; of two of one name the first.
   std::vector<PredefinedTemplate> Predefined() const;
-  // Of two of one name the first.
   std::optional<std::string> ReadPredefined(std::string_view name) const;
 
   // What a stored message says: the text of the template that it names or marks, otherwise its own, which stays where
@@ -43,8 +42,7 @@ class TemplateFiles {
   struct Found;
   std::vector<Found> FindPredefined() const;
 
-  std::filesystem::path data_folder_;  // empty where the session has none
-  std::filesystem::path folder_;
+  std::filesystem::path folder_;  // empty where the session has no data folder
 };
 
 }  // namespace recall

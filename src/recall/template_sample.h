@@ -9,14 +9,19 @@
 
 namespace recall {
 
+// The office's name where it is not that of its first location, and its address of the web: office settings in
+// `kReminderSection`.
+inline constexpr std::string_view kOfficeName = "OFFICE_NAME";
+inline constexpr std::string_view kOfficeWebsite = "OFFICE_WEBSITE";
+
 // How a message may look when it is sent: to an invented patient, from the real office.
 class TemplateSample {
  public:
   struct Of {
     data::ReminderKind kind = data::ReminderKind::Recall;
     data::ContactMethod method = data::ContactMethod::TextMessage;
-    forms::PeriodCode stage = {};  // how long the message goes before its appointment, or its stage of a recall
-    forms::PeriodCode total = {};  // from the last visit to the stage
+    forms::PeriodCode stage = {};  // before the appointment or the day when a recall is due; negative behind it
+    forms::PeriodCode total = {};  // the period of the recall
   };
 
   // Reads what the office has. Throws session::DatabaseError.
