@@ -296,9 +296,11 @@ std::string AlignOf(const HtmlPiece& tag) {
 }
 
 std::string SafeLink(std::string_view link) {
-  std::string safe;
-  std::ranges::copy_if(Trim(link), std::back_inserter(safe),
-                       [](char c) { return static_cast<unsigned char>(c) > ' ' && c != '\x7F'; });
+  std::string shown;
+  // Blanks within stay: a template's variable has them.
+  std::ranges::copy_if(link, std::back_inserter(shown),
+                       [](char c) { return static_cast<unsigned char>(c) >= ' ' && c != '\x7F'; });
+  std::string safe(Trim(shown));
   constexpr std::array<std::string_view, 4> kKinds = {"http://", "https://", "mailto:", "tel:"};
   const std::string lower = ToLower(safe);
   return std::ranges::any_of(kKinds, [&lower](std::string_view kind) { return lower.starts_with(kind); }) ? safe : "";

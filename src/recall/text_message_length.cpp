@@ -24,14 +24,14 @@ std::size_t SeptetsOf(char32_t c) {
   return plain ? 1 : kExtension.find(c) != std::u32string_view::npos ? 2 : 0;
 }
 
-std::u32string WithPlainLineBreaks(std::u32string_view text) {
+std::u32string WithPlainLineBreaks(const std::u32string& text) {
   std::u32string plain;
+  char32_t before = 0;
   for (const char32_t c : text) {
-    if (c == U'\r') {
-      plain += U'\n';
-    } else if (c != U'\n' || plain.empty() || &c == text.data() || *(&c - 1) != U'\r') {
-      plain += c;
+    if (c != U'\n' || before != U'\r') {
+      plain += c == U'\r' ? U'\n' : c;
     }
+    before = c;
   }
   return plain;
 }
