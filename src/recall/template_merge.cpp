@@ -14,11 +14,22 @@ std::string Said(std::string value, bool html) {
   if (!html) {
     return value;
   }
-  std::string lines;
+  std::string safe;
   for (const char c : forms::EscapedHtml(value)) {
-    lines += c == '\n' ? "<br>" : std::string(c == '\r' ? 0 : 1, c);
+    switch (c) {
+      case '\'':  // an attribute may stand between them
+        safe += "&#39;";
+        break;
+      case '\n':
+        safe += "<br>";
+        break;
+      case '\r':
+        break;
+      default:
+        safe += c;
+    }
   }
-  return lines;
+  return safe;
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ bool CanBeMarked(std::string_view name) {
 
 // As it is listed, from its title and its file.
 std::string ListedName(std::string_view title, std::string_view file) {
-  return std::string(CanBeMarked(title) ? title : file.substr(0, file.rfind('.')));
+  return std::string(CanBeMarked(title) ? title : forms::Trim(file.substr(0, file.rfind('.'))));
 }
 
 }  // namespace
