@@ -11,7 +11,7 @@ namespace recall {
 inline constexpr std::string_view kConfirmationLink = "{Appointment Confirmation Link}";
 
 // The office setting with the address of the service that takes confirmations, "https://HOST".
-inline constexpr std::string_view kReminderSection = "EREMINDERS";
+inline constexpr std::string_view kReminderSection = "REMINDERS";
 inline constexpr std::string_view kConfirmationAddress = "CONFIRMATION_ADDRESS";
 
 // Without a slash at the end; empty when it is not set or no address of the web.

@@ -11,6 +11,9 @@ namespace {
 using data::ContactMethod;
 using data::ReminderKind;
 
+constexpr std::string_view kSpanishWish =
+    "En nombre de todos en la officina queremos deciarle un Feliz Cumpleanos!!! Y Que tenga un maravilloso dia.";
+
 std::string AppointmentText(bool english) {
   return english ? "{Patient Full Name} has an appointment scheduled with {Provider Title} {Provider Last Name} on "
                    "{Appointment Date} at {Appointment Time}. "
@@ -28,8 +31,8 @@ std::string RecallText(bool english) {
 std::string BirthdayText(bool english) {
   return english ? "Dear {Patient First Name},\r\nOn behalf of everyone at our office we want to wish you a very HAPPY "
                    "BIRTHDAY!! Have a wonderful day.\r\nDr. {Provider Full Name} and staff"
-                 : "Estimado {Patient First Name},\r\nEn nombre de todos en la officina queremos deciarle un Feliz "
-                   "Cumpleanos!!! Y Que tenga un maravilloso dia.\r\nDr. {Provider Full Name} y personal";
+                 : "Estimado {Patient First Name},\r\n" + std::string(kSpanishWish) +
+                       "\r\nDr. {Provider Full Name} y personal";
 }
 
 std::string Document(std::initializer_list<std::string_view> paragraphs) {
@@ -43,15 +46,12 @@ std::string Document(std::initializer_list<std::string_view> paragraphs) {
 }
 
 std::string BirthdayEmail(bool english) {
-  return english ? Document({"Dear {Patient First Name}",
-                             "On behalf of everyone at our office we want to wish you a very HAPPY BIRTHDAY!! It is "
-                             "during occasions such as this that we have an opportunity to let you know you are "
-                             "special to us.",
-                             "Have a wonderful birthday!", "Sincerely,", "Dr. {Provider Full Name} and staff"})
-                 : Document({"Estimado {Patient First Name},",
-                             "En nombre de todos en la officina queremos deciarle un Feliz Cumpleanos!!! Y Que tenga "
-                             "un maravilloso dia.",
-                             "Dr. {Provider Full Name} y personal"});
+  constexpr std::string_view kSpecial =
+      "On behalf of everyone at our office we want to wish you a very HAPPY BIRTHDAY!! It is during occasions such as "
+      "this that we have an opportunity to let you know you are special to us.";
+  return english ? Document({"Dear {Patient First Name}", kSpecial, "Have a wonderful birthday!", "Sincerely,",
+                             "Dr. {Provider Full Name} and staff"})
+                 : Document({"Estimado {Patient First Name},", kSpanishWish, "Dr. {Provider Full Name} y personal"});
 }
 
 std::string LetterFile(ReminderKind kind) {

@@ -42,11 +42,13 @@ std::string ReplyInstructions(const session::Settings& settings, data::ReminderK
 
 std::string WithInstructions(std::string message, std::string_view instructions, data::ContactMethod method) {
   const bool html = method == data::ContactMethod::Email;
-  const std::string added = html ? forms::WriteHtml(forms::FromPlainText(instructions)) : std::string(instructions);
-  if (message.empty() || added.empty() || message.find(added) != std::string::npos) {
+  const std::string added =
+      html ? forms::WriteHtml(forms::FromPlainText(instructions)) : "\r\n" + std::string(instructions);
+  const bool has_them = html ? message.find(added) != std::string::npos : message.ends_with(added);
+  if (message.empty() || instructions.empty() || has_them) {
     return message;
   }
-  return html ? message.insert(EndOfBody(message), added) : message + "\r\n" + added;
+  return message.insert(html ? EndOfBody(message) : message.size(), added);
 }
 
 }  // namespace recall

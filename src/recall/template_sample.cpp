@@ -12,7 +12,6 @@
 namespace recall {
 namespace {
 
-using data::ContactMethod;
 using data::ReminderKind;
 
 // Where the office has no service yet.
