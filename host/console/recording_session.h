@@ -42,8 +42,10 @@ class RecordingSession : public HostSession {
     return secrets_.emplace_back(*HostSession::StorablePassword(password));
   }
   bool StartProgram(const std::string& command_line) override {
-    recordings_.started.push_back(command_line);
-    return true;
+    if (starts_programs) {
+      recordings_.started.push_back(command_line);
+    }
+    return starts_programs;
   }
   bool SendReminder(const session::ReminderMessage& message) override {
     if (takes_messages) {
@@ -55,6 +57,7 @@ class RecordingSession : public HostSession {
   }
 
   bool takes_messages = true;
+  bool starts_programs = true;
 
  private:
   Recordings& recordings_;

@@ -117,13 +117,21 @@ void AnswerEvent(Interpreter& interpreter, StepWords& words) {
   }
 }
 
-void SetSending(Interpreter& interpreter, StepWords& words) {
+bool TakeWorks(StepWords& words) {
   const std::string how = words.Take("works or fails");
   words.End();
   if (how != "works" && how != "fails") {
-    Fail("sending works or fails");
+    Fail("it works or fails");
   }
-  interpreter.World().Session().takes_messages = how == "works";
+  return how == "works";
+}
+
+void SetSending(Interpreter& interpreter, StepWords& words) {
+  interpreter.World().Session().takes_messages = TakeWorks(words);
+}
+
+void SetStarting(Interpreter& interpreter, StepWords& words) {
+  interpreter.World().Session().starts_programs = TakeWorks(words);
 }
 
 forms::Currency Amount(const std::string& text) {
@@ -167,6 +175,7 @@ constexpr std::array kSteps = {
     Step{"held", StepKind::SetUp, "TABLE ID [silent]", "another user holds the record, at work or silent", Hold},
     Step{"handler", StepKind::SetUp, "EVENT NAME=VALUE", "what the host answers to the event from now on", AnswerEvent},
     Step{"sending", StepKind::SetUp, "works|fails", "whether the reminder service takes messages", SetSending},
+    Step{"starting", StepKind::SetUp, "works|fails", "whether programs can be started", SetStarting},
     Step{"account", StepKind::SetUp, "PID balance=AMOUNT [plan-balance=AMOUNT] [plan=own|family]",
          "the figures of a person's account", SetAccount},
 };

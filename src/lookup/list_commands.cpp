@@ -3,6 +3,7 @@
 #include <array>
 
 #include "lookup/delete_person.h"
+#include "lookup/delete_recall.h"
 #include "lookup/delete_shared_record.h"
 #include "lookup/list_catalogue.h"
 
@@ -30,7 +31,7 @@ constexpr std::array<ListCommands, kListKinds> kCommands = {{
     {"employer", RecordKind::Employer, DeleteEmployer, !kPatients, kEnvelopes},
     {"group plan", RecordKind::GroupPlan, DeleteGroupPlan},
     {"insurance group"},
-    {"recall", RecordKind::RecallMaster},
+    {"recall", RecordKind::RecallMaster, DeleteRecall},
     {"pharmacy", RecordKind::Pharmacy, DeletePharmacy, !kPatients, kEnvelopes},
     {"managed care plan"},
 }};
