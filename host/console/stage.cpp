@@ -82,13 +82,13 @@ Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::Use
              const SessionPath& to_screens)
     : practice_(std::move(practice)),
       clock_(clock),
-      session_(
-          std::make_shared<RecordingSession>(practice_, practice_.Office(), LoginRights(std::string(kFirstUser)),
-                                             Surroundings{.clock = [this] { return clock_ ? *clock_ : LocalNow(); },
-                                                          .data_folder = folder_.Path().string(),
-                                                          .program_folder = (folder_.Path() / "PROGRAMS").string(),
-                                                          .start_program = [](const std::string&) { return true; }},
-                                             recordings)),
+      session_(std::make_shared<RecordingSession>(
+          practice_, practice_.Office(), LoginRights(std::string(kFirstUser)),
+          Surroundings{.clock = [this] { return clock_ ? *clock_ : LocalNow(); },
+                       .data_folder = folder_.Path().string(),
+                       .program_folder = (folder_.Path() / "PROGRAMS").string(),
+                       .start_program = [](OfficeDatabase&, const std::string&) { return true; }},
+          recordings)),
       screens_session_(to_screens ? to_screens(session_) : session_),
       another_(session_->Office(), std::string(kAnotherUser), AnotherProcess()),
       silent_(session_->Office(), std::string(kAnotherUser), ProcessElsewhere(),

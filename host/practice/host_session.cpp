@@ -2,12 +2,16 @@
 
 #include "practice/accounts.h"
 #include "practice/practice_log.h"
+#include "practice/programs.h"
 #include "practice/settings.h"
 
 namespace host {
 
-Surroundings ThisMachine(std::string data_folder, std::string program_folder) {
-  return {LocalNow, std::move(data_folder), std::move(program_folder), StartProcess};
+Surroundings ThisMachine(const std::string& data_folder, const std::string& program_folder) {
+  return {LocalNow, data_folder, program_folder,
+          [programs = Programs(data_folder, program_folder)](OfficeDatabase& office, const std::string& command_line) {
+            return programs.Start(office, command_line);
+          }};
 }
 
 HostSession::HostSession(Practice& practice, std::int32_t office, LoginRights user, Surroundings surroundings)
@@ -31,6 +35,11 @@ session::Connection& HostSession::Connection() {
   author_.name = user_.Name();
   practice_.Database().write_as(&author_);
   return database_.Connection();
+}
+
+bool HostSession::StartProgram(const std::string& command_line) {
+  Connection();  // what the program writes is this user's
+  return surroundings_.start_program(database_, command_line);
 }
 
 std::string HostSession::OfficeSetting(std::string_view section, std::string_view key) const {

@@ -19,12 +19,12 @@ struct Surroundings {
   std::function<forms::DateTime()> clock;
   std::string data_folder;
   std::string program_folder;
-  std::function<bool(const std::string& command_line)> start_program;
+  std::function<bool(OfficeDatabase& office, const std::string& command_line)> start_program;
   std::function<bool(const session::ReminderMessage&)> send_reminder = {};  // none: no message is taken
   std::function<bool()> show_reminder_options = {};                         // none: there is nothing to show
 };
-// The machine's clock and programs.
-Surroundings ThisMachine(std::string data_folder, std::string program_folder);
+// The machine's clock, and the suite's programs as it has them.
+Surroundings ThisMachine(const std::string& data_folder, const std::string& program_folder);
 
 struct HandOff {
   std::string id_column;
@@ -90,7 +90,7 @@ class HostSession : public session::Session {
   forms::DateTime Now() const override { return surroundings_.clock(); }
   std::string DataFolder() const override { return surroundings_.data_folder; }
   std::string ProgramFolder() const override { return surroundings_.program_folder; }
-  bool StartProgram(const std::string& command_line) override { return surroundings_.start_program(command_line); }
+  bool StartProgram(const std::string& command_line) override;
 
   bool SendReminder(const session::ReminderMessage& message) override {
     return surroundings_.send_reminder && surroundings_.send_reminder(message);

@@ -32,9 +32,10 @@ inline std::chrono::sys_seconds UtcNow() {
   return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
 }
 
-// Starts a program and does not wait for it; words of the command line in double quotes keep their blanks. False when
-// it could not be started.
-bool StartProcess(const std::string& command_line);
+// Starts a program with its arguments, past any shell, and does not wait for it. False when it could not be started.
+bool StartProcess(const std::vector<std::string>& words);
+// Opens an RTF file in what this machine opens such files with. False when there is nothing.
+bool OpenLetter(const std::string& file);
 
 // What main was given, without the program's own name, as UTF-8.
 std::vector<std::string> ProgramArguments(int count, char** words);

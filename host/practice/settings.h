@@ -17,10 +17,12 @@ inline constexpr std::string_view kWorkStart = "OFF_WOR_STA";
 inline constexpr std::string_view kWorkEnd = "OFF_WOR_END";
 
 // The desk's own settings of an office: after how many idle minutes it locks itself, "0" for never; what its login says
-// below the name.
+// below the name; the command line of the word processor that letters are edited in, to which the letter is added, or
+// empty for the machine's own.
 inline constexpr std::string_view kDeskSection = "DESK";
 inline constexpr std::string_view kLockMinutes = "LOCK_MINUTES";
 inline constexpr std::string_view kLoginHint = "LOGIN_HINT";
+inline constexpr std::string_view kWordProcessor = "WORD_PROCESSOR";
 
 // Options belong to a login name. Sections and keys are compared without regard to case. An absent one is empty.
 std::string ReadOfficeSetting(session::Database& database, std::string_view section, std::string_view key);

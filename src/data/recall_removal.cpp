@@ -22,8 +22,9 @@ Sql ContactOrders(const Statements& statements, std::int32_t recall, const sessi
 
 Sql StageTexts(const Statements& statements, std::int32_t recall) {
   return "select rmtID from ReminderMessageTable inner join emsTable on rmtLinID=emsID" +
-         statements.OfficeJoin(" and ReminderMessageTable.OfficeID=emsTable.OfficeID") + " where emsLinTyp=" +
-         LinksToRecalls() + " and emsLinID=" + Literal(recall) + statements.Office(" AND (emsTable.OfficeID=", ")");
+         statements.OfficeJoin(" and ReminderMessageTable.OfficeID=emsTable.OfficeID") +
+         " where emsLinTyp=" + LinksToRecalls() + " and emsLinID=" + Literal(recall) +
+         statements.Office(" AND (emsTable.OfficeID=", ")");
 }
 
 Sql Stages(const Statements& statements, std::int32_t recall) {
@@ -51,8 +52,8 @@ bool RemoveRecallMaster(session::Database& database, std::int32_t recall) {
 
 std::int32_t PatientsOfRecall(session::Database& database, std::int32_t recall) {
   const Statements statements(database);
-  return session::ToId(statements.SelectValue("select count(rRecNum) from RECTABLE where rRCRecNum=" +
-                                              Literal(recall) + statements.Office()));
+  return session::ToId(statements.SelectValue("select count(rRecNum) from RECTABLE where rRCRecNum=" + Literal(recall) +
+                                              statements.Office()));
 }
 
 }  // namespace data

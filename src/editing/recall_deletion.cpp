@@ -66,9 +66,10 @@ class RecallDeletion : private Rules {
     const forms::WaitText wait(context_.user, " Checking Recall, Please Wait... ");
     const std::int32_t patients = data::PatientsOfRecall(context_.session, id_);
     if (!StartRecallUtility(context_.session, id_)) {
-      throw Refusal("The recall was deleted, but the recall utility FXRECALL.EXE could not be started. Until it has "
-                    "run for recall " +
-                    std::to_string(id_) + ", " + std::to_string(patients) + " patient(s) keep this recall.");
+      throw Refusal(
+          "The recall was deleted, but the recall utility FXRECALL.EXE could not be started. Until it has "
+          "run for recall " +
+          std::to_string(id_) + ", " + std::to_string(patients) + " patient(s) keep this recall.");
     }
   }
 

@@ -275,7 +275,8 @@ TEST(SessionRoundTrip, PassesOnWhatNoScenarioReaches) {
                       {.clock = [] { return *forms::ParseIso("2026-11-21 09:00:01"); },
                        .data_folder = "C:\\Daten \xC3\xA9",
                        .program_folder = "C:\\Programs",
-                       .start_program = [&](const std::string& line) { return started.assign(line) != "refused"; },
+                       .start_program = [&](host::OfficeDatabase&,
+                                            const std::string& line) { return started.assign(line) != "refused"; },
                        .send_reminder =
                            [&](const session::ReminderMessage& message) {
                              sent = message;

@@ -16,7 +16,7 @@ inline host::Surroundings StandingStill() {
   return {.clock = [] { return forms::AtMidnight(year(2026) / 11 / 21); },
           .data_folder = {},
           .program_folder = {},
-          .start_program = [](const std::string&) { return false; }};
+          .start_program = [](host::OfficeDatabase&, const std::string&) { return false; }};
 }
 
 // Lets a test hear of every statement before it is prepared, of every call for a lock, and of every entry for a log,

@@ -8,6 +8,7 @@
 #include "console/demo_command.h"
 #include "console/describe_command.h"
 #include "console/log_command.h"
+#include "console/recall_command.h"
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
 #include "console/temporary_folder.h"
@@ -29,7 +30,9 @@ constexpr const char* kUsage =
     "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
     "                                          who changed what and when, and who logged in\n"
     "practice_console check --database URL [--mend]\n"
-    "                                          what a killed program left half replaced or deleted; takes it back\n";
+    "                                          what a killed program left half replaced or deleted; takes it back\n"
+    "practice_console recall --database URL [--office N] --id N\n"
+    "                                          works out the due dates of a recall's patients\n";
 
 class UsageError {};
 
@@ -133,6 +136,29 @@ int CheckPractice(Words& words) {
   return host::RunCheck(url, mend, std::cout) ? 0 : 1;
 }
 
+int RefreshOneRecall(Words& words) {
+  std::string url;
+  std::optional<std::int32_t> office;
+  std::optional<std::int32_t> recall;
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--database") {
+      url = words.Take();
+    } else if (option == "--office") {
+      office = words.TakeNumber();
+    } else if (option == "--id") {
+      recall = words.TakeNumber();
+    } else {
+      throw UsageError();
+    }
+  }
+  if (url.empty() || !recall) {
+    throw UsageError();
+  }
+  host::RunRecall(url, office, *recall, std::cout);
+  return 0;
+}
+
 int RunFiles(Words& words) {
   host::RunOptions options;
   std::vector<std::string> files;
@@ -182,6 +208,9 @@ int RunCommand(Words& words) {
   }
   if (command == "check") {
     return CheckPractice(words);
+  }
+  if (command == "recall") {
+    return RefreshOneRecall(words);
   }
   if (command == "--database") {
     const std::string url = words.Take();

@@ -54,28 +54,6 @@ std::string MachineName() {
   return gethostname(name.data(), name.size() - 1) == 0 ? std::string(name.data()) : std::string();
 }
 
-std::vector<std::string> SplitWords(std::string_view line) {
-  std::vector<std::string> words;
-  bool in_word = false;
-  bool quoted = false;
-  for (const char c : line) {
-    if (c == ' ' && !quoted) {
-      in_word = false;
-      continue;
-    }
-    if (!in_word) {
-      words.emplace_back();
-      in_word = true;
-    }
-    if (c == '"') {
-      quoted = !quoted;
-    } else {
-      words.back() += c;
-    }
-  }
-  return words;
-}
-
 }  // namespace
 
 ProcessIdentity ThisProcess() {
@@ -95,14 +73,14 @@ ProcessState StateOf(const ProcessIdentity& process) {
   return there ? ProcessState::Runs : ProcessState::Ended;
 }
 
-bool StartProcess(const std::string& command_line) {
-  auto words = SplitWords(command_line);
+bool StartProcess(const std::vector<std::string>& words) {
   if (words.empty()) {
     return false;
   }
+  std::vector<std::string> kept = words;
   std::vector<char*> arguments;
-  arguments.reserve(words.size() + 1);
-  for (auto& word : words) {
+  arguments.reserve(kept.size() + 1);
+  for (auto& word : kept) {
     arguments.push_back(word.data());
   }
   arguments.push_back(nullptr);
@@ -112,6 +90,11 @@ bool StartProcess(const std::string& command_line) {
   }
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
   return true;
+}
+
+bool OpenLetter(const std::string& file) {
+  return StartProcess({"libreoffice", "--writer", file}) || StartProcess({"abiword", file}) ||
+         StartProcess({"xdg-open", file});
 }
 
 forms::DateTime LocalNow() {

@@ -51,6 +51,23 @@ std::string MachineName() {
   return GetComputerNameW(name.data(), &size) ? ToUtf8({name.data(), size}) : std::string();
 }
 
+// As programs read it back: a quote, and backslashes before one or at the end, have a backslash before them.
+std::wstring Quoted(const std::wstring& word) {
+  if (!word.empty() && word.find_first_of(L" \t\n\v\"") == std::wstring::npos) {
+    return word;
+  }
+  std::wstring quoted = L"\"";
+  std::size_t slashes = 0;
+  for (const wchar_t c : word) {
+    if (c == L'"') {
+      quoted.append(slashes + 1, L'\\');
+    }
+    slashes = c == L'\\' ? slashes + 1 : 0;
+    quoted += c;
+  }
+  return quoted.append(slashes, L'\\') + L"\"";
+}
+
 }  // namespace
 
 ProcessIdentity ThisProcess() {
@@ -71,17 +88,27 @@ ProcessState StateOf(const ProcessIdentity& process) {
   return runs ? ProcessState::Runs : ProcessState::Ended;
 }
 
-bool StartProcess(const std::string& command_line) {
+bool StartProcess(const std::vector<std::string>& words) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  std::wstring line = ToWide(command_line);
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+  std::wstring line;
+  for (const std::string& word : words) {
+    line += (line.empty() ? L"" : L" ") + Quoted(ToWide(word));
+  }
+  if (words.empty() ||
+      !CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
     return false;
   }
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
   return true;
+}
+
+bool OpenLetter(const std::string& file) {
+  constexpr std::intptr_t kMostErrors = 32;
+  const HINSTANCE opened = ShellExecuteW(nullptr, L"open", ToWide(file).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  return reinterpret_cast<std::intptr_t>(opened) > kMostErrors;
 }
 
 forms::DateTime LocalNow() {

@@ -73,6 +73,7 @@ TEST(ScenarioRunner, WrongChecksFail) {
                                           "person-type pTypPat",
                                           "sent Letter ~ *",
                                           "sending slowly",
+                                          "starting slowly",
                                           "handler CheckEvent bCancel=True",
                                           "handler CheckEvent bHandled=perhaps",
                                           "new Host Second",

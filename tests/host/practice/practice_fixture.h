@@ -13,7 +13,8 @@ inline constexpr forms::DateTime kTestClock =
     std::chrono::local_days(std::chrono::year(2026) / 11 / 21) + std::chrono::hours(14) + std::chrono::minutes(5);
 
 inline Surroundings StandingStill() {
-  return {[] { return kTestClock; }, "data", "programs", [](const std::string&) { return true; }};
+  return {[] { return kTestClock; }, "data", "programs",
+          [](host::OfficeDatabase&, const std::string&) { return true; }};
 }
 
 // The first column of the first row.
