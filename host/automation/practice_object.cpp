@@ -6,6 +6,7 @@
 #include "database/database.h"
 #include "database/file_path.h"
 #include "practice/demo.h"
+#include "practice/demo_files.h"
 #include "practice/host_session.h"
 
 namespace host {
@@ -64,8 +65,12 @@ void PracticeObject::OpenDemo(const CallArguments& arguments) {
   if (IsGiven(arguments, 1)) {
     options.patients = arguments.Int(1);
   }
-  practice_ = std::make_shared<Practice>(IsVacant(url) ? MakeDemo(url, options) : Practice(url));
+  const bool is_new = IsVacant(url);
+  practice_ = std::make_shared<Practice>(is_new ? MakeDemo(url, options) : Practice(url));
   data_folder_ = DataFolderOf(url);
+  if (is_new) {
+    WriteDemoFiles(data_folder_);
+  }
 }
 
 Variant PracticeObject::LogIn(const CallArguments& arguments) const {

@@ -1,8 +1,11 @@
 #include "console/demo_command.h"
 
 #include <array>
+#include <filesystem>
 #include <iomanip>
 
+#include "database/file_path.h"
+#include "practice/demo_files.h"
 #include "session/value.h"
 
 namespace host {
@@ -29,15 +32,27 @@ constexpr std::array kKinds = {
     Kind{"coverages", "CovTable"},
     Kind{"recall masters", "RSTable"},
     Kind{"recalls", "RecTable"},
+    Kind{"contact orders", "eBusContactSequence WHERE ebcSeq = 1"},
+    Kind{"appointments", "ApTable"},
     Kind{"transactions", "DTTable"},
     Kind{"places", "ZipCodTable"},
 };
+
+// What a practice in memory would have in its data folder goes with it.
+void WriteFilesBeside(const std::string& url) {
+  const std::string file = url.substr(url.find(':') + 1);
+  if (file != ":memory:") {
+    const std::u8string folder = std::filesystem::absolute(FilePath(file)).parent_path().u8string();
+    WriteDemoFiles({folder.begin(), folder.end()});
+  }
+}
 
 }  // namespace
 
 void RunDemo(const std::string& url, const DemoOptions& options, std::ostream& output) {
   Practice practice = MakeDemo(url, options);
   OfficeDatabase office(practice, practice.Office());
+  WriteFilesBeside(url);
   output << "A demo practice at " << url << "\n";
   for (const Kind& kind : kKinds) {
     const auto count = office.Connection().Execute(

@@ -33,6 +33,8 @@ PracticeLine ReadPracticeLine(StepWords& words, std::string engine) {
       line.engine = words.Take("an engine");
     } else if (words.TakeKeyword("row-guids")) {
       line.options.row_guids = true;
+    } else if (words.TakeKeyword("files")) {
+      line.files = true;
     } else {
       Fail("a practice has no " + words.Take("an option"));
     }

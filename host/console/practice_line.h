@@ -17,6 +17,7 @@ bool IsEngine(std::string_view name);
 // What a `practice` line asks for.
 struct PracticeLine {
   bool demo = false;
+  bool files = false;  // with the letters and templates of a demo practice in the data folder
   std::string engine{kSqlite};
   PracticeOptions options = {};
 };

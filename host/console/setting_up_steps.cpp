@@ -6,16 +6,21 @@
 #include "console/step_failure.h"
 #include "console/steps.h"
 #include "practice/accounts.h"
+#include "practice/demo_files.h"
 #include "session/value.h"
 
 namespace host {
 namespace {
 
 void SetPractice(Interpreter& interpreter, StepWords& words) {
-  Practice practice = MakePractice(ReadPracticeLine(words, interpreter.Engine));
+  const PracticeLine line = ReadPracticeLine(words, interpreter.Engine);
+  Practice practice = MakePractice(line);
   interpreter.SetWorld(nullptr);  // the old one goes before the new one takes its place in the component's slots
   interpreter.SetWorld(std::make_unique<Stage>(std::move(practice), FirstClock(), interpreter.Person(),
                                                interpreter.Heard(), interpreter.ToScreens));
+  if (line.files) {
+    WriteDemoFiles(interpreter.World().Session().DataFolder());
+  }
 }
 
 void SetOffice(Interpreter& interpreter, StepWords& words) {
@@ -161,7 +166,7 @@ void SetAccount(Interpreter& interpreter, StepWords& words) {
 }
 
 constexpr std::array kSteps = {
-    Step{"practice", StepKind::SetUp, "empty|demo [kind N] [office N] [offices N] [engine E] [row-guids]",
+    Step{"practice", StepKind::SetUp, "empty|demo [kind N] [office N] [offices N] [engine E] [row-guids] [files]",
          "a fresh practice", SetPractice},
     Step{"office", StepKind::SetUp, "N", "the office of the session from here on", SetOffice},
     Step{"user", StepKind::SetUp, "NAME [supervisor]", "who is logged in", SetUser},

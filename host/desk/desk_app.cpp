@@ -4,6 +4,7 @@
 
 #include "desk/main_frame.h"
 #include "practice/demo.h"
+#include "practice/demo_files.h"
 
 namespace host {
 
@@ -14,6 +15,7 @@ Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::
   }
   DemoOptions options;
   options.patients = patients;
+  WriteDemoFiles(folder);
   return MakeDemo(demo, options);
 }
 

@@ -36,7 +36,8 @@ Practice MakeDemo(const std::string& url, const DemoOptions& options) {
       records.staff = demo::MakeStaff(office, passwords, options.patients);
       const std::int32_t location = records.staff.locations.front();
       records.insurance = demo::MakeInsurance(office, options.patients, location);
-      records.recalls = demo::MakeRecallMasters(office, location);
+      records.reminder_kinds = demo::MakeReminderKinds(office);
+      records.recalls = demo::MakeRecallMasters(office, location, records.reminder_kinds);
       records.operatories = demo::MakeSchedule(office, records.staff);
       demo::MakeFamilies(office, records, options.patients);
     }

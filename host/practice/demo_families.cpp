@@ -6,6 +6,7 @@
 #include "practice/demo_coverages.h"
 #include "practice/demo_households.h"
 #include "practice/demo_schedule.h"
+#include "practice/recall_refresh.h"
 
 namespace host::demo {
 namespace {
@@ -42,6 +43,7 @@ class FamilyMaker {
       writer->Flush();
     }
     appointments_.Flush();
+    reminders_.Flush();
     coverages_.Finish();
   }
 
@@ -110,6 +112,7 @@ class FamilyMaker {
 
   void MakeHistory(const Member& member) {
     const int visited = chance_.Between(5, 900);
+    const RecallMaster* tracked = nullptr;
     if (chance_.Percent(80)) {
       const bool dependent = member.relation == Relation::Child || member.relation == Relation::Other;
       const std::size_t usual = dependent ? (member.age < kOfAge ? 1 : 0) : (chance_.Percent(85) ? 0 : 2);
@@ -117,8 +120,10 @@ class FamilyMaker {
       const auto provider = static_cast<std::size_t>(chance_.Below(records_.staff.providers.size()));
       recalls_.Row(member.id, recall.number, records_.staff.provider_names[provider],
                    records_.staff.providers[provider], office_.DaysAgo(visited),
-                   office_.DaysAgo(visited - 30 * recall.months));
+                   DueDate(office_.DaysAgo(visited), {recall.months, forms::PeriodUnit::Months}));
+      tracked = &recall;
     }
+    reminders_.Make(member.id, tracked);
     int owed = 0;
     const int visits = chance_.Below(4);
     for (int i = 0; i < visits; ++i) {
@@ -149,6 +154,7 @@ class FamilyMaker {
   TableWriter accounts_ = office_.Writer("AccountTable", "AccID, AccPid, AccBal, AccPlaBal, AccPla");
   CoverageMaker coverages_{office_, records_.insurance};
   AppointmentMaker appointments_{office_, records_.operatories};
+  ReminderMaker reminders_{office_, records_.reminder_kinds};
   HouseholdMaker households_{office_, records_.staff.locations};
   Person household_;  // what a family shares
   int size_ = 0;

@@ -14,12 +14,13 @@ namespace host::demo {
 struct OfficeRecords {
   Staff staff;
   Insurance insurance;
+  ReminderKinds reminder_kinds = {};
   std::vector<RecallMaster> recalls;
   std::vector<std::int32_t> operatories;
 };
 
 // Families of one to five until the office has its patients, with holdings, coverages, recalls, appointments,
-// transactions and accounts.
+// reminders, transactions and accounts.
 void MakeFamilies(DemoOffice& office, const OfficeRecords& records, std::int32_t patients);
 
 }  // namespace host::demo

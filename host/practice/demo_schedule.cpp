@@ -44,7 +44,7 @@ std::vector<std::int32_t> MakeSchedule(DemoOffice& office, const Staff& staff) {
 }
 
 void AppointmentMaker::Make(std::int32_t patient, std::int32_t provider) {
-  constexpr std::int32_t kEvery = 7;
+  constexpr std::int32_t kEvery = 3;
   constexpr int kAhead = 60;
   if (patient % kEvery != 0) {
     return;

@@ -11,7 +11,7 @@ namespace host::demo {
 // and one that is to start. Returns the operatories.
 std::vector<std::int32_t> MakeSchedule(DemoOffice& office, const Staff& staff);
 
-// The appointments to come of every seventh patient.
+// The appointments to come of every third patient.
 class AppointmentMaker {
  public:
   AppointmentMaker(DemoOffice& office, const std::vector<std::int32_t>& operatories)

@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "data/reminders.h"
 #include "host/practice/practice_fixture.h"
+#include "practice/demo_files.h"
 #include "practice/link_check.h"
 
 namespace host {
@@ -112,6 +118,27 @@ void ExpectSound(const Practice& practice) {
   none(
       "SELECT rRecNum FROM RecTable r WHERE NOT EXISTS "
       "(SELECT 1 FROM RSTable m WHERE m.RCRecNum=r.rRCRecNum AND m.OfficeID=r.OfficeID)");
+  // A recall's stages climb, and each has a text for every way to send it.
+  constexpr const char* kDays =
+      "SELECT *, emsPer * CASE emsPerTyp WHEN 'D' THEN 1 WHEN 'M' THEN 30 ELSE 365 END AS Days FROM emsTable WHERE "
+      "emsLinTyp=3";
+  none("SELECT 1 FROM (" + std::string(kDays) + ") s JOIN (" + kDays +
+       ") t ON t.emsLinID=s.emsLinID AND t.OfficeID=s.OfficeID AND t.emsSeq>s.emsSeq AND t.Days<s.Days");
+  none(
+      "SELECT emsID FROM emsTable s WHERE NOT EXISTS (SELECT 1 FROM ReminderMessageTable JOIN emmTable e ON "
+      "e.emmID=rmtEMMID AND emmAppDefTyp=1 WHERE rmtLinID=s.emsID AND e.OfficeID=s.OfficeID AND LENGTH(rmtLetFil)<=30 "
+      "AND rmtCarMes LIKE '<%' AND LENGTH(rmtTexMes)>0 AND rmtEMaMes LIKE '<%' AND LENGTH(rmtVoiMes)>0 AND "
+      "LENGTH(rmtVoiMesSpanish)>0)");
+  none("SELECT RCRecNum FROM RSTable WHERE LENGTH(RCDuePerMsg||RCCutOffMsg)=0 OR LENGTH(RCLatPer1Msg)>255");
+  // Orders are dense, and stand for a kind or a recall of their office.
+  none(
+      "SELECT ebcpID FROM eBusContactSequence WHERE ebcExc IS NULL GROUP BY OfficeID, ebcpID, ebcLinTyp, ebcLinID, "
+      "ebcPer HAVING MIN(ebcSeq)<>1 OR MAX(ebcSeq)<>COUNT(*)");
+  none(
+      "SELECT ebcID FROM eBusContactSequence c WHERE NOT EXISTS (SELECT 1 FROM emmTable e WHERE c.ebcLinTyp=1 AND "
+      "e.emmID=c.ebcLinID AND e.OfficeID=c.OfficeID) AND NOT EXISTS (SELECT 1 FROM RSTable r JOIN emsTable s ON "
+      "s.emsLinID=r.RCRecNum AND s.OfficeID=r.OfficeID WHERE c.ebcLinTyp=3 AND r.RCRecNum=c.ebcLinID AND "
+      "s.emsSeq=c.ebcPer AND r.OfficeID=c.OfficeID)");
 }
 
 TEST(Demo, AnOfficeHasWhatTheScreensNeed) {
@@ -139,15 +166,29 @@ TEST(Demo, ShowsWhatIsRare) {
       "p.pID=CovPatID WHERE CovFla=0 AND s.pFAMHEAIND<>p.pFAMHEAIND";
   const Practice practice = Make(1);
   for (const char* rare :
-       {"PATable WHERE pTypPat='1' AND pBIRDAT>='2025-11-20'", "PATable WHERE pBIRDAT<'1950-01-01'",
-        "CovTable WHERE CovRel=4", "PATable WHERE pTypEmp='0'", "PATable WHERE pCRECARNUM IS NOT NULL",
+       {"PATable WHERE pTypPat='1' AND pBIRDAT>='2025-11-20'",
+        "PATable WHERE pBIRDAT<'1950-01-01'",
+        "CovTable WHERE CovRel=4",
+        "PATable WHERE pTypEmp='0'",
+        "PATable WHERE pCRECARNUM IS NOT NULL",
         "PATable p JOIN PATable q ON p.pID<q.pID AND p.pLASNAM=q.pLASNAM AND p.pFIRNAM=q.pFIRNAM AND q.pBIRDAT IS NULL",
-        "PDLTable WHERE pdlShoInLoc=1", "TimTable JOIN AbsTable ON AbsTimID=TimID WHERE TimInDat>'2026-11-20'",
-        "CovTable WHERE CovFla=0 AND CovOrd=3", "PatEmpTable WHERE PatEmpFla=0 AND PatEmpOrd=2",
+        "PDLTable WHERE pdlShoInLoc=1",
+        "TimTable JOIN AbsTable ON AbsTimID=TimID WHERE TimInDat>'2026-11-20'",
+        "CovTable WHERE CovFla=0 AND CovOrd=3",
+        "PatEmpTable WHERE PatEmpFla=0 AND PatEmpOrd=2",
         "PATable JOIN CovTable ON CovPatID=pID WHERE pPriBal IS NOT NULL AND CovFla=0 AND CovRemBal IS NULL",
-        kElsewhere, "PatEmpTable JOIN ELTable ON elID=PatEmpElID WHERE PatEmpFla<>0 AND elFla<>0",
-        "(SELECT 1 FROM ELTable WHERE elFla=0 GROUP BY elEmpID HAVING COUNT(*)>12)", "InsCoTable WHERE epPayID=0",
-        "InsCoTable JOIN ePayerTable USING (epPayID)", "IPTable WHERE IPCodMod IS NOT NULL",
+        kElsewhere,
+        "PatEmpTable JOIN ELTable ON elID=PatEmpElID WHERE PatEmpFla<>0 AND elFla<>0",
+        "(SELECT 1 FROM ELTable WHERE elFla=0 GROUP BY elEmpID HAVING COUNT(*)>12)",
+        "InsCoTable WHERE epPayID=0",
+        "InsCoTable JOIN ePayerTable USING (epPayID)",
+        "IPTable WHERE IPCodMod IS NOT NULL",
+        "RSTable WHERE RCLatPer6<>''",
+        "eBusContactSequence WHERE ebcLinTyp=1 AND ebcSeq=2",
+        "eBusContactSequence WHERE ebcLinTyp=3 AND ebcPer>0",
+        "eBusContactSequence WHERE ebcExc>0",
+        "pNoteTable JOIN NoteTable ON nID=pNotNID WHERE pNotTyp='ERM'",
+        "ApTable WHERE APDat>'2027-01-15'",
         "PWATable a JOIN PWATable b USING (PWAPWMID, PWAAreOfPro) WHERE a.PWAWriFla<>b.PWAWriFla"}) {
     EXPECT_NE(Ask(practice, "SELECT COUNT(*) FROM " + std::string(rare)), "0") << rare;
   }
@@ -166,6 +207,36 @@ TEST(Demo, OnePlanOfEachTypeCoversEveryService) {
               services)
         << type;
   }
+}
+
+TEST(Demo, ItsFilesAreThoseThatItsRecallsName) {
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() / ("demo_test" + std::to_string(ThisProcess().number));
+  std::filesystem::create_directories(folder / "WP");
+  std::ofstream(folder / "WP" / "Birthday.rtf") << "mine";
+  WriteDemoFiles(folder.string());
+  const auto text_of = [&](std::string file) {
+    std::ranges::replace(file, '\\', '/');
+    std::ifstream stream(folder / file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+  };
+  EXPECT_EQ(text_of("WP/Birthday.rtf"), "mine");
+  const Practice practice = Make(1);
+  const auto letters = practice.Database().connection->Execute("SELECT DISTINCT rmtLetFil FROM ReminderMessageTable");
+  for (; !letters->Eof(); letters->MoveNext()) {
+    const std::string letter = text_of("WP/" + session::ToText(letters->Get(0)));
+    EXPECT_TRUE(letter.starts_with("{\\rtf1") && letter.ends_with("}\r\n")) << session::ToText(letters->Get(0));
+    EXPECT_NE(letter.find("\\{Patient Full Name\\}"), std::string::npos);
+  }
+  for (const data::ReminderKind kind : data::kReminderKinds) {
+    const std::string templates =
+        std::string(data::kTemplatesFolder) + "/" + std::string(TemplateFolderOf(kind)) + "/{Ready-made}/";
+    const std::string list = text_of(templates + "Parameters.ini");
+    EXPECT_TRUE(list.starts_with("[TAVO EMAIL TEMPLATE]\r\nFile="));
+    const std::size_t file = list.find('=') + 1;
+    EXPECT_NE(text_of(templates + list.substr(file, list.find('\r', file) - file)), "");
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST(Demo, NoLinkIsBroken) {
