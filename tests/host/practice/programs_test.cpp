@@ -25,7 +25,7 @@ class ProgramsTest : public testing::Test {
     Write(folder_ / "secret.RTF");
     Write(folder_ / "programs" / "OTHER.EXE");
   }
-  ~ProgramsTest() override { fs::remove_all(folder_); }
+  void TearDown() override { fs::remove_all(folder_); }
 
   static void Write(const fs::path& file) { std::ofstream(file) << "{\\rtf1}"; }
   bool Start(const std::string& line) { return programs_.Start(office_, line); }
