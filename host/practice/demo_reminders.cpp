@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/rich_text.h"
 #include "practice/demo_recalls.h"
 
 namespace host::demo {
@@ -69,7 +70,8 @@ void ReminderMaker::Make(std::int32_t patient, const RecallMaster* recall) {
     Exclude(patient);
   }
   if (patient % kNoteEvery == 6) {
-    const std::int32_t note = notes_.Row(chance_.OneOf(std::span<const std::string_view>(kNotes)));
+    const std::int32_t note =
+        notes_.Row(forms::WriteHtml(forms::FromPlainText(chance_.OneOf(std::span<const std::string_view>(kNotes)))));
     notes_of_patients_.Row(patient, note, kReminderNote, 0, office_.DaysAgo(chance_.Between(1, 400)));
   }
 }

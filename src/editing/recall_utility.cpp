@@ -1,16 +1,14 @@
 #include "editing/recall_utility.h"
 
-#include <filesystem>
 #include <string>
+
+#include "editing/data_files.h"
 
 namespace editing {
 
 bool StartRecallUtility(session::Machine& machine, std::int32_t recall) {
-  const std::string folder = machine.ProgramFolder();
-  const std::filesystem::path program =
-      std::filesystem::path(std::u8string(folder.begin(), folder.end())) / "FXRECALL.EXE";
-  const std::u8string path = program.u8string();
-  return machine.StartProgram("\"" + std::string(path.begin(), path.end()) + "\" /S /ID=" + std::to_string(recall));
+  const std::string program = TextOf(PathOf(machine.ProgramFolder()) / "FXRECALL.EXE");
+  return machine.StartProgram("\"" + program + "\" /S /ID=" + std::to_string(recall));
 }
 
 }  // namespace editing
