@@ -9,6 +9,7 @@
 #include "database/file_path.h"
 #include "desk/frmGallery_view.h"
 #include "desk/frmLogin_view.h"
+#include "desk/frmReminderOptions_view.h"
 
 namespace host {
 namespace {
@@ -48,6 +49,7 @@ void Desk::SetMainWindow(wxWindow* window) {
 views::ViewRegistry Desk::Views() {
   views::ViewRegistry registry = views::ViewRegistry::Standard();
   registry.Add<frmLogin>("frmLogin", LayOut_frmLogin);
+  registry.Add<frmReminderOptions>("frmReminderOptions", LayOut_frmReminderOptions);
   registry.Add<frmGallery>("frmGallery", LayOut_frmGallery);
   return registry;
 }
@@ -73,12 +75,25 @@ void Desk::AskForUser() {
   user_.Show(login);
 }
 
+Surroundings Desk::Here() {
+  const wxString program_folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
+  Surroundings here = ThisMachine(data_folder_, views::FromWx(program_folder));
+  here.send_reminder = [this](const session::ReminderMessage& message) { return sender_->Send(message); };
+  here.show_reminder_options = [this] { return ShowReminderOptions(); };
+  return here;
+}
+
+bool Desk::ShowReminderOptions() {
+  frmReminderOptions options(Context(), sender_->Problem());
+  user_.Show(options);
+  return true;
+}
+
 void Desk::Open(const LoginResult& login, std::int32_t office) {
   user_.SetPlaces(nullptr);
-  const wxString program_folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
-  auto session = std::make_shared<HostSession>(practice_, office, login.rights,
-                                               ThisMachine(data_folder_, views::FromWx(program_folder)));
+  auto session = std::make_shared<HostSession>(practice_, office, login.rights, Here());
   classes_->HandOver(session);
+  sender_ = std::make_unique<ReminderSender>(*session);
   session_ = std::move(session);
   user_.SetPlaces(session_.get());
 }

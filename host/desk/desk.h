@@ -8,6 +8,7 @@
 #include "desk/public_screens.h"
 #include "login/frmLogin.h"
 #include "practice/host_session.h"
+#include "reminders/reminder_sender.h"
 #include "views/wx_user.h"
 
 namespace host {
@@ -46,6 +47,10 @@ class Desk {
   PublicClasses& Classes() { return *classes_; }
 
  private:
+  // Of a session that sends its reminders.
+  Surroundings Here();
+  bool ShowReminderOptions();
+
   Practice practice_;
   std::string data_folder_;
   std::string share_folder_;
@@ -54,6 +59,7 @@ class Desk {
   std::unique_ptr<PublicClasses> classes_;
   PublicScreens screens_;
   std::shared_ptr<HostSession> session_;
+  std::unique_ptr<ReminderSender> sender_;
 };
 
 }  // namespace host

@@ -146,6 +146,17 @@ std::vector<Stop> Stops(Desk& desk) {
          frmLogin login = LoginOf(desk.OfPractice());
          desk.User().Show(login);
        }},
+      {"frmReminderOptions",
+       [&desk] {
+         using session::ReminderMessage;
+         HostSession& session = desk.Session();
+         session.SendReminder({ReminderMessage::Method::Email, "sara.lopez@patients.example", "Your recall",
+                               "<p>Sara Lopez, it's time for Prophylaxis with Dr. Miles.</p>"});
+         session.SendReminder({ReminderMessage::Method::TextMessage, "5125550142", "",
+                               "Sara Lopez has an appointment scheduled with Dr. Miles on 11-23-2026 at 9:00 am."});
+         session.SendReminder({ReminderMessage::Method::Email, "nobody", "", ""});
+         session.ShowReminderOptions();
+       }},
       {"patScreen_SM", open_form("patScreen_SM", {{"pID", patient}})},
       {"patScreen_SM-new",
        open_form("patScreen_SM", {{"Mode", "NEW"}, {"TypedName", "Smith, John"}, {"ShowSaveNBookAppt", "True"}})},

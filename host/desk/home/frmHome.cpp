@@ -347,6 +347,12 @@ void frmHome::Call(std::string_view method) {
   Refresh();
 }
 
+void frmHome::ShowReminderOptions() {
+  if (!context_.session.ShowReminderOptions()) {
+    Tell("Reminder Sending: cannot be shown here");
+  }
+}
+
 void frmHome::ShowOpenedLast() {
   txtSearch.Text = std::string();
   search_due_ = true;

@@ -79,6 +79,7 @@ class frmHome : public forms::Form, private editing::Rules {
   // The coverage that plans start from.
   void ShowGlobalPlan();
   void Call(std::string_view method);
+  void ShowReminderOptions();
   void ShowOpenedLast();
   // Reads everything anew.
   void Refresh();

@@ -1,0 +1,72 @@
+#include "desk/frmReminderOptions_view.h"
+
+#include <wx/sizer.h>
+
+#include "views/button_binders.h"
+#include "views/choice_binders.h"
+#include "views/field_group.h"
+#include "views/grid_binder.h"
+#include "views/text_binders.h"
+
+namespace host {
+namespace {
+
+constexpr int kFieldWidth = 30;
+constexpr int kTextWidth = 450;
+
+void AddField(views::FieldGroup& group, frmReminderOptions& form, frmReminderOptions::Option option) {
+  wxWindow* caption = views::MakeCaption(group.Box(), form.lblOption[option]);
+  group.Row(caption, {views::MakeTextBox(group.Box(), form.txtOption[option], kFieldWidth)});
+}
+
+wxSizer* MailGroup(wxWindow* parent, frmReminderOptions& form) {
+  views::FieldGroup group(parent, "E-mails");
+  group.Row(nullptr, {views::MakeLabel(group.Box(), form.lblMail)});
+  AddField(group, form, frmReminderOptions::kServer);
+  wxWindow* security = views::MakeCaption(group.Box(), form.lblSecurity);
+  group.Row(security, {views::MakeComboBox(group.Box(), form.cboSecurity, 20)});
+  for (const auto option : {frmReminderOptions::kPort, frmReminderOptions::kUser, frmReminderOptions::kPassword,
+                            frmReminderOptions::kSender, frmReminderOptions::kSenderName}) {
+    AddField(group, form, option);
+  }
+  return group.Sizer();
+}
+
+wxSizer* TextGroup(wxWindow* parent, frmReminderOptions& form) {
+  views::FieldGroup group(parent, "Text messages");
+  group.Row(nullptr, {views::MakeLabel(group.Box(), form.lblText)});
+  AddField(group, form, frmReminderOptions::kHook);
+  AddField(group, form, frmReminderOptions::kToken);
+  return group.Sizer();
+}
+
+wxSizer* OutboxColumn(wxWindow* parent, frmReminderOptions& form) {
+  const auto beside = wxSizerFlags().Expand().Border(wxBOTTOM, parent->FromDIP(6));
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(views::MakeWrapped(parent, form.lblFolder, parent->FromDIP(kTextWidth)), beside);
+  column->Add(views::MakeCaption(parent, form.lblOutbox), beside);
+  column->Add(views::MakeGrid(parent, form.TDBG, 6), wxSizerFlags(beside).Proportion(1));
+  column->Add(views::MakeCaption(parent, form.lblMessage), beside);
+  column->Add(views::MakeTextBox(parent, form.txtMessage, 60, 8), wxSizerFlags(1).Expand());
+  return column;
+}
+
+}  // namespace
+
+void LayOut_frmReminderOptions(views::FormDialog& dialog, frmReminderOptions& form) {
+  const int gap = dialog.FromDIP(8);
+  const auto part = wxSizerFlags().Expand().Border(wxALL, gap);
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(views::MakeWrapped(&dialog, form.lblProblem, dialog.FromDIP(2 * kTextWidth)), part);
+  auto* ways = new wxBoxSizer(wxVERTICAL);
+  ways->Add(MailGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  ways->Add(TextGroup(&dialog, form), wxSizerFlags().Expand());
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(ways, part);
+  columns->Add(OutboxColumn(&dialog, form), wxSizerFlags(part).Proportion(1));
+  page->Add(columns, wxSizerFlags(1).Expand());
+  page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1), part);
+  dialog.SetSizer(page);
+}
+
+}  // namespace host

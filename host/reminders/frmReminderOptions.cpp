@@ -1,0 +1,240 @@
+#include "reminders/frmReminderOptions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+constexpr std::array kCaptions = {"&Mail server",      "&Port",          "&User name", "Pass&word",
+                                  "&Sender's address", "Sender's &name", "Web &hook",  "&Token"};
+constexpr int kLongest = 254;
+
+std::string SecurityText(MailSecurity security) {
+  switch (security) {
+    case MailSecurity::None:
+      return "None";
+    case MailSecurity::StartTls:
+      return "STARTTLS";
+    case MailSecurity::Tls:
+      return "TLS from the start";
+  }
+  return {};
+}
+
+// 0 for an empty text, which is the usual one; nothing for a text that is no port.
+std::optional<int> PortOf(const std::string& text) {
+  constexpr int kLast = 65535;
+  int port = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, port);
+  const bool is_port = error == std::errc() && stop == end && port > 0 && port <= kLast;
+  return is_port ? std::optional(port) : text.empty() ? std::optional(0) : std::nullopt;
+}
+
+// What is typed in a secret's field says nothing of the one that is kept.
+std::string SecretCaption(const char* caption, bool kept) {
+  return std::string(caption) + (kept ? " (kept; type to replace)" : "");
+}
+
+}  // namespace
+
+frmReminderOptions::frmReminderOptions(const session::ScreenContext& context, const std::string& problem)
+    : EditingForm("frmReminderOptions", context), outbox_(context.session.DataFolder()) {
+  Caption = "Reminder Sending";
+  lblProblem.Caption = "The last message was not sent: " + problem;
+  lblProblem.Visible = !problem.empty();
+  lblFolder.Caption = "What has no server or web hook waits in " + context.session.DataFolder() +
+                      "/Outbox, a file a message. Nobody sends it from there by itself.";
+  Register();
+  Wire();
+}
+
+void frmReminderOptions::Register() {
+  Add("lblProblem", lblProblem);
+  Add("lblMail", lblMail);
+  Add("lblOption", lblOption);
+  Add("txtOption", txtOption);
+  Add("lblSecurity", lblSecurity);
+  Add("cboSecurity", cboSecurity);
+  Add("lblText", lblText);
+  Add("lblFolder", lblFolder);
+  Add("lblOutbox", lblOutbox);
+  Add("TDBG", TDBG);
+  Add("lblMessage", lblMessage);
+  Add("txtMessage", txtMessage);
+  Add("DialogButtons1", DialogButtons1);
+  for (std::size_t i = 0; i < kOptions; ++i) {
+    lblOption.at(i).Caption = kCaptions.at(i);
+    txtOption.at(i).Heading = &lblOption.at(i);
+    txtOption.at(i).MaxLength = kLongest;
+  }
+  txtOption[kPassword].PasswordChar = '*';
+  txtOption[kToken].PasswordChar = '*';
+  lblSecurity.Caption = "S&ecurity";
+  cboSecurity.Heading = &lblSecurity;
+  std::vector<forms::ListItem> items;
+  for (const MailSecurity security : kMailSecurities) {
+    items.push_back({SecurityText(security), static_cast<std::int32_t>(security)});
+  }
+  cboSecurity.Items = std::move(items);
+  lblOutbox.Caption = "Out&box";
+  TDBG.Heading = &lblOutbox;
+  TDBG.Columns = {{.key = "When", .caption = "When", .width = 130},
+                  {.key = "Kind", .caption = "Kind", .width = 110},
+                  {.key = "To", .caption = "To", .width = 210}};
+  TDBG.EmptyText = "No message waits here.";
+  lblMessage.Caption = "Message as it &lies there";
+  txtMessage.Heading = &lblMessage;
+  txtMessage.MultiLine = true;
+  txtMessage.ReadOnly = true;
+  DialogButtons1.Help.Visible = false;
+  Reads({&lblProblem, &lblMail, &txtOption[kServer], &cboSecurity, &txtOption[kPort], &txtOption[kUser],
+         &txtOption[kPassword], &txtOption[kSender], &txtOption[kSenderName], &lblText, &txtOption[kHook],
+         &txtOption[kToken], &lblFolder, &TDBG, &txtMessage, &DialogButtons1});
+}
+
+void frmReminderOptions::Wire() {
+  for (forms::TextBox& box : txtOption) {
+    box.Change = [this] { ShowWays(); };
+  }
+  cboSecurity.Click = [this] { ShowWays(); };
+  TDBG.RowColChange = [this] {
+    const auto row = static_cast<std::size_t>(TDBG.Row.get());
+    txtMessage.Text = row < entries_.size() ? outbox_.Read(entries_[row].file) : std::string();
+  };
+  DialogButtons1.OK.Click = [this] {
+    if (!Unsaved() || Save()) {
+      Close();
+    }
+  };
+  DialogButtons1.Cancel.Click = [this] { DoClose(); };
+  OnSave([this] { return Differs(); },
+         [this] {
+           WriteReminderSettings(context_.session, Typed());
+           ShowSettings();
+         });
+}
+
+void frmReminderOptions::Read() {
+  cboSecurity.Enabled = RequireRight(session::kSupervisorRight, "reminder options");
+  ShowSettings();
+  ShowOutbox();
+}
+
+void frmReminderOptions::ShowSettings() {
+  settings_ = ReadReminderSettings(context_.session);
+  txtOption[kServer].Text = settings_.server;
+  txtOption[kPort].Text = settings_.port == 0 ? std::string() : std::to_string(settings_.port);
+  txtOption[kUser].Text = settings_.user;
+  txtOption[kSender].Text = settings_.sender;
+  txtOption[kSenderName].Text = settings_.sender_name;
+  txtOption[kHook].Text = settings_.hook;
+  txtOption[kPassword].Text = std::string();
+  txtOption[kToken].Text = std::string();
+  lblOption[kPassword].Caption = SecretCaption(kCaptions[kPassword], !settings_.password.empty());
+  lblOption[kToken].Caption = SecretCaption(kCaptions[kToken], !settings_.token.empty());
+  cboSecurity.ListIndex = cboSecurity.IndexOfData(static_cast<std::int32_t>(settings_.security));
+  ShowWays();
+}
+
+std::string frmReminderOptions::Typed(Option option) const {
+  const std::string& text = txtOption.at(option).Text.get();
+  return std::string(forms::Trim(text));
+}
+
+ReminderSettings frmReminderOptions::Typed() const {
+  ReminderSettings typed;
+  typed.server = Typed(kServer);
+  typed.port = PortOf(Typed(kPort)).value_or(-1);
+  typed.security =
+      cboSecurity.Current() == nullptr ? settings_.security : static_cast<MailSecurity>(cboSecurity.Current()->data);
+  typed.user = Typed(kUser);
+  typed.sender = Typed(kSender);
+  typed.sender_name = Typed(kSenderName);
+  typed.hook = Typed(kHook);
+  // Blanks may belong to a password.
+  const std::string& password = txtOption[kPassword].Text.get();
+  const std::string token = Typed(kToken);
+  typed.password = typed.user.empty() ? std::string() : password.empty() ? settings_.password : password;
+  typed.token = typed.hook.empty() ? std::string() : token.empty() ? settings_.token : token;
+  return typed;
+}
+
+bool frmReminderOptions::Check() {
+  const ReminderSettings typed = Typed();
+  return CheckMail(typed) && CheckHook(typed);
+}
+
+bool frmReminderOptions::CheckMail(const ReminderSettings& typed) {
+  if (!typed.server.empty() && !IsHostName(typed.server)) {
+    return Refuse(ToldBack(typed.server) + " is not the name of a server.", kServer);
+  }
+  if (typed.port < 0) {
+    return Refuse(ToldBack(Typed(kPort)) + " is not a port. Ports are 1 to 65535; leave it empty for the usual one.",
+                  kPort);
+  }
+  const bool wants_sender = !typed.server.empty() || !typed.sender.empty();
+  if (wants_sender && !IsMailAddress(typed.sender)) {
+    return Refuse(ToldBack(typed.sender) + " is not a valid e-mail address of the sender.", kSender);
+  }
+  const bool goes_elsewhere =
+      typed.server != settings_.server || typed.Port() != settings_.Port() || typed.security != settings_.security;
+  if (goes_elsewhere && !typed.password.empty() && txtOption[kPassword].Text->empty()) {
+    return Refuse("The kept password was for the mail server as it was. Please type the password again.", kPassword);
+  }
+  return true;
+}
+
+bool frmReminderOptions::CheckHook(const ReminderSettings& typed) {
+  if (!typed.hook.empty() && !IsWebAddress(typed.hook)) {
+    return Refuse(ToldBack(typed.hook) + " is not an address of the web, as https://texts.example/send is.", kHook);
+  }
+  if (!IsToken(typed.token)) {
+    return Refuse("The token can only hold letters, digits and signs, without blanks.", kToken);
+  }
+  if (typed.hook != settings_.hook && !typed.token.empty() && Typed(kToken).empty()) {
+    return Refuse("The kept token was for the web hook as it was. Please type the token again.", kToken);
+  }
+  return true;
+}
+
+bool frmReminderOptions::Refuse(const std::string& why, Option option) {
+  Tell(why);
+  txtOption.at(option).SetFocus();
+  return false;
+}
+
+bool frmReminderOptions::Agreed() {
+  return !IsReadableByOthers(Typed()) ||
+         Warn(
+             "Messages, and the password, will cross the network where others can read them.\r\n\r\nClick 'OK' only "
+             "when the server stands in the office itself.");
+}
+
+void frmReminderOptions::ShowWays() {
+  const ReminderSettings typed = Typed();
+  lblMail.Caption = typed.server.empty()
+                        ? "E-mails go to the outbox."
+                        : "E-mails go to " + typed.server + ", port " +
+                              std::to_string(typed.port < 0 ? UsualPort(typed.security) : typed.Port()) +
+                              (typed.security == MailSecurity::None ? ", not encrypted." : ", encrypted.");
+  lblText.Caption = typed.hook.empty() ? "Text messages go to the outbox." : "Text messages go to the web hook.";
+}
+
+void frmReminderOptions::ShowOutbox() {
+  entries_ = outbox_.List();
+  auto rows = std::make_shared<forms::TableRows>();
+  rows->rows.reserve(entries_.size());
+  for (const Outbox::Entry& entry : entries_) {
+    rows->rows.push_back({.cells = {entry.when, entry.is_email ? "E-mail" : "Text message", entry.to}});
+  }
+  TDBG.Rows = std::move(rows);
+  TDBG.Row = entries_.empty() ? -1 : 0;
+  TDBG.RowColChange();
+}
+
+}  // namespace host
