@@ -8,6 +8,7 @@
 #include "practice/demo.h"
 #include "practice/demo_files.h"
 #include "practice/host_session.h"
+#include "reminders/reminder_sender.h"
 
 namespace host {
 namespace {
@@ -34,13 +35,19 @@ std::string DataFolderOf(const std::string& url) {
   return FolderOf(FilePath(url.substr(std::min(kSqlite.size(), url.size()))));
 }
 
-// A session, and the practice that it works in.
+// A session that sends its reminders, and the practice that it works in.
 struct OwnSession {
   OwnSession(std::shared_ptr<Practice> opened, std::int32_t office, LoginRights user, Surroundings surroundings)
-      : practice(std::move(opened)), session(*practice, office, std::move(user), std::move(surroundings)) {}
+      : practice(std::move(opened)), session(*practice, office, std::move(user), Sending(std::move(surroundings))) {}
+
+  Surroundings Sending(Surroundings surroundings) {
+    surroundings.send_reminder = [this](const session::ReminderMessage& message) { return sender.Send(message); };
+    return surroundings;
+  }
 
   std::shared_ptr<Practice> practice;
   HostSession session;
+  ReminderSender sender{session};
 };
 
 }  // namespace

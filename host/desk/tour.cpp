@@ -28,6 +28,7 @@
 #include "home/recent_patients.h"
 #include "lookup/list_catalogue.h"
 #include "people/EmployeeFrm.h"
+#include "reminders/reminder_settings.h"
 
 namespace host {
 namespace {
@@ -156,6 +157,18 @@ std::vector<Stop> Stops(Desk& desk) {
                                "Sara Lopez has an appointment scheduled with Dr. Miles on 11-23-2026 at 9:00 am."});
          session.SendReminder({ReminderMessage::Method::Email, "nobody", "", ""});
          session.ShowReminderOptions();
+       }},
+      {"frmReminderOptions-set",
+       [&desk] {
+         WriteReminderSettings(desk.Session(), {.server = "mail.baydental.example",
+                                                .user = "reminders",
+                                                .password = "not shown",
+                                                .sender = "reminders@baydental.example",
+                                                .sender_name = "Bay Dental",
+                                                .hook = "https://texts.example/send",
+                                                .token = "not shown"});
+         desk.Session().ShowReminderOptions();
+         WriteReminderSettings(desk.Session(), {});
        }},
       {"patScreen_SM", open_form("patScreen_SM", {{"pID", patient}})},
       {"patScreen_SM-new",

@@ -47,8 +47,8 @@ frmReminderOptions::frmReminderOptions(const session::ScreenContext& context, co
   Caption = "Reminder Sending";
   lblProblem.Caption = "The last message was not sent: " + problem;
   lblProblem.Visible = !problem.empty();
-  lblFolder.Caption = "What has no server or web hook waits in " + context.session.DataFolder() +
-                      "/Outbox, a file a message. Nobody sends it from there by itself.";
+  lblFolder.Caption = "Messages without a server or web hook wait in " + context.session.DataFolder() +
+                      "/Outbox, one file each. Nothing sends them from there.";
   Register();
   Wire();
 }

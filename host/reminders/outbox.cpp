@@ -41,6 +41,16 @@ std::string ToldStamp(const std::string& name) {
          name.substr(11, 2);
 }
 
+// "a@b.example" of "To: <a@b.example>"
+std::string ReceiverOf(std::string_view line) {
+  if (!line.starts_with(kReceiver)) {
+    return {};
+  }
+  std::string receiver(forms::Trim(line.substr(kReceiver.size())));
+  std::erase_if(receiver, [](char c) { return c == '<' || c == '>'; });
+  return receiver;
+}
+
 std::string Counter(int number) {
   constexpr std::size_t kDigits = 3;
   std::string digits = std::to_string(number);
@@ -104,9 +114,7 @@ std::vector<Outbox::Entry> Outbox::List(std::size_t most) const {
     std::ifstream file(folder_ / FilePath(name), std::ios::binary);
     std::string first;
     std::getline(file, first);
-    entries.push_back({name, ToldStamp(name),
-                       first.starts_with(kReceiver) ? std::string(forms::Trim(first.substr(kReceiver.size()))) : "",
-                       name.ends_with(kEmail)});
+    entries.push_back({name, ToldStamp(name), ReceiverOf(first), name.ends_with(kEmail)});
   }
   return entries;
 }

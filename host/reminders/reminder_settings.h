@@ -20,15 +20,15 @@ int UsualPort(MailSecurity security);
 
 // How an office's reminders go out.
 struct ReminderSettings {
-  std::string server;  // of mail; empty: e-mails go to the outbox
-  int port = 0;        // 0 for the usual one
+  std::string server = {};  // of mail; empty: e-mails go to the outbox
+  int port = 0;             // 0 for the usual one
   MailSecurity security = MailSecurity::StartTls;
-  std::string user;  // empty: the server asks for none
-  std::string password;
-  std::string sender;       // the address
-  std::string sender_name;  // what receivers read in its place
-  std::string hook;         // the address that takes text messages; empty: they go to the outbox
-  std::string token;        // which it asks for
+  std::string user = {};  // empty: the server asks for none
+  std::string password = {};
+  std::string sender = {};       // the address
+  std::string sender_name = {};  // what receivers read in its place
+  std::string hook = {};         // the address that takes text messages; empty: they go to the outbox
+  std::string token = {};        // which it asks for
 
   int Port() const { return port != 0 ? port : UsualPort(security); }
 

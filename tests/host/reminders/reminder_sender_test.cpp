@@ -292,7 +292,7 @@ TEST_F(ReminderSending, WithoutSettingsMessagesWaitInTheOutbox) {
   const auto entries = outbox.List();
   ASSERT_EQ(entries.size(), 3U);
   EXPECT_EQ(entries[0].file, "20261121-140500-002.eml");
-  EXPECT_EQ(entries[0].to, "<c@d.example>");
+  EXPECT_EQ(entries[0].to, "c@d.example");
   EXPECT_TRUE(entries[0].is_email);
   EXPECT_EQ(entries[1].to, "5551234567");
   EXPECT_EQ(entries[1].when, "11-21-2026 14:05");
