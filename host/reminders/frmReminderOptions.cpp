@@ -77,6 +77,7 @@ void frmReminderOptions::Register() {
   lblSecurity.Caption = "S&ecurity";
   cboSecurity.Heading = &lblSecurity;
   std::vector<forms::ListItem> items;
+  items.reserve(kMailSecurities.size());
   for (const MailSecurity security : kMailSecurities) {
     items.push_back({SecurityText(security), static_cast<std::int32_t>(security)});
   }

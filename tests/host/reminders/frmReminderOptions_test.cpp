@@ -24,7 +24,7 @@ class ReminderOptions : public testing::Test {
     EXPECT_FALSE(form.Closed());
     return host_.user.told;
   }
-  host::ReminderSettings Stored() { return host::ReadReminderSettings(host_.session); }
+  host::ReminderSettings Stored() const { return host::ReadReminderSettings(host_.session); }
 
   test_support::PracticeHost host_{host::CreatePractice("sqlite::memory:")};
 };

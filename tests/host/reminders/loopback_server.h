@@ -3,6 +3,7 @@
 #include <boost/asio.hpp>
 
 #include <atomic>
+#include <exception>
 #include <functional>
 #include <thread>
 
@@ -26,7 +27,13 @@ class LoopbackServer {
         }) {}
   LoopbackServer(const LoopbackServer&) = delete;
   LoopbackServer& operator=(const LoopbackServer&) = delete;
-  ~LoopbackServer() { Stop(); }
+  ~LoopbackServer() {
+    try {
+      Stop();
+    } catch (const std::exception&) {
+      std::terminate();
+    }
+  }
 
   int Port() const { return port_; }
   // Nothing is being said any more, and the port is closed.

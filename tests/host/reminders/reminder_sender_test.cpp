@@ -134,8 +134,8 @@ struct Parsed {
 
 class ReminderSending : public testing::Test {
  protected:
-  ReminderSending() { std::filesystem::create_directories(folder_); }
-  ~ReminderSending() override { std::filesystem::remove_all(folder_); }
+  void SetUp() override { std::filesystem::create_directories(folder_); }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
 
   static host::Surroundings In(const std::string& folder) {
     host::Surroundings surroundings = host::StandingStill();
