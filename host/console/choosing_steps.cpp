@@ -286,16 +286,36 @@ void ExtendRows(Interpreter& interpreter, StepWords& words) {
   }
 }
 
-void MoveRow(Interpreter& interpreter, StepWords& words) {
-  auto& grid = TakeUsable<forms::Grid>(interpreter, words, "grid");
+void MoveEntry(Interpreter& interpreter, StepWords& words, forms::ListBox& list) {
   const int from = TakePosition(words);
   const int to = TakePosition(words);
   words.End();
-  if (!grid.RowsMove) {
-    Fail("the rows of " + grid.Name() + " stay where they are");
+  if (!list.Moved) {
+    Fail("the entries of " + list.Name() + " stay where they are");
   }
-  if (Focus(interpreter, grid) && !grid.DoMoveRow(from, to)) {
-    Fail(grid.Name() + " has " + std::to_string(grid.RowCount()) + " rows");
+  if (Focus(interpreter, list) && !list.DoMove(from, to)) {
+    Fail(list.Name() + " has " + std::to_string(list.Items->size()) + " entries");
+  }
+}
+
+void MoveRow(Interpreter& interpreter, StepWords& words) {
+  forms::Control& control = TakeUsable(interpreter, words);
+  if (auto* list = dynamic_cast<forms::ListBox*>(&control); list != nullptr) {
+    MoveEntry(interpreter, words, *list);
+    return;
+  }
+  auto* grid = dynamic_cast<forms::Grid*>(&control);
+  if (grid == nullptr) {
+    FailKind(control, "grid");
+  }
+  const int from = TakePosition(words);
+  const int to = TakePosition(words);
+  words.End();
+  if (!grid->RowsMove) {
+    Fail("the rows of " + grid->Name() + " stay where they are");
+  }
+  if (Focus(interpreter, *grid) && !grid->DoMoveRow(from, to)) {
+    Fail(grid->Name() + " has " + std::to_string(grid->RowCount()) + " rows");
   }
 }
 
@@ -381,7 +401,7 @@ constexpr std::array kSteps = {
     Step{"toggle-row", StepKind::Act, "GRID TEXT|#N", "a click with Ctrl: takes a row into the selection, or out",
          ToggleRow},
     Step{"extend-rows", StepKind::Act, "GRID TEXT|#N", "a click with Shift: selects up to the row", ExtendRows},
-    Step{"move", StepKind::Act, "GRID #N #M", "drags a row to another's place", MoveRow},
+    Step{"move", StepKind::Act, "GRID|LIST #N #M", "drags a row or an entry to another's place", MoveRow},
     Step{"cell", StepKind::Act, "GRID COLUMN [TEXT]", "edits a cell of the current row; picks without a text",
          EditCell},
     Step{"tick", StepKind::Act, "GRID COLUMN on|off", "a check cell of the current row, or an entry of a list", Tick},

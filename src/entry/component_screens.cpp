@@ -13,6 +13,7 @@
 #include "locations/frmPatientLocation.h"
 #include "lookup/frmSearchWindow.h"
 #include "lookup/look_up.h"
+#include "recall/eRmdrPersonalSetup.h"
 
 namespace entry {
 
@@ -100,6 +101,13 @@ bool ComponentScreens::EditPatientCoverage(std::int32_t patient) {
 
 bool ComponentScreens::EditOfficeLocations() {
   locations::frmOfficeLocation screen(context_);
+  context_.user.Show(screen);
+  return screen.Saved;
+}
+
+bool ComponentScreens::EditPatientReminders(std::int32_t patient) {
+  recall::eRmdrPersonalSetup screen(context_);
+  screen.PatientID = patient;
   context_.user.Show(screen);
   return screen.Saved;
 }

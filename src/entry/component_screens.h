@@ -27,6 +27,7 @@ class ComponentScreens : public session::Screens {
   bool EditPatientLocations(std::int32_t patient);
   bool EditPatientCoverage(std::int32_t patient);
   bool EditOfficeLocations();
+  bool EditPatientReminders(std::int32_t patient);
 
  private:
   // False when the person would rather not enter a new employee for the login.

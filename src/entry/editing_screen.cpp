@@ -52,13 +52,6 @@ std::optional<Outcome> EditingScreen::EditById(session::Opening opening, std::st
   return outcome;
 }
 
-bool EditingScreen::OpenNotBuilt(std::string_view form, std::string_view what) {
-  if (BeginCall() != nullptr) {
-    TellNotBuilt(user_, form, what);
-  }
-  return false;
-}
-
 bool EditingScreen::Edit_AdjustPlan_Info(session::PlanAdjustment& adjustment) {
   const auto session = BeginCall();
   return session != nullptr && ComponentScreens(*session, user_).AdjustPlan(adjustment);
@@ -167,8 +160,9 @@ void EditingScreen::PaTable_Edit_Start(const std::string& person_type, std::stri
   }
 }
 
-bool EditingScreen::eReminder_PersonalSetup(std::int32_t /*patient_id*/) {
-  return OpenNotBuilt("eRmdrPersonalSetup", "a patient's reminder settings");
+bool EditingScreen::eReminder_PersonalSetup(std::int32_t patient_id) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditPatientReminders(patient_id);
 }
 
 }  // namespace entry

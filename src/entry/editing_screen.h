@@ -62,7 +62,6 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // which the person is told as it was typed.
   std::optional<session::Outcome> EditById(session::Opening opening, std::string& id);
   void EditGiven(const session::Opening& opening, const std::string& given, std::string& saved);
-  bool OpenNotBuilt(std::string_view form, std::string_view what);
 
   forms::User& user_;
 };

@@ -30,6 +30,7 @@
 #include "people/frmCreditCard.h"
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
+#include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEreminderContact.h"
 
 namespace entry {
@@ -132,6 +133,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<people::frmCreditCard>("frmCreditCard"),
       Opens<recall::frmEreminderContact>("frmEreminderContact"),
       Opens<people::frmDatabaseSearch>("frmDatabaseSearch"),
+      Opens<recall::eRmdrPersonalSetup>("eRmdrPersonalSetup"),
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),

@@ -48,6 +48,17 @@ bool ListBox::DoStep(int step) {
   return DoHighlight(std::clamp(Marked() + step, 0, std::max(0, static_cast<int>(Items->size()) - 1)));
 }
 
+bool ListBox::DoMove(int from, int to) {
+  const auto holds = [this](int index) { return index >= 0 && index < static_cast<int>(Items->size()); };
+  if (!Moved || !holds(from) || !holds(to)) {
+    return false;
+  }
+  if (DoFocus() && from != to) {
+    Fire([&] { Moved(from, to); });
+  }
+  return true;
+}
+
 void ListBox::DoOpen() {
   if (Current() != nullptr && DoFocus()) {
     Fire(DblClick);

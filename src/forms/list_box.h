@@ -32,6 +32,8 @@ class ListBox : public Field {
   std::function<void()> DblClick;
   // A character typed while the list has the focus; U+0008 is the backspace key.
   std::function<void(char32_t)> KeyPress;
+  // A person drags an entry to another's place; null where entries stay where they are.
+  std::function<void(int from, int to)> Moved;
 
   // Nullptr when no entry is current.
   const ListItem* Current() const;
@@ -47,6 +49,8 @@ class ListBox : public Field {
   bool DoHighlight(int index);
   // Makes the entry so many below the marked one current, or the last that there is.
   bool DoStep(int step);
+  // False when entries stay where they are, or there are no such places.
+  bool DoMove(int from, int to);
   // A double click on the current entry.
   void DoOpen();
 

@@ -25,14 +25,26 @@ ListChooser::ListChooser() {
   set_up(AddAll, ">>", "Add all entries", [this] { MoveAll(true); });
   set_up(Remove, "<", "Take the entry out", [this] { MoveOver(false); });
   set_up(RemoveAll, "<<", "Take all entries out", [this] { MoveAll(false); });
-  set_up(Up, "\u25B2", "Move the entry up", [this] { MoveBy(-1); });
-  set_up(Down, "\u25BC", "Move the entry down", [this] { MoveBy(1); });
+  set_up(Up, "\u25B2", "Move the entry up", [this] { MoveTo(Chosen.ListIndex, Chosen.ListIndex - 1); });
+  set_up(Down, "\u25BC", "Move the entry down", [this] { MoveTo(Chosen.ListIndex, Chosen.ListIndex + 1); });
   Available.AccessibleName = "Available";
   Chosen.AccessibleName = "Chosen";
   Available.Container = this;
   Chosen.Container = this;
   Available.DblClick = Add.Click;
   Chosen.DblClick = Remove.Click;
+  Chosen.Moved = [this](int from, int to) { MoveTo(from, to); };
+  // Insert and Delete do what the buttons do.
+  const auto moves_over = [this](ListBox& list, Key with, bool add) {
+    list.KeyDown = [this, with, add](Key key) {
+      if (key == with) {
+        MoveOver(add);
+      }
+      return key == with;
+    };
+  };
+  moves_over(Available, Key::Insert, true);
+  moves_over(Chosen, Key::Delete, false);
   EnableButtons();
 }
 
@@ -112,17 +124,21 @@ void ListChooser::MoveAll(bool add) {
   Arranged(add ? AddAll : RemoveAll, add ? static_cast<ListBox&>(Chosen) : Available);
 }
 
-void ListChooser::MoveBy(int step) {
-  const int from = Chosen.ListIndex;
-  const int to = from + step;
+void ListChooser::MoveTo(int from, int to) {
   std::vector<ListItem> chosen = Chosen.Items;
-  if (from < 0 || to < 0 || to >= static_cast<int>(chosen.size())) {
+  const int count = static_cast<int>(chosen.size());
+  if (from < 0 || from >= count || to < 0 || to >= count) {
     return;
   }
-  std::swap(chosen[static_cast<std::size_t>(from)], chosen[static_cast<std::size_t>(to)]);
+  const auto at = [&chosen](int index) { return chosen.begin() + index; };
+  if (from < to) {
+    std::rotate(at(from), at(from + 1), at(to + 1));
+  } else {
+    std::rotate(at(to), at(from), at(from + 1));
+  }
   Fill(std::move(chosen));
   Chosen.ListIndex = to;
-  Arranged(step < 0 ? Up : Down, Chosen);
+  Arranged(to < from ? Up : Down, Chosen);
 }
 
 // A button that has nothing left to do passes the focus on.

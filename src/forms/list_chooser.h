@@ -10,7 +10,8 @@
 namespace forms {
 
 // Two lists: what there is, in its own order, and what was chosen of it, in the order that the person gives. Buttons
-// and double clicks move entries over. Its parts are known as "NAME.Available", "NAME.Add" and so on.
+// and double clicks, Insert and Delete move entries over; a dragged one goes to another's place. Its parts are known as
+// "NAME.Available", "NAME.Add" and so on.
 class ListChooser : public Control {
   // Tells the chooser when another entry is current.
   class Part : public ListBox {
@@ -46,7 +47,7 @@ class ListChooser : public Control {
   void Fill(std::vector<ListItem> chosen);
   void MoveOver(bool add);
   void MoveAll(bool add);
-  void MoveBy(int step);
+  void MoveTo(int from, int to);
   void Arranged(const Button& button, ListBox& next) const;
   void EnableButtons();
 

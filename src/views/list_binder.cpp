@@ -3,6 +3,8 @@
 #include <wx/textctrl.h>
 #include <wx/tokenzr.h>
 
+#include <utility>
+
 #include "forms/check_list_box.h"
 #include "forms/text.h"
 #include "views/button_binders.h"
@@ -108,6 +110,7 @@ class ListBinding : public Binding {
     }
     widget_.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { list_.DoOpen(); });
     OnEntryClick(widget_, Dialog(), list_);
+    BindMoving();
     EntriesOf(widget_).Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
       const wxChar character = event.GetKeyCode() == WXK_BACK ? wxChar(WXK_BACK) : event.GetUnicodeKey();
       const bool typed = character == WXK_BACK || (character >= WXK_SPACE && character != WXK_DELETE);
@@ -137,6 +140,37 @@ class ListBinding : public Binding {
   }
 
  private:
+  // The mouse drags an entry, and Alt with an arrow moves the current one. What is bound last hears of the button
+  // first: the click that ends a drag then chooses the entry that was dragged.
+  void BindMoving() {
+    wxWindow& entries = EntriesOf(widget_);
+    widget_.Bind(wxEVT_LIST_BEGIN_DRAG, [this, &entries](wxListEvent& event) {
+      if (list_.Moved) {
+        dragged_ = static_cast<int>(event.GetIndex());
+        entries.SetCursor(wxCursor(wxCURSOR_SIZENS));
+      }
+    });
+    entries.Bind(wxEVT_LEFT_UP, [this, &entries](wxMouseEvent& event) {
+      event.Skip();
+      const int from = std::exchange(dragged_, -1);
+      if (from >= 0) {
+        int where = 0;
+        const auto to = static_cast<int>(widget_.HitTest(event.GetPosition(), where));
+        entries.SetCursor(wxNullCursor);
+        Dialog().CallAfter([this, from, to] { list_.DoMove(from, to); });
+      }
+    });
+    entries.Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+      const int key = event.GetKeyCode();
+      const int step = key == WXK_UP ? -1 : key == WXK_DOWN ? 1 : 0;
+      if (event.GetModifiers() != wxMOD_ALT || step == 0 || !list_.Moved) {
+        event.Skip();
+      } else if (Dialog().SyncFocus()) {
+        list_.DoMove(list_.ListIndex, list_.ListIndex + step);
+      }
+    });
+  }
+
   // Space turns the current entry on or off.
   void BindChecks(forms::CheckListBox& checks) {
     const auto tick = [this, &checks](int index, bool on) {
@@ -160,6 +194,7 @@ class ListBinding : public Binding {
 
   forms::ListBox& list_;
   wxListCtrl& widget_;
+  int dragged_ = -1;  // the entry that the mouse drags
   bool showing_ = false;
 };
 
@@ -241,8 +276,13 @@ wxPanel* MakeListChooser(wxWindow* parent, forms::ListChooser& control, int char
     row->Add(column, wxSizerFlags().CenterVertical().Border(wxLEFT | wxRIGHT, panel->FromDIP(6)));
   };
   const auto add_list = [&](forms::ListBox& list) {
-    row->Add(Framed(panel, [&](wxWindow* frame) { return MakeListBox(frame, list, {characters}, lines); }),
-             wxSizerFlags(1).Expand());
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    if (list.Heading != nullptr) {
+      column->Add(MakeCaption(panel, *list.Heading), wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
+    }
+    column->Add(Framed(panel, [&](wxWindow* frame) { return MakeListBox(frame, list, {characters}, lines); }),
+                wxSizerFlags(1).Expand());
+    row->Add(column, wxSizerFlags(1).Expand());
   };
   add_list(control.Available);
   add_buttons({&control.Add, &control.AddAll, &control.Remove, &control.RemoveAll});

@@ -20,6 +20,7 @@
 #include "views/people/frmCreditCard_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
 #include "views/people/patScreen_SM_view.h"
+#include "views/recall/eRmdrPersonalSetup_view.h"
 #include "views/recall/frmEreminderContact_view.h"
 
 namespace views {
@@ -44,6 +45,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<recall::frmEreminderContact>("frmEreminderContact", LayOut_frmEreminderContact);
   registry.Add<people::frmDatabaseSearch>("frmDatabaseSearch", LayOut_frmDatabaseSearch);
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
+  registry.Add<recall::eRmdrPersonalSetup>("eRmdrPersonalSetup", LayOut_eRmdrPersonalSetup);
   registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);
   registry.Add<lookup::frmTGList>("frmTGList", LayOut_frmTGList);
   registry.Add<lookup::frmExport>("frmExport", LayOut_frmExport);

@@ -61,6 +61,7 @@ const std::map<std::string, std::map<std::string, Asked>>& FormProperties() {
       {"frmContacts", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},
       {"frmSelectCoverage", {{"EmployerID", {"elEmpID", "ELTable", "elInsID<>0 AND elFla=0"}}}},
       {"frmPatientLocation", {{"PatientID", {"pID", "PATable", "pTypPat='1'"}}}},
+      {"eRmdrPersonalSetup", {{"PatientID", {"rPid", "RecTable", "rRCRecNum IN (SELECT RCRecNum FROM RSTable)"}}}},
       {"frmEditCoverage", {{"PatientID", {"CovPatID", "CovTable", "CovFla=0"}}}},
       {"InsPln_Frm", {{"GroupID", {"GroPlaInd", "GroPlaTable"}}}},
       {"frmCreditCard", {{"pID", {"pID", "PATable", "pTypPat='1'"}}}},

@@ -1,0 +1,70 @@
+#include "recall/ExcludedContact.h"
+
+#include "editing/editing_form.h"
+
+namespace recall {
+
+ExcludedContact::ExcludedContact(data::ReminderKind reminder_type) : ReminderType(reminder_type) {
+  ExcludeMessage.Caption = "&Text Message";
+  ExcludeEmail.Caption = "&e-Mail";
+  ExcludeLetter.Caption = "&Letter";
+  ExcludeCard.Caption = "&Post Card";
+  ExcludeVoice.Caption = "&Voice Reminder";
+  for (const Exclusion& exclusion : exclusions_) {
+    exclusion.box.ToolTip = "Never sent to this patient";
+    exclusion.box.Click = [this] { TakeChange(); };
+  }
+  Contacts.Arranged = [this] { TakeChange(); };
+  Add("ExcludeMessage", ExcludeMessage);
+  Add("ExcludeEmail", ExcludeEmail);
+  Add("ExcludeLetter", ExcludeLetter);
+  Add("ExcludeCard", ExcludeCard);
+  Add("ExcludeVoice", ExcludeVoice);
+  Add("Contacts", Contacts);
+  Add("lblState", lblState);
+}
+
+void ExcludedContact::Show(const std::vector<std::int32_t>& order, std::int32_t excluded) {
+  for (const Exclusion& exclusion : exclusions_) {
+    const bool excludes = (excluded & static_cast<std::int32_t>(exclusion.method)) != 0;
+    exclusion.box.Value = excludes ? forms::CheckState::On : forms::CheckState::Off;
+  }
+  Contacts.Show(order, Excluded());
+  order_ = Order();
+  excluded_ = Excluded();
+  ShowState();
+}
+
+std::int32_t ExcludedContact::Excluded() const {
+  std::int32_t methods = 0;
+  for (const Exclusion& exclusion : exclusions_) {
+    if (exclusion.box.Value == forms::CheckState::On) {
+      methods |= static_cast<std::int32_t>(exclusion.method);
+    }
+  }
+  return methods;
+}
+
+// What is excluded moves out of the order.
+void ExcludedContact::TakeChange() {
+  if (!editing::EditingForm::MayModify(*this)) {
+    Show(order_, excluded_);
+    return;
+  }
+  if (Excluded() != excluded_) {
+    Contacts.Show(Order(), Excluded());
+  }
+  order_ = Order();
+  excluded_ = Excluded();
+  Modified = true;
+  ShowState();
+  Fire(Change);
+}
+
+void ExcludedContact::ShowState() {
+  lblState.Caption = !Enabled                     ? "The practice does not use this kind of reminder."
+                     : Contacts.SelectCount() > 0 ? "This patient is reached in the order on the right."
+                                                  : "No order of the patient's own: the practice's defaults hold.";
+}
+
+}  // namespace recall
