@@ -28,6 +28,7 @@
 #include "home/recent_patients.h"
 #include "lookup/list_catalogue.h"
 #include "people/EmployeeFrm.h"
+#include "recall/eRmdrPersonalSetup.h"
 #include "reminders/reminder_settings.h"
 
 namespace host {
@@ -99,6 +100,10 @@ std::vector<Stop> Stops(Desk& desk) {
               "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0) AND pID IN "
               "(SELECT pFAMHEAIND FROM PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
   const std::string member = std::to_string(FirstOf(desk, "pFAMHEAIND = " + head + " AND pID <> " + head));
+  const std::string reminded = std::to_string(FirstOf(
+      desk,
+      "pID IN (SELECT rPid FROM RecTable) AND pHomCell <> '' AND pHomEma <> '' AND pID IN (SELECT pFAMHEAIND FROM "
+      "PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
   const std::string covered = std::to_string(FirstOf(
       desk,
       "pID IN (SELECT CovPatID FROM CovTable WHERE CovFla = 0 AND CovOrd IN (SELECT Max(CovOrd) FROM CovTable WHERE "
@@ -253,6 +258,18 @@ std::vector<Stop> Stops(Desk& desk) {
        [](forms::Form& form) { dynamic_cast<forms::Grid&>(*form.Find("TDBG")).DoRow(1); }},
       {"frmPatientLocation", open_form("frmPatientLocation", {{"PatientID", patient}})},
       {"frmPatientLocation-login", open_form("frmPatientLocation", {{"PasswordID", "1"}})},
+      {"eRmdrPersonalSetup", open_form("eRmdrPersonalSetup", {{"PatientID", reminded}}),
+       [](forms::Form& form) {
+         auto& setup = dynamic_cast<recall::eRmdrPersonalSetup&>(form);
+         setup.ecRecall.ExcludeVoice.DoCheck(forms::CheckState::On);
+         for (const int method : {1, 0, 2}) {
+           setup.ecRecall.Contacts.Available.DoPick(method);
+           setup.ecRecall.Contacts.Add.DoClick();
+         }
+         setup.csStage.Available.DoPick(0);
+         setup.csStage.Add.DoClick();
+         setup.qe.DoType("Works at night: never call before noon.");
+       }},
       {"frmSearchWindow", open_form("frmSearchWindow", {})},
       {"frmSearchWindow-found", open_form("frmSearchWindow", {{"TypedName", "B"}})},
       {"frmTGList", open_list(session::lulEmployee)},

@@ -62,9 +62,10 @@ void ExcludedContact::TakeChange() {
 }
 
 void ExcludedContact::ShowState() {
-  lblState.Caption = !Enabled                     ? "The practice does not use this kind of reminder."
-                     : Contacts.SelectCount() > 0 ? "This patient is reached in the order on the right."
-                                                  : "No order of the patient's own: the practice's defaults hold.";
+  const std::string holds = !Enabled                     ? "not used by the practice."
+                            : Contacts.SelectCount() > 0 ? "in the patient's own order."
+                                                         : "as the practice's defaults say.";
+  lblState.Caption = std::string(data::NameOf(ReminderType)) + ": " + holds;
 }
 
 }  // namespace recall

@@ -58,14 +58,14 @@ void eRmdrPersonalSetup::RegisterPages() {
   Add("tabKinds", tabKinds);
   tabKinds.AccessibleName = "Kinds of reminders";
   const auto page = [this](forms::Panel& section, const std::string& name, ExcludedContact& kind,
-                           const std::string& kind_name) {
-    section.Caption = std::string(data::NameOf(kind.ReminderType));
+                           const std::string& kind_name, const std::string& caption) {
+    section.Caption = caption;
     Add(name, section);
     tabKinds.AddPage(section);
     kind.Container = &section;
     Add(kind_name, kind);
   };
-  page(stRecall, "stRecall", ecRecall, "ecRecall");
+  page(stRecall, "stRecall", ecRecall, "ecRecall", "Recall");
   pnlStage.Container = &stRecall;
   Add("pnlStage", pnlStage);
   const auto on_stage = [this](const std::string& name, forms::Control& control) {
@@ -77,9 +77,9 @@ void eRmdrPersonalSetup::RegisterPages() {
   on_stage("csStage", csStage);
   lblStage.Caption = "Recall and &stage";
   cboStage.Heading = &lblStage;
-  page(stReminder, "stReminder", ecReminder, "ecReminder");
-  page(stConfirm, "stConfirm", ecConfirm, "ecConfirm");
-  page(stBirthday, "stBirthday", ecBirthday, "ecBirthday");
+  page(stReminder, "stReminder", ecReminder, "ecReminder", "Appointment");
+  page(stConfirm, "stConfirm", ecConfirm, "ecConfirm", "Confirmation");
+  page(stBirthday, "stBirthday", ecBirthday, "ecBirthday", "Birthday");
 }
 
 void eRmdrPersonalSetup::Wire() {

@@ -204,6 +204,12 @@ TEST_F(ChooserTest, ThePersonGivesTheOrder) {
   chooser.Up.DoClick();
   EXPECT_THAT(chooser.ChosenData(), testing::ElementsAre(4, 2));
   EXPECT_EQ(chooser.Chosen.ListIndex, 0);
+  chooser.AddAll.DoClick();
+  EXPECT_TRUE(chooser.Chosen.DoMove(3, 0));
+  EXPECT_TRUE(chooser.Chosen.DoMove(1, 2));
+  EXPECT_EQ(Texts(chooser.Chosen), "Zip City Age Name ");
+  EXPECT_EQ(chooser.Chosen.ListIndex, 2) << "what was dragged is current";
+  EXPECT_FALSE(chooser.Chosen.DoMove(0, 4));
 }
 
 TEST(Slider, StaysInItsRange) {

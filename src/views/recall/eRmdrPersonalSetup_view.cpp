@@ -18,7 +18,7 @@ using recall::eRmdrPersonalSetup;
 wxPanel* StagePanel(wxWindow* parent, eRmdrPersonalSetup& form) {
   wxPanel* panel = MakePanel(parent, form.pnlStage);
   const int gap = panel->FromDIP(8);
-  auto* box = new wxStaticBoxSizer(wxVERTICAL, panel, "One recall alone");
+  auto* box = new wxStaticBoxSizer(wxVERTICAL, panel, "One recall alone, where its order is not empty");
   wxWindow* inside = box->GetStaticBox();
   auto* head = new wxBoxSizer(wxHORIZONTAL);
   head->Add(MakeCaption(inside, form.lblStage), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
