@@ -14,6 +14,7 @@
 #include "forms/text_box.h"
 #include "forms/tool_bar.h"
 #include "views/button_binders.h"
+#include "views/choice_binders.h"
 #include "views/form_dialog.h"
 #include "views/grid_binder.h"
 #include "views/text_binders.h"
@@ -24,7 +25,7 @@ namespace {
 using testing::ElementsAre;
 
 struct Sample : forms::Form {
-  Sample() : Form("Sample") {
+  explicit Sample(std::string form_name = "Sample") : Form(std::move(form_name)) {
     ToolStrip.Add("New", "New", "");
     Add("txtName", txtName);
     Add("cmdPick", cmdPick);
@@ -67,6 +68,24 @@ void LayOutSample(views::FormDialog& dialog, Sample& form) {
   page->Add(views::MakeGrid(&dialog, form.grdRows, 5));
   page->Add(views::MakeTextBox(&dialog, form.txtNote, 10, 2));
   page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1));
+  dialog.SetSizer(page);
+}
+
+// Entries that a person gives an order.
+struct Ordering : Sample {
+  Ordering() : Sample("Ordering") {
+    Add("lstOrder", lstOrder);
+    lstOrder.Items = std::vector<forms::ListItem>{{"Ann"}, {"Bob"}, {"Cay"}};
+    lstOrder.Moved = [this](int from, int to) { moved = std::to_string(from) + " to " + std::to_string(to); };
+  }
+
+  forms::ListBox lstOrder;
+  std::string moved;
+};
+
+void LayOutOrdering(views::FormDialog& dialog, Ordering& form) {
+  auto* page = new wxBoxSizer(wxVERTICAL);
+  page->Add(views::MakeListBox(&dialog, form.lstOrder, {10}, 5));
   dialog.SetSizer(page);
 }
 
@@ -127,6 +146,7 @@ class Keyboard : public testing::Test {
   static views::ViewRegistry Views() {
     views::ViewRegistry registry;
     registry.Add<Sample>("Sample", LayOutSample);
+    registry.Add<Ordering>("Ordering", LayOutOrdering);
     return registry;
   }
   void OnShown(wxDialog& dialog) {
@@ -312,6 +332,39 @@ TEST_F(Keyboard, ARefusedCharacterLeavesWhatIsSelected) {
     EXPECT_EQ(box.GetStringSelection(), "1980");
     form_.txtNote.SetFocus();
     EXPECT_EQ(box.GetStringSelection(), "") << "the keyboard is no longer there";
+  });
+}
+
+TEST_F(Keyboard, AltWithAnArrowAndTheMouseMoveAnEntry) {
+  Ordering form;
+  Open(form, [&] {
+    form.lstOrder.SetFocus();
+    form.lstOrder.ListIndex = 1;
+    wxTheApp->Yield();
+    wxUIActionSimulator hands;
+    hands.Char(WXK_UP, wxMOD_ALT);
+    Await([&] { return form.moved == "1 to 0"; });
+    EXPECT_EQ(form.moved, "1 to 0");
+    hands.Char(WXK_DOWN, wxMOD_ALT);
+    Await([&] { return form.moved == "1 to 2"; });
+    EXPECT_EQ(form.moved, "1 to 2");
+
+    auto& list = dynamic_cast<wxListCtrl&>(Widget(form.lstOrder));
+    const auto go_to = [&](long item) {
+      wxRect place;
+      list.GetItemRect(item, place);
+      hands.MouseMove(list.ClientToScreen(place.GetPosition() + wxPoint(20, place.height / 2)));
+      wxTheApp->Yield();
+    };
+    form.moved.clear();
+    go_to(0);
+    hands.MouseDown();
+    for (const long item : {1, 0, 1, 2}) {
+      go_to(item);
+    }
+    hands.MouseUp();
+    Await([&] { return !form.moved.empty(); });
+    EXPECT_EQ(form.moved, "0 to 2");
   });
 }
 
