@@ -12,6 +12,7 @@ wxPanel* MakeExcludedContact(wxWindow* parent, recall::ExcludedContact& control)
   wxPanel* panel = MakePanel(parent, control);
   const int gap = panel->FromDIP(8);
   auto* never = new wxStaticBoxSizer(wxVERTICAL, panel, "Never by");
+  never->GetStaticBox()->SetName("group Never by");
   for (forms::CheckBox* box : {&control.ExcludeMessage, &control.ExcludeEmail, &control.ExcludeLetter,
                                &control.ExcludeCard, &control.ExcludeVoice}) {
     never->Add(MakeCheckBox(never->GetStaticBox(), *box), wxSizerFlags().Border(wxALL, panel->FromDIP(4)));

@@ -20,6 +20,7 @@ wxPanel* StagePanel(wxWindow* parent, eRmdrPersonalSetup& form) {
   const int gap = panel->FromDIP(8);
   auto* box = new wxStaticBoxSizer(wxVERTICAL, panel, "One recall alone, where its order is not empty");
   wxWindow* inside = box->GetStaticBox();
+  inside->SetName("group One recall alone");
   auto* head = new wxBoxSizer(wxHORIZONTAL);
   head->Add(MakeCaption(inside, form.lblStage), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
   head->Add(MakeComboBox(inside, form.cboStage, 40), wxSizerFlags(1).CenterVertical());
@@ -54,6 +55,7 @@ wxSizer* Patient(FormDialog& dialog, eRmdrPersonalSetup& form) {
   const int gap = dialog.FromDIP(6);
   wxPanel* info = MakePanel(&dialog, form.stInfo);
   auto* reached = new wxStaticBoxSizer(wxVERTICAL, info, "Reached at");
+  reached->GetStaticBox()->SetName("group Reached at");
   reached->Add(MakeLabel(reached->GetStaticBox(), form.lblInfo), wxSizerFlags().Expand().Border(wxALL, gap));
   reached->Add(MakeButton(reached->GetStaticBox(), form.cmdContact), wxSizerFlags().Border(wxALL, gap));
   info->SetSizer(reached);
