@@ -100,10 +100,11 @@ std::vector<Stop> Stops(Desk& desk) {
               "pFAMHEAIND = pID AND pID IN (SELECT PatEmpPatID FROM PatEmpTable WHERE PatEmpFla = 0) AND pID IN "
               "(SELECT pFAMHEAIND FROM PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
   const std::string member = std::to_string(FirstOf(desk, "pFAMHEAIND = " + head + " AND pID <> " + head));
-  const std::string reminded = std::to_string(FirstOf(
-      desk,
-      "pID IN (SELECT rPid FROM RecTable) AND pHomCell <> '' AND pHomEma <> '' AND pID IN (SELECT pFAMHEAIND FROM "
-      "PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
+  const std::string reminded = std::to_string(
+      FirstOf(desk,
+              "pID IN (SELECT rPid FROM RecTable) AND pID NOT IN (SELECT ebcpID FROM eBusContactSequence) AND pHomCell "
+              "<> '' AND pHomEma <> '' AND pID IN (SELECT pFAMHEAIND FROM "
+              "PATable GROUP BY pFAMHEAIND HAVING Count(*) IN (3, 4))"));
   const std::string covered = std::to_string(FirstOf(
       desk,
       "pID IN (SELECT CovPatID FROM CovTable WHERE CovFla = 0 AND CovOrd IN (SELECT Max(CovOrd) FROM CovTable WHERE "
