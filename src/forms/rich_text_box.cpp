@@ -34,8 +34,19 @@ void RichTextBox::DoAppend(std::string_view text) {
   DoEdit(whole);
 }
 
+void RichTextBox::DoInsert(std::string_view text) {
+  if (!DoFocus() || ReadOnly) {
+    return;
+  }
+  if (InsertAtCaret) {
+    InsertAtCaret(text);
+  } else {
+    DoAppend(text);
+  }
+}
+
 void RichTextBox::DoEdit(const RichText& text) {
-  const std::string html = WriteHtml(text);
+  const std::string html = Canonical(text);
   if (ReadOnly || Html == html) {
     return;
   }
@@ -46,14 +57,21 @@ void RichTextBox::DoEdit(const RichText& text) {
 }
 
 void RichTextBox::Changed(Aspect aspect) {
-  if (aspect == Aspect::Value) {
-    DataChanged = true;
-    if (std::string canonical = WriteHtml(Content()); canonical != Html.get()) {
-      Html = std::move(canonical);
-      return;
-    }
+  if (aspect == Aspect::State) {  // may be without formats from now on
+    Control::Changed(aspect);
   }
-  Control::Changed(aspect);
+  const std::string canonical = Canonical(Content());
+  const bool differs = canonical != Html.get();
+  DataChanged = DataChanged || aspect == Aspect::Value || differs;
+  if (differs) {
+    Html = canonical;
+  } else if (aspect != Aspect::State) {
+    Control::Changed(aspect);
+  }
+}
+
+std::string RichTextBox::Canonical(const RichText& text) const {
+  return WriteHtml(Plain ? FromPlainText(PlainText(text)) : text);
 }
 
 }  // namespace forms
