@@ -32,6 +32,7 @@
 #include "people/patScreen_SM.h"
 #include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEreminderContact.h"
+#include "recall/frmQuickEditor.h"
 
 namespace entry {
 namespace {
@@ -137,6 +138,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmSearchWindow>("frmSearchWindow"),
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),
+      Opens<recall::frmQuickEditor>("frmQuickEditor"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
   };
   return screens;

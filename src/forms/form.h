@@ -35,8 +35,10 @@ class Form : public Observable {
   // Under which the place of its window is kept.
   virtual const std::string& PlaceKey() const { return name_; }
   // The place is kept in an option for each of its parts, under the key and "_S" (2 for a window that fills the
-  // screen), "_L", "_T", "_W" and "_H".
+  // screen), and what `PlaceParts` says.
   virtual bool KeepsPlaceInParts() const { return false; }
+  // Left, top, width and height.
+  virtual std::array<std::string_view, 4> PlaceParts() const { return {"_L", "_T", "_W", "_H"}; }
 
   // Makes a control known. Controls are read in the order in which they are added, unless `Reads` says otherwise.
   void Add(const std::string& name, Control& control);

@@ -81,6 +81,12 @@ const std::string& frmQuickEditor::PlaceKey() const {
 }
 
 void frmQuickEditor::OnLoad() {
+  if (!Attempt([this] { Read(); })) {
+    Close();
+  }
+}
+
+void frmQuickEditor::Read() {
   Caption = Title.empty() ? TitleOf(EditorType) : Title;
   lblHelp.Caption = WpHelpText;
   lblHelp.Visible = !WpHelpText.empty();
@@ -125,11 +131,10 @@ void frmQuickEditor::Take() {
 }
 
 bool frmQuickEditor::QueryClose() {
-  return !editor.Modified() ||
-         context_.user.Ask({.text = "Are you sure that you want to exit and discard the changes?",
-                            .buttons = forms::kYesNo,
-                            .icon = forms::Icon::Question,
-                            .default_answer = forms::Answer::No}) == forms::Answer::Yes;
+  return !editor.Modified() || context_.user.Ask({.text = "Are you sure that you want to exit and discard the changes?",
+                                                  .buttons = forms::kYesNo,
+                                                  .icon = forms::Icon::Question,
+                                                  .default_answer = forms::Answer::No}) == forms::Answer::Yes;
 }
 
 }  // namespace recall

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "editing/rules.h"
@@ -42,6 +44,7 @@ class frmQuickEditor : public forms::Form, private editing::Rules {
 
   const std::string& PlaceKey() const override;
   bool KeepsPlaceInParts() const override { return true; }
+  std::array<std::string_view, 4> PlaceParts() const override { return {"_LEFT", "_TOP", "_WIDTH", "_HEIGHT"}; }
   void Run(const std::function<void()>& rule) override { Attempt(rule); }
 
   forms::Label lblHelp;
@@ -54,6 +57,7 @@ class frmQuickEditor : public forms::Form, private editing::Rules {
 
  private:
   void AddProperties();
+  void Read();
   void ShowMode();
   void db_OK();
   void Take();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,11 +13,11 @@
 #include "forms/rich_text_box.h"
 #include "forms/user_control.h"
 #include "recall/generic_messages.h"
+#include "recall/template_files.h"
+#include "recall/template_sample.h"
 
 namespace recall {
 
-// HTML is kept of it: e-mails and postcards. The others are plain text.
-bool HasFormats(data::ContactMethod method);
 // "Sample Text Message"
 std::string SampleTitle(data::ContactMethod method);
 
@@ -74,18 +74,40 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
   std::string Scope() const override { return {}; }
 
  private:
+  // What is written there.
+  struct Content {
+    std::string predefined = {};  // the template's name; empty for a message of its own
+    std::string html = {};
+    bool adds_instructions = false;
+
+    friend bool operator==(const Content&, const Content&) = default;
+  };
+
   void Wire();
+  void ShowTemplates(const std::string& marked);
   void ShowVariables();
   void ShowText(const std::string& text);
+  Content Now() const;
+  // The text with the instructions that it is sent with.
+  std::string Whole() const;
+  TemplateSample SampleFor(data::ContactMethod method) const;
+  void ChooseKind();
+  void TakeTemplate();
   void TakeVariable();
   void Follow();
   void ShowUnknown();
+  void ShowSample();
+  // On the phone or the card, or as it is sent.
+  void ShowSampleAs(data::ContactMethod method);
   void ShowLength();
-  std::string WithFormats(const std::string& html_or_plain) const;
 
   Message message_;
-  std::string read_html_;  // of `qe`, as it was read
+  Content read_;
+  std::string custom_html_;  // while a template is shown in its place
+  std::string missing_;      // the template that the message names and that is not there
+  std::string instructions_;
   data::ContactMethod sample_as_ = {};
+  std::optional<TemplateSample> sample_;
   forms::OptionGroup choice_{&optPredefined, &optCustom};
 };
 

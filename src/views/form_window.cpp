@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::string_view kPlacesSection = "SESC_SCREENS";
 // Of a place that is kept in parts.
-constexpr std::array kPlaceParts = {"_L", "_T", "_W", "_H"};
 constexpr const char* kStatePart = "_S";
 constexpr std::string_view kFillsTheScreen = "2";
 
@@ -331,8 +330,8 @@ std::optional<std::array<long, 4>> FormWindow::KeptPlace() const {
   std::array<long, 4> place{};
   wxString text;
   if (places_ != nullptr && form_.KeepsPlaceInParts()) {
-    for (const char* part : kPlaceParts) {
-      text += ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey() + part)) + ",";
+    for (const std::string_view part : form_.PlaceParts()) {
+      text += ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey() + std::string(part))) + ",";
     }
   } else if (places_ != nullptr) {
     text = ToWx(places_->UserOption(kPlacesSection, form_.PlaceKey()));
@@ -393,7 +392,8 @@ void FormWindow::KeepPlace(const std::array<long, 4>& place) {
   }
   places_->SetUserOption(kPlacesSection, key + kStatePart, window_.IsMaximized() ? kFillsTheScreen : "0");
   for (std::size_t part = 0; part < place.size() && !window_.IsMaximized(); ++part) {
-    places_->SetUserOption(kPlacesSection, key + kPlaceParts.at(part), std::to_string(place.at(part)));
+    places_->SetUserOption(kPlacesSection, key + std::string(form_.PlaceParts().at(part)),
+                           std::to_string(place.at(part)));
   }
 }
 

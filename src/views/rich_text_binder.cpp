@@ -29,6 +29,12 @@ class FormattedText : public wxRichTextCtrl {
     SetDropTarget(nullptr);
   }
 
+  // Parts of the text, as positions of the widget.
+  void ShowMarks(std::vector<wxRichTextRange> marks) {
+    marks_ = std::move(marks);
+    Refresh();
+  }
+
   void Paste() override {
     bool own = false;
     wxTextDataObject text;
@@ -45,9 +51,40 @@ class FormattedText : public wxRichTextCtrl {
       WriteText(text.GetText());
     }
   }
+
+ protected:
+  // A wave under each marked part: no format of the text, and seen without colours too.
+  void PaintAboveContent(wxDC& dc) override {
+    dc.SetPen(wxPen(wxColour(200, 0, 0), FromDIP(1)));
+    for (const wxRichTextRange& mark : marks_) {
+      for (long at = mark.GetStart(); at < std::min(mark.GetEnd(), GetLastPosition()); ++at) {
+        DrawWave(dc, at);
+      }
+    }
+  }
+
+ private:
+  void DrawWave(wxDC& dc, long at) {
+    wxRect left;
+    wxRect right;
+    if (!GetCaretPositionForIndex(at - 1, left) || !GetCaretPositionForIndex(at, right)) {
+      return;
+    }
+    const int wave = FromDIP(2);
+    const int from = left.y == right.y ? left.x : 0;  // the first of a line
+    const int base = right.y + right.height - 1;
+    const auto height = [wave, base](int x) { return base - std::abs(x % (2 * wave) - wave); };
+    for (int x = from; x < right.x; ++x) {
+      dc.DrawLine(x, height(x), x + 1, height(x + 1));
+    }
+  }
+
+  std::vector<wxRichTextRange> marks_;
 };
 
 struct FormatBar {
+  bool offered;
+  wxPanel* panel;
   wxToggleButton* bold;
   wxToggleButton* italic;
   wxToggleButton* underline;
@@ -70,12 +107,22 @@ class RichTextBinding : public Binding {
       });
     }
     text_.Bind(wxEVT_CHAR_HOOK, &RichTextBinding::OnHook, this);
+    box_.InsertAtCaret = [this](std::string_view inserted) {
+      if (text_.HasSelection()) {
+        text_.DeleteSelection();
+      }
+      text_.WriteText(ToWx(inserted));
+    };
     BindBar();
     widget.Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
       event.Skip();
       ShowFormats();
     });
   }
+
+  RichTextBinding(const RichTextBinding&) = delete;
+  RichTextBinding& operator=(const RichTextBinding&) = delete;
+  ~RichTextBinding() override { box_.InsertAtCaret = nullptr; }
 
   wxWindow& FocusWidget() const override { return text_; }
   bool Uses(forms::Key key) const override { return key == forms::Key::Enter; }
@@ -88,6 +135,10 @@ class RichTextBinding : public Binding {
            std::initializer_list<wxWindow*>{bar_.bold, bar_.italic, bar_.underline, bar_.list, bar_.size, bar_.color}) {
         part->Enable(!box_.ReadOnly);
       }
+      ShowBar();
+    }
+    if (aspect == forms::Aspect::Items) {
+      ShowMarks();
     }
     if (telling_ || forms::WriteHtml(ReadBuffer(text_.GetBuffer())) == box_.Html.get()) {
       return;
@@ -112,6 +163,30 @@ class RichTextBinding : public Binding {
     }
     telling_ = false;
     Dialog().CallAfter([this] { Refresh(forms::Aspect::Value); });
+  }
+
+  // Text without formats has no buttons for them.
+  void ShowBar() {
+    const bool shown = bar_.offered && !box_.Plain;
+    if (bar_.panel->IsShown() != shown) {
+      bar_.panel->Show(shown);
+      Dialog().LayOutSoon();
+    }
+  }
+
+  // The control counts bytes and ends its lines in CR LF; to the widget an end of a line is one position.
+  void ShowMarks() {
+    std::vector<wxRichTextRange> ranges;
+    const std::string text = box_.Text();
+    const auto position = [&text](std::size_t byte) {
+      wxString before = ToWx(std::string_view(text).substr(0, byte));
+      before.Replace("\r\n", "\n");
+      return static_cast<long>(before.length());
+    };
+    for (const forms::RichTextBox::Mark& mark : box_.Marks.get()) {
+      ranges.emplace_back(position(mark.begin), position(mark.begin + mark.size));
+    }
+    text_.ShowMarks(std::move(ranges));
   }
 
   void BindBar() {
@@ -201,7 +276,7 @@ class RichTextBinding : public Binding {
   }
 
   void OnHook(wxKeyEvent& event) {
-    const int key = event.GetModifiers() == wxMOD_CONTROL ? event.GetKeyCode() : 0;
+    const int key = event.GetModifiers() == wxMOD_CONTROL && !box_.Plain ? event.GetKeyCode() : 0;
     if (key == 'B') {
       Act(&RichTextBinding::ToggleBold);
     } else if (key == 'I') {
@@ -234,33 +309,38 @@ Button* MakeFormat(wxPanel* panel, const forms::Control& control, const char* ke
 
 }  // namespace
 
-wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int characters, int lines) {
+wxPanel* MakeRichTextBox(wxWindow* parent, forms::RichTextBox& control, int characters, int lines, bool formats) {
   auto* panel = new wxPanel(parent);
   const wxFont font = panel->GetFont();
+  auto* buttons = new wxPanel(panel);
+  buttons->SetName(ToWx(control.Name() + ".formats"));
   FormatBar bar{};
-  bar.bold = MakeFormat<wxToggleButton>(panel, control, "bold", "B", "Bold (Ctrl+B)", font.Bold());
-  bar.italic = MakeFormat<wxToggleButton>(panel, control, "italic", "I", "Italic (Ctrl+I)", font.Italic());
-  bar.underline = MakeFormat<wxToggleButton>(panel, control, "underline", "U\u0332", "Underline (Ctrl+U)", font);
-  bar.size = new wxChoice(panel, wxID_ANY);
+  bar.offered = formats;
+  bar.panel = buttons;
+  bar.bold = MakeFormat<wxToggleButton>(buttons, control, "bold", "B", "Bold (Ctrl+B)", font.Bold());
+  bar.italic = MakeFormat<wxToggleButton>(buttons, control, "italic", "I", "Italic (Ctrl+I)", font.Italic());
+  bar.underline = MakeFormat<wxToggleButton>(buttons, control, "underline", "U\u0332", "Underline (Ctrl+U)", font);
+  bar.size = new wxChoice(buttons, wxID_ANY);
   bar.size->SetName(ToWx(control.Name() + ".size"));
   bar.size->SetToolTip("Size of the letters, in points");
   KeepOutOfTabOrder(*bar.size);
   for (const int size : kSizes) {
     bar.size->Append(std::to_string(size));
   }
-  bar.color = MakeFormat<wxButton>(panel, control, "color", "A\u2026", "Colour of the letters", font);
-  bar.list = MakeFormat<wxToggleButton>(panel, control, "list", "\u2022 \u2014", "List", font);
+  bar.color = MakeFormat<wxButton>(buttons, control, "color", "A\u2026", "Colour of the letters", font);
+  bar.list = MakeFormat<wxToggleButton>(buttons, control, "list", "\u2022 \u2014", "List", font);
 
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   for (wxWindow* part :
        std::initializer_list<wxWindow*>{bar.bold, bar.italic, bar.underline, bar.size, bar.color, bar.list}) {
     row->Add(part, wxSizerFlags().Expand().Border(wxRIGHT, panel->FromDIP(3)));
   }
+  buttons->SetSizer(row);
   FormattedText* text = nullptr;
   wxWindow* framed = Framed(panel, [&text](wxWindow* frame) { return text = new FormattedText(frame); });
   text->SetMinSize(wxSize(FieldWidth(*panel, characters), (panel->GetCharHeight() + panel->FromDIP(6)) * lines));
   auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(row, wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
+  column->Add(buttons, wxSizerFlags().Border(wxBOTTOM, panel->FromDIP(3)));
   column->Add(framed, wxSizerFlags(1).Expand());
   panel->SetSizer(column);
   FormWindow::Of(*parent).Attach<RichTextBinding>(control, *panel, *text, bar);

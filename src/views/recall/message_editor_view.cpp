@@ -1,0 +1,59 @@
+#include "views/recall/message_editor_view.h"
+
+#include "views/choice_binders.h"
+#include "views/menu_list_binder.h"
+#include "views/rich_text_binder.h"
+#include "views/text_binders.h"
+
+namespace views {
+namespace {
+
+constexpr int kTextWidth = 440;
+
+wxSizer* TemplateRows(wxWindow* parent, recall::MessageEditor& editor) {
+  const int gap = parent->FromDIP(8);
+  auto* options = new wxBoxSizer(wxHORIZONTAL);
+  options->Add(MakeOption(parent, editor.optPredefined, true), wxSizerFlags().Border(wxRIGHT, gap * 2));
+  options->Add(MakeOption(parent, editor.optCustom, false));
+  auto* rows = new wxBoxSizer(wxVERTICAL);
+  rows->Add(options, wxSizerFlags().Border(wxBOTTOM, gap));
+  rows->Add(MakeCaption(parent, editor.lblTemplates));
+  rows->Add(MakeListBox(parent, editor.lstTemplates, {48}, 4), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  return rows;
+}
+
+wxSizer* TextColumn(wxWindow* parent, recall::MessageEditor& editor) {
+  const int gap = parent->FromDIP(8);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(TemplateRows(parent, editor), wxSizerFlags().Expand());
+  auto* menu = new wxBoxSizer(wxHORIZONTAL);
+  menu->Add(MakeCaption(parent, editor.lblPop), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+  menu->Add(MakeMenuList(parent, editor.pop, "Choose"), wxSizerFlags().CenterVertical());
+  column->Add(menu, wxSizerFlags().Border(wxBOTTOM, gap));
+  column->Add(MakeCaption(parent, editor.lblText));
+  column->Add(MakeRichTextBox(parent, editor.qe, 52, 11), wxSizerFlags(1).Expand());
+  column->Add(MakeWrapped(parent, editor.lblUnknown, parent->FromDIP(kTextWidth)),
+              wxSizerFlags().Border(wxTOP, gap / 2));
+  column->Add(MakeCheckBox(parent, editor.chkAutoApply), wxSizerFlags().Border(wxTOP, gap));
+  return column;
+}
+
+wxSizer* SampleColumn(wxWindow* parent, recall::MessageEditor& editor) {
+  const int gap = parent->FromDIP(8);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(MakeCaption(parent, editor.lblSample));
+  column->Add(MakeRichTextBox(parent, editor.txSample, 44, 11, false), wxSizerFlags(1).Expand());
+  column->Add(MakeLabel(parent, editor.lblLength), wxSizerFlags().Border(wxTOP, gap / 2));
+  return column;
+}
+
+}  // namespace
+
+wxSizer* LayOut(wxWindow* parent, recall::MessageEditor& editor) {
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(TextColumn(parent, editor), wxSizerFlags(1).Expand());
+  columns->Add(SampleColumn(parent, editor), wxSizerFlags(1).Expand().Border(wxLEFT, parent->FromDIP(16)));
+  return columns;
+}
+
+}  // namespace views
