@@ -29,7 +29,7 @@ HomeOfDesk::HomeOfDesk(Desk& desk) : home(desk.Context(), PracticeName(desk.Sess
     const entry::Dispatch screens = desk.Classes().EditingScreen();
     const entry::Method* method = screens.Find(name);
     entry::Arguments arguments;
-    if (!method->parameters.empty()) {
+    if (!method->parameters.empty() && method->parameters.front().name == "PatientID") {
       arguments[method->parameters.front().name] = std::to_string(patient);
     }
     method->invoke(arguments);

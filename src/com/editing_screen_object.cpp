@@ -146,4 +146,8 @@ HRESULT EditingScreenObject::eReminder_PersonalSetup(LONG PatientID, VARIANT_BOO
   return OpenFor(Saved, [&] { return Screens().eReminder_PersonalSetup(PatientID); });
 }
 
+HRESULT EditingScreenObject::eReminder_TemplateSetup(LONG emsRecordType, LONG txtType, VARIANT_BOOL* Saved) {
+  return OpenFor(Saved, [&] { return Screens().eReminder_TemplateSetup(emsRecordType, txtType); });
+}
+
 }  // namespace com

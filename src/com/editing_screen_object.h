@@ -37,6 +37,7 @@ class EditingScreenObject final : public PublicClass<IEditingScreen, entry::Edit
   HRESULT STDMETHODCALLTYPE Load_PatInfo_Small(VARIANT* l_ID, VARIANT* ns_ID, VARIANT* GoToQuickAppoint) override;
   HRESULT STDMETHODCALLTYPE PaTable_Edit_Start(BSTR PersonType, VARIANT* SrchFld) override;
   HRESULT STDMETHODCALLTYPE eReminder_PersonalSetup(LONG PatientID, VARIANT_BOOL* Saved) override;
+  HRESULT STDMETHODCALLTYPE eReminder_TemplateSetup(LONG emsRecordType, LONG txtType, VARIANT_BOOL* Saved) override;
 
  private:
   // Opens a screen whose outcome is the method's value.

@@ -14,6 +14,7 @@
 #include "lookup/frmSearchWindow.h"
 #include "lookup/look_up.h"
 #include "recall/eRmdrPersonalSetup.h"
+#include "recall/frmEDMsg.h"
 
 namespace entry {
 
@@ -108,6 +109,10 @@ bool ComponentScreens::EditOfficeLocations() {
 bool ComponentScreens::EditPatientReminders(std::int32_t patient) {
   recall::eRmdrPersonalSetup screen(context_);
   screen.PatientID = patient;
+bool ComponentScreens::EditTemplates(std::int32_t kind, std::int32_t method) {
+  recall::frmEDMsg screen(context_);
+  screen.emsRecordType = static_cast<data::ReminderKind>(kind);
+  screen.txtType = static_cast<data::ContactMethod>(method);
   context_.user.Show(screen);
   return screen.Saved;
 }

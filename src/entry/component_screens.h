@@ -28,6 +28,8 @@ class ComponentScreens : public session::Screens {
   bool EditPatientCoverage(std::int32_t patient);
   bool EditOfficeLocations();
   bool EditPatientReminders(std::int32_t patient);
+  // Begins with the template of that kind and method; 0 leaves it to the screen.
+  bool EditTemplates(std::int32_t kind, std::int32_t method);
 
  private:
   // False when the person would rather not enter a new employee for the login.

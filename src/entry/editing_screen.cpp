@@ -165,4 +165,9 @@ bool EditingScreen::eReminder_PersonalSetup(std::int32_t patient_id) {
   return session != nullptr && ComponentScreens(*session, user_).EditPatientReminders(patient_id);
 }
 
+bool EditingScreen::eReminder_TemplateSetup(std::int32_t kind, std::int32_t method) {
+  const auto session = BeginCall();
+  return session != nullptr && ComponentScreens(*session, user_).EditTemplates(kind, method);
+}
+
 }  // namespace entry

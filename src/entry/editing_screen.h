@@ -53,6 +53,7 @@ class EditingScreen : public IGlobal, public ClassPrinter<EditingScreen> {
   // of which the person is told nothing.
   void PaTable_Edit_Start(const std::string& person_type, std::string& id);
   bool eReminder_PersonalSetup(std::int32_t patient_id);
+  bool eReminder_TemplateSetup(std::int32_t kind, std::int32_t method);
 
  private:
   // The session that a screen keeps while it is open, whatever the host assigns meanwhile. Tells the person when none

@@ -32,6 +32,7 @@
 #include "people/patScreen_SM.h"
 #include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEreminderContact.h"
+#include "recall/frmEDMsg.h"
 #include "recall/frmQuickEditor.h"
 
 namespace entry {
@@ -139,6 +140,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmTGList>("frmTGList"),
       Opens<lookup::frmExport>("frmExport"),
       Opens<recall::frmQuickEditor>("frmQuickEditor"),
+      Opens<recall::frmEDMsg>("frmEDMsg"),
       NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
   };
   return screens;

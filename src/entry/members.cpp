@@ -247,6 +247,10 @@ std::vector<Method> PersonMethods(EditingScreen& screen) {
            }},
           {"eReminder_PersonalSetup", {In("PatientID")}, [&screen](Arguments& arguments) {
              return TextOf(screen.eReminder_PersonalSetup(Reader(arguments).Int("PatientID")));
+           }},
+          {"eReminder_TemplateSetup", {In("emsRecordType"), In("txtType")}, [&screen](Arguments& arguments) {
+             Reader reader(arguments);
+             return TextOf(screen.eReminder_TemplateSetup(reader.Int("emsRecordType"), reader.Int("txtType")));
            }}};
 }
 

@@ -45,11 +45,14 @@ std::string TitleOf(ContactMethod method) {
 }  // namespace
 
 frmQuickEditor::frmQuickEditor(const session::ScreenContext& context)
-    : Form("frmQuickEditor"), Rules(context), editor(context) {
+    : Form("frmQuickEditor"), Rules(context), editor(context), test_(context) {
   Add("lblHelp", lblHelp);
   Add("picEditor", editor);
   Add("db", db);
   db.Help.Visible = false;
+  db.Extra.Caption = "Send &Test";
+  db.Extra.Visible = true;
+  db.Extra.Click = [this] { test_.Send(EditorType, [this] { return editor.Sample(); }); };
   db.OK.Click = [this] { db_OK(); };
   db.Cancel.Click = [this] { DoClose(); };
   AddProperties();
@@ -103,6 +106,7 @@ void frmQuickEditor::Read() {
                .adds_instructions = AutoApplyReturnMessageValue});
   plain_text_ = editor.PlainText();
   ShowMode();
+  (previews_ ? editor.txSample : editor.qe).SetFocus();
 }
 
 void frmQuickEditor::ShowMode() {

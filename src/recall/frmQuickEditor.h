@@ -11,6 +11,7 @@
 #include "forms/form.h"
 #include "forms/label.h"
 #include "recall/message_editor.h"
+#include "recall/test_message.h"
 
 namespace recall {
 
@@ -62,6 +63,7 @@ class frmQuickEditor : public forms::Form, private editing::Rules {
   void db_OK();
   void Take();
 
+  TestMessage test_;
   bool previews_ = false;  // the sample alone is seen
   std::string plain_text_;
   bool modified_ = false;

@@ -51,7 +51,7 @@ MessageEditor::MessageEditor(const session::ScreenContext& context) : Rules(cont
   lstTemplates.Heading = &lblTemplates;
   lblPop.Caption = "Insert &Variable";
   pop.Heading = &lblPop;
-  lblText.Caption = "&Message";
+  lblText.Caption = "Messa&ge";
   qe.Heading = &lblText;
   chkAutoApply.Caption = "&Automatically add instructions (Recommended)";
   txSample.Heading = &lblSample;
@@ -280,7 +280,9 @@ void MessageEditor::ShowUnknown() {
 void MessageEditor::ShowSampleAs(ContactMethod method) {
   sample_as_ = sample_ && method == sample_as_ ? message_.method : method;
   sample_.emplace(SampleFor(sample_as_));
-  lblSample.Caption = "Samp&le" + SampleTitle(sample_as_).substr(6);
+  std::string title = message_.merged_title ? "Sample Merged" : "Sample";
+  title += SampleTitle(sample_as_).substr(6);
+  lblSample.Caption = forms::WithMnemonic(title, 'l');
   txSample.Plain = !IsHtml(sample_as_);
   Follow();
 }

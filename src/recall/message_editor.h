@@ -35,6 +35,7 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
     std::string total_period = {};
     bool may_add_instructions = false;  // the reply instructions
     bool adds_instructions = false;
+    bool merged_title = false;  // "Sample Merged Text Message"
   };
 
   explicit MessageEditor(const session::ScreenContext& context);
