@@ -40,6 +40,8 @@ class frmEDMsg : public editing::EditingForm {
   void Read() override;
   bool Differs() const override { return Modified(); }
   bool Agreed() override;
+  // A template is written whole or not at all.
+  ClosingQuestion OnClosing() const override { return {}; }
 
  private:
   void Register();
