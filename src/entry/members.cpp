@@ -245,7 +245,9 @@ std::vector<Method> PersonMethods(EditingScreen& screen) {
              screen.PaTable_Edit_Start(reader.Text("PersonType"), reader.Text("SrchFld"));
              return std::string();
            }},
-          {"eReminder_PersonalSetup", {In("PatientID")}, [&screen](Arguments& arguments) {
+          {"eReminder_PersonalSetup",
+           {In("PatientID")},
+           [&screen](Arguments& arguments) {
              return TextOf(screen.eReminder_PersonalSetup(Reader(arguments).Int("PatientID")));
            }},
           {"eReminder_TemplateSetup", {In("emsRecordType"), In("txtType")}, [&screen](Arguments& arguments) {

@@ -5,7 +5,6 @@
 
 #include "forms/text.h"
 
-
 namespace recall {
 namespace {
 
@@ -125,7 +124,9 @@ void frmEDMsg::ShowTemplate() {
   const auto own = WithoutInstructions(text, Instructions(), txtType);
   editor.Show({.kind = emsRecordType,
                .method = txtType,
-               .text = !std::exchange(LoadData, true) ? "" : own ? *own : std::move(text),
+               .text = !std::exchange(LoadData, true) ? ""
+                       : own                          ? *own
+                                                      : std::move(text),
                .may_add_instructions = AutoApplyCheckBoxVisible,
                .adds_instructions = own || (!stored_ && AutoApplyCheckBoxVisible),
                .merged_title = true});
@@ -133,7 +134,9 @@ void frmEDMsg::ShowTemplate() {
 }
 
 void frmEDMsg::ChooseTemplate() {
-  const auto chosen = [](const forms::ComboBox& combo) { return combo.Current() == nullptr ? 0 : combo.Current()->data; };
+  const auto chosen = [](const forms::ComboBox& combo) {
+    return combo.Current() == nullptr ? 0 : combo.Current()->data;
+  };
   const auto kind = static_cast<ReminderKind>(chosen(cboKind));
   const auto method = static_cast<ContactMethod>(chosen(cboMethod));
   if (kind == emsRecordType && method == txtType) {

@@ -69,10 +69,10 @@ std::optional<std::string> TestMessage::AskReceiver(bool email) const {
   constexpr std::size_t kLongest = 320;  // no address and no number has more
   std::string receiver = context_.session.UserOption(kTestSection, email ? kTestEmail : kTestMobile);
   while (true) {
-    const auto typed = context_.user.Input({.prompt = email ? "Email address to send the test to:"
-                                                            : "Cell phone number to send the test to:",
-                                            .title = std::string(kTitle),
-                                            .text = receiver});
+    const auto typed = context_.user.Input(
+        {.prompt = email ? "Email address to send the test to:" : "Cell phone number to send the test to:",
+         .title = std::string(kTitle),
+         .text = receiver});
     if (!typed) {
       return std::nullopt;
     }

@@ -141,7 +141,7 @@ Way ByName(const std::string& name) {
           .how = "ByName",
           .open = [name](Desk& desk) { return OpenByName(name, desk); },
           .saves = edits && typed,
-          .holds = edits};
+          .holds = edits && name != "frmEDMsg"};  // which edits files
 }
 
 std::vector<Way> MakeWays() {

@@ -26,11 +26,12 @@ wxSizer* TextColumn(wxWindow* parent, recall::MessageEditor& editor) {
   const int gap = parent->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(TemplateRows(parent, editor), wxSizerFlags().Expand());
-  auto* menu = new wxBoxSizer(wxHORIZONTAL);
-  menu->Add(MakeCaption(parent, editor.lblPop), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
-  menu->Add(MakeMenuList(parent, editor.pop, "Choose"), wxSizerFlags().CenterVertical());
-  column->Add(menu, wxSizerFlags().Border(wxBOTTOM, gap));
-  column->Add(MakeCaption(parent, editor.lblText));
+  auto* head = new wxBoxSizer(wxHORIZONTAL);
+  head->Add(MakeCaption(parent, editor.lblText), wxSizerFlags().Align(wxALIGN_BOTTOM));
+  head->AddStretchSpacer();
+  head->Add(MakeCaption(parent, editor.lblPop), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+  head->Add(MakeMenuList(parent, editor.pop, "Choose"), wxSizerFlags().CenterVertical());
+  column->Add(head, wxSizerFlags().Expand().Border(wxBOTTOM, gap / 2));
   column->Add(MakeRichTextBox(parent, editor.qe, 52, 11), wxSizerFlags(1).Expand());
   column->Add(MakeWrapped(parent, editor.lblUnknown, parent->FromDIP(kTextWidth)),
               wxSizerFlags().Border(wxTOP, gap / 2));
@@ -41,7 +42,7 @@ wxSizer* TextColumn(wxWindow* parent, recall::MessageEditor& editor) {
 wxSizer* SampleColumn(wxWindow* parent, recall::MessageEditor& editor) {
   const int gap = parent->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(MakeCaption(parent, editor.lblSample));
+  column->Add(MakeCaption(parent, editor.lblSample), wxSizerFlags().Border(wxBOTTOM, gap / 2));
   column->Add(MakeRichTextBox(parent, editor.txSample, 44, 11, false), wxSizerFlags(1).Expand());
   column->Add(MakeLabel(parent, editor.lblLength), wxSizerFlags().Border(wxTOP, gap / 2));
   return column;
