@@ -57,6 +57,14 @@ MessageEditor::MessageEditor(const session::ScreenContext& context) : Rules(cont
   txSample.Heading = &lblSample;
   txSample.ReadOnly = true;
 
+  for (forms::Control* part :
+       std::initializer_list<forms::Control*>{&optPredefined, &optCustom, &lblTemplates, &lstTemplates, &lblPop, &pop,
+                                              &lblText, &qe, &lblUnknown, &lblLength, &chkAutoApply}) {
+    part->Container = &picText;
+  }
+  lblSample.Container = &picSample;
+  txSample.Container = &picSample;
+  Add("picText", picText);
   Add("optPredefined", optPredefined);
   Add("optCustom", optCustom);
   Add("lblTemplates", lblTemplates);
@@ -68,6 +76,7 @@ MessageEditor::MessageEditor(const session::ScreenContext& context) : Rules(cont
   Add("lblUnknown", lblUnknown);
   Add("lblLength", lblLength);
   Add("chkAutoApply", chkAutoApply);
+  Add("picSample", picSample);
   Add("lblSample", lblSample);
   Add("txSample", txSample);
   Wire();
@@ -244,11 +253,8 @@ void MessageEditor::TakeVariable() {
 }
 
 void MessageEditor::ShowParts(bool text, bool sample) {
-  for (forms::Control* control : std::initializer_list<forms::Control*>{&lblPop, &pop, &lblText, &qe}) {
-    control->Visible = text;
-  }
-  lblSample.Visible = sample;
-  txSample.Visible = sample;
+  picText.Visible = text;
+  picSample.Visible = sample;
 }
 
 void MessageEditor::Follow() {

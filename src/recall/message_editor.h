@@ -42,7 +42,6 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
 
   // Shows a message, as it is stored.
   void Show(Message message);
-  // Shows the sample alone, or the text with it.
   void ShowParts(bool text, bool sample);
 
   // A person changed what is stored.
@@ -58,6 +57,7 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
   // Something that is stored, or the sample, became different.
   std::function<void()> Change;
 
+  forms::Panel picText;
   forms::OptionButton optPredefined, optCustom;
   forms::Label lblTemplates;
   forms::ListBox lstTemplates;
@@ -68,6 +68,7 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
   forms::Label lblUnknown;
   forms::Label lblLength;
   forms::CheckBox chkAutoApply;
+  forms::Panel picSample;
   forms::Label lblSample;
   forms::RichTextBox txSample;
 

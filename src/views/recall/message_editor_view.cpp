@@ -2,6 +2,7 @@
 
 #include "views/choice_binders.h"
 #include "views/menu_list_binder.h"
+#include "views/panel_binders.h"
 #include "views/rich_text_binder.h"
 #include "views/text_binders.h"
 
@@ -22,7 +23,8 @@ wxSizer* TemplateRows(wxWindow* parent, recall::MessageEditor& editor) {
   return rows;
 }
 
-wxSizer* TextColumn(wxWindow* parent, recall::MessageEditor& editor) {
+wxPanel* TextColumn(wxWindow* on, recall::MessageEditor& editor) {
+  wxPanel* parent = MakePanel(on, editor.picText);
   const int gap = parent->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(TemplateRows(parent, editor), wxSizerFlags().Expand());
@@ -35,17 +37,20 @@ wxSizer* TextColumn(wxWindow* parent, recall::MessageEditor& editor) {
   column->Add(MakeRichTextBox(parent, editor.qe, 52, 11), wxSizerFlags(1).Expand());
   column->Add(MakeWrapped(parent, editor.lblUnknown, parent->FromDIP(kTextWidth)),
               wxSizerFlags().Border(wxTOP, gap / 2));
+  column->Add(MakeLabel(parent, editor.lblLength), wxSizerFlags().Border(wxTOP, gap / 2));
   column->Add(MakeCheckBox(parent, editor.chkAutoApply), wxSizerFlags().Border(wxTOP, gap));
-  return column;
+  parent->SetSizer(column);
+  return parent;
 }
 
-wxSizer* SampleColumn(wxWindow* parent, recall::MessageEditor& editor) {
+wxPanel* SampleColumn(wxWindow* on, recall::MessageEditor& editor) {
+  wxPanel* parent = MakePanel(on, editor.picSample);
   const int gap = parent->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(MakeCaption(parent, editor.lblSample), wxSizerFlags().Border(wxBOTTOM, gap / 2));
   column->Add(MakeRichTextBox(parent, editor.txSample, 44, 11, false), wxSizerFlags(1).Expand());
-  column->Add(MakeLabel(parent, editor.lblLength), wxSizerFlags().Border(wxTOP, gap / 2));
-  return column;
+  parent->SetSizer(column);
+  return parent;
 }
 
 }  // namespace
