@@ -33,6 +33,7 @@
 #include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEreminderContact.h"
 #include "recall/frmEDMsg.h"
+#include "recall/frmEreminderContact.h"
 #include "recall/frmQuickEditor.h"
 
 namespace entry {

@@ -23,6 +23,7 @@
 #include "views/recall/eRmdrPersonalSetup_view.h"
 #include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmEDMsg_view.h"
+#include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmQuickEditor_view.h"
 
 namespace views {

@@ -57,8 +57,8 @@ wxPanel* SampleColumn(wxWindow* on, recall::MessageEditor& editor) {
 
 wxSizer* LayOut(wxWindow* parent, recall::MessageEditor& editor) {
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
-  columns->Add(TextColumn(parent, editor), wxSizerFlags(1).Expand());
-  columns->Add(SampleColumn(parent, editor), wxSizerFlags(1).Expand().Border(wxLEFT, parent->FromDIP(16)));
+  columns->Add(TextColumn(parent, editor), wxSizerFlags(1).Expand().Border(wxRIGHT, parent->FromDIP(16)));
+  columns->Add(SampleColumn(parent, editor), wxSizerFlags(1).Expand());
   return columns;
 }
 
