@@ -78,6 +78,7 @@ void frmEDMsg::Register() {
   }
   cboKind.Items = std::move(kinds);
   std::vector<forms::ListItem> methods;
+  methods.reserve(kMethods.size());
   for (const ContactMethod method : kMethods) {
     methods.push_back({.text = std::string(data::NameOf(method)), .data = static_cast<std::int32_t>(method)});
   }
@@ -122,11 +123,10 @@ void frmEDMsg::ShowTemplate() {
   stored_ = Files().Read(FileName());
   std::string text = stored_.value_or(GenericMessage(emsRecordType, txtType, Language::English));
   const auto own = WithoutInstructions(text, Instructions(), txtType);
+  text = !std::exchange(LoadData, true) ? "" : own.value_or(text);
   editor.Show({.kind = emsRecordType,
                .method = txtType,
-               .text = !std::exchange(LoadData, true) ? ""
-                       : own                          ? *own
-                                                      : std::move(text),
+               .text = text,
                .may_add_instructions = AutoApplyCheckBoxVisible,
                .adds_instructions = own || (!stored_ && AutoApplyCheckBoxVisible),
                .merged_title = true});

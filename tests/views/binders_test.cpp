@@ -381,4 +381,22 @@ TEST_F(Binders, RichTextGoesBothWays) {
   EXPECT_EQ(text->GetValue(), "");
 }
 
+TEST_F(Binders, RichTextTakesInsertionsAtTheCaretAndPlainOnesLoseFormats) {
+  form_.rtfNote.Html = "<p>Dear <b>Ann</b>,</p><p>yours</p>";
+  wxPanel* panel = views::MakeRichTextBox(&dialog_, form_.rtfNote, 40, 5);
+  auto* text = dynamic_cast<wxRichTextCtrl*>(wxWindow::FindWindowByName("rtfNote.text", panel));
+  ASSERT_NE(text, nullptr);
+  text->SetSelection(5, 8);
+  form_.rtfNote.DoInsert("{Name}");
+  EXPECT_EQ(form_.rtfNote.Text(), "Dear {Name},\r\nyours");
+  form_.rtfNote.DoInsert("!");
+  EXPECT_EQ(form_.rtfNote.Text(), "Dear {Name}!,\r\nyours") << "the caret stands behind what was inserted";
+  text->Undo();
+  EXPECT_EQ(form_.rtfNote.Text(), "Dear {Name},\r\nyours");
+
+  form_.rtfNote.Plain = true;
+  EXPECT_EQ(form_.rtfNote.Html.get(), "<p>Dear {Name},</p><p>yours</p>");
+  EXPECT_FALSE(wxWindow::FindWindowByName("rtfNote.formats", panel)->IsShown());
+}
+
 }  // namespace
