@@ -58,13 +58,17 @@ MessageEditor::MessageEditor(const session::ScreenContext& context) : Rules(cont
   txSample.ReadOnly = true;
 
   for (forms::Control* part :
-       std::initializer_list<forms::Control*>{&optPredefined, &optCustom, &lblTemplates, &lstTemplates, &lblPop, &pop,
-                                              &lblText, &qe, &lblUnknown, &lblLength, &chkAutoApply}) {
+       std::initializer_list<forms::Control*>{&optPredefined, &optCustom, &lblTemplates, &lstTemplates}) {
+    part->Container = &picTemplates;
+  }
+  for (forms::Control* part : std::initializer_list<forms::Control*>{&picTemplates, &lblPop, &pop, &lblText, &qe,
+                                                                     &lblUnknown, &lblLength, &chkAutoApply}) {
     part->Container = &picText;
   }
   lblSample.Container = &picSample;
   txSample.Container = &picSample;
   Add("picText", picText);
+  Add("picTemplates", picTemplates);
   Add("optPredefined", optPredefined);
   Add("optCustom", optCustom);
   Add("lblTemplates", lblTemplates);
@@ -120,10 +124,7 @@ void MessageEditor::ShowTemplates(const std::string& marked) {
       items.push_back({.text = each.name});
     }
   }
-  for (forms::Control* control :
-       std::initializer_list<forms::Control*>{&optPredefined, &optCustom, &lblTemplates, &lstTemplates}) {
-    control->Visible = !items.empty();
-  }
+  picTemplates.Visible = !items.empty();
   const auto current = std::ranges::find(items, marked, &forms::ListItem::text);
   const bool known = !marked.empty() && current != items.end();
   missing_ = known ? "" : marked;

@@ -58,6 +58,7 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
   std::function<void()> Change;
 
   forms::Panel picText;
+  forms::Panel picTemplates;
   forms::OptionButton optPredefined, optCustom;
   forms::Label lblTemplates;
   forms::ListBox lstTemplates;

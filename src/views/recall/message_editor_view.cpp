@@ -1,6 +1,7 @@
 #include "views/recall/message_editor_view.h"
 
 #include "views/choice_binders.h"
+#include "views/framed.h"
 #include "views/menu_list_binder.h"
 #include "views/panel_binders.h"
 #include "views/rich_text_binder.h"
@@ -11,7 +12,8 @@ namespace {
 
 constexpr int kTextWidth = 440;
 
-wxSizer* TemplateRows(wxWindow* parent, recall::MessageEditor& editor) {
+wxPanel* TemplateRows(wxWindow* on, recall::MessageEditor& editor) {
+  wxPanel* parent = MakePanel(on, editor.picTemplates);
   const int gap = parent->FromDIP(8);
   auto* options = new wxBoxSizer(wxHORIZONTAL);
   options->Add(MakeOption(parent, editor.optPredefined, true), wxSizerFlags().Border(wxRIGHT, gap * 2));
@@ -19,8 +21,10 @@ wxSizer* TemplateRows(wxWindow* parent, recall::MessageEditor& editor) {
   auto* rows = new wxBoxSizer(wxVERTICAL);
   rows->Add(options, wxSizerFlags().Border(wxBOTTOM, gap));
   rows->Add(MakeCaption(parent, editor.lblTemplates));
-  rows->Add(MakeListBox(parent, editor.lstTemplates, {48}, 4), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-  return rows;
+  rows->Add(Framed(parent, [&](wxWindow* frame) { return MakeListBox(frame, editor.lstTemplates, {48}, 4); }),
+            wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  parent->SetSizer(rows);
+  return parent;
 }
 
 wxPanel* TextColumn(wxWindow* on, recall::MessageEditor& editor) {
@@ -28,11 +32,13 @@ wxPanel* TextColumn(wxWindow* on, recall::MessageEditor& editor) {
   const int gap = parent->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(TemplateRows(parent, editor), wxSizerFlags().Expand());
+  wxWindow* insert = MakeCaption(parent, editor.lblPop);
+  wxWindow* menu = MakeMenuList(parent, editor.pop, "Choose");
   auto* head = new wxBoxSizer(wxHORIZONTAL);
   head->Add(MakeCaption(parent, editor.lblText), wxSizerFlags().Align(wxALIGN_BOTTOM));
   head->AddStretchSpacer();
-  head->Add(MakeCaption(parent, editor.lblPop), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
-  head->Add(MakeMenuList(parent, editor.pop, "Choose"), wxSizerFlags().CenterVertical());
+  head->Add(insert, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+  head->Add(menu, wxSizerFlags().CenterVertical());
   column->Add(head, wxSizerFlags().Expand().Border(wxBOTTOM, gap / 2));
   column->Add(MakeRichTextBox(parent, editor.qe, 52, 11), wxSizerFlags(1).Expand());
   column->Add(MakeWrapped(parent, editor.lblUnknown, parent->FromDIP(kTextWidth)),
