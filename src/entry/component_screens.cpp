@@ -109,6 +109,10 @@ bool ComponentScreens::EditOfficeLocations() {
 bool ComponentScreens::EditPatientReminders(std::int32_t patient) {
   recall::eRmdrPersonalSetup screen(context_);
   screen.PatientID = patient;
+  context_.user.Show(screen);
+  return screen.Saved;
+}
+
 bool ComponentScreens::EditTemplates(std::int32_t kind, std::int32_t method) {
   recall::frmEDMsg screen(context_);
   screen.emsRecordType = static_cast<data::ReminderKind>(kind);

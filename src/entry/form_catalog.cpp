@@ -31,7 +31,6 @@
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
 #include "recall/eRmdrPersonalSetup.h"
-#include "recall/frmEreminderContact.h"
 #include "recall/frmEDMsg.h"
 #include "recall/frmEreminderContact.h"
 #include "recall/frmQuickEditor.h"

@@ -21,7 +21,6 @@
 #include "views/people/frmDatabaseSearch_view.h"
 #include "views/people/patScreen_SM_view.h"
 #include "views/recall/eRmdrPersonalSetup_view.h"
-#include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmEDMsg_view.h"
 #include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmQuickEditor_view.h"
