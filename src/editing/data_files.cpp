@@ -14,12 +14,15 @@ namespace fs = std::filesystem;
 
 // What stands before the first full stop names a device, whatever stands behind it.
 bool IsDevice(std::string_view name) {
-  constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN", "AUX", "NUL", "COM", "LPT"};
+  constexpr std::array<std::string_view, 8> kDevices = {"CON", "CONIN$", "CONOUT$", "PRN", "AUX", "NUL", "COM", "LPT"};
+  static constexpr std::array<std::string_view, 3> kRaised = {"\u00B9", "\u00B2", "\u00B3"};
   const std::string stem = forms::ToUpper(forms::Trim(name.substr(0, name.find('.'))));
   return std::ranges::any_of(kDevices, [&stem](std::string_view device) {
     const std::string_view number = std::string_view(stem).substr(std::min(stem.size(), device.size()));
     const bool numbered = device == "COM" || device == "LPT";
-    return stem.starts_with(device) && (numbered ? number.size() == 1 && forms::IsDigit(number[0]) : number.empty());
+    return stem.starts_with(device) &&
+           (numbered ? (number.size() == 1 && forms::IsDigit(number[0])) || std::ranges::count(kRaised, number) > 0
+                     : number.empty());
   });
 }
 
