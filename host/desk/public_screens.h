@@ -16,6 +16,7 @@ class PublicScreens : public session::Screens {
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
   // The payers, the search and the short lists have no public method that tells what was picked: nothing is.
   session::ListOutcome ShowPayers(const session::ListOptions& /*options*/) override { return {}; }
+  std::vector<std::string> ChooseServiceCodes() override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest& /*request*/) override { return {}; }
   // Starts on no plan, and offers plans alone.
   std::int32_t SelectCoverage(const session::CoverageChoice& choice) override;

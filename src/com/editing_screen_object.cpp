@@ -93,13 +93,14 @@ HRESULT EditingScreenObject::Grp_Plan_Start(VARIANT* GroPlaID, LONG InsCoID) {
 HRESULT EditingScreenObject::Recall_Master_Start(VARIANT* TmpRecNum, VARIANT* RecallID, VARIANT* Canceled,
                                                  VARIANT* DataSaved) {
   return Open([&] {
-    std::string temporary_number = TextOf(TmpRecNum);
+    IdArgument temporary_number(TmpRecNum);
     IdArgument recall(RecallID);
     const bool was_canceled = BoolOf(Canceled);
     const bool was_saved = BoolOf(DataSaved);
     bool canceled = was_canceled;
     bool data_saved = was_saved;
-    Screens().Recall_Master_Start(temporary_number, recall.Text(), canceled, data_saved);
+    Screens().Recall_Master_Start(temporary_number.Text(), recall.Text(), canceled, data_saved);
+    temporary_number.Return();
     recall.Return();
     Return(Canceled, was_canceled, canceled);
     Return(DataSaved, was_saved, data_saved);

@@ -183,13 +183,17 @@ std::vector<std::int32_t> PlansWithDetails(session::Database& database, const Pl
 std::vector<ServiceCode> ServiceCodesOf(session::Database& database, std::string_view login) {
   const Statements statements(database);
   std::vector<ServiceCode> codes;
-  for (const auto rows = statements.Select("SELECT SevCodID, SevCodCod, SevCodDes FROM SevCodTable WHERE (OffLocID=" +
-                                           Literal(LocationOf(statements, login)) + ") AND (SevCodTyp='1 - Charge')" +
-                                           statements.Office() + " ORDER BY SevCodCod");
+  for (const auto rows = statements.Select("SELECT SevCodID, SevCodCod, SevCodDes " +
+                                           FromServiceCodes(statements, login) + " ORDER BY SevCodCod");
        !rows->Eof(); rows->MoveNext()) {
-    codes.push_back({ToText(rows->Get(1)), ToText(rows->Get(2))});
+    codes.push_back({ToId(rows->Get(0)), ToText(rows->Get(1)), ToText(rows->Get(2))});
   }
   return codes;
+}
+
+Sql FromServiceCodes(const Statements& statements, std::string_view login) {
+  return "FROM SevCodTable WHERE (OffLocID=" + Literal(LocationOf(statements, login)) +
+         ") AND (SevCodTyp='1 - Charge')" + statements.Office();
 }
 
 }  // namespace data

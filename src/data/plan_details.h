@@ -103,11 +103,14 @@ std::optional<GroupPlan> ReadGroupPlan(session::Database& database, std::int32_t
 std::vector<std::int32_t> PlansWithDetails(session::Database& database, const PlanKey& plan);
 
 struct ServiceCode {
+  std::int32_t id = 0;
   std::string code;
   std::string description;
 };
 // What the login's location charges, by code; for a login without one the office's first. Throws
 // session::DatabaseError.
 std::vector<ServiceCode> ServiceCodesOf(session::Database& database, std::string_view login);
+// "FROM SevCodTable WHERE ...": of the same.
+Sql FromServiceCodes(const Statements& statements, std::string_view login);
 
 }  // namespace data

@@ -40,6 +40,10 @@ session::ListOutcome ComponentScreens::ShowPayers(const session::ListOptions& op
   return lookup::ShowPayerList(context_, options);
 }
 
+std::vector<std::string> ComponentScreens::ChooseServiceCodes() {
+  return lookup::ChooseServiceCodes(context_);
+}
+
 session::SearchOutcome ComponentScreens::Search(const session::SearchRequest& request) {
   return lookup::Search(context_, request);
 }

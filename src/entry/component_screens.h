@@ -15,6 +15,7 @@ class ComponentScreens : public session::Screens {
   session::Outcome Edit(const session::Opening& opening) override;
   session::ListOutcome ShowList(session::LookUpListTypes type, const session::ListOptions& options) override;
   session::ListOutcome ShowPayers(const session::ListOptions& options) override;
+  std::vector<std::string> ChooseServiceCodes() override;
   session::SearchOutcome Search(const session::SearchRequest& request) override;
   std::int32_t SelectCoverage(const session::CoverageChoice& choice) override;
   void ShowPlanDetails(const session::PlanDetailsRequest& request) override;

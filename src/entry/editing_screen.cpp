@@ -107,11 +107,14 @@ void EditingScreen::Grp_Plan_Start(std::string& plan_id, std::int32_t carrier_id
   EditGiven({.kind = RecordKind::GroupPlan, .carrier = carrier_id}, plan_id, plan_id);
 }
 
-void EditingScreen::Recall_Master_Start(std::string& /*temporary_number*/, std::string& recall_id, bool& canceled,
+void EditingScreen::Recall_Master_Start(std::string& temporary_number, std::string& recall_id, bool& canceled,
                                         bool& data_saved) {
   if (const auto outcome = EditById({.kind = RecordKind::RecallMaster}, recall_id)) {
     data_saved = outcome->Saved();
     canceled = !data_saved;
+    if (data_saved) {
+      temporary_number = recall_id;
+    }
   }
 }
 

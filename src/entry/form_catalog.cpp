@@ -32,6 +32,7 @@
 #include "people/patScreen_SM.h"
 #include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEDMsg.h"
+#include "recall/RecallSetupScreen.h"
 #include "recall/frmEreminderContact.h"
 #include "recall/frmQuickEditor.h"
 
@@ -47,10 +48,9 @@ using session::ScreenContext;
 struct Screen {
   std::string_view name;
   std::vector<RecordKind> edits;
-  // Null for one that is not part of this version.
   std::unique_ptr<forms::Form> (*make)(const ScreenContext&) = nullptr;
+  // Null for one that edits no records.
   Outcome (*edit)(const ScreenContext&, const Opening&) = nullptr;
-  std::string_view what = {};  // what it is for, where it is not part of this version
 };
 
 // A form that others open, or that is opened by its name alone.
@@ -109,10 +109,6 @@ Screen Edits(std::string_view name, std::initializer_list<RecordKind> kinds) {
               }};
 }
 
-Screen NotBuilt(std::string_view name, std::initializer_list<RecordKind> kinds, std::string_view what) {
-  return {.name = name, .edits = kinds, .what = what};
-}
-
 // Every screen stands here once; every kind of record is edited by one of them.
 const std::vector<Screen>& AllScreens() {
   static const std::vector<Screen> screens = {
@@ -141,7 +137,7 @@ const std::vector<Screen>& AllScreens() {
       Opens<lookup::frmExport>("frmExport"),
       Opens<recall::frmQuickEditor>("frmQuickEditor"),
       Opens<recall::frmEDMsg>("frmEDMsg"),
-      NotBuilt("RecallSetupScreen", {RecordKind::RecallMaster}, "recalls"),
+      Edits<recall::RecallSetupScreen>("RecallSetupScreen", {RecordKind::RecallMaster}),
   };
   return screens;
 }
@@ -175,16 +171,14 @@ bool IsBeingEdited(const Opening& opening) {
 std::vector<std::string> FormNames() {
   std::vector<std::string> names;
   for (const Screen& screen : AllScreens()) {
-    if (screen.make != nullptr) {
-      names.emplace_back(screen.name);
-    }
+    names.emplace_back(screen.name);
   }
   return names;
 }
 
 std::unique_ptr<forms::Form> MakeForm(std::string_view name, const ScreenContext& context) {
   for (const Screen& screen : AllScreens()) {
-    if (screen.make != nullptr && forms::EqualsIgnoringCase(screen.name, name)) {
+    if (forms::EqualsIgnoringCase(screen.name, name)) {
       return screen.make(context);
     }
   }
@@ -204,19 +198,15 @@ Outcome EditRecord(const ScreenContext& context, const Opening& opening) {
     editing::Rules(context).TellIsBeingEdited();
     return {};
   }
-  if (screen.edit != nullptr) {
-    Outcome outcome = screen.edit(context, opening);
-    if (outcome.end == Outcome::End::Instead) {
-      Opening joining = opening;
-      joining.mode = Opening::Mode::Existing;
-      joining.id = outcome.id;
-      joining.joins = true;
-      outcome = EditRecord(context, joining);
-    }
-    return outcome;
+  Outcome outcome = screen.edit(context, opening);
+  if (outcome.end == Outcome::End::Instead) {
+    Opening joining = opening;
+    joining.mode = Opening::Mode::Existing;
+    joining.id = outcome.id;
+    joining.joins = true;
+    outcome = EditRecord(context, joining);
   }
-  TellNotBuilt(context.user, screen.name, screen.what);
-  return {.end = Outcome::End::NotBuilt};
+  return outcome;
 }
 
 void TellAlreadyOpen(forms::User& user, const forms::Form& open) {

@@ -1,8 +1,10 @@
 #include "lookup/look_up.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "data/persons.h"
+#include "data/plan_details.h"
 #include "data/statements.h"
 #include "editing/rules.h"
 #include "lookup/frmTGList.h"
@@ -72,6 +74,27 @@ session::ListOutcome ShowPayerList(const ScreenContext& context, const session::
   SetList(window, PayerList(data::Statements(context.session)), options.title);
   window.AllowEdit = false;
   return window.ShowList();
+}
+
+std::vector<std::string> ChooseServiceCodes(const ScreenContext& context) {
+  const std::string login = context.session.UserName();
+  frmTGList window(context);
+  window.Options.multi_select = true;
+  SetList(window, ServiceCodeList(data::Statements(context.session), login), {});
+  window.AllowEdit = false;
+  const session::ListOutcome outcome = window.ShowList();
+  std::vector<std::string> chosen;
+  if (!outcome.Chosen()) {
+    return chosen;
+  }
+  const std::vector<data::ServiceCode> codes = data::ServiceCodesOf(context.session, login);
+  for (const std::int32_t id : outcome.ids) {
+    const auto code = std::ranges::find(codes, id, &data::ServiceCode::id);
+    if (code != codes.end()) {
+      chosen.push_back(code->code);
+    }
+  }
+  return chosen;
 }
 
 std::optional<session::PickedText> ShowPickList(const ScreenContext& context, session::PickList list,

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "lookup/list_events.h"
 #include "session/screens.h"
@@ -15,6 +16,9 @@ session::ListOutcome ShowLookUpList(const session::ScreenContext& context, sessi
 
 // The electronic payers; of the options the title and the payer to start on count.
 session::ListOutcome ShowPayerList(const session::ScreenContext& context, const session::ListOptions& options);
+
+// The codes of the chosen services; none when cancelled.
+std::vector<std::string> ChooseServiceCodes(const session::ScreenContext& context);
 
 // Nothing when cancelled. An empty title is the list's own.
 std::optional<session::PickedText> ShowPickList(const session::ScreenContext& context, session::PickList list,

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "data/literal.h"
+#include "data/plan_details.h"
 
 namespace lookup {
 namespace {
@@ -140,6 +141,17 @@ ListDefinition PayerList(const Statements& statements) {
              statements.Office(" and (ePayerTable.OfficeID = ", ") ");
   list.sort = Words("[Electronic Payer]");
   list.layout_key = "frmTGList_EPAY";
+  return list;
+}
+
+ListDefinition ServiceCodeList(const Statements& statements, std::string_view login) {
+  ListDefinition list;
+  list.title = "Service Code List";
+  list.window_texts = {"ServiceCode", "ID Num", "Code", "[Code]", "[ID Num]"};
+  list.sql = "SELECT SevCodCod AS [Code], SevCodDes AS [Description], SevCodID AS [ID Num] " +
+             data::FromServiceCodes(statements, login);
+  list.sort = Words("[Code]");
+  list.layout_key = "frmTGList_SEVC";
   return list;
 }
 

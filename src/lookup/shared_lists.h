@@ -22,6 +22,8 @@ ListDefinition EmployerList(const data::Statements& statements, const session::L
 ListDefinition GroupPlanList(const data::Statements& statements, const session::ListOptions& options);
 // Of the electronic payers that carriers are linked to.
 ListDefinition PayerList(const data::Statements& statements);
+// Of the services that the login's location charges.
+ListDefinition ServiceCodeList(const data::Statements& statements, std::string_view login);
 ListDefinition PharmacyList(const data::Statements& statements);
 
 // The last column of a list of persons whose caller wants their insurance: the carrier of the first coverage.

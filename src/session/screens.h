@@ -166,6 +166,8 @@ class Screens {
   // One of the links that stand for the employer's plans; 0 when none was chosen.
   virtual std::int32_t SelectCoverage(const CoverageChoice& choice) = 0;
   virtual void ShowPlanDetails(const PlanDetailsRequest& request) = 0;
+  // Of the services that the login's location charges; none when cancelled.
+  virtual std::vector<std::string> ChooseServiceCodes() = 0;
   // Nothing when cancelled.
   virtual std::optional<PickedText> ShowPickList(PickList list, std::string_view title) = 0;
   // The locations at which a login may be used. True when something was saved.

@@ -22,6 +22,7 @@
 #include "views/people/patScreen_SM_view.h"
 #include "views/recall/eRmdrPersonalSetup_view.h"
 #include "views/recall/frmEDMsg_view.h"
+#include "views/recall/RecallSetupScreen_view.h"
 #include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmQuickEditor_view.h"
 
@@ -49,6 +50,7 @@ ViewRegistry ViewRegistry::Standard() {
   registry.Add<people::patScreen_SM>("patScreen_SM", LayOut_patScreen_SM);
   registry.Add<recall::eRmdrPersonalSetup>("eRmdrPersonalSetup", LayOut_eRmdrPersonalSetup);
   registry.Add<recall::frmEDMsg>("frmEDMsg", LayOut_frmEDMsg);
+  registry.Add<recall::RecallSetupScreen>("RecallSetupScreen", LayOut_RecallSetupScreen);
   registry.Add<recall::frmQuickEditor>("frmQuickEditor", LayOut_frmQuickEditor);
   registry.Add<lookup::frmSearchWindow>("frmSearchWindow", LayOut_frmSearchWindow);
   registry.Add<lookup::frmTGList>("frmTGList", LayOut_frmTGList);

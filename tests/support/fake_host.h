@@ -179,6 +179,7 @@ class FakeScreens : public session::Screens {
   }
   session::ListOutcome ShowList(session::LookUpListTypes, const session::ListOptions&) override { return {}; }
   session::ListOutcome ShowPayers(const session::ListOptions&) override { return {}; }
+  std::vector<std::string> ChooseServiceCodes() override { return {}; }
   session::SearchOutcome Search(const session::SearchRequest&) override { return {}; }
   std::int32_t SelectCoverage(const session::CoverageChoice&) override { return 0; }
   void ShowPlanDetails(const session::PlanDetailsRequest&) override {}

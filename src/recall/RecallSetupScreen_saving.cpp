@@ -1,0 +1,108 @@
+#include <algorithm>
+#include <utility>
+
+#include "forms/text.h"
+#include "recall/RecallSetupScreen.h"
+
+namespace recall {
+
+void RecallSetupScreen::WireSaving() {
+  Edits(record_);
+  const auto always = [] { return true; };
+  const auto adding = [this] { return Adding(); };
+  OnSave(adding, [this] { record_.Insert(); });
+  OnSave(adding, [this] { Hold("RSTABLE", record_.Id()); });
+  OnSave(always, [this] { Write(); });
+  OnSave([this] { return picSend.SettingsChanged(); }, [this] { picSend.SaveSettings(); });
+  OnSave([this] { return StagesChanged(); }, [this] { RefreshRecalls(); });
+  OnSave(always, [this] {
+    context_.session.RecordHandOff("RCRecNum", "RSTABLE", record_.Id());
+    db.Cancel.Caption = "Close";
+  });
+}
+
+bool RecallSetupScreen::Save_Record() {
+  return MayModify() && Save();
+}
+
+bool RecallSetupScreen::Differs() const {
+  return record_.Changed() || !(stages_ == stored_) || picSend.SettingsChanged();
+}
+
+bool RecallSetupScreen::Check() {
+  if (Unsaved() && !StageWithinBounds()) {
+    return false;
+  }
+  if (forms::Trim(txtName.Text.get()).empty()) {
+    context_.user.Tell("You must provide a title for this recall setup before it can be saved.", "Save Recall Setup",
+                       forms::Icon::Information);
+    txtName.SetFocus();
+    return false;
+  }
+  return true;
+}
+
+// The button says what it does; the close box offers to save first.
+RecallSetupScreen::ClosingQuestion RecallSetupScreen::OnClosing() const {
+  ClosingQuestion question = EditingForm::OnClosing();
+  if (!cancelling_ && !question.offers_to_save) {
+    question = {.text = "Changes to this recall have not been saved. Save now?",
+                .title = "Recall Setup",
+                .offers_to_save = true};
+  }
+  return question;
+}
+
+bool RecallSetupScreen::QueryClose() {
+  return (cancelling_ || !Unsaved() || StageWithinBounds()) && EditingForm::QueryClose();
+}
+
+bool RecallSetupScreen::StagesChanged() const {
+  const auto same = [this](int place) {
+    const Stage* now = stages_.At(place);
+    const Stage* before = stored_.At(place);
+    return now == nullptr || before == nullptr ? now == before
+                                               : now->period == before->period && now->sequence == before->sequence;
+  };
+  bool all_same = true;
+  for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
+    all_same = all_same && same(place);
+  }
+  return Adding() || !all_same || record_.Changed(lblData[kPeriod]) || record_.Changed(lblData[kCodes]);
+}
+
+// The recall with its stages, in all the places that say it.
+void RecallSetupScreen::Write() {
+  RecallStages written = stages_;
+  for (const int place : written.Places()) {
+    Notices& notices = written.At(place)->notices;
+    notices = Completed(std::move(notices));
+  }
+  session::Transaction transaction(context_.session.Connection());
+  record_.Write();
+  store_.Write(record_.Id(), stored_, written);
+  store_.Mirror(record_.Id(), written);
+  transaction.Commit();
+  record_.MarkUpdated();
+  stages_ = stored_ = std::move(written);
+  due_off_.reset();
+  ShowNotices();
+}
+
+// The utility works out the patients' recalls anew. The recall is saved, whether it starts or not.
+void RecallSetupScreen::RefreshRecalls() {
+  constexpr std::string_view kProgram = "FXRECALL.EXE";
+  std::string path = context_.session.ProgramFolder();
+  if (!path.empty() && path.back() != '\\' && path.back() != '/') {
+    path += '\\';
+  }
+  path += kProgram;
+  if (!context_.session.StartProgram("\"" + path + "\" /S /ID=" + std::to_string(record_.Id()))) {
+    Tell("The recall utility (" + path +
+             ") could not be started.\r\nThis recall is saved. The recalls of its patients "
+             "are brought up to date the next time that it runs.",
+         forms::Icon::Exclamation);
+  }
+}
+
+}  // namespace recall
