@@ -21,16 +21,18 @@ RecallSetupScreen::RecallSetupScreen(const session::ScreenContext& context)
       PictureBox1(context),
       record_(context.session, "RSTable", "RCRecNum"),
       store_(context.session) {
-  record_.Bind(lblData[kCodes], "RCCod");
+  record_.Bind(txtServices, "RCCod");
   record_.Bind(lblData[kExcludedCodes], "RCExcCod");
   record_.Bind(lblData[kPeriod], "RCRecPer");
-  record_.Bind(lblData[kTitle], "RCTtl");
+  record_.Bind(txtName, "RCTtl");
   record_.Bind(lblData[kDontPrintDays], "RCDonPriDay");
   record_.Bind(lblData[kSetupFlag], "RCSetupFlag");
   record_.Bind(lblData[kSameDay], "RCIncSamDay");
   record_.Bind(lblData[kShowOnTodo], "RCShoOnToDo");
   record_.Bind(location_, "OffLocID");
-  // The store writes these.
+  // The fields themselves, and the store, write these.
+  lblData[kCodes].DataField = txtServices.DataField;
+  lblData[kTitle].DataField = txtName.DataField;
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
     lblData.at(kDuePeriod + static_cast<std::size_t>(place)).DataField = RecallStageStore::PeriodColumn(place);
   }
@@ -54,11 +56,7 @@ void RecallSetupScreen::Wire() {
     const auto period = Composed(txtPeriod, cmbPeriod);
     take(kPeriod, period ? period->Text() : number);
   };
-  txtPeriod.Leave = [this] {
-    if (const auto period = Composed(txtPeriod, cmbPeriod)) {
-      txtPeriod.Text = std::to_string(period->number);
-    }
-  };
+  txtPeriod.Leave = [this] { TakeNumber(txtPeriod); };
   chkSameDay.Click = [this, take] { take(kSameDay, OnOff(chkSameDay)); };
   chkShowOnTodo.Click = [this, take] { take(kShowOnTodo, OnOff(chkShowOnTodo)); };
   const auto days = [this, take] {
@@ -67,6 +65,7 @@ void RecallSetupScreen::Wire() {
     take(kDontPrintDays, on ? std::string(forms::Trim(txtDontPrintDays.Text.get())) : "0");
   };
   chkDontPrintDays.Click = txtDontPrintDays.Change = days;
+  txtDontPrintDays.Leave = [this] { TakeNumber(txtDontPrintDays); };
   codeCmd.Click = [this] { codeCmd_Click(); };
   db.OK.Click = [this] { Save_Record(); };
   db.Cancel.Click = [this] {
@@ -122,8 +121,8 @@ void RecallSetupScreen::ShowData() {
     return forms::IsOn(lblData.at(data).Caption.get()) ? forms::CheckState::On : forms::CheckState::Off;
   };
   LoadingData = true;
-  txtName.Text = lblData[kTitle].Caption.get();
-  txtServices.Text = lblData[kCodes].Caption.get();
+  lblData[kTitle].Caption = txtName.Text.get();
+  lblData[kCodes].Caption = txtServices.Text.get();
   const std::string& period = lblData[kPeriod].Caption.get();
   const auto code = forms::PeriodCode::Parse(period);
   ShowPeriod(code, txtPeriod, cmbPeriod);

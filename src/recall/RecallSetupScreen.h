@@ -43,7 +43,7 @@ class RecallSetupScreen : public editing::EditingForm {
 
   explicit RecallSetupScreen(const session::ScreenContext& context);
 
-  std::array<forms::Label, 33> lblData;  // hidden: what the recall's columns hold
+  std::array<forms::Label, 33> lblData;  // hidden: what the columns of the recall's row hold
   forms::Label lblNoApMsg, lblPremed;    // hidden: further messages of the office's recall setup
   forms::Label lblName;
   forms::TextBox txtName;
@@ -142,6 +142,7 @@ class RecallSetupScreen : public editing::EditingForm {
 
   StageControls ControlsOf(int place);
   static std::optional<forms::PeriodCode> Composed(const forms::TextBox& number, const forms::ComboBox& unit);
+  void TakeNumber(forms::TextBox& box);
   static void ShowPeriod(const std::optional<forms::PeriodCode>& period, forms::TextBox& number, forms::ComboBox& unit);
   void ShowData();
   void ShowStages();

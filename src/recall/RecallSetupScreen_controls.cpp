@@ -4,8 +4,6 @@
 namespace recall {
 namespace {
 
-constexpr int kTitleRoom = 65;
-constexpr int kCodesRoom = 100;
 constexpr int kNumberRoom = 4;  // of a period, before its unit
 
 void PrepareUnits(forms::ComboBox& units, const std::string& of) {
@@ -13,16 +11,9 @@ void PrepareUnits(forms::ComboBox& units, const std::string& of) {
   units.AccessibleName = of + " in days, months or years";
 }
 
-// A whole number, or what is rounded to one.
-char32_t OfNumber(char32_t key) {
-  const bool fits = (key >= U'0' && key <= U'9') || key == U'.' || key < U' ';
-  return fits ? key : char32_t{0};
-}
-
 void PrepareNumber(forms::TextBox& box, forms::Label& heading) {
   box.Heading = &heading;
   box.MaxLength = kNumberRoom;
-  box.KeyPress = OfNumber;
 }
 
 }  // namespace
@@ -36,10 +27,8 @@ void RecallSetupScreen::Register() {
   }
   lblNoApMsg.Visible = false;
   lblPremed.Visible = false;
-  lblData[kCodes].AccessibleName = "Service codes";
   lblData[kExcludedCodes].AccessibleName = "Excluded codes";
   lblData[kPeriod].AccessibleName = "Recall period";
-  lblData[kTitle].AccessibleName = "Title";
   lblData[kDontPrintDays].AccessibleName = "Days without a notice";
   lblData[kSetupFlag].AccessibleName = "Setup";
   lblData[kSameDay].AccessibleName = "Appointments on the same day";
@@ -49,7 +38,6 @@ void RecallSetupScreen::Register() {
   Add("txtName", txtName);
   lblName.Caption = "&Title";
   txtName.Heading = &lblName;
-  txtName.MaxLength = kTitleRoom;
   Add("C1Tab1", C1Tab1);
   C1Tab1.AccessibleName = "Pages";
   Add("picGeneral", picGeneral);
@@ -110,7 +98,6 @@ void RecallSetupScreen::RegisterGeneral() {
   PrepareUnits(cmbPeriod, "Recall period");
   lblServices.Caption = "Ser&vice Codes";
   txtServices.Heading = &lblServices;
-  txtServices.MaxLength = kCodesRoom;
   codeCmd.Caption = "&Codes...";
   codeCmd.ToolTip = "Open Service Code List";
   chkSameDay.Caption = "&Include appointments on the same day";

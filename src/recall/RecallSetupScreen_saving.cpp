@@ -68,7 +68,7 @@ bool RecallSetupScreen::StagesChanged() const {
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
     all_same = all_same && same(place);
   }
-  return Adding() || !all_same || record_.Changed(lblData[kPeriod]) || record_.Changed(lblData[kCodes]);
+  return Adding() || !all_same || record_.Changed(lblData[kPeriod]) || record_.Changed(txtServices);
 }
 
 // The recall with its stages, in all the places that say it.

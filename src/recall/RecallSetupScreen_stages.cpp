@@ -24,12 +24,7 @@ void RecallSetupScreen::WireStages() {
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
     const StageControls controls = ControlsOf(place);
     controls.number.Change = controls.unit.Click = [this, place] { TakePeriod(place); };
-    controls.number.Leave = [this, place] {
-      const StageControls left = ControlsOf(place);
-      if (const auto period = Composed(left.number, left.unit)) {
-        left.number.Text = std::to_string(period->number);
-      }
-    };
+    controls.number.Leave = [this, &number = controls.number] { TakeNumber(number); };
   }
   SliderDue.Change = [this] { SliderDue_Change(); };
   SliderLate.Change = [this] { SliderLate_Change(); };
@@ -73,6 +68,21 @@ std::optional<forms::PeriodCode> RecallSetupScreen::Composed(const forms::TextBo
     return std::nullopt;
   }
   return forms::PeriodCode::Parse(text + static_cast<char>(kUnits.at(static_cast<std::size_t>(unit.ListIndex.get()))));
+}
+
+// Rounded to a whole one; what is no number stays, to be corrected.
+void RecallSetupScreen::TakeNumber(forms::TextBox& box) {
+  const std::string text(forms::Trim(box.Text.get()));
+  if (text.find_first_not_of("0123456789.") != std::string::npos || (!text.empty() && text == ".")) {
+    Tell(ToldBack(text) + " is not a number.", forms::Icon::Information);
+    box.SetFocus();
+  } else if (!text.empty()) {
+    const auto rounded = forms::PeriodCode::Parse(text + "D").value_or(forms::PeriodCode()).number;
+    if (!(box.Text == std::to_string(rounded))) {
+      box.Text = std::to_string(rounded);
+      box.Change();
+    }
+  }
 }
 
 void RecallSetupScreen::ShowPeriod(const std::optional<forms::PeriodCode>& period, forms::TextBox& number,

@@ -213,17 +213,13 @@ void RecallStageStore::WriteStage(std::int32_t recall, std::int32_t kind, int pl
         "rmtID", stage.message_row);
 }
 
-// Every office's, whichever saves first.
+// Every office's, whichever saves first. One that is there is left as it is.
 void RecallStageStore::BackUp() const {
   constexpr Words kColumns =
       "OffLocID, RCCod, RCCutOff, RCCutOffLet, RCCutOffMsg, RCDonPriDay, RCDuePer, RCDuePerLet, RCDuePerMsg, RCExcCod, "
       "RCIncSamDay, RCLatPer1, RCLatPer1Let, RCLatPer1Msg, RCLatPer2, RCLatPer2Let, RCLatPer2Msg, RCLatPer3, "
       "RCLatPer3Let, RCLatPer3Msg, RCLatPer4, RCLatPer4Let, RCLatPer4Msg, RCLatPer5, RCLatPer5Let, RCLatPer5Msg, "
       "RCLatPer6, RCLatPer6Let, RCLatPer6Msg, RCRecNum, RCRecPer, RCSetupFlag, RCShoOnToDo, RCTtl";
-  if (ToId(statements_.SelectValue(Words("select count(*) from INFORMATION_SCHEMA.TABLES where "
-                                         "TABLE_NAME='RSTableBackup'"))) != 0) {
-    return;
-  }
   const bool scoped = statements_.OfficeScoped();
   statements_.Execute(
       "if not exists (select * from INFORMATION_SCHEMA.TABLES where TABLE_NAME='RSTableBackup') create table "
@@ -237,7 +233,8 @@ void RecallStageStore::BackUp() const {
       "null, RCRecPer nvarchar(5), RCSetupFlag smallint, RCShoOnToDo smallint, RCTtl nvarchar(65)" +
       (scoped ? Sql(", OfficeID int)") : Sql(")")));
   const Sql columns = Sql(kColumns) + (scoped ? Sql(", OfficeID") : Sql());
-  statements_.Execute("Insert into RSTableBackup (" + columns + ") select " + columns + " from RSTABLE");
+  statements_.Execute("Insert into RSTableBackup (" + columns + ") select " + columns +
+                      " from RSTABLE where not exists (select RCRecNum from RSTableBackup)");
 }
 
 void RecallStageStore::Mirror(std::int32_t recall, const RecallStages& stages) const {

@@ -215,7 +215,8 @@ std::map<std::string, std::string> Texts(const Form& form) {
   for (const Control* control : form.Controls()) {
     if (const auto* box = dynamic_cast<const forms::TextBox*>(control); box != nullptr && OnAPage(*control)) {
       texts[box->Name()] = forms::Trim(box->Text.get());
-    } else if (const auto* rich = dynamic_cast<const forms::RichTextBox*>(control); rich != nullptr) {
+    } else if (const auto* rich = dynamic_cast<const forms::RichTextBox*>(control);
+               rich != nullptr && !rich->ReadOnly && OnAPage(*control)) {
       texts[rich->Name()] = rich->Html;
     }
   }
@@ -233,8 +234,14 @@ std::map<std::string, std::string> BoundTexts(const Form& form) {
   return texts;
 }
 
+// Where it saves and stays, the button that leaves says by then that nothing is lost.
 bool PressOK(Form& form) {
-  return Press<&forms::DialogButtons::OK>(form, {"cmdOK", "TB.CLOSE", "ucEditCoverage1.TB.OKAY"});
+  const bool pressed = Press<&forms::DialogButtons::OK>(form, {"cmdOK", "TB.CLOSE", "ucEditCoverage1.TB.OKAY"});
+  auto* leaves = dynamic_cast<forms::Button*>(form.Find("db.Cancel"));
+  if (!form.Closed() && leaves != nullptr && leaves->Caption == "Close") {
+    leaves->DoClick();
+  }
+  return pressed;
 }
 
 bool PressCancel(Form& form) {
