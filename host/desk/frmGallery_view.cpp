@@ -7,6 +7,7 @@
 #include "views/field_group.h"
 #include "views/framed.h"
 #include "views/grid_binder.h"
+#include "views/ladder_picture.h"
 #include "views/panel_binders.h"
 #include "views/rich_text_binder.h"
 #include "views/tab_binders.h"
@@ -71,7 +72,10 @@ void LayOutLists(wxPanel* page, frmGallery& form) {
   content->Add(above, wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
   content->Add(captioned(form.lblChooser, [&] { return views::MakeListChooser(page, form.chsColumns, 16, 7); }),
                wxSizerFlags(1).Expand());
-  Fill(page, content);
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(content, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+  columns->Add(views::MakeLadder(page, form.picLadder, static_cast<int>(form.picLadder.Rungs->size())));
+  Fill(page, columns);
 }
 
 void LayOutWhole(wxPanel* page, wxWindow* widget) {

@@ -28,6 +28,7 @@
 #include "home/recent_patients.h"
 #include "lookup/list_catalogue.h"
 #include "people/EmployeeFrm.h"
+#include "recall/RecallSetupScreen.h"
 #include "recall/eRmdrPersonalSetup.h"
 #include "reminders/reminder_settings.h"
 
@@ -246,6 +247,17 @@ std::vector<Stop> Stops(Desk& desk) {
       {"InsPln_Frm-help", open_form("InsPln_Frm", {{"GroupID", "1"}}),
        [](forms::Form& form) { dynamic_cast<forms::Button&>(*form.Find("ucPlanDetails1.TB.HELP")).DoClick(); }},
       {"InsPln_Frm-global", open_form("InsPln_Frm", {})},
+      {"RecallSetupScreen", open_form("RecallSetupScreen", {{"RecallID", "1"}})},
+      {"RecallSetupScreen-past-due", open_form("RecallSetupScreen", {{"RecallID", "1"}}),
+       [](forms::Form& form) {
+         auto& screen = dynamic_cast<recall::RecallSetupScreen&>(form);
+         screen.C1Tab1.DoTab(2);
+         screen.stPastDueSetup.DoTab(1);
+         screen.txtLate[1].DoType("6");
+         screen.cmbLate[1].DoPick(0);
+       }},
+      {"RecallSetupScreen-notices", open_form("RecallSetupScreen", {{"RecallID", "1"}}),
+       [](forms::Form& form) { dynamic_cast<recall::RecallSetupScreen&>(form).C1Tab1.DoTab(4); }},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

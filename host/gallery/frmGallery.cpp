@@ -58,7 +58,8 @@ void frmGallery::Register() {
                 {"lblChecks", &lblChecks},
                 {"lstChecks", &lstChecks},
                 {"lblChooser", &lblChooser},
-                {"chsColumns", &chsColumns}});
+                {"chsColumns", &chsColumns},
+                {"picLadder", &picLadder}});
   on(pnlGrid, {{"grdRows", &grdRows}});
   on(pnlNotes, {{"rtfNote", &rtfNote}});
   on(pnlExtra, {{"lblExtra", &lblExtra}, {"txtExtra", &txtExtra}});
@@ -150,6 +151,11 @@ void frmGallery::FillLists() {
   lblChooser.Caption = "Col&umns to print";
   chsColumns.SetItems({{"Name", 1}, {"City", 2}, {"State", 3}, {"Balance", 4}, {"Age", 5}}, {4, 1});
   chsColumns.Chosen.ListIndex = 0;
+  using From = forms::Ladder::From;
+  picLadder.AccessibleName = "Reminders";
+  picLadder.Rungs = std::vector<forms::Ladder::Rung>{{.name = "Before", .from = From::BeforeDate, .days = 30},
+                                                     {.name = "First", .from = From::AfterDate, .days = 60},
+                                                     {.name = "Stop", .from = From::AfterVisit, .days = 730}};
 }
 
 void frmGallery::FillGrid() {

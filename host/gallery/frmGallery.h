@@ -11,6 +11,7 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/label.h"
+#include "forms/ladder.h"
 #include "forms/list_chooser.h"
 #include "forms/panels.h"
 #include "forms/rich_text_box.h"
@@ -44,6 +45,7 @@ class frmGallery : public forms::Form {
   forms::ListBox lstPlaces;
   forms::CheckListBox lstChecks;
   forms::ListChooser chsColumns;
+  forms::Ladder picLadder;
 
   forms::Grid grdRows;
   forms::RichTextBox rtfNote;

@@ -30,9 +30,9 @@
 #include "people/frmCreditCard.h"
 #include "people/frmDatabaseSearch.h"
 #include "people/patScreen_SM.h"
+#include "recall/RecallSetupScreen.h"
 #include "recall/eRmdrPersonalSetup.h"
 #include "recall/frmEDMsg.h"
-#include "recall/RecallSetupScreen.h"
 #include "recall/frmEreminderContact.h"
 #include "recall/frmQuickEditor.h"
 

@@ -20,9 +20,9 @@
 #include "views/people/frmCreditCard_view.h"
 #include "views/people/frmDatabaseSearch_view.h"
 #include "views/people/patScreen_SM_view.h"
+#include "views/recall/RecallSetupScreen_view.h"
 #include "views/recall/eRmdrPersonalSetup_view.h"
 #include "views/recall/frmEDMsg_view.h"
-#include "views/recall/RecallSetupScreen_view.h"
 #include "views/recall/frmEreminderContact_view.h"
 #include "views/recall/frmQuickEditor_view.h"
 

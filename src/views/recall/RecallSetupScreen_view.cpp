@@ -23,7 +23,9 @@ constexpr int kUnit = 10;
 void PeriodRow(FieldGroup& group, forms::Label& caption, forms::TextBox& number, forms::ComboBox& unit) {
   wxWindow* heading = MakeCaption(group.Box(), caption);
   wxWindow* field = MakeTextBox(group.Box(), number, kNumber);
-  group.Row(heading, {field, MakeComboBox(group.Box(), unit, kUnit)});
+  wxWindow* units = MakeComboBox(group.Box(), unit, kUnit);
+  group.Row(heading,
+            {field, units, new wxStaticText(group.Box(), wxID_ANY, {})});  // which takes the width that is left
 }
 
 // A label of two lines, whatever stands there when it is made.
