@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/recall_utility.h"
 #include "forms/text.h"
 #include "recall/RecallSetupScreen.h"
 
@@ -91,17 +92,11 @@ void RecallSetupScreen::Write() {
 
 // The utility works out the patients' recalls anew. The recall is saved, whether it starts or not.
 void RecallSetupScreen::RefreshRecalls() {
-  constexpr std::string_view kProgram = "FXRECALL.EXE";
-  std::string path = context_.session.ProgramFolder();
-  if (!path.empty() && path.back() != '\\' && path.back() != '/') {
-    path += '\\';
-  }
-  path += kProgram;
-  if (!context_.session.StartProgram("\"" + path + "\" /S /ID=" + std::to_string(record_.Id()))) {
-    Tell("The recall utility (" + path +
-             ") could not be started.\r\nThis recall is saved. The recalls of its patients "
-             "are brought up to date the next time that it runs.",
-         forms::Icon::Exclamation);
+  if (!editing::StartRecallUtility(context_.session, record_.Id())) {
+    Tell(
+        "The recall utility FXRECALL.EXE could not be started.\r\nThis recall is saved; its patients are brought up to "
+        "date the next time that the utility runs.",
+        forms::Icon::Exclamation);
   }
 }
 
