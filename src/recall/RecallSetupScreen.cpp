@@ -188,7 +188,7 @@ std::string RecallSetupScreen::ChosenCodes(const std::vector<std::string>& chose
                                            .buttons = forms::kYesNoCancel,
                                            .icon = forms::Icon::Question});
     if (answer == forms::Answer::Cancel) {
-      return txtServices.Text;
+      return txtServices.Text.get();
     }
     if (answer == forms::Answer::Yes) {
       codes.clear();
