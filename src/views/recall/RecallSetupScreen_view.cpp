@@ -24,8 +24,9 @@ void PeriodRow(FieldGroup& group, forms::Label& caption, forms::TextBox& number,
   wxWindow* heading = MakeCaption(group.Box(), caption);
   wxWindow* field = MakeTextBox(group.Box(), number, kNumber);
   wxWindow* units = MakeComboBox(group.Box(), unit, kUnit);
-  group.Row(heading,
-            {field, units, new wxStaticText(group.Box(), wxID_ANY, {})});  // which takes the width that is left
+  auto* rest = new wxStaticText(group.Box(), wxID_ANY, {});  // takes the width that is left
+  rest->SetName("rest of the row");
+  group.Row(heading, {field, units, rest});
 }
 
 // A label of two lines, whatever stands there when it is made.
@@ -73,8 +74,9 @@ void LayOutGeneral(wxPanel* page, RecallSetupScreen& form) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   const auto beside = wxSizerFlags().CenterVertical().Border(wxRIGHT, page->FromDIP(6));
   row->Add(MakeCheckBox(print, form.chkDontPrintDays), beside);
+  wxWindow* unit = MakeCaption(print, form.lblDontPrintDays);  // its letter leads to what is made next
   row->Add(MakeTextBox(print, form.txtDontPrintDays, kNumber), beside);
-  row->Add(MakeCaption(print, form.lblDontPrintDays), beside);
+  row->Add(unit, beside);
   print->SetSizer(row);
   options.Below(print);
   auto* content = new wxBoxSizer(wxVERTICAL);

@@ -163,8 +163,8 @@ TEST_F(Home, GoesWhereAListLeads) {
 }
 
 TEST_F(Home, SaysWhyACommandCannotBeGiven) {
-  EXPECT_EQ(home_.Obstacle(Command("&Reminders...")), "still to come");
-  EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: reminders"));
+  EXPECT_EQ(home_.Obstacle(Command("&Appointment...")), "still to come");
+  EXPECT_THAT(home_.lblComing.Caption.get(), HasSubstr("Still to come: appointment"));
   EXPECT_EQ(home_.Obstacle(Command("&Employees...")), "");
   home_.Do(Command("&Open Patient..."));
   EXPECT_EQ(home_.lblStatus.Caption.get(), "Open Patient: choose a patient first");
