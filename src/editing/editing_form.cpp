@@ -76,8 +76,10 @@ void EditingForm::RunSteps() {
       step.run();
       step.pending = false;
       Saved = true;
+      in_part_ = true;
     }
   }
+  in_part_ = false;
 }
 
 bool EditingForm::SettleConflicts() {
@@ -132,10 +134,6 @@ forms::Answer EditingForm::AskAboutConflicts(const std::vector<std::string>& lin
 
 bool EditingForm::Unsaved() const {
   return !read_only_ && (Differs() || SavedInPart());
-}
-
-bool EditingForm::SavedInPart() const {
-  return std::ranges::any_of(steps_, &Step::pending);
 }
 
 EditingForm::ClosingQuestion EditingForm::OnClosing() const {
@@ -234,6 +232,7 @@ void EditingForm::LetGo() {
   for (Step& step : steps_) {
     step.pending = false;
   }
+  in_part_ = false;
   read_only_ = false;
 }
 

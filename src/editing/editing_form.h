@@ -114,13 +114,14 @@ class EditingForm : public forms::Form, public Rules {
   // The first of the held records that another user has.
   const session::RecordHolder* Holder() const;
   void RunSteps();
-  bool SavedInPart() const;
+  bool SavedInPart() const { return in_part_; }
 
   std::vector<data::RecordBinding*> records_;
   std::vector<Step> steps_;
   std::list<RecordHold> holds_;
   std::vector<std::function<void()>> editable_again_;
   std::optional<Right> lacked_;
+  bool in_part_ = false;  // a step ended well, and one behind it has not yet
   bool read_only_ = false;
 };
 
