@@ -27,6 +27,11 @@ Sql At(const session::Value& location) {
 
 }  // namespace
 
+std::vector<std::int32_t> Without(std::vector<std::int32_t> methods, std::int32_t excluded) {
+  std::erase_if(methods, [excluded](std::int32_t method) { return method > 0 && (method & excluded) == method; });
+  return methods;
+}
+
 bool ContactOrders::Uses(ReminderKind kind) const {
   const auto count = [&](const Sql& condition) {
     return session::ToId(statements_.SelectValue(
@@ -36,7 +41,7 @@ bool ContactOrders::Uses(ReminderKind kind) const {
 }
 
 std::int32_t ContactOrders::Count(std::int32_t patient, const ContactOrderOf& of) const {
-  return session::ToId(statements_.SelectValue("Select count(ebcID)" + Rows(patient, of) + kOfOrder));
+  return session::ToId(statements_.SelectValue("Select count(ebcID)" + Rows(patient, of, kOfOrder)));
 }
 
 std::vector<std::int32_t> ContactOrders::Read(std::int32_t patient, const ContactOrderOf& of) const {
@@ -44,8 +49,7 @@ std::vector<std::int32_t> ContactOrders::Read(std::int32_t patient, const Contac
   if (Count(patient, of) == 0) {
     return methods;
   }
-  for (const auto rows =
-           statements_.Select("Select ebcConMet" + Rows(patient, of) + kOfOrder + " order by ebcSeq, ebcID");
+  for (const auto rows = statements_.Select("Select ebcConMet" + Rows(patient, of, kOfOrder) + " order by ebcSeq");
        !rows->Eof(); rows->MoveNext()) {
     const std::int32_t method = session::ToId(rows->Get(0));
     if (std::ranges::find(methods, method) == methods.end()) {
@@ -57,7 +61,7 @@ std::vector<std::int32_t> ContactOrders::Read(std::int32_t patient, const Contac
 
 void ContactOrders::Save(std::int32_t patient, const ContactOrderOf& of,
                          const std::vector<std::int32_t>& methods) const {
-  const std::vector<std::int32_t> rows = Keys(Rows(patient, of) + kOfOrder);
+  const std::vector<std::int32_t> rows = Keys(patient, of, kOfOrder);
   const std::int32_t linked = methods.size() > rows.size() ? LinkedRow(of) : 0;
   for (std::size_t i = 0; i < methods.size(); ++i) {
     const Sql stage = Literal(of.stage);
@@ -83,7 +87,7 @@ void ContactOrders::Save(std::int32_t patient, const ContactOrderOf& of,
 
 std::int32_t ContactOrders::Excluded(std::int32_t patient, ReminderKind kind) const {
   std::int32_t methods = 0;
-  for (const auto rows = statements_.Select("Select ebcExc" + Rows(patient, ContactOrderOf::Kind(kind)) + kExcluding);
+  for (const auto rows = statements_.Select("Select ebcExc" + Rows(patient, ContactOrderOf::Kind(kind), kExcluding));
        !rows->Eof(); rows->MoveNext()) {
     methods |= session::ToId(rows->Get(0));
   }
@@ -92,7 +96,7 @@ std::int32_t ContactOrders::Excluded(std::int32_t patient, ReminderKind kind) co
 
 void ContactOrders::SetExcluded(std::int32_t patient, ReminderKind kind, std::int32_t methods) const {
   const ContactOrderOf of = ContactOrderOf::Kind(kind);
-  std::vector<std::int32_t> rows = Keys(Rows(patient, of) + kExcluding);
+  std::vector<std::int32_t> rows = Keys(patient, of, kExcluding);
   if (methods != 0 && rows.empty()) {
     statements_.Insert("eBusContactSequence", {{"ebcLinID", Literal(LinkedRow(of))},
                                                {"ebcLinTyp", Number(of.link)},
@@ -106,23 +110,58 @@ void ContactOrders::SetExcluded(std::int32_t patient, ReminderKind kind, std::in
     rows.erase(rows.begin());
   }
   std::ranges::for_each(rows, [this](std::int32_t row) { Delete(row); });
+  if (kind == ReminderKind::Recall && methods != 0) {
+    DropFromRecalls(patient, methods);
+  }
+}
+
+// A recall that he is no longer tracked for keeps its rows, and may be his again.
+void ContactOrders::DropFromRecalls(std::int32_t patient, std::int32_t methods) const {
+  std::vector<ContactOrderOf> orders;
+  for (const auto rows = statements_.Select(
+           "SELECT DISTINCT RCRecNum, ebcPer, OffLocID" + Source({.link = ReminderLink::Recall}, kOfOrder) +
+           " where ebcpID=" + Literal(patient) + statements_.Office(" AND (RSTable.OfficeID=", ")"));
+       !rows->Eof(); rows->MoveNext()) {
+    orders.push_back({.link = ReminderLink::Recall,
+                      .kind = ReminderKind::Recall,
+                      .recall = session::ToId(rows->Get(0)),
+                      .stage = session::ToId(rows->Get(1)),
+                      .location = rows->Get(2)});
+  }
+  for (const ContactOrderOf& of : orders) {
+    const std::vector<std::int32_t> before = Read(patient, of);
+    if (const std::vector<std::int32_t> left = Without(before, methods); left != before) {
+      Save(patient, of, left);
+    }
+  }
+}
+
+Sql ContactOrders::Source(const ContactOrderOf& of, Words which) const {
+  if (of.link == ReminderLink::Recall) {
+    return " from RSTable inner join eBusContactSequence on RCRecNum=ebcLinID and ebcLinTyp=" + Number(of.link) +
+           which + statements_.OfficeJoin(" and (RSTable.OfficeID=eBusContactSequence.OfficeID)");
+  }
+  return " from eBusContactSequence inner join EMMTable on emmID=ebcLinID and ebcLinTyp=" + Number(of.link) + which +
+         statements_.OfficeJoin(" and (EMMTable.OfficeID=eBusContactSequence.OfficeID)");
 }
 
 // A kind counts where the practice uses it; a recall is found at its own location.
-Sql ContactOrders::Rows(std::int32_t patient, const ContactOrderOf& of) const {
+Sql ContactOrders::Rows(std::int32_t patient, const ContactOrderOf& of, Words which) const {
   if (of.link == ReminderLink::Recall) {
-    return " from RSTable inner join eBusContactSequence on RCRecNum=ebcLinID and ebcLinTyp=" + Number(of.link) +
-           statements_.OfficeJoin(" and (RSTable.OfficeID=eBusContactSequence.OfficeID)") +
-           " where RCRecNum=" + Literal(of.recall) + " and ebcpID=" + Literal(patient) +
+    return Source(of, which) + " where RCRecNum=" + Literal(of.recall) + " and ebcpID=" + Literal(patient) +
            " and ebcPer=" + Literal(of.stage) + At(of.location) + statements_.Office(" AND (RSTable.OfficeID=", ")");
   }
-  return " from eBusContactSequence inner join EMMTable on emmID=ebcLinID and ebcLinTyp=" + Number(of.link) +
-         statements_.OfficeJoin(" and (EMMTable.OfficeID=eBusContactSequence.OfficeID)") +
-         " where emmEna=1 and OffLocID=" + Literal(kAllLocations) + " and emmAppDefTyp=" + Number(of.kind) +
-         " and ebcpID=" + Literal(patient) + statements_.Office(" AND (EMMTable.OfficeID=", ")");
+  return Source(of, which) + " where emmEna=1 and OffLocID=" + Literal(kAllLocations) +
+         " and emmAppDefTyp=" + Number(of.kind) + " and ebcpID=" + Literal(patient) +
+         statements_.Office(" AND (EMMTable.OfficeID=", ")");
 }
 
-std::vector<std::int32_t> ContactOrders::Keys(const Sql& rows) const {
+std::vector<std::int32_t> ContactOrders::Keys(std::int32_t patient, const ContactOrderOf& of, Words which) const {
+  const Sql rows = of.link == ReminderLink::Recall ? Rows(patient, of, which)
+                                                   : Source(of, which) + " where ebcpID=" + Literal(patient) +
+                                                         " and emmEna=1 and offLocID=" + Literal(kAllLocations) +
+                                                         " and emmAppDefTyp=" + Number(of.kind) +
+                                                         statements_.Office(" AND (EMMTable.OfficeID=", ")");
   std::vector<std::int32_t> keys;
   for (const auto found = statements_.Select("select ebcID" + rows + " order by ebcID"); !found->Eof();
        found->MoveNext()) {

@@ -47,19 +47,27 @@ void ReminderNotes::Insert(std::int32_t patient, std::string_view html) const {
 }
 
 void ReminderNotes::Replace(std::int32_t id, std::string_view html) const {
-  statements_.Update("NoteTable", {{"nNote", Literal(html)}}, "nID", TextOf(id));
-  statements_.Update("pNoteTable", {{"pNotDat", Literal(session_.Now())}}, "pNotID", id);
+  std::int32_t text = TextOf(id);
+  if (IsShared(text)) {
+    text = statements_.Insert("NoteTable", {{"nNote", Literal(html)}});
+  } else {
+    statements_.Update("NoteTable", {{"nNote", Literal(html)}}, "nID", text);
+  }
+  statements_.Update("pNoteTable", {{"pNotNID", Literal(text)}, {"pNotDat", Literal(session_.Now())}}, "pNotID", id);
 }
 
-// A text that another row points at as well stays.
 void ReminderNotes::Delete(std::int32_t id) const {
   const std::int32_t text = TextOf(id);
+  const bool stays = IsShared(text);
   statements_.Execute("DELETE FROM pNoteTable WHERE pNotID=" + Literal(id) + statements_.Office());
-  const auto others =
-      statements_.SelectValue("SELECT Count(*) FROM pNoteTable WHERE pNotNID=" + Literal(text) + statements_.Office());
-  if (session::ToId(others) == 0) {
+  if (!stays) {
     statements_.Execute("DELETE FROM NoteTable WHERE nID=" + Literal(text) + statements_.Office());
   }
+}
+
+bool ReminderNotes::IsShared(std::int32_t text) const {
+  return session::ToId(statements_.SelectValue("SELECT Count(*) FROM pNoteTable WHERE pNotNID=" + Literal(text) +
+                                               statements_.Office())) > 1;
 }
 
 std::int32_t ReminderNotes::TextOf(std::int32_t id) const {

@@ -34,6 +34,8 @@ class ReminderNotes {
   void Replace(std::int32_t id, std::string_view html) const;
   void Delete(std::int32_t id) const;
   std::int32_t TextOf(std::int32_t id) const;
+  // Another row points at the text as well: it is neither changed nor deleted.
+  bool IsShared(std::int32_t text) const;
 
   session::Session& session_;
   Statements statements_;

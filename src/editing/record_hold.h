@@ -23,6 +23,7 @@ class RecordHold {
   RecordHold& operator=(const RecordHold&) = delete;
   ~RecordHold();
 
+  std::int32_t Id() const { return id_; }
   // Another user, who holds it instead.
   const std::optional<session::RecordHolder>& Holder() const { return holder_; }
   // Once more; a silent holder loses the record.

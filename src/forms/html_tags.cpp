@@ -256,6 +256,18 @@ void HtmlScanner::SkipContent(std::string_view tag) {
   rest_.remove_prefix(rest_.empty() ? 0 : std::min(rest_.find('>'), rest_.size() - 1) + 1);
 }
 
+bool HasTags(std::string_view text) {
+  constexpr std::array<std::string_view, 10> kInline = {"b", "strong", "th",   "i", "em",
+                                                        "u", "ins",    "font", "a", "span"};
+  HtmlScanner scanner(text);
+  while (const auto piece = scanner.Next()) {
+    if (IsBlockTag(piece->tag) || IsVoidTag(piece->tag) || IsOneOf(kInline, piece->tag)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 bool IsBlockTag(std::string_view tag) {
   constexpr std::array<std::string_view, 30> kBlocks = {
       "p",       "div",    "li",     "ul",    "ol",    "h1",  "h2",   "h3",         "h4",     "h5",

@@ -38,6 +38,8 @@ class HtmlScanner {
   std::string_view rest_;
 };
 
+// Whether a tag stands in it that the reader of rich text knows.
+bool HasTags(std::string_view text);
 // Begins a line of its own, and ends the one before.
 bool IsBlockTag(std::string_view tag);
 // Has no content and no closing tag.

@@ -30,9 +30,20 @@ void ExcludedContact::Show(const std::vector<std::int32_t>& order, std::int32_t 
     exclusion.box.Value = excludes ? forms::CheckState::On : forms::CheckState::Off;
   }
   Contacts.Show(order, Excluded());
-  order_ = Order();
+  order_ = order;
   excluded_ = Excluded();
   ShowState();
+}
+
+void ExcludedContact::Use(bool used) {
+  Enabled = used;
+  ShowState();
+}
+
+void ExcludedContact::MarkWritten() {
+  Contacts.ForgetExcluded();
+  order_ = Order();
+  Modified = false;
 }
 
 std::int32_t ExcludedContact::Excluded() const {
@@ -45,16 +56,16 @@ std::int32_t ExcludedContact::Excluded() const {
   return methods;
 }
 
-// What is excluded moves out of the order.
+// What is excluded is seen in the order no more, and comes back to its place.
 void ExcludedContact::TakeChange() {
   if (!editing::EditingForm::MayModify(*this)) {
     Show(order_, excluded_);
     return;
   }
+  order_ = Contacts.WithExcluded();
   if (Excluded() != excluded_) {
-    Contacts.Show(Order(), Excluded());
+    Contacts.Show(order_, Excluded());
   }
-  order_ = Order();
   excluded_ = Excluded();
   Modified = true;
   ShowState();

@@ -34,6 +34,11 @@ class ExcludedContact : public forms::UserControl {
   std::function<void()> Change;
 
   void Show(const std::vector<std::int32_t>& order, std::int32_t excluded);
+  // Whether the practice uses the kind: one that it does not is only shown.
+  void Use(bool used);
+  // What it shows is stored now.
+  void MarkWritten();
+  // Without what is excluded.
   std::vector<std::int32_t> Order() const { return Contacts.ChosenData(); }
   // The sum of the methods.
   std::int32_t Excluded() const;
@@ -54,7 +59,7 @@ class ExcludedContact : public forms::UserControl {
                                               {ExcludeLetter, data::ContactMethod::Letter},
                                               {ExcludeCard, data::ContactMethod::PostCard},
                                               {ExcludeVoice, data::ContactMethod::Voice}}};
-  // As the person last left it.
+  // As the person last left it; what he excluded stays in the order until that is stored.
   std::vector<std::int32_t> order_;
   std::int32_t excluded_ = 0;
 };

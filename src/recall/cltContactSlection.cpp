@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/contact_orders.h"
 #include "data/reminders.h"
 #include "forms/form.h"
 
@@ -45,7 +46,23 @@ void cltContactSlection::Show(const std::vector<std::int32_t>& order, std::int32
       offer(value);
     }
   }
-  SetItems(offered_, order);
+  const std::vector<std::int32_t> left = data::Without(order, excluded);
+  excluded_.clear();
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    if (std::ranges::find(left, order[place]) == left.end()) {
+      excluded_.emplace_back(place, order[place]);
+    }
+  }
+  SetItems(offered_, left);
+  Modified = false;
+}
+
+std::vector<std::int32_t> cltContactSlection::WithExcluded() const {
+  std::vector<std::int32_t> order = ChosenData();
+  for (const auto& [place, method] : excluded_) {
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(std::min(place, order.size())), method);
+  }
+  return order;
 }
 
 void cltContactSlection::addAvailable(const std::string& text, std::int32_t data) {

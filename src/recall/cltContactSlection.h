@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/label.h"
@@ -21,13 +22,18 @@ class cltContactSlection : public forms::ListChooser {
   forms::Label lblAvailable;
   forms::Label lblSelected;
 
-  // A person moved an entry.
+  // A person moved an entry since the lists were shown.
   bool Modified = false;
   // The same, after `Modified` was set.
   std::function<void()> Arranged;
 
   // Every method but the excluded ones, those of the order selected. A value that is no method stays in its place.
   void Show(const std::vector<std::int32_t>& order, std::int32_t excluded);
+  // What is selected, and the excluded methods of the order shown where they stood: the order once they are excluded no
+  // more.
+  std::vector<std::int32_t> WithExcluded() const;
+  // From now on what is selected is the whole order.
+  void ForgetExcluded() { excluded_.clear(); }
 
   void addAvailable(const std::string& text, std::int32_t data);
   void addSelected(const std::string& text, std::int32_t data);
@@ -50,6 +56,7 @@ class cltContactSlection : public forms::ListChooser {
   bool Leave(const std::vector<forms::ListItem>& items, std::size_t index);
 
   std::vector<forms::ListItem> offered_;
+  std::vector<std::pair<std::size_t, std::int32_t>> excluded_;  // of the order, with their places in it
 };
 
 }  // namespace recall

@@ -1,6 +1,7 @@
 #include "recall/contact_summary.h"
 
 #include "data/literal.h"
+#include "forms/text.h"
 
 namespace recall {
 
@@ -12,7 +13,7 @@ std::string ContactSummary(const data::Statements& statements, std::int32_t pati
   }
   const auto told = [&](std::string_view column) {
     std::string value = session::ToText((*row)[column]);
-    return value.empty() ? std::string("N.A.") : value;
+    return forms::Trim(value).empty() ? std::string("N.A.") : value;
   };
   return "Cell Phone: " + told("pHomCell") + " (H) " + told("pBusCell") + " (W)\r\nE-mail: " + told("pHomEma") + ", " +
          told("pBUSEma");

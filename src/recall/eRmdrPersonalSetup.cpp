@@ -7,6 +7,7 @@
 #include "data/literal.h"
 #include "data/patient_recalls.h"
 #include "data/persons.h"
+#include "forms/html_tags.h"
 #include "recall/contact_summary.h"
 #include "recall/frmEreminderContact.h"
 
@@ -88,7 +89,7 @@ void eRmdrPersonalSetup::Wire() {
   }
   ecRecall.Change = [this] {
     ChangeMade = true;
-    DropExcluded();
+    ShowStage();
   };
   cboStage.Click = [this] { ShowStage(); };
   cboStage.Leave = cboStage.Click;
@@ -119,12 +120,22 @@ void eRmdrPersonalSetup::Read() {
   ShowKinds();
   ShowStages();
   lblInfo.Caption = ContactSummary(statements_, PatientID);
-  note_ = notes_.Read(PatientID);
-  qe.Html = note_;
+  if (const std::string note = notes_.Read(PatientID); forms::HasTags(note)) {
+    qe.Html = note;
+  } else {
+    qe.SetText(note);
+  }
   note_ = qe.Html;
   family_ = ReadFamily();
+  ShowFamily();
+}
+
+void eRmdrPersonalSetup::ShowFamily() {
   chkApplyToFamily.Caption = "Apply to all &family members (" + std::to_string(family_.size()) + ")";
   chkApplyToFamily.Enabled = family_.size() > 1;
+  if (!chkApplyToFamily.Enabled) {
+    chkApplyToFamily.Value = forms::CheckState::Off;
+  }
 }
 
 std::string eRmdrPersonalSetup::NameOf(std::int32_t patient) const {
@@ -155,7 +166,7 @@ std::vector<std::int32_t> eRmdrPersonalSetup::ReadFamily() const {
 
 void eRmdrPersonalSetup::ShowKinds() {
   for (ExcludedContact* kind : Kinds()) {
-    kind->Enabled = orders_.Uses(kind->ReminderType);
+    kind->Use(orders_.Uses(kind->ReminderType));
     kind->Show(orders_.Read(PatientID, ContactOrderOf::Kind(kind->ReminderType)),
                orders_.Excluded(PatientID, kind->ReminderType));
   }
@@ -172,7 +183,7 @@ void eRmdrPersonalSetup::ShowStages() {
                               .location = recall.location};
       items.push_back(
           {.text = recall.title + " - " + NameOfStage(stage), .data = static_cast<std::int32_t>(stages_.size())});
-      stages_.push_back({.of = of, .order = orders_.Read(PatientID, of)});
+      stages_.push_back({.of = of, .stored = orders_.Read(PatientID, of)});
     }
   }
   pnlStage.Visible = !stages_.empty();
@@ -199,20 +210,12 @@ void eRmdrPersonalSetup::TakeStageOrder() {
     ShowStage();
     return;
   }
-  stage->order = csStage.ChosenData();
-  stage->changed = true;
+  stage->order = csStage.WithExcluded();
   ChangeMade = true;
 }
 
-// What no recall reminder may use is in no recall's order either.
-void eRmdrPersonalSetup::DropExcluded() {
-  const std::int32_t excluded = ecRecall.Excluded();
-  for (Stage& stage : stages_) {
-    const auto dropped = std::erase_if(
-        stage.order, [excluded](std::int32_t method) { return method > 0 && (method & excluded) == method; });
-    stage.changed = stage.changed || dropped > 0;
-  }
-  ShowStage();
+std::vector<std::int32_t> eRmdrPersonalSetup::Allowed(const Stage& stage) const {
+  return data::Without(stage.order, ecRecall.Excluded());
 }
 
 void eRmdrPersonalSetup::qe_Change() {
@@ -242,57 +245,91 @@ void eRmdrPersonalSetup::cmdContact_Click() {
   lblInfo.Caption = ContactSummary(statements_, PatientID);
 }
 
-// The others of the family are held before anything is written.
 bool eRmdrPersonalSetup::Agreed() {
-  held_.clear();
   if (NameOf(PatientID).empty()) {
     throw editing::Refusal(std::string(editing::kDeletedMeanwhile));
   }
-  if (!ForFamily()) {
-    return true;
+  if (ForFamily() && !HasOwn()) {
+    Tell("This patient has no contact settings of his own. The other family members keep theirs.",
+         forms::Icon::Information);
   }
-  std::list<editing::RecordHold> others;
-  for (const std::int32_t member : family_) {
-    if (member == PatientID) {
-      continue;
-    }
-    const auto& held = others.emplace_back(context_.session, "PATABLE", member);
-    if (held.Holder()) {
-      throw editing::Refusal(NameOf(member) + ": " + editing::HeldText(*held.Holder()) + " Nothing was changed.");
-    }
-  }
-  held_ = std::move(others);
   return true;
+}
+
+bool eRmdrPersonalSetup::HasOwn() const {
+  return std::ranges::any_of(Kinds(), [](const ExcludedContact* kind) { return kind->Enabled && kind->Selected(); }) ||
+         (ecRecall.Enabled &&
+          std::ranges::any_of(stages_, [this](const Stage& stage) { return !Allowed(stage).empty(); }));
 }
 
 // All or nothing: a family does not get half of the settings.
 void eRmdrPersonalSetup::Write() {
-  const auto held = std::exchange(held_, {});
-  for (const editing::RecordHold& hold : held) {
-    hold.Require();
-  }
+  const std::list<editing::RecordHold> others = HoldFamily();
   session::Transaction transaction(context_.session.Connection());
+  RequireKinds();
   WriteChanged();
-  if (ForFamily()) {
-    for (const std::int32_t member : family_) {
-      if (member != PatientID && !NameOf(member).empty()) {
-        WriteOwn(member);
-      }
-    }
+  for (const editing::RecordHold& other : others) {
+    WriteOwn(other.Id());
   }
   transaction.Commit();
   Clear();
 }
 
+// The others whose settings are written with the patient's, for as long as that takes. They are those that the person
+// has seen counted.
+std::list<editing::RecordHold> eRmdrPersonalSetup::HoldFamily() {
+  std::list<editing::RecordHold> others;
+  if (!ForFamily()) {
+    return others;
+  }
+  if (const auto family = ReadFamily(); family != std::exchange(family_, family)) {
+    ShowFamily();
+    throw editing::Refusal("The family has changed meanwhile: its members are " + std::to_string(family.size()) +
+                           " now. Nothing was saved.");
+  }
+  for (const std::int32_t member : family_) {
+    const std::string name = member == PatientID ? std::string() : NameOf(member);
+    if (name.empty()) {
+      continue;
+    }
+    const auto& held = others.emplace_back(context_.session, "PATABLE", member);
+    if (held.Holder()) {
+      throw editing::Refusal(name + ": " + editing::HeldText(*held.Holder()) + " Nothing was changed.");
+    }
+  }
+  return others;
+}
+
+bool eRmdrPersonalSetup::Writes(const ExcludedContact& kind) const {
+  return kind.Enabled &&
+         (kind.Modified || (ForFamily() && kind.Selected()) ||
+          (&kind == &ecRecall && std::ranges::any_of(stages_, [this](const Stage& stage) { return IsDue(stage); })));
+}
+
+// A kind that the practice has stopped using meanwhile is left out of the next save.
+void eRmdrPersonalSetup::RequireKinds() {
+  std::string stopped;
+  for (ExcludedContact* kind : Kinds()) {
+    if (Writes(*kind) && !orders_.Uses(kind->ReminderType)) {
+      stopped += (stopped.empty() ? "" : ", ") + std::string(data::NameOf(kind->ReminderType));
+      kind->Use(false);
+    }
+  }
+  pnlStage.Enabled = ecRecall.Enabled.get();
+  if (!stopped.empty()) {
+    throw editing::Refusal("The practice has stopped using this kind meanwhile: " + stopped + ". Nothing was saved.");
+  }
+}
+
 void eRmdrPersonalSetup::WriteChanged() const {
   for (const ExcludedContact* kind : Kinds()) {
-    if (kind->Modified) {
+    if (kind->Enabled && kind->Modified) {
       WriteKind(PatientID, *kind);
     }
   }
   for (const Stage& stage : stages_) {
-    if (stage.changed) {
-      orders_.Save(PatientID, stage.of, stage.order);
+    if (ecRecall.Enabled && IsDue(stage)) {
+      orders_.Save(PatientID, stage.of, Allowed(stage));
     }
   }
   if (note_changed_) {
@@ -300,16 +337,21 @@ void eRmdrPersonalSetup::WriteChanged() const {
   }
 }
 
-// What the patient has of his own; where the defaults hold for him, a member keeps what he has.
+// What the patient has of his own; where the defaults hold for him, a member keeps what he has, and so he does where
+// he is to be spared all methods of a recall's order.
 void eRmdrPersonalSetup::WriteOwn(std::int32_t member) const {
   for (const ExcludedContact* kind : Kinds()) {
     if (kind->Enabled && kind->Selected()) {
       WriteKind(member, *kind);
     }
   }
+  if (!ecRecall.Enabled) {
+    return;
+  }
+  const std::int32_t excluded = orders_.Excluded(member, data::ReminderKind::Recall);
   for (const Stage& stage : stages_) {
-    if (!stage.order.empty()) {
-      orders_.Save(member, stage.of, stage.order);
+    if (const auto order = data::Without(Allowed(stage), excluded); !order.empty()) {
+      orders_.Save(member, stage.of, order);
     }
   }
 }
@@ -321,11 +363,13 @@ void eRmdrPersonalSetup::WriteKind(std::int32_t patient, const ExcludedContact& 
 
 void eRmdrPersonalSetup::Clear() {
   for (ExcludedContact* kind : Kinds()) {
-    kind->Modified = false;
+    kind->MarkWritten();
   }
   for (Stage& stage : stages_) {
-    stage.changed = false;
+    stage.stored = stage.order = Allowed(stage);
   }
+  csStage.ForgetExcluded();
+  csStage.Modified = false;
   note_changed_ = false;
   chkApplyToFamily.Value = forms::CheckState::Off;
   ChangeMade = false;

@@ -63,11 +63,12 @@ class eRmdrPersonalSetup : public editing::EditingForm {
   bool Agreed() override;
 
  private:
-  // A stage of a recall with the order that the person gives it.
+  // A stage of a recall with the order that the person gives it. What no recall reminder may use stays in the order
+  // until that is stored, and is not shown.
   struct Stage {
     data::ContactOrderOf of;
-    std::vector<std::int32_t> order;
-    bool changed = false;
+    std::vector<std::int32_t> stored;
+    std::vector<std::int32_t> order = stored;
   };
 
   void Register();
@@ -79,19 +80,27 @@ class eRmdrPersonalSetup : public editing::EditingForm {
   // Empty when there is no such patient.
   std::string NameOf(std::int32_t patient) const;
   std::vector<std::int32_t> ReadFamily() const;
+  void ShowFamily();
   void ShowKinds();
   void ShowStages();
   void ShowStage();
   Stage* ShownStage();
 
   void TakeStageOrder();
-  void DropExcluded();
   void qe_Change();
   void chkApplyToFamily_Click();
   void cmdContact_Click();
 
   bool ForFamily() const { return chkApplyToFamily.Value == forms::CheckState::On; }
+  // Without the methods that no recall reminder may use.
+  std::vector<std::int32_t> Allowed(const Stage& stage) const;
+  bool IsDue(const Stage& stage) const { return Allowed(stage) != stage.stored; }
+  // The patient has something that the others of the family would get.
+  bool HasOwn() const;
+  bool Writes(const ExcludedContact& kind) const;
   void Write();
+  std::list<editing::RecordHold> HoldFamily();
+  void RequireKinds();
   void WriteChanged() const;
   void WriteOwn(std::int32_t member) const;
   void WriteKind(std::int32_t patient, const ExcludedContact& kind) const;
@@ -100,9 +109,8 @@ class eRmdrPersonalSetup : public editing::EditingForm {
   data::ContactOrders orders_;
   data::ReminderNotes notes_;
   std::vector<Stage> stages_;
-  std::vector<std::int32_t> family_;     // all of it, the patient among them
-  std::list<editing::RecordHold> held_;  // the others of the family during a save
-  std::string note_;                     // as it was read, or last agreed to
+  std::vector<std::int32_t> family_;  // all of it, the patient among them
+  std::string note_;                  // as it was read, or last agreed to
   bool note_changed_ = false;
 };
 

@@ -47,7 +47,7 @@ class frmEreminderContact : public editing::EditingForm {
   // The screen that opens it holds the patient's row only to look at.
   bool OnlyLook = false;
 
-  bool Modified() const { return record_.Changed(); }
+  bool Modified() const { return !ReadOnly() && record_.Changed(); }
 
   forms::Label lblHeader;
   std::array<forms::Label, 8> lblContact;

@@ -60,6 +60,8 @@ TEST_F(ReminderNotes, LeavesOtherNotesAlone) {
   Practice().Execute(
       "INSERT INTO pNoteTable (pNotPid, pNotNID, pNotTyp, pNotTraLinID, OfficeID) VALUES (5, 1, 'ERM', 0, 2)");
   EXPECT_EQ(notes_.Read(5), "shared");
+  notes_.Write(5, "<p>his own now</p>");
+  EXPECT_EQ(notes_.Read(5), "<p>his own now</p>");
   notes_.Write(5, "");
   EXPECT_EQ(Told(kNoteRows), before);
 }
