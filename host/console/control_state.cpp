@@ -14,6 +14,8 @@
 #include "forms/rich_text_box.h"
 #include "forms/text.h"
 #include "forms/text_box.h"
+#include "recall/ExcludedContact.h"
+#include "recall/SelectionList.h"
 
 namespace host {
 namespace {
@@ -202,6 +204,30 @@ constexpr std::array kOfPanel = {
     Reader<forms::Panel>{"caption", [](const forms::Panel& panel) { return Caption(panel.Caption); }},
 };
 
+using recall::ExcludedContact;
+constexpr std::array kOfExcludedContact = {
+    Reader<ExcludedContact>{"remindertype",
+                            [](const ExcludedContact& kind) { return Number(static_cast<int>(kind.ReminderType)); }},
+    Reader<ExcludedContact>{"modified", [](const ExcludedContact& kind) { return Truth(kind.Modified); }},
+    Reader<ExcludedContact>{"selected", [](const ExcludedContact& kind) { return Truth(kind.Selected()); }},
+};
+
+using recall::cltContactSlection;
+constexpr std::array kOfContactSelection = {
+    Reader<cltContactSlection>{"modified", [](const cltContactSlection& lists) { return Truth(lists.Modified); }},
+    Reader<cltContactSlection>{
+        "selectcount", [](const cltContactSlection& lists) { return Number(static_cast<int>(lists.SelectCount())); }},
+};
+
+using recall::SelectionList;
+constexpr std::array kOfSelectionList = {
+    Reader<SelectionList>{"text", [](const SelectionList& list) { return Caption(list.Text); }},
+    Reader<SelectionList>{"active", [](const SelectionList& list) { return Truth(list.Active); }},
+    Reader<SelectionList>{"contactselection", [](const SelectionList& list) { return Truth(list.ContactSelection); }},
+    Reader<SelectionList>{"modified", [](const SelectionList& list) { return Truth(list.Modified); }},
+    Reader<SelectionList>{"selectcount", [](const SelectionList& list) { return Number(list.SelectCount()); }},
+};
+
 // The first that is there.
 template <typename... Readers>
 std::optional<PropertyValue> ReadFirst(const Control& control, std::string_view name, const Readers&... readers) {
@@ -258,7 +284,9 @@ std::optional<PropertyValue> ReadProperty(const forms::Control& control, std::st
   const std::string name = forms::ToLower(property);
   const auto value = ReadFirst(control, name, kOfTextBox, kOfRichTextBox, kOfComboBox, kOfListBox, kOfLabel, kOfButton,
                                kOfCheckBox, kOfOptionButton, kOfGrid, kOfTabStrip, kOfSlider, kOfTimer, kOfPanel);
-  return value || name.empty() ? value : ReadFirst(control, name, kOfCheckListBox, kOfEveryControl);
+  return value || name.empty() ? value
+                               : ReadFirst(control, name, kOfCheckListBox, kOfExcludedContact, kOfContactSelection,
+                                           kOfSelectionList, kOfEveryControl);
 }
 
 std::string RowText(const forms::Grid& grid, int row) {
