@@ -135,6 +135,21 @@ TEST_F(EditingFormTest, AsksOnClosingInItsOwnWordsAndDoesWhatTheAnswerMeans) {
   EXPECT_EQ(user_.asked.back().Default(), Answer::No);
 }
 
+TEST_F(EditingFormTest, TellsOfAPartOnClosingOnlyWhereAStepEndedWell) {
+  form_.offers_to_save = false;
+  form_.Load();
+  form_.Text1.DoType("new");
+  user_.answers = {Answer::No, Answer::Cancel};
+  form_.stops_at = "first";
+  EXPECT_FALSE(form_.Save());
+  EXPECT_FALSE(form_.DoClose());
+  EXPECT_THAT(user_.asked.back().text, testing::StartsWith("Are you sure"));
+  form_.stops_at = "third";
+  EXPECT_FALSE(form_.Save());
+  EXPECT_FALSE(form_.DoClose());
+  EXPECT_THAT(user_.asked.back().text, testing::HasSubstr("saved only in part"));
+}
+
 TEST_F(EditingFormTest, ARecordThatAnotherHoldsIsOnlyLookedAt) {
   session_.holder = {{"Bob", "FRONT-DESK"}};
   form_.on_read = [this] {
