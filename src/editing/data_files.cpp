@@ -63,7 +63,7 @@ std::optional<std::string> ContentsOf(const fs::path& file, std::uintmax_t most_
   }
   std::ifstream stream(file, std::ios::binary);
   std::string bytes(std::istreambuf_iterator<char>(stream), {});
-  return stream.bad() ? std::nullopt : std::optional(std::move(bytes));
+  return !stream.is_open() || stream.bad() ? std::nullopt : std::optional(std::move(bytes));
 }
 
 }  // namespace editing

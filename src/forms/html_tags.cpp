@@ -166,6 +166,14 @@ void ApplyFont(const HtmlPiece& tag, RichText::Style& style) {
   style.color = color ? color : style.color;
 }
 
+// "{Office Website Address}"
+bool IsVariable(std::string_view link) {
+  constexpr std::size_t kLongest = 80;
+  return link.size() > 2 && link.size() < kLongest && link.front() == '{' && link.back() == '}' &&
+         std::ranges::all_of(link.substr(1, link.size() - 2),
+                             [](char c) { return IsLetter(c) || IsDigit(c) || c == ' ' || c == ','; });
+}
+
 }  // namespace
 
 std::string HtmlPiece::Attribute(std::string_view name) const {
@@ -276,6 +284,13 @@ bool IsBlockTag(std::string_view tag) {
   return IsOneOf(kBlocks, tag);
 }
 
+bool IsInlineTag(std::string_view tag) {
+  constexpr std::array<std::string_view, 26> kInline = {
+      "a",  "b",   "strong", "i",     "em",  "u",   "ins", "font", "span",  "td",   "th",   "caption", "s",
+      "tt", "del", "strike", "small", "big", "sub", "sup", "code", "label", "abbr", "cite", "mark",    "q"};
+  return IsOneOf(kInline, tag);
+}
+
 bool IsVoidTag(std::string_view tag) {
   constexpr std::array<std::string_view, 11> kVoid = {"br",   "img", "hr",     "input", "meta", "link",
                                                       "base", "col", "source", "embed", "wbr"};
@@ -313,6 +328,10 @@ std::string SafeLink(std::string_view link) {
   std::ranges::copy_if(link, std::back_inserter(shown),
                        [](char c) { return static_cast<unsigned char>(c) >= ' ' && c != '\x7F'; });
   std::string safe(Trim(shown));
+  constexpr std::size_t kLongest = 2000;
+  if (safe.size() > kLongest || IsVariable(safe)) {
+    return safe.size() > kLongest ? std::string() : safe;
+  }
   constexpr std::array<std::string_view, 4> kKinds = {"http://", "https://", "mailto:", "tel:"};
   const std::string lower = ToLower(safe);
   return std::ranges::any_of(kKinds, [&lower](std::string_view kind) { return lower.starts_with(kind); }) ? safe : "";

@@ -42,6 +42,8 @@ class HtmlScanner {
 bool HasTags(std::string_view text);
 // Begins a line of its own, and ends the one before.
 bool IsBlockTag(std::string_view tag);
+// Gives the text in it a look, or may; the others fall away.
+bool IsInlineTag(std::string_view tag);
 // Has no content and no closing tag.
 bool IsVoidTag(std::string_view tag);
 
@@ -50,7 +52,8 @@ void ApplyTag(const HtmlPiece& tag, RichText::Style& style);
 // "center"; empty when the tag says nothing.
 std::string AlignOf(const HtmlPiece& tag);
 
-// A link that a person may follow: of the web, of mail, of a telephone. Empty for any other.
+// A link that a person may follow: of the web, of mail, of a telephone; or a variable in braces that will be one. Empty
+// for any other, and for one that is longer than links are.
 std::string SafeLink(std::string_view link);
 // With entities for what HTML has a use of its own for.
 std::string EscapedHtml(std::string_view text);

@@ -72,7 +72,16 @@ class Reader {
     if (IsBlockTag(piece.tag)) {
       EndParagraph();
     }
-    if (IsVoidTag(piece.tag)) {
+    const bool block = IsBlockTag(piece.tag);
+    if (IsVoidTag(piece.tag) || (!block && !IsInlineTag(piece.tag))) {
+      return;
+    }
+    // A paragraph and an entry end where the next one begins.
+    if ((piece.tag == "p" || piece.tag == "li") && !opened_.empty() && opened_.back().tag == piece.tag) {
+      Close(piece.tag);
+    }
+    constexpr std::size_t kDeepest = 200;
+    if (opened_.size() == kDeepest) {
       return;
     }
     opened_.push_back({piece.tag, style_, align_, bullet_});

@@ -157,7 +157,8 @@ std::string RecallNotices::LetterHtml() const {
 
 // A template that cannot be read leaves the text as it is stored.
 std::string RecallNotices::MessageHtml(Notice notice) const {
-  std::string text = TemplateFiles(context_.session, data::ReminderKind::Recall).TextOf(notices_[notice]);
+  std::string text =
+      TemplateFiles(context_.session, data::ReminderKind::Recall).TextOf(notices_[notice], Of(notice).method);
   if (sample_) {
     const bool read = Attempt([&] {
       text = TemplateSample(context_.session, {.kind = data::ReminderKind::Recall,

@@ -31,21 +31,6 @@ std::string TitleOf(ReminderKind kind, ContactMethod method) {
          (method == ContactMethod::Email ? " E-Mail" : " SMS") + " Template Editor";
 }
 
-// What `WithInstructions` made a template of; nothing for one that it had no hand in.
-std::optional<std::string> WithoutInstructions(const std::string& text, const std::string& instructions,
-                                               ContactMethod method) {
-  if (instructions.empty()) {
-    return std::nullopt;
-  }
-  const bool html = method == ContactMethod::Email;
-  const std::string added = html ? forms::WriteHtml(forms::FromPlainText(instructions)) : "\r\n" + instructions;
-  const std::size_t at = text.rfind(added);
-  if (at == std::string::npos || (!html && at + added.size() != text.size())) {
-    return std::nullopt;
-  }
-  return text.substr(0, at) + text.substr(at + added.size());
-}
-
 }  // namespace
 
 frmEDMsg::frmEDMsg(const session::ScreenContext& context)
@@ -97,7 +82,7 @@ void frmEDMsg::Wire() {
   cboKind.Click = [this] { ChooseTemplate(); };
   cboMethod.Click = [this] { ChooseTemplate(); };
   db.OK.Click = [this] {
-    if (!Unsaved() || Save()) {
+    if (!Modified() || Save()) {
       Close();
     }
   };
@@ -113,14 +98,25 @@ void frmEDMsg::Read() {
   if (cboMethod.IndexOfData(static_cast<std::int32_t>(txtType)) < 0) {
     txtType = ContactMethod::Email;
   }
-  ShowTemplate();
+  ShowTemplate(ReadFile(emsRecordType, txtType));
   editor.qe.SetFocus();
 }
 
+// One that is there and cannot be read is not taken for none: it would be written over.
+std::optional<std::string> frmEDMsg::ReadFile(ReminderKind kind, ContactMethod method) const {
+  const TemplateFiles files(context_.session, kind);
+  const std::string name = TemplateName(kind, method);
+  auto text = files.Read(name);
+  if (!text && files.Has(name)) {
+    throw editing::Refusal("The template " + ToldBack(name) + " cannot be read.");
+  }
+  return text;
+}
+
 // Where the practice has none of its own, the generic message is what it begins with.
-void frmEDMsg::ShowTemplate() {
+void frmEDMsg::ShowTemplate(std::optional<std::string> stored) {
   ShowChosen();
-  stored_ = Files().Read(FileName());
+  stored_ = std::move(stored);
   std::string text = stored_.value_or(GenericMessage(emsRecordType, txtType, Language::English));
   const auto own = WithoutInstructions(text, Instructions(), txtType);
   text = !std::exchange(LoadData, true) ? "" : own.value_or(text);
@@ -142,10 +138,12 @@ void frmEDMsg::ChooseTemplate() {
   if (kind == emsRecordType && method == txtType) {
     return;
   }
-  if (QueryClose()) {
+  std::optional<std::string> stored;
+  if (QueryClose() && Attempt([&] { stored = ReadFile(kind, method); })) {
+    LetGo();  // a save that failed is not made up for in another template
     emsRecordType = kind;
     txtType = method;
-    ShowTemplate();
+    ShowTemplate(std::move(stored));
   } else {
     ShowChosen();
   }
@@ -158,11 +156,11 @@ void frmEDMsg::ShowChosen() {
 }
 
 bool frmEDMsg::Agreed() {
-  generic_ = forms::Trim(editor.PlainText()).empty();
+  generic_ = editor.IsEmpty();
   if (generic_ && !AgreesToGeneric()) {
     return false;
   }
-  return Files().Read(FileName()) == stored_ ||
+  return ReadFile(emsRecordType, txtType) == stored_ ||
          context_.user.Ask({.text = "Another user has changed this template since it was opened.\r\nDo you want to "
                                     "replace what he wrote?",
                             .buttons = forms::kYesNo,
@@ -184,8 +182,8 @@ void frmEDMsg::Write() {
   if (editor.AddsInstructions()) {
     text = WithInstructions(std::move(text), Instructions(), txtType);
   }
-  Files().Write(FileName(), text);
-  ShowTemplate();
+  TemplateFiles(context_.session, emsRecordType).Write(TemplateName(emsRecordType, txtType), text);
+  ShowTemplate(std::move(text));
 }
 
 }  // namespace recall

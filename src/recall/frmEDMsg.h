@@ -46,11 +46,10 @@ class frmEDMsg : public editing::EditingForm {
  private:
   void Register();
   void Wire();
-  void ShowTemplate();
+  std::optional<std::string> ReadFile(data::ReminderKind kind, data::ContactMethod method) const;
+  void ShowTemplate(std::optional<std::string> stored);
   void ShowChosen();
   void ChooseTemplate();
-  TemplateFiles Files() const { return {context_.session, emsRecordType}; }
-  std::string FileName() const { return TemplateName(emsRecordType, txtType); }
   std::string Instructions() const { return ReplyInstructions(context_.session, emsRecordType, txtType); }
   bool AgreesToGeneric() const;
   void Write();

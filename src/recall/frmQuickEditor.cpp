@@ -90,7 +90,6 @@ void frmQuickEditor::OnLoad() {
 }
 
 void frmQuickEditor::Read() {
-  Caption = Title.empty() ? TitleOf(EditorType) : Title;
   lblHelp.Caption = WpHelpText;
   lblHelp.Visible = !WpHelpText.empty();
   db.Visible = ShowCommands;
@@ -103,13 +102,15 @@ void frmQuickEditor::Read() {
                .appointment_period = AppointmentPeriod,
                .total_period = TotalPeriod,
                .may_add_instructions = AutoApplyReturnMessageVisible,
-               .adds_instructions = AutoApplyReturnMessageValue});
+               .adds_instructions = AutoApplyReturnMessageValue,
+               .read_only = !ShowCommands});
   plain_text_ = editor.PlainText();
   ShowMode();
   (previews_ ? editor.txSample : editor.qe).SetFocus();
 }
 
 void frmQuickEditor::ShowMode() {
+  Caption = previews_ ? SampleTitle(EditorType) : Title.empty() ? TitleOf(EditorType) : Title;
   editor.ShowParts(!previews_, previews_ || ShowPreview);
   db.OK.Caption = previews_ ? "&Edit" : "&OK";
   db.Cancel.Caption = previews_ ? "&Close" : "&Cancel";

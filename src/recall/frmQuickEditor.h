@@ -31,7 +31,7 @@ class frmQuickEditor : public forms::Form, private editing::Rules {
   std::string WpHelpText;
   bool ShowPreview = true;
   bool PreviewOnly = false;  // opens on the sample alone; a person may go on to edit
-  bool ShowCommands = true;
+  bool ShowCommands = true;  // without them nothing can be taken, and the text is only looked at
   bool AutoApplyReturnMessageVisible = false;
 
   // Set before it is shown, and changed only when it is left with OK.

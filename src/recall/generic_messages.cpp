@@ -35,14 +35,18 @@ std::string BirthdayText(bool english) {
                        "\r\nDr. {Provider Full Name} y personal";
 }
 
+constexpr std::string_view kDocumentBegin =
+    "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<BODY bgColor=\"#FFFFFF\" "
+    "text=\"#000000\">\r\n";
+constexpr std::string_view kDocumentEnd = "</BODY>\r\n</HTML>\r\n";
+constexpr std::string_view kFont = "font-family:Arial;font-size:12pt";
+
 std::string Document(std::initializer_list<std::string_view> paragraphs) {
-  std::string html =
-      "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">\r\n<HTML>\r\n<BODY bgColor=\"#FFFFFF\" "
-      "text=\"#000000\">\r\n";
+  std::string html(kDocumentBegin);
   for (const std::string_view paragraph : paragraphs) {
-    html += "<P style=\"font-family:Arial;font-size:12pt\">" + std::string(paragraph) + "</P>\r\n";
+    html += "<P style=\"" + std::string(kFont) + "\">" + std::string(paragraph) + "</P>\r\n";
   }
-  return html + "</BODY>\r\n</HTML>\r\n";
+  return html + std::string(kDocumentEnd);
 }
 
 std::string BirthdayEmail(bool english) {
@@ -97,6 +101,28 @@ std::string GenericMessage(ReminderKind kind, ContactMethod method, Language lan
       break;
   }
   return {};
+}
+
+bool IsDocument(std::string_view html) {
+  return html.starts_with(kDocumentBegin);
+}
+
+std::string AsDocument(const std::string& paragraphs) {
+  std::string html(kDocumentBegin);
+  for (std::size_t i = 0; i < paragraphs.size(); ++i) {
+    const std::string_view rest = std::string_view(paragraphs).substr(i);
+    html += paragraphs[i];
+    for (const std::string_view tag : {"<p", "<li"}) {
+      if (rest.starts_with(std::string(tag) + ">")) {
+        html += std::string(tag.substr(1)) + " style=\"" + std::string(kFont) + "\"";
+        i += tag.size() - 1;
+      } else if (const std::string styled = std::string(tag) + " style=\""; rest.starts_with(styled)) {
+        html += styled.substr(1) + std::string(kFont) + ";";
+        i += styled.size() - 1;
+      }
+    }
+  }
+  return html + "\r\n" + std::string(kDocumentEnd);
 }
 
 }  // namespace recall

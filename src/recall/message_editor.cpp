@@ -100,18 +100,18 @@ void MessageEditor::Show(Message message) {
   custom_html_.clear();
   const ContactMethod method = message_.method;
   qe.Plain = !IsHtml(method);
-  chkAutoApply.Visible =
-      message_.may_add_instructions && (method == ContactMethod::TextMessage || method == ContactMethod::Email);
-  chkAutoApply.Value = message_.adds_instructions ? forms::CheckState::On : forms::CheckState::Off;
   instructions_ = ReplyInstructions(context_.session, message_.kind, method);
-  ShowVariables();
+  chkAutoApply.Visible = message_.may_add_instructions && !instructions_.empty();
+  chkAutoApply.Enabled = !message_.read_only;
+  chkAutoApply.Value = message_.adds_instructions ? forms::CheckState::On : forms::CheckState::Off;
   const TemplateFiles files(context_.session, message_.kind);
-  ShowTemplates(MarkedTemplate(message_.text).value_or(""));
   const auto referenced = ReferencedTemplate(message_.text);
-  if (referenced && !files.Read(*referenced)) {
-    missing_ = *referenced;
-  }
-  ShowText(files.TextOf(message_.text));
+  ShowTemplates(method == ContactMethod::Email && !referenced ? MarkedTemplate(message_.text).value_or("") : "");
+  const std::string text = files.TextOf(message_.text, method);
+  const auto marked = method == ContactMethod::Email ? MarkedTemplate(text) : std::nullopt;
+  missing_ = referenced && !files.Read(*referenced) ? *referenced : marked.value_or("");
+  document_ = method == ContactMethod::Email && IsDocument(text);
+  ShowText(text);
   read_ = Now();
   ShowSampleAs(method);
 }
@@ -125,15 +125,24 @@ void MessageEditor::ShowTemplates(const std::string& marked) {
     }
   }
   picTemplates.Visible = !items.empty();
-  const auto current = std::ranges::find(items, marked, &forms::ListItem::text);
+  const auto current = std::ranges::find_if(
+      items, [&marked](const forms::ListItem& item) { return forms::EqualsIgnoringCase(item.text, marked); });
   const bool known = !marked.empty() && current != items.end();
-  missing_ = known ? "" : marked;
   const int index = known ? static_cast<int>(current - items.begin()) : -1;
   lstTemplates.Items = std::move(items);
   lstTemplates.ListIndex = index;
-  (known ? optPredefined : optCustom).Value = true;
-  lstTemplates.Enabled = known;
-  qe.ReadOnly = known;
+  shown_ = index;
+  predefined_ = known;
+  ShowMode();
+}
+
+void MessageEditor::ShowMode() {
+  (predefined_ ? optPredefined : optCustom).Value = true;
+  optPredefined.Enabled = !message_.read_only;
+  optCustom.Enabled = !message_.read_only;
+  lstTemplates.Enabled = predefined_ && !message_.read_only;
+  qe.ReadOnly = predefined_ || message_.read_only;
+  ShowVariables();
 }
 
 void MessageEditor::ShowVariables() {
@@ -144,12 +153,15 @@ void MessageEditor::ShowVariables() {
                : std::ranges::find(message_.variables, variable.text) != message_.variables.end();
   };
   for (const TemplateVariable& variable : TemplateVariables()) {
-    if (offered(variable)) {
+    if (!qe.ReadOnly && offered(variable)) {
       items.push_back({.text = std::string(variable.group) + "\t" + std::string(variable.text)});
     }
   }
   for (const std::string_view place : {kCellPhone, kPostcard}) {
     items.push_back({.text = std::string(kShowSample) + "\t" + std::string(place)});
+  }
+  if (!qe.ReadOnly) {
+    items.push_back({.text = std::string(kNoVariable)});
   }
   pop.Items = std::move(items);
 }
@@ -176,24 +188,54 @@ bool MessageEditor::Modified() const {
   return !(Now() == read_);
 }
 
-std::string MessageEditor::Stored() const {
+std::string MessageEditor::Kept() const {
   const Content now = Now();
-  if (now.predefined == read_.predefined && now.html == read_.html) {
-    return message_.text;
-  }
   if (!now.predefined.empty()) {
     return TemplateMarker(now.predefined);
   }
-  return qe.Plain ? qe.Text() : qe.Html.get();
+  if (!read_.predefined.empty() || now.html != read_.html) {
+    return {};
+  }
+  const auto named = ReferencedTemplate(message_.text);
+  if (named && named->find('<') == std::string::npos) {
+    return message_.text;
+  }
+  // One that was not found.
+  return missing_.empty() || named ? std::string() : TemplateMarker(missing_);
+}
+
+std::string MessageEditor::Text() const {
+  return qe.Plain ? qe.Text() : WithWholeVariables(qe.Html.get());
+}
+
+std::string MessageEditor::Stored() const {
+  if (!Modified()) {
+    return message_.text;
+  }
+  if (std::string kept = Kept(); !kept.empty()) {
+    return kept;
+  }
+  const std::string text = Text();
+  return document_ && !text.empty() ? AsDocument(text) : text;
+}
+
+bool MessageEditor::IsEmpty() const {
+  return Kept().empty() && forms::Trim(PlainText()).empty();
 }
 
 std::string MessageEditor::Whole() const {
-  const std::string text = qe.Plain ? qe.Text() : qe.Html.get();
+  const std::string text = Text();
   return AddsInstructions() ? WithInstructions(text, instructions_, message_.method) : text;
 }
 
+// A value may have made a link of what is none to follow.
 std::string MessageEditor::Sample() const {
-  return SampleFor(message_.method).Merge(Whole());
+  const std::string sample = SampleFor(message_.method).Merge(Whole());
+  if (qe.Plain) {
+    return sample;
+  }
+  const std::string safe = forms::WriteHtml(forms::ReadHtml(sample));
+  return document_ ? AsDocument(safe) : safe;
 }
 
 TemplateSample MessageEditor::SampleFor(ContactMethod method) const {
@@ -210,31 +252,40 @@ TemplateSample MessageEditor::SampleFor(ContactMethod method) const {
 // A message of its own begins with the text of the template that was chosen last, or is what was typed before.
 void MessageEditor::ChooseKind() {
   const bool predefined = optPredefined.Value;
-  if (predefined == qe.ReadOnly) {
+  if (predefined == predefined_) {
     return;
   }
-  lstTemplates.Enabled = predefined;
-  if (predefined) {
-    custom_html_ = qe.Html;
-    TakeTemplate();
-  } else if (!custom_html_.empty()) {
+  const std::string own = qe.Html;
+  if (!predefined && !custom_html_.empty()) {
     qe.Html = custom_html_;
+  } else if (predefined && lstTemplates.Current() != nullptr) {
+    ShowChosenTemplate();
   }
-  qe.ReadOnly = predefined;
+  if (predefined) {
+    custom_html_ = own;
+  }
+  predefined_ = predefined;
+  ShowMode();
   Follow();
 }
 
 void MessageEditor::TakeTemplate() {
-  const forms::ListItem* current = lstTemplates.Current();
-  if (!optPredefined.Value || current == nullptr) {
-    return;
+  if (predefined_ && lstTemplates.Current() != nullptr) {
+    ShowChosenTemplate();
+    Follow();
   }
-  const auto text = TemplateFiles(context_.session, message_.kind).ReadPredefined(current->text);
+}
+
+void MessageEditor::ShowChosenTemplate() {
+  const std::string name = lstTemplates.Current()->text;
+  const auto text = TemplateFiles(context_.session, message_.kind).ReadPredefined(name);
   if (!text) {
-    throw editing::Refusal("The template " + ToldBack(current->text) + " cannot be read.");
+    lstTemplates.ListIndex = predefined_ ? shown_ : -1;
+    ShowMode();
+    throw editing::Refusal("The template " + ToldBack(name) + " cannot be read.");
   }
+  shown_ = lstTemplates.ListIndex;
   ShowText(WithCurrentVariables(*text));
-  Follow();
 }
 
 void MessageEditor::TakeVariable() {
@@ -248,6 +299,8 @@ void MessageEditor::TakeVariable() {
     ShowSampleAs(ContactMethod::TextMessage);
   } else if (entry == kPostcard) {
     ShowSampleAs(ContactMethod::PostCard);
+  } else if (entry == kNoVariable) {
+    qe.SetFocus();
   } else {
     qe.DoInsert(entry);
   }

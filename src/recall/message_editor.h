@@ -36,6 +36,7 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
     bool may_add_instructions = false;  // the reply instructions
     bool adds_instructions = false;
     bool merged_title = false;  // "Sample Merged Text Message"
+    bool read_only = false;
   };
 
   explicit MessageEditor(const session::ScreenContext& context);
@@ -48,6 +49,8 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
   bool Modified() const;
   // As it is stored; untouched it is what it was.
   std::string Stored() const;
+  // Neither a template nor a word is left.
+  bool IsEmpty() const;
   std::string PlainText() const { return qe.Text(); }
   bool AddsInstructions() const;
   // What the sample patient would get: HTML for a method with formats.
@@ -88,14 +91,21 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
 
   void Wire();
   void ShowTemplates(const std::string& marked);
+  // Of a predefined template nothing can be changed.
+  void ShowMode();
   void ShowVariables();
   void ShowText(const std::string& text);
   Content Now() const;
+  // The template that the message names or marks, as long as the text that was shown for it is as it was.
+  std::string Kept() const;
+  std::string Text() const;
   // The text with the instructions that it is sent with.
   std::string Whole() const;
   TemplateSample SampleFor(data::ContactMethod method) const;
   void ChooseKind();
   void TakeTemplate();
+  // Throws editing::Refusal, and what was chosen before is chosen again.
+  void ShowChosenTemplate();
   void TakeVariable();
   void Follow();
   void ShowUnknown();
@@ -106,6 +116,9 @@ class MessageEditor : public forms::UserControl, private editing::Rules {
 
   Message message_;
   Content read_;
+  bool predefined_ = false;  // a template is shown, or about to be chosen
+  int shown_ = -1;           // which one
+  bool document_ = false;    // the e-mail has a page and a font of its own
   std::string custom_html_;  // while a template is shown in its place
   std::string missing_;      // the template that the message names and that is not there
   std::string instructions_;

@@ -1,7 +1,5 @@
 #include "recall/reply_instructions.h"
 
-#include <algorithm>
-
 #include "forms/rich_text.h"
 #include "forms/text.h"
 #include "recall/confirmation_link.h"
@@ -25,8 +23,19 @@ std::string UsualInstructions(data::ReminderKind kind) {
 
 // Where the words of an HTML document end.
 std::size_t EndOfBody(std::string_view html) {
-  const std::size_t end = forms::ToLower(html).rfind("</body");
-  return std::min(end, html.size());
+  constexpr std::string_view kEnd = "</body";
+  for (std::size_t at = html.rfind("</"); at != std::string_view::npos && at > 0; at = html.rfind("</", at - 1)) {
+    if (forms::EqualsIgnoringCase(html.substr(at, kEnd.size()), kEnd)) {
+      return at;
+    }
+  }
+  return html.size();
+}
+
+// As they stand in a message.
+std::string Added(std::string_view instructions, data::ContactMethod method) {
+  return method == data::ContactMethod::Email ? forms::WriteHtml(forms::FromPlainText(instructions))
+                                              : "\r\n" + std::string(instructions);
 }
 
 }  // namespace
@@ -41,14 +50,21 @@ std::string ReplyInstructions(const session::Settings& settings, data::ReminderK
 }
 
 std::string WithInstructions(std::string message, std::string_view instructions, data::ContactMethod method) {
-  const bool html = method == data::ContactMethod::Email;
-  const std::string added =
-      html ? forms::WriteHtml(forms::FromPlainText(instructions)) : "\r\n" + std::string(instructions);
-  const bool has_them = html ? message.find(added) != std::string::npos : message.ends_with(added);
-  if (message.empty() || instructions.empty() || has_them) {
+  if (message.empty() || instructions.empty() || WithoutInstructions(message, instructions, method)) {
     return message;
   }
-  return message.insert(html ? EndOfBody(message) : message.size(), added);
+  const std::size_t end = method == data::ContactMethod::Email ? EndOfBody(message) : message.size();
+  return message.insert(end, Added(instructions, method));
+}
+
+std::optional<std::string> WithoutInstructions(const std::string& message, std::string_view instructions,
+                                               data::ContactMethod method) {
+  const std::size_t end = method == data::ContactMethod::Email ? EndOfBody(message) : message.size();
+  const std::string added = Added(instructions, method);
+  if (instructions.empty() || !std::string_view(message).substr(0, end).ends_with(added)) {
+    return std::nullopt;
+  }
+  return message.substr(0, end - added.size()) + message.substr(end);
 }
 
 }  // namespace recall

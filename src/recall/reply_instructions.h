@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,8 @@ std::string ReplyInstructions(const session::Settings& settings, data::ReminderK
 
 // The message with the instructions on a line of their own behind it, once; HTML for an e-mail.
 std::string WithInstructions(std::string message, std::string_view instructions, data::ContactMethod method);
+// What `WithInstructions` made such a message of; nothing for one that does not end in them.
+std::optional<std::string> WithoutInstructions(const std::string& message, std::string_view instructions,
+                                               data::ContactMethod method);
 
 }  // namespace recall

@@ -106,6 +106,18 @@ std::optional<std::string> TemplateFiles::Read(std::string_view name) const {
   return TextIn(folder_, std::string(name) + std::string(kEnding));
 }
 
+bool TemplateFiles::Has(std::string_view name) const {
+  const std::string file = std::string(name) + std::string(kEnding);
+  if (folder_.empty() || !editing::IsPlainName(file)) {
+    return false;
+  }
+  try {
+    return fs::exists(fs::symlink_status(editing::EntryOf(folder_, file)));
+  } catch (const fs::filesystem_error& error) {
+    return error.code() == std::errc::permission_denied;
+  }
+}
+
 void TemplateFiles::Write(std::string_view name, std::string_view text) const {
   const std::string file = std::string(name) + std::string(kEnding);
   if (folder_.empty() || name.empty() || !editing::IsPlainName(file)) {
@@ -163,14 +175,14 @@ std::optional<std::string> TemplateFiles::ReadPredefined(std::string_view name) 
   return std::nullopt;
 }
 
-std::string TemplateFiles::TextOf(std::string stored) const {
-  std::optional<std::string> text;
+std::string TemplateFiles::TextOf(std::string stored, data::ContactMethod method) const {
   if (const auto named = ReferencedTemplate(stored)) {
-    text = Read(*named);
-  } else if (const auto marked = MarkedTemplate(stored)) {
-    text = ReadPredefined(*marked);
+    stored = Read(*named).value_or(stored);
   }
-  return WithCurrentVariables(text ? std::move(*text) : std::move(stored));
+  if (const auto marked = MarkedTemplate(stored); marked && method == data::ContactMethod::Email) {
+    stored = ReadPredefined(*marked).value_or(stored);
+  }
+  return WithCurrentVariables(std::move(stored));
 }
 
 }  // namespace recall

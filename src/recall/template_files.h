@@ -27,6 +27,8 @@ class TemplateFiles {
   // The text of the file `name` + ".TPL", in the words that it is stored in; nothing where there is none that can be
   // read.
   std::optional<std::string> Read(std::string_view name) const;
+  // There is something of that name, whether or not it can be read.
+  bool Has(std::string_view name) const;
   // Whole or not at all. Throws editing::Refusal with the reason.
   void Write(std::string_view name, std::string_view text) const;
 
@@ -34,9 +36,10 @@ class TemplateFiles {
   std::vector<PredefinedTemplate> Predefined() const;
   std::optional<std::string> ReadPredefined(std::string_view name) const;
 
-  // What a stored message says: the text of the template that it names or marks, otherwise its own, which stays where
-  // the template is missing; its variables by their names of today.
-  std::string TextOf(std::string stored) const;
+  // What a stored message says: the text of the template that it names, otherwise its own; of an e-mail that marks a
+  // predefined template, the text of that. It stays as it is where the template is missing. Its variables have their
+  // names of today.
+  std::string TextOf(std::string stored, data::ContactMethod method) const;
 
  private:
   struct Found;

@@ -17,6 +17,9 @@ constexpr bool IsHtml(data::ContactMethod method) {
 // What to say for a variable: plain text, which loses its braces so that it is no variable itself.
 using TemplateValues = std::map<std::string, std::string, std::less<>>;
 
+// HTML whose variables have one look each, that of their brace: a sender would not find one with tags in it.
+std::string WithWholeVariables(std::string_view html);
+
 // The text with its variables' values in their place; one without a value says nothing. Values become HTML in HTML.
 std::string Merged(std::string_view text, const TemplateValues& values, bool html);
 

@@ -58,10 +58,14 @@ void TestMessage::Send(data::ContactMethod method, const std::function<std::stri
   }
   OfferToKeep(email, *receiver);
   using Method = session::ReminderMessage::Method;
-  const bool sent = context_.session.SendReminder({.method = email ? Method::Email : Method::TextMessage,
-                                                   .to = email ? *receiver : TenDigits(*receiver).value(),
-                                                   .subject = email ? std::string(kTitle) : "",
-                                                   .text = text()});
+  const session::ReminderMessage message{.method = email ? Method::Email : Method::TextMessage,
+                                         .to = email ? *receiver : TenDigits(*receiver).value(),
+                                         .subject = email ? std::string(kTitle) : "",
+                                         .text = text()};
+  const bool sent = [&] {
+    const forms::WaitText wait(context_.user, "  Sending - Please Wait  ");
+    return context_.session.SendReminder(message);
+  }();
   TellResult(email, sent);
 }
 

@@ -40,6 +40,24 @@ TEST(RichText, WhatActsOrIsUnknownFallsAway) {
   EXPECT_EQ(Canonical("<script>never closed"), "");
 }
 
+TEST(RichText, WhatIsHugeOrDeepStaysSmall) {
+  std::string many;
+  for (int i = 0; i < 3000; ++i) {
+    many += "<b>x<i>y<o:p>";
+  }
+  const std::string written = Canonical("<a href='http://" + std::string(50000, 'x') + "'>" + many + "</a>");
+  EXPECT_EQ(written.find("<a"), std::string::npos);
+  EXPECT_LT(written.size(), 20U * 3000U);
+  // One that is not closed ends where the next one begins, and is not within it.
+  std::string open;
+  for (int i = 0; i < 500; ++i) {
+    open += "<p align=center>a";
+  }
+  EXPECT_TRUE(Canonical(open + "<p><b>b").ends_with("<p style=\"text-align:center\">a</p><p><b>b</b></p>"));
+  EXPECT_EQ(Canonical("<a href='{Office Website Address}'>a</a><a href='{x:y}'>b</a>"),
+            "<p><a href=\"{Office Website Address}\">a</a>b</p>");
+}
+
 TEST(RichText, EntitiesAreCharacters) {
   EXPECT_EQ(PlainText(ReadHtml("&lt;&#233;&#xE9;&eacute;&amp;amp;&nope;&#0;&#xD800;&")),
             "<ééé&amp;&nope;\uFFFD\uFFFD&");

@@ -16,6 +16,10 @@ bool IsSafeTag(const std::string& tag) {
     return tag.size() < 100 && std::regex_match(tag, plain);
   }
   const std::string_view link = std::string_view(tag).substr(kLink.size(), tag.size() - kLink.size() - 2);
+  static const std::regex variable("\\{[A-Za-z0-9 ,]{1,80}\\}");
+  if (link.size() < 90 && std::regex_match(std::string(link), variable)) {
+    return true;
+  }
   const std::string_view begin = link.substr(0, link.find(':') + 1);
   static const std::regex kinds("https?:|mailto:|tel:", std::regex::icase);
   return begin.size() < 10 && std::regex_match(std::string(begin), kinds) &&

@@ -37,7 +37,7 @@ TEST(TemplateFiles, AreReadInEitherEncodingAndWrittenWhole) {
   data.Put(data.own + "New.TPL", "\xEF\xBB\xBFJosé");
   const TemplateFiles files(data, data::ReminderKind::Birthday);
   EXPECT_EQ(files.Read("OLD"), "José € {Birthday Patient First Name}");
-  EXPECT_EQ(files.TextOf("template old\r\n"), "José € {Patient First Name}");
+  EXPECT_EQ(files.TextOf("template old\r\n", data::ContactMethod::Letter), "José € {Patient First Name}");
   EXPECT_EQ(files.Read("New"), "José");
   files.Write("BDR_EMAIL", "<p>😀</p>");
   files.Write("new", "other");
@@ -63,7 +63,7 @@ TEST(TemplateFiles, NamesThatLeaveTheFolderAreNone) {
                                   data.folder.string() + "/stp/Templates/secret", std::string("CON"),
                                   std::string("lpt1.x"), std::string("a:b"), std::string("a\0", 2), long_name}) {
     EXPECT_FALSE(files.Read(name)) << name.substr(0, 40);
-    EXPECT_EQ(files.TextOf("TEMPLATE " + name), "TEMPLATE " + name);
+    EXPECT_EQ(files.TextOf("TEMPLATE " + name, data::ContactMethod::Email), "TEMPLATE " + name);
     if (name != "link") {
       EXPECT_THROW(files.Write(name, "x"), editing::Refusal) << name.substr(0, 40);
     }
@@ -88,8 +88,11 @@ TEST(TemplateFiles, PredefinedOnesComeFromTheirLists) {
                                     {"Balloons & More", "b.tpl"}, {"cake", "cake.tpl"}, {"Étoile", "gone.tpl"}}));
   const std::string marked = TemplateMarker("balloons & more");
   EXPECT_EQ(marked, "<PredefinedTemplate=balloons & more/>");
-  EXPECT_EQ(files.TextOf("<p>" + marked + "</p>"), "<p>{Patient Title}</p>");
-  EXPECT_EQ(files.TextOf(TemplateMarker("Étoile")), "<PredefinedTemplate=Étoile/>");
+  EXPECT_EQ(files.TextOf("<p>" + marked + "</p>", data::ContactMethod::Email), "<p>{Patient Title}</p>");
+  data.Put(data.own + "Marking.TPL", marked);
+  EXPECT_EQ(files.TextOf("TEMPLATE Marking", data::ContactMethod::Email), "<p>{Patient Title}</p>");
+  EXPECT_EQ(files.TextOf(marked, data::ContactMethod::TextMessage), marked);
+  EXPECT_EQ(files.TextOf(TemplateMarker("Étoile"), data::ContactMethod::Email), "<PredefinedTemplate=Étoile/>");
   EXPECT_FALSE(MarkedTemplate("<PredefinedTemplate=never closed"));
 }
 
