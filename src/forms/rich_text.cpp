@@ -21,7 +21,7 @@ struct NamedAlign {
 constexpr std::array kAligns = {NamedAlign{"left", Align::Left}, NamedAlign{"center", Align::Center},
                                 NamedAlign{"right", Align::Right}, NamedAlign{"justify", Align::Justify}};
 
-void Append(RichText::Paragraph& paragraph, std::string_view text, const Style& style) {
+void AppendRun(RichText::Paragraph& paragraph, std::string_view text, const Style& style) {
   if (text.empty()) {
     return;
   }
@@ -114,7 +114,7 @@ class Reader {
       const char c = text[i];
       if (text.substr(i).starts_with(kNoBreakSpace)) {
         PutBlank();
-        Append(paragraph_, " ", style_);
+        Append(" ", style_);
         i += kNoBreakSpace.size();
         begun_ = true;
       } else if (c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f') {
@@ -126,7 +126,7 @@ class Reader {
       } else {
         PutBlank();
         if (static_cast<unsigned char>(c) >= ' ' && c != '\x7F') {
-          Append(paragraph_, text.substr(i, 1), style_);
+          Append(text.substr(i, 1), style_);
           begun_ = true;
         }
         ++i;
@@ -135,16 +135,27 @@ class Reader {
     }
   }
 
+  // Many runs of one long link would make a little HTML huge.
+  void Append(std::string_view text, Style& style) {
+    constexpr std::size_t kMostLinks = 200'000;  // bytes
+    const bool begins = paragraph_.runs.empty() || !(paragraph_.runs.back().style == style);
+    links_ += begins ? style.link.size() : 0;
+    if (links_ > kMostLinks) {
+      style.link.clear();
+    }
+    AppendRun(paragraph_, text, style);
+  }
+
   void PutBlank() {
     if (blank_) {
-      Append(paragraph_, " ", *blank_);
+      Append(" ", *blank_);
       blank_.reset();
     }
   }
 
   void BreakLine() {
     blank_.reset();
-    Append(paragraph_, "\n", style_);
+    Append("\n", style_);
     begun_ = true;
     line_start_ = true;
   }
@@ -171,6 +182,7 @@ class Reader {
   Style style_;
   Align align_ = Align::Left;
   bool bullet_ = false;
+  std::size_t links_ = 0;       // bytes of all links so far
   std::optional<Style> blank_;  // one that is written when a character follows
   bool begun_ = false;          // the paragraph has something in it
   bool line_start_ = true;
@@ -212,12 +224,12 @@ RichText::Paragraph Canonical(const RichText::Paragraph& paragraph) {
     for (std::size_t i = 0; i < run.text.size(); ++i) {
       const char c = run.text[i];
       if (std::string_view(run.text).substr(i).starts_with(kNoBreakSpace)) {
-        Append(canonical, " ", style);
+        AppendRun(canonical, " ", style);
         i += kNoBreakSpace.size() - 1;
       } else if (c == '\t') {
-        Append(canonical, " ", style);
+        AppendRun(canonical, " ", style);
       } else if (static_cast<unsigned char>(c) >= ' ' ? c != '\x7F' : c == '\n') {
-        Append(canonical, {&c, 1}, style);
+        AppendRun(canonical, {&c, 1}, style);
       }
     }
   }
@@ -308,7 +320,7 @@ RichText FromPlainText(std::string_view text) {
       rich.paragraphs.emplace_back();
       i += both ? 1U : 0U;
     } else {
-      Append(rich.paragraphs.back(), text.substr(i, 1), {});
+      AppendRun(rich.paragraphs.back(), text.substr(i, 1), {});
     }
   }
   return rich;

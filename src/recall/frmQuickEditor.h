@@ -21,8 +21,8 @@ class frmQuickEditor : public forms::Form, private editing::Rules {
   explicit frmQuickEditor(const session::ScreenContext& context);
 
   // Set before it is shown.
-  std::string Title;  // of the window; empty for its own
-  Language LanguageType = Language::English;
+  std::string Title;                          // of the window; empty for its own
+  Language LanguageType = Language::English;  // of the text; the office's instructions are the same for either
   data::ContactMethod EditorType = data::ContactMethod::TextMessage;
   std::vector<std::string> EditorVariables;  // "{Patient First Name}"; empty for those of the kind
   data::ReminderKind emsRecordType = {};

@@ -48,6 +48,7 @@ TEST(RichText, WhatIsHugeOrDeepStaysSmall) {
   const std::string written = Canonical("<a href='http://" + std::string(50000, 'x') + "'>" + many + "</a>");
   EXPECT_EQ(written.find("<a"), std::string::npos);
   EXPECT_LT(written.size(), 20U * 3000U);
+  EXPECT_LT(Canonical("<a href='http://" + std::string(1900, 'x') + "'>" + many + many).size(), 500000U);
   // One that is not closed ends where the next one begins, and is not within it.
   std::string open;
   for (int i = 0; i < 500; ++i) {
