@@ -230,7 +230,7 @@ std::string MessageEditor::Whole() const {
 
 // A value may have made a link of what is none to follow.
 std::string MessageEditor::Sample() const {
-  const std::string sample = SampleFor(message_.method).Merge(Whole());
+  std::string sample = SampleFor(message_.method).Merge(Whole());
   if (qe.Plain) {
     return sample;
   }
