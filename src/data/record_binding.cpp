@@ -162,15 +162,23 @@ std::optional<RecordBinding::Unreadable> RecordBinding::FirstUnreadable() const 
 }
 
 std::int32_t RecordBinding::Insert() {
+  MarkInserted(WriteNew());
+  return id_;
+}
+
+void RecordBinding::MarkInserted(std::int32_t id) {
+  id_ = id;
+  MarkWritten();
+}
+
+std::int32_t RecordBinding::WriteNew() const {
   Assignments values;
   for (const Binding& binding : bindings_) {
     if (dynamic_cast<const forms::Label*>(binding.field) == nullptr || !binding.field->FieldText().empty()) {
       values.emplace_back(binding.column, LiteralOf(binding));
     }
   }
-  id_ = statements_.Insert(table_, std::move(values));
-  MarkWritten();
-  return id_;
+  return statements_.Insert(table_, std::move(values));
 }
 
 void RecordBinding::Update() {

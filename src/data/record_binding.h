@@ -57,6 +57,9 @@ class RecordBinding {
 
   // Inserts a row with every bound field, but for labels that are empty; the row's ID.
   std::int32_t Insert();
+  // The two halves of it, where a transaction decides whether the row stays.
+  std::int32_t WriteNew() const;
+  void MarkInserted(std::int32_t id);
   // Updates the columns of the fields that changed; writes nothing when none did.
   void Update();
   // The two halves of it, where a transaction decides whether the update stays.

@@ -1,7 +1,9 @@
 #include "forms/period_code.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 #include "forms/text.h"
@@ -10,17 +12,6 @@ namespace forms {
 namespace {
 
 constexpr std::size_t kMaxLength = 5;
-
-// The number that the text begins with, 0 when it begins with none; half to even.
-std::int32_t LeadingNumber(std::string_view text) {
-  if (text.starts_with('+')) {
-    text.remove_prefix(1);
-  }
-  text = text.substr(0, text.find_first_not_of("-.0123456789"));
-  double number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-  return static_cast<std::int32_t>(std::nearbyint(number));
-}
 
 std::int32_t DaysOf(PeriodUnit unit) {
   switch (unit) {
@@ -59,6 +50,18 @@ std::optional<PeriodUnit> ParsePeriodUnit(std::string_view letter) {
   return trimmed == "Y" ? std::optional(PeriodUnit::Years) : std::nullopt;
 }
 
+std::int32_t PeriodNumber(std::string_view text) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  text = Trim(text);
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+  }
+  text = text.substr(0, text.find_first_not_of("-.0123456789"));
+  double number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+  return static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(number), Limits::min(), Limits::max()));
+}
+
 std::optional<PeriodCode> PeriodCode::Parse(std::string_view text) {
   text = Trim(text);
   if (text.empty() || text.size() > kMaxLength) {
@@ -68,7 +71,7 @@ std::optional<PeriodCode> PeriodCode::Parse(std::string_view text) {
   if (!unit) {
     return std::nullopt;
   }
-  return PeriodCode{.number = LeadingNumber(text.substr(0, text.size() - 1)), .unit = *unit};
+  return PeriodCode{.number = PeriodNumber(text.substr(0, text.size() - 1)), .unit = *unit};
 }
 
 std::int32_t PeriodCode::Days() const {

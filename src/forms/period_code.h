@@ -12,6 +12,9 @@ enum class PeriodUnit : char { Days = 'D', Months = 'M', Years = 'Y' };
 // Trimmed and upper-cased, exactly one of "M", "D", "Y"; nothing otherwise.
 std::optional<PeriodUnit> ParsePeriodUnit(std::string_view letter);
 
+// The number that the text begins with, 0 when it begins with none; rounded to a whole one, half to even.
+std::int32_t PeriodNumber(std::string_view text);
+
 // A span of time as recalls keep it: "30D", "6M", "2Y", at most five characters.
 struct PeriodCode {
   std::int32_t number = 0;
