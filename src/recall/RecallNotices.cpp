@@ -140,7 +140,7 @@ void RecallNotices::ShowChosen() {
   picWPOpen.Visible = letter;
   picWPOpen.Caption = notices_.letter.empty() ? "&Link Letter..." : "Un&link Letter...";
   picWPEdit.Caption = "&Edit " + std::string(Of(notice).edit);
-  picWPPreview.Caption = letter ? "Read &Again" : sample_ ? "Show &Text" : "Show S&ample";
+  picWPPreview.Caption = letter ? "Read &Again" : sample_ ? "Show Te&xt" : "Show S&ample";
   picWPPreview.Enabled = !notices_[notice].empty();
   lblWPPreview.Caption = " " + std::string(Of(notice).name) + (letter ? ": " + AsCaption(notices_.letter) : "");
   txWPPreview.Html = letter ? LetterHtml() : MessageHtml(notice);

@@ -69,7 +69,8 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   // A person changed the return address or the label format, which hold for every recall.
   std::function<void()> SettingsEdited;
 
-  // The stage's period and the time from the last visit to it, for the sample of a message.
+  // The time from the stage to the day when the recall is due, negative behind it, and the recall's period, for the
+  // sample of a message.
   forms::PeriodCode AppointmentPeriod;
   forms::PeriodCode TotalPeriod;
 
@@ -79,6 +80,8 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   // The return address, an office setting that supervisors alone change, and the label format, an option of the user.
   // They are read when the screen loads.
   bool SettingsChanged() const;
+  // Off where the recall can only be looked at.
+  void EnableSettings(bool on);
   // Throws session::DatabaseError.
   void SaveSettings();
 
@@ -115,6 +118,7 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   bool sample_ = false;  // the preview shows what an invented patient gets
   std::int32_t stored_address_ = kNoAddress;
   std::int32_t stored_label_ = 0;
+  bool settings_enabled_ = true;
 };
 
 }  // namespace recall

@@ -90,9 +90,18 @@ void RecallNotices::ReadSettings() {
   ShowReturnAddress();
 }
 
+void RecallNotices::EnableSettings(bool on) {
+  settings_enabled_ = on;
+  for (forms::OptionButton& format : optLabelFormat) {
+    format.Enabled = on;
+  }
+  ShowReturnAddress();
+}
+
 void RecallNotices::ShowReturnAddress() {
-  const bool may = context_.session.HasRight(session::kSupervisorRight);
-  lblReturnAddress.Visible = !may;
+  const bool supervisor = context_.session.HasRight(session::kSupervisorRight);
+  const bool may = supervisor && settings_enabled_;
+  lblReturnAddress.Visible = !supervisor;
   chkReturnAddress.Enabled = may;
   for (forms::OptionButton* option :
        {&optReturnAddressPractice, &optReturnAddressLocation, &optReturnAddressProvider}) {

@@ -239,8 +239,11 @@ std::string MessageEditor::Sample() const {
 }
 
 TemplateSample MessageEditor::SampleFor(ContactMethod method) const {
-  const auto period = [](const std::string& text) {
-    return forms::PeriodCode::Parse(text).value_or(forms::PeriodCode());
+  const auto period = [](std::string_view text) {
+    const bool behind = text.starts_with('-');
+    auto code = forms::PeriodCode::Parse(text.substr(behind ? 1 : 0)).value_or(forms::PeriodCode());
+    code.number = behind ? -code.number : code.number;
+    return code;
   };
   return {context_.session,
           {.kind = message_.kind,
