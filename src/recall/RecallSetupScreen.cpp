@@ -52,9 +52,8 @@ void RecallSetupScreen::Wire() {
   txtName.Change = [this, take] { take(kTitle, txtName.Text); };
   txtServices.Change = [this, take] { take(kCodes, txtServices.Text); };
   txtPeriod.Change = cmbPeriod.Click = [this, take] {
-    const std::string number(forms::Trim(txtPeriod.Text.get()));
-    const auto period = Composed(txtPeriod, cmbPeriod);
-    take(kPeriod, period ? period->Text() : number);
+    take(kPeriod, Typed(txtPeriod, cmbPeriod).Text());
+    SayPeriods();
   };
   txtPeriod.Leave = [this] { TakeNumber(txtPeriod); };
   chkSameDay.Click = [this, take] { take(kSameDay, OnOff(chkSameDay)); };
@@ -124,9 +123,9 @@ void RecallSetupScreen::ShowData() {
   lblData[kTitle].Caption = txtName.Text.get();
   lblData[kCodes].Caption = txtServices.Text.get();
   const std::string& period = lblData[kPeriod].Caption.get();
-  const auto code = forms::PeriodCode::Parse(period);
-  ShowPeriod(code, txtPeriod, cmbPeriod);
-  if (!code) {
+  const StagePeriod parts = StagePeriod::Parse(period);
+  ShowPeriod(parts, txtPeriod, cmbPeriod);
+  if (!parts.unit) {
     txtPeriod.Text = period;
   }
   chkSameDay.Value = state(kSameDay);
@@ -149,6 +148,7 @@ void RecallSetupScreen::LookOnlyWhereHeld() {
   for (forms::Control* control : changing) {
     control->Enabled = !ReadOnly();
   }
+  picSend.EnableSettings(!ReadOnly());
 }
 
 // What is said is what a click on the last button would do.
@@ -183,7 +183,7 @@ std::string RecallSetupScreen::ChosenCodes(const std::vector<std::string>& chose
   if (!codes.empty()) {
     const auto answer = context_.user.Ask({.text = "Replace current code setup ?\r\n"
                                                    "Answer  [Yes] to Replace existing codes,\r\n"
-                                                   "               [No] to Append to existing codes, and\r\n"
+                                                   "               [No] to Append to existing codes,\r\n"
                                                    "               [Cancel] to Omit selected code.",
                                            .buttons = forms::kYesNoCancel,
                                            .icon = forms::Icon::Question});

@@ -117,6 +117,7 @@ class RecallSetupScreen : public editing::EditingForm {
   void Read() override;
   bool Differs() const override;
   bool Check() override;
+  bool Agreed() override;
   void OnTaken() override { ShowData(); }
   ClosingQuestion OnClosing() const override;
   bool QueryClose() override;
@@ -141,14 +142,16 @@ class RecallSetupScreen : public editing::EditingForm {
   void LookOnlyWhereHeld();
 
   StageControls ControlsOf(int place);
-  static std::optional<forms::PeriodCode> Composed(const forms::TextBox& number, const forms::ComboBox& unit);
+  static StagePeriod Typed(const forms::TextBox& number, const forms::ComboBox& unit);
   void TakeNumber(forms::TextBox& box);
-  static void ShowPeriod(const std::optional<forms::PeriodCode>& period, forms::TextBox& number, forms::ComboBox& unit);
+  static void ShowPeriod(const StagePeriod& period, forms::TextBox& number, forms::ComboBox& unit);
   void ShowData();
   void ShowStages();
   // What hangs on the stages: their texts, marks and the ladder.
   void ShowLadder();
   void ShowNotices();
+  // Of the stage shown, for the sample of its messages.
+  void SayPeriods();
   void ShowStage(int place);
   void StageShownChanged();
   void TakePeriod(int place);

@@ -6,14 +6,18 @@
 #include "recall/RecallSetupScreen.h"
 
 namespace recall {
+namespace {
+
+constexpr std::size_t kMostPeriod = 5;  // characters, with the unit
+
+}  // namespace
 
 void RecallSetupScreen::WireSaving() {
   Edits(record_);
   const auto always = [] { return true; };
   const auto adding = [this] { return Adding(); };
-  OnSave(adding, [this] { record_.Insert(); });
-  OnSave(adding, [this] { Hold("RSTABLE", record_.Id()); });
   OnSave(always, [this] { Write(); });
+  OnSave(adding, [this] { Hold("RSTABLE", record_.Id()); });
   OnSave([this] { return picSend.SettingsChanged(); }, [this] { picSend.SaveSettings(); });
   OnSave([this] { return StagesChanged(); }, [this] { RefreshRecalls(); });
   OnSave(always, [this] {
@@ -40,6 +44,19 @@ bool RecallSetupScreen::Check() {
     txtName.SetFocus();
     return false;
   }
+  if (lblData[kPeriod].Caption.get().size() > kMostPeriod) {
+    Tell("The number of the recall period cannot exceed 9999.", forms::Icon::Information);
+    txtPeriod.SetFocus();
+    return false;
+  }
+  return true;
+}
+
+// Where the stages alone have changed, nothing else asks.
+bool RecallSetupScreen::Agreed() {
+  if (!Adding() && !store_.IsThere(record_.Id())) {
+    throw editing::Refusal(std::string(editing::kDeletedMeanwhile));
+  }
   return true;
 }
 
@@ -62,8 +79,9 @@ bool RecallSetupScreen::StagesChanged() const {
   const auto same = [this](int place) {
     const Stage* now = stages_.At(place);
     const Stage* before = stored_.At(place);
-    return now == nullptr || before == nullptr ? now == before
-                                               : now->period == before->period && now->sequence == before->sequence;
+    return now == nullptr || before == nullptr
+               ? now == before
+               : now->period == before->period && now->sequence == before->sequence && !now->assumed;
   };
   bool all_same = true;
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
@@ -80,11 +98,18 @@ void RecallSetupScreen::Write() {
     notices = Completed(std::move(notices));
   }
   session::Transaction transaction(context_.session.Connection());
-  record_.Write();
-  store_.Write(record_.Id(), stored_, written);
-  store_.Mirror(record_.Id(), written);
+  const std::int32_t recall = Adding() ? record_.WriteNew() : record_.Id();
+  if (!Adding()) {
+    record_.Write();
+  }
+  store_.Write(recall, stored_, written);
+  store_.Mirror(recall, written);
   transaction.Commit();
-  record_.MarkUpdated();
+  if (Adding()) {
+    record_.MarkInserted(recall);
+  } else {
+    record_.MarkUpdated();
+  }
   stages_ = stored_ = std::move(written);
   due_off_.reset();
   ShowNotices();

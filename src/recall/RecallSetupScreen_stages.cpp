@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::array kUnits = {forms::PeriodUnit::Days, forms::PeriodUnit::Months, forms::PeriodUnit::Years};
 
-constexpr std::int32_t kMostSampleDays = 1'000'000;
+constexpr std::int32_t kMostSampleDays = 9999;
 
 forms::Ladder::From FromOf(int place) {
   using From = forms::Ladder::From;
@@ -61,13 +61,15 @@ RecallSetupScreen::StageControls RecallSetupScreen::ControlsOf(int place) {
   return {txtLate.at(i), cmbLate.at(i), lblLateText.at(i)};
 }
 
-std::optional<forms::PeriodCode> RecallSetupScreen::Composed(const forms::TextBox& number,
-                                                             const forms::ComboBox& unit) {
-  const std::string text(forms::Trim(number.Text.get()));
-  if (text.empty() || unit.ListIndex < 0) {
-    return std::nullopt;
+StagePeriod RecallSetupScreen::Typed(const forms::TextBox& number, const forms::ComboBox& unit) {
+  StagePeriod period;
+  if (!forms::Trim(number.Text.get()).empty()) {
+    period.number = forms::PeriodNumber(number.Text.get());
   }
-  return forms::PeriodCode::Parse(text + static_cast<char>(kUnits.at(static_cast<std::size_t>(unit.ListIndex.get()))));
+  if (unit.ListIndex >= 0) {
+    period.unit = kUnits.at(static_cast<std::size_t>(unit.ListIndex.get()));
+  }
+  return period;
 }
 
 // Rounded to a whole one; what is no number stays, to be corrected.
@@ -77,7 +79,7 @@ void RecallSetupScreen::TakeNumber(forms::TextBox& box) {
     Tell(ToldBack(text) + " is not a number.", forms::Icon::Information);
     box.SetFocus();
   } else if (!text.empty()) {
-    const auto rounded = forms::PeriodCode::Parse(text + "D").value_or(forms::PeriodCode()).number;
+    const std::int32_t rounded = forms::PeriodNumber(text);
     if (!(box.Text == std::to_string(rounded))) {
       box.Text = std::to_string(rounded);
       box.Change();
@@ -85,10 +87,9 @@ void RecallSetupScreen::TakeNumber(forms::TextBox& box) {
   }
 }
 
-void RecallSetupScreen::ShowPeriod(const std::optional<forms::PeriodCode>& period, forms::TextBox& number,
-                                   forms::ComboBox& unit) {
-  number.Text = period ? std::to_string(period->number) : std::string();
-  unit.ListIndex = period ? static_cast<int>(std::ranges::find(kUnits, period->unit) - kUnits.begin()) : -1;
+void RecallSetupScreen::ShowPeriod(const StagePeriod& period, forms::TextBox& number, forms::ComboBox& unit) {
+  number.Text = period.number ? std::to_string(*period.number) : std::string();
+  unit.ListIndex = period.unit ? static_cast<int>(std::ranges::find(kUnits, *period.unit) - kUnits.begin()) : -1;
 }
 
 void RecallSetupScreen::LoadReminderMessages() {
@@ -127,6 +128,7 @@ void RecallSetupScreen::SetupTabControl() {
   for (const int place : stages_.Places()) {
     names.push_back({RecallStages::NameOf(place), place});
   }
+  cboStage.ListIndex = -1;  // its text follows the entry, not the list
   cboStage.Items = std::move(names);
 }
 
@@ -147,21 +149,26 @@ void RecallSetupScreen::ShowLadder() {
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
     const std::size_t data = kDuePeriod + static_cast<std::size_t>(place);
     const Stage* stage = stages_.At(place);
-    lblData.at(data).Caption = stage != nullptr && stage->period ? stage->period->Text() : std::string();
+    lblData.at(data).Caption = stage != nullptr ? stage->period.Text() : std::string();
   }
 }
 
 void RecallSetupScreen::ShowNotices() {
   if (const Stage* stage = stages_.At(shown_)) {
-    const auto recall = forms::PeriodCode::Parse(lblData[kPeriod].Caption.get());
-    const std::int32_t days = stages_.DaysOf(shown_);
-    const std::int32_t before = recall ? std::clamp(recall->Days(), 0, kMostSampleDays) : 0;
-    picSend.AppointmentPeriod = stage->period.value_or(forms::PeriodCode());
-    picSend.TotalPeriod.number = shown_ == RecallStages::kDue    ? std::max(0, before - days)
-                                 : shown_ == RecallStages::kStop ? days
-                                                                 : before + std::min(days, kMostSampleDays);
+    SayPeriods();
     picSend.Show(RecallStages::NameOf(shown_), stage->notices);
   }
+}
+
+// Where a stage is past due, or ends the tracking, the day when the recall was due lies behind.
+void RecallSetupScreen::SayPeriods() {
+  const auto recall = forms::PeriodCode::Parse(lblData[kPeriod].Caption.get()).value_or(forms::PeriodCode());
+  const std::int32_t days = std::clamp(stages_.DaysOf(shown_), 0, kMostSampleDays);
+  const std::int32_t since_due = shown_ == RecallStages::kDue    ? -days
+                                 : shown_ == RecallStages::kStop ? days - std::clamp(recall.Days(), 0, days)
+                                                                 : days;
+  picSend.AppointmentPeriod.number = -since_due;
+  picSend.TotalPeriod = recall;
 }
 
 void RecallSetupScreen::ShowStage(int place) {
@@ -184,6 +191,8 @@ void RecallSetupScreen::StageShownChanged() {
     ShowStage(stPastDueSetup.CurrTab + 1);
   } else if (page == &picStopTracking) {
     ShowStage(RecallStages::kStop);
+  } else if (page == &picSend) {
+    ShowNotices();  // its sample may say other periods by now
   }
 }
 
@@ -193,8 +202,9 @@ void RecallSetupScreen::TakePeriod(int place) {
     return;
   }
   const StageControls controls = ControlsOf(place);
-  stage->period = Composed(controls.number, controls.unit);
+  stage->period = Typed(controls.number, controls.unit);
   ShowLadder();
+  SayPeriods();
   Touched();
 }
 

@@ -21,7 +21,7 @@ using session::ToText;
 constexpr std::int32_t kRecallLink = static_cast<std::int32_t>(data::ReminderLink::Recall);
 constexpr std::int32_t kRecallKind = static_cast<std::int32_t>(data::ReminderKind::Recall);
 // Of the recall's own columns.
-constexpr std::size_t kPeriodRoom = 5;
+constexpr int kPeriodRoom = 5;
 constexpr int kLetterRoom = 30;
 constexpr int kMessageRoom = 255;
 
@@ -51,31 +51,46 @@ constexpr std::array kFlat = {
                 "rcCutOff=tbl.Period, rcCutOffMsg=tbl.rmtCarMes, rcCutOffLet=tbl.rmtLetFil"}};
 
 Stage FromColumns(const FlatColumns& columns, int place, const RecallStageStore::Column& column) {
-  Stage stage{.period = forms::PeriodCode::Parse(column(columns.period.Text())),
-              .sequence = RecallStages::SequenceOf(place)};
+  Stage stage{.period = StagePeriod::Parse(column(columns.period.Text())), .sequence = RecallStages::SequenceOf(place)};
   stage.notices.letter = column(columns.letter.Text());
   stage.notices.postcard = forms::WriteHtml(forms::FromPlainText(column(columns.message.Text())));
   return stage;
 }
 
+bool IsFilled(Words name, const RecallStageStore::Column& column) {
+  return !forms::Trim(column(name.Text())).empty();
+}
+
 RecallStages FromColumns(const RecallStageStore::Column& column) {
+  const RecallStages usual = RecallStages::Default();
+  const bool none = std::ranges::none_of(kFlat, [&](const auto& columns) { return IsFilled(columns.period, column); });
   RecallStages stages;
   for (int place = RecallStages::kDue; place <= RecallStages::kStop; ++place) {
-    Stage stage = FromColumns(kFlat.at(static_cast<std::size_t>(place)), place, column);
+    const FlatColumns& columns = kFlat.at(static_cast<std::size_t>(place));
+    Stage stage = FromColumns(columns, place, column);
+    const bool has_period = IsFilled(columns.period, column);
+    const bool there = has_period || IsFilled(columns.letter, column) || IsFilled(columns.message, column) ||
+                       (none && usual.At(place) != nullptr);
+    if (!has_period && usual.At(place) != nullptr) {
+      stage.period = usual.At(place)->period;
+      stage.assumed = true;
+    }
     if (place == RecallStages::kStop) {
       stages.stop = std::move(stage);
-    } else if (stage.period && place == RecallStages::kDue) {
+    } else if (there && place == RecallStages::kDue) {
       stages.due = std::move(stage);
-    } else if (stage.period) {
+    } else if (there) {
       stages.late.push_back(std::move(stage));
     }
   }
   return stages;
 }
 
-std::optional<forms::PeriodCode> PeriodOf(const session::Value& number, const session::Value& unit) {
+// A period that was never given has neither part, and 0 for its number.
+StagePeriod PeriodOf(const session::Value& number, const session::Value& unit) {
   const auto parsed = forms::ParsePeriodUnit(ToText(unit));
-  return parsed ? std::optional(forms::PeriodCode{.number = ToId(number), .unit = *parsed}) : std::nullopt;
+  const bool given = parsed || ToId(number) != 0;
+  return {.number = given ? std::optional(ToId(number)) : std::nullopt, .unit = parsed};
 }
 
 }  // namespace
@@ -86,12 +101,12 @@ std::string_view RecallStageStore::PeriodColumn(int place) {
 
 RecallStages RecallStageStore::Read(std::int32_t recall, const Column& column) const {
   RecallStages stages;
-  if (ReadRows(recall, stages)) {
-    return stages;
-  }
-  stages = FromColumns(column);
-  const bool none = !stages.due && stages.late.empty() && !stages.stop.period;
-  return none ? RecallStages::Default() : stages;
+  return ReadRows(recall, stages) ? stages : FromColumns(column);
+}
+
+bool RecallStageStore::IsThere(std::int32_t recall) const {
+  return !session::IsNull(
+      statements_.SelectValue("select RCRecNum from RSTable where RCRecNum=" + Literal(recall) + statements_.Office()));
 }
 
 // Where two rows claim the same stage, the older one is it.
@@ -108,7 +123,8 @@ bool RecallStageStore::ReadRows(std::int32_t recall, RecallStages& stages) const
        !rows->Eof(); rows->MoveNext()) {
     const std::int32_t sequence = ToId(rows->Get(1));
     const bool is_late = sequence > data::kDueStage && sequence <= RecallStages::kMostLate;
-    if ((!is_late && sequence != data::kDueStage && sequence != data::kStopTrackingStage) ||
+    if (session::IsNull(rows->Get(1)) ||
+        (!is_late && sequence != data::kDueStage && sequence != data::kStopTrackingStage) ||
         !known.insert(sequence).second) {
       continue;
     }
@@ -137,16 +153,26 @@ bool RecallStageStore::ReadRows(std::int32_t recall, RecallStages& stages) const
 
 void RecallStageStore::Write(std::int32_t recall, const RecallStages& stored, RecallStages& stages) const {
   std::set<std::int32_t> kept;
+  Sql rows = Literal(0);
   for (const int place : stages.Places()) {
-    if (const auto& sequence = stages.At(place)->sequence) {
-      kept.insert(*sequence);
+    const Stage& stage = *stages.At(place);
+    rows += ", " + Literal(stage.row);
+    if (stage.sequence) {
+      kept.insert(*stage.sequence);
     }
   }
+  Sql sequences;
   for (const int place : stored.Places()) {
-    const Stage& stage = *stored.At(place);
-    if (stage.sequence && !kept.contains(*stage.sequence)) {
-      Remove(recall, stage);
+    if (const auto& sequence = stored.At(place)->sequence) {
+      sequences += (sequences.Empty() ? Sql() : Sql(", ")) + Literal(*sequence);
+      if (!kept.contains(*sequence)) {
+        RemoveOrders(recall, *sequence);
+      }
     }
+  }
+  if (!sequences.Empty()) {
+    RemoveRows("emsLinTyp=" + Literal(kRecallLink) + " and emsLinID=" + Literal(recall) + " and emsSeq in (" +
+               sequences + ") and emsID not in (" + rows + ")" + statements_.Office());
   }
   const std::int32_t kind = data::ReminderKindRow(database_, data::ReminderKind::Recall);
   for (const int place : stages.Places()) {  // from the front: where a stage moves to is free by then
@@ -156,6 +182,7 @@ void RecallStageStore::Write(std::int32_t recall, const RecallStages& stored, Re
       MoveOrders(recall, *stage.sequence, sequence);
     }
     stage.sequence = sequence;
+    stage.assumed = false;
     WriteStage(recall, kind, place, stage);
   }
 }
@@ -165,15 +192,19 @@ Sql RecallStageStore::OrdersOf(std::int32_t recall, std::int32_t sequence) const
          " and ebcPer=" + Literal(sequence) + statements_.Office();
 }
 
-void RecallStageStore::Remove(std::int32_t recall, const Stage& stage) const {
-  statements_.Execute("Delete from eBusContactSequence" + OrdersOf(recall, *stage.sequence));
-  if (stage.row != 0) {
-    statements_.Execute("Delete from ReminderMessageTable Where rmtLinID=" + Literal(stage.row) + statements_.Office());
-    statements_.Execute("Delete from emsTable Where emsID=" + Literal(stage.row) + statements_.Office());
-  }
+void RecallStageStore::RemoveOrders(std::int32_t recall, std::int32_t sequence) const {
+  statements_.Execute("Delete from eBusContactSequence" + OrdersOf(recall, sequence));
 }
 
+void RecallStageStore::RemoveRows(const Sql& stages) const {
+  statements_.Execute("Delete from ReminderMessageTable Where rmtLinID in (select emsID from emsTable where " + stages +
+                      ")" + statements_.Office());
+  statements_.Execute("Delete from emsTable Where " + stages);
+}
+
+// What stands at the new place belongs to no stage.
 void RecallStageStore::MoveOrders(std::int32_t recall, std::int32_t from, std::int32_t to) const {
+  RemoveOrders(recall, to);
   statements_.Execute("update eBusContactSequence set ebcPer=" + Literal(to) + OrdersOf(recall, from));
 }
 
@@ -181,8 +212,8 @@ void RecallStageStore::WriteStage(std::int32_t recall, std::int32_t kind, int pl
   const data::Assignments of_stage = {
       {"emsLinTyp", Literal(kRecallLink)},
       {"emsLinID", Literal(recall)},
-      {"emsPer", Literal(stage.period ? stage.period->number : 0)},
-      {"emsPerTyp", Literal(stage.period ? std::string(1, static_cast<char>(stage.period->unit)) : std::string())},
+      {"emsPer", Literal(stage.period.number.value_or(0))},
+      {"emsPerTyp", Literal(stage.period.unit ? std::string(1, static_cast<char>(*stage.period.unit)) : std::string())},
       {"emsPID", Literal(0)},
       {"emsSeq", Literal(RecallStages::SequenceOf(place))}};
   const auto write = [this](Words table, const data::Assignments& values, Words key, std::int32_t& row) {
@@ -213,13 +244,16 @@ void RecallStageStore::WriteStage(std::int32_t recall, std::int32_t kind, int pl
         "rmtID", stage.message_row);
 }
 
-// Every office's, whichever saves first. One that is there is left as it is.
+// Every office's, whichever saves first. One that is there is left as it is, whatever columns it has.
 void RecallStageStore::BackUp() const {
   constexpr Words kColumns =
       "OffLocID, RCCod, RCCutOff, RCCutOffLet, RCCutOffMsg, RCDonPriDay, RCDuePer, RCDuePerLet, RCDuePerMsg, RCExcCod, "
       "RCIncSamDay, RCLatPer1, RCLatPer1Let, RCLatPer1Msg, RCLatPer2, RCLatPer2Let, RCLatPer2Msg, RCLatPer3, "
       "RCLatPer3Let, RCLatPer3Msg, RCLatPer4, RCLatPer4Let, RCLatPer4Msg, RCLatPer5, RCLatPer5Let, RCLatPer5Msg, "
       "RCLatPer6, RCLatPer6Let, RCLatPer6Msg, RCRecNum, RCRecPer, RCSetupFlag, RCShoOnToDo, RCTtl";
+  if (!statements_.Select(Sql("select * from INFORMATION_SCHEMA.TABLES where TABLE_NAME='RSTableBackup'"))->Eof()) {
+    return;
+  }
   const bool scoped = statements_.OfficeScoped();
   statements_.Execute(
       "if not exists (select * from INFORMATION_SCHEMA.TABLES where TABLE_NAME='RSTableBackup') create table "
@@ -233,8 +267,7 @@ void RecallStageStore::BackUp() const {
       "null, RCRecPer nvarchar(5), RCSetupFlag smallint, RCShoOnToDo smallint, RCTtl nvarchar(65)" +
       (scoped ? Sql(", OfficeID int)") : Sql(")")));
   const Sql columns = Sql(kColumns) + (scoped ? Sql(", OfficeID") : Sql());
-  statements_.Execute("Insert into RSTableBackup (" + columns + ") select " + columns +
-                      " from RSTABLE where not exists (select RCRecNum from RSTableBackup)");
+  statements_.Execute("Insert into RSTableBackup (" + columns + ") select " + columns + " from RSTABLE");
 }
 
 void RecallStageStore::Mirror(std::int32_t recall, const RecallStages& stages) const {
@@ -255,13 +288,13 @@ void RecallStageStore::Mirror(std::int32_t recall, const RecallStages& stages) c
 void RecallStageStore::MirrorStage(std::int32_t recall, int place, const Stage& stage) const {
   const FlatColumns& columns = kFlat.at(static_cast<std::size_t>(place));
   const Sql of_recall = Literal(recall) + statements_.Office();
-  const std::string period = stage.period ? stage.period->Text() : std::string();
+  const std::string period = stage.period.Text();
   const std::string& letter = stage.notices.letter;
   const std::string& card = stage.notices.postcard;
-  const std::string fitting_period = period.size() > kPeriodRoom ? std::string() : period;
+  const std::string fitting_period = forms::Fitting(period, kPeriodRoom);
   const std::string fitting_letter = forms::Fitting(letter, kLetterRoom);
   const std::string fitting_card = forms::Fitting(forms::PlainText(forms::ReadHtml(card)), kMessageRoom);
-  if (fitting_period.empty() || fitting_letter != letter || fitting_card != card) {
+  if (period.empty() || fitting_period != period || fitting_letter != letter || fitting_card != card) {
     statements_.Execute("Update RSTable set " + Sql(columns.period) + "=" + Literal(fitting_period) + ", " +
                         columns.letter + "=" + Literal(fitting_letter) + ", " + columns.message + "=" +
                         Literal(fitting_card) + " where RCRecNum=" + of_recall);

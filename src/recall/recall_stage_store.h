@@ -22,12 +22,16 @@ class RecallStageStore {
   // The column of the recall's own row for a stage's period.
   static std::string_view PeriodColumn(int place);
 
-  // The stages' rows; where there are none, what the recall's own columns say; where these are empty too, the usual
-  // ladder.
+  // The stages' rows; where there are none, what the recall's own columns say. A stage that has no period there has the
+  // usual one; where none has, they lie on the usual ladder.
   RecallStages Read(std::int32_t recall, const Column& column) const;
 
+  // Nobody has deleted it.
+  bool IsThere(std::int32_t recall) const;
+
   // Within a transaction. What was stored and is no stage any more goes, with the patients' contact orders for it;
-  // those of a stage that has moved go with it. The stages are given their rows.
+  // those of a stage that has moved go with it. Of several rows of
+  // one stage, that which was read stays. The stages are given their rows.
   void Write(std::int32_t recall, const RecallStages& stored, RecallStages& stages) const;
   // Within a transaction, behind `Write`: the recall's own columns say what its stages' rows say. A copy of all recalls
   // as they were is made before that is done for the first time.
@@ -35,7 +39,8 @@ class RecallStageStore {
 
  private:
   bool ReadRows(std::int32_t recall, RecallStages& stages) const;
-  void Remove(std::int32_t recall, const Stage& stage) const;
+  void RemoveOrders(std::int32_t recall, std::int32_t sequence) const;
+  void RemoveRows(const data::Sql& stages) const;
   void MoveOrders(std::int32_t recall, std::int32_t from, std::int32_t to) const;
   void WriteStage(std::int32_t recall, std::int32_t kind, int place, Stage& stage) const;
   void MirrorStage(std::int32_t recall, int place, const Stage& stage) const;

@@ -4,6 +4,8 @@
 #include <limits>
 #include <stdexcept>
 
+#include "forms/text.h"
+
 namespace recall {
 namespace {
 
@@ -11,14 +13,15 @@ using forms::PeriodCode;
 using forms::PeriodUnit;
 
 constexpr std::int32_t kMostDays = std::numeric_limits<std::int32_t>::max();
-constexpr PeriodCode kUsual{.number = 30, .unit = PeriodUnit::Days};
+constexpr StagePeriod kUsual{.number = 30, .unit = PeriodUnit::Days};
 
 std::int32_t DaysOf(const Stage* stage) {
-  if (stage == nullptr || !stage->period) {
+  const auto period = stage != nullptr ? stage->period.Code() : std::nullopt;
+  if (!period) {
     return 0;
   }
   try {
-    return stage->period->Days();
+    return period->Days();
   } catch (const std::overflow_error&) {
     return kMostDays;
   }
@@ -26,11 +29,28 @@ std::int32_t DaysOf(const Stage* stage) {
 
 }  // namespace
 
+StagePeriod StagePeriod::Parse(std::string_view text) {
+  if (const auto code = PeriodCode::Parse(text)) {
+    return {.number = code->number, .unit = code->unit};
+  }
+  const std::string_view trimmed = forms::Trim(text);
+  const bool is_number = !trimmed.empty() && trimmed.find_first_of("0123456789") == 0;
+  return {.number = is_number ? std::optional(forms::PeriodNumber(trimmed)) : std::nullopt};
+}
+
+std::optional<PeriodCode> StagePeriod::Code() const {
+  return number && unit ? std::optional(PeriodCode{.number = *number, .unit = *unit}) : std::nullopt;
+}
+
+std::string StagePeriod::Text() const {
+  return !number ? std::string() : unit ? Code()->Text() : std::to_string(*number);
+}
+
 RecallStages RecallStages::Default() {
   RecallStages stages;
-  stages.due = Stage{.period = kUsual};
-  stages.late.push_back({.period = kUsual});
-  stages.stop.period = {.number = 2, .unit = PeriodUnit::Years};
+  stages.due = Stage{.period = kUsual, .assumed = true};
+  stages.late.push_back({.period = kUsual, .assumed = true});
+  stages.stop = {.period = {.number = 2, .unit = PeriodUnit::Years}, .assumed = true};
   return stages;
 }
 
@@ -65,7 +85,7 @@ const Stage* RecallStages::Before(int place) const {
 
 void RecallStages::AddLate() {
   const Stage* before = At(LateCount());
-  late.push_back({.period = before != nullptr && before->period ? before->period : kUsual});
+  late.push_back({.period = before != nullptr && before->period.Code() ? before->period : kUsual});
 }
 
 void RecallStages::RemoveLate(int place) {
@@ -98,22 +118,22 @@ std::string RecallStages::Description(int place) const {
   if (stage == nullptr) {
     return {};
   }
-  const std::string text = stage->period ? stage->period->Words() : std::string();
+  const std::string text = stage->period.Code().value_or(PeriodCode()).Words();
   if (place == kDue) {
     return "Send a reminder " + text + " before Preferred Date.";
   }
   if (place == kStop) {
     return "Stop tracking patient " + text + " after last visit.";
   }
-  const Stage* before = At(place - 1);
-  if (place == 1 || !before->period) {
+  const auto before = At(place - 1) != nullptr ? At(place - 1)->period.Code() : std::nullopt;
+  if (place == 1 || !before) {
     return "Past due 1 day to " + text + ".";
   }
-  if (before->period->unit == PeriodUnit::Days) {
-    const PeriodCode next{.number = std::min(before->period->number, kMostDays - 1) + 1, .unit = PeriodUnit::Days};
+  if (before->unit == PeriodUnit::Days) {
+    const PeriodCode next{.number = std::min(before->number, kMostDays - 1) + 1, .unit = PeriodUnit::Days};
     return "Past due " + next.Words() + " to " + text + ".";
   }
-  return "Past due " + before->period->Words() + " plus 1 day to " + text + ".";
+  return "Past due " + before->Words() + " plus 1 day to " + text + ".";
 }
 
 std::int32_t RecallStages::SequenceOf(int place) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/reminders.h"
@@ -11,9 +12,25 @@
 
 namespace recall {
 
+// The period of a stage, of which a part may be missing.
+struct StagePeriod {
+  std::optional<std::int32_t> number = {};
+  std::optional<forms::PeriodUnit> unit = {};
+
+  // "45" is a number without a unit.
+  static StagePeriod Parse(std::string_view text);
+  // None as long as a part is missing.
+  std::optional<forms::PeriodCode> Code() const;
+  // "30D", "45"; empty without a number.
+  std::string Text() const;
+
+  friend bool operator==(const StagePeriod&, const StagePeriod&) = default;
+};
+
 // A stage of a recall, and what it sends.
 struct Stage {
-  std::optional<forms::PeriodCode> period = {};  // none as long as its number or its unit is missing
+  StagePeriod period = {};
+  bool assumed = false;  // the period is the usual one, which is stored nowhere yet
   Notices notices = {};
   std::optional<std::int32_t> sequence = {};  // `emsSeq` under which the practice knows it; none for a new one
   std::int32_t row = 0;                       // `emsID` and `rmtID`; 0 while there is none

@@ -7,7 +7,7 @@ namespace recall {
 namespace {
 
 Stage Of(const char* period) {
-  return {.period = forms::PeriodCode::Parse(period)};
+  return {.period = StagePeriod::Parse(period)};
 }
 
 RecallStages Ladder(const char* due, std::initializer_list<const char*> late, const char* stop) {
@@ -58,7 +58,7 @@ TEST(RecallStages, BeginAsLongAsTheOneBefore) {
   stages.AddLate();
   stages.late.front() = Of("3M");
   stages.AddLate();
-  EXPECT_EQ(stages.late.back().period, forms::PeriodCode::Parse("3M"));
+  EXPECT_EQ(stages.late.back().period, StagePeriod::Parse("3M"));
   EXPECT_THAT(stages.Places(), testing::ElementsAre(0, 1, 2, RecallStages::kStop));
 }
 
