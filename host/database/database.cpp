@@ -28,9 +28,13 @@ PracticeDatabase Sqlite(const std::string& path, std::unique_ptr<SqliteConnectio
   auto locks = std::make_unique<SqliteConnection>(alone ? std::string(kMemory) : path + "-locks", OpenMode::Passing,
                                                   AccessOf(path));
   auto* opened = connection.get();
-  return {
-      std::move(connection), PrepareSqlite, options, [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
-      std::move(locks),      !alone};
+  return {std::move(connection),
+          PrepareSqlite,
+          options,
+          [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
+          std::move(locks),
+          !alone,
+          AccessOf(path)};
 }
 
 }  // namespace

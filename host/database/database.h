@@ -7,6 +7,7 @@
 
 #include "database/change_author.h"
 #include "database/migration.h"
+#include "database/private_files.h"
 #include "session/connection.h"
 
 namespace host {
@@ -23,6 +24,8 @@ struct PracticeDatabase {
   std::unique_ptr<session::Connection> locks;
   // Other programs may have it open too.
   bool shared = false;
+  // Who may open its file, and what else belongs to the practice.
+  Access access = Access::Owner;
 
   // Runs a statement in the screens' dialect.
   std::unique_ptr<session::Recordset> Run(std::string_view statement) const {

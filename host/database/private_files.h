@@ -15,7 +15,7 @@ enum class Access { Owner, Group };
 void MakePrivate(const std::string& path, Access access);
 // What a practice's file grants; other files of the practice grant the same. A file that is not there: the owner.
 Access AccessOf(const std::string& path);
-// Makes a folder that only its owner can look into, and the folders above it, unless they are there.
-void MakePrivateFolder(const std::filesystem::path& path);
+// Makes a folder that only those can look into, and the folders above it, unless they are there.
+void MakePrivateFolder(const std::filesystem::path& path, Access access = Access::Owner);
 
 }  // namespace host

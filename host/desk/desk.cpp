@@ -78,13 +78,19 @@ void Desk::AskForUser() {
 Surroundings Desk::Here() {
   const wxString program_folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
   Surroundings here = ThisMachine(data_folder_, views::FromWx(program_folder));
-  here.send_reminder = [this](const session::ReminderMessage& message) { return sender_->Send(message); };
+  here.send_reminder = [this](const session::ReminderMessage& message) {
+    const bool taken = sender_->Send(message);
+    if (const std::string notice = sender_->TakeNotice(); !notice.empty()) {
+      user_.Tell(notice, std::string(forms::kSuiteTitle), forms::Icon::Information);
+    }
+    return taken;
+  };
   here.show_reminder_options = [this] { return ShowReminderOptions(); };
   return here;
 }
 
 bool Desk::ShowReminderOptions() {
-  frmReminderOptions options(Context(), sender_->Problem());
+  frmReminderOptions options(Context(), sender_->OwnOutbox(), sender_->Problem());
   user_.Show(options);
   return true;
 }

@@ -40,6 +40,18 @@ wxSizer* TextGroup(wxWindow* parent, frmReminderOptions& form) {
   return group.Sizer();
 }
 
+wxSizer* OfficeGroup(wxWindow* parent, frmReminderOptions& form) {
+  views::FieldGroup group(parent, "Texts of messages");
+  AddField(group, form, frmReminderOptions::kConfirmation);
+  for (const auto option : {frmReminderOptions::kTextReply, frmReminderOptions::kMailReply}) {
+    wxWindow* caption = views::MakeCaption(group.Box(), form.lblOption[option]);
+    group.Row(caption, {views::MakeTextBox(group.Box(), form.txtOption[option], kFieldWidth, 2)});
+  }
+  AddField(group, form, frmReminderOptions::kOfficeName);
+  AddField(group, form, frmReminderOptions::kWebsite);
+  return group.Sizer();
+}
+
 wxSizer* OutboxColumn(wxWindow* parent, frmReminderOptions& form) {
   const auto beside = wxSizerFlags().Expand().Border(wxBOTTOM, parent->FromDIP(6));
   auto* column = new wxBoxSizer(wxVERTICAL);
@@ -48,6 +60,10 @@ wxSizer* OutboxColumn(wxWindow* parent, frmReminderOptions& form) {
   column->Add(views::MakeGrid(parent, form.TDBG, 6), wxSizerFlags(beside).Proportion(1));
   column->Add(views::MakeCaption(parent, form.lblMessage), beside);
   column->Add(views::MakeTextBox(parent, form.txtMessage, 60, 8), wxSizerFlags(1).Expand());
+  auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+  buttons->Add(views::MakeButton(parent, form.cmdFolder));
+  buttons->Add(views::MakeButton(parent, form.cmdDelete), wxSizerFlags().Border(wxLEFT, parent->FromDIP(6)));
+  column->Add(buttons, wxSizerFlags().Border(wxTOP, parent->FromDIP(6)));
   return column;
 }
 
@@ -60,7 +76,8 @@ void LayOut_frmReminderOptions(views::FormDialog& dialog, frmReminderOptions& fo
   page->Add(views::MakeWrapped(&dialog, form.lblProblem, dialog.FromDIP(2 * kTextWidth)), part);
   auto* ways = new wxBoxSizer(wxVERTICAL);
   ways->Add(MailGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-  ways->Add(TextGroup(&dialog, form), wxSizerFlags().Expand());
+  ways->Add(TextGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  ways->Add(OfficeGroup(&dialog, form), wxSizerFlags().Expand());
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   columns->Add(ways, part);
   columns->Add(OutboxColumn(&dialog, form), wxSizerFlags(part).Proportion(1));

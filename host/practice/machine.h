@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "forms/dates.h"
@@ -36,6 +37,11 @@ inline std::chrono::sys_seconds UtcNow() {
 bool StartProcess(const std::vector<std::string>& words);
 // Opens an RTF file in what this machine opens such files with. False when there is nothing.
 bool OpenLetter(const std::string& file);
+
+// What shows a folder on this machine.
+std::string_view FileManager();
+// Waits until the disk has the file. False when it has not.
+bool SyncFile(const std::string& file);
 
 // What main was given, without the program's own name, as UTF-8.
 std::vector<std::string> ProgramArguments(int count, char** words);

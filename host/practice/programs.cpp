@@ -42,7 +42,7 @@ std::string_view NameOf(std::string_view program) {
   return program.substr(program.find_last_of("/\\") + 1);
 }
 
-// The number behind "/ID=".
+// The number behind "/ID="; no recall has one that is not positive.
 std::optional<std::int32_t> RecallOf(std::string_view arguments) {
   constexpr std::string_view kId = "/ID=";
   while (!arguments.empty()) {
@@ -51,7 +51,7 @@ std::optional<std::int32_t> RecallOf(std::string_view arguments) {
       std::int32_t number = 0;
       const char* const end = word.data() + word.size();
       const auto [stop, error] = std::from_chars(word.data() + kId.size(), end, number);
-      return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+      return error == std::errc() && stop == end && number > 0 ? std::optional(number) : std::nullopt;
     }
   }
   return std::nullopt;

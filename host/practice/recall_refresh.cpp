@@ -54,6 +54,9 @@ std::optional<forms::Date> DueDate(forms::Date last_visit, const forms::PeriodCo
 }
 
 RefreshedRecall RefreshRecall(OfficeDatabase& office, std::int32_t recall) {
+  if (recall <= 0) {
+    return {};  // rows with such a number belong to no recall
+  }
   const data::Statements statements(office);
   session::Transaction transaction(office.Connection());
   const auto master =

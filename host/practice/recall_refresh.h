@@ -22,7 +22,8 @@ std::optional<forms::Date> DueDate(forms::Date last_visit, const forms::PeriodCo
 
 // What the recall utility does: works out the due dates of a recall's patients anew from their last visits, or, where
 // the recall was deleted, takes it from its patients. One transaction. Patients without a last visit keep what they
-// have, and all do while the recall has no period. Throws session::DatabaseError.
+// have, and all do while the recall has no period; a number that is not positive names no recall, and changes nothing.
+// Throws session::DatabaseError.
 RefreshedRecall RefreshRecall(OfficeDatabase& office, std::int32_t recall);
 
 }  // namespace host

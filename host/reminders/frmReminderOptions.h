@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "editing/editing_form.h"
+#include "forms/button.h"
 #include "forms/dialog_buttons.h"
 #include "forms/grid.h"
 #include "forms/label.h"
@@ -20,10 +21,25 @@ namespace host {
 class frmReminderOptions : public editing::EditingForm {
  public:
   // Positions in `txtOption` and, for the captions beside them, in `lblOption`.
-  enum Option : std::size_t { kServer, kPort, kUser, kPassword, kSender, kSenderName, kHook, kToken, kOptions };
+  enum Option : std::size_t {
+    kServer,
+    kPort,
+    kUser,
+    kPassword,
+    kSender,
+    kSenderName,
+    kHook,
+    kToken,
+    kConfirmation,
+    kTextReply,
+    kMailReply,
+    kOfficeName,
+    kWebsite,
+    kOptions
+  };
 
   // `problem` is why the last message was not sent; empty for none.
-  explicit frmReminderOptions(const session::ScreenContext& context, const std::string& problem = {});
+  frmReminderOptions(const session::ScreenContext& context, Outbox outbox, const std::string& problem = {});
 
   forms::Label lblProblem;
   forms::Label lblMail;  // where e-mails go as it is typed
@@ -37,6 +53,8 @@ class frmReminderOptions : public editing::EditingForm {
   forms::Grid TDBG;
   forms::Label lblMessage;
   forms::TextBox txtMessage;
+  forms::Button cmdFolder;  // shows the outbox's folder
+  forms::Button cmdDelete;  // the message in the list
   forms::DialogButtons DialogButtons1;
 
  protected:
@@ -49,14 +67,20 @@ class frmReminderOptions : public editing::EditingForm {
   void Register();
   void Wire();
   std::string Typed(Option option) const;
+  std::string TypedReply(Option option, const std::string& stored) const;
   // A port that is none, and a kept secret that is not typed over, are as they were read.
   ReminderSettings Typed() const;
   bool CheckMail(const ReminderSettings& typed);
+  bool CheckTexts(const ReminderSettings& typed);
   bool CheckHook(const ReminderSettings& typed);
   bool Refuse(const std::string& why, Option option);
   void ShowSettings();
   void ShowWays();
   void ShowOutbox();
+  void ShowMessage();
+  void OpenFolder();
+  void DeleteMessage();
+  const Outbox::Entry* Current() const;
 
   ReminderSettings settings_;  // as they are stored
   Outbox outbox_;

@@ -1,13 +1,14 @@
 #include "reminders/outbox.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <system_error>
 
 #include "database/file_path.h"
-#include "database/private_files.h"
 #include "forms/text.h"
 #include "practice/machine.h"
+#include "reminders/new_id.h"
 
 namespace host {
 namespace {
@@ -16,6 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kEmail = ".eml";
 constexpr std::string_view kText = ".txt";
+constexpr std::string_view kPart = ".part";
 constexpr std::string_view kReceiver = "To: ";
 
 std::string Utf8(const fs::path& path) {
@@ -74,20 +76,26 @@ bool TakeName(const fs::path& file, const fs::path& name) {
 
 }  // namespace
 
-Outbox::Outbox(std::string_view data_folder) : folder_(FilePath(data_folder) / "Outbox") {}
+Outbox::Outbox(std::string_view data_folder, Access access)
+    : folder_((FilePath(data_folder) / "Outbox").make_preferred()), access_(access) {}
+
+std::string Outbox::Told() const {
+  return Utf8(folder_);
+}
 
 bool Outbox::Put(forms::DateTime when, std::string_view ending, std::string_view text) const {
   constexpr int kMost = 9999;  // within one second
-  const fs::path part = folder_ / (std::to_string(ThisProcess().number) + ".part");
+  const fs::path part = folder_ / (NewId() + std::string(kPart));
   std::error_code ignored;
   try {
-    MakePrivateFolder(folder_);
-    fs::remove(part);
-    MakePrivate(Utf8(part), Access::Owner);
+    MakePrivateFolder(folder_, access_);
+    SweepParts();
+    MakePrivate(Utf8(part), access_);
     std::ofstream file(part, std::ios::binary);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
     file.close();
-    for (int number = 1; file && number <= kMost; ++number) {
+    const bool whole = file && SyncFile(Utf8(part));
+    for (int number = 1; whole && number <= kMost; ++number) {
       if (TakeName(part, folder_ / (StampOf(when) + '-' + Counter(number) + std::string(ending)))) {
         return true;
       }
@@ -96,6 +104,25 @@ bool Outbox::Put(forms::DateTime when, std::string_view ending, std::string_view
   }
   fs::remove(part, ignored);
   return false;
+}
+
+// What programs left that were stopped while they wrote.
+void Outbox::SweepParts() const {
+  constexpr std::chrono::hours kAge{24};  // nobody writes for so long
+  std::error_code error;
+  for (fs::directory_iterator at(folder_, error), end; !error && at != end; at.increment(error)) {
+    std::error_code not_ours;
+    if (at->path().extension() == kPart &&
+        fs::last_write_time(at->path(), not_ours) < fs::file_time_type::clock::now() - kAge) {
+      fs::remove(at->path(), not_ours);
+    }
+  }
+}
+
+bool Outbox::IsReadable() const {
+  std::error_code error;
+  const fs::directory_iterator first(folder_, error);
+  return !error || error == std::errc::no_such_file_or_directory;
 }
 
 std::vector<Outbox::Entry> Outbox::List(std::size_t most) const {
@@ -125,6 +152,11 @@ std::string Outbox::Read(const std::string& file, std::size_t most) const {
   in.read(text.data(), static_cast<std::streamsize>(most));
   text.resize(static_cast<std::size_t>(in.gcount()));
   return text;
+}
+
+bool Outbox::Remove(const std::string& file) const {
+  std::error_code error;
+  return fs::remove(folder_ / FilePath(file), error);
 }
 
 }  // namespace host

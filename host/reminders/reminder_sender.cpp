@@ -1,14 +1,12 @@
 #include "reminders/reminder_sender.h"
 
-#include <sodium.h>
-
 #include <algorithm>
-#include <array>
+#include <utility>
 
 #include "forms/text.h"
 #include "practice/machine.h"
 #include "reminders/mail_message.h"
-#include "reminders/outbox.h"
+#include "reminders/new_id.h"
 #include "reminders/reminder_settings.h"
 #include "reminders/transfer.h"
 
@@ -17,15 +15,6 @@ namespace {
 
 // Of an e-mail that goes to the outbox before a sender is set.
 constexpr std::string_view kNoSender = "practice@practice.invalid";
-
-std::string NewId() {
-  std::array<unsigned char, 16> bytes{};
-  randombytes_buf(bytes.data(), bytes.size());
-  std::string text(bytes.size() * 2 + 1, '\0');
-  sodium_bin2hex(text.data(), text.size(), bytes.data(), bytes.size());
-  text.pop_back();  // the zero at its end
-  return text;
-}
 
 std::string JsonText(std::string_view text) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -53,6 +42,7 @@ bool IsCellPhone(std::string_view number) {
 
 bool ReminderSender::Send(const session::ReminderMessage& message) {
   try {
+    notice_.clear();
     problem_ = Take(message);
   } catch (const session::DatabaseError& error) {
     problem_ = error.what();
@@ -61,7 +51,7 @@ bool ReminderSender::Send(const session::ReminderMessage& message) {
 }
 
 std::string ReminderSender::Take(const session::ReminderMessage& message) {
-  return message.method == session::ReminderMessage::Method::Email ? TakeEmail(message) : TakeText(message);
+  return message.method == Method::Email ? TakeEmail(message) : TakeText(message);
 }
 
 std::string ReminderSender::TakeEmail(const session::ReminderMessage& message) {
@@ -78,7 +68,7 @@ std::string ReminderSender::TakeEmail(const session::ReminderMessage& message) {
                    .id = NewId()};
   if (settings.server.empty()) {
     mail.from = IsMailAddress(mail.from) ? mail.from : std::string(kNoSender);
-    return PutIntoOutbox(".eml", SourceOf(mail));
+    return PutIntoOutbox(message.method, SourceOf(mail));
   }
   if (!IsHostName(settings.server) || !IsMailAddress(settings.sender)) {
     return "The mail server or the sender's address cannot be used.";
@@ -92,7 +82,7 @@ std::string ReminderSender::TakeText(const session::ReminderMessage& message) {
   }
   const ReminderSettings settings = ReadReminderSettings(session_);
   if (settings.hook.empty()) {
-    return PutIntoOutbox(".txt", "To: " + message.to + "\r\n\r\n" + message.text);
+    return PutIntoOutbox(message.method, "To: " + message.to + "\r\n\r\n" + message.text);
   }
   if (!IsWebAddress(settings.hook) || !IsToken(settings.token)) {
     return "The web hook's address or token cannot be used.";
@@ -101,9 +91,24 @@ std::string ReminderSender::TakeText(const session::ReminderMessage& message) {
                     [this] { return WhileSending(); });
 }
 
-std::string ReminderSender::PutIntoOutbox(std::string_view ending, std::string_view text) {
-  return Outbox(session_.DataFolder()).Put(session_.Now(), ending, text) ? std::string()
-                                                                         : "The outbox cannot be written.";
+std::string ReminderSender::PutIntoOutbox(Method method, std::string_view text) {
+  const bool email = method == Method::Email;
+  if (!OwnOutbox().Put(session_.Now(), email ? ".eml" : ".txt", text)) {
+    return "The outbox cannot be written.";
+  }
+  if (told_.insert(method).second) {
+    notice_ = email ? "The message waits in the outbox: no mail server is set up yet."
+                    : "The message waits in the outbox: no web hook is set up yet.";
+  }
+  return {};
+}
+
+Outbox ReminderSender::OwnOutbox() const {
+  return Outbox(session_.DataFolder(), session_.OfPractice().Database().access);
+}
+
+std::string ReminderSender::TakeNotice() {
+  return std::exchange(notice_, {});
 }
 
 bool ReminderSender::WhileSending() {

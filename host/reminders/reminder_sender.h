@@ -1,8 +1,10 @@
 #pragma once
 
+#include <set>
 #include <string>
 
-#include "session/session.h"
+#include "practice/host_session.h"
+#include "reminders/outbox.h"
 
 namespace host {
 
@@ -11,23 +13,31 @@ namespace host {
 class ReminderSender {
  public:
   // The session outlives it.
-  explicit ReminderSender(session::Session& session) : session_(session) {}
+  explicit ReminderSender(HostSession& session) : session_(session) {}
 
   // False when nobody took the message; takes no longer than `kTransferTime`, and ends when the person gives it up.
   bool Send(const session::ReminderMessage& message);
   // Why the last one was not taken; empty when it was.
   const std::string& Problem() const { return problem_; }
+  // The practice's, which all who work in it may look into.
+  Outbox OwnOutbox() const;
+  // That the last message waits in the outbox, to be told once for each kind of message; empty otherwise.
+  std::string TakeNotice();
 
  private:
+  using Method = session::ReminderMessage::Method;
+
   std::string Take(const session::ReminderMessage& message);
   std::string TakeEmail(const session::ReminderMessage& message);
   std::string TakeText(const session::ReminderMessage& message);
-  std::string PutIntoOutbox(std::string_view ending, std::string_view text);
+  std::string PutIntoOutbox(Method method, std::string_view text);
   // The window goes on painting.
   bool WhileSending();
 
-  session::Session& session_;
+  HostSession& session_;
   std::string problem_;
+  std::string notice_;
+  std::set<Method> told_;
 };
 
 }  // namespace host

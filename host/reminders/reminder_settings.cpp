@@ -9,10 +9,11 @@ namespace host {
 namespace {
 
 constexpr std::string_view kSection = "REMINDERS";
+
 constexpr int kLastPort = 65535;
 
 // The settings as they are kept.
-using Kept = std::array<std::pair<std::string_view, std::string>, 9>;
+using Kept = std::array<std::pair<std::string_view, std::string>, 14>;
 
 Kept KeptForm(const ReminderSettings& settings) {
   return {{{"SMTP_SERVER", settings.server},
@@ -23,7 +24,12 @@ Kept KeptForm(const ReminderSettings& settings) {
            {"SENDER", settings.sender},
            {"SENDER_NAME", settings.sender_name},
            {"TEXT_HOOK", settings.hook},
-           {"TEXT_TOKEN", settings.token}}};
+           {"TEXT_TOKEN", settings.token},
+           {"CONFIRMATION_ADDRESS", settings.confirmation_address},
+           {"TEXT_INSTRUCTIONS", settings.text_instructions},
+           {"EMAIL_INSTRUCTIONS", settings.email_instructions},
+           {"OFFICE_NAME", settings.office_name},
+           {"OFFICE_WEBSITE", settings.office_website}}};
 }
 
 bool IsPrintable(char c) {
@@ -34,12 +40,24 @@ bool IsLetterOrDigit(char c) {
   return forms::IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
+// What stands between the slashes of an address of the web.
+std::string_view AuthorityOf(std::string_view address) {
+  address.remove_prefix(std::min(address.find("//") + 2, address.size()));
+  return address.substr(0, address.find_first_of("/?#"));
+}
+
 // The computer of an address of the web.
 std::string_view HostOf(std::string_view address) {
-  address.remove_prefix(std::min(address.find("//") + 2, address.size()));
-  const std::string_view authority = address.substr(0, address.find_first_of("/?#"));
+  const std::string_view authority = AuthorityOf(address);
   return authority.starts_with('[') ? authority.substr(0, authority.find(']') + 1)
                                     : authority.substr(0, authority.find(':'));
+}
+
+// A computer's number of the longer kind: "2001:db8::1".
+bool IsLongNumber(std::string_view name) {
+  constexpr std::size_t kLongest = 45;
+  return name.size() <= kLongest && std::ranges::count(name, ':') > 1 &&
+         name.find_first_not_of("0123456789abcdefABCDEF:.") == std::string_view::npos;
 }
 
 bool IsThisMachine(std::string_view host) {
@@ -96,6 +114,11 @@ ReminderSettings ReadReminderSettings(const session::Settings& settings) {
   found.sender_name = read("SENDER_NAME");
   found.hook = read("TEXT_HOOK");
   found.token = read("TEXT_TOKEN");
+  found.confirmation_address = read("CONFIRMATION_ADDRESS");
+  found.text_instructions = read("TEXT_INSTRUCTIONS");
+  found.email_instructions = read("EMAIL_INSTRUCTIONS");
+  found.office_name = read("OFFICE_NAME");
+  found.office_website = read("OFFICE_WEBSITE");
   return found;
 }
 
@@ -127,13 +150,18 @@ bool IsMailAddress(std::string_view address) {
 
 bool IsHostName(std::string_view name) {
   constexpr std::size_t kLongest = 253;
+  if (name.find(':') != std::string_view::npos) {
+    return IsLongNumber(name);
+  }
   return !name.empty() && name.size() <= kLongest &&
-         std::ranges::all_of(name, [](char c) { return IsLetterOrDigit(c) || c == '.' || c == '-' || c == ':'; });
+         std::ranges::all_of(name, [](char c) { return IsLetterOrDigit(c) || c == '.' || c == '-'; });
 }
 
 bool IsWebAddress(std::string_view address) {
   const std::string start = forms::ToLower(address.substr(0, address.find("//")));
-  return (start == "https:" || start == "http:") && !HostOf(address).empty() &&
+  // What reads it may take another computer out of a name with these signs.
+  const bool plain = AuthorityOf(address).find_first_of("@\\") == std::string_view::npos;
+  return (start == "https:" || start == "http:") && plain && !HostOf(address).empty() &&
          std::ranges::all_of(address, IsPrintable);
 }
 

@@ -30,6 +30,13 @@ struct ReminderSettings {
   std::string hook = {};         // the address that takes text messages; empty: they go to the outbox
   std::string token = {};        // which it asks for
 
+  // What the texts of messages take from the office.
+  std::string confirmation_address = {};  // of the service that takes confirmations
+  std::string text_instructions = {};     // how to reply, in place of the usual words
+  std::string email_instructions = {};
+  std::string office_name = {};  // in place of the first location's
+  std::string office_website = {};
+
   int Port() const { return port != 0 ? port : UsualPort(security); }
 
   friend bool operator==(const ReminderSettings&, const ReminderSettings&) = default;
@@ -42,9 +49,9 @@ void WriteReminderSettings(session::Session& session, const ReminderSettings& se
 
 // An e-mail address that can stand in a message's head: printable ASCII, without what parts addresses there.
 bool IsMailAddress(std::string_view address);
-// A computer's name or number.
+// A computer's name or number, without a port.
 bool IsHostName(std::string_view name);
-// An address of the web.
+// An address of the web, without a user's name.
 bool IsWebAddress(std::string_view address);
 // Printable ASCII without blanks, which every head can hold.
 bool IsToken(std::string_view text);

@@ -59,6 +59,9 @@ class Transfer {
     if (code == CURLE_OK) {
       return {};
     }
+    if (code == CURLE_ABORTED_BY_CALLBACK) {
+      return "Giving up.";
+    }
     return problem_.front() != '\0' ? problem_.data() : curl_easy_strerror(code);
   }
   long Answer() const {

@@ -1,5 +1,6 @@
 #include "practice/machine.h"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -95,6 +96,19 @@ bool StartProcess(const std::vector<std::string>& words) {
 bool OpenLetter(const std::string& file) {
   return StartProcess({"libreoffice", "--writer", file}) || StartProcess({"abiword", file}) ||
          StartProcess({"xdg-open", file});
+}
+
+std::string_view FileManager() {
+  return "xdg-open";
+}
+
+bool SyncFile(const std::string& file) {
+  const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool synced = opened >= 0 && fsync(opened) == 0;
+  if (opened >= 0) {
+    close(opened);
+  }
+  return synced;
 }
 
 forms::DateTime LocalNow() {

@@ -111,6 +111,21 @@ bool OpenLetter(const std::string& file) {
   return reinterpret_cast<std::intptr_t>(opened) > kMostErrors;
 }
 
+std::string_view FileManager() {
+  return "explorer";
+}
+
+bool SyncFile(const std::string& file) {
+  HANDLE opened = CreateFileW(ToWide(file).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  const bool synced = FlushFileBuffers(opened) != 0;
+  CloseHandle(opened);
+  return synced;
+}
+
 forms::DateTime LocalNow() {
   SYSTEMTIME now{};
   GetLocalTime(&now);

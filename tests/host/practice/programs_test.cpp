@@ -107,6 +107,12 @@ TEST_F(ProgramsTest, TheRecallUtilityWorksOutDueDates) {
   EXPECT_EQ(due(1, 2), "");
   EXPECT_EQ(due(4, 2), "");
   EXPECT_EQ(RefreshRecall(office_, 3).moved, 0);
+  // Rows without a recall are nobody's to delete.
+  Run("INSERT INTO RecTable (rRecNum, rPid, rRCRecNum, OfficeID) VALUES (8, 5, 0, 1), (9, 5, -3, 1)");
+  EXPECT_FALSE(Start("FXRECALL.EXE /S /ID=0"));
+  EXPECT_FALSE(Start("FXRECALL.EXE /S /ID=-3"));
+  EXPECT_EQ(RefreshRecall(office_, 0).moved + RefreshRecall(office_, -3).moved, 0);
+  EXPECT_EQ(Ask(practice_, "SELECT count(*) FROM RecTable WHERE rRCRecNum<1"), "2");
   // Refused half-way, or asked for what is no recall: nothing is done.
   Run("UPDATE RSTable SET RCRecPer='1Y'");
   Run("INSERT INTO RecTable (rRecNum, rPid, rRCRecNum, rLasDat, OfficeID) VALUES (9, 8, 3, '2024-02-29', 1)");

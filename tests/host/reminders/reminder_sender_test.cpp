@@ -286,7 +286,11 @@ TEST_F(ReminderSending, ATextMessageIsPostedToTheHook) {
 
 TEST_F(ReminderSending, WithoutSettingsMessagesWaitInTheOutbox) {
   EXPECT_TRUE(Mail("a@b.example", "<p>First</p>"));
+  EXPECT_EQ(sender_.TakeNotice(), "The message waits in the outbox: no mail server is set up yet.");
   EXPECT_TRUE(Mail("c@d.example", "<p>Second</p>"));
+  EXPECT_EQ(sender_.TakeNotice(), "");
+  std::ofstream(folder_ + "/Outbox/stopped.part") << "half";
+  std::filesystem::last_write_time(folder_ + "/Outbox/stopped.part", std::filesystem::file_time_type::min());
   EXPECT_TRUE(Text("5551234567", "Third \u2603"));
   const host::Outbox outbox(folder_);
   const auto entries = outbox.List();
@@ -303,6 +307,16 @@ TEST_F(ReminderSending, WithoutSettingsMessagesWaitInTheOutbox) {
   EXPECT_EQ(std::filesystem::status(outbox.Folder() / entries[0].file).permissions() & others,
             std::filesystem::perms::none);
 }
+
+#ifndef _WIN32
+TEST_F(ReminderSending, ASharedPracticeSharesItsOutbox) {
+  const host::Outbox outbox(folder_, host::Access::Group);
+  ASSERT_TRUE(outbox.Put(host::kTestClock, ".txt", "Hello"));
+  const auto of = [](const std::filesystem::path& path) { return std::filesystem::status(path).permissions(); };
+  EXPECT_EQ(of(outbox.Folder()) & std::filesystem::perms(0777), std::filesystem::perms(0770));
+  EXPECT_EQ(of(outbox.Folder() / outbox.List().at(0).file), std::filesystem::perms(0660));
+}
+#endif
 
 TEST_F(ReminderSending, AMessageThatCannotBeWrittenIsNotTaken) {
   std::ofstream(folder_ + "/Outbox") << "a file";
