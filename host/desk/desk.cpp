@@ -18,14 +18,13 @@ constexpr const char* kLargeIcons = "/ICO/Large";
 
 }  // namespace
 
-Desk::Desk(Practice practice, const std::string& data_folder, const std::string& share_folder,
-           const MakePublicClasses& make_classes)
+Desk::Desk(Practice practice, const Folders& folders, const MakePublicClasses& make_classes)
     : practice_(std::move(practice)),
-      data_folder_(data_folder),
-      share_folder_(share_folder),
+      folders_(folders),
       make_classes_(make_classes),
-      user_(Views(), views::Pictures({data_folder, data_folder + kLargeIcons, share_folder + "/pictures",
-                                      share_folder + "/pictures" + kLargeIcons})),
+      user_(Views(),
+            views::Pictures({folders.data_folder, folders.data_folder + kLargeIcons, folders.share_folder + "/pictures",
+                             folders.share_folder + "/pictures" + kLargeIcons})),
       classes_(make_classes(user_)),
       screens_(classes_->EditingScreen(), classes_->LookUpList()) {
   practice_.Database().connection->WhileBusy = [this](session::Busy busy) { return user_.Pulse(busy); };
@@ -38,7 +37,7 @@ Desk::~Desk() {
 }
 
 std::unique_ptr<Desk> Desk::On(Practice practice) const {
-  return std::make_unique<Desk>(std::move(practice), data_folder_, share_folder_, make_classes_);
+  return std::make_unique<Desk>(std::move(practice), folders_, make_classes_);
 }
 
 void Desk::SetMainWindow(wxWindow* window) {
@@ -55,7 +54,7 @@ views::ViewRegistry Desk::Views() {
 }
 
 bool Desk::LogIn() {
-  const std::filesystem::path remembered = FilePath(data_folder_ + "/last_user.txt");
+  const std::filesystem::path remembered = FilePath(folders_.own_folder + "/last_user.txt");
   frmLogin login = LoginOf(practice_);
   std::string last_user;
   std::getline(std::ifstream(remembered), last_user);
@@ -77,7 +76,7 @@ void Desk::AskForUser() {
 
 Surroundings Desk::Here() {
   const wxString program_folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
-  Surroundings here = ThisMachine(data_folder_, views::FromWx(program_folder));
+  Surroundings here = ThisMachine(folders_.data_folder, views::FromWx(program_folder));
   here.send_reminder = [this](const session::ReminderMessage& message) {
     const bool taken = sender_->Send(message);
     if (const std::string notice = sender_->TakeNotice(); !notice.empty()) {

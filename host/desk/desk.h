@@ -17,9 +17,14 @@ namespace host {
 // is taken back at the end.
 class Desk {
  public:
-  // The data folder may bring pictures of its own; `share_folder` holds the program's.
-  Desk(Practice practice, const std::string& data_folder, const std::string& share_folder,
-       const MakePublicClasses& make_classes);
+  // The practice's files lie in the data folder, which may bring pictures of its own, the person's in `own_folder`;
+  // `share_folder` holds the program's pictures.
+  struct Folders {
+    std::string data_folder;
+    std::string own_folder;
+    std::string share_folder;
+  };
+  Desk(Practice practice, const Folders& folders, const MakePublicClasses& make_classes);
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
   ~Desk();
@@ -52,8 +57,7 @@ class Desk {
   bool ShowReminderOptions();
 
   Practice practice_;
-  std::string data_folder_;
-  std::string share_folder_;
+  Folders folders_;
   MakePublicClasses make_classes_;
   views::WxUser user_;
   std::unique_ptr<PublicClasses> classes_;

@@ -2,6 +2,9 @@
 
 #include <wx/image.h>
 
+#include <filesystem>
+
+#include "database/file_path.h"
 #include "desk/main_frame.h"
 #include "practice/demo.h"
 #include "practice/demo_files.h"
@@ -17,6 +20,15 @@ Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::
   options.patients = patients;
   WriteDemoFiles(folder);
   return MakeDemo(demo, options);
+}
+
+std::string DataFolderOf(const std::string& url, const std::string& folder) {
+  const std::size_t path = url.find(':') + 1;
+  if (path == 0 || url.ends_with(":memory:")) {
+    return folder;
+  }
+  const std::u8string beside = std::filesystem::absolute(FilePath(url.substr(path))).parent_path().u8string();
+  return {beside.begin(), beside.end()};
 }
 
 DeskApp::DeskApp(std::function<void(DeskApp&)> work, std::function<void(const std::string&)> report)

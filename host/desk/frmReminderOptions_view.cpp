@@ -12,7 +12,7 @@ namespace host {
 namespace {
 
 constexpr int kFieldWidth = 30;
-constexpr int kTextWidth = 450;
+constexpr int kTextWidth = 1000;
 
 void AddField(views::FieldGroup& group, frmReminderOptions& form, frmReminderOptions::Option option) {
   wxWindow* caption = views::MakeCaption(group.Box(), form.lblOption[option]);
@@ -52,37 +52,44 @@ wxSizer* OfficeGroup(wxWindow* parent, frmReminderOptions& form) {
   return group.Sizer();
 }
 
-wxSizer* OutboxColumn(wxWindow* parent, frmReminderOptions& form) {
-  const auto beside = wxSizerFlags().Expand().Border(wxBOTTOM, parent->FromDIP(6));
-  auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(views::MakeWrapped(parent, form.lblFolder, parent->FromDIP(kTextWidth)), beside);
-  column->Add(views::MakeCaption(parent, form.lblOutbox), beside);
-  column->Add(views::MakeGrid(parent, form.TDBG, 6), wxSizerFlags(beside).Proportion(1));
-  column->Add(views::MakeCaption(parent, form.lblMessage), beside);
-  column->Add(views::MakeTextBox(parent, form.txtMessage, 60, 8), wxSizerFlags(1).Expand());
+wxSizer* OutboxPart(wxWindow* parent, frmReminderOptions& form) {
+  const int gap = parent->FromDIP(6);
+  const auto under = wxSizerFlags().Expand().Border(wxBOTTOM, gap);
+  auto* list = new wxBoxSizer(wxVERTICAL);
+  list->Add(views::MakeCaption(parent, form.lblOutbox), under);
+  list->Add(views::MakeGrid(parent, form.TDBG, 4), wxSizerFlags(1).Expand());
+  auto* message = new wxBoxSizer(wxVERTICAL);
+  message->Add(views::MakeCaption(parent, form.lblMessage), under);
+  message->Add(views::MakeTextBox(parent, form.txtMessage, 50, 6), wxSizerFlags(1).Expand());
+  auto* columns = new wxBoxSizer(wxHORIZONTAL);
+  columns->Add(list, wxSizerFlags(1).Expand().Border(wxRIGHT, 2 * gap));
+  columns->Add(message, wxSizerFlags(1).Expand());
+  auto* part = new wxBoxSizer(wxVERTICAL);
+  part->Add(views::MakeWrapped(parent, form.lblFolder, parent->FromDIP(kTextWidth)), under);
+  part->Add(columns, wxSizerFlags(1).Expand());
   auto* buttons = new wxBoxSizer(wxHORIZONTAL);
   buttons->Add(views::MakeButton(parent, form.cmdFolder));
-  buttons->Add(views::MakeButton(parent, form.cmdDelete), wxSizerFlags().Border(wxLEFT, parent->FromDIP(6)));
-  column->Add(buttons, wxSizerFlags().Border(wxTOP, parent->FromDIP(6)));
-  return column;
+  buttons->Add(views::MakeButton(parent, form.cmdDelete), wxSizerFlags().Border(wxLEFT, gap));
+  part->Add(buttons, wxSizerFlags().Border(wxTOP, gap));
+  return part;
 }
 
 }  // namespace
 
 void LayOut_frmReminderOptions(views::FormDialog& dialog, frmReminderOptions& form) {
   const int gap = dialog.FromDIP(8);
-  const auto part = wxSizerFlags().Expand().Border(wxALL, gap);
+  const auto part = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap);
   auto* page = new wxBoxSizer(wxVERTICAL);
-  page->Add(views::MakeWrapped(&dialog, form.lblProblem, dialog.FromDIP(2 * kTextWidth)), part);
-  auto* ways = new wxBoxSizer(wxVERTICAL);
-  ways->Add(MailGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-  ways->Add(TextGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-  ways->Add(OfficeGroup(&dialog, form), wxSizerFlags().Expand());
-  auto* columns = new wxBoxSizer(wxHORIZONTAL);
-  columns->Add(ways, part);
-  columns->Add(OutboxColumn(&dialog, form), wxSizerFlags(part).Proportion(1));
-  page->Add(columns, wxSizerFlags(1).Expand());
-  page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1), part);
+  page->Add(views::MakeWrapped(&dialog, form.lblProblem, dialog.FromDIP(kTextWidth)), part);
+  auto* ways = new wxBoxSizer(wxHORIZONTAL);
+  ways->Add(MailGroup(&dialog, form), wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+  auto* texts = new wxBoxSizer(wxVERTICAL);
+  texts->Add(TextGroup(&dialog, form), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  texts->Add(OfficeGroup(&dialog, form), wxSizerFlags().Expand());
+  ways->Add(texts, wxSizerFlags(1).Expand());
+  page->Add(ways, part);
+  page->Add(OutboxPart(&dialog, form), wxSizerFlags(part).Proportion(1));
+  page->Add(views::MakeDialogButtons(&dialog, form.DialogButtons1), wxSizerFlags().Expand().Border(wxALL, gap));
   dialog.SetSizer(page);
 }
 

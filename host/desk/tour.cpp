@@ -158,9 +158,10 @@ std::vector<Stop> Stops(Desk& desk) {
        [&desk] {
          using session::ReminderMessage;
          HostSession& session = desk.Session();
-         session.SendReminder({ReminderMessage::Method::Email, "sara.lopez@patients.example", "Your recall",
+         ReminderSender into_outbox(session);
+         into_outbox.Send({ReminderMessage::Method::Email, "sara.lopez@patients.example", "Your recall",
                                "<p>Sara Lopez, it's time for Prophylaxis with Dr. Miles.</p>"});
-         session.SendReminder({ReminderMessage::Method::TextMessage, "5125550142", "",
+         into_outbox.Send({ReminderMessage::Method::TextMessage, "5125550142", "",
                                "Sara Lopez has an appointment scheduled with Dr. Miles on 11-23-2026 at 9:00 am."});
          session.SendReminder({ReminderMessage::Method::Email, "nobody", "", ""});
          session.ShowReminderOptions();
@@ -173,7 +174,10 @@ std::vector<Stop> Stops(Desk& desk) {
                                                 .sender = "reminders@baydental.example",
                                                 .sender_name = "Bay Dental",
                                                 .hook = "https://texts.example/send",
-                                                .token = "not shown"});
+                                                .token = "not shown",
+                                                .confirmation_address = "https://confirm.baydental.example",
+                                                .text_instructions = "Reply C to confirm.",
+                                                .office_name = "Bay Dental"});
          desk.Session().ShowReminderOptions();
          WriteReminderSettings(desk.Session(), {});
        }},

@@ -60,7 +60,7 @@ class Transfer {
       return {};
     }
     if (code == CURLE_ABORTED_BY_CALLBACK) {
-      return "Giving up.";
+      return "It was given up.";
     }
     return problem_.front() != '\0' ? problem_.data() : curl_easy_strerror(code);
   }

@@ -108,7 +108,7 @@ TEST_F(ProgramsTest, TheRecallUtilityWorksOutDueDates) {
   EXPECT_EQ(due(4, 2), "");
   EXPECT_EQ(RefreshRecall(office_, 3).moved, 0);
   // Rows without a recall are nobody's to delete.
-  Run("INSERT INTO RecTable (rRecNum, rPid, rRCRecNum, OfficeID) VALUES (8, 5, 0, 1), (9, 5, -3, 1)");
+  Run("INSERT INTO RecTable (rRecNum, rPid, rRCRecNum, OfficeID) VALUES (28, 5, 0, 1), (29, 5, -3, 1)");
   EXPECT_FALSE(Start("FXRECALL.EXE /S /ID=0"));
   EXPECT_FALSE(Start("FXRECALL.EXE /S /ID=-3"));
   EXPECT_EQ(RefreshRecall(office_, 0).moved + RefreshRecall(office_, -3).moved, 0);

@@ -230,6 +230,7 @@ TEST_F(ReminderSending, AServerThatSaysNothingCanBeGivenUp) {
   UseMailServer(server.Port());
   session_.Connection().WhileBusy = [](session::Busy) { return true; };
   EXPECT_FALSE(Mail("known@patient.example"));
+  EXPECT_EQ(sender_.Problem(), "It was given up.");
 }
 
 TEST_F(ReminderSending, NoReceiverBringsLinesOfHisOwn) {

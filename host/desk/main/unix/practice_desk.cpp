@@ -21,7 +21,8 @@ using host::DeskOptions;
 
 constexpr std::string_view kUsage =
     "practice_desk [--database URL] [--port N] [--tour DIR] [--scale 1|2]\n"
-    "  --database URL  the practice, as sqlite:PATH; without it a demo practice in your data folder\n"
+    "  --database URL  the practice, as sqlite:PATH, with its letters beside it; without it a demo practice in your\n"
+    "                  data folder\n"
     "  --port N        where a browser finds the windows; without it any port that is free\n"
     "  --tour DIR      opens every screen on demo data without showing it and writes a picture of each to DIR\n"
     "  --scale 1|2     size of the windows; a tour without it makes pictures of both, light and dark\n"
@@ -52,8 +53,8 @@ std::string DataFolder() {
 void Tour(const DeskOptions& options) {
   constexpr std::int32_t kPatients = 200;
   const host::TemporaryFolder temporary;
-  host::Desk desk(host::OpenOrMakeDemo(options.database, temporary.Path(), kPatients), temporary.Path(), ShareFolder(),
-                  host::ClassesOfThisProgram);
+  host::Desk desk(host::OpenOrMakeDemo(options.database, temporary.Path(), kPatients),
+                  {temporary.Path(), temporary.Path(), ShareFolder()}, host::ClassesOfThisProgram);
   if (!host::TakePictures(desk, options.tour)) {
     throw std::runtime_error("A picture could not be written to " + options.tour + ".");
   }
@@ -61,8 +62,10 @@ void Tour(const DeskOptions& options) {
 
 void Serve(host::DeskApp& app, const DeskOptions& options) {
   const std::string folder = DataFolder();
-  app.Serve(std::make_unique<host::Desk>(host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
-                                         folder, ShareFolder(), host::ClassesOfThisProgram));
+  app.Serve(std::make_unique<host::Desk>(
+      host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
+      host::Desk::Folders{host::DataFolderOf(options.database, folder), folder, ShareFolder()},
+      host::ClassesOfThisProgram));
 }
 
 // The window that stays is as large as the page.

@@ -26,8 +26,10 @@ void Tell(const std::string& what, long icon) {
 void Serve(host::DeskApp& app, const std::string& database) {
   const std::string folder = views::FromWx(wxStandardPaths::Get().GetUserLocalDataDir());
   std::filesystem::create_directories(host::FilePath(folder));
-  app.Serve(std::make_unique<host::Desk>(host::OpenOrMakeDemo(database, folder, host::DeskApp::kDemoPatients), folder,
-                                         automation::ToUtf8(automation::ModuleFolder()), host::ClassesOfTheComponent));
+  app.Serve(std::make_unique<host::Desk>(
+      host::OpenOrMakeDemo(database, folder, host::DeskApp::kDemoPatients),
+      host::Desk::Folders{host::DataFolderOf(database, folder), folder, automation::ToUtf8(automation::ModuleFolder())},
+      host::ClassesOfTheComponent));
 }
 
 // A wrong command line is told once the toolkit runs, as all the rest.
