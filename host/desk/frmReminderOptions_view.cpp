@@ -11,8 +11,8 @@
 namespace host {
 namespace {
 
-constexpr int kFieldWidth = 30;
-constexpr int kTextWidth = 1000;
+constexpr int kFieldWidth = 26;
+constexpr int kTextWidth = 950;
 
 void AddField(views::FieldGroup& group, frmReminderOptions& form, frmReminderOptions::Option option) {
   wxWindow* caption = views::MakeCaption(group.Box(), form.lblOption[option]);
@@ -57,10 +57,10 @@ wxSizer* OutboxPart(wxWindow* parent, frmReminderOptions& form) {
   const auto under = wxSizerFlags().Expand().Border(wxBOTTOM, gap);
   auto* list = new wxBoxSizer(wxVERTICAL);
   list->Add(views::MakeCaption(parent, form.lblOutbox), under);
-  list->Add(views::MakeGrid(parent, form.TDBG, 4), wxSizerFlags(1).Expand());
+  list->Add(views::MakeGrid(parent, form.TDBG, 3), wxSizerFlags(1).Expand());
   auto* message = new wxBoxSizer(wxVERTICAL);
   message->Add(views::MakeCaption(parent, form.lblMessage), under);
-  message->Add(views::MakeTextBox(parent, form.txtMessage, 50, 6), wxSizerFlags(1).Expand());
+  message->Add(views::MakeTextBox(parent, form.txtMessage, 44, 5), wxSizerFlags(1).Expand());
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   columns->Add(list, wxSizerFlags(1).Expand().Border(wxRIGHT, 2 * gap));
   columns->Add(message, wxSizerFlags(1).Expand());
