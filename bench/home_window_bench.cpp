@@ -26,7 +26,8 @@ wxFrame* MakeEmpty() {
 
 // The desk of somebody who has logged in.
 std::unique_ptr<host::Desk> OpenDesk() {
-  auto desk = std::make_unique<host::Desk>(host::Practice(kPractice), kFolder, kFolder, host::ClassesOfThisProgram);
+  auto desk = std::make_unique<host::Desk>(host::Practice(kPractice), host::Desk::Folders{kFolder, kFolder, kFolder},
+                                           host::ClassesOfThisProgram);
   host::LoginResult login;
   login.rights = host::LoginRights("bench", true);
   desk->Open(login, desk->OfPractice().Office());

@@ -262,6 +262,13 @@ std::vector<Stop> Stops(Desk& desk) {
        }},
       {"RecallSetupScreen-notices", open_form("RecallSetupScreen", {{"RecallID", "1"}}),
        [](forms::Form& form) { dynamic_cast<recall::RecallSetupScreen&>(form).C1Tab1.DoTab(4); }},
+      {"RecallSetupScreen-e-mail", open_form("RecallSetupScreen", {{"RecallID", "1"}}),
+       [](forms::Form& form) {
+         auto& screen = dynamic_cast<recall::RecallSetupScreen&>(form);
+         screen.C1Tab1.DoTab(4);
+         screen.picSend.picSendMethod.DoPick(3);
+         form.DoIdle();
+       }},
       {"frmOfficeLocation", open_form("frmOfficeLocation", {})},
       {"frmOfficeLocation-colors",
        [&desk, open = open_form("frmOfficeLocation", {})] {

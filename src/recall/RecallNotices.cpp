@@ -1,6 +1,5 @@
 #include "recall/RecallNotices.h"
 
-#include <fstream>
 #include <utility>
 
 #include "editing/data_files.h"
@@ -8,7 +7,6 @@
 #include "forms/text.h"
 #include "recall/frmQuickEditor.h"
 #include "recall/reply_instructions.h"
-#include "recall/rtf_text.h"
 #include "recall/template_files.h"
 #include "recall/template_sample.h"
 
@@ -61,21 +59,15 @@ bool IsBlank(Notice notice, const std::string& text) {
   return forms::Trim(html ? forms::PlainText(forms::ReadHtml(text)) : text).empty();
 }
 
-std::string* ReplyTo(Notice notice, Notices& notices) {
+const std::string* ReplyTo(Notice notice, const Notices& notices) {
   return notice == Notice::TextMessage ? &notices.text_reply : notice == Notice::Email ? &notices.email_reply : nullptr;
 }
 
-std::string FileText(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(kMostLetterBytes, '\0');
-  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  return text;
-}
-
-bool IsThere(const std::filesystem::path& file) {
-  std::error_code error;
-  return !file.empty() && std::filesystem::is_regular_file(file, error);
+// Whether what is written is followed by an automatic reply; a text that is new is.
+bool Replies(Notice notice, const Notices& notices) {
+  const std::string* reply = ReplyTo(notice, notices);
+  const bool is_new = notices[notice].empty() && !notices.emptied.test(static_cast<std::size_t>(notice));
+  return reply != nullptr && (is_new || !reply->empty());
 }
 
 }  // namespace
@@ -87,14 +79,24 @@ RecallNotices::RecallNotices(const session::ScreenContext& context)
 }
 
 void RecallNotices::Wire() {
-  picSendMethod.Moved = [this] { ShowChosen(); };
+  picSendMethod.Moved = [this] { Choose(); };
   picSendMethod.DblClick = [this] { picWPEdit.DoClick(); };
   picWPOpen.Click = [this] { notices_.letter.empty() ? LinkLetter() : RemoveLetter(); };
   picWPEdit.Click = [this] { Chosen() == Notice::Letter ? EditLetter() : EditText(Chosen()); };
   picWPPreview.Click = [this] {
     sample_ = Chosen() != Notice::Letter && !sample_;
+    preview_.Forget();
     ShowChosen();
   };
+  const auto follow = [this](auto& field, Notice notice, auto text) {
+    field.Change = [this, notice, text] { Typed(notice, text()); };
+    field.Leave = [this, notice] { Left(notice); };
+  };
+  follow(txtPostCard, Notice::PostCard, [this] { return txtPostCard.Html.get(); });
+  follow(txtMessage, Notice::TextMessage, [this] { return txtMessage.Text.get(); });
+  follow(txtEMail, Notice::Email, [this] { return txtEMail.Html.get(); });
+  follow(txtVoice, Notice::Voice, [this] { return txtVoice.Text.get(); });
+  follow(txtVoiceSpanish, Notice::VoiceSpanish, [this] { return txtVoiceSpanish.Text.get(); });
 }
 
 void RecallNotices::OnLoad() {
@@ -102,21 +104,37 @@ void RecallNotices::OnLoad() {
   ShowMethods();
 }
 
+bool RecallNotices::OnIdle() {
+  if (std::exchange(preview_is_due_, false)) {
+    ShowPreview();
+  }
+  return false;
+}
+
 void RecallNotices::Show(std::string stage_name, Notices notices) {
   stage_ = std::move(stage_name);
   notices_ = std::move(notices);
-  sample_ = false;
-  txtLetter.Text = notices_.letter;
-  txtPostCard.Html = notices_.postcard;
-  txtMessage.Text = notices_.text_message;
-  txtEMail.Html = notices_.email;
-  txtVoice.Text = notices_.voice;
-  txtVoiceSpanish.Text = notices_.voice_spanish;
+  agreed_ = notices_;
+  ShowFields();
   ShowMethods();
 }
 
 Notice RecallNotices::Chosen() const {
   return static_cast<Notice>(std::max(0, picSendMethod.ListIndex.get()));
+}
+
+// A predefined template is exchanged in the editor, not written over here.
+void RecallNotices::ShowFields() {
+  const TemplateFiles files(context_.session, data::ReminderKind::Recall);
+  const bool looks_only = editing::EditingForm::ReadOnly(*this);
+  txtLetter.Text = notices_.letter;
+  txtPostCard.Html = files.TextOf(notices_.postcard, ContactMethod::PostCard);
+  txtMessage.Text = files.TextOf(notices_.text_message, ContactMethod::TextMessage);
+  txtEMail.Html = files.TextOf(notices_.email, ContactMethod::Email);
+  txtVoice.Text = files.TextOf(notices_.voice, ContactMethod::Voice);
+  txtVoiceSpanish.Text = files.TextOf(notices_.voice_spanish, ContactMethod::Voice);
+  txtPostCard.ReadOnly = looks_only || MarkedTemplate(notices_.postcard);
+  txtEMail.ReadOnly = looks_only || MarkedTemplate(notices_.email);
 }
 
 void RecallNotices::ShowMethods() {
@@ -133,45 +151,61 @@ void RecallNotices::ShowMethods() {
   ShowChosen();
 }
 
+// A card is shown as it is printed, a message as it arrives.
+void RecallNotices::Choose() {
+  sample_ = Chosen() != Notice::Letter && Chosen() != Notice::PostCard;
+  ShowChosen();
+}
+
 void RecallNotices::ShowChosen() {
   const Notice notice = Chosen();
   const bool letter = notice == Notice::Letter;
   lblSendExplain.Caption = stage_ + ": " + std::string(Of(notice).explain);
+  lblNotice.Caption = letter ? "Letter &File" : "&Message";
+  const std::array<forms::Control*, kNotices.size()> fields = {&txtLetter, &txtPostCard, &txtMessage,
+                                                               &txtEMail,  &txtVoice,    &txtVoiceSpanish};
+  for (std::size_t field = 0; field < fields.size(); ++field) {
+    fields.at(field)->Visible = kNotices.at(field) == notice;
+  }
   picWPOpen.Visible = letter;
   picWPOpen.Caption = notices_.letter.empty() ? "&Link Letter..." : "Un&link Letter...";
   picWPEdit.Caption = "&Edit " + std::string(Of(notice).edit);
-  picWPPreview.Caption = letter ? "Read &Again" : sample_ ? "Show Te&xt" : "Show S&ample";
+  picWPPreview.Caption = letter ? "Read &Again" : sample_ ? "Sho&w Text" : "Show S&ample";
   picWPPreview.Enabled = !notices_[notice].empty();
   lblWPPreview.Caption = " " + std::string(Of(notice).name) + (letter ? ": " + AsCaption(notices_.letter) : "");
-  txWPPreview.Html = letter ? LetterHtml() : MessageHtml(notice);
-}
-
-std::string RecallNotices::LetterHtml() const {
-  if (notices_.letter.empty()) {
-    return {};
+  preview_is_due_ = sample_;
+  if (!sample_) {
+    ShowPreview();
   }
-  const std::filesystem::path file = letters_.FileOf(notices_.letter);
-  return forms::WriteHtml(IsThere(file) ? ReadRtf(FileText(file))
-                                        : forms::FromPlainText("File Not Found. (" + notices_.letter + ")"));
 }
 
-// A template that cannot be read leaves the text as it is stored.
-std::string RecallNotices::MessageHtml(Notice notice) const {
+void RecallNotices::ShowPreview() {
+  const Notice notice = Chosen();
+  txWPPreview.Html = notices_[notice].empty()   ? std::string()
+                     : notice == Notice::Letter ? preview_.Html(notices_.letter)
+                                                : MessageHtml(notice);
+}
+
+// Where what the sample needs cannot be read, the text is shown.
+std::string RecallNotices::MessageHtml(Notice notice) {
   std::string text =
       TemplateFiles(context_.session, data::ReminderKind::Recall).TextOf(notices_[notice], Of(notice).method);
-  if (sample_) {
-    const bool read = Attempt([&] {
-      text = TemplateSample(context_.session, {.kind = data::ReminderKind::Recall,
-                                               .method = Of(notice).method,
-                                               .stage = AppointmentPeriod,
-                                               .total = TotalPeriod})
-                 .Merge(text);
-    });
-    if (!read) {
-      return {};
-    }
+  if (sample_ && !Attempt([&] { text = SampleOf(notice, text); })) {
+    sample_ = false;
+    ShowChosen();
   }
   return IsFormatted(notice) ? text : forms::WriteHtml(forms::FromPlainText(text));
+}
+
+// With the office's instructions, as in the editor, where a reply follows the text.
+std::string RecallNotices::SampleOf(Notice notice, const std::string& text) const {
+  const auto kind = data::ReminderKind::Recall;
+  const ContactMethod method = Of(notice).method;
+  const std::string* reply = ReplyTo(notice, notices_);
+  const bool replies = reply != nullptr && !reply->empty();
+  return TemplateSample(context_.session,
+                        {.kind = kind, .method = method, .stage = AppointmentPeriod, .total = TotalPeriod})
+      .Merge(replies ? WithInstructions(text, ReplyInstructions(context_.session, kind, method), method) : text);
 }
 
 void RecallNotices::RemoveLetter() {
@@ -229,9 +263,6 @@ void RecallNotices::EditText(Notice notice) {
   if (!editing::EditingForm::MayModify(*this)) {
     return;
   }
-  Notices notices = notices_;
-  const auto place = static_cast<std::size_t>(notice);
-  std::string* reply = ReplyTo(notice, notices);
   frmQuickEditor editor(context_);
   editor.Title = stage_ + std::string(Of(notice).title);
   editor.EditorType = Of(notice).method;
@@ -239,28 +270,59 @@ void RecallNotices::EditText(Notice notice) {
   editor.emsRecordType = data::ReminderKind::Recall;
   editor.AppointmentPeriod = AppointmentPeriod.Text();
   editor.TotalPeriod = TotalPeriod.Text();
-  editor.Text = notices[notice];
-  editor.AutoApplyReturnMessageVisible = reply != nullptr;
-  editor.AutoApplyReturnMessageValue = reply != nullptr && (notices[notice].empty() || !reply->empty());
+  editor.Text = notices_[notice];
+  editor.AutoApplyReturnMessageVisible = ReplyTo(notice, notices_) != nullptr;
+  editor.AutoApplyReturnMessageValue = Replies(notice, notices_);
   context_.user.Show(editor);
-  if (editor.Canceled()) {
+  if (editor.Canceled() || (!notices_[notice].empty() && IsBlank(notice, editor.Text) && !MayRemove())) {
     return;
   }
-  const bool was_written = !notices[notice].empty();
-  notices[notice] = IsBlank(notice, editor.Text) ? std::string() : editor.Text;
-  const bool written = !notices[notice].empty();
-  if (was_written && !written && !MayRemove()) {
-    return;
-  }
-  notices.emptied.set(place, !written && (was_written || notices.emptied.test(place)));
-  if (reply != nullptr) {
-    if (!written || !editor.AutoApplyReturnMessageValue) {
-      reply->clear();
-    } else if (reply->empty()) {
-      *reply = ReplyInstructions(context_.session, data::ReminderKind::Recall, Of(notice).method);
-    }
-  }
+  Notices notices = notices_;
+  Put(notices, notice, editor.Text, editor.AutoApplyReturnMessageValue);
   Take(std::move(notices));
+}
+
+// The field keeps what is typed there, and where.
+void RecallNotices::Typed(Notice notice, const std::string& text) {
+  Notices notices = agreed_;
+  Put(notices, notice, text, Replies(notice, agreed_));
+  if (notices == notices_) {
+    return;
+  }
+  notices_ = std::move(notices);
+  ShowMethods();
+  if (Edited) {
+    Edited(notices_);
+  }
+}
+
+void RecallNotices::Left(Notice notice) {
+  if (!agreed_[notice].empty() && notices_[notice].empty() && !MayRemove()) {
+    Take(agreed_);
+    return;
+  }
+  agreed_ = notices_;
+  if (notices_[notice].empty()) {  // blanks alone are no text
+    ShowFields();
+  }
+}
+
+// A text that is removed stays remembered with its reply: a generic one will take its place.
+void RecallNotices::Put(Notices& notices, Notice notice, const std::string& text, bool replies) const {
+  const auto place = static_cast<std::size_t>(notice);
+  const bool was_written = !notices[notice].empty();
+  notices[notice] = IsBlank(notice, text) ? std::string() : text;
+  const bool written = !notices[notice].empty();
+  notices.emptied.set(place, !written && (was_written || notices.emptied.test(place)));
+  if (ReplyTo(notice, notices) == nullptr) {
+    return;
+  }
+  std::string& reply = notice == Notice::TextMessage ? notices.text_reply : notices.email_reply;
+  if (!replies || (!written && !notices.emptied.test(place))) {
+    reply.clear();
+  } else if (reply.empty()) {
+    reply = ReplyInstructions(context_.session, data::ReminderKind::Recall, Of(notice).method);
+  }
 }
 
 bool RecallNotices::MayRemove() const {

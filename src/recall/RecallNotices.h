@@ -15,6 +15,7 @@
 #include "forms/text_box.h"
 #include "forms/user_control.h"
 #include "recall/letter_file.h"
+#include "recall/letter_preview.h"
 #include "recall/notices.h"
 
 namespace recall {
@@ -44,6 +45,14 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   forms::Label lblSendExplain;
   forms::Label lblSendMethod;
   MethodList picSendMethod;  // in the order of `kNotices`
+  // What the stage sends. The field of the chosen method is the one that is seen.
+  forms::Label lblNotice;
+  forms::TextBox txtLetter;  // changed by linking alone
+  forms::RichTextBox txtPostCard;
+  forms::TextBox txtMessage;
+  forms::RichTextBox txtEMail;
+  forms::TextBox txtVoice;
+  forms::TextBox txtVoiceSpanish;
   forms::Button picWPOpen;
   forms::Button picWPEdit;
   forms::Button picWPPreview;
@@ -55,14 +64,6 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   forms::OptionButton optReturnAddressProvider;
   forms::Label lblReturnAddress;  // why it cannot be changed
   std::array<forms::OptionButton, 4> optLabelFormat;
-
-  // What the stage sends, for whoever knows the screen by its controls; a person sees it in the preview.
-  forms::TextBox txtLetter;
-  forms::RichTextBox txtPostCard;
-  forms::TextBox txtMessage;
-  forms::RichTextBox txtEMail;
-  forms::TextBox txtVoice;
-  forms::TextBox txtVoiceSpanish;
 
   // A person changed the notices of the stage that is shown.
   std::function<void(const Notices&)> Edited;
@@ -89,15 +90,21 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   // The controls have the screen's names.
   std::string Scope() const override { return {}; }
   void OnLoad() override;
+  bool OnIdle() override;
 
  private:
   void Register();
+  void RegisterFields();
   void Wire();
   Notice Chosen() const;
+  void ShowFields();
   void ShowMethods();
+  void Choose();
   void ShowChosen();
-  std::string LetterHtml() const;
-  std::string MessageHtml(Notice notice) const;
+  void ShowPreview();
+  std::string MessageHtml(Notice notice);
+  // What an invented patient gets. Throws session::DatabaseError.
+  std::string SampleOf(Notice notice, const std::string& text) const;
   void ReadSettings();
   void ShowReturnAddress();
   std::int32_t ReturnAddressShown() const;
@@ -106,16 +113,22 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   void RemoveLetter();
   void EditLetter();
   void EditText(Notice notice);
+  void Typed(Notice notice, const std::string& text);
+  void Left(Notice notice);
+  void Put(Notices& notices, Notice notice, const std::string& text, bool replies) const;
   // Whether a text that was there may go.
   bool MayRemove() const;
   void Take(Notices notices);
 
   LetterFolder letters_;
+  LetterPreview preview_{letters_};
   forms::OptionGroup addresses_{&optReturnAddressPractice, &optReturnAddressLocation, &optReturnAddressProvider};
   forms::OptionGroup labels_{&optLabelFormat[0], &optLabelFormat[1], &optLabelFormat[2], &optLabelFormat[3]};
   std::string stage_;
   Notices notices_;
-  bool sample_ = false;  // the preview shows what an invented patient gets
+  Notices agreed_;               // before what is being typed
+  bool sample_ = false;          // the preview shows what an invented patient gets
+  bool preview_is_due_ = false;  // in the next pause
   std::int32_t stored_address_ = kNoAddress;
   std::int32_t stored_label_ = 0;
   bool settings_enabled_ = true;

@@ -16,28 +16,25 @@ void RecallNotices::Register() {
   Add("lblSendExplain", lblSendExplain);
   Add("lblSendMethod", lblSendMethod);
   Add("picSendMethod", picSendMethod);
-  Add("lblWPPreview", lblWPPreview);
-  Add("txWPPreview", txWPPreview);
-  Add("picWPEdit", picWPEdit);
-  Add("picWPPreview", picWPPreview);
-  Add("picWPOpen", picWPOpen);
-  Add("chkReturnAddress", chkReturnAddress);
-  Add("optReturnAddressPractice", optReturnAddressPractice);
-  Add("optReturnAddressLocation", optReturnAddressLocation);
-  Add("optReturnAddressProvider", optReturnAddressProvider);
-  Add("lblReturnAddress", lblReturnAddress);
-  Add("optLabelFormat", optLabelFormat);
+  Add("lblNotice", lblNotice);
   Add("txtLetter", txtLetter);
   Add("txtPostCard", txtPostCard);
   Add("txtMessage", txtMessage);
   Add("txtEMail", txtEMail);
   Add("txtVoice", txtVoice);
   Add("txtVoiceSpanish", txtVoiceSpanish);
-  for (forms::Control* kept : std::initializer_list<forms::Control*>{&txtLetter, &txtPostCard, &txtMessage, &txtEMail,
-                                                                     &txtVoice, &txtVoiceSpanish}) {
-    kept->Visible = false;
-  }
-
+  Add("picWPEdit", picWPEdit);
+  Add("picWPPreview", picWPPreview);
+  Add("picWPOpen", picWPOpen);
+  Add("lblWPPreview", lblWPPreview);
+  Add("txWPPreview", txWPPreview);
+  Add("chkReturnAddress", chkReturnAddress);
+  Add("optReturnAddressPractice", optReturnAddressPractice);
+  Add("optReturnAddressLocation", optReturnAddressLocation);
+  Add("optReturnAddressProvider", optReturnAddressProvider);
+  Add("lblReturnAddress", lblReturnAddress);
+  Add("optLabelFormat", optLabelFormat);
+  RegisterFields();
   lblSendMethod.Caption = "Send b&y";
   picSendMethod.Heading = &lblSendMethod;
   picSendMethod.ListIndex = 0;
@@ -74,6 +71,17 @@ void RecallNotices::Register() {
   for (forms::OptionButton* option :
        {&optReturnAddressPractice, &optReturnAddressLocation, &optReturnAddressProvider}) {
     option->Click = touched;
+  }
+}
+
+void RecallNotices::RegisterFields() {
+  for (forms::Control* field : std::initializer_list<forms::Control*>{&txtLetter, &txtPostCard, &txtMessage, &txtEMail,
+                                                                      &txtVoice, &txtVoiceSpanish}) {
+    field->Heading = &lblNotice;
+  }
+  txtLetter.ReadOnly = true;
+  for (forms::TextBox* plain : {&txtMessage, &txtVoice, &txtVoiceSpanish}) {
+    plain->MultiLine = true;
   }
 }
 

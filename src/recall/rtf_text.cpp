@@ -59,7 +59,9 @@ class Reader {
   struct Group {
     RichText::Style style = {};
     bool skips = false;
-    int unread = 1;  // characters behind one of Unicode, for readers that do not know it
+    bool hidden = false;   // characters that are stored, but not printed
+    bool deleted = false;  // struck out by a reviewer
+    int unread = 1;        // characters behind one of Unicode, for readers that do not know it
   };
 
   char Take() {
@@ -138,6 +140,11 @@ class Reader {
       text_.paragraphs.back().align = RichText::Align::Left;
     } else if (word == "plain") {
       style = {};
+      group_.hidden = group_.deleted = false;
+    } else if (word == "v") {
+      group_.hidden = on;
+    } else if (word == "deleted") {
+      group_.deleted = on;
     } else if (word == "b") {
       style.bold = on;
     } else if (word == "i") {
@@ -179,12 +186,14 @@ class Reader {
     unread_ = group_.unread;
   }
 
+  bool Skips() const { return group_.skips || group_.hidden || group_.deleted; }
+
   void Put(const std::string& text) {
     if (unread_ > 0) {
       --unread_;
       return;
     }
-    if (group_.skips) {
+    if (Skips()) {
       return;
     }
     auto& runs = text_.paragraphs.back().runs;
@@ -196,7 +205,7 @@ class Reader {
   }
 
   void EndParagraph() {
-    if (!group_.skips) {
+    if (!Skips()) {
       const RichText::Align align = text_.paragraphs.back().align;
       text_.paragraphs.push_back({.runs = {}, .align = align});
       ++written_;

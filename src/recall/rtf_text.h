@@ -11,8 +11,8 @@ namespace recall {
 inline constexpr std::size_t kMostLetterBytes = 16'000'000;
 inline constexpr std::size_t kMostLetterText = 100'000;
 
-// The text of an RTF document, with its paragraphs and its bold, italic and underlined parts; pictures, objects and
-// fonts are passed over. What is no RTF is taken for plain text. Never fails.
+// The text of an RTF document, with its paragraphs and its bold, italic and underlined parts; pictures, objects,
+// fonts, and what is hidden or deleted, are passed over. What is no RTF is taken for plain text. Never fails.
 forms::RichText ReadRtf(std::string_view rtf);
 
 }  // namespace recall

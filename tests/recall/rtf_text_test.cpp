@@ -28,6 +28,7 @@ TEST(RtfText, PassesOverWhatIsNoText) {
       Html(
           R"({\rtf1 a{\pict\wmetafile8 0102ab}b{\object{\*\objdata 00}{\result c}}{\field{\*\fldinst X}{\fldrslt d}}\bin3 }}}e})"),
       "<p>abde</p>");
+  EXPECT_EQ(Html(R"({\rtf1 a{\v b\par}c\v d\v0 e{\revised\deleted f\plain g}\deleted h\deleted0 i})"), "<p>acegi</p>");
   EXPECT_EQ(Html(R"({\rtf1 <script>alert(1)</script> &})"), "<p>&lt;script&gt;alert(1)&lt;/script&gt; &amp;</p>");
   EXPECT_EQ(Html("no {\\rtf\nat all"), "<p>no {\\rtf</p><p>at all</p>");
   EXPECT_EQ(Html("{\\rtf1"), "");

@@ -213,7 +213,9 @@ void FillIn(Form& form, std::string_view text) {
 std::map<std::string, std::string> Texts(const Form& form) {
   std::map<std::string, std::string> texts;
   for (const Control* control : form.Controls()) {
-    if (const auto* box = dynamic_cast<const forms::TextBox*>(control); box != nullptr && OnAPage(*control)) {
+    const bool follows = control->Name() == "txtLetter";  // typed by nobody, the letter of the stage that is shown
+    if (const auto* box = dynamic_cast<const forms::TextBox*>(control);
+        box != nullptr && !follows && OnAPage(*control)) {
       texts[box->Name()] = forms::Trim(box->Text.get());
     } else if (const auto* rich = dynamic_cast<const forms::RichTextBox*>(control);
                rich != nullptr && !rich->ReadOnly && OnAPage(*control)) {

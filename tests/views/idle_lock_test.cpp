@@ -13,7 +13,7 @@ TEST(IdleLock, HidesWhatWindowsShowUntilItsUserIsBack) {
   host::Practice practice = host::CreatePractice("sqlite::memory:");
   host::OfficeDatabase office(practice, 1);
   host::AddLogin(office, {"ann", host::HashPassword("pw", host::HashCost::Least), 0, {1}, {}});
-  host::Desk desk(std::move(practice), {}, {}, host::ClassesOfThisProgram);
+  host::Desk desk(std::move(practice), {}, host::ClassesOfThisProgram);
   desk.Open({.login = 1, .person = 0, .location = 1, .rights = host::LoginRights("ann")}, 1);
   wxFrame frame(nullptr, wxID_ANY, "Reed, Rita");
   auto* page = new wxPanel(&frame);

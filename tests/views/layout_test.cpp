@@ -52,8 +52,9 @@ TEST(Layout, OfEveryWindowIsGood) {
   host::DemoOptions demo;
   demo.patients = 60;
   const std::filesystem::path program = wxStandardPaths::Get().GetExecutablePath().utf8_string();
-  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo), folder,
-                  (program.parent_path().parent_path() / "share").string(), host::ClassesOfThisProgram);
+  host::Desk desk(host::MakeDemo("sqlite:" + folder + "/demo.sqlite", demo),
+                  {folder, folder, (program.parent_path().parent_path() / "share").string()},
+                  host::ClassesOfThisProgram);
   std::set<std::string> seen;
   host::VisitWindows(desk, [&](const std::string& name, wxTopLevelWindow& window) {
     seen.insert(name.substr(0, name.find('-')));

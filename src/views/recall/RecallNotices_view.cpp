@@ -61,10 +61,32 @@ wxSizer* Choices(wxWindow* page, RecallNotices& control) {
   return column;
 }
 
+constexpr int kCharacters = 56;
+
+// One of them is seen; the caption before them leads to it. How high the highest of them is.
+int AddFields(wxWindow* page, RecallNotices& control, wxSizer& column) {
+  constexpr int kLines = 6;
+  const auto add = [page, &column](wxWindow* field, int share) {
+    // The page of a notebook is not laid out with the window around it.
+    field->Bind(wxEVT_SHOW, [page](wxShowEvent& event) {
+      event.Skip();
+      page->CallAfter([page] { page->Layout(); });
+    });
+    column.Add(field, wxSizerFlags(share).Expand());
+    return field->GetBestSize().y;
+  };
+  add(MakeTextBox(page, control.txtLetter, kCharacters), 0);
+  const int highest = add(MakeRichTextBox(page, control.txtPostCard, kCharacters, kLines), 1);
+  add(MakeTextBox(page, control.txtMessage, kCharacters, kLines), 1);
+  add(MakeRichTextBox(page, control.txtEMail, kCharacters, kLines), 1);
+  add(MakeTextBox(page, control.txtVoice, kCharacters, kLines), 1);
+  add(MakeTextBox(page, control.txtVoiceSpanish, kCharacters, kLines), 1);
+  return highest;
+}
+
 // What is sent stands there in the letters of a printed card.
 wxWindow* MakePreview(wxWindow* page, forms::RichTextBox& preview) {
-  constexpr int kCharacters = 56;
-  constexpr int kLines = 12;
+  constexpr int kLines = 7;
   auto* panel = new wxPanel(page);
   panel->SetName("panel " + ToWx(preview.Name()));
   wxFont font = panel->GetFont();
@@ -79,13 +101,20 @@ wxWindow* MakePreview(wxWindow* page, forms::RichTextBox& preview) {
 wxSizer* Sent(wxWindow* page, RecallNotices& control) {
   const int gap = page->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(MakeCaption(page, control.lblWPPreview), wxSizerFlags().Expand().Border(wxBOTTOM, page->FromDIP(3)));
-  column->Add(MakePreview(page, control.txWPPreview), wxSizerFlags(1).Expand());
+  const auto heading = wxSizerFlags().Expand().Border(wxBOTTOM, page->FromDIP(3));
+  column->Add(MakeCaption(page, control.lblNotice), heading);
+  const int field = AddFields(page, control, *column);
   auto* buttons = new wxBoxSizer(wxHORIZONTAL);
   for (forms::Button* button : {&control.picWPEdit, &control.picWPPreview, &control.picWPOpen}) {
     buttons->Add(MakeButton(page, *button), wxSizerFlags().Border(wxRIGHT, gap));
   }
-  column->Add(buttons, wxSizerFlags().Border(wxTOP, gap));
+  column->Add(buttons, wxSizerFlags().Border(wxTOP | wxBOTTOM, gap));
+  column->Add(MakeCaption(page, control.lblWPPreview), heading);
+  wxWindow* preview = MakePreview(page, control.txWPPreview);
+  column->Add(preview, wxSizerFlags(1).Expand());
+  // About as high for every method, so that the window does not jump.
+  const int captions = 2 * (page->GetCharHeight() + page->FromDIP(3));
+  column->SetMinSize(-1, captions + field + buttons->CalcMin().y + 2 * gap + preview->GetBestSize().y);
   return column;
 }
 
