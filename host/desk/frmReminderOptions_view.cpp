@@ -11,7 +11,7 @@
 namespace host {
 namespace {
 
-constexpr int kFieldWidth = 26;
+constexpr int kFieldWidth = 24;
 constexpr int kTextWidth = 950;
 
 void AddField(views::FieldGroup& group, frmReminderOptions& form, frmReminderOptions::Option option) {
@@ -45,7 +45,7 @@ wxSizer* OfficeGroup(wxWindow* parent, frmReminderOptions& form) {
   AddField(group, form, frmReminderOptions::kConfirmation);
   for (const auto option : {frmReminderOptions::kTextReply, frmReminderOptions::kMailReply}) {
     wxWindow* caption = views::MakeCaption(group.Box(), form.lblOption[option]);
-    group.Row(caption, {views::MakeTextBox(group.Box(), form.txtOption[option], kFieldWidth, 2)});
+    group.Row(caption, {views::MakeTextBox(group.Box(), form.txtOption[option], kFieldWidth)});
   }
   AddField(group, form, frmReminderOptions::kOfficeName);
   AddField(group, form, frmReminderOptions::kWebsite);
@@ -60,7 +60,7 @@ wxSizer* OutboxPart(wxWindow* parent, frmReminderOptions& form) {
   list->Add(views::MakeGrid(parent, form.TDBG, 3), wxSizerFlags(1).Expand());
   auto* message = new wxBoxSizer(wxVERTICAL);
   message->Add(views::MakeCaption(parent, form.lblMessage), under);
-  message->Add(views::MakeTextBox(parent, form.txtMessage, 44, 5), wxSizerFlags(1).Expand());
+  message->Add(views::MakeTextBox(parent, form.txtMessage, 40, 4), wxSizerFlags(1).Expand());
   auto* columns = new wxBoxSizer(wxHORIZONTAL);
   columns->Add(list, wxSizerFlags(1).Expand().Border(wxRIGHT, 2 * gap));
   columns->Add(message, wxSizerFlags(1).Expand());

@@ -151,6 +151,11 @@ void RecallNotices::ShowMethods() {
   ShowChosen();
 }
 
+// In the order of `kNotices`.
+std::array<forms::Control*, kNotices.size()> RecallNotices::Fields() {
+  return {&txtLetter, &txtPostCard, &txtMessage, &txtEMail, &txtVoice, &txtVoiceSpanish};
+}
+
 // A card is shown as it is printed, a message as it arrives.
 void RecallNotices::Choose() {
   sample_ = Chosen() != Notice::Letter && Chosen() != Notice::PostCard;
@@ -161,11 +166,14 @@ void RecallNotices::ShowChosen() {
   const Notice notice = Chosen();
   const bool letter = notice == Notice::Letter;
   lblSendExplain.Caption = stage_ + ": " + std::string(Of(notice).explain);
-  lblNotice.Caption = letter ? "Letter &File" : "&Message";
-  const std::array<forms::Control*, kNotices.size()> fields = {&txtLetter, &txtPostCard, &txtMessage,
-                                                               &txtEMail,  &txtVoice,    &txtVoiceSpanish};
+  const auto fields = Fields();
   for (std::size_t field = 0; field < fields.size(); ++field) {
-    fields.at(field)->Visible = kNotices.at(field) == notice;
+    const bool shown = kNotices.at(field) == notice;
+    fields.at(field)->Visible = shown;
+    lblNotice.at(field).Visible = shown;
+    lblNotice.at(field).Caption = !shown   ? ""
+                                  : letter ? "Letter &File"
+                                           : "&Message";  // one letter leads to what is seen
   }
   picWPOpen.Visible = letter;
   picWPOpen.Caption = notices_.letter.empty() ? "&Link Letter..." : "Un&link Letter...";

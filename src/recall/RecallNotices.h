@@ -46,8 +46,8 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
   forms::Label lblSendMethod;
   MethodList picSendMethod;  // in the order of `kNotices`
   // What the stage sends. The field of the chosen method is the one that is seen.
-  forms::Label lblNotice;
-  forms::TextBox txtLetter;  // changed by linking alone
+  std::array<forms::Label, kNotices.size()> lblNotice;  // of the fields, of which one is seen
+  forms::TextBox txtLetter;                             // changed by linking alone
   forms::RichTextBox txtPostCard;
   forms::TextBox txtMessage;
   forms::RichTextBox txtEMail;
@@ -95,6 +95,7 @@ class RecallNotices : public forms::UserControl, private editing::Rules {
  private:
   void Register();
   void RegisterFields();
+  std::array<forms::Control*, kNotices.size()> Fields();
   void Wire();
   Notice Chosen() const;
   void ShowFields();

@@ -16,6 +16,12 @@ void RecallNotices::Register() {
   Add("lblSendExplain", lblSendExplain);
   Add("lblSendMethod", lblSendMethod);
   Add("picSendMethod", picSendMethod);
+  Add("chkReturnAddress", chkReturnAddress);
+  Add("optReturnAddressPractice", optReturnAddressPractice);
+  Add("optReturnAddressLocation", optReturnAddressLocation);
+  Add("optReturnAddressProvider", optReturnAddressProvider);
+  Add("lblReturnAddress", lblReturnAddress);
+  Add("optLabelFormat", optLabelFormat);
   Add("lblNotice", lblNotice);
   Add("txtLetter", txtLetter);
   Add("txtPostCard", txtPostCard);
@@ -28,12 +34,6 @@ void RecallNotices::Register() {
   Add("picWPOpen", picWPOpen);
   Add("lblWPPreview", lblWPPreview);
   Add("txWPPreview", txWPPreview);
-  Add("chkReturnAddress", chkReturnAddress);
-  Add("optReturnAddressPractice", optReturnAddressPractice);
-  Add("optReturnAddressLocation", optReturnAddressLocation);
-  Add("optReturnAddressProvider", optReturnAddressProvider);
-  Add("lblReturnAddress", lblReturnAddress);
-  Add("optLabelFormat", optLabelFormat);
   RegisterFields();
   lblSendMethod.Caption = "Send b&y";
   picSendMethod.Heading = &lblSendMethod;
@@ -75,9 +75,9 @@ void RecallNotices::Register() {
 }
 
 void RecallNotices::RegisterFields() {
-  for (forms::Control* field : std::initializer_list<forms::Control*>{&txtLetter, &txtPostCard, &txtMessage, &txtEMail,
-                                                                      &txtVoice, &txtVoiceSpanish}) {
-    field->Heading = &lblNotice;
+  const auto fields = Fields();
+  for (std::size_t field = 0; field < fields.size(); ++field) {
+    fields.at(field)->Heading = &lblNotice.at(field);
   }
   txtLetter.ReadOnly = true;
   for (forms::TextBox* plain : {&txtMessage, &txtVoice, &txtVoiceSpanish}) {

@@ -1,5 +1,6 @@
 #include "views/form_window.h"
 
+#include <wx/bookctrl.h>
 #include <wx/display.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
@@ -74,10 +75,13 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
   }
 }
 
-// What scrolls takes no part in the layout around it, so it lays out by itself.
-void LayOutScrolled(wxWindow& parent) {
+// What scrolls, and a page of a notebook, takes no part in the layout around it, so that it lays out by itself.
+void LayOutApart(wxWindow& parent) {
   for (wxWindow* child : parent.GetChildren()) {
-    LayOutScrolled(*child);
+    if (auto* book = dynamic_cast<wxBookCtrlBase*>(child); book != nullptr && book->GetCurrentPage() != nullptr) {
+      book->GetCurrentPage()->Layout();
+    }
+    LayOutApart(*child);
     if (auto* scrolled = dynamic_cast<wxScrolledWindow*>(child); scrolled != nullptr && scrolled->IsShownOnScreen()) {
       scrolled->FitInside();
       scrolled->Layout();
@@ -323,7 +327,7 @@ void FormWindow::FitContents() {
     KeepOnDisplay(window_);
   }
   window_.Layout();
-  LayOutScrolled(window_);
+  LayOutApart(window_);
 }
 
 std::optional<std::array<long, 4>> FormWindow::KeptPlace() const {

@@ -63,23 +63,29 @@ wxSizer* Choices(wxWindow* page, RecallNotices& control) {
 
 constexpr int kCharacters = 56;
 
-// One of them is seen; the caption before them leads to it. How high the highest of them is.
+// One of them is seen, with its caption. How high the highest of them is.
 int AddFields(wxWindow* page, RecallNotices& control, wxSizer& column) {
   constexpr int kLines = 6;
-  const auto add = [page, &column](wxWindow* field, int share) {
-    // The page of a notebook is not laid out with the window around it.
-    field->Bind(wxEVT_SHOW, [page](wxShowEvent& event) {
-      event.Skip();
-      page->CallAfter([page] { page->Layout(); });
-    });
+  std::size_t captions = 0;
+  const auto caption = [&] {
+    column.Add(MakeCaption(page, control.lblNotice.at(captions++)),
+               wxSizerFlags().Expand().Border(wxBOTTOM, page->FromDIP(3)));
+  };
+  const auto add = [&column](wxWindow* field, int share) {
     column.Add(field, wxSizerFlags(share).Expand());
     return field->GetBestSize().y;
   };
+  caption();
   add(MakeTextBox(page, control.txtLetter, kCharacters), 0);
+  caption();
   const int highest = add(MakeRichTextBox(page, control.txtPostCard, kCharacters, kLines), 1);
+  caption();
   add(MakeTextBox(page, control.txtMessage, kCharacters, kLines), 1);
+  caption();
   add(MakeRichTextBox(page, control.txtEMail, kCharacters, kLines), 1);
+  caption();
   add(MakeTextBox(page, control.txtVoice, kCharacters, kLines), 1);
+  caption();
   add(MakeTextBox(page, control.txtVoiceSpanish, kCharacters, kLines), 1);
   return highest;
 }
@@ -102,7 +108,6 @@ wxSizer* Sent(wxWindow* page, RecallNotices& control) {
   const int gap = page->FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   const auto heading = wxSizerFlags().Expand().Border(wxBOTTOM, page->FromDIP(3));
-  column->Add(MakeCaption(page, control.lblNotice), heading);
   const int field = AddFields(page, control, *column);
   auto* buttons = new wxBoxSizer(wxHORIZONTAL);
   for (forms::Button* button : {&control.picWPEdit, &control.picWPPreview, &control.picWPOpen}) {
