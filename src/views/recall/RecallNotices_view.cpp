@@ -117,9 +117,10 @@ wxSizer* Sent(wxWindow* page, RecallNotices& control) {
   column->Add(MakeCaption(page, control.lblWPPreview), heading);
   wxWindow* preview = MakePreview(page, control.txWPPreview);
   column->Add(preview, wxSizerFlags(1).Expand());
-  // About as high for every method, so that the window does not jump.
+  // As high for every method, so that the window does not jump.
+  const int edges = page->FromDIP(16);
   const int captions = 2 * (page->GetCharHeight() + page->FromDIP(3));
-  column->SetMinSize(-1, captions + field + buttons->CalcMin().y + 2 * gap + preview->GetBestSize().y);
+  column->SetMinSize(-1, captions + field + buttons->CalcMin().y + 2 * gap + preview->GetBestSize().y + edges);
   return column;
 }
 
