@@ -118,7 +118,8 @@ TEST_P(Screen, KeepsToItsOffice) {
         way, kind,
         [kind](Desk& desk) {
           desk.Session().hear = [kind](const std::string& sql) {
-            EXPECT_EQ(Has(sql, "OfficeID"), kind == session::kOfficeScoped) << sql;
+            const bool asks_of_the_database = Has(sql, "from INFORMATION_SCHEMA");  // which no office owns
+            EXPECT_TRUE(asks_of_the_database || Has(sql, "OfficeID") == (kind == session::kOfficeScoped)) << sql;
           };
         },
         [](Desk&, Form&, const std::string&) {},

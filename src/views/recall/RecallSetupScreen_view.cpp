@@ -29,11 +29,11 @@ void PeriodRow(FieldGroup& group, forms::Label& caption, forms::TextBox& number,
   group.Row(heading, {field, units, rest});
 }
 
-// A label of two lines, whatever stands there when it is made.
+// A label of two lines, whatever stands there when it is made, and of four in large letters.
 wxWindow* MakeText(wxWindow* parent, forms::Label& label) {
   constexpr int kWidth = 340;
   wxStaticText* text = MakeWrapped(parent, label, parent->FromDIP(kWidth));
-  text->SetMinSize({parent->FromDIP(kWidth), 3 * parent->GetCharHeight()});
+  text->SetMinSize({parent->FromDIP(kWidth), 4 * parent->GetCharHeight()});
   return text;
 }
 
