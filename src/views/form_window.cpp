@@ -76,16 +76,17 @@ std::optional<forms::Key> KeyOf(const wxKeyEvent& event) {
 }
 
 // What scrolls, and a page of a notebook, takes no part in the layout around it, so that it lays out by itself.
-void LayOutApart(wxWindow& parent) {
-  for (wxWindow* child : parent.GetChildren()) {
-    if (auto* book = dynamic_cast<wxBookCtrlBase*>(child); book != nullptr && book->GetCurrentPage() != nullptr) {
-      book->GetCurrentPage()->Layout();
-    }
+void LayOutApart(wxWindow& part) {
+  const auto* book = dynamic_cast<wxBookCtrlBase*>(&part);
+  if (wxWindow* page = book == nullptr ? nullptr : book->GetCurrentPage(); page != nullptr) {
+    page->Layout();
+  }
+  for (wxWindow* child : part.GetChildren()) {
     LayOutApart(*child);
-    if (auto* scrolled = dynamic_cast<wxScrolledWindow*>(child); scrolled != nullptr && scrolled->IsShownOnScreen()) {
-      scrolled->FitInside();
-      scrolled->Layout();
-    }
+  }
+  if (auto* scrolled = dynamic_cast<wxScrolledWindow*>(&part); scrolled != nullptr && scrolled->IsShownOnScreen()) {
+    scrolled->FitInside();
+    scrolled->Layout();
   }
 }
 

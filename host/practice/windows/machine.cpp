@@ -107,8 +107,8 @@ bool StartProcess(const std::vector<std::string>& words) {
 
 bool OpenLetter(const std::string& file) {
   constexpr std::intptr_t kMostErrors = 32;
-  const HINSTANCE opened = ShellExecuteW(nullptr, L"open", ToWide(file).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-  return reinterpret_cast<std::intptr_t>(opened) > kMostErrors;
+  return reinterpret_cast<std::intptr_t>(
+             ShellExecuteW(nullptr, L"open", ToWide(file).c_str(), nullptr, nullptr, SW_SHOWNORMAL)) > kMostErrors;
 }
 
 std::string_view FileManager() {
