@@ -215,12 +215,6 @@ void TellAlreadyOpen(forms::User& user, const forms::Form& open) {
             std::string(forms::kSuiteTitle), forms::Icon::Information);
 }
 
-void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what) {
-  user.Tell("The screen for " + std::string(what) + " (" + std::string(form) +
-                ") is not part of this version yet. Nothing was changed.",
-            std::string(forms::kSuiteTitle), forms::Icon::Information);
-}
-
 std::unique_ptr<session::Screens> MakeScreens(session::Session& session, forms::User& user) {
   return std::make_unique<ComponentScreens>(session, user);
 }

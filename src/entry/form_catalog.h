@@ -27,9 +27,6 @@ session::Outcome EditRecord(const session::ScreenContext& context, const session
 // Asks to close the screen that is open first.
 void TellAlreadyOpen(forms::User& user, const forms::Form& open);
 
-// Says that a screen of the suite is not part of this version.
-void TellNotBuilt(forms::User& user, std::string_view form, std::string_view what);
-
 // The screens as they reach one another, for a host that opens forms by name.
 std::unique_ptr<session::Screens> MakeScreens(session::Session& session, forms::User& user);
 
