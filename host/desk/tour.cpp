@@ -17,6 +17,7 @@
 #include <wx/uiaction.h>
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "desk/developer_console.h"
@@ -35,24 +36,41 @@
 namespace host {
 namespace {
 
-// Lets the events run until the window has been painted as it now is: what waited for the first painting may change it.
+// Where all of a window's parts are.
+std::vector<wxRect> PlacesIn(const wxWindow& window) {
+  std::vector<wxRect> places{window.GetScreenRect()};
+  for (const wxWindow* child : window.GetChildren()) {
+    if (child->IsShown() && !child->IsTopLevel()) {
+      std::ranges::copy(PlacesIn(*child), std::back_inserter(places));
+    }
+  }
+  return places;
+}
+
+// Lets the events run until one painting of the window is like the one before: what waited for a painting may change
+// it, and the toolkit gives new sizes from page to page within, a painting each.
 void Settle(wxWindow& window) {
   constexpr long kPatience = 5000;  // milliseconds
-  constexpr int kPaintings = 2;
-  int paintings = 0;
-  const auto on_paint = [&paintings](wxPaintEvent& event) {
-    ++paintings;
+  constexpr int kAlike = 3;
+  bool painted = false;
+  const auto on_paint = [&painted](wxPaintEvent& event) {
+    painted = true;
     event.Skip();
   };
   window.Bind(wxEVT_PAINT, on_paint);
   const wxStopWatch watch;
-  for (int wanted = 1; wanted <= kPaintings; ++wanted) {
+  std::vector<wxRect> before;
+  for (int alike = 0; alike < kAlike && watch.Time() < kPatience;) {
+    painted = false;
     window.Refresh();
-    while (paintings < wanted && watch.Time() < kPatience) {
+    while (!painted && watch.Time() < kPatience) {
       wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
       wxMilliSleep(5);
     }
     wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+    std::vector<wxRect> now = PlacesIn(window);
+    alike = now == before ? alike + 1 : 1;
+    before = std::move(now);
   }
   window.Unbind(wxEVT_PAINT, on_paint);
 }
