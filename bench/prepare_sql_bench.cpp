@@ -9,7 +9,7 @@
 
 #include "bare.h"
 #include "data/statements.h"
-#include "database/prepare_sql.h"
+#include "database/dialect/prepare_sql.h"
 #include "lookup/list_catalogue.h"
 #include "recording.h"
 

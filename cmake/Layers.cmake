@@ -4,16 +4,21 @@
 #   add_layer(data SEES session)              src/data, including <data/...>, <session/...>, <forms/...>
 #   add_layer(host_database FOLDER host/database ...)
 #
+# PARTS names folders within its folder whose sources belong to it too.
 # PLAIN keeps toolkits, platforms and engines out: their headers, where the system's include path would offer them,
 # are shadowed by ones that refuse to compile. The standard library's headers are precompiled once, by the first layer;
 # HEADERS names a file of further ones to precompile with them, HEADERS_OF the layer that did so: what sees the toolkit uses
 # the one of views, as the toolkit brings flags of its own.
 function(add_layer name)
-  cmake_parse_arguments(ARG "PLAIN" "FOLDER;HEADERS;HEADERS_OF" "SEES;USES" ${ARGN})
+  cmake_parse_arguments(ARG "PLAIN" "FOLDER;HEADERS;HEADERS_OF" "SEES;USES;PARTS" ${ARGN})
   if(NOT ARG_FOLDER)
     set(ARG_FOLDER src/${name})
   endif()
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${ARG_FOLDER}/*.cpp)
+  foreach(part ${ARG_PARTS})
+    file(GLOB part_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${ARG_FOLDER}/${part}/*.cpp)
+    list(APPEND sources ${part_sources})
+  endforeach()
   get_filename_component(folder_name ${ARG_FOLDER} NAME)
   set(window ${PROJECT_BINARY_DIR}/layers/${name})
   file(MAKE_DIRECTORY ${window})

@@ -1,40 +1,36 @@
 #include "database/database.h"
 
-#include "database/file_path.h"
-#include "database/prepare_sql.h"
-#include "database/sqlite_connection.h"
+#include <array>
+
+#include "database/engine.h"
+#include "database/migration.h"
+#include "database/sqlite/sqlite_engine.h"
 
 namespace host {
 namespace {
 
-constexpr std::string_view kSqlite = "sqlite:";
-
-std::string SqlitePath(const std::string& url) {
-  if (url.starts_with(kSqlite) && url.size() > kSqlite.size()) {
-    return url.substr(kSqlite.size());
+const Engine& EngineOf(const std::string& url) {
+  static const SqliteEngine sqlite;
+  struct Known {
+    std::string_view name;
+    const Engine* engine;
+  };
+  static const std::array engines = {Known{"sqlite", &sqlite}, Known{"postgresql", nullptr}, Known{"odbc", nullptr}};
+  const std::size_t colon = url.find(':');
+  for (const auto& [name, engine] : engines) {
+    if (colon == std::string::npos || url.substr(0, colon) != name) {
+      continue;
+    }
+    if (engine == nullptr) {
+      throw session::DatabaseError("Databases of the engine \"" + std::string(name) + "\" are not built in yet.", {},
+                                   0);
+    }
+    if (colon + 1 < url.size()) {
+      return *engine;
+    }
   }
-  const std::string engine = url.substr(0, url.find(':'));
-  const bool known = engine == "postgresql" || engine == "odbc";
-  throw session::DatabaseError(known ? "Databases of the engine \"" + engine + "\" are not built in yet."
-                                     : "\"" + url + "\" is no database URL: sqlite:PATH is expected.",
-                               {}, 0);
-}
-
-// The locks stand in a file of their own beside the practice's, so that none waits for a save, nor a save for it. In
-// one that can only be read nobody holds anything against others.
-PracticeDatabase Sqlite(const std::string& path, std::unique_ptr<SqliteConnection> connection,
-                        const CreationOptions& options) {
-  const bool alone = path == kMemory || connection->ReadOnly();
-  auto locks = std::make_unique<SqliteConnection>(alone ? std::string(kMemory) : path + "-locks", OpenMode::Passing,
-                                                  AccessOf(path));
-  auto* opened = connection.get();
-  return {std::move(connection),
-          PrepareSqlite,
-          options,
-          [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
-          std::move(locks),
-          !alone,
-          AccessOf(path)};
+  throw session::DatabaseError(
+      "\"" + url + "\" is no database URL: sqlite:PATH, postgresql://... or odbc:... is expected.", {}, 0);
 }
 
 }  // namespace
@@ -48,37 +44,23 @@ bool PracticeDatabase::KeepsRowGuids(std::string_view table) const {
 }
 
 PracticeDatabase OpenNewDatabase(const std::string& url, const CreationOptions& options) {
-  const std::string path = SqlitePath(url);
-  const Access access = options.group ? Access::Group : AccessOf(path);
-  return Sqlite(path, std::make_unique<SqliteConnection>(path, OpenMode::OrNew, access), options);
+  return EngineOf(url).OpenNew(url, options);
 }
 
 PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options) {
   PracticeDatabase database = OpenNewDatabase(url, options);
   session::Transaction transaction(*database.connection);
-  CreateSchema(*database.connection, options);
+  CreateSchema(*database.connection, *database.schema, options);
   transaction.Commit();
   return database;
 }
 
 PracticeDatabase OpenDatabase(const std::string& url) {
-  const std::string path = SqlitePath(url);
-  auto connection = std::make_unique<SqliteConnection>(path, OpenMode::Existing, AccessOf(path));
-  try {
-    const CreationOptions options = MigrateSchema(*connection);
-    return Sqlite(path, std::move(connection), options);
-  } catch (const session::DatabaseError& error) {
-    throw CannotBeOpened(path, error.what(), error.Code());
-  }
+  return EngineOf(url).Open(url);
 }
 
 bool IsVacant(const std::string& url) {
-  const std::string path = SqlitePath(url);
-  if (!std::filesystem::exists(FilePath(path))) {
-    return true;
-  }
-  SqliteConnection connection(path, OpenMode::Existing, AccessOf(path));
-  return IsEmpty(connection);
+  return EngineOf(url).IsVacant(url);
 }
 
 }  // namespace host

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "database/change_author.h"
-#include "database/migration.h"
 #include "database/private_files.h"
+#include "database/schema_writer.h"
 #include "session/connection.h"
 
 namespace host {
@@ -17,11 +17,19 @@ struct PracticeDatabase {
   std::unique_ptr<session::Connection> connection;
   // The screens' dialect as the engine reads it.
   std::string (*prepare)(std::string_view statement) = nullptr;
+  const SchemaWriter* schema = nullptr;
   CreationOptions options;
   // Whose the changes are from now on, for the change log; nullptr for nobody's.
   std::function<void(const ChangeAuthor* author)> write_as;
+  // The office that the statements from now on work in, for an engine that keeps the offices apart itself; empty for
+  // others.
+  std::function<void(int office)> enter_office = {};
   // Where its programs write down the records that they hold: quick, and worth nothing after the machine has stopped.
+  // Null for an engine that holds records itself.
   std::unique_ptr<session::Connection> locks;
+  // Of an engine that holds records itself: a further connection to the same database, which the server knows by a
+  // name.
+  std::function<std::unique_ptr<session::Connection>(const std::string& name)> connect = {};
   // Other programs may have it open too.
   bool shared = false;
   // Who may open its file, and what else belongs to the practice.
@@ -34,8 +42,8 @@ struct PracticeDatabase {
   bool KeepsRowGuids(std::string_view table) const;
 };
 
-// The database at a URL: "sqlite:PATH", or "sqlite::memory:", which lives as long as it is open. All throw
-// session::DatabaseError, for an engine that is not built in too.
+// The database at a URL: "sqlite:PATH", "postgresql://...", "odbc:CONNECTION-STRING". All throw
+// session::DatabaseError, for an engine that there is not too.
 //
 // Makes a new one; there must be none.
 PracticeDatabase CreateDatabase(const std::string& url, const CreationOptions& options = {});

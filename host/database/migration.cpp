@@ -1,11 +1,12 @@
 #include "database/migration.h"
 
-#include "database/sqlite_ddl.h"
+#include <algorithm>
+#include <functional>
+
+#include "forms/text.h"
 
 namespace host {
 namespace {
-
-constexpr std::string_view kTables = "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite_%'";
 
 [[noreturn]] void Refuse(const std::string& why) {
   throw session::DatabaseError(why, {}, 0);
@@ -15,12 +16,9 @@ constexpr std::string_view kTables = "SELECT name FROM sqlite_schema WHERE type=
   Refuse("This database holds no practice.");
 }
 
-void MakeTable(session::Connection& connection, const Table& table, const CreationOptions& options, int version) {
-  connection.Execute(sqlite::CreateTable(table, options, version));
-  connection.Execute(sqlite::CreateKeyIndex(table));
-  connection.Execute("INSERT INTO IdentityTable (TableName, LastID) VALUES ('" + std::string(table.name) + "', 0)");
-  for (const std::string& trigger : sqlite::KeyTriggers(table)) {
-    connection.Execute(trigger);
+void RunAll(session::Connection& connection, const std::vector<std::string>& statements) {
+  for (const std::string& statement : statements) {
+    connection.Execute(statement);
   }
 }
 
@@ -34,25 +32,20 @@ void FillColumns(session::Connection& connection, const Table& table, const std:
   }
 }
 
-// Until version 4 the record locks stood in the practice itself.
-void DropRecordLocks(session::Connection& connection) {
-  connection.Execute("DROP TABLE IF EXISTS RecordLockTable");
-  connection.Execute("DELETE FROM IdentityTable WHERE TableName='RecordLockTable'");
-}
-
 // From version 0, which has no tables, to `to`, everything that came in between.
-void Upgrade(session::Connection& connection, const CreationOptions& options, int from, int to) {
+void Upgrade(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options, int from,
+             int to) {
   const auto is_due = [&](int since) { return from < since && since <= to; };
   for (const Table& table : PracticeTables()) {
     if (table.since > to) {
       continue;
     }
     if (is_due(table.since)) {
-      MakeTable(connection, table, options, to);
+      RunAll(connection, writer.CreateTable(table, options, to));
     } else {
       for (const Column& column : table.columns) {
         if (is_due(column.since)) {
-          connection.Execute(sqlite::AddColumn(table, column));
+          RunAll(connection, writer.AddColumn(table, column));
         }
       }
     }
@@ -61,17 +54,22 @@ void Upgrade(session::Connection& connection, const CreationOptions& options, in
     }
     for (const Index& index : table.indexes) {
       if (is_due(std::max(index.since, table.since))) {
-        connection.Execute(sqlite::CreateIndex(table, index));
+        RunAll(connection, writer.CreateIndex(table, index));
       }
     }
   }
   if (is_due(4)) {
-    DropRecordLocks(connection);
+    // Until then the record locks stood in the practice itself.
+    RunAll(connection, writer.DropTable("RecordLockTable"));
   }
 }
 
-int Version(session::Connection& connection) {
-  if (connection.Execute(std::string(kTables) + " AND name='SchemaTable'")->Eof()) {
+int Version(session::Connection& connection, const SchemaWriter& writer) {
+  bool is_practice = false;
+  for (const auto rows = connection.Execute(writer.Tables()); !rows->Eof(); rows->MoveNext()) {
+    is_practice = is_practice || forms::EqualsIgnoringCase(session::ToText(rows->Get(0)), "SchemaTable");
+  }
+  if (!is_practice) {
     RefuseStranger();
   }
   const auto schema = connection.Execute("SELECT SchVersion FROM SchemaTable");
@@ -91,39 +89,40 @@ CreationOptions ReadOptions(session::Connection& connection) {
 
 }  // namespace
 
-bool IsEmpty(session::Connection& connection) {
-  return connection.Execute(std::string(kTables))->Eof();
+bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
+  return connection.Execute(writer.Tables())->Eof();
 }
 
-void CreateSchema(session::Connection& connection, const CreationOptions& options, int version) {
-  if (!IsEmpty(connection)) {
+void CreateSchema(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options,
+                  int version) {
+  if (!IsEmpty(connection, writer)) {
     Refuse("This database is in use already; a practice can only be made in an empty one.");
   }
-  connection.Execute("CREATE TABLE IdentityTable (TableName nvarchar(40) COLLATE NOCASE PRIMARY KEY, LastID int)");
+  RunAll(connection, writer.Ground());
   connection.Execute(
       "CREATE TABLE SchemaTable (SchVersion int, SchKind int, SchOffice int, SchOffices int, SchRowGuids smallint)");
   connection.Execute("INSERT INTO SchemaTable VALUES (" + std::to_string(version) + ", " +
                      std::to_string(options.kind) + ", " + std::to_string(options.office) + ", " +
                      std::to_string(options.offices) + ", " + (options.row_guids ? "1)" : "0)"));
-  Upgrade(connection, options, 0, version);
+  Upgrade(connection, writer, options, 0, version);
 }
 
-CreationOptions MigrateSchema(session::Connection& connection) {
-  if (Version(connection) < kSchemaVersion && connection.ReadOnly()) {
+CreationOptions MigrateSchema(session::Connection& connection, const SchemaWriter& writer) {
+  if (Version(connection, writer) < kSchemaVersion && connection.ReadOnly()) {
     Refuse(
         "It was made by an older version of the program, and is protected against writing, so that it cannot be "
         "brought up to date.");
   }
-  if (Version(connection) != kSchemaVersion) {
+  if (Version(connection, writer) != kSchemaVersion) {
     session::Transaction transaction(connection);
     // Another program may have brought it up to date in the meantime.
-    const int version = Version(connection);
+    const int version = Version(connection, writer);
     if (version > kSchemaVersion) {
       Refuse("This practice database was made by a newer version of the program (its version is " +
              std::to_string(version) + ", this program knows versions up to " + std::to_string(kSchemaVersion) +
              "). Please update the program.");
     }
-    Upgrade(connection, ReadOptions(connection), version, kSchemaVersion);
+    Upgrade(connection, writer, ReadOptions(connection), version, kSchemaVersion);
     connection.Execute("UPDATE SchemaTable SET SchVersion=" + std::to_string(kSchemaVersion));
     transaction.Commit();
   }

@@ -6,6 +6,7 @@
 
 #include "data/literal.h"
 #include "data/statements.h"
+#include "database/migration.h"
 #include "practice/settings.h"
 
 namespace host {
@@ -106,7 +107,7 @@ Practice CreatePractice(const std::string& url, const PracticeOptions& options,
     offices.insert(office);
   }
   session::Transaction transaction(*practice.database_.connection);
-  CreateSchema(*practice.database_.connection, options);
+  CreateSchema(*practice.database_.connection, *practice.database_.schema, options);
   for (const std::int32_t office : offices) {
     FillOffice(practice, office);
   }

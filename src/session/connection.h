@@ -15,12 +15,14 @@ namespace session {
 // holds.
 class DatabaseError : public std::runtime_error {
  public:
-  // Who refused it: the engine, or before it the session's `PrepareSQL`.
-  enum class Origin { Engine, Translation };
+  // Who refused it: the engine, or before it the session's `PrepareSQL`; or the connection was lost, and is made again
+  // by the next statement where that can be.
+  enum class Origin { Engine, Translation, Connection };
 
   DatabaseError(const std::string& what, std::string_view statement, int code, Origin origin = Origin::Engine);
 
   const std::string& Statement() const { return statement_; }
+  bool ConnectionLost() const { return origin_ == Origin::Connection; }
   // The engine's own number.
   int Code() const { return code_; }
   // As a person is told: what was being done, why it failed, and the statement's first words; why alone where no

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "database/sqlite_connection.h"
+#include "database/sqlite/sqlite_connection.h"
 #include "support/practice_host.h"
 
 // Every way in to every screen of the catalogue. A screen that edits a known kind of record, or that one of the

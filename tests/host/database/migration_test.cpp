@@ -4,7 +4,8 @@
 #include <set>
 
 #include "database/database.h"
-#include "database/sqlite_connection.h"
+#include "database/sqlite/sqlite_connection.h"
+#include "database/sqlite/sqlite_schema.h"
 #include "forms/text.h"
 
 namespace host {
@@ -12,6 +13,8 @@ namespace {
 
 using session::DatabaseError;
 using session::ToId;
+
+const SqliteSchema kSchema;
 
 // Indexes and triggers, and the columns of tables, in whichever order.
 std::set<std::string> Objects(session::Connection& connection) {
@@ -29,52 +32,52 @@ std::set<std::string> Objects(session::Connection& connection) {
 TEST(Migration, OlderDatabaseBecomesLikeANewOne) {
   SqliteConnection old(":memory:");
   const CreationOptions options{.kind = 7, .office = 3, .offices = 4, .row_guids = true};
-  CreateSchema(old, options, 1);
+  CreateSchema(old, kSchema, options, 1);
   old.Execute("INSERT INTO ZipCodTable (ZipCodCit) VALUES ('Boston')");
   old.Execute("INSERT INTO PWMTable (PWMUseNam) VALUES ('ann'), ('bob'), ('ANN')");
   old.Execute("CREATE TABLE RecordLockTable (RLID int)");
   EXPECT_THROW(old.Execute("SELECT * FROM PickListTable"), DatabaseError);
-  const CreationOptions kept = MigrateSchema(old);
+  const CreationOptions kept = MigrateSchema(old, kSchema);
   EXPECT_EQ(kept.kind, 7);
   EXPECT_EQ(kept.offices, 4);
   EXPECT_TRUE(kept.row_guids);
   EXPECT_EQ(ToId(old.Execute("SELECT OfficeID FROM ZipCodTable WHERE ZipCodID=1")->Get(0)), 3);
   EXPECT_EQ(ToId(old.Execute("SELECT PWMNamesake FROM PWMTable WHERE PWMID=3")->Get(0)), 1);
   SqliteConnection fresh(":memory:");
-  CreateSchema(fresh, options);
+  CreateSchema(fresh, kSchema, options);
   EXPECT_EQ(Objects(old), Objects(fresh));
-  MigrateSchema(old);
+  MigrateSchema(old, kSchema);
   EXPECT_EQ(Objects(old), Objects(fresh));
 }
 
 TEST(Migration, FailingHalfwayLeavesTheOldVersion) {
   SqliteConnection old(":memory:");
-  CreateSchema(old, {}, 1);
+  CreateSchema(old, kSchema, {}, 1);
   old.Execute("CREATE TABLE PickListTable (stranger int)");
   const auto before = Objects(old);
-  EXPECT_THROW(MigrateSchema(old), DatabaseError);
+  EXPECT_THROW(MigrateSchema(old, kSchema), DatabaseError);
   EXPECT_EQ(Objects(old), before);
   EXPECT_EQ(ToId(old.Execute("SELECT SchVersion FROM SchemaTable")->Get(0)), 1);
 }
 
 TEST(Migration, NewerAndStrangeDatabasesAreRefused) {
   SqliteConnection newer(":memory:");
-  CreateSchema(newer, {});
-  EXPECT_THROW(CreateSchema(newer, {}), DatabaseError);
+  CreateSchema(newer, kSchema, {});
+  EXPECT_THROW(CreateSchema(newer, kSchema, {}), DatabaseError);
   newer.Execute("UPDATE SchemaTable SET SchVersion=99");
   try {
-    MigrateSchema(newer);
+    MigrateSchema(newer, kSchema);
     FAIL();
   } catch (const DatabaseError& error) {
     EXPECT_THAT(error.what(), testing::HasSubstr("newer version"));
   }
   SqliteConnection strange(":memory:");
   strange.Execute("CREATE TABLE Songs (title)");
-  EXPECT_THROW(MigrateSchema(strange), DatabaseError);
+  EXPECT_THROW(MigrateSchema(strange, kSchema), DatabaseError);
   SqliteConnection unfinished(":memory:");
-  CreateSchema(unfinished, {});
+  CreateSchema(unfinished, kSchema, {});
   unfinished.Execute("DELETE FROM SchemaTable");
-  EXPECT_THROW(MigrateSchema(unfinished), DatabaseError);
+  EXPECT_THROW(MigrateSchema(unfinished, kSchema), DatabaseError);
 }
 
 TEST(Schema, NamesAreUnambiguous) {

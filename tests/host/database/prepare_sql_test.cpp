@@ -1,4 +1,4 @@
-#include "database/prepare_sql.h"
+#include "database/dialect/prepare_sql.h"
 
 #include "database/database.h"
 

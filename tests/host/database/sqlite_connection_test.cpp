@@ -1,4 +1,4 @@
-#include "database/sqlite_connection.h"
+#include "database/sqlite/sqlite_connection.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "database/folded_text.h"
+#include "database/dialect/folded_text.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "database/sqlite_change_log.h"
+#include "database/sqlite/sqlite_change_log.h"
 
 #include "database/schema.h"
 

@@ -1,6 +1,9 @@
-#include "database/sqlite_ddl.h"
+#include "database/sqlite/sqlite_schema.h"
 
-namespace host::sqlite {
+#include <algorithm>
+#include <iterator>
+
+namespace host {
 namespace {
 
 // A random GUID as `session::ToText` writes it.
@@ -61,9 +64,7 @@ Key KeyOf(const Index& index) {
   return {columns, {}};
 }
 
-}  // namespace
-
-std::string CreateTable(const Table& table, const CreationOptions& options, int version) {
+std::string TableOf(const Table& table, const CreationOptions& options, int version) {
   std::string text = "CREATE TABLE " + std::string(table.name) + " (";
   for (const Column& column : table.columns) {
     if (column.since <= version) {
@@ -77,11 +78,7 @@ std::string CreateTable(const Table& table, const CreationOptions& options, int 
   return text + ")";
 }
 
-std::string AddColumn(const Table& table, const Column& column) {
-  return "ALTER TABLE " + std::string(table.name) + " ADD COLUMN " + Definition(column);
-}
-
-std::string CreateIndex(const Table& table, const Index& index) {
+std::string IndexOf(const Table& table, const Index& index) {
   std::string name = std::string(table.name) + "_";
   for (const char c : index.columns) {
     if (c != ' ') {
@@ -98,10 +95,7 @@ std::string CreateIndex(const Table& table, const Index& index) {
   return text;
 }
 
-std::string CreateKeyIndex(const Table& table) {
-  return CreateIndex(table, {.columns = table.key, .unique = true});
-}
-
+// Hands out a key to a row that has none, and takes note of the keys that rows bring along.
 std::vector<std::string> KeyTriggers(const Table& table) {
   const std::string name(table.name);
   const std::string key(table.key);
@@ -116,4 +110,37 @@ std::vector<std::string> KeyTriggers(const Table& table) {
   };
 }
 
-}  // namespace host::sqlite
+}  // namespace
+
+std::string SqliteSchema::Tables() const {
+  return "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite_%'";
+}
+
+std::vector<std::string> SqliteSchema::Ground() const {
+  return {"CREATE TABLE IdentityTable (TableName nvarchar(40) COLLATE NOCASE PRIMARY KEY, LastID int)"};
+}
+
+std::vector<std::string> SqliteSchema::CreateTable(const Table& table, const CreationOptions& options,
+                                                   int version) const {
+  // Keys are unique within an office.
+  std::vector<std::string> statements{
+      TableOf(table, options, version), IndexOf(table, {.columns = table.key, .unique = true}),
+      "INSERT INTO IdentityTable (TableName, LastID) VALUES ('" + std::string(table.name) + "', 0)"};
+  std::ranges::move(KeyTriggers(table), std::back_inserter(statements));
+  return statements;
+}
+
+std::vector<std::string> SqliteSchema::AddColumn(const Table& table, const Column& column) const {
+  return {"ALTER TABLE " + std::string(table.name) + " ADD COLUMN " + Definition(column)};
+}
+
+std::vector<std::string> SqliteSchema::CreateIndex(const Table& table, const Index& index) const {
+  return {IndexOf(table, index)};
+}
+
+std::vector<std::string> SqliteSchema::DropTable(std::string_view table) const {
+  const std::string name(table);
+  return {"DROP TABLE IF EXISTS " + name, "DELETE FROM IdentityTable WHERE TableName='" + name + "'"};
+}
+
+}  // namespace host

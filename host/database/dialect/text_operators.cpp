@@ -1,10 +1,10 @@
-#include "database/text_operators.h"
+#include "database/dialect/text_operators.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 
-#include "database/folded_text.h"
+#include "database/dialect/folded_text.h"
 #include "database/schema.h"
 
 namespace host::sql {

@@ -1,4 +1,4 @@
-#include "database/sqlite_recordset.h"
+#include "database/sqlite/sqlite_recordset.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,10 +1,10 @@
-#include "database/sql_tokens.h"
+#include "database/dialect/sql_tokens.h"
 
 #include <algorithm>
 #include <cctype>
 #include <iterator>
 
-#include "database/date_literal.h"
+#include "database/dialect/date_literal.h"
 
 namespace host::sql {
 namespace {

@@ -1,4 +1,4 @@
-#include "database/date_literal.h"
+#include "database/dialect/date_literal.h"
 
 #include <array>
 #include <charconv>

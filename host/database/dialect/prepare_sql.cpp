@@ -1,13 +1,13 @@
-#include "database/prepare_sql.h"
+#include "database/dialect/prepare_sql.h"
 
 #include <sqlite3.h>
 
 #include <map>
 
-#include "database/found_order.h"
-#include "database/sql_tokens.h"
-#include "database/statement_forms.h"
-#include "database/text_operators.h"
+#include "database/dialect/found_order.h"
+#include "database/dialect/sql_tokens.h"
+#include "database/dialect/statement_forms.h"
+#include "database/dialect/text_operators.h"
 #include "forms/text.h"
 #include "session/connection.h"
 #include "session/value.h"

@@ -1,9 +1,9 @@
-#include "database/sqlite_handle.h"
+#include "database/sqlite/sqlite_handle.h"
 
 #include <cerrno>
 #include <utility>
 
-#include "database/folded_text.h"
+#include "database/dialect/folded_text.h"
 #include "database/schema.h"
 
 namespace host {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/sql_tokens.h"
+#include "database/dialect/sql_tokens.h"
 
 // The dialect's clauses and statements that SQLite writes otherwise. Each works on one statement and leaves one that
 // it does not understand as it is.

@@ -1,4 +1,4 @@
-#include "database/statement_forms.h"
+#include "database/dialect/statement_forms.h"
 
 #include <algorithm>
 #include <array>

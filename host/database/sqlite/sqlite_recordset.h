@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/sqlite_handle.h"
+#include "database/sqlite/sqlite_handle.h"
 #include "session/connection.h"
 
 namespace host {

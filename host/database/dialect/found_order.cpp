@@ -1,4 +1,4 @@
-#include "database/found_order.h"
+#include "database/dialect/found_order.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/sql_tokens.h"
+#include "database/dialect/sql_tokens.h"
 
 namespace host::sql {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/change_author.h"
-#include "database/sqlite_handle.h"
+#include "database/sqlite/sqlite_handle.h"
 
 namespace host {
 

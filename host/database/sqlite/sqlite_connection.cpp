@@ -1,11 +1,11 @@
-#include "database/sqlite_connection.h"
+#include "database/sqlite/sqlite_connection.h"
 
 #include <filesystem>
 
 #include "database/file_path.h"
-#include "database/sqlite_change_log.h"
-#include "database/sqlite_handle.h"
-#include "database/sqlite_recordset.h"
+#include "database/sqlite/sqlite_change_log.h"
+#include "database/sqlite/sqlite_handle.h"
+#include "database/sqlite/sqlite_recordset.h"
 #include "forms/text.h"
 
 namespace host {

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "database/database.h"
+
+namespace host {
+
+// A kind of databases, behind the URLs that begin with its name. All throw session::DatabaseError.
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  // Opens a database without tables, for `CreateSchema`; a file that is not there is made.
+  virtual PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const = 0;
+  // Opens a practice, and brings an older one up to date.
+  virtual PracticeDatabase Open(const std::string& url) const = 0;
+  // Whether a practice can be made there: there is nothing, or a database without tables.
+  virtual bool IsVacant(const std::string& url) const = 0;
+};
+
+}  // namespace host

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/schema.h"
+
+namespace host {
+
+// What a practice database is made with and keeps for good.
+struct CreationOptions {
+  int kind = 1;            // the database kind that the session reports
+  int office = 1;          // the office of rows that are inserted without one
+  int offices = 1;         // offices 1 to this are set up
+  bool row_guids = false;  // link and master tables carry `UniqueID`
+  bool group = false;      // the group of its files may work in it too; the files' mode keeps it
+};
+
+// How an engine writes down the schema. Statements are the engine's own.
+class SchemaWriter {
+ public:
+  virtual ~SchemaWriter() = default;
+
+  // A select of the practice's tables, by the column `name`.
+  virtual std::string Tables() const = 0;
+  // What comes before the first table of an empty database.
+  virtual std::vector<std::string> Ground() const = 0;
+  // A table as it was in `version`, with its key and what hands the keys out.
+  virtual std::vector<std::string> CreateTable(const Table& table, const CreationOptions& options,
+                                               int version) const = 0;
+  virtual std::vector<std::string> AddColumn(const Table& table, const Column& column) const = 0;
+  virtual std::vector<std::string> CreateIndex(const Table& table, const Index& index) const = 0;
+  virtual std::vector<std::string> DropTable(std::string_view table) const = 0;
+};
+
+}  // namespace host
