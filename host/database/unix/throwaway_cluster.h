@@ -1,0 +1,57 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+// A PostgreSQL server for tests: as the superuser "practice" over a socket that this user alone can reach, its
+// databases worth nothing after a crash. Throws std::runtime_error in one line, also where PostgreSQL is not installed.
+class ThrowawayCluster {
+ public:
+  // The one that the environment variable PRACTICE_POSTGRES names by its URL, or else one of its own, which ends with
+  // this object or, when it is killed, with the thread that made it.
+  ThrowawayCluster();
+  // One of its own in any case.
+  struct Own {};
+  explicit ThrowawayCluster(Own own);
+  ThrowawayCluster(const ThrowawayCluster&) = delete;
+  ThrowawayCluster& operator=(const ThrowawayCluster&) = delete;
+  // Drops what it has made. A copy of this process by fork does nothing.
+  ~ThrowawayCluster();
+
+  // The URL of one of its databases.
+  std::string Url(std::string_view database) const;
+  // Makes a database, without tables or as a copy of one that nobody is connected to. Its name: the stem, which is
+  // made of lower-case letters, digits and underscores, and what tells it from those of other processes.
+  std::string MakeDatabase(std::string_view stem, std::string_view copy_of = {});
+  // Ends its connections, too.
+  void DropDatabase(const std::string& name);
+  // Stops the server at once and starts it again, as after a crash; one of its own only.
+  void Restart();
+  // Runs a statement in a database, the superuser's "postgres" by default, for what no practice's connection does.
+  void Run(const std::string& statement, std::string_view database = "postgres") const;
+
+ private:
+  void MakeFolder();
+  void Start();
+  void Stop();
+
+  pid_t owner_;
+  std::string url_;  // without its path, with "*" in its place
+  std::set<std::string> databases_;
+  int made_ = 0;
+  // Of one of its own.
+  std::filesystem::path folder_;
+  int lock_ = -1;
+  pid_t server_ = 0;
+};
+
+// This process's, started when it is first asked for.
+ThrowawayCluster& SharedCluster();
+
+}  // namespace host
