@@ -62,6 +62,13 @@ void Upgrade(session::Connection& connection, const SchemaWriter& writer, const 
     // Until then the record locks stood in the practice itself.
     RunAll(connection, writer.DropTable("RecordLockTable"));
   }
+  if (FindTable(kChangeLog)->since <= to) {
+    for (const Table& table : PracticeTables()) {
+      if (table.logged && table.since <= to) {
+        RunAll(connection, writer.LogChanges(table, to));
+      }
+    }
+  }
 }
 
 int Version(session::Connection& connection, const SchemaWriter& writer) {

@@ -17,6 +17,10 @@ struct CreationOptions {
   bool group = false;      // the group of its files may work in it too; the files' mode keeps it
 };
 
+// What an index holds beside values of columns; statements that search by phone write the same. Empty for values.
+std::string IndexedExpression(const Index& index);
+std::string IndexName(const Table& table, const Index& index);
+
 // How an engine writes down the schema. Statements are the engine's own.
 class SchemaWriter {
  public:
@@ -32,6 +36,9 @@ class SchemaWriter {
   virtual std::vector<std::string> AddColumn(const Table& table, const Column& column) const = 0;
   virtual std::vector<std::string> CreateIndex(const Table& table, const Index& index) const = 0;
   virtual std::vector<std::string> DropTable(std::string_view table) const = 0;
+  // Has the database itself put down what is written to a table that is `logged`, as the table is in `version`; none
+  // where each connection sees to that. Replaces what is there.
+  virtual std::vector<std::string> LogChanges(const Table& /*table*/, int /*version*/) const { return {}; }
 };
 
 }  // namespace host

@@ -41,29 +41,6 @@ std::string Definition(const Column& column) {
   return text;
 }
 
-struct Key {
-  std::string expression;
-  std::string suffix;  // of the index's name
-};
-
-// Statements that search by phone write the same expressions.
-Key KeyOf(const Index& index) {
-  const std::string columns(index.columns);
-  std::string digits = columns;
-  for (const char separator : std::string_view("()- ./")) {
-    digits = "REPLACE(" + digits + ", '" + separator + "', '')";
-  }
-  switch (index.of) {
-    case Index::Of::PhoneDigits:
-      return {digits, "_digits"};
-    case Index::Of::LocalDigits:
-      return {"SUBSTRING(" + digits + ", 4, 20)", "_local"};
-    case Index::Of::Values:
-      break;
-  }
-  return {columns, {}};
-}
-
 std::string TableOf(const Table& table, const CreationOptions& options, int version) {
   std::string text = "CREATE TABLE " + std::string(table.name) + " (";
   for (const Column& column : table.columns) {
@@ -79,16 +56,11 @@ std::string TableOf(const Table& table, const CreationOptions& options, int vers
 }
 
 std::string IndexOf(const Table& table, const Index& index) {
-  std::string name = std::string(table.name) + "_";
-  for (const char c : index.columns) {
-    if (c != ' ') {
-      name += c == ',' ? '_' : c;
-    }
-  }
-  const Key key = KeyOf(index);
+  const std::string expression = IndexedExpression(index);
   // Statements name the office only where there are several, so it stands last.
-  std::string text = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + name + key.suffix + " ON " +
-                     std::string(table.name) + " (" + key.expression + ", OfficeID)";
+  std::string text = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + IndexName(table, index) +
+                     " ON " + std::string(table.name) + " (" +
+                     (expression.empty() ? std::string(index.columns) : expression) + ", OfficeID)";
   if (!index.where.empty()) {
     text += " WHERE " + std::string(index.where);
   }

@@ -1,0 +1,85 @@
+#include "database/postgres/postgres_ground.h"
+
+#include <array>
+
+#include "database/postgres/postgres_schema.h"
+
+namespace host {
+namespace {
+
+// Other programs find the tables too; only the database's owner can say so.
+std::string SetSearchPath() {
+  return "DO $$ BEGIN IF (SELECT pg_has_role(datdba, 'MEMBER') FROM pg_database WHERE datname = current_database()) "
+         "THEN EXECUTE format('ALTER DATABASE %I SET search_path = " +
+         std::string(kSearchPath) + "', current_database()); END IF; END $$";
+}
+
+struct TextFunction {
+  std::string_view name;
+  std::string_view arguments;
+  std::string_view meaning;  // the function of plain text
+};
+
+// The bodies are bound to what they call when they are made, whatever the search path of a caller.
+constexpr std::array kTextFunctions = {
+    TextFunction{"joined", "citext, citext", "$1::text OPERATOR(pg_catalog.||) $2::text"},
+    TextFunction{"upper", "citext", "pg_catalog.upper($1::text)"},
+    TextFunction{"lower", "citext", "pg_catalog.lower($1::text)"},
+    TextFunction{"btrim", "citext", "pg_catalog.btrim($1::text)"},
+    TextFunction{"ltrim", "citext", "pg_catalog.ltrim($1::text)"},
+    TextFunction{"rtrim", "citext", "pg_catalog.rtrim($1::text)"},
+    TextFunction{"substring", "citext, int", "pg_catalog.substring($1::text, $2)"},
+    TextFunction{"substring", "citext, int, int", "pg_catalog.substring($1::text, $2, $3)"},
+    TextFunction{"substr", "citext, int", "pg_catalog.substr($1::text, $2)"},
+    TextFunction{"substr", "citext, int, int", "pg_catalog.substr($1::text, $2, $3)"},
+    TextFunction{"left", "citext, int", "pg_catalog.left($1::text, $2)"},
+    TextFunction{"right", "citext, int", "pg_catalog.right($1::text, $2)"},
+    TextFunction{"replace", "citext, citext, citext", "pg_catalog.replace($1::text, $2::text, $3::text)"},
+};
+
+std::string Definition(const TextFunction& function) {
+  return "CREATE FUNCTION practice." + std::string(function.name) + "(" + std::string(function.arguments) +
+         ") RETURNS citext LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE RETURN (" + std::string(function.meaning) +
+         ")::citext";
+}
+
+constexpr std::string_view kIdentity =
+    "CREATE FUNCTION practice.practice_identity() RETURNS int LANGUAGE sql STABLE "
+    "RETURN nullif(pg_catalog.current_setting('practice.identity', true), '')::int";
+
+// For a row whose key is given as null. Arguments of both: the key's column, the sequence.
+constexpr std::string_view kGiveKey =
+    "CREATE FUNCTION practice.give_key() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+    "RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], "
+    "nextval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass))); END $$";
+
+// Behind an insert: the key of the last row is the session's identity, and keys that rows brought along are not handed
+// out again.
+constexpr std::string_view kNoteKeys =
+    "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql AS $$ "
+    "DECLARE highest int; newest int; handed_out bigint; "
+    "BEGIN EXECUTE format('SELECT max(%1$I), (array_agg(%1$I))[count(*)] FROM added', TG_ARGV[0]) "
+    "INTO highest, newest; "
+    "IF newest IS NOT NULL THEN PERFORM set_config('practice.identity', newest::text, false); "
+    "EXECUTE format('SELECT CASE WHEN is_called THEN last_value ELSE last_value - 1 END FROM %I.%I', "
+    "TG_TABLE_SCHEMA, TG_ARGV[1]) INTO handed_out; "
+    "IF highest > handed_out THEN "
+    "PERFORM setval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass, highest); END IF; END IF; "
+    "RETURN NULL; END $$";
+
+}  // namespace
+
+std::vector<std::string> PostgresGround() {
+  std::vector<std::string> statements = {"CREATE SCHEMA IF NOT EXISTS " + std::string(kPracticeSchema),
+                                         "CREATE EXTENSION IF NOT EXISTS citext WITH SCHEMA public", SetSearchPath()};
+  for (const TextFunction& function : kTextFunctions) {
+    statements.push_back(Definition(function));
+  }
+  statements.emplace_back("CREATE OPERATOR practice.|| (LEFTARG=citext, RIGHTARG=citext, FUNCTION=practice.joined)");
+  for (const std::string_view function : {kIdentity, kGiveKey, kNoteKeys}) {
+    statements.emplace_back(function);
+  }
+  return statements;
+}
+
+}  // namespace host
