@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 
+#include "database/schema.h"
 #include "forms/text.h"
 
 namespace host::sql {
@@ -132,8 +133,13 @@ std::string TakeOutput(Tokens& statement) {
   if (output + 3 >= statement.size() || !IsAt(statement, 1, "INTO") || !statement[output + 1].Is("INSERTED")) {
     return {};
   }
-  std::string select =
-      "SELECT " + statement[output + 3].text + " FROM " + statement[2].text + " WHERE rowid=last_insert_rowid()";
+  const Table* table = FindTable(statement[2].text);
+  if (table == nullptr) {
+    return {};
+  }
+  // Of the offices that have a row of this key the last one.
+  std::string select = "SELECT " + statement[output + 3].text + " FROM " + statement[2].text + " WHERE " +
+                       std::string(table->key) + "=identity() ORDER BY rowid DESC LIMIT 1";
   Erase(statement, output, output + 4);
   return select;
 }

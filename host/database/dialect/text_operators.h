@@ -13,8 +13,8 @@ void JoinTexts(Tokens& statement);
 // with letters beyond ASCII goes to match(). A plain pattern stays, and with it the use of an index.
 void TranslatePatterns(Tokens& statement);
 
-// A condition that compares with letters beyond ASCII takes the collation that knows their cases. Others stay with the
-// columns' own, and with their indexes.
+// A condition that compares with letters beyond ASCII takes the collation that knows their cases, and one that compares
+// what a function yields a collation without regard to case. Others stay with the columns' own, and with their indexes.
 void FoldComparisons(Tokens& statement);
 
 }  // namespace host::sql

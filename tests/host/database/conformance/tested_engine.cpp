@@ -1,0 +1,116 @@
+#include "host/database/conformance/tested_engine.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "practice/machine.h"
+
+namespace host {
+namespace {
+
+class SqliteFilePlace : public TestedPlace {
+ public:
+  SqliteFilePlace()
+      : folder_(std::filesystem::temp_directory_path() / ("conformance" + std::to_string(ThisProcess().number))) {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directory(folder_);
+  }
+  SqliteFilePlace(const SqliteFilePlace&) = delete;
+  SqliteFilePlace& operator=(const SqliteFilePlace&) = delete;
+  ~SqliteFilePlace() override { std::filesystem::remove_all(folder_); }
+  std::string Url() const override { return "sqlite:" + (folder_ / "a practice.db").string(); }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+class SqliteMemoryPlace : public TestedPlace {
+ public:
+  std::string Url() const override { return "sqlite::memory:"; }
+};
+
+template <class Place>
+std::unique_ptr<TestedPlace> Fresh() {
+  return std::make_unique<Place>();
+}
+
+}  // namespace
+
+std::vector<TestedEngine> EveryEngine() {
+  TestedEngine sqlite{.name = "SqliteFile",
+                      .fresh = Fresh<SqliteFilePlace>,
+                      .one_writer = true,
+                      .refuses_overlong = false,
+                      .stores_zero = true};
+  TestedEngine memory = sqlite;
+  memory.name = "SqliteMemory";
+  memory.fresh = Fresh<SqliteMemoryPlace>;
+  memory.shared = false;
+  return {sqlite, memory};
+}
+
+std::vector<TestedEngine> SharedEngines() {
+  std::vector<TestedEngine> engines = EveryEngine();
+  std::erase_if(engines, [](const TestedEngine& engine) { return !engine.shared; });
+  return engines;
+}
+
+std::string NameOfEngine(const testing::TestParamInfo<TestedEngine>& engine) {
+  return engine.param.name;
+}
+
+void OnEngine::MakePractice(const CreationOptions& options) {
+  practice_.reset();
+  place_.reset();
+  place_ = GetParam().fresh();
+  practice_ = CreateDatabase(place_->Url(), options);
+}
+
+PracticeDatabase& OnEngine::Practice() {
+  if (!practice_) {
+    MakePractice();
+  }
+  return *practice_;
+}
+
+std::vector<std::string> OnEngine::Run(const PracticeDatabase& practice, const std::string& statement) {
+  std::vector<std::string> rows;
+  for (auto set = practice.Run(statement); !set->Eof(); set->MoveNext()) {
+    std::string& row = rows.emplace_back();
+    for (std::size_t i = 0; i < set->Fields().size(); ++i) {
+      row += (i == 0 ? "" : "|") + (session::IsNull(set->Get(i)) ? "(null)" : session::ToText(set->Get(i)));
+    }
+  }
+  return rows;
+}
+
+std::string OnEngine::Refusal(const std::string& statement) {
+  try {
+    Practice().Run(statement);
+    return {};
+  } catch (const session::DatabaseError& error) {
+    return error.what();
+  }
+}
+
+void OnEngine::AddEmployers(int count) {
+  std::string insert = "INSERT INTO EmpTable (EmpNam) VALUES ('Employer 0')";
+  for (int i = 1; i < count; ++i) {
+    insert += ", ('Employer " + std::to_string(i) + "')";
+  }
+  Run(insert);
+}
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    quoted.append(c == '\'' ? 2 : 1, c);
+  }
+  return quoted + "'";
+}
+
+session::Value FirstValue(session::Recordset& rows) {
+  return rows.Eof() ? session::Value() : rows.Get(0);
+}
+
+}  // namespace host

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "database/database.h"
+
+namespace host {
+
+// A place for one practice of an engine, gone with the test.
+class TestedPlace {
+ public:
+  virtual ~TestedPlace() = default;
+  virtual std::string Url() const = 0;
+};
+
+// A kind of databases, and in what its nature differs where the suite lets engines differ.
+struct TestedEngine {
+  std::string name;
+  std::function<std::unique_ptr<TestedPlace>()> fresh;
+  bool shared = true;            // several connections may have one practice open
+  bool one_writer = false;       // a transaction keeps every other one waiting, not only those of its rows
+  bool refuses_overlong = true;  // a text beyond its column's size
+  bool stores_zero = false;      // a zero character within a text
+};
+
+// The engines that the suite runs on; `Shared` leaves out those that live within one connection.
+std::vector<TestedEngine> EveryEngine();
+std::vector<TestedEngine> SharedEngines();
+std::string NameOfEngine(const testing::TestParamInfo<TestedEngine>& engine);
+
+// A test on an engine, with a practice of its own.
+class OnEngine : public testing::TestWithParam<TestedEngine> {
+ protected:
+  OnEngine() : place_(GetParam().fresh()) {}
+
+  // Another one in place of that before.
+  void MakePractice(const CreationOptions& options = {});
+  PracticeDatabase& Practice();
+  std::string Url() const { return place_->Url(); }
+
+  // Runs a statement in the screens' dialect and reads its rows, their fields parted by "|".
+  std::vector<std::string> Run(const std::string& statement) { return Run(Practice(), statement); }
+  static std::vector<std::string> Run(const PracticeDatabase& practice, const std::string& statement);
+  // What the engine says to the statement; empty when it runs.
+  std::string Refusal(const std::string& statement);
+  static std::vector<std::string> Rows(std::initializer_list<std::string> rows) { return rows; }
+
+  // `count` rows of employers, named "Employer 0" and so on.
+  void AddEmployers(int count);
+
+ private:
+  std::unique_ptr<TestedPlace> place_;
+  std::optional<PracticeDatabase> practice_;
+};
+
+// A text as a statement writes it.
+std::string Quoted(std::string_view text);
+// The first field of the first row; null when there is none.
+session::Value FirstValue(session::Recordset& rows);
+
+}  // namespace host
