@@ -69,6 +69,7 @@ void Upgrade(session::Connection& connection, const SchemaWriter& writer, const 
       }
     }
   }
+  RunAll(connection, writer.Finish());
 }
 
 int Version(session::Connection& connection, const SchemaWriter& writer) {
@@ -94,6 +95,26 @@ CreationOptions ReadOptions(session::Connection& connection) {
           .row_guids = session::ToId(row->Get(3)) != 0};
 }
 
+void Lock(session::Connection& connection, const SchemaWriter& writer) {
+  if (const std::string lock = writer.Lock(); !lock.empty()) {
+    connection.Execute(lock);
+  }
+}
+
+void CheckMayChange(session::Connection& connection, const SchemaWriter& writer) {
+  if (connection.ReadOnly()) {
+    Refuse(
+        "It was made by an older version of the program, and is protected against writing, so that it cannot be "
+        "brought up to date.");
+  }
+  const std::string may_change = writer.MayChange();
+  if (!may_change.empty() && session::ToId(connection.Execute(may_change)->Get(0)) == 0) {
+    Refuse(
+        "It was made by an older version of the program, and this login may not change its tables. Please have the "
+        "administrator of the database open it once with this version.");
+  }
+}
+
 }  // namespace
 
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
@@ -102,6 +123,7 @@ bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
 
 void CreateSchema(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options,
                   int version) {
+  Lock(connection, writer);
   if (!IsEmpty(connection, writer)) {
     Refuse("This database is in use already; a practice can only be made in an empty one.");
   }
@@ -115,13 +137,13 @@ void CreateSchema(session::Connection& connection, const SchemaWriter& writer, c
 }
 
 CreationOptions MigrateSchema(session::Connection& connection, const SchemaWriter& writer) {
-  if (Version(connection, writer) < kSchemaVersion && connection.ReadOnly()) {
-    Refuse(
-        "It was made by an older version of the program, and is protected against writing, so that it cannot be "
-        "brought up to date.");
+  const int found = Version(connection, writer);
+  if (found < kSchemaVersion) {
+    CheckMayChange(connection, writer);
   }
-  if (Version(connection, writer) != kSchemaVersion) {
+  if (found != kSchemaVersion) {
     session::Transaction transaction(connection);
+    Lock(connection, writer);
     // Another program may have brought it up to date in the meantime.
     const int version = Version(connection, writer);
     if (version > kSchemaVersion) {

@@ -26,6 +26,11 @@ class SchemaWriter {
  public:
   virtual ~SchemaWriter() = default;
 
+  // What keeps other programs from making or changing tables until the end of the transaction; empty where beginning
+  // one does.
+  virtual std::string Lock() const { return {}; }
+  // A select of 1 or 0: whether this login may change the tables; empty where whoever may write may.
+  virtual std::string MayChange() const { return {}; }
   // A select of the practice's tables, by the column `name`.
   virtual std::string Tables() const = 0;
   // What comes before the first table of an empty database.
@@ -39,6 +44,8 @@ class SchemaWriter {
   // Has the database itself put down what is written to a table that is `logged`, as the table is in `version`; none
   // where each connection sees to that. Replaces what is there.
   virtual std::vector<std::string> LogChanges(const Table& /*table*/, int /*version*/) const { return {}; }
+  // What comes behind the last table that was made or changed.
+  virtual std::vector<std::string> Finish() const { return {}; }
 };
 
 }  // namespace host

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "database/postgres/postgres_roles.h"
 #include "database/postgres/postgres_schema.h"
 
 namespace host {
@@ -54,9 +55,10 @@ constexpr std::string_view kGiveKey =
     "nextval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass))); END $$";
 
 // Behind an insert: the key of the last row is the session's identity, and keys that rows brought along are not handed
-// out again.
+// out again. It raises sequences that a desk's login may only take keys from.
 constexpr std::string_view kNoteKeys =
-    "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql AS $$ "
+    "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
+    "SET search_path = pg_catalog, pg_temp AS $$ "
     "DECLARE highest int; newest int; handed_out bigint; "
     "BEGIN EXECUTE format('SELECT max(%1$I), (array_agg(%1$I))[count(*)] FROM added', TG_ARGV[0]) "
     "INTO highest, newest; "
@@ -78,6 +80,9 @@ std::vector<std::string> PostgresGround() {
   statements.emplace_back("CREATE OPERATOR practice.|| (LEFTARG=citext, RIGHTARG=citext, FUNCTION=practice.joined)");
   for (const std::string_view function : {kIdentity, kGiveKey, kNoteKeys}) {
     statements.emplace_back(function);
+  }
+  for (std::string& statement : DeskGround()) {
+    statements.push_back(std::move(statement));
   }
   return statements;
 }

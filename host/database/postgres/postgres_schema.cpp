@@ -2,6 +2,7 @@
 
 #include "database/postgres/postgres_change_log.h"
 #include "database/postgres/postgres_ground.h"
+#include "database/postgres/postgres_roles.h"
 #include "forms/text.h"
 
 namespace host {
@@ -70,6 +71,14 @@ std::string IndexOf(const Table& table, const Index& index) {
 
 }  // namespace
 
+std::string PostgresSchema::Lock() const {
+  return "SELECT pg_advisory_xact_lock(hashtext('practice schema'))";
+}
+
+std::string PostgresSchema::MayChange() const {
+  return "SELECT pg_has_role(relowner, 'USAGE')::int FROM pg_class WHERE oid = 'SchemaTable'::regclass";
+}
+
 std::string PostgresSchema::Tables() const {
   return "SELECT c.relname AS name FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
          "WHERE c.relkind IN ('r', 'p', 'f') AND n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%'";
@@ -108,6 +117,10 @@ std::vector<std::string> PostgresSchema::DropTable(std::string_view table) const
 
 std::vector<std::string> PostgresSchema::LogChanges(const Table& table, int version) const {
   return PostgresChangeLog(table, version);
+}
+
+std::vector<std::string> PostgresSchema::Finish() const {
+  return {std::string(kAdmitDesks)};
 }
 
 }  // namespace host

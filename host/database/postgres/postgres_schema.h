@@ -22,6 +22,8 @@ inline constexpr std::string_view kSearchPath = "practice, public";
 //   practice.identity  the key of the row that the session inserted last, for practice_identity()
 class PostgresSchema final : public SchemaWriter {
  public:
+  std::string Lock() const override;
+  std::string MayChange() const override;
   std::string Tables() const override;
   // Text that compares without regard to case, and what hands out keys.
   std::vector<std::string> Ground() const override;
@@ -30,6 +32,7 @@ class PostgresSchema final : public SchemaWriter {
   std::vector<std::string> CreateIndex(const Table& table, const Index& index) const override;
   std::vector<std::string> DropTable(std::string_view table) const override;
   std::vector<std::string> LogChanges(const Table& table, int version) const override;
+  std::vector<std::string> Finish() const override;
 };
 
 }  // namespace host

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/schema_writer.h"
+#include "session/connection.h"
+
+namespace host {
+
+// A login of the server, or a group of logins, that the desks of a practice connect with.
+struct DeskLogin {
+  std::string name;
+  std::vector<int> offices;  // of a practice of kind 7: those that it may enter
+};
+
+// What an empty database is given for that: `DeskTable`, and the functions that grant and guard.
+std::vector<std::string> DeskGround();
+
+// Gives the logins of `DeskTable` what a desk needs of the tables that there are, and no more: to read and write rows
+// and to take keys, but for the change log, whose rows they only add, and the schema's version, which they only read.
+// In a practice of kind 7 no login but the tables' owner sees or writes rows of an office that it may not enter; nor
+// of another than the one that its session works in, where the session says so.
+inline constexpr std::string_view kAdmitDesks = "SELECT practice.admit_desks()";
+
+// Has the login work in the practice from now on, with these offices in place of earlier ones. For the tables' owner;
+// the login is there already. All or nothing; throws session::DatabaseError.
+void AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login);
+
+}  // namespace host
