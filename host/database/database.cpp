@@ -1,36 +1,24 @@
 #include "database/database.h"
 
-#include <array>
-
 #include "database/engine.h"
 #include "database/migration.h"
-#include "database/sqlite/sqlite_engine.h"
+#include "database/shown_url.h"
 
 namespace host {
 namespace {
 
 const Engine& EngineOf(const std::string& url) {
-  static const SqliteEngine sqlite;
-  struct Known {
-    std::string_view name;
-    const Engine* engine;
-  };
-  static const std::array engines = {Known{"sqlite", &sqlite}, Known{"postgresql", nullptr}, Known{"odbc", nullptr}};
   const std::size_t colon = url.find(':');
-  for (const auto& [name, engine] : engines) {
-    if (colon == std::string::npos || url.substr(0, colon) != name) {
-      continue;
-    }
-    if (engine == nullptr) {
-      throw session::DatabaseError("Databases of the engine \"" + std::string(name) + "\" are not built in yet.", {},
-                                   0);
-    }
-    if (colon + 1 < url.size()) {
+  if (colon != std::string::npos && colon + 1 < url.size()) {
+    if (const Engine* engine = FindEngine(url.substr(0, colon))) {
       return *engine;
     }
   }
   throw session::DatabaseError(
-      "\"" + url + "\" is no database URL: sqlite:PATH, postgresql://... or odbc:... is expected.", {}, 0);
+      "\"" + ShownUrl(url) +
+          "\" is no database URL that this program knows: sqlite:PATH, postgresql://... or odbc:... "
+          "is expected.",
+      {}, 0);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "database/database.h"
 
@@ -18,5 +19,8 @@ class Engine {
   // Whether a practice can be made there: there is nothing, or a database without tables.
   virtual bool IsVacant(const std::string& url) const = 0;
 };
+
+// By the name before the colon of a URL; null for one that this platform's program does not have.
+const Engine* FindEngine(std::string_view name);
 
 }  // namespace host

@@ -1,0 +1,292 @@
+#include "database/postgres/postgres_connection.h"
+
+#include "database/postgres/postgres_error.h"
+#include "database/postgres/postgres_handle.h"
+#include "database/postgres/postgres_readers.h"
+#include "database/postgres/postgres_recordset.h"
+#include "database/postgres/postgres_schema.h"
+#include "database/postgres/postgres_values.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+// How long another program is waited for where nobody can give it up.
+constexpr const char* kLongestWait = "10s";
+
+// Stands before each batch of a transaction, so that one that fails takes back nothing but itself.
+constexpr const char* kBegin = "BEGIN; SAVEPOINT practice_batch";
+constexpr const char* kKeep = "\n; RELEASE practice_batch; SAVEPOINT practice_batch";
+constexpr const char* kTakeBack = "ROLLBACK TO practice_batch";
+
+PostgresUrl UrlFor(const std::string& url, const PostgresWay& way) {
+  PostgresUrl parsed = ParsePostgresUrl(url);
+  if (!way.application_name.empty()) {
+    parsed.options["application_name"] = way.application_name;
+  }
+  return parsed;
+}
+
+PostgresSettings FixedFor(const PostgresWay& way) {
+  return {{"search_path", way.search_path.empty() ? std::string(kSearchPath) : way.search_path},
+          {"DateStyle", "ISO"},
+          {"bytea_output", "hex"},
+          {"standard_conforming_strings", "on"}};
+}
+
+// Of a select alone; what stands in quotes is passed over.
+bool IsSingleSelect(std::string_view sql) {
+  sql = forms::Trim(sql);
+  if (!forms::EqualsIgnoringCase(sql.substr(0, 6), "SELECT")) {
+    return false;
+  }
+  char quote = 0;
+  for (std::size_t i = 0; i < sql.size(); ++i) {
+    const char c = sql[i];
+    if (quote != 0) {
+      quote = c == quote ? '\0' : quote;
+    } else if (c == '\'' || c == '"') {
+      quote = c;
+    } else if (c == ';') {
+      return forms::Trim(sql.substr(i + 1)).empty();
+    }
+  }
+  return true;
+}
+
+// What the main connection alone knows, or may do.
+bool NeedsMain(std::string_view sql) {
+  return sql.find("practice_identity") != std::string_view::npos;
+}
+
+}  // namespace
+
+class PostgresServer {
+ public:
+  PostgresServer(const std::string& url, const PostgresWay& way, const session::WhileBusy& while_busy)
+      : url_(UrlFor(url, way)),
+        fixed_(FixedFor(way)),
+        while_busy_(while_busy),
+        reads_apart_(way.readers),
+        readers_(url_, fixed_, while_busy),
+        columns_([this](const std::string& select) { return OnMain(select); }) {
+    Connect();
+  }
+
+  PostgresHandle& Main() { return *main_; }
+  PostgresReaders& Readers() { return readers_; }
+
+  std::unique_ptr<session::Recordset> Execute(const std::string& sql) {
+    if (state_ == State::Lost) {
+      throw Loss("The transaction has ended with it.", sql);
+    }
+    if (state_ == State::Open) {
+      return InTransaction(sql);
+    }
+    if (reads_apart_ && IsSingleSelect(sql) && !NeedsMain(sql)) {
+      if (auto rows = OnReader(sql)) {
+        return rows;
+      }
+    }
+    Ready();
+    return Rows(main_->Run(Settings(true), sql, sql));
+  }
+
+  void Begin() {
+    if (state_ == State::Open) {
+      throw session::DatabaseError("There is a transaction already.", "BEGIN", CodeOfState("25001"));
+    }
+    state_ = State::None;
+    Ready();
+    main_->Run({}, kBegin, "BEGIN");
+    state_ = State::Open;
+  }
+
+  void Commit() {
+    if (state_ == State::None || state_ == State::Over) {
+      throw session::DatabaseError("There is no transaction.", "COMMIT", CodeOfState("25P01"));
+    }
+    const bool lost = state_ == State::Lost;
+    state_ = State::Over;
+    if (lost) {
+      throw Loss("The transaction has ended with it.", "COMMIT");
+    }
+    try {
+      main_->Run({}, "COMMIT", "COMMIT");
+    } catch (const session::DatabaseError&) {
+      main_->ForgetSettings();
+      throw;
+    }
+    state_ = State::None;
+  }
+
+  void Rollback() {
+    const State before = state_;
+    state_ = State::None;
+    if (before == State::None) {
+      throw session::DatabaseError("There is no transaction.", "ROLLBACK", CodeOfState("25P01"));
+    }
+    if (before != State::Open) {
+      return;
+    }
+    main_->ForgetSettings();
+    try {
+      main_->Run({}, "ROLLBACK", "ROLLBACK");
+    } catch (const session::DatabaseError& error) {
+      if (!error.ConnectionLost()) {
+        throw;
+      }
+    }
+  }
+
+  const ChangeAuthor* author = nullptr;
+  int office = 0;
+
+ private:
+  enum class State {
+    None,
+    Open,
+    Lost,  // with its connection
+    Over,  // by a commit that failed
+  };
+
+  void Connect() {
+    main_ = std::make_unique<PostgresHandle>(url_, fixed_, while_busy_);
+    main_->waits_for_another = [this] { return WaitsForAnother(); };
+  }
+
+  void Ready() {
+    if (!main_->IsAlive()) {
+      Connect();
+    }
+  }
+
+  PostgresSettings Settings(bool writes) const {
+    PostgresSettings settings{{"practice.office", office == 0 ? "" : std::to_string(office)}};
+    if (writes) {
+      settings["practice.author"] = author == nullptr ? "" : author->name;
+      settings["practice.moment"] = author == nullptr ? "" : forms::FormatIso(author->clock());
+      settings["lock_timeout"] = while_busy_ ? "0" : kLongestWait;
+    }
+    return settings;
+  }
+
+  std::unique_ptr<session::Recordset> InTransaction(const std::string& sql) {
+    try {
+      return Rows(main_->Run(Settings(true), sql + kKeep, sql));
+    } catch (const session::DatabaseError& refused) {
+      try {
+        if (!refused.ConnectionLost()) {
+          main_->Run({}, kTakeBack, sql);
+          throw;
+        }
+      } catch (const session::DatabaseError& error) {
+        state_ = error.ConnectionLost() ? State::Lost : state_;
+        throw;
+      }
+      state_ = State::Lost;
+      throw;
+    }
+  }
+
+  std::unique_ptr<session::Recordset> OnReader(const std::string& sql) {
+    PostgresReaders::Lease reader;
+    try {
+      reader = readers_.Borrow();
+    } catch (const session::DatabaseError&) {
+      return nullptr;  // the server takes no further connections, or none at all, which the main one finds out
+    }
+    reader->Send(Settings(false), sql, sql);
+    reader->RowByRow();
+    return std::make_unique<PostgresStream>(std::move(reader), columns_);
+  }
+
+  std::unique_ptr<session::Recordset> OnMain(const std::string& select) {
+    if (state_ != State::Open) {
+      Ready();
+    }
+    PostgresResult rows = main_->Run({}, select, select);
+    auto fields = columns_.FieldsOf(rows.get());
+    return std::make_unique<PostgresRows>(std::move(rows), std::move(fields));
+  }
+
+  // A reader looks, as the main connection is busy.
+  bool WaitsForAnother() {
+    try {
+      const auto reader = readers_.Borrow();
+      const auto blocked = reader->Run(
+          {}, "SELECT pg_catalog.cardinality(pg_catalog.pg_blocking_pids(" + std::to_string(main_->Process()) + "))",
+          {});
+      return blocked != nullptr && std::string_view(PQgetvalue(blocked.get(), 0, 0)) != "0";
+    } catch (const session::DatabaseError&) {
+      return false;
+    }
+  }
+
+  std::unique_ptr<session::Recordset> Rows(PostgresResult result) {
+    auto fields = columns_.FieldsOf(result.get());
+    return std::make_unique<PostgresRows>(std::move(result), std::move(fields));
+  }
+
+  PostgresUrl url_;
+  PostgresSettings fixed_;
+  const session::WhileBusy& while_busy_;
+  bool reads_apart_;
+  PostgresReaders readers_;
+  PostgresColumns columns_;
+  std::unique_ptr<PostgresHandle> main_;
+  State state_ = State::None;
+};
+
+PostgresConnection::PostgresConnection(const std::string& url, const PostgresWay& way)
+    : server_(std::make_unique<PostgresServer>(url, way, WhileBusy)) {}
+
+PostgresConnection::~PostgresConnection() = default;
+
+bool PostgresConnection::ReadOnly() const {
+  const PostgresHandle& main = server_->Main();
+  return main.Parameter("in_hot_standby") == "on" || main.Parameter("default_transaction_read_only") == "on";
+}
+
+std::unique_ptr<session::Recordset> PostgresConnection::Execute(const std::string& sql) {
+  // libpq would read no further.
+  if (sql.find('\0') != std::string::npos) {
+    throw session::DatabaseError("The statement holds a zero character.", sql, CodeOfState("22021"));
+  }
+  return server_->Execute(sql);
+}
+
+void PostgresConnection::BeginTrans() {
+  server_->Begin();
+}
+
+void PostgresConnection::CommitTrans() {
+  server_->Commit();
+}
+
+void PostgresConnection::RollbackTrans() {
+  server_->Rollback();
+}
+
+void PostgresConnection::Cancel() {
+  server_->Main().Interrupt();
+  server_->Readers().Interrupt();
+}
+
+std::string PostgresConnection::Encoding() const {
+  return std::string(server_->Main().Parameter("server_encoding"));
+}
+
+int PostgresConnection::Process() const {
+  return server_->Main().Process();
+}
+
+void PostgresConnection::WriteAs(const ChangeAuthor* author) {
+  server_->author = author;
+}
+
+void PostgresConnection::EnterOffice(int office) {
+  server_->office = office;
+}
+
+}  // namespace host

@@ -1,0 +1,66 @@
+#include "database/postgres/postgres_engine.h"
+
+#include "database/dialect/prepare_sql.h"
+#include "database/migration.h"
+#include "database/postgres/postgres_connection.h"
+#include "database/postgres/postgres_error.h"
+#include "database/postgres/postgres_schema.h"
+#include "database/postgres/postgres_url.h"
+
+namespace host {
+namespace {
+
+const PostgresSchema kSchema;
+
+session::DatabaseError CannotBeOpened(const std::string& url, const std::string& why, int code) {
+  return {"The database " + ParsePostgresUrl(url).Shown() + " cannot be opened: " + why, {}, code};
+}
+
+std::unique_ptr<PostgresConnection> Connect(const std::string& url) {
+  auto connection = std::make_unique<PostgresConnection>(url);
+  if (const std::string encoding = connection->Encoding(); encoding != "UTF8") {
+    throw CannotBeOpened(url, "its text is kept as " + encoding + ", and a practice needs UTF8.", 0);
+  }
+  return connection;
+}
+
+PracticeDatabase Opened(const std::string& url, std::unique_ptr<PostgresConnection> connection,
+                        const CreationOptions& options) {
+  auto* opened = connection.get();
+  return {.connection = std::move(connection),
+          .prepare = [](std::string_view statement) { return std::string(statement); },
+          .schema = &kSchema,
+          .options = options,
+          .write_as = [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
+          .enter_office = [opened](int office) { opened->EnterOffice(office); },
+          .locks = nullptr,
+          .connect =
+              [url](const std::string& name) {
+                return std::make_unique<PostgresConnection>(url,
+                                                            PostgresWay{.application_name = name, .readers = false});
+              },
+          .shared = true};
+}
+
+}  // namespace
+
+PracticeDatabase PostgresEngine::OpenNew(const std::string& url, const CreationOptions& options) const {
+  return Opened(url, Connect(url), options);
+}
+
+PracticeDatabase PostgresEngine::Open(const std::string& url) const {
+  auto connection = Connect(url);
+  try {
+    const CreationOptions options = MigrateSchema(*connection, kSchema);
+    return Opened(url, std::move(connection), options);
+  } catch (const session::DatabaseError& error) {
+    throw CannotBeOpened(url, error.what(), error.Code());
+  }
+}
+
+bool PostgresEngine::IsVacant(const std::string& url) const {
+  const auto connection = Connect(url);
+  return IsEmpty(*connection, kSchema);
+}
+
+}  // namespace host

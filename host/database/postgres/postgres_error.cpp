@@ -1,0 +1,112 @@
+#include "database/postgres/postgres_error.h"
+
+#include <algorithm>
+
+#include "database/schema.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+std::string Part(const PGresult* result, int field) {
+  const char* text = PQresultErrorField(result, field);
+  return text == nullptr ? std::string() : text;
+}
+
+// The column that a check is about, which is called "table_column_check".
+const Column* CheckedColumn(const std::string& table_name, std::string_view check) {
+  const Table* table = FindTable(table_name);
+  if (table == nullptr) {
+    return nullptr;
+  }
+  for (const Column& column : table->columns) {
+    if (forms::EqualsIgnoringCase(check, table_name + "_" + std::string(column.name) + "_check")) {
+      return &column;
+    }
+  }
+  return nullptr;
+}
+
+std::string BrokenCheck(const PGresult* result) {
+  const Column* column = CheckedColumn(Part(result, PG_DIAG_TABLE_NAME), Part(result, PG_DIAG_CONSTRAINT_NAME));
+  if (column == nullptr || column->size == 0) {
+    return Part(result, PG_DIAG_MESSAGE_PRIMARY);
+  }
+  return "The text for " + std::string(column->name) + " is too long: there is room for " +
+         std::to_string(column->size) + " characters.";
+}
+
+std::string Reason(const PGresult* result, std::string_view state) {
+  const std::string message = Part(result, PG_DIAG_MESSAGE_PRIMARY);
+  if (state == "57014") {
+    return "It was ended before it was done.";
+  }
+  if (state == "55P03") {
+    return "Another program is writing to the database, and the wait for it was ended. Please try again.";
+  }
+  if (state == "40P01" || state == "40001") {
+    return "Another program was writing the same records at the same moment. Please try again.";
+  }
+  if (state == "25006") {
+    return "The database can only be read: it is protected against writing.";
+  }
+  if (state == "42501") {
+    return "The database login may not do this: " + message + ".";
+  }
+  if (state == "53100") {
+    return "The disk of the database server is full.";
+  }
+  if (state == "23505") {
+    const std::string detail = Part(result, PG_DIAG_MESSAGE_DETAIL);
+    return "There is such a record already" + (detail.empty() ? "." : ": " + detail);
+  }
+  if (state == "23502") {
+    return "A value is missing for " + Part(result, PG_DIAG_COLUMN_NAME) + ".";
+  }
+  if (state == "23514") {
+    return BrokenCheck(result);
+  }
+  if (state == "22003") {
+    return "A number is too large for its field: " + message + ".";
+  }
+  return message;
+}
+
+}  // namespace
+
+bool IsLoss(std::string_view state) {
+  return state.starts_with("08") || state == "57P01" || state == "57P02" || state == "57P03" || state == "57P05";
+}
+
+session::DatabaseError Refusal(const PGresult* result, std::string_view statement) {
+  const std::string state = Part(result, PG_DIAG_SQLSTATE);
+  if (state.empty() || IsLoss(state)) {
+    return Loss(PQresultErrorMessage(result), statement);
+  }
+  return {Reason(result, state), statement, CodeOfState(state)};
+}
+
+session::DatabaseError Loss(std::string_view why, std::string_view statement) {
+  return {"The connection to the database server was lost: " + Plain(why), statement, CodeOfState("08006"),
+          session::DatabaseError::Origin::Connection};
+}
+
+std::string Plain(std::string_view message) {
+  for (const std::string_view level : {"FATAL:", "PANIC:", "ERROR:"}) {
+    if (const std::size_t at = message.rfind(level); at != std::string_view::npos) {
+      message = forms::Trim(message.substr(at + level.size()));
+    }
+  }
+  std::string plain;
+  while (!message.empty()) {
+    const std::size_t end = std::min(message.find('\n'), message.size());
+    // Lines further in are hints.
+    if (const std::string_view line = message.substr(0, end); !line.starts_with('\t')) {
+      plain += (plain.empty() ? "" : "; ") + std::string(forms::Trim(line));
+    }
+    message.remove_prefix(std::min(end + 1, message.size()));
+  }
+  return plain.ends_with('.') ? plain : plain + ".";
+}
+
+}  // namespace host

@@ -1,0 +1,61 @@
+#include "database/postgres/postgres_readers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace host {
+namespace {
+
+// A list, and what is asked while it is half read.
+constexpr std::size_t kKept = 2;
+
+PostgresSettings ReadOnly(PostgresSettings settings) {
+  settings["default_transaction_read_only"] = "on";
+  return settings;
+}
+
+}  // namespace
+
+PostgresReaders::PostgresReaders(const PostgresUrl& url, const PostgresSettings& fixed,
+                                 const session::WhileBusy& while_busy)
+    : url_(url), fixed_(ReadOnly(fixed)), while_busy_(while_busy) {}
+
+PostgresReaders::Lease PostgresReaders::Borrow() {
+  std::unique_ptr<PostgresHandle> reader;
+  while (reader == nullptr && !idle_.empty()) {
+    reader = std::move(idle_.back());
+    idle_.pop_back();
+    if (!reader->IsAlive()) {
+      reader.reset();
+    }
+  }
+  if (reader == nullptr) {
+    reader = std::make_unique<PostgresHandle>(url_, fixed_, while_busy_);
+  }
+  const std::lock_guard lock(changing_);
+  lent_.push_back(std::move(reader));
+  return {lent_.back().get(), GiveBack{this}};
+}
+
+void PostgresReaders::Take(PostgresHandle* reader) {
+  reader->Abandon();
+  std::unique_ptr<PostgresHandle> taken;
+  {
+    const std::lock_guard lock(changing_);
+    const auto found = std::ranges::find(lent_, reader, &std::unique_ptr<PostgresHandle>::get);
+    taken = std::move(*found);
+    lent_.erase(found);
+  }
+  if (idle_.size() < kKept && taken->IsAlive()) {
+    idle_.push_back(std::move(taken));
+  }
+}
+
+void PostgresReaders::Interrupt() {
+  const std::lock_guard lock(changing_);
+  for (const auto& reader : lent_) {
+    reader->Interrupt();
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "database/postgres/postgres_handle.h"
+
+namespace host {
+
+// Connections that read, each for one recordset at a time; they see what has been committed. A few are kept.
+class PostgresReaders {
+ public:
+  struct GiveBack {
+    PostgresReaders* readers = nullptr;
+    void operator()(PostgresHandle* reader) const { readers->Take(reader); }
+  };
+  using Lease = std::unique_ptr<PostgresHandle, GiveBack>;
+
+  // All outlive the readers.
+  PostgresReaders(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy);
+
+  // Throws session::DatabaseError.
+  Lease Borrow();
+  void Interrupt();
+
+ private:
+  void Take(PostgresHandle* reader);
+
+  const PostgresUrl& url_;
+  PostgresSettings fixed_;
+  const session::WhileBusy& while_busy_;
+  std::mutex changing_;  // Interrupt comes from other threads
+  std::vector<std::unique_ptr<PostgresHandle>> lent_;
+  std::vector<std::unique_ptr<PostgresHandle>> idle_;
+};
+
+}  // namespace host

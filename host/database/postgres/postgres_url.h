@@ -1,0 +1,27 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace host {
+
+// Where a practice is: libpq's options by their names, as its URI and the defaults of the practice give them.
+//
+// An application's name, a time to wait for the server and signs of life are given where the URL gives none. Another
+// machine is spoken to by TLS alone (`sslmode` is "require") unless the URL, the environment or a service says
+// otherwise. A password may stand in the URL, but belongs into a password file.
+struct PostgresUrl {
+  std::map<std::string, std::string> options;
+  std::string replica;  // "HOST:PORT" of a server that follows this one, for lists; empty for none
+
+  // "practice on db.example:5432", for messages.
+  std::string Shown() const;
+};
+
+// Throws session::DatabaseError.
+PostgresUrl ParsePostgresUrl(const std::string& url);
+// The same database on the replica.
+PostgresUrl OnReplica(const PostgresUrl& url);
+
+}  // namespace host
