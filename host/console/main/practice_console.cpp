@@ -9,6 +9,7 @@
 #include "console/describe_command.h"
 #include "console/log_command.h"
 #include "console/recall_command.h"
+#include "console/roles_command.h"
 #include "console/scenario_runner.h"
 #include "console/step_words.h"
 #include "console/temporary_folder.h"
@@ -32,7 +33,10 @@ constexpr const char* kUsage =
     "practice_console check --database URL [--mend]\n"
     "                                          what a killed program left half replaced or deleted; takes it back\n"
     "practice_console recall --database URL [--office N] --id N\n"
-    "                                          works out the due dates of a recall's patients\n";
+    "                                          works out the due dates of a recall's patients\n"
+    "practice_console roles --database URL --desk LOGIN [--office N]...\n"
+    "                                          has a login of a PostgreSQL server work in the practice as a desk, in\n"
+    "                                          several offices in those named alone\n";
 
 class UsageError {};
 
@@ -159,6 +163,28 @@ int RefreshOneRecall(Words& words) {
   return 0;
 }
 
+int AdmitDesk(Words& words) {
+  std::string url;
+  host::DeskLogin login;
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--database") {
+      url = words.Take();
+    } else if (option == "--desk") {
+      login.name = words.Take();
+    } else if (option == "--office") {
+      login.offices.push_back(words.TakeNumber());
+    } else {
+      throw UsageError();
+    }
+  }
+  if (url.empty() || login.name.empty()) {
+    throw UsageError();
+  }
+  host::RunRoles(url, login, std::cout);
+  return 0;
+}
+
 int RunFiles(Words& words) {
   host::RunOptions options;
   std::vector<std::string> files;
@@ -211,6 +237,9 @@ int RunCommand(Words& words) {
   }
   if (command == "recall") {
     return RefreshOneRecall(words);
+  }
+  if (command == "roles") {
+    return AdmitDesk(words);
   }
   if (command == "--database") {
     const std::string url = words.Take();

@@ -12,7 +12,7 @@ namespace host {
 // A login of the server, or a group of logins, that the desks of a practice connect with.
 struct DeskLogin {
   std::string name;
-  std::vector<int> offices;  // of a practice of kind 7: those that it may enter
+  std::vector<int> offices = {};  // of a practice of kind 7: those that it may enter
 };
 
 // What an empty database is given for that: `DeskTable`, and the functions that grant and guard.
@@ -25,7 +25,8 @@ std::vector<std::string> DeskGround();
 inline constexpr std::string_view kAdmitDesks = "SELECT practice.admit_desks()";
 
 // Has the login work in the practice from now on, with these offices in place of earlier ones. For the tables' owner;
-// the login is there already. All or nothing; throws session::DatabaseError.
-void AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login);
+// the login is there already. All or nothing; throws session::DatabaseError. False when its searches by name read all
+// rows, until a superuser has called this.
+bool AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login);
 
 }  // namespace host

@@ -1,0 +1,179 @@
+#include "database/postgres/postgres_roles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "database/database.h"
+#include "database/migration.h"
+#include "database/postgres/postgres_connection.h"
+#include "database/postgres/postgres_schema.h"
+#include "database/unix/throwaway_cluster.h"
+
+namespace host {
+namespace {
+
+using session::DatabaseError;
+using session::ToText;
+using testing::HasSubstr;
+
+constexpr CreationOptions kOffices{.kind = 7, .offices = 3};
+
+class PostgresRoles : public testing::Test {
+ protected:
+  PostgresRoles() {
+    SharedCluster().Run("CREATE ROLE " + group_);
+    SharedCluster().Run("CREATE ROLE " + desk_ + " LOGIN IN ROLE " + group_);
+  }
+  ~PostgresRoles() override {
+    SharedCluster().DropDatabase(name_);
+    SharedCluster().Run("DROP ROLE " + desk_ + ", " + group_);
+  }
+
+  std::string DeskUrl() const {
+    std::string url = SharedCluster().Url(name_);
+    return url.replace(url.find("//") + 2, url.find('@') - url.find("//") - 2, desk_);
+  }
+
+  // The first field of each row, joined; the reason when it is refused.
+  static std::string Run(session::Connection& connection, const std::string& statement) {
+    try {
+      std::string fields;
+      for (const auto rows = connection.Execute(statement); !rows->Eof(); rows->MoveNext()) {
+        fields += (fields.empty() ? "" : " ") + ToText(rows->Get(0));
+      }
+      return fields;
+    } catch (const DatabaseError& error) {
+      return error.what();
+    }
+  }
+  std::string Admit(const PracticeDatabase& practice, const DeskLogin& login) {
+    try {
+      AdmitDesk(*practice.connection, practice.options, login);
+      return {};
+    } catch (const DatabaseError& error) {
+      return error.what();
+    }
+  }
+
+  std::string name_ = SharedCluster().MakeDatabase("roles");
+  std::string url_ = SharedCluster().Url(name_);
+  std::string desk_ = name_ + "_desk";
+  std::string group_ = name_ + "_desks";
+};
+
+TEST_F(PostgresRoles, ADeskWorksInTheTablesAndChangesNone) {
+  const PracticeDatabase owner = CreateDatabase(url_);
+  owner.connection->Execute("INSERT INTO RSTable (RCTtl) VALUES ('Cleaning')");
+  EXPECT_THROW(OpenDatabase(DeskUrl()), DatabaseError);
+  EXPECT_EQ(Admit(owner, {.name = desk_}), "");
+  const PracticeDatabase desk = OpenDatabase(DeskUrl());
+  const ChangeAuthor ann{"ann", [] { return forms::DateTime(); }};
+  desk.write_as(&ann);
+  EXPECT_EQ(Run(*desk.connection,
+                "INSERT INTO PATable (pID, pLASNAM) VALUES (20, 'Lee'); "
+                "INSERT INTO PATable (pID, pLASNAM) VALUES (Null, 'Ito'); "
+                "UPDATE PATable SET pFIRNAM='Kay' WHERE pID=20; DELETE FROM PATable WHERE pID=21; "
+                "SELECT practice_identity()"),
+            "21");
+  EXPECT_EQ(Run(*desk.connection, "SELECT ChaWhat FROM ChangeTable ORDER BY ChaID"), "added added changed deleted");
+  EXPECT_EQ(Run(*desk.connection, "INSERT INTO RSTableBackup (RCTtl) VALUES ('Exam'); SELECT RCTtl FROM RSTableBackup"),
+            "Cleaning Exam");
+  for (const char* refused :
+       {"CREATE TABLE stranger (id int)", "CREATE TABLE public.stranger (id int)", "CREATE SCHEMA stranger",
+        "DROP TABLE FamTable", "ALTER TABLE FamTable ADD COLUMN stranger int", "TRUNCATE FamTable",
+        "CREATE INDEX ON FamTable (fID)", "DROP TRIGGER PATable_logged ON PATable",
+        "ALTER TABLE PATable DISABLE TRIGGER ALL",
+        "CREATE OR REPLACE FUNCTION practice.practice_identity() RETURNS int "
+        "LANGUAGE sql RETURN 1",
+        "UPDATE SchemaTable SET SchVersion=1", "UPDATE ChangeTable SET ChaWho='bob'", "DELETE FROM ChangeTable",
+        "SELECT setval('patable_pid_seq', 1)", "SELECT * FROM DeskTable", "SELECT practice.admit_desks()"}) {
+    EXPECT_THAT(Run(*desk.connection, refused), HasSubstr("The database login may not do this")) << refused;
+  }
+}
+
+TEST_F(PostgresRoles, NoRowOfAnOfficeIsReachedThatTheLoginMayNotEnter) {
+  const PracticeDatabase owner = CreateDatabase(url_, kOffices);
+  EXPECT_EQ(Admit(owner, {group_, {1, 2}}), "");
+  std::vector<std::string> tables{"RSTableBackup"};
+  for (const Table& table : PracticeTables()) {
+    tables.emplace_back(table.name);
+  }
+  for (const std::string& table : tables) {
+    owner.connection->Execute("INSERT INTO " + table + " (OfficeID) VALUES (1), (2), (3), (3)");
+  }
+  PostgresConnection desk(DeskUrl());
+  for (const std::string& table : tables) {
+    EXPECT_EQ(Run(desk, "SELECT OfficeID FROM " + table + " ORDER BY 1"), "1 2") << table;
+    EXPECT_THAT(Run(desk, "INSERT INTO " + table + " (OfficeID) VALUES (3)"), HasSubstr("row-level security")) << table;
+  }
+  EXPECT_THAT(Run(desk, "UPDATE EmpTable SET OfficeID=3"), HasSubstr("row-level security"));
+  EXPECT_EQ(Run(desk,
+                "UPDATE EmpTable SET EmpNam='x' WHERE OfficeID=3; DELETE FROM FamTable WHERE OfficeID=3; "
+                "SELECT count(*) FROM EmpTable e LEFT JOIN FamTable f ON f.OfficeID=3 WHERE e.OfficeID=3"),
+            "0");
+  EXPECT_EQ(Run(*owner.connection,
+                "SELECT count(*) FROM EmpTable, FamTable WHERE EmpTable.OfficeID=3 AND "
+                "FamTable.OfficeID=3 AND EmpNam IS NULL"),
+            "4");
+  // The office that the session works in narrows that, and whatever a statement says widens it no further.
+  desk.EnterOffice(2);
+  EXPECT_EQ(Run(desk, "SELECT OfficeID FROM EmpTable"), "2");
+  desk.EnterOffice(3);
+  EXPECT_EQ(Run(desk, "SELECT OfficeID FROM EmpTable"), "");
+  for (const std::string& trick : {std::string("SET practice.office = ''"), std::string("RESET practice.office"),
+                                   "SET ROLE " + group_, std::string("SET row_security = off")}) {
+    EXPECT_THAT(Run(desk, trick + "; SELECT OfficeID FROM EmpTable WHERE OfficeID=3"),
+                testing::AnyOf("", HasSubstr("row-level security")))
+        << trick;
+  }
+  EXPECT_THAT(Run(desk, "SET SESSION AUTHORIZATION practice"), HasSubstr("may not"));
+  // Fewer offices from now on.
+  EXPECT_EQ(Admit(owner, {group_, {1}}), "");
+  PostgresConnection later(DeskUrl());
+  EXPECT_EQ(Run(later, "SELECT OfficeID FROM EmpTable"), "1");
+}
+
+TEST_F(PostgresRoles, SearchesBehindTheWallHaveTheirIndexes) {
+  const PracticeDatabase owner = CreateDatabase(url_, kOffices);
+  EXPECT_TRUE(AdmitDesk(*owner.connection, owner.options, {desk_, {1}}));
+  PostgresConnection desk(DeskUrl(), {.readers = false});
+  desk.Execute("SET enable_seqscan = off");
+  std::string plan;
+  for (const auto rows = desk.Execute("EXPLAIN SELECT * FROM PATable WHERE pLASNAM >= 'sm' AND pLASNAM < 'sn' AND "
+                                      "OfficeID = 1 ORDER BY pLASNAM NULLS FIRST");
+       !rows->Eof(); rows->MoveNext()) {
+    plan += ToText(rows->Get(0)) + "\n";
+  }
+  EXPECT_THAT(plan, HasSubstr("Index Cond: ((plasnam >= 'sm'"));
+}
+
+TEST_F(PostgresRoles, WhoCannotBeAdmittedIsTold) {
+  const PracticeDatabase owner = CreateDatabase(url_, kOffices);
+  EXPECT_THAT(Admit(owner, {"no'body", {1}}), HasSubstr("no login \"no'body\""));
+  EXPECT_THAT(Admit(owner, {"practice", {1}}), HasSubstr("The tables belong to \"practice\""));
+  EXPECT_THAT(Admit(owner, {desk_, {}}), HasSubstr("those that the login may enter"));
+}
+
+TEST_F(PostgresRoles, AnOlderPracticeIsBroughtUpToDateByItsOwner) {
+  const PracticeDatabase owner = OpenNewDatabase(url_, kOffices);
+  {
+    session::Transaction transaction(*owner.connection);
+    CreateSchema(*owner.connection, *owner.schema, kOffices, 1);
+    transaction.Commit();
+  }
+  EXPECT_EQ(Admit(owner, {desk_, {2}}), "");
+  try {
+    OpenDatabase(DeskUrl());
+    FAIL();
+  } catch (const DatabaseError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("have the administrator of the database open it once"));
+  }
+  OpenDatabase(url_);
+  const PracticeDatabase desk = OpenDatabase(DeskUrl());
+  // A table that came since.
+  owner.connection->Execute("INSERT INTO PickListTable (PLDes, OfficeID) VALUES ('a', 1), ('b', 2)");
+  EXPECT_EQ(Run(*desk.connection, "SELECT PLDes FROM PickListTable"), "b");
+}
+
+}  // namespace
+}  // namespace host
