@@ -65,9 +65,11 @@ class Interpreter {
 
   void Print(std::string_view text);
 
-  // For the stages that steps make: what the screens get for a session, and the engine where no line names one.
+  // For the stages that steps make: what the screens get for a session, and what a practice is where no line says so.
   SessionPath ToScreens;
-  std::string Engine{kSqlite};
+  PracticeLine Unnamed;
+  // Whether the steps about statements check anything: their texts are those of one kind of practice.
+  bool ChecksStatements = true;
 
   // How `result` reads a name after a call or an opened form; nothing for a name that is not there.
   std::function<std::optional<std::string>(const std::string& name)> ReadResult;

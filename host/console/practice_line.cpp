@@ -1,5 +1,6 @@
 #include "console/practice_line.h"
 
+#include "console/server_practice.h"
 #include "console/step_failure.h"
 #include "practice/demo.h"
 
@@ -15,9 +16,7 @@ bool IsEngine(std::string_view name) {
   return name == kSqlite || name == kPostgres;
 }
 
-PracticeLine ReadPracticeLine(StepWords& words, std::string engine) {
-  PracticeLine line;
-  line.engine = std::move(engine);
+PracticeLine ReadPracticeLine(StepWords& words, PracticeLine line) {
   line.demo = words.TakeKeyword("demo");
   if (!line.demo && !words.TakeKeyword("empty")) {
     Fail("a practice is empty or demo");
@@ -42,15 +41,16 @@ PracticeLine ReadPracticeLine(StepWords& words, std::string engine) {
   return line;
 }
 
-Practice MakePractice(const PracticeLine& line) {
-  if (line.engine != kSqlite) {
-    Fail(IsEngine(line.engine) ? "the engine " + line.engine + " is not part of this version"
-                               : "there is no engine " + line.engine);
+StagedPractice MakePractice(const PracticeLine& line) {
+  if (!IsEngine(line.engine)) {
+    Fail("there is no engine " + line.engine);
   }
-  if (line.demo) {
-    return MakeDemo(kInMemory, {.patients = kDemoPatients, .practice = line.options});
-  }
-  return CreatePractice(kInMemory, line.options);
+  return line.engine == kPostgres ? MakeServerPractice(line) : NewPractice(kInMemory, line);
+}
+
+Practice NewPractice(const std::string& url, const PracticeLine& line) {
+  return line.demo ? MakeDemo(url, {.patients = kDemoPatients, .practice = line.options})
+                   : CreatePractice(url, line.options);
 }
 
 }  // namespace host

@@ -3,15 +3,15 @@
 #include <string>
 #include <string_view>
 
+#include "console/staged_practice.h"
 #include "console/step_words.h"
-#include "practice/practice.h"
 
 namespace host {
 
 inline constexpr std::string_view kSqlite = "sqlite";
 inline constexpr std::string_view kPostgres = "postgres";
 
-// Whether there is an engine of that name, built in or not.
+// Whether there is an engine of that name.
 bool IsEngine(std::string_view name);
 
 // What a `practice` line asks for.
@@ -22,10 +22,12 @@ struct PracticeLine {
   PracticeOptions options = {};
 };
 
-// On the engine given, unless the line names one.
-PracticeLine ReadPracticeLine(StepWords& words, std::string engine);
+// What the line does not name is as in the one given.
+PracticeLine ReadPracticeLine(StepWords& words, PracticeLine line);
 
-// A new practice in memory; a demo practice is small. Fails for an engine that is not built in.
-Practice MakePractice(const PracticeLine& line);
+// A new practice, in memory or on a server of its own; a demo practice is small. Fails for an engine that there is not.
+StagedPractice MakePractice(const PracticeLine& line);
+// The same at a URL where there is none yet.
+Practice NewPractice(const std::string& url, const PracticeLine& line);
 
 }  // namespace host

@@ -70,6 +70,9 @@ void CheckSaid(Interpreter& interpreter, StepWords& words) {
 void CheckStatement(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeExpectation();
   words.End();
+  if (!interpreter.ChecksStatements) {
+    return;
+  }
   Recordings& heard = interpreter.Heard();
   heard.behind_found = FindAny(heard.statements, wanted, "statement") + 1;
 }
@@ -81,6 +84,9 @@ void CheckNext(Interpreter& interpreter, StepWords& words) {
   }
   const Expectation wanted = words.TakeExpectation();
   words.End();
+  if (!interpreter.ChecksStatements) {
+    return;
+  }
   Recordings& heard = interpreter.Heard();
   heard.behind_found = FindAny(heard.statements, wanted, "a later statement", heard.behind_found) + 1;
 }
@@ -88,6 +94,9 @@ void CheckNext(Interpreter& interpreter, StepWords& words) {
 void CheckNoStatement(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeExpectation();
   words.End();
+  if (!interpreter.ChecksStatements) {
+    return;
+  }
   const auto& statements = interpreter.Heard().statements;
   const auto found = std::ranges::find_if(statements, [&](const std::string& text) { return wanted.Matches(text); });
   if (found != statements.end()) {
@@ -98,6 +107,9 @@ void CheckNoStatement(Interpreter& interpreter, StepWords& words) {
 void CheckStatements(Interpreter& interpreter, StepWords& words) {
   const Expectation wanted = words.TakeExpectation();
   words.End();
+  if (!interpreter.ChecksStatements) {
+    return;
+  }
   const auto& statements = interpreter.Heard().statements;
   if (!wanted.Matches(std::to_string(statements.size()))) {
     Differ(wanted.Describe(), Listed(statements));

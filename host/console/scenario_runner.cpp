@@ -15,12 +15,13 @@ std::optional<StepFailure> PlayScenario(const Scenario& scenario, std::ostream& 
     }
     BlockLines lines(scenario.lines);
     const auto make_first = [](Interpreter& owner) {
-      return std::make_unique<Stage>(MakePractice({.engine = owner.Engine}), FirstClock(), owner.Person(),
-                                     owner.Heard(), owner.ToScreens);
+      return std::make_unique<Stage>(MakePractice(owner.Unnamed), FirstClock(), owner.Person(), owner.Heard(),
+                                     owner.ToScreens);
     };
     Interpreter interpreter(lines, make_first, &output);
     interpreter.ToScreens = options.to_screens;
-    interpreter.Engine = options.engine;
+    interpreter.Unnamed = options.unnamed;
+    interpreter.ChecksStatements = options.checks_statements;
     interpreter.Run();
     return std::nullopt;
   } catch (const StepFailure& failure) {

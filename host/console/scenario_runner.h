@@ -19,7 +19,8 @@ struct Tally {
 };
 
 struct RunOptions {
-  std::string engine{kSqlite};  // of the blocks that name none
+  PracticeLine unnamed = {};  // what the practices are of blocks that do not say so
+  bool checks_statements = true;
   SessionPath to_screens = {};
 };
 

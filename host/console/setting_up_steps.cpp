@@ -13,8 +13,8 @@ namespace host {
 namespace {
 
 void SetPractice(Interpreter& interpreter, StepWords& words) {
-  const PracticeLine line = ReadPracticeLine(words, interpreter.Engine);
-  Practice practice = MakePractice(line);
+  const PracticeLine line = ReadPracticeLine(words, interpreter.Unnamed);
+  StagedPractice practice = MakePractice(line);
   interpreter.SetWorld(nullptr);  // the old one goes before the new one takes its place in the component's slots
   interpreter.SetWorld(std::make_unique<Stage>(std::move(practice), FirstClock(), interpreter.Person(),
                                                interpreter.Heard(), interpreter.ToScreens));

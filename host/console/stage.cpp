@@ -78,12 +78,12 @@ forms::DateTime FirstClock() {
   return forms::AtMidnight(std::chrono::November / 21 / 2026) + 9h;
 }
 
-Stage::Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
+Stage::Stage(StagedPractice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
              const SessionPath& to_screens)
     : practice_(std::move(practice)),
       clock_(clock),
       session_(std::make_shared<RecordingSession>(
-          practice_, practice_.Office(), LoginRights(std::string(kFirstUser)),
+          practice_.practice, practice_.practice.Office(), LoginRights(std::string(kFirstUser)),
           Surroundings{.clock = [this] { return clock_ ? *clock_ : LocalNow(); },
                        .data_folder = folder_.Path().string(),
                        .program_folder = (folder_.Path() / "PROGRAMS").string(),

@@ -12,6 +12,7 @@
 
 #include "console/recording_session.h"
 #include "console/recordings.h"
+#include "console/staged_practice.h"
 #include "console/step_words.h"
 #include "console/temporary_folder.h"
 #include "entry/editing_screen.h"
@@ -36,7 +37,7 @@ using SessionPath = std::function<std::shared_ptr<session::Session>(std::shared_
 class Stage {
  public:
   // Without a clock it is the machine's, until `SetClock`.
-  Stage(Practice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
+  Stage(StagedPractice practice, std::optional<forms::DateTime> clock, forms::User& user, Recordings& recordings,
         const SessionPath& to_screens = {});
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
@@ -84,7 +85,7 @@ class Stage {
   void Consult(const std::string& event, bool& argument);
 
   TemporaryFolder folder_;
-  Practice practice_;
+  StagedPractice practice_;
   std::optional<forms::DateTime> clock_;
   std::shared_ptr<RecordingSession> session_;
   std::shared_ptr<session::Session> screens_session_;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "console/check_command.h"
+#include "console/cluster_command.h"
 #include "console/demo_command.h"
 #include "console/describe_command.h"
 #include "console/log_command.h"
@@ -21,8 +22,13 @@ namespace {
 constexpr const char* kUsage =
     "practice_console                          the scenario language, typed by hand, on an empty practice\n"
     "practice_console --database URL           the same on the practice at sqlite:PATH\n"
-    "practice_console run [--engine sqlite|postgres] FILE...\n"
-    "                                          runs scenario files; blocks that name no engine play on this one\n"
+    "practice_console run [--engine sqlite|postgres] [--kind N] [--row-guids] FILE...\n"
+    "                                          runs scenario files; a practice is so where its block does not say "
+    "otherwise. Of\n"
+    "                                          another kind, or with row GUIDs, the texts of statements are not "
+    "checked\n"
+    "practice_console cluster                  starts a PostgreSQL server for tests, prints its URL, ends with its "
+    "input\n"
     "practice_console describe [FORM]          a form's controls, or all forms': name, kind, caption, column, tip,\n"
     "                                          container, parted by tabs\n"
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
@@ -190,10 +196,19 @@ int RunFiles(Words& words) {
   std::vector<std::string> files;
   while (!words.AtEnd()) {
     std::string word = words.Take();
-    if (word != "--engine") {
+    if (word == "--engine") {
+      options.unnamed.engine = words.Take();
+      if (!host::IsEngine(options.unnamed.engine)) {
+        throw UsageError();
+      }
+    } else if (word == "--kind") {
+      options.unnamed.options.kind = words.TakeNumber();
+      options.checks_statements = false;
+    } else if (word == "--row-guids") {
+      options.unnamed.options.row_guids = true;
+      options.checks_statements = false;
+    } else {
       files.push_back(std::move(word));
-    } else if (options.engine = words.Take(); !host::IsEngine(options.engine)) {
-      throw UsageError();
     }
   }
   if (files.empty()) {
@@ -234,6 +249,10 @@ int RunCommand(Words& words) {
   }
   if (command == "check") {
     return CheckPractice(words);
+  }
+  if (command == "cluster" && words.AtEnd()) {
+    host::RunCluster(std::cin, std::cout);
+    return 0;
   }
   if (command == "recall") {
     return RefreshOneRecall(words);

@@ -105,10 +105,11 @@ int Lock(const fs::path& folder, int flags) {
 
 // Waits until the server of a process that was killed has ended, too.
 void AwaitEnd(const fs::path& folder) {
+  const fs::path file = folder / "data/postmaster.pid";  // there for as long as it runs, or when it was killed itself
   pid_t server = 0;
-  std::ifstream(folder / "data/postmaster.pid") >> server;
+  std::ifstream(file) >> server;
   const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-  while (server > 0 && kill(server, 0) == 0 && std::chrono::steady_clock::now() < until) {
+  while (server > 0 && fs::exists(file) && kill(server, 0) == 0 && std::chrono::steady_clock::now() < until) {
     std::this_thread::sleep_for(kPause);
   }
 }

@@ -95,7 +95,7 @@ TEST(ScenarioRunner, WrongChecksFail) {
                                           "call EditingScreen.Load_PatInfo_Small patient=NEW",
                                           "set LookUpList.Nothing 1",
                                           "open frmNothing",
-                                          "practice empty engine postgres",
+                                          "practice empty engine nothing",
                                           "clock tomorrow",
                                           R"(expect "unclosed)"};
   std::string text;
@@ -153,9 +153,21 @@ TEST(ScenarioRunner, ABlockThatNamesNoEnginePlaysOnTheOneGiven) {
       "scenario \"two\"\n  practice empty\n"
       "scenario \"three\"\n  practice empty engine sqlite\n";
   EXPECT_EQ(RunText(text).tally.passed, 3);
-  const Outcome outcome = RunText(text, {.engine = "postgres"});
+  const Outcome outcome = RunText(text, {.unnamed = {.engine = "nothing"}});
   EXPECT_EQ(outcome.tally.passed, 1) << outcome.output;
-  EXPECT_THAT(outcome.output, HasSubstr("practice empty\n  the engine postgres is not part of this version\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("practice empty\n  there is no engine nothing\n"));
+}
+
+TEST(ScenarioRunner, OtherKindsOfPracticesHaveTheirOwnStatements) {
+  const std::string text =
+      "scenario \"one\"\n  sql \"INSERT INTO EmpTable (EmpInd, EmpNam) VALUES (1, 'Mill')\"\n"
+      "  statements = 7\n  statement ~ *\n  next statement ~ *\n  no statement ~ *\n"
+      "  query \"SELECT EmpNam FROM EmpTable WHERE OfficeID=1\" = Mill\n";
+  EXPECT_EQ(RunText(text).tally.passed, 0);
+  RunOptions options{.checks_statements = false};
+  EXPECT_EQ(RunText(text, options).tally.passed, 1);
+  options.unnamed.options.office = 2;
+  EXPECT_EQ(RunText(text, options).tally.passed, 0);
 }
 
 TEST(ScenarioRunner, AFailingStepEndsItsBlockAlone) {

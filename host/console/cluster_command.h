@@ -1,0 +1,12 @@
+#pragma once
+
+#include <istream>
+#include <ostream>
+
+namespace host {
+
+// Starts a PostgreSQL server for tests, prints its URL and ends with the input. Throws std::runtime_error where none
+// can be started.
+void RunCluster(std::istream& input, std::ostream& output);
+
+}  // namespace host

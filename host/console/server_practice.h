@@ -1,0 +1,11 @@
+#pragma once
+
+#include "console/practice_line.h"
+
+namespace host {
+
+// A new practice on a PostgreSQL server of this process's own, as the copy of one that is made once for each kind of
+// line; it is dropped after use. Fails where no server can be started.
+StagedPractice MakeServerPractice(const PracticeLine& line);
+
+}  // namespace host
