@@ -190,6 +190,7 @@ void SqliteConnection::CommitTrans() {
 }
 
 void SqliteConnection::RollbackTrans() {
+  file_->logs_changes = false;  // the triggers go with the transaction that they were made in
   file_->main->Run("ROLLBACK");
 }
 
