@@ -9,14 +9,14 @@ class Keys : public OnEngine {
  protected:
   std::int32_t Insert(const std::string& columns, const std::string& values) {
     return ToId(FirstValue(
-        *Practice().Run("INSERT INTO EmpTable (" + columns + ") VALUES (" + values + "); SELECT @@IDENTITY")));
+        *Database().Run("INSERT INTO EmpTable (" + columns + ") VALUES (" + values + "); SELECT @@IDENTITY")));
   }
-  std::int32_t Identity() { return ToId(FirstValue(*Practice().Run("SELECT @@IDENTITY"))); }
+  std::int32_t Identity() { return ToId(FirstValue(*Database().Run("SELECT @@IDENTITY"))); }
 };
 
 TEST_P(Keys, AreHandedOutOnce) {
   MakePractice({.kind = 7, .offices = 2});
-  EXPECT_TRUE(session::IsNull(FirstValue(*Practice().Run("SELECT @@IDENTITY")))) << "before the first";
+  EXPECT_TRUE(session::IsNull(FirstValue(*Database().Run("SELECT @@IDENTITY")))) << "before the first";
   EXPECT_EQ(Insert("EmpNam", "'a'"), 1);
   EXPECT_EQ(Insert("EmpInd, OfficeID", "1, 2"), 1) << "another office may have the key too";
   EXPECT_THROW(Insert("EmpInd, OfficeID", "1, 2"), session::DatabaseError);
@@ -46,7 +46,7 @@ TEST_P(Keys, OfSeveralRowsAtOnce) {
 }
 
 TEST_P(Keys, OfTransactions) {
-  session::Connection& connection = *Practice().connection;
+  session::Connection& connection = *Database().connection;
   {
     session::Transaction lost(connection);
     EXPECT_EQ(Insert("EmpNam", "'a'"), 1);
@@ -75,7 +75,7 @@ TEST_P(Keys, RowGuidsComeWithThem) {
   EXPECT_EQ(Run("SELECT elID FROM ELTable WHERE UniqueID='" + guid + "'"), Rows({"1"}));
   // A row that brings none is given one.
   Run("INSERT INTO ELTable (elEmpID) VALUES (1), (2)");
-  const auto given = Practice().Run("SELECT UniqueID FROM ELTable WHERE elID=2");
+  const auto given = Database().Run("SELECT UniqueID FROM ELTable WHERE elID=2");
   EXPECT_TRUE(std::holds_alternative<session::Guid>(given->Get(0)));
   EXPECT_EQ(Run("SELECT Count(DISTINCT UniqueID) FROM ELTable"), Rows({"3"}));
   EXPECT_EQ(Run("INSERT INTO ELTable (elEmpID) OUTPUT inserted.UniqueID VALUES (3)").size(), 1U);

@@ -27,13 +27,13 @@ constexpr const char* kEndless =
 TEST_P(Sharing, HalfReadListNeitherBlocksNorAges) {
   AddEmployers(300);
   const auto there = OpenDatabase(Url());
-  const auto list = Practice().Run("SELECT EmpNam FROM EmpTable ORDER BY EmpInd");
+  const auto list = Database().Run("SELECT EmpNam FROM EmpTable ORDER BY EmpInd");
   Run(there, "UPDATE EmpTable SET EmpNam='changed' WHERE EmpInd=1");
   EXPECT_EQ(Run("SELECT EmpNam FROM EmpTable WHERE EmpInd=1"), Rows({"changed"}));
   Run("UPDATE EmpTable SET EmpNam='mine' WHERE EmpInd=300");
   EXPECT_EQ(Run(there, "SELECT EmpNam FROM EmpTable WHERE EmpInd=300"), Rows({"mine"}));
   {
-    session::Transaction transaction(*Practice().connection);
+    session::Transaction transaction(*Database().connection);
     Run("DELETE * FROM EmpTable WHERE EmpInd=299");
     transaction.Commit();
   }
@@ -42,8 +42,8 @@ TEST_P(Sharing, HalfReadListNeitherBlocksNorAges) {
 }
 
 TEST_P(Sharing, SeeWhatIsCommittedAlone) {
-  const auto there = OpenDatabase((Practice(), Url()));
-  session::Transaction transaction(*Practice().connection);
+  const auto there = OpenDatabase((Database(), Url()));
+  session::Transaction transaction(*Database().connection);
   Run("INSERT INTO EmpTable (EmpNam) VALUES ('a')");
   EXPECT_EQ(Run(there, "SELECT Count(*) FROM EmpTable"), Rows({"0"}));
   transaction.Commit();
@@ -57,14 +57,14 @@ TEST_P(Sharing, WaitForAnotherCanBeGivenUp) {
   auto other = std::make_optional<session::Transaction>(*there.connection);
   Run(there, "UPDATE EmpTable SET EmpNam='there'");
   std::vector<Busy> heard;
-  Practice().connection->WhileBusy = [&](Busy busy) {
+  Database().connection->WhileBusy = [&](Busy busy) {
     heard.push_back(busy);
     return busy == Busy::Waiting;
   };
   EXPECT_NE(Refusal(update), "");
   EXPECT_THAT(heard, testing::AllOf(testing::Contains(Busy::Waiting), testing::Contains(Busy::Done)));
   EXPECT_EQ(heard.back(), Busy::Done);
-  Practice().connection->WhileBusy = [&](Busy busy) {
+  Database().connection->WhileBusy = [&](Busy busy) {
     if (busy == Busy::Waiting) {
       other.reset();  // done in the meantime
     }
@@ -76,7 +76,7 @@ TEST_P(Sharing, WaitForAnotherCanBeGivenUp) {
 
 TEST_P(Sharing, CancelEndsTheRunningStatement) {
   AddThousand();
-  session::Connection& connection = *Practice().connection;
+  session::Connection& connection = *Database().connection;
   for (const bool inside : {false, true}) {
     std::optional<session::Transaction> transaction;
     if (inside) {
@@ -106,7 +106,7 @@ TEST_P(Sharing, CancelEndsTheRunningStatement) {
 
 TEST_P(Sharing, NextKeyEndsAListThatIsRead) {
   AddThousand();
-  session::Connection& connection = *Practice().connection;
+  session::Connection& connection = *Database().connection;
   std::set<Busy> heard;
   connection.WhileBusy = [&](Busy busy) {
     heard.insert(busy);
@@ -114,7 +114,7 @@ TEST_P(Sharing, NextKeyEndsAListThatIsRead) {
   };
   int pauses = 0;
   EXPECT_FALSE(RunUnless(
-      connection, [&] { return ++pauses > 3; }, [&] { Practice().Run(kEndless); }));
+      connection, [&] { return ++pauses > 3; }, [&] { Database().Run(kEndless); }));
   EXPECT_THAT(heard, testing::ElementsAre(Busy::Reading));
   EXPECT_TRUE(RunUnless(
       connection, [] { return false; }, [&] { Run("SELECT Count(*) FROM EmpTable"); }));
@@ -130,7 +130,7 @@ TEST_P(Sharing, RowsAreFetchedAsTheyAreAskedFor) {
   };
   constexpr std::size_t kMost = 4U << 20U;  // the rows together are some 60 megabytes
   const std::size_t before = in_use();
-  const auto list = Practice().Run(kMillionRows);
+  const auto list = Database().Run(kMillionRows);
   EXPECT_LT(in_use(), before + kMost);
   for (int page = 0; page < 100; ++page) {
     ASSERT_EQ(list->GetRows(200).size(), 200U);
@@ -143,7 +143,7 @@ TEST_P(Sharing, ManyListsMayBeOpen) {
   AddThousand();
   std::vector<std::unique_ptr<session::Recordset>> lists;
   for (int i = 0; i < 20; ++i) {
-    lists.push_back(Practice().Run(kMillionRows));
+    lists.push_back(Database().Run(kMillionRows));
     lists.back()->GetRows(static_cast<std::size_t>(i));
   }
   Run("UPDATE EmpTable SET EmpNam='x' WHERE EmpInd=1000");

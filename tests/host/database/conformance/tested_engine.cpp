@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 
+#include "database/unix/throwaway_cluster.h"
+#include "forms/text.h"
 #include "practice/machine.h"
 
 namespace host {
@@ -18,7 +21,7 @@ class SqliteFilePlace : public TestedPlace {
   SqliteFilePlace(const SqliteFilePlace&) = delete;
   SqliteFilePlace& operator=(const SqliteFilePlace&) = delete;
   ~SqliteFilePlace() override { std::filesystem::remove_all(folder_); }
-  std::string Url() const override { return "sqlite:" + (folder_ / "a practice.db").string(); }
+  std::string Url() override { return "sqlite:" + (folder_ / "a practice.db").string(); }
 
  private:
   std::filesystem::path folder_;
@@ -26,7 +29,40 @@ class SqliteFilePlace : public TestedPlace {
 
 class SqliteMemoryPlace : public TestedPlace {
  public:
-  std::string Url() const override { return "sqlite::memory:"; }
+  std::string Url() override { return "sqlite::memory:"; }
+};
+
+// Practices are copies of one that is made once for the options.
+class PostgresPlace : public TestedPlace {
+ public:
+  PostgresPlace() = default;
+  PostgresPlace(const PostgresPlace&) = delete;
+  PostgresPlace& operator=(const PostgresPlace&) = delete;
+  ~PostgresPlace() override {
+    if (!database_.empty()) {
+      SharedCluster().DropDatabase(database_);
+    }
+  }
+  std::string Url() override {
+    if (database_.empty()) {
+      database_ = SharedCluster().MakeDatabase("conformance");
+    }
+    return SharedCluster().Url(database_);
+  }
+  PracticeDatabase MakePractice(const CreationOptions& options) override {
+    static std::map<std::string, std::string> made;
+    std::string& original = made[std::to_string(options.kind) + std::to_string(options.office) +
+                                 std::to_string(options.offices) + std::to_string(static_cast<int>(options.row_guids))];
+    if (original.empty()) {
+      original = SharedCluster().MakeDatabase("original");
+      CreateDatabase(SharedCluster().Url(original), options);
+    }
+    database_ = SharedCluster().MakeDatabase("conformance", original);
+    return OpenDatabase(Url());
+  }
+
+ private:
+  std::string database_;
 };
 
 template <class Place>
@@ -39,6 +75,7 @@ std::unique_ptr<TestedPlace> Fresh() {
 std::vector<TestedEngine> EveryEngine() {
   TestedEngine sqlite{.name = "SqliteFile",
                       .fresh = Fresh<SqliteFilePlace>,
+                      .explain = "EXPLAIN QUERY PLAN ",
                       .one_writer = true,
                       .refuses_overlong = false,
                       .stores_zero = true};
@@ -46,7 +83,14 @@ std::vector<TestedEngine> EveryEngine() {
   memory.name = "SqliteMemory";
   memory.fresh = Fresh<SqliteMemoryPlace>;
   memory.shared = false;
-  return {sqlite, memory};
+  const TestedEngine postgres{.name = "Postgres",
+                              .fresh = Fresh<PostgresPlace>,
+                              // Of tables that hold next to nothing.
+                              .explain =
+                                  "SET enable_seqscan=off; SET enable_hashjoin=off; SET enable_mergejoin=off; "
+                                  "SET enable_sort=off; EXPLAIN ",
+                              .whole_batches = true};
+  return {sqlite, memory, postgres};
 }
 
 std::vector<TestedEngine> SharedEngines() {
@@ -63,10 +107,10 @@ void OnEngine::MakePractice(const CreationOptions& options) {
   practice_.reset();
   place_.reset();
   place_ = GetParam().fresh();
-  practice_ = CreateDatabase(place_->Url(), options);
+  practice_ = place_->MakePractice(options);
 }
 
-PracticeDatabase& OnEngine::Practice() {
+PracticeDatabase& OnEngine::Database() {
   if (!practice_) {
     MakePractice();
   }
@@ -86,11 +130,20 @@ std::vector<std::string> OnEngine::Run(const PracticeDatabase& practice, const s
 
 std::string OnEngine::Refusal(const std::string& statement) {
   try {
-    Practice().Run(statement);
+    Database().Run(statement);
     return {};
   } catch (const session::DatabaseError& error) {
     return error.what();
   }
+}
+
+std::string OnEngine::Plan(const PracticeDatabase& practice, const std::string& statement) const {
+  std::string plan = statement;
+  for (auto rows = practice.connection->Execute(GetParam().explain + practice.prepare(statement)); !rows->Eof();
+       rows->MoveNext()) {
+    plan += "\n" + forms::ToLower(session::ToText(rows->Get(rows->Fields().size() - 1)));
+  }
+  return plan;
 }
 
 void OnEngine::AddEmployers(int count) {

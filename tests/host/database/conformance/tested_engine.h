@@ -15,15 +15,19 @@ namespace host {
 class TestedPlace {
  public:
   virtual ~TestedPlace() = default;
-  virtual std::string Url() const = 0;
+  // Where a practice can be made, or is.
+  virtual std::string Url() = 0;
+  virtual PracticeDatabase MakePractice(const CreationOptions& options) { return CreateDatabase(Url(), options); }
 };
 
 // A kind of databases, and in what its nature differs where the suite lets engines differ.
 struct TestedEngine {
   std::string name;
   std::function<std::unique_ptr<TestedPlace>()> fresh;
+  std::string explain;           // before a statement: answers its plan, in each row's last field
   bool shared = true;            // several connections may have one practice open
   bool one_writer = false;       // a transaction keeps every other one waiting, not only those of its rows
+  bool whole_batches = false;    // a batch of which a statement fails leaves nothing
   bool refuses_overlong = true;  // a text beyond its column's size
   bool stores_zero = false;      // a zero character within a text
 };
@@ -40,15 +44,19 @@ class OnEngine : public testing::TestWithParam<TestedEngine> {
 
   // Another one in place of that before.
   void MakePractice(const CreationOptions& options = {});
-  PracticeDatabase& Practice();
-  std::string Url() const { return place_->Url(); }
+  PracticeDatabase& Database();
+  std::string Url() { return place_->Url(); }
 
   // Runs a statement in the screens' dialect and reads its rows, their fields parted by "|".
-  std::vector<std::string> Run(const std::string& statement) { return Run(Practice(), statement); }
+  std::vector<std::string> Run(const std::string& statement) { return Run(Database(), statement); }
   static std::vector<std::string> Run(const PracticeDatabase& practice, const std::string& statement);
   // What the engine says to the statement; empty when it runs.
   std::string Refusal(const std::string& statement);
   static std::vector<std::string> Rows(std::initializer_list<std::string> rows) { return rows; }
+
+  // How the engine sets about a statement, in its own words but in small letters.
+  std::string Plan(const std::string& statement) { return Plan(Database(), statement); }
+  std::string Plan(const PracticeDatabase& practice, const std::string& statement) const;
 
   // `count` rows of employers, named "Employer 0" and so on.
   void AddEmployers(int count);

@@ -36,7 +36,7 @@ TEST_P(Values, ZeroCharacterIsStoredOrRefused) {
 
 TEST_P(Values, CaptionsKeepTheirWriting) {
   Run("INSERT INTO EmpTable (EmpNam, EmpCIT) VALUES ('Mill', 'Boston')");
-  const auto rows = Practice().Run(
+  const auto rows = Database().Run(
       "SELECT EmpNam AS [Employer Name], EmpTable.EmpCIT AS [\"; DROP TABLE EmpTable; --], EmpInd AS [Select], "
       "EmpNam AS [it's # % \\ ], EmpNam AS ToWN, Count(*) AS [B-City] FROM EmpTable GROUP BY EmpNam, EmpCIT, EmpInd "
       "ORDER BY [Employer Name], [Select]");
@@ -48,8 +48,8 @@ TEST_P(Values, CaptionsKeepTheirWriting) {
                                           "ToWN", "B-City"));
   EXPECT_EQ(ToText((*rows)["employer name"]), "Mill");
   // A column without a caption: its name, whatever its capitals.
-  EXPECT_EQ(ToText((*Practice().Run("SELECT * FROM EmpTable"))["EmpNam"]), "Mill");
-  EXPECT_EQ(Practice().Run("SELECT * FROM EmpTable")->FieldIndex("EMPNAM"), 1);
+  EXPECT_EQ(ToText((*Database().Run("SELECT * FROM EmpTable"))["EmpNam"]), "Mill");
+  EXPECT_EQ(Database().Run("SELECT * FROM EmpTable")->FieldIndex("EMPNAM"), 1);
 }
 
 // The same of a list that has no rows: its grid has columns all the same.
@@ -63,7 +63,7 @@ TEST_P(Values, FieldsHaveTypeAndSize) {
       Run("INSERT INTO EBTable (EBDep) VALUES ('Desk'); INSERT INTO NoteTable (nNote) VALUES (''); "
           "INSERT INTO EmpTable (EmpNam) VALUES ('Mill')");
     }
-    const auto rows = Practice().Run(columns);
+    const auto rows = Database().Run(columns);
     EXPECT_EQ(rows->Eof(), empty);
     std::vector<std::pair<FieldType, int>> fields;
     for (const auto& field : rows->Fields()) {
@@ -82,7 +82,7 @@ TEST_P(Values, ComeByTheirColumns) {
   Run("INSERT INTO EBTable (EBDep, EBAPPDAT, EBAnnSalAmt, EBAnnVacHou) VALUES ('Desk', #11/21/2026 14:05:00#, 0.0003, "
       "1.5)");
   const auto rows =
-      Practice().Run("SELECT EBID, EBDep, EBAPPDAT, EBAnnSalAmt, EBAnnVacHou, EBReaCha, EBID+1 AS n FROM EBTable");
+      Database().Run("SELECT EBID, EBDep, EBAPPDAT, EBAnnSalAmt, EBAnnVacHou, EBReaCha, EBID+1 AS n FROM EBTable");
   EXPECT_EQ(rows->Get(0), session::Value(std::int64_t{1}));
   EXPECT_EQ(rows->Get(1), session::Value("Desk"));
   EXPECT_EQ(rows->Get(2), session::Value(*forms::ParseIso("2026-11-21 14:05:00")));
@@ -105,7 +105,7 @@ TEST_P(Values, EmptyTextIsNotNull) {
   Run("UPDATE PATable SET pLASNAM=Null, pFIRNAM='', pBIRDAT=''");
   EXPECT_EQ(Run("SELECT pLASNAM, pFIRNAM FROM PATable"), Rows({"(null)|"}));
   // No date, and no number.
-  const auto rows = Practice().Run("SELECT pBIRDAT, pPROIND FROM PATable");
+  const auto rows = Database().Run("SELECT pBIRDAT, pPROIND FROM PATable");
   EXPECT_FALSE(session::ToDateTime(rows->Get(0)));
   EXPECT_EQ(session::ToId(rows->Get(1)), 0);
 }
@@ -136,7 +136,7 @@ TEST_P(Values, MoneyIsExact) {
                                                         {"0.00006", "0.0001"},
                                                         {"-0.00006", "-0.0001"}}) {
     Run("DELETE * FROM DTTable; INSERT INTO DTTable (traAmt) VALUES (" + written + ")");
-    const auto rows = Practice().Run("SELECT traAmt FROM DTTable");
+    const auto rows = Database().Run("SELECT traAmt FROM DTTable");
     EXPECT_TRUE(std::holds_alternative<forms::Currency>(rows->Get(0)));
     EXPECT_EQ(ToText(rows->Get(0)), read) << written;
   }
