@@ -1,6 +1,7 @@
 #include "database/schema.h"
 
-#include <unordered_set>
+#include <algorithm>
+#include <unordered_map>
 
 #include "database/tables.h"
 #include "forms/text.h"
@@ -17,16 +18,21 @@ std::vector<Table> MakeTables() {
   return all;
 }
 
-std::unordered_set<std::string> TextColumns() {
-  std::unordered_set<std::string> names;
+// By their names in lower case.
+std::unordered_map<std::string, const Column*> MakeColumns() {
+  std::unordered_map<std::string, const Column*> known;
   for (const Table& table : PracticeTables()) {
     for (const Column& column : table.columns) {
-      if (column.type == ColumnType::Text || column.type == ColumnType::Memo) {
-        names.insert(forms::ToLower(column.name));
-      }
+      known.emplace(forms::ToLower(column.name), &column);
     }
   }
-  return names;
+  return known;
+}
+
+const Column* AnyColumn(std::string_view name) {
+  static const std::unordered_map<std::string, const Column*> columns = MakeColumns();
+  const auto found = columns.find(forms::ToLower(name));
+  return found == columns.end() ? nullptr : found->second;
 }
 
 }  // namespace
@@ -45,9 +51,25 @@ const Table* FindTable(std::string_view name) {
   return nullptr;
 }
 
+const Column* FindColumn(const Table& table, std::string_view name) {
+  const auto found = std::ranges::find_if(
+      table.columns, [&](const Column& column) { return forms::EqualsIgnoringCase(column.name, name); });
+  return found == table.columns.end() ? nullptr : &*found;
+}
+
+std::string InCapitals(std::string_view name) {
+  for (const std::string_view of_every_table : {"OfficeID", "UniqueID"}) {
+    if (forms::EqualsIgnoringCase(name, of_every_table)) {
+      return std::string(of_every_table);
+    }
+  }
+  const Column* column = AnyColumn(name);
+  return std::string(column == nullptr ? name : column->name);
+}
+
 bool IsTextColumn(std::string_view name) {
-  static const std::unordered_set<std::string> names = TextColumns();
-  return names.contains(forms::ToLower(name));
+  const Column* column = AnyColumn(name);
+  return column != nullptr && (column->type == ColumnType::Text || column->type == ColumnType::Memo);
 }
 
 }  // namespace host

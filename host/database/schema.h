@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -54,7 +55,10 @@ inline constexpr std::string_view kChangeLog = "ChangeTable";
 const std::vector<Table>& PracticeTables();
 // By name without regard to case; null when there is none.
 const Table* FindTable(std::string_view name);
-// Whether a column of this name holds text. Column names mean the same in every table.
+const Column* FindColumn(const Table& table, std::string_view name);
+// A column's name, which means the same in every table, as the schema writes it; what is none as it is.
+std::string InCapitals(std::string_view name);
+// Whether a column of this name holds text.
 bool IsTextColumn(std::string_view name);
 
 // Tables that only the host reads and writes:

@@ -74,4 +74,21 @@ std::string ToText(const Guid& guid) {
   return text + "}";
 }
 
+std::optional<Guid> ParseGuid(std::string_view text) {
+  Guid guid;
+  std::size_t digits = 0;
+  for (const char c : text) {
+    if (c == '{' || c == '}' || c == '-') {
+      continue;
+    }
+    unsigned digit = 0;
+    if (digits == 2 * guid.bytes.size() || std::from_chars(&c, &c + 1, digit, 16).ptr == &c) {
+      return std::nullopt;
+    }
+    std::uint8_t& byte = guid.bytes.at(digits++ / 2);
+    byte = static_cast<std::uint8_t>((byte << 4U) | digit);
+  }
+  return digits == 2 * guid.bytes.size() ? std::optional(guid) : std::nullopt;
+}
+
 }  // namespace session

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -36,5 +37,7 @@ std::int32_t ToId(const Value& value);
 std::optional<forms::DateTime> ToDateTime(const Value& value);
 // "{01234567-89AB-CDEF-0123-456789ABCDEF}".
 std::string ToText(const Guid& guid);
+// With or without braces and hyphens; nothing for what is no GUID.
+std::optional<Guid> ParseGuid(std::string_view text);
 
 }  // namespace session

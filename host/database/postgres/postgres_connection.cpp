@@ -4,15 +4,11 @@
 #include "database/postgres/postgres_handle.h"
 #include "database/postgres/postgres_readers.h"
 #include "database/postgres/postgres_recordset.h"
-#include "database/postgres/postgres_schema.h"
 #include "database/postgres/postgres_values.h"
 #include "forms/text.h"
 
 namespace host {
 namespace {
-
-// How long another program is waited for where nobody can give it up.
-constexpr const char* kLongestWait = "10s";
 
 // Stands before each batch of a transaction, so that one that fails takes back nothing but itself.
 constexpr const char* kBegin = "BEGIN; SAVEPOINT practice_batch";
@@ -27,45 +23,13 @@ PostgresUrl UrlFor(const std::string& url, const PostgresWay& way) {
   return parsed;
 }
 
-PostgresSettings FixedFor(const PostgresWay& way) {
-  return {{"search_path", way.search_path.empty() ? std::string(kSearchPath) : way.search_path},
-          {"DateStyle", "ISO"},
-          {"bytea_output", "hex"},
-          {"standard_conforming_strings", "on"}};
-}
-
-// Of a select alone; what stands in quotes is passed over.
-bool IsSingleSelect(std::string_view sql) {
-  sql = forms::Trim(sql);
-  if (!forms::EqualsIgnoringCase(sql.substr(0, 6), "SELECT")) {
-    return false;
-  }
-  char quote = 0;
-  for (std::size_t i = 0; i < sql.size(); ++i) {
-    const char c = sql[i];
-    if (quote != 0) {
-      quote = c == quote ? '\0' : quote;
-    } else if (c == '\'' || c == '"') {
-      quote = c;
-    } else if (c == ';') {
-      return forms::Trim(sql.substr(i + 1)).empty();
-    }
-  }
-  return true;
-}
-
-// What the main connection alone knows, or may do.
-bool NeedsMain(std::string_view sql) {
-  return sql.find("practice_identity") != std::string_view::npos;
-}
-
 }  // namespace
 
 class PostgresServer {
  public:
   PostgresServer(const std::string& url, const PostgresWay& way, const session::WhileBusy& while_busy)
       : url_(UrlFor(url, way)),
-        fixed_(FixedFor(way)),
+        fixed_(FixedSettings(way.search_path)),
         while_busy_(while_busy),
         reads_apart_(way.readers),
         readers_(url_, fixed_, while_busy),
@@ -83,13 +47,13 @@ class PostgresServer {
     if (state_ == State::Open) {
       return InTransaction(sql);
     }
-    if (reads_apart_ && IsSingleSelect(sql) && !NeedsMain(sql)) {
+    if (reads_apart_ && CanReadApart(sql)) {
       if (auto rows = OnReader(sql)) {
         return rows;
       }
     }
     Ready();
-    return Rows(main_->Run(Settings(true), sql, sql));
+    return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql, sql));
   }
 
   void Begin() {
@@ -139,8 +103,7 @@ class PostgresServer {
     }
   }
 
-  const ChangeAuthor* author = nullptr;
-  int office = 0;
+  PostgresUse use;
 
  private:
   enum class State {
@@ -161,19 +124,9 @@ class PostgresServer {
     }
   }
 
-  PostgresSettings Settings(bool writes) const {
-    PostgresSettings settings{{"practice.office", office == 0 ? "" : std::to_string(office)}};
-    if (writes) {
-      settings["practice.author"] = author == nullptr ? "" : author->name;
-      settings["practice.moment"] = author == nullptr ? "" : forms::FormatIso(author->clock());
-      settings["lock_timeout"] = while_busy_ ? "0" : kLongestWait;
-    }
-    return settings;
-  }
-
   std::unique_ptr<session::Recordset> InTransaction(const std::string& sql) {
     try {
-      return Rows(main_->Run(Settings(true), sql + kKeep, sql));
+      return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql + kKeep, sql));
     } catch (const session::DatabaseError& refused) {
       try {
         if (!refused.ConnectionLost()) {
@@ -196,7 +149,7 @@ class PostgresServer {
     } catch (const session::DatabaseError&) {
       return nullptr;  // the server takes no further connections, or none at all, which the main one finds out
     }
-    reader->Send(Settings(false), sql, sql);
+    reader->Send(use.ForReading(), sql, sql);
     reader->RowByRow();
     return std::make_unique<PostgresStream>(std::move(reader), columns_);
   }
@@ -282,11 +235,11 @@ int PostgresConnection::Process() const {
 }
 
 void PostgresConnection::WriteAs(const ChangeAuthor* author) {
-  server_->author = author;
+  server_->use.author = author;
 }
 
 void PostgresConnection::EnterOffice(int office) {
-  server_->office = office;
+  server_->use.office = office;
 }
 
 }  // namespace host

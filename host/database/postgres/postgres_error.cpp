@@ -8,11 +8,6 @@
 namespace host {
 namespace {
 
-std::string Part(const PGresult* result, int field) {
-  const char* text = PQresultErrorField(result, field);
-  return text == nullptr ? std::string() : text;
-}
-
 // The column that a check is about, which is called "table_column_check".
 const Column* CheckedColumn(const std::string& table_name, std::string_view check) {
   const Table* table = FindTable(table_name);
@@ -27,17 +22,17 @@ const Column* CheckedColumn(const std::string& table_name, std::string_view chec
   return nullptr;
 }
 
-std::string BrokenCheck(const PGresult* result) {
-  const Column* column = CheckedColumn(Part(result, PG_DIAG_TABLE_NAME), Part(result, PG_DIAG_CONSTRAINT_NAME));
+std::string BrokenCheck(const PostgresRefusal& refusal) {
+  const Column* column = CheckedColumn(refusal.table, refusal.constraint);
   if (column == nullptr || column->size == 0) {
-    return Part(result, PG_DIAG_MESSAGE_PRIMARY);
+    return refusal.message;
   }
   return "The text for " + std::string(column->name) + " is too long: there is room for " +
          std::to_string(column->size) + " characters.";
 }
 
-std::string Reason(const PGresult* result, std::string_view state) {
-  const std::string message = Part(result, PG_DIAG_MESSAGE_PRIMARY);
+std::string Reason(const PostgresRefusal& refusal) {
+  const auto& [state, message, detail, table, column, constraint] = refusal;
   if (state == "57014") {
     return "It was ended before it was done.";
   }
@@ -57,14 +52,13 @@ std::string Reason(const PGresult* result, std::string_view state) {
     return "The disk of the database server is full.";
   }
   if (state == "23505") {
-    const std::string detail = Part(result, PG_DIAG_MESSAGE_DETAIL);
     return "There is such a record already" + (detail.empty() ? "." : ": " + detail);
   }
   if (state == "23502") {
-    return "A value is missing for " + Part(result, PG_DIAG_COLUMN_NAME) + ".";
+    return "A value is missing for " + column + ".";
   }
   if (state == "23514") {
-    return BrokenCheck(result);
+    return BrokenCheck(refusal);
   }
   if (state == "22003") {
     return "A number is too large for its field: " + message + ".";
@@ -78,12 +72,11 @@ bool IsLoss(std::string_view state) {
   return state.starts_with("08") || state == "57P01" || state == "57P02" || state == "57P03" || state == "57P05";
 }
 
-session::DatabaseError Refusal(const PGresult* result, std::string_view statement) {
-  const std::string state = Part(result, PG_DIAG_SQLSTATE);
-  if (state.empty() || IsLoss(state)) {
-    return Loss(PQresultErrorMessage(result), statement);
+session::DatabaseError Refused(const PostgresRefusal& refusal, std::string_view statement) {
+  if (refusal.state.empty() || IsLoss(refusal.state)) {
+    return Loss(refusal.message, statement);
   }
-  return {Reason(result, state), statement, CodeOfState(state)};
+  return {Reason(refusal), statement, CodeOfState(refusal.state)};
 }
 
 session::DatabaseError Loss(std::string_view why, std::string_view statement) {

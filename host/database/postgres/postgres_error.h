@@ -1,7 +1,5 @@
 #pragma once
 
-#include <libpq-fe.h>
-
 #include <string>
 #include <string_view>
 
@@ -18,12 +16,22 @@ constexpr int CodeOfState(std::string_view state) {
   return code;
 }
 
+// What a server says of a statement that it refused, by the names of its protocol's fields.
+struct PostgresRefusal {
+  std::string state;
+  std::string message;
+  std::string detail = {};
+  std::string table = {};
+  std::string column = {};
+  std::string constraint = {};
+};
+
 // Whether the state says that the server has ended the connection, or takes none for now.
 bool IsLoss(std::string_view state);
 
 // What the server refused, in a person's words where there is something to be done about it.
-session::DatabaseError Refusal(const PGresult* result, std::string_view statement);
-// A connection that is gone, or could not be made; `why` is libpq's text.
+session::DatabaseError Refused(const PostgresRefusal& refusal, std::string_view statement);
+// A connection that is gone, or could not be made; `why` is the library's text.
 session::DatabaseError Loss(std::string_view why, std::string_view statement);
 
 // libpq's text as a sentence on one line, without its hints.

@@ -25,6 +25,17 @@ bool IsReadable(int socket, int timeout) {
   return poll(&waiting, 1, timeout) > 0;
 }
 
+PostgresRefusal RefusalOf(const PGresult* result) {
+  const auto part = [&](int field) {
+    const char* text = PQresultErrorField(result, field);
+    return text == nullptr ? std::string() : text;
+  };
+  const std::string message = part(PG_DIAG_MESSAGE_PRIMARY);
+  return {part(PG_DIAG_SQLSTATE),       message.empty() ? PQresultErrorMessage(result) : message,
+          part(PG_DIAG_MESSAGE_DETAIL), part(PG_DIAG_TABLE_NAME),
+          part(PG_DIAG_COLUMN_NAME),    part(PG_DIAG_CONSTRAINT_NAME)};
+}
+
 }  // namespace
 
 PostgresHandle::PostgresHandle(const PostgresUrl& url, const PostgresSettings& fixed,
@@ -124,7 +135,7 @@ PostgresResult PostgresHandle::Next() {
       case PGRES_FATAL_ERROR:
       case PGRES_NONFATAL_ERROR:
       case PGRES_BAD_RESPONSE: {
-        const session::DatabaseError refusal = Refusal(result.get(), statement_);
+        const session::DatabaseError refusal = Refused(RefusalOf(result.get()), statement_);
         Abandon();
         throw session::DatabaseError(refusal);
       }

@@ -4,12 +4,12 @@
 
 #include <chrono>
 #include <functional>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
 
+#include "database/postgres/postgres_session.h"
 #include "database/postgres/postgres_url.h"
 #include "session/connection.h"
 
@@ -19,9 +19,6 @@ struct ClearResult {
   void operator()(PGresult* result) const { PQclear(result); }
 };
 using PostgresResult = std::unique_ptr<PGresult, ClearResult>;
-
-// Session variables by their names.
-using PostgresSettings = std::map<std::string, std::string>;
 
 // One of libpq's connections. Failures are session::DatabaseError; where the connection is lost their origin says so.
 class PostgresHandle {

@@ -9,16 +9,11 @@ namespace {
 // A list, and what is asked while it is half read.
 constexpr std::size_t kKept = 2;
 
-PostgresSettings ReadOnly(PostgresSettings settings) {
-  settings["default_transaction_read_only"] = "on";
-  return settings;
-}
-
 }  // namespace
 
 PostgresReaders::PostgresReaders(const PostgresUrl& url, const PostgresSettings& fixed,
                                  const session::WhileBusy& while_busy)
-    : url_(url), fixed_(ReadOnly(fixed)), while_busy_(while_busy) {}
+    : url_(url), fixed_(ForReaders(fixed)), while_busy_(while_busy) {}
 
 PostgresReaders::Lease PostgresReaders::Borrow() {
   std::unique_ptr<PostgresHandle> reader;

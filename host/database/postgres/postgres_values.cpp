@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <string_view>
-#include <unordered_map>
 
 #include "forms/text.h"
 
@@ -64,51 +63,10 @@ FieldType TypeOf(Type type, int modifier) {
   }
 }
 
-// By their lower-case names, which mean the same in every table.
-const std::unordered_map<std::string, const Column*>& KnownColumns() {
-  static const auto columns = [] {
-    std::unordered_map<std::string, const Column*> known;
-    for (const Table& table : PracticeTables()) {
-      for (const Column& column : table.columns) {
-        known.emplace(forms::ToLower(column.name), &column);
-      }
-    }
-    return known;
-  }();
-  return columns;
-}
-
-// A name without capitals was written without quotes: a column of the schema, or an expression.
-std::string InCapitals(const std::string& name) {
-  if (name == "officeid" || name == "uniqueid") {
-    return name == "officeid" ? "OfficeID" : "UniqueID";
-  }
-  const auto found = KnownColumns().find(name);
-  return found == KnownColumns().end() ? name : std::string(found->second->name);
-}
-
-const Column* FindColumn(const Table& table, std::string_view name) {
-  const auto found = std::ranges::find_if(
-      table.columns, [&](const Column& column) { return forms::EqualsIgnoringCase(column.name, name); });
-  return found == table.columns.end() ? nullptr : &*found;
-}
-
 unsigned Digit(char c) {
   unsigned digit = 0;
   std::from_chars(&c, &c + 1, digit, 16);
   return digit;
-}
-
-session::Guid ToGuid(std::string_view text) {
-  session::Guid guid;
-  std::size_t digits = 0;
-  for (const char c : text) {
-    if (c != '-' && digits < 2 * guid.bytes.size()) {
-      std::uint8_t& byte = guid.bytes.at(digits++ / 2);
-      byte = static_cast<std::uint8_t>((byte << 4U) | Digit(c));
-    }
-  }
-  return guid;
 }
 
 // "\x0aff".
@@ -165,7 +123,7 @@ Value ValueAt(const PGresult* result, int row, int column, FieldType type) {
     case FieldType::DateTime:
       return ToMoment(text);
     case FieldType::Guid:
-      return ToGuid(text);
+      return session::ParseGuid(text).value_or(session::Guid());
     case FieldType::Blob:
       return ToBlob(text);
     default:
@@ -177,7 +135,9 @@ std::vector<session::Field> PostgresColumns::FieldsOf(const PGresult* result) {
   std::vector<session::Field> fields;
   for (int i = 0; i < PQnfields(result); ++i) {
     session::Field& field = fields.emplace_back();
-    field.name = InCapitals(PQfname(result, i));
+    // A name without capitals was written without quotes: a column of the schema, or an expression.
+    const std::string_view name = PQfname(result, i);
+    field.name = name == forms::ToLower(name) ? InCapitals(name) : std::string(name);
     const auto type = static_cast<Type>(PQftype(result, i));
     const int modifier = PQfmod(result, i);
     field.type = TypeOf(type, modifier);

@@ -56,23 +56,6 @@ FieldType StoredType(int storage) {
   }
 }
 
-std::optional<session::Guid> ParseGuid(std::string_view text) {
-  session::Guid guid;
-  std::size_t digits = 0;
-  for (const char c : text) {
-    if (c == '{' || c == '}' || c == '-') {
-      continue;
-    }
-    unsigned digit = 0;
-    if (digits == 2 * guid.bytes.size() || std::from_chars(&c, &c + 1, digit, 16).ptr == &c) {
-      return std::nullopt;
-    }
-    std::uint8_t& byte = guid.bytes.at(digits++ / 2);
-    byte = static_cast<std::uint8_t>((byte << 4U) | digit);
-  }
-  return digits == 2 * guid.bytes.size() ? std::optional(guid) : std::nullopt;
-}
-
 Value Number(sqlite3_stmt* statement, int column, FieldType type) {
   const double real = sqlite3_column_double(statement, column);
   if (type == FieldType::Currency) {
@@ -102,7 +85,7 @@ Value Text(std::string_view text, FieldType type) {
       return *moment;
     }
   } else if (type == FieldType::Guid) {
-    if (const auto guid = ParseGuid(text)) {
+    if (const auto guid = session::ParseGuid(text)) {
       return *guid;
     }
   }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "database/change_author.h"
+
+// What every connection to a PostgreSQL server is told, whichever library it is made by.
+namespace host {
+
+// Session variables by their names.
+using PostgresSettings = std::map<std::string, std::string>;
+
+// What is set once; an empty search path is `kSearchPath`.
+PostgresSettings FixedSettings(const std::string& search_path = {});
+// The same for a connection that only reads.
+PostgresSettings ForReaders(PostgresSettings fixed);
+
+// Whom and where statements are run for.
+struct PostgresUse {
+  const ChangeAuthor* author = nullptr;  // nullptr for nobody
+  int office = 0;                        // 0 for every one
+
+  PostgresSettings ForReading() const;
+  // `can_give_up` is whether somebody can end the wait for another program.
+  PostgresSettings ForWriting(bool can_give_up) const;
+};
+
+// Whether a batch is one select that another connection may run as well.
+bool CanReadApart(std::string_view batch);
+
+}  // namespace host
