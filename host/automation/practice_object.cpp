@@ -4,7 +4,7 @@
 
 #include "automation/session_object.h"
 #include "database/database.h"
-#include "database/file_path.h"
+#include "practice/data_folder.h"
 #include "practice/demo.h"
 #include "practice/demo_files.h"
 #include "practice/host_session.h"
@@ -26,13 +26,10 @@ bool IsGiven(const CallArguments& arguments, std::size_t place) {
   throw session::DatabaseError(text, {}, 0);
 }
 
-std::string FolderOf(const std::filesystem::path& file) {
-  return automation::ToUtf8(std::filesystem::absolute(file).parent_path().wstring());
-}
-
-// The folder that a practice's files lie in, beside its database.
-std::string DataFolderOf(const std::string& url) {
-  return FolderOf(FilePath(url.substr(std::min(kSqlite.size(), url.size()))));
+// Where the files of practices lie that are on a server.
+std::string OwnFolder() {
+  const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
+  return automation::ToUtf8(folder == nullptr ? std::wstring(L".") : std::wstring(folder)) + "/practice_desk";
 }
 
 // A session that sends its reminders, and the practice that it works in.
@@ -60,7 +57,7 @@ PracticeObject::PracticeObject() {
   Add("Open", [this](const CallArguments& arguments) {
     const std::string url = arguments.Text(0);
     practice_ = std::make_shared<Practice>(url);
-    data_folder_ = DataFolderOf(url);
+    data_folder_ = DataFolderOf(url, OwnFolder());
     return Variant();
   });
   Add("LogIn", [this](const CallArguments& arguments) { return LogIn(arguments); });
@@ -74,7 +71,7 @@ void PracticeObject::OpenDemo(const CallArguments& arguments) {
   }
   const bool is_new = IsVacant(url);
   practice_ = std::make_shared<Practice>(is_new ? MakeDemo(url, options) : Practice(url));
-  data_folder_ = DataFolderOf(url);
+  data_folder_ = DataFolderOf(url, OwnFolder());
   if (is_new) {
     WriteDemoFiles(data_folder_);
   }

@@ -1,10 +1,10 @@
 #include "console/demo_command.h"
 
 #include <array>
-#include <filesystem>
 #include <iomanip>
 
-#include "database/file_path.h"
+#include "database/shown_url.h"
+#include "practice/data_folder.h"
 #include "practice/demo_files.h"
 #include "session/value.h"
 
@@ -38,12 +38,10 @@ constexpr std::array kKinds = {
     Kind{"places", "ZipCodTable"},
 };
 
-// What a practice in memory would have in its data folder goes with it.
+// What a practice in memory would have in its data folder goes with it; that of one on a server is the desk's.
 void WriteFilesBeside(const std::string& url) {
-  const std::string file = url.substr(url.find(':') + 1);
-  if (file != ":memory:") {
-    const std::u8string folder = std::filesystem::absolute(FilePath(file)).parent_path().u8string();
-    WriteDemoFiles({folder.begin(), folder.end()});
+  if (const std::string folder = DataFolderOf(url, {}); url.starts_with("sqlite:") && !folder.empty()) {
+    WriteDemoFiles(folder);
   }
 }
 
@@ -53,7 +51,7 @@ void RunDemo(const std::string& url, const DemoOptions& options, std::ostream& o
   Practice practice = MakeDemo(url, options);
   OfficeDatabase office(practice, practice.Office());
   WriteFilesBeside(url);
-  output << "A demo practice at " << url << "\n";
+  output << "A demo practice at " << ShownUrl(url) << "\n";
   for (const Kind& kind : kKinds) {
     const auto count = office.Connection().Execute(
         office.PrepareSQL(std::string("SELECT COUNT(*) FROM ") + kind.table_and_condition, 1));

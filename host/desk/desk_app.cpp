@@ -2,9 +2,6 @@
 
 #include <wx/image.h>
 
-#include <filesystem>
-
-#include "database/file_path.h"
 #include "desk/main_frame.h"
 #include "practice/demo.h"
 #include "practice/demo_files.h"
@@ -13,22 +10,17 @@ namespace host {
 
 Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::int32_t patients) {
   const std::string demo = "sqlite:" + folder + "/demo.sqlite";
-  if (!url.empty() || !IsVacant(demo)) {
-    return Practice(url.empty() ? demo : url);
+  if (!url.empty()) {
+    const bool on_server = !url.starts_with("sqlite:");
+    return on_server && IsVacant(url) ? CreatePractice(url) : Practice(url);
+  }
+  if (!IsVacant(demo)) {
+    return Practice(demo);
   }
   DemoOptions options;
   options.patients = patients;
   WriteDemoFiles(folder);
   return MakeDemo(demo, options);
-}
-
-std::string DataFolderOf(const std::string& url, const std::string& folder) {
-  const std::size_t path = url.find(':') + 1;
-  if (path == 0 || url.ends_with(":memory:")) {
-    return folder;
-  }
-  const std::u8string beside = std::filesystem::absolute(FilePath(url.substr(path))).parent_path().u8string();
-  return {beside.begin(), beside.end()};
 }
 
 DeskApp::DeskApp(std::function<void(DeskApp&)> work, std::function<void(const std::string&)> report)

@@ -13,11 +13,9 @@ namespace host {
 
 class MainFrame;
 
-// The practice of the URL; a demo practice in the folder, made when it is not there yet, for an empty URL.
+// The practice of the URL, made in an empty database of a server; a demo practice in the folder, made when it is not
+// there yet, for an empty URL.
 Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::int32_t patients);
-
-// Where the practice's letters, templates and outbox lie: beside its database, or in the folder for an empty URL.
-std::string DataFolderOf(const std::string& url, const std::string& folder);
 
 // The program on its toolkit. Its exit status is 1 when the work failed.
 class DeskApp : public wxApp {

@@ -8,7 +8,7 @@ std::variant<DeskOptions, std::string> ParseDeskOptions(std::span<const std::str
   DeskOptions options;
   for (std::size_t i = 0; i < words.size(); i += 2) {
     const std::string& word = words[i];
-    if (word != "--database" && word != "--tour" && word != "--scale" && word != "--port") {
+    if (word != "--database" && word != "--files" && word != "--tour" && word != "--scale" && word != "--port") {
       return "Unknown option " + word + ".";
     }
     if (i + 1 == words.size() || words[i + 1].empty()) {
@@ -17,6 +17,8 @@ std::variant<DeskOptions, std::string> ParseDeskOptions(std::span<const std::str
     const std::string& value = words[i + 1];
     if (word == "--database") {
       options.database = value;
+    } else if (word == "--files") {
+      options.files = value;
     } else if (word == "--tour") {
       options.tour = value;
     } else if (word == "--port") {

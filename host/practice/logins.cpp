@@ -187,6 +187,22 @@ std::int32_t AddLogin(session::Database& database, const NewLogin& login) {
   return id;
 }
 
+void AddFirstLogin(session::Database& database, const std::string& name, const std::string& password_hash) {
+  const data::Statements statements(database);
+  NewLogin login;
+  login.name = name;
+  login.password_hash = password_hash;
+  login.rights = {std::string(kSupervisorRight)};
+  for (const auto rows = statements.Select("SELECT OffLocID FROM OffLocTable WHERE (OffLocID>0)" + statements.Office() +
+                                           " ORDER BY OffLocID");
+       !rows->Eof(); rows->MoveNext()) {
+    login.locations.push_back(session::ToId(rows->Get(0)));
+  }
+  session::Transaction transaction(database.Connection());
+  AddLogin(database, login);
+  transaction.Commit();
+}
+
 void SetPassword(session::Database& database, std::int32_t login, std::string_view hash) {
   data::Statements(database).Update("PWMTable", {{"PWMPasWor", Literal(hash)}}, "PWMID", login);
 }

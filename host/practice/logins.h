@@ -73,6 +73,8 @@ struct NewLogin {
 };
 // The new PWMID.
 std::int32_t AddLogin(session::Database& database, const NewLogin& login);
+// A supervisor's login at every location of the office.
+void AddFirstLogin(session::Database& database, const std::string& name, const std::string& password_hash);
 void SetPassword(session::Database& database, std::int32_t login, std::string_view hash);
 
 struct LoginAnswer {

@@ -1,6 +1,7 @@
 #include "login/frmLogin.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/statements.h"
 #include "forms/text.h"
@@ -9,6 +10,9 @@
 
 namespace host {
 namespace {
+
+constexpr const char* kFirst =
+    "Nobody has a login here yet. The user name and password that you type are the first, with every right.";
 
 // "Please wait 4 seconds before the next try."
 std::string WaitText(std::chrono::seconds wait) {
@@ -19,16 +23,22 @@ std::string WaitText(std::chrono::seconds wait) {
 frmLogin::OfficeChoice ChoiceOf(Practice& practice, std::int32_t office) {
   OfficeDatabase database(practice, office);
   const data::Statements statements(database);
+  const bool vacant =
+      session::ToId(statements.SelectValue("SELECT COUNT(*) FROM PWMTable WHERE (PWMID>0)" + statements.Office())) == 0;
   return {office,
           session::ToText(statements.SelectValue("SELECT OffLocNam FROM OffLocTable WHERE (OffLocID>0)" +
                                                  statements.Office() + " ORDER BY OffLocID")),
-          ReadOfficeSetting(database, kDeskSection, kLoginHint)};
+          vacant ? kFirst : ReadOfficeSetting(database, kDeskSection, kLoginHint), vacant};
 }
 
 }  // namespace
 
-frmLogin::frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check)
-    : Form("frmLogin"), Office(first_office), offices_(std::move(offices)), check_(std::move(check)) {
+frmLogin::frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check, AddFirst add_first)
+    : Form("frmLogin"),
+      Office(first_office),
+      offices_(std::move(offices)),
+      check_(std::move(check)),
+      add_first_(std::move(add_first)) {
   Caption = "Log In";
   Add("lblPractice", lblPractice);
   Add("lblUser", lblUser);
@@ -111,6 +121,9 @@ void frmLogin::Try() {
   }
   LoginAnswer answer;
   try {
+    if (!MakeFirst(name)) {
+      return;
+    }
     answer = check_(Office, name, txtPassword.Text);
   } catch (const session::DatabaseError& error) {
     Refuse(std::string("The practice database cannot be read: ") + error.what(), txtPassword);
@@ -124,6 +137,27 @@ void frmLogin::Try() {
   Refuse("User name and password do not belong together." +
              (answer.wait.count() > 0 ? " " + WaitText(answer.wait) : std::string()),
          txtPassword);
+}
+
+bool frmLogin::MakeFirst(const std::string& name) {
+  const auto office = std::ranges::find(offices_, Office, &OfficeChoice::number);
+  if (office == offices_.end() || !office->vacant) {
+    return true;
+  }
+  const std::string password = std::exchange(chosen_, txtPassword.Text);
+  if (chosen_.empty()) {
+    Refuse("Please type a password.", txtPassword);
+  } else if (password != chosen_) {
+    txtPassword.Text = "";
+    Refuse(password.empty() ? "Please type the password once more."
+                            : "The two passwords are not the same. Please type the last one once more.",
+           txtPassword);
+  } else {
+    add_first_(Office, name, password);
+    office->vacant = false;
+    return true;
+  }
+  return false;
 }
 
 void frmLogin::Refuse(const std::string& why, forms::Control& field) {
@@ -141,6 +175,10 @@ frmLogin LoginOf(Practice& practice) {
           [&practice](std::int32_t office, const std::string& name, const std::string& password) {
             OfficeDatabase database(practice, office);
             return LogIn(database, name, password, LocalNow());
+          },
+          [&practice](std::int32_t office, const std::string& name, const std::string& password) {
+            OfficeDatabase database(practice, office);
+            AddFirstLogin(database, name, HashPassword(password));
           }};
 }
 

@@ -23,11 +23,15 @@ class frmLogin : public forms::Form {
     std::int32_t number = 0;
     std::string practice;  // its name
     std::string hint;      // what to type, on a practice that is for trying out
+    bool vacant = false;   // nobody has a login yet: the first is made here
   };
   // Opens the login of a practice's office.
   using Check = std::function<LoginAnswer(std::int32_t office, const std::string& name, const std::string& password)>;
 
-  frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check);
+  // Makes the first login of an office, a supervisor's; its password has been typed twice.
+  using AddFirst = std::function<void(std::int32_t office, const std::string& name, const std::string& password)>;
+
+  frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check, AddFirst add_first = {});
 
   // Set before it is shown: who worked here last.
   void Remember(const std::string& user);
@@ -55,11 +59,15 @@ class frmLogin : public forms::Form {
  private:
   void ChooseOffice();
   void Try();
+  // Whether the office of nobody has its first login now.
+  bool MakeFirst(const std::string& name);
   void Refuse(const std::string& why, forms::Control& field);
 
   std::vector<OfficeChoice> offices_;
   Check check_;
+  AddFirst add_first_;
   bool locked_ = false;
+  std::string chosen_;  // password of the first login, to be typed once more
 };
 
 // A login form over the practice's own logins, at the machine's time.

@@ -14,9 +14,10 @@ TEST(DeskOptions, AreReadFromTheCommandLine) {
   const auto none = std::get<DeskOptions>(Parse({}));
   EXPECT_EQ(none.database, "");
   EXPECT_EQ(none.scale, 0);
-  const auto all =
-      std::get<DeskOptions>(Parse({"--tour", "out", "--scale", "2", "--port", "8123", "--database", "sqlite:a b"}));
+  const auto all = std::get<DeskOptions>(
+      Parse({"--tour", "out", "--scale", "2", "--port", "8123", "--files", "f", "--database", "sqlite:a b"}));
   EXPECT_EQ(all.tour, "out");
+  EXPECT_EQ(all.files, "f");
   EXPECT_EQ(all.scale, 2);
   EXPECT_EQ(all.port, 8123);
   EXPECT_EQ(all.database, "sqlite:a b");

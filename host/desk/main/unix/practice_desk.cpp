@@ -12,6 +12,7 @@
 #include "desk/desk_app.h"
 #include "desk/desk_options.h"
 #include "desk/tour.h"
+#include "practice/data_folder.h"
 #include "unix/displays.h"
 #include "unix/temporary_folder.h"
 
@@ -20,9 +21,11 @@ namespace {
 using host::DeskOptions;
 
 constexpr std::string_view kUsage =
-    "practice_desk [--database URL] [--port N] [--tour DIR] [--scale 1|2]\n"
-    "  --database URL  the practice, as sqlite:PATH, with its letters beside it; without it a demo practice in your\n"
-    "                  data folder\n"
+    "practice_desk [--database URL] [--files DIR] [--port N] [--tour DIR] [--scale 1|2]\n"
+    "  --database URL  the practice, as sqlite:PATH, with its letters beside it, or as\n"
+    "                  postgresql://USER@HOST/DATABASE; without it a demo practice in your data folder\n"
+    "  --files DIR     where the practice's letters and templates lie; without it those of a practice on a server lie\n"
+    "                  in your data folder\n"
     "  --port N        where a browser finds the windows; without it any port that is free\n"
     "  --tour DIR      opens every screen on demo data without showing it and writes a picture of each to DIR\n"
     "  --scale 1|2     size of the windows; a tour without it makes pictures of both, light and dark\n"
@@ -60,12 +63,21 @@ void Tour(const DeskOptions& options) {
   }
 }
 
+// Of the practice; a server knows nothing of it, so that it is made here.
+std::string FilesFolder(const DeskOptions& options, const std::string& own_folder) {
+  if (!options.files.empty()) {
+    return options.files;
+  }
+  std::string folder = host::DataFolderOf(options.database, own_folder);
+  host::MakePrivateFolder(folder);
+  return folder;
+}
+
 void Serve(host::DeskApp& app, const DeskOptions& options) {
   const std::string folder = DataFolder();
-  app.Serve(std::make_unique<host::Desk>(
-      host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
-      host::Desk::Folders{host::DataFolderOf(options.database, folder), folder, ShareFolder()},
-      host::ClassesOfThisProgram));
+  app.Serve(std::make_unique<host::Desk>(host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
+                                         host::Desk::Folders{FilesFolder(options, folder), folder, ShareFolder()},
+                                         host::ClassesOfThisProgram));
 }
 
 // The window that stays is as large as the page.

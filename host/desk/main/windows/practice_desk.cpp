@@ -9,6 +9,7 @@
 #include "database/file_path.h"
 #include "desk/desk_app.h"
 #include "desk/desk_options.h"
+#include "practice/data_folder.h"
 #include "practice/machine.h"
 #include "windows/component_classes.h"
 

@@ -46,6 +46,31 @@ TEST(FrmLogin, AsksForAName) {
   EXPECT_EQ(office, 0);
 }
 
+TEST(FrmLogin, MakesTheFirstLoginWhereNobodyHasOne) {
+  std::int32_t office = 0;
+  std::string made;
+  frmLogin form({{1, "Bay Dental", "nobody", true}}, 1, OnlyAnn(office),
+                [&](std::int32_t in, const std::string& name, const std::string& password) {
+                  made = std::to_string(in) + name + password;
+                });
+  form.txtUser.DoType("ann");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_EQ(form.lblMessage.Caption.get(), "Please type a password.");
+  for (const auto& [typed, message] :
+       {std::pair{"pq", "Please type the password once more."},
+        {"pw", "The two passwords are not the same. Please type the last one once more."}}) {
+    form.txtPassword.DoType(typed);
+    form.DialogButtons1.OK.DoClick();
+    EXPECT_EQ(form.lblMessage.Caption.get(), message);
+    EXPECT_EQ(form.txtPassword.Text.get(), "");
+  }
+  EXPECT_EQ(made, "");
+  form.txtPassword.DoType("pw");
+  form.DialogButtons1.OK.DoClick();
+  EXPECT_EQ(made, "1annpw");
+  EXPECT_TRUE(form.Closed());
+}
+
 TEST(FrmLogin, OffersTheOfficesOfAPracticeThatHasSeveral) {
   std::int32_t office = 0;
   EXPECT_FALSE(frmLogin({{1, "Bay Dental", ""}}, 1, OnlyAnn(office)).cboOffice.Visible);
