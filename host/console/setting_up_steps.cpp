@@ -109,6 +109,26 @@ void Hold(Interpreter& interpreter, StepWords& words) {
   interpreter.World().HoldForAnother(table, id, silent);
 }
 
+void Refuse(Interpreter& interpreter, StepWords& words) {
+  Refusal refusal;
+  refusal.change = words.Take("INSERT, UPDATE or DELETE");
+  refusal.table = words.Take("a table");
+  refusal.text = words.Take("the engine's reason");
+  if (words.TakeKeyword("of")) {
+    refusal.column = words.Take("a column");
+  }
+  if (words.TakeKeyword("when")) {
+    refusal.when = words.Take("a condition");
+  }
+  words.End();
+  interpreter.World().Refuse(std::move(refusal));
+}
+
+void Allow(Interpreter& interpreter, StepWords& words) {
+  words.End();
+  interpreter.World().AllowAll();
+}
+
 void AnswerEvent(Interpreter& interpreter, StepWords& words) {
   const std::string event = words.Take("an event");
   const auto [argument, text] = words.TakeNamed("an argument");
@@ -178,6 +198,9 @@ constexpr std::array kSteps = {
     Step{"sql", StepKind::SetUp, "STATEMENT", "runs a statement", RunStatement},
     Step{"let", StepKind::SetUp, "NAME = QUERY", "a variable, used as ${NAME}", Let},
     Step{"held", StepKind::SetUp, "TABLE ID [silent]", "another user holds the record, at work or silent", Hold},
+    Step{"refuse", StepKind::SetUp, "INSERT|UPDATE|DELETE TABLE REASON [of COLUMN] [when CONDITION]",
+         "the database refuses such changes, as on a full disk", Refuse},
+    Step{"allow", StepKind::SetUp, "", "the database refuses nothing more", Allow},
     Step{"handler", StepKind::SetUp, "EVENT NAME=VALUE", "what the host answers to the event from now on", AnswerEvent},
     Step{"sending", StepKind::SetUp, "works|fails", "whether the reminder service takes messages", SetSending},
     Step{"starting", StepKind::SetUp, "works|fails", "whether programs can be started", SetStarting},

@@ -215,6 +215,23 @@ void Stage::SetSetting(std::string section, std::string key, std::string value) 
   settings_.emplace_back(std::move(section), std::move(key), std::move(value));
 }
 
+void Stage::Refuse(Refusal refusal) {
+  const PracticeDatabase& database = practice_.practice.Database();
+  for (const std::string& statement : host::Refuse(*database.schema, refusal, refusals_.size())) {
+    database.connection->Execute(statement);
+  }
+  refusals_.push_back(std::move(refusal));
+}
+
+void Stage::AllowAll() {
+  const PracticeDatabase& database = practice_.practice.Database();
+  for (; !refusals_.empty(); refusals_.pop_back()) {
+    for (const std::string& statement : Allow(*database.schema, refusals_.back(), refusals_.size() - 1)) {
+      database.connection->Execute(statement);
+    }
+  }
+}
+
 void Stage::HoldForAnother(std::string_view table, std::int32_t id, bool silent) {
   (silent ? silent_ : another_).Hold(table, id);
 }

@@ -12,6 +12,7 @@
 
 #include "console/recording_session.h"
 #include "console/recordings.h"
+#include "console/refusal.h"
 #include "console/staged_practice.h"
 #include "console/step_words.h"
 #include "console/temporary_folder.h"
@@ -57,6 +58,9 @@ class Stage {
   void SetClock(forms::DateTime now) { clock_ = now; }
   // For whoever reads it: an office setting as well as an option of the user.
   void SetSetting(std::string section, std::string key, std::string value);
+  // The database refuses what is named, until all is allowed again.
+  void Refuse(Refusal refusal);
+  void AllowAll();
   // Another user holds the record from now on, at work or silent.
   void HoldForAnother(std::string_view table, std::int32_t id, bool silent);
 
@@ -92,6 +96,7 @@ class Stage {
   RecordLocks another_;
   RecordLocks silent_;
   std::vector<std::tuple<std::string, std::string, std::string>> settings_;
+  std::vector<Refusal> refusals_;
   std::unique_ptr<session::Screens> screens_;
   session::ScreenContext context_;
   Recordings& recordings_;
