@@ -8,11 +8,11 @@ fail() {
 
 command -v dpkg-query > /dev/null || fail "this needs Debian's packages (dpkg and apt)"
 
-# missing_of PACKAGE...: those of the packages that are not installed.
+# missing_of PACKAGE...: those of the packages that are not installed, for any architecture.
 missing_of() {
   local package
   for package; do
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2> /dev/null)" = installed ] || echo "$package"
+    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2> /dev/null | grep -qx installed || echo "$package"
   done
 }
 
