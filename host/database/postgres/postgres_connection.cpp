@@ -4,6 +4,7 @@
 #include "database/postgres/postgres_handle.h"
 #include "database/postgres/postgres_readers.h"
 #include "database/postgres/postgres_recordset.h"
+#include "database/postgres/postgres_replica.h"
 #include "database/postgres/postgres_values.h"
 #include "forms/text.h"
 
@@ -33,12 +34,18 @@ class PostgresServer {
         while_busy_(while_busy),
         reads_apart_(way.readers),
         readers_(url_, fixed_, while_busy),
+        replica_(url_, fixed_, while_busy, [this] { return Position(); }),
         columns_([this](const std::string& select) { return OnMain(select); }) {
     Connect();
   }
 
   PostgresHandle& Main() { return *main_; }
-  PostgresReaders& Readers() { return readers_; }
+
+  void Interrupt() {
+    main_->Interrupt();
+    readers_.Interrupt();
+    replica_.Interrupt();
+  }
 
   std::unique_ptr<session::Recordset> Execute(const std::string& sql) {
     if (state_ == State::Lost) {
@@ -142,10 +149,19 @@ class PostgresServer {
     }
   }
 
+  std::string Position() {
+    Ready();
+    const PostgresResult position = main_->Run({}, "SELECT pg_current_wal_flush_lsn()", {});
+    return PQgetvalue(position.get(), 0, 0);
+  }
+
   std::unique_ptr<session::Recordset> OnReader(const std::string& sql) {
     PostgresReaders::Lease reader;
     try {
-      reader = readers_.Borrow();
+      reader = replica_.Borrow();
+      if (reader == nullptr) {
+        reader = readers_.Borrow();
+      }
     } catch (const session::DatabaseError&) {
       return nullptr;  // the server takes no further connections, or none at all, which the main one finds out
     }
@@ -186,6 +202,7 @@ class PostgresServer {
   const session::WhileBusy& while_busy_;
   bool reads_apart_;
   PostgresReaders readers_;
+  PostgresReplica replica_;
   PostgresColumns columns_;
   std::unique_ptr<PostgresHandle> main_;
   State state_ = State::None;
@@ -222,8 +239,7 @@ void PostgresConnection::RollbackTrans() {
 }
 
 void PostgresConnection::Cancel() {
-  server_->Main().Interrupt();
-  server_->Readers().Interrupt();
+  server_->Interrupt();
 }
 
 std::string PostgresConnection::Encoding() const {

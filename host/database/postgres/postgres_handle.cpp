@@ -3,6 +3,8 @@
 #include <poll.h>
 
 #include <array>
+#include <future>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -41,15 +43,7 @@ PostgresRefusal RefusalOf(const PGresult* result) {
 PostgresHandle::PostgresHandle(const PostgresUrl& url, const PostgresSettings& fixed,
                                const session::WhileBusy& while_busy)
     : while_busy_(while_busy) {
-  std::vector<const char*> names;
-  std::vector<const char*> values;
-  for (const auto& [name, value] : url.options) {
-    names.push_back(name.c_str());
-    values.push_back(value.c_str());
-  }
-  names.push_back(nullptr);
-  values.push_back(nullptr);
-  connection_.reset(PQconnectdbParams(names.data(), values.data(), 0));
+  connection_ = Connect(url);
   PGconn* connection = connection_.get();
   if (connection == nullptr || PQstatus(connection) != CONNECTION_OK) {
     const std::string why = PQconnectionNeedsPassword(connection) != 0
@@ -66,6 +60,35 @@ PostgresHandle::PostgresHandle(const PostgresUrl& url, const PostgresSettings& f
 }
 
 PostgresHandle::~PostgresHandle() = default;
+
+PostgresHandle::Connection PostgresHandle::Connect(const PostgresUrl& url) const {
+  std::packaged_task<Connection()> connect([options = url.options] {
+    std::vector<const char*> names;
+    std::vector<const char*> values;
+    for (const auto& [name, value] : options) {
+      names.push_back(name.c_str());
+      values.push_back(value.c_str());
+    }
+    names.push_back(nullptr);
+    values.push_back(nullptr);
+    return Connection(PQconnectdbParams(names.data(), values.data(), 0));
+  });
+  auto connected = connect.get_future();
+  if (!while_busy_) {
+    connect();
+    return connected.get();
+  }
+  // libpq waits for a server that does not answer; on a thread of its own, so that a person can give that up. The
+  // thread then ends by itself.
+  std::thread(std::move(connect)).detach();
+  while (connected.wait_for(kBusyEvery) != std::future_status::ready) {
+    if (while_busy_(session::Busy::Running)) {
+      throw session::DatabaseError("The database " + url.Shown() + " was not waited for.", {}, CodeOfState("08001"),
+                                   session::DatabaseError::Origin::Connection);
+    }
+  }
+  return connected.get();
+}
 
 bool PostgresHandle::IsAlive() {
   PGconn* connection = connection_.get();

@@ -61,7 +61,10 @@ class PostgresHandle {
   struct FreeCancel {
     void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
   };
+  using Connection = std::unique_ptr<PGconn, Finish>;
   using Clock = std::chrono::steady_clock;
+
+  Connection Connect(const PostgresUrl& url) const;
 
   std::string Missing(const PostgresSettings& settings);
   void Await();
@@ -73,7 +76,7 @@ class PostgresHandle {
   void Cancel() const;
   [[noreturn]] void Lose();
 
-  std::unique_ptr<PGconn, Finish> connection_;  // null when it was given up
+  Connection connection_;  // null when it was given up
   std::unique_ptr<PGcancel, FreeCancel> cancel_;
   const session::WhileBusy& while_busy_;
   PostgresSettings set_;  // what the server is known to have

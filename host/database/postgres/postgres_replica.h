@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "database/postgres/postgres_readers.h"
+
+namespace host {
+
+// Readers on a server that follows the practice's, where the URL names one. They are lent only when it has everything
+// that the practice's server has: nobody reads what is no longer so.
+class PostgresReplica {
+ public:
+  // How far the practice's server is, as it writes that down itself.
+  using Position = std::function<std::string()>;
+
+  // All outlive the replica.
+  PostgresReplica(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy,
+                  Position position);
+
+  // Null where there is none, and while it cannot be reached or lags.
+  PostgresReaders::Lease Borrow();
+  void Interrupt() { readers_.Interrupt(); }
+
+ private:
+  PostgresUrl url_;
+  PostgresReaders readers_;
+  Position position_;
+  std::chrono::steady_clock::time_point next_try_;  // after it could not be reached
+};
+
+}  // namespace host
