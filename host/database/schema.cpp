@@ -67,9 +67,15 @@ std::string InCapitals(std::string_view name) {
   return std::string(column == nullptr ? name : column->name);
 }
 
-bool IsTextColumn(std::string_view name) {
+std::optional<ColumnType> TypeOfColumn(std::string_view name) {
+  if (forms::EqualsIgnoringCase(name, "OfficeID")) {
+    return ColumnType::Int;
+  }
+  if (forms::EqualsIgnoringCase(name, "UniqueID")) {
+    return ColumnType::Guid;
+  }
   const Column* column = AnyColumn(name);
-  return column != nullptr && (column->type == ColumnType::Text || column->type == ColumnType::Memo);
+  return column == nullptr ? std::nullopt : std::optional(column->type);
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,8 +59,8 @@ const Table* FindTable(std::string_view name);
 const Column* FindColumn(const Table& table, std::string_view name);
 // A column's name, which means the same in every table, as the schema writes it; what is none as it is.
 std::string InCapitals(std::string_view name);
-// Whether a column of this name holds text.
-bool IsTextColumn(std::string_view name);
+// Of the column of this name, if there is one.
+std::optional<ColumnType> TypeOfColumn(std::string_view name);
 
 // Tables that only the host reads and writes:
 //

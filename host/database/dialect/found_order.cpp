@@ -1,7 +1,6 @@
 #include "database/dialect/found_order.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "database/schema.h"
 #include "forms/text.h"
@@ -10,11 +9,6 @@ namespace host::sql {
 namespace {
 
 constexpr std::size_t kFewLetters = 3;
-
-// The place of a column in the select list.
-bool IsNumber(const Token& token) {
-  return token.kind == Kind::Word && std::isdigit(static_cast<unsigned char>(token.text.front())) != 0;
-}
 
 // What stands under the name that the rows are sorted by: its column, or the name itself.
 std::string_view ColumnUnder(const Tokens& statement, std::size_t from, std::string_view name) {
@@ -56,7 +50,7 @@ bool IsKey(std::string_view column) {
 bool FindsFew(const Tokens& statement, std::size_t from, std::size_t end, std::string_view order) {
   bool few = false;
   for (std::size_t i = from; i + 1 < end; ++i) {
-    if (statement[i].Is("BETWEEN") && IsNumber(statement[i + 1]) && IsKey(statement[i - 1].text)) {
+    if (statement[i].Is("BETWEEN") && statement[i + 1].IsNumber() && IsKey(statement[i - 1].text)) {
       if (statement[i + 1].text.size() < kFewLetters) {
         return false;
       }
@@ -86,7 +80,7 @@ void SortWhatIsFound(Tokens& statement) {
   const std::size_t where = FindWord(statement, from, "WHERE");
   const std::size_t order = FindWord(statement, where, {"UNION", "GROUP", "ORDER"});
   if (!statement[0].Is("SELECT") || order + 2 >= statement.size() || !statement[order].Is("ORDER") ||
-      !statement[order + 2].IsName() || IsNumber(statement[order + 2])) {
+      !statement[order + 2].IsName() || statement[order + 2].IsNumber()) {
     return;
   }
   const std::size_t end = GroupEnd(statement, order);

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
+#include <unordered_set>
 
 #include "database/dialect/date_literal.h"
+#include "forms/text.h"
 
 namespace host::sql {
 namespace {
@@ -129,6 +131,21 @@ bool Token::Is(std::string_view word) const {
                     [](char c, char upper) { return std::toupper(static_cast<unsigned char>(c)) == upper; });
 }
 
+bool Token::IsNumber() const {
+  return kind == Kind::Word && std::isdigit(static_cast<unsigned char>(text.front())) != 0;
+}
+
+bool Token::IsKeyword() const {
+  static const std::unordered_set<std::string_view> words = {
+      "ALL",      "AND",    "ANY",       "AS",     "ASC",    "BETWEEN", "BY",    "CASE",   "CROSS", "DELETE",  "DESC",
+      "DISTINCT", "ELSE",   "END",       "ESCAPE", "EXCEPT", "EXISTS",  "FROM",  "FULL",   "GROUP", "HAVING",  "IN",
+      "INNER",    "INSERT", "INTERSECT", "INTO",   "IS",     "JOIN",    "LEFT",  "LIKE",   "LIMIT", "NATURAL", "NOT",
+      "NULL",     "OFFSET", "ON",        "OR",     "ORDER",  "OUTER",   "RIGHT", "SELECT", "SET",   "SOME",    "THEN",
+      "TOP",      "UNION",  "UPDATE",    "USING",  "VALUES", "WHEN",    "WHERE", "WITH"};
+  constexpr std::size_t kLongest = 9;
+  return kind == Kind::Word && text.size() <= kLongest && words.contains(forms::ToUpper(text));
+}
+
 Tokens Tokenize(std::string_view batch) {
   return Scanner(batch).Scan();
 }
@@ -235,6 +252,13 @@ void Groups::Find() {
 
 void Edits::Replace(std::size_t from, std::size_t to, Tokens with) {
   edits_.push_back({from, to, std::move(with)});
+}
+
+void Edits::Wrap(std::size_t from, std::size_t to, Tokens before, Tokens after) {
+  before.front().apart = std::exchange(tokens_[from].apart, false);
+  after.front().apart = !after.front().Is(')');
+  Insert(from, std::move(before));
+  Insert(to, std::move(after));
 }
 
 void Edits::Make() {

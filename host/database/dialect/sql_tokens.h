@@ -27,6 +27,9 @@ struct Token {
   // A word, without regard to case; `word` is in capitals.
   bool Is(std::string_view word) const;
   bool IsName() const { return kind == Kind::Word || kind == Kind::Name; }
+  bool IsNumber() const;
+  // A word of the dialect itself, which names no column where it stands without brackets.
+  bool IsKeyword() const;
 };
 
 using Tokens = std::vector<Token>;
@@ -80,6 +83,8 @@ class Edits {
   void Replace(std::size_t from, std::size_t to, Tokens with);
   void Erase(std::size_t from, std::size_t to) { Replace(from, to, {}); }
   void Insert(std::size_t at, Tokens added) { Replace(at, at, std::move(added)); }
+  // "CAST(" before what stands from `from` to `to`, " AS int)" behind it.
+  void Wrap(std::size_t from, std::size_t to, Tokens before, Tokens after);
   void Make();
 
  private:

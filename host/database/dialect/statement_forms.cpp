@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
-#include "database/schema.h"
 #include "forms/text.h"
 
 namespace host::sql {
@@ -133,15 +131,9 @@ std::string TakeOutput(Tokens& statement) {
   if (output + 3 >= statement.size() || !IsAt(statement, 1, "INTO") || !statement[output + 1].Is("INSERTED")) {
     return {};
   }
-  const Table* table = FindTable(statement[2].text);
-  if (table == nullptr) {
-    return {};
-  }
-  // Of the offices that have a row of this key the last one.
-  std::string select = "SELECT " + statement[output + 3].text + " FROM " + statement[2].text + " WHERE " +
-                       std::string(table->key) + "=identity() ORDER BY rowid DESC LIMIT 1";
+  std::string column = statement[output + 3].text;
   Erase(statement, output, output + 4);
-  return select;
+  return column;
 }
 
 void QuoteBareValues(Tokens& statement) {
@@ -152,8 +144,7 @@ void QuoteBareValues(Tokens& statement) {
       Token& value = statement[i];
       const bool alone = (statement[i - 1].Is('(') || statement[i - 1].Is(',')) &&
                          (statement[i + 1].Is(')') || statement[i + 1].Is(','));
-      if (alone && value.kind == Kind::Word && !value.Is("NULL") &&
-          std::isdigit(static_cast<unsigned char>(value.text.front())) == 0) {
+      if (alone && value.kind == Kind::Word && !value.Is("NULL") && !value.IsNumber()) {
         value.kind = Kind::Text;
       }
     }
@@ -179,38 +170,56 @@ void UnqualifySet(Tokens& statement) {
   edits.Make();
 }
 
-void UnjoinUpdated(Tokens& statement) {
-  const std::size_t from = FindWord(statement, 1, "FROM");
-  if (statement.size() < 2 || !Names(statement, from + 1, statement[1].text)) {
-    return;
-  }
-  Tokens sources;
-  Tokens condition;
-  std::size_t i = from + 2;
+std::optional<Joined> InnerJoins(const Tokens& statement, std::size_t i) {
+  Joined joined;
   while (IsAt(statement, i, "JOIN") || (IsAt(statement, i, "INNER") && IsAt(statement, i + 1, "JOIN"))) {
     i += statement[i].Is("INNER") ? 2U : 1U;
     const std::size_t on = FindWord(statement, i, "ON");
     const std::size_t end = FindWord(statement, on + 1, {"INNER", "JOIN", "WHERE"});
     if (on == statement.size()) {
-      return;
+      return std::nullopt;
     }
-    Append(sources, sources.empty() ? Tokens() : Words(","));
-    Append(sources, Slice(statement, i, on));
-    Append(condition, condition.empty() ? Tokens() : Words("AND"));
-    AppendGroup(condition, Slice(statement, on + 1, end));
+    Append(joined.sources, joined.sources.empty() ? Tokens() : Words(","));
+    Append(joined.sources, Slice(statement, i, on));
+    Append(joined.condition, joined.condition.empty() ? Tokens() : Words("AND"));
+    AppendGroup(joined.condition, Slice(statement, on + 1, end));
     i = end;
   }
-  if (sources.empty() || (i < statement.size() && !statement[i].Is("WHERE"))) {
-    return;
+  if (joined.sources.empty() || (i < statement.size() && !statement[i].Is("WHERE"))) {
+    return std::nullopt;
   }
   if (i < statement.size()) {
-    Append(condition, Words("AND"));
-    AppendGroup(condition, Slice(statement, i + 1, statement.size()));
+    Append(joined.condition, Words("AND"));
+    AppendGroup(joined.condition, Slice(statement, i + 1, statement.size()));
   }
+  return joined;
+}
+
+void UnjoinUpdated(Tokens& statement) {
+  const std::size_t from = FindWord(statement, 1, "FROM");
+  if (statement.size() < 2 || from + 1 >= statement.size()) {
+    return;
+  }
+  std::size_t behind = from + 2;
+  std::size_t name = from + 1;
+  if (IsAt(statement, behind, "AS")) {
+    name = behind + 1;
+    behind += 2;
+  }
+  const auto joined =
+      Names(statement, name, statement[1].text) ? InnerJoins(statement, behind) : std::optional<Joined>();
+  if (!joined) {
+    return;
+  }
+  const Tokens target = Slice(statement, from + 1, behind);
   Erase(statement, from + 1, statement.size());
-  Append(statement, sources);
+  Append(statement, joined->sources);
   Append(statement, Words("WHERE"));
-  Append(statement, condition);
+  Append(statement, joined->condition);
+  if (target.size() > 1) {
+    Erase(statement, 1, 2);
+    Insert(statement, 1, target);
+  }
 }
 
 void CreateIfNotExists(Tokens& statement) {

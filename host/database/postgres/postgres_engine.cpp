@@ -28,7 +28,7 @@ PracticeDatabase Opened(const std::string& url, std::unique_ptr<PostgresConnecti
                         const CreationOptions& options) {
   auto* opened = connection.get();
   return {.connection = std::move(connection),
-          .prepare = [](std::string_view statement) { return std::string(statement); },
+          .prepare = PreparePostgres,
           .schema = &kSchema,
           .options = options,
           .write_as = [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
