@@ -31,6 +31,11 @@ bool IsSingleSelect(std::string_view sql) {
 
 }  // namespace
 
+bool IsThisMachine(std::string_view server) {
+  return server.empty() || server.front() == '/' || server.front() == '@' || server == "localhost" ||
+         server.starts_with("127.") || server == "::1";
+}
+
 PostgresSettings FixedSettings(const std::string& search_path) {
   return {{"search_path", search_path.empty() ? std::string(kSearchPath) : search_path},
           {"DateStyle", "ISO"},

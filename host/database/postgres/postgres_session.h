@@ -9,6 +9,9 @@
 // What every connection to a PostgreSQL server is told, whichever library it is made by.
 namespace host {
 
+// Whether a server of this name is reached without a network: its address, or the folder of its socket.
+bool IsThisMachine(std::string_view server);
+
 // Session variables by their names.
 using PostgresSettings = std::map<std::string, std::string>;
 

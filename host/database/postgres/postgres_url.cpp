@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "database/postgres/postgres_error.h"
+#include "database/postgres/postgres_session.h"
 #include "database/shown_url.h"
 
 namespace host {
@@ -36,15 +37,10 @@ std::string TakeParameter(std::string& url, std::string_view name) {
   return {};
 }
 
-bool IsHere(std::string_view host) {
-  return host.empty() || host.front() == '/' || host.front() == '@' || host == "localhost" ||
-         host.starts_with("127.") || host == "::1";
-}
-
 bool AllHere(const std::string& hosts) {
   for (std::size_t from = 0; from <= hosts.size();) {
     const std::size_t end = std::min(hosts.find(',', from), hosts.size());
-    if (!IsHere(std::string_view(hosts).substr(from, end - from))) {
+    if (!IsThisMachine(std::string_view(hosts).substr(from, end - from))) {
       return false;
     }
     from = end + 1;

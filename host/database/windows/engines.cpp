@@ -1,11 +1,16 @@
 #include "database/engine.h"
+#include "database/odbc/odbc_engine.h"
 #include "database/sqlite/sqlite_engine.h"
 
 namespace host {
 
 const Engine* FindEngine(std::string_view name) {
   static const SqliteEngine sqlite;
-  return name == "sqlite" ? &sqlite : nullptr;
+  static const OdbcEngine odbc;
+  if (name == "sqlite") {
+    return &sqlite;
+  }
+  return name == "odbc" ? &odbc : nullptr;
 }
 
 }  // namespace host

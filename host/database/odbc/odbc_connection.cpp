@@ -1,0 +1,154 @@
+#include "database/odbc/odbc_connection.h"
+
+#include <limits>
+#include <utility>
+
+#include "database/odbc/odbc_recordset.h"
+#include "database/odbc/odbc_rows.h"
+#include "database/postgres/postgres_error.h"
+#include "forms/text.h"
+
+namespace host {
+namespace {
+
+// The server's process, and whether the server only reads.
+constexpr const char* kAboutItself =
+    "SELECT pg_catalog.pg_backend_pid(), CASE WHEN pg_catalog.pg_is_in_recovery() OR "
+    "pg_catalog.current_setting('default_transaction_read_only')='on' THEN 1 ELSE 0 END";
+
+// The rows of the last result of a batch that has any.
+std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::string& batch) {
+  std::vector<session::Field> fields;
+  OdbcRows rows;
+  const OdbcStatement statement = handle.Execute(batch);
+  do {
+    if (auto found = OdbcFields(statement.get()); !found.empty()) {
+      fields = std::move(found);
+      rows = FetchOdbcRows(handle, statement.get(), fields, std::numeric_limits<std::size_t>::max(), batch);
+    }
+  } while (handle.Work(statement.get(), batch, [&] { return SQLMoreResults(statement.get()); }));
+  return std::make_unique<OdbcRecordset>(std::move(fields), std::move(rows));
+}
+
+}  // namespace
+
+OdbcConnection::OdbcConnection(OdbcSource source) : source_(std::move(source)), readers_(source_, WhileBusy) {
+  Main();
+}
+
+OdbcConnection::~OdbcConnection() = default;
+
+std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& sql) {
+  // A driver would read no further.
+  if (sql.find('\0') != std::string::npos) {
+    throw session::DatabaseError("The statement holds a zero character.", sql, CodeOfState("22021"));
+  }
+  if (forms::Trim(sql).empty()) {
+    return std::make_unique<OdbcRecordset>(std::vector<session::Field>(), OdbcRows());
+  }
+  if (transaction_ != Transaction::Open && source_.reads_apart && CanReadApart(sql)) {
+    return ReadApart(sql);
+  }
+  OdbcHandle& main = Main();
+  if (source_.is_postgres) {
+    main.Set(use.ForWriting(WhileBusy != nullptr));
+  }
+  return ReadWhole(main, sql);
+}
+
+std::unique_ptr<session::Recordset> OdbcConnection::ReadApart(const std::string& sql) {
+  while (true) {
+    const bool may_be_lost = readers_.HaveIdle();
+    try {
+      OdbcReaders::Lease reader = readers_.Borrow();
+      if (source_.is_postgres) {
+        reader->Set(use.ForReading());
+      }
+      OdbcStatement statement = reader->Execute(sql);
+      std::vector<session::Field> fields = OdbcFields(statement.get());
+      return std::make_unique<OdbcRecordset>(std::move(fields), std::move(reader), std::move(statement), sql);
+    } catch (const session::DatabaseError& error) {
+      if (!error.ConnectionLost() || !may_be_lost) {
+        throw;
+      }
+      // Nobody has seen anything of it yet.
+      readers_.DropIdle();
+    }
+  }
+}
+
+void OdbcConnection::BeginTrans() {
+  if (transaction_ == Transaction::Open) {
+    throw session::DatabaseError("There is a transaction already.", "BEGIN", CodeOfState("25001"));
+  }
+  Main().BeginTrans();
+  transaction_ = Transaction::Open;
+}
+
+void OdbcConnection::CommitTrans() {
+  if (transaction_ != Transaction::Open) {
+    throw session::DatabaseError("There is no transaction.", "COMMIT", CodeOfState("25P01"));
+  }
+  transaction_ = Transaction::Over;
+  // The driver would say that all is well.
+  if (main_->Lost()) {
+    throw Loss("The transaction has ended with it.", "COMMIT");
+  }
+  main_->EndTrans(true);
+  transaction_ = Transaction::None;
+}
+
+void OdbcConnection::RollbackTrans() {
+  const Transaction before = std::exchange(transaction_, Transaction::None);
+  if (before == Transaction::None) {
+    throw session::DatabaseError("There is no transaction.", "ROLLBACK", CodeOfState("25P01"));
+  }
+  if (before == Transaction::Open && !main_->Lost()) {
+    main_->EndTrans(false);
+  }
+}
+
+void OdbcConnection::Cancel() {
+  {
+    const std::lock_guard lock(changing_);
+    main_->Interrupt();
+  }
+  readers_.Interrupt();
+}
+
+OdbcHandle& OdbcConnection::Main() {
+  if (main_ == nullptr || (transaction_ != Transaction::Open && main_->Lost())) {
+    Connect();
+  }
+  return *main_;
+}
+
+void OdbcConnection::Connect() {
+  auto made = std::make_unique<OdbcHandle>(source_.connection_string, source_.fixed, WhileBusy);
+  read_only_ = made->ReadOnly();
+  if (source_.is_postgres) {
+    const auto row = ReadWhole(*made, kAboutItself);
+    process_ = session::ToText(row->Get(0));
+    read_only_ = read_only_ || session::ToId(row->Get(1)) != 0;
+    made->waits_for_another = [this] { return WaitsForAnother(); };
+  }
+  const std::lock_guard lock(changing_);
+  main_ = std::move(made);
+}
+
+bool OdbcConnection::WaitsForAnother() {
+  static const session::WhileBusy nobody;
+  try {
+    if (lookout_ == nullptr) {
+      lookout_ = std::make_unique<OdbcHandle>(source_.connection_string, source_.fixed_for_reading, nobody);
+    }
+    const auto blocked =
+        ReadWhole(*lookout_, "SELECT 1 WHERE pg_catalog.cardinality(pg_catalog.pg_blocking_pids(" + process_ + "))>0");
+    return !blocked->Eof();
+  } catch (const session::DatabaseError&) {
+    lookout_.reset();
+    return false;
+  }
+}
+
+}  // namespace host

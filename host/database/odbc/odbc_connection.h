@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "database/odbc/odbc_readers.h"
+#include "session/connection.h"
+
+namespace host {
+
+// A practice database behind an ODBC driver. Statements are the server's own.
+//
+// Values come by the type that the driver tells of their column: an int64, Currency of a decimal with four decimals, a
+// double of others, text, DateTime, Guid, bytes. Text is fetched whole, whatever its reported size; a field has the
+// practice's own size where it is a column of it.
+//
+// A select outside a transaction reads through a connection of its own, so that a list that is half read neither holds
+// up a save nor is held up. Everything else is run on one connection, and its rows are fetched whole.
+//
+// A lost connection is DatabaseError with `ConnectionLost`, and ends the transaction; the next statement outside one
+// connects again.
+class OdbcConnection final : public session::Connection {
+ public:
+  // Throws session::DatabaseError.
+  explicit OdbcConnection(OdbcSource source);
+  OdbcConnection(const OdbcConnection&) = delete;
+  OdbcConnection& operator=(const OdbcConnection&) = delete;
+  ~OdbcConnection() override;
+
+  bool ReadOnly() const override { return read_only_; }
+  std::unique_ptr<session::Recordset> Execute(const std::string& sql) override;
+  void BeginTrans() override;
+  void CommitTrans() override;
+  // Silent after the loss of the connection and after a commit that failed.
+  void RollbackTrans() override;
+  void Cancel() override;
+
+  // Whom and where statements are run for; a PostgreSQL server is told before each.
+  PostgresUse use;
+
+ private:
+  std::unique_ptr<session::Recordset> ReadApart(const std::string& sql);
+  // The connection for all that is no such select; connects again where that can be.
+  OdbcHandle& Main();
+  void Connect();
+  bool WaitsForAnother();
+  enum class Transaction {
+    None,
+    Open,
+    Over,  // by a commit that failed
+  };
+
+  const OdbcSource source_;
+  std::mutex changing_;  // Cancel comes from other threads
+  std::unique_ptr<OdbcHandle> main_;
+  bool read_only_ = false;
+  std::string process_;                  // that serves it
+  std::unique_ptr<OdbcHandle> lookout_;  // sees what it waits for; null until it waits
+  Transaction transaction_ = Transaction::None;
+  OdbcReaders readers_;
+};
+
+}  // namespace host
