@@ -85,19 +85,21 @@ session::DatabaseError Loss(std::string_view why, std::string_view statement) {
 }
 
 std::string Plain(std::string_view message) {
-  for (const std::string_view level : {"FATAL:", "PANIC:", "ERROR:"}) {
-    if (const std::size_t at = message.rfind(level); at != std::string_view::npos) {
-      message = forms::Trim(message.substr(at + level.size()));
-    }
-  }
   std::string plain;
   while (!message.empty()) {
     const std::size_t end = std::min(message.find('\n'), message.size());
-    // Lines further in are hints.
-    if (const std::string_view line = message.substr(0, end); !line.starts_with('\t')) {
-      plain += (plain.empty() ? "" : "; ") + std::string(forms::Trim(line));
-    }
+    std::string_view line = message.substr(0, end);
     message.remove_prefix(std::min(end + 1, message.size()));
+    // Lines further in are hints.
+    if (line.empty() || line.starts_with('\t')) {
+      continue;
+    }
+    for (const std::string_view level : {"FATAL:", "PANIC:", "ERROR:"}) {
+      if (const std::size_t at = line.find(level); at != std::string_view::npos) {
+        line.remove_prefix(at + level.size());
+      }
+    }
+    plain += (plain.empty() ? "" : "; ") + std::string(forms::Trim(line));
   }
   return plain.ends_with('.') ? plain : plain + ".";
 }
