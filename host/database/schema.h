@@ -66,7 +66,8 @@ std::optional<ColumnType> TypeOfColumn(std::string_view name);
 //
 // SchemaTable         one row: SchVersion, and what the database was made with: SchKind, SchOffice, SchOffices,
 //                     SchRowGuids (0 or 1)
-// IdentityTable       the last key handed out: TableName, LastID
+// IdentityTable       on SQLite, the last key handed out: TableName, LastID
+// DeskTable           on PostgreSQL, who may work in it: DeskLogin, DeskOffice (null for all)
 // OfficeSettingTable  OSID; OSSection, OSKey, OSValue
 // UserOptionTable     UOID; UOUseNam (the login name), UOSection, UOKey, UOValue
 // PickListTable       PLID; PLKind ("SEXTITLE", "FEESCHED", "MEDALERT", "MEDSPEC", "BILTTL", "PROTITLE"), PLCode, PLDes
@@ -76,6 +77,6 @@ std::optional<ColumnType> TypeOfColumn(std::string_view name);
 //                     ChaTab, ChaRecID, ChaCol, ChaOld, ChaNew: a row for each column that a statement changed
 // AccountTable        AccID; AccPid, AccBal, AccPlaBal, AccPla (0 none, 1 own, 2 family budget plan)
 //
-// `SchemaTable` and `IdentityTable` have no `OfficeID`.
+// `SchemaTable`, `IdentityTable` and `DeskTable` have no `OfficeID`.
 
 }  // namespace host
