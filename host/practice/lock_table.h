@@ -2,15 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
-#include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <tuple>
 
-#include "data/sql.h"
 #include "practice/machine.h"
-#include "session/connection.h"
 
 namespace host {
 
@@ -28,31 +24,24 @@ struct RecordLock {
   std::string session;  // unlike that of any other session, of whichever process
   std::string user;
   ProcessIdentity process;
-  std::chrono::sys_seconds beat;  // when the session last gave a sign of life
+  // When the session last gave a sign of life; nothing where a server knows that it lives.
+  std::optional<std::chrono::sys_seconds> beat;
 };
 
-// Who holds which record of a practice: a row a lock, that all its programs see. For any thread. All throw
-// session::DatabaseError.
+// Who holds which record of a practice, as all its programs see it. For any thread. All throw session::DatabaseError.
 class LockTable {
  public:
-  explicit LockTable(std::unique_ptr<session::Connection> connection);
+  virtual ~LockTable() = default;
 
   // Takes a record that is free. Nothing when it was, otherwise the lock that stands there.
-  std::optional<RecordLock> Take(const LockedRecord& record, const RecordLock& lock);
-  std::optional<RecordLock> Find(const LockedRecord& record) const;
+  virtual std::optional<RecordLock> Take(const LockedRecord& record, const RecordLock& lock) = 0;
+  virtual std::optional<RecordLock> Find(const LockedRecord& record) = 0;
   // A sign of life of the session that holds the record; false when it does not hold it.
-  bool Renew(const LockedRecord& record, const std::string& session, std::chrono::sys_seconds now);
+  virtual bool Renew(const LockedRecord& record, const std::string& session, std::chrono::sys_seconds now) = 0;
   // The same for all records that the session holds.
-  void RenewAll(const std::string& session, std::chrono::sys_seconds now);
-  void Free(const LockedRecord& record, const std::string& session);
-  void FreeAll(const std::string& session);
-
- private:
-  std::unique_ptr<session::Recordset> Run(const data::Sql& statement) const;
-  std::optional<RecordLock> Read(const LockedRecord& record) const;
-
-  std::unique_ptr<session::Connection> connection_;
-  mutable std::mutex one_at_a_time_;
+  virtual void RenewAll(const std::string& session, std::chrono::sys_seconds now) = 0;
+  virtual void Free(const LockedRecord& record, const std::string& session) = 0;
+  virtual void FreeAll(const std::string& session) = 0;
 };
 
 }  // namespace host

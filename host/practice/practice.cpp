@@ -7,6 +7,8 @@
 #include "data/literal.h"
 #include "data/statements.h"
 #include "database/migration.h"
+#include "practice/advisory_locks.h"
+#include "practice/lock_rows.h"
 #include "practice/settings.h"
 
 namespace host {
@@ -90,7 +92,23 @@ void FillOffice(Practice& practice, std::int32_t office) {
 
 }  // namespace
 
+Practice::Practice(PracticeDatabase database) : database_(std::move(database)) {
+  if (database_.connect) {
+    locks_ = std::make_unique<AdvisoryLocks>(database_.connect);
+  } else {
+    locks_ = std::make_unique<LockRows>(std::move(database_.locks));
+  }
+}
+
+session::Connection& Practice::ConnectionIn(std::int32_t office) const {
+  if (database_.enter_office) {
+    database_.enter_office(office);
+  }
+  return *database_.connection;
+}
+
 std::vector<std::int32_t> Practice::Offices() const {
+  ConnectionIn(0);  // of every office
   std::vector<std::int32_t> offices;
   for (const auto rows = database_.Run("SELECT DISTINCT OfficeID FROM OffLocTable ORDER BY OfficeID"); !rows->Eof();
        rows->MoveNext()) {

@@ -22,6 +22,7 @@ class Practice {
   // Opens what `CreatePractice` or `MakeDemo` made; an older schema is migrated. Throws session::DatabaseError, also
   // when there is no practice at the URL.
   explicit Practice(const std::string& url) : Practice(OpenDatabase(url)) {}
+  explicit Practice(PracticeDatabase database);
 
   std::int32_t Kind() const { return database_.options.kind; }
   // The office a session starts in.
@@ -32,12 +33,12 @@ class Practice {
   bool ReadOnly() const { return database_.connection->ReadOnly(); }
   const PracticeDatabase& Database() const { return database_; }
   LockTable& Locks() const { return *locks_; }
+  // The connection, on which an office works from now on; 0 is every one.
+  session::Connection& ConnectionIn(std::int32_t office) const;
 
  private:
   friend Practice CreatePractice(const std::string& url, const PracticeOptions& options,
                                  const std::function<void(Practice& practice)>& fill);
-  explicit Practice(PracticeDatabase database)
-      : database_(std::move(database)), locks_(std::make_unique<LockTable>(std::move(database_.locks))) {}
 
   PracticeDatabase database_;
   std::unique_ptr<LockTable> locks_;
@@ -56,7 +57,7 @@ class OfficeDatabase final : public session::Database {
   std::int32_t DatabaseKind() const override { return practice_->Kind(); }
   std::int32_t CurrentOfficeID() const override { return office_; }
   std::string PrepareSQL(const std::string& sql, int) const override { return practice_->Database().prepare(sql); }
-  session::Connection& Connection() override { return *practice_->Database().connection; }
+  session::Connection& Connection() override { return practice_->ConnectionIn(office_); }
   bool KeepsRowGuids(std::string_view table) const override { return practice_->Database().KeepsRowGuids(table); }
   LockTable& Locks() const { return practice_->Locks(); }
 

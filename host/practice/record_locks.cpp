@@ -38,7 +38,8 @@ LockedRecord RecordLocks::RecordOf(std::string_view table, std::int32_t id) cons
 
 // Clocks of two machines may differ, either way.
 bool RecordLocks::IsSilent(const RecordLock& lock) const {
-  return StateOf(lock.process) == ProcessState::Elsewhere && std::chrono::abs(clock_() - lock.beat) > kSilentAfter;
+  return lock.beat && StateOf(lock.process) == ProcessState::Elsewhere &&
+         std::chrono::abs(clock_() - *lock.beat) > kSilentAfter;
 }
 
 session::RecordHolder RecordLocks::HolderOf(const RecordLock& lock) const {

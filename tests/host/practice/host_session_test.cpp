@@ -88,6 +88,27 @@ TEST_F(HostSessionTest, TheOfficeSaysWhenItsEmployeesWork) {
             (session::WorkSchedule{0b0111001, std::chrono::minutes(450), std::chrono::hours(17)}));
 }
 
+// An engine that keeps the offices apart is told whose statements come, whichever session ran the last.
+TEST(OfficesOfAnEngine, EveryStatementIsItsSessionsOffices) {
+  PracticeDatabase database = CreateDatabase("sqlite::memory:", {.kind = session::kOfficeScoped, .offices = 2});
+  std::vector<int> entered;
+  database.enter_office = [&](int office) { entered.push_back(office); };
+  Practice practice(std::move(database));
+  HostSession first(practice, 1, LoginRights("ann"), StandingStill());
+  HostSession second(practice, 2, LoginRights("bob"), StandingStill());
+  const auto entered_by = [&](const std::function<void()>& use) {
+    entered.clear();
+    use();
+    return entered.empty() ? -1 : entered.back();
+  };
+  EXPECT_EQ(entered_by([&] { first.Connection(); }), 1);
+  EXPECT_EQ(entered_by([&] { second.OfficeSetting("A", "B"); }), 2);
+  EXPECT_EQ(entered_by([&] { first.Log({}); }), 1);
+  first.SetOffice(2);
+  EXPECT_EQ(entered_by([&] { first.UserOption("A", "B"); }), 2);
+  EXPECT_EQ(entered_by([&] { practice.Offices(); }), 0);
+}
+
 TEST_F(HostSessionTest, HandOffsAreHeard) {
   std::vector<HandOff> heard;
   first_.OnHandOff = [&](const HandOff& hand_off) { heard.push_back(hand_off); };

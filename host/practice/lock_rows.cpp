@@ -1,4 +1,4 @@
-#include "practice/lock_table.h"
+#include "practice/lock_rows.h"
 
 #include "data/literal.h"
 
@@ -42,7 +42,7 @@ bool Changed(const std::unique_ptr<session::Recordset>& returned) {
 }  // namespace
 
 // Only what every engine understands alike: no statement is translated.
-LockTable::LockTable(std::unique_ptr<session::Connection> connection) : connection_(std::move(connection)) {
+LockRows::LockRows(std::unique_ptr<session::Connection> connection) : connection_(std::move(connection)) {
   Run(
       Sql("CREATE TABLE IF NOT EXISTS LockTable (LocOffice int NOT NULL, LocTable varchar(40) NOT NULL, "
           "LocRecID int NOT NULL, LocSession varchar(40), LocUser varchar(40), LocMachine varchar(255), "
@@ -50,16 +50,17 @@ LockTable::LockTable(std::unique_ptr<session::Connection> connection) : connecti
           "PRIMARY KEY (LocOffice, LocTable, LocRecID))"));
 }
 
-std::unique_ptr<session::Recordset> LockTable::Run(const Sql& statement) const {
+std::unique_ptr<session::Recordset> LockRows::Run(const Sql& statement) const {
   return connection_->Execute(statement.Text());
 }
 
-std::optional<RecordLock> LockTable::Take(const LockedRecord& record, const RecordLock& lock) {
+std::optional<RecordLock> LockRows::Take(const LockedRecord& record, const RecordLock& lock) {
   const std::lock_guard guard(one_at_a_time_);
   const Sql insert = "INSERT INTO LockTable VALUES (" + Literal(record.office) + ", " + Literal(record.table) + ", " +
                      Literal(record.id) + ", " + Literal(lock.session) + ", " + Literal(lock.user) + ", " +
                      Literal(lock.process.machine) + ", " + Literal(lock.process.system) + ", " +
-                     Whole(lock.process.number) + ", " + Whole(lock.process.started) + ", " + Seconds(lock.beat) +
+                     Whole(lock.process.number) + ", " + Whole(lock.process.started) + ", " +
+                     Seconds(lock.beat.value_or(std::chrono::sys_seconds())) +
                      ") ON CONFLICT DO NOTHING RETURNING LocRecID";
   while (!Changed(Run(insert))) {
     if (auto other = Read(record)) {
@@ -70,12 +71,12 @@ std::optional<RecordLock> LockTable::Take(const LockedRecord& record, const Reco
   return std::nullopt;
 }
 
-std::optional<RecordLock> LockTable::Find(const LockedRecord& record) const {
+std::optional<RecordLock> LockRows::Find(const LockedRecord& record) {
   const std::lock_guard guard(one_at_a_time_);
   return Read(record);
 }
 
-std::optional<RecordLock> LockTable::Read(const LockedRecord& record) const {
+std::optional<RecordLock> LockRows::Read(const LockedRecord& record) const {
   const auto row =
       Run("SELECT LocSession, LocUser, LocMachine, LocSystem, LocProcess, LocStarted, LocBeat FROM LockTable WHERE " +
           OfRecord(record));
@@ -91,23 +92,23 @@ std::optional<RecordLock> LockTable::Read(const LockedRecord& record) const {
   };
 }
 
-bool LockTable::Renew(const LockedRecord& record, const std::string& session, std::chrono::sys_seconds now) {
+bool LockRows::Renew(const LockedRecord& record, const std::string& session, std::chrono::sys_seconds now) {
   const std::lock_guard guard(one_at_a_time_);
   return Changed(Run("UPDATE LockTable SET LocBeat=" + Seconds(now) + " WHERE " + OfSession(session) + " AND " +
                      OfRecord(record) + " RETURNING LocRecID"));
 }
 
-void LockTable::RenewAll(const std::string& session, std::chrono::sys_seconds now) {
+void LockRows::RenewAll(const std::string& session, std::chrono::sys_seconds now) {
   const std::lock_guard guard(one_at_a_time_);
   Run("UPDATE LockTable SET LocBeat=" + Seconds(now) + " WHERE " + OfSession(session));
 }
 
-void LockTable::Free(const LockedRecord& record, const std::string& session) {
+void LockRows::Free(const LockedRecord& record, const std::string& session) {
   const std::lock_guard guard(one_at_a_time_);
   Run("DELETE FROM LockTable WHERE " + OfSession(session) + " AND " + OfRecord(record));
 }
 
-void LockTable::FreeAll(const std::string& session) {
+void LockRows::FreeAll(const std::string& session) {
   const std::lock_guard guard(one_at_a_time_);
   Run("DELETE FROM LockTable WHERE " + OfSession(session));
 }
