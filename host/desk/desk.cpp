@@ -25,6 +25,7 @@ Desk::Desk(Practice practice, const Folders& folders, const MakePublicClasses& m
       user_(Views(),
             views::Pictures({folders.data_folder, folders.data_folder + kLargeIcons, folders.share_folder + "/pictures",
                              folders.share_folder + "/pictures" + kLargeIcons})),
+      asked_on_loss_(*practice_.Database().connection, user_),
       classes_(make_classes(user_)),
       screens_(classes_->EditingScreen(), classes_->LookUpList()) {
   practice_.Database().connection->WhileBusy = [this](session::Busy busy) { return user_.Pulse(busy); };

@@ -6,6 +6,7 @@
 
 #include "desk/public_classes.h"
 #include "desk/public_screens.h"
+#include "editing/lost_connection.h"
 #include "login/frmLogin.h"
 #include "practice/host_session.h"
 #include "reminders/reminder_sender.h"
@@ -60,6 +61,7 @@ class Desk {
   Folders folders_;
   MakePublicClasses make_classes_;
   views::WxUser user_;
+  editing::AskedOnLoss asked_on_loss_;
   std::unique_ptr<PublicClasses> classes_;
   PublicScreens screens_;
   std::shared_ptr<HostSession> session_;

@@ -89,6 +89,9 @@ bool DeskApp::OnExceptionInMainLoop() {
   try {
     throw;
   } catch (const session::DatabaseError& error) {
+    if (error.given_up) {
+      return true;
+    }
     what = error.Told();
   } catch (const std::exception& error) {
     what += "\r\r" + std::string(error.what());

@@ -18,7 +18,8 @@ constexpr int kLookEvery = 5000;  // milliseconds
 constexpr int kUsualMinutes = 15;
 
 // Where the setting cannot be read the usual minutes hold, and nobody is told every few seconds.
-int LockMinutes(const HostSession& session) {
+int LockMinutes(HostSession& session) {
+  const session::Unasked nobody(session.Connection());
   std::string text;
   try {
     text = session.OfficeSetting(kDeskSection, kLockMinutes);
@@ -102,7 +103,9 @@ bool IdleLock::AskForUser() {
     desk_.AskForUser();
     return true;
   } catch (const session::DatabaseError& error) {
-    desk_.User().Tell(error.Told(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
+    if (!error.given_up) {
+      desk_.User().Tell(error.Told(), std::string(forms::kSuiteTitle), forms::Icon::Critical);
+    }
     return false;
   }
 }

@@ -69,15 +69,17 @@ class HostSession : public session::Session {
   void SetCurrentPersonType(std::string_view key) override { person_type_ = key; }
   void Log(const session::LogEntry& entry) override;
   std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
-    return LocksOfUser().Hold(table, id);
+    return Insisted<std::optional<session::RecordHolder>>([&] { return LocksOfUser().Hold(table, id); });
   }
   std::optional<session::RecordHolder> TakeRecordOver(std::string_view table, std::int32_t id) override {
-    return LocksOfUser().TakeOver(table, id);
+    return Insisted<std::optional<session::RecordHolder>>([&] { return LocksOfUser().TakeOver(table, id); });
   }
-  bool KeepsRecord(std::string_view table, std::int32_t id) override { return locks_.Keeps(table, id); }
+  bool KeepsRecord(std::string_view table, std::int32_t id) override {
+    return Insisted<bool>([&] { return locks_.Keeps(table, id); });
+  }
   void ReleaseRecord(std::string_view table, std::int32_t id) override { locks_.Release(table, id); }
   std::optional<session::RecordHolder> HeldByAnother(std::string_view table, std::int32_t id) const override {
-    return locks_.HeldByAnother(table, id);
+    return Insisted<std::optional<session::RecordHolder>>([&] { return locks_.HeldByAnother(table, id); });
   }
   session::AccountFigures AccountOf(std::int32_t person) const override;
 
@@ -100,6 +102,13 @@ class HostSession : public session::Session {
   }
 
  private:
+  // What the locks say, where the person may try again when their connection is lost.
+  template <class Answer>
+  Answer Insisted(const std::function<Answer()>& ask) const {
+    Answer answer{};
+    session::Insist(database_.Connection(), [&] { answer = ask(); });
+    return answer;
+  }
   // Users may share a session: what is held now is held by this one.
   RecordLocks& LocksOfUser() {
     locks_.SetUser(user_.Name());

@@ -19,7 +19,11 @@ Sql Joined(const Assignments& values, Part Assignment::*part) {
 }  // namespace
 
 std::unique_ptr<session::Recordset> Statements::Select(const Sql& sql) const {
-  return database_.Connection().Execute(Prepared(sql));
+  const std::string prepared = Prepared(sql);
+  std::unique_ptr<session::Recordset> rows;
+  session::Connection& connection = database_.Connection();
+  session::Insist(connection, [&] { rows = connection.Execute(prepared); });
+  return rows;
 }
 
 std::string Statements::Prepared(const Sql& sql) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/lost_connection.h"
 #include "forms/text.h"
 
 namespace editing {
@@ -45,8 +46,8 @@ bool EditingForm::Save() {
   return Settle() && Check() && Attempt([&] {
            RequireHold();
            agreed = SettleConflicts() && Agreed();
-           if (agreed) {
-             RunSteps();
+           while (agreed && !RanSteps()) {
+             agreed = SettleConflicts();  // the record was not held for a while
            }
          }) &&
          agreed;
@@ -62,6 +63,22 @@ void EditingForm::RequireHold() const {
 const session::RecordHolder* EditingForm::Holder() const {
   const auto held = std::ranges::find_if(holds_, [](const RecordHold& hold) { return hold.Holder().has_value(); });
   return held == holds_.end() ? nullptr : &*held->Holder();
+}
+
+bool EditingForm::RanSteps() {
+  try {
+    RunSteps();
+    return true;
+  } catch (session::DatabaseError& error) {
+    if (!error.ConnectionLost() || error.given_up) {
+      throw;
+    }
+    error.given_up = !WantsToTryAgain(context_.user, error);
+    if (error.given_up) {
+      throw;
+    }
+  }
+  return false;
 }
 
 void EditingForm::RunSteps() {

@@ -21,7 +21,8 @@ inline constexpr std::string_view kDeletedMeanwhile =
     "Another user has deleted this record. Your entries are still on the screen.";
 
 // What every editing screen does: it reads when it opens, and closes when that fails; saves step by step; asks on
-// closing with changes unsaved; and changes nothing of a record that another user holds.
+// closing with changes unsaved; and changes nothing of a record that another user holds. A save whose connection is
+// lost can be tried again from the step on that it came to.
 class EditingForm : public forms::Form, public Rules {
  public:
   EditingForm(std::string name, const session::ScreenContext& context) : Form(std::move(name)), Rules(context) {}
@@ -114,6 +115,8 @@ class EditingForm : public forms::Form, public Rules {
   // The first of the held records that another user has.
   const session::RecordHolder* Holder() const;
   void RunSteps();
+  // False when the connection was lost on the way, and the person wants to try the rest again.
+  bool RanSteps();
   bool SavedInPart() const { return in_part_; }
 
   std::vector<data::RecordBinding*> records_;

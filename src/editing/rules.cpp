@@ -1,5 +1,6 @@
 #include "editing/rules.h"
 
+#include "editing/lost_connection.h"
 #include "forms/text.h"
 
 namespace editing {
@@ -19,7 +20,17 @@ bool Rules::Attempt(const std::function<void()>& operation) const {
 }
 
 void Rules::Report(const session::DatabaseError& error) const {
-  Tell(error.Told(), forms::Icon::Critical);
+  if (!error.given_up) {
+    Tell((error.ConnectionLost() ? LossText(error) + "\r\n\r\n" : std::string()) + error.Told(), forms::Icon::Critical);
+  }
+}
+
+bool Rules::ReadsAgain(const session::DatabaseError& error) const {
+  if (error.ConnectionLost() && !error.given_up) {
+    return WantsToTryAgain(context_.user, error);
+  }
+  Report(error);
+  return false;
 }
 
 void Rules::Tell(std::string text, forms::Icon icon) const {

@@ -25,8 +25,11 @@ class Rules {
   // Runs one operation. A refusal, a failed statement or a number past its range ends it, and the person is told.
   // False when it was ended.
   bool Attempt(const std::function<void()>& operation) const;
-  // Tells the person what the database refused.
+  // Tells the person what the database refused, unless he gave it up himself.
   void Report(const session::DatabaseError& error) const;
+
+  // The same of rows that are shown as they arrive. True when the connection was lost and the person wants them again.
+  bool ReadsAgain(const session::DatabaseError& error) const;
 
   void Tell(std::string text, forms::Icon icon = forms::Icon::None) const;
   // "[ text ]", cut after so many characters.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editing/lost_connection.h"
 #include "session/plan_adjustment.h"
 #include "session/screens.h"
 
@@ -8,7 +9,8 @@ namespace entry {
 // The screens of this component, opened over one session for one person.
 class ComponentScreens : public session::Screens {
  public:
-  ComponentScreens(session::Session& session, forms::User& user) : context_{session, user, *this} {}
+  ComponentScreens(session::Session& session, forms::User& user)
+      : context_{session, user, *this}, asked_on_loss_(session, user) {}
 
   const session::ScreenContext& Context() const { return context_; }
 
@@ -37,6 +39,7 @@ class ComponentScreens : public session::Screens {
   bool AcceptLogin(std::int32_t login);
 
   session::ScreenContext context_;
+  editing::AskedOnLoss asked_on_loss_;
 };
 
 }  // namespace entry

@@ -235,7 +235,7 @@ void frmOfficeLocation::Write() {
   try {
     Location.Update();
   } catch (const session::DatabaseError& error) {
-    throw session::DatabaseError(error.what(), "UPDATE OffLocTable", error.Code());
+    throw error.Of("UPDATE OffLocTable");
   }
   ShowNameInList();
   SB.Caption = "Saved " + data::LocationName(Location.Id(), txtInfo[kName].Text.get()) + ".";

@@ -173,7 +173,7 @@ int frmSearchWindow::Find() {
       statements_.Select(Matches(statements_, List, name, anywhere) + " ORDER BY " + sorted.Of(List) +
                          (sort_descending_ ? Words(" DESC") : Words(""))));
   rows->Arrived = [this] { ShowCount(); };
-  rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  rows->Failed = [this](const session::DatabaseError& error) { due_ = ReadsAgain(error); };
   rows->Fetch(kFirstPage);
   rows_ = rows;
   TDBG.Rows = rows;

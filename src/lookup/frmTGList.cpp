@@ -207,7 +207,11 @@ bool frmTGList::Requery(const std::vector<data::Sql>& conditions, const data::Sq
   sort_ = sort;
   SQLLabel.Caption = text.Text();
   rows->Arrived = [this] { RowsArrived(); };
-  rows->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  rows->Failed = [this](const session::DatabaseError& error) {
+    if (ReadsAgain(error)) {
+      due_ = {conditions_, sort_, {.id = CurrentID()}};
+    }
+  };
   rows->Reading = [this](const auto& fetch) {
     const bool wanted = ReadUnlessTyping(fetch);
     if (!wanted) {

@@ -125,7 +125,7 @@ int frmDatabaseSearch::Search() {
                                     Column("pID")});
   rows->Failed = [this](const session::DatabaseError& error) {
     RowLabel.Caption = Persons(rows_->Count()) + "; the others could not be read";
-    Report(error);
+    due_ = ReadsAgain(error);
   };
   rows->Arrived = [this] { ShowCount(); };
   rows->Fetch(kFirstPage);
@@ -160,6 +160,13 @@ void frmDatabaseSearch::OnLoad() {
   if (rows_ == nullptr && !Attempt([this] { Search(); })) {
     Close();
   }
+}
+
+bool frmDatabaseSearch::OnIdle() {
+  if (std::exchange(due_, false)) {
+    Attempt([this] { Search(); });
+  }
+  return Name_List.FetchMore();
 }
 
 void frmDatabaseSearch::Choose() {

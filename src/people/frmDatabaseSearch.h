@@ -38,7 +38,7 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
 
  protected:
   void OnLoad() override;
-  bool OnIdle() override { return Name_List.FetchMore(); }
+  bool OnIdle() override;
   void OnClose() override { layout_.Keep(); }
 
  private:
@@ -51,6 +51,7 @@ class frmDatabaseSearch : public forms::Form, private editing::Rules {
   // Of the rows that are shown.
   std::string sort_key_ = "Name";
   bool sort_descending_ = false;
+  bool due_ = false;  // the connection was lost while rows arrived
 };
 
 }  // namespace people

@@ -195,7 +195,7 @@ void LoginName::Write() const {
   try {
     statements_.Update("PWMTable", values, "PWMID", Id());
   } catch (const session::DatabaseError& error) {
-    throw session::DatabaseError(error.what(), "UPDATE PWMTable SET ...", error.Code());
+    throw error.Of("UPDATE PWMTable SET ...");
   }
 }
 

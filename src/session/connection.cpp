@@ -56,6 +56,12 @@ std::string DatabaseError::Told() const {
          "\r\n\r\n" + what() + "\r\n\r\n[ " + first + (first.size() < statement.size() ? " ... ]" : " ]");
 }
 
+DatabaseError DatabaseError::Of(std::string_view statement) const {
+  DatabaseError error(what(), statement, code_, origin_);
+  error.given_up = given_up;
+  return error;
+}
+
 Value Recordset::operator[](std::string_view name) const {
   const int index = FieldIndex(name);
   if (index < 0) {
@@ -105,8 +111,27 @@ bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, co
   return true;
 }
 
+void Insist(Connection& connection, const std::function<void()>& work) {
+  while (true) {
+    try {
+      return work();
+    } catch (DatabaseError& error) {
+      const auto try_again = connection.TryAgain;
+      if (!error.ConnectionLost() || error.Unanswered() || error.given_up || !try_again) {
+        throw;
+      }
+      const Unasked asking(connection);  // once, whatever runs behind the question
+      if (!try_again(error)) {
+        error.given_up = true;
+        throw;
+      }
+    }
+  }
+}
+
 Transaction::Transaction(Connection& connection) : connection_(connection) {
-  connection_.BeginTrans();
+  Insist(connection_, [this] { connection_.BeginTrans(); });
+  unasked_.emplace(connection_);
 }
 
 Transaction::~Transaction() {

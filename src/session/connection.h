@@ -2,9 +2,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "session/value.h"
@@ -16,18 +18,25 @@ namespace session {
 class DatabaseError : public std::runtime_error {
  public:
   // Who refused it: the engine, or before it the session's `PrepareSQL`; or the connection was lost, and is made again
-  // by the next statement where that can be.
-  enum class Origin { Engine, Translation, Connection };
+  // by the next statement where that can be. Nothing of the statement was done then, nor of the transaction that it
+  // was in; but `Unanswered` is a change whose answer was lost, so that nobody knows whether it was made.
+  enum class Origin { Engine, Translation, Connection, Unanswered };
 
   DatabaseError(const std::string& what, std::string_view statement, int code, Origin origin = Origin::Engine);
 
   const std::string& Statement() const { return statement_; }
-  bool ConnectionLost() const { return origin_ == Origin::Connection; }
+  bool ConnectionLost() const { return origin_ == Origin::Connection || Unanswered(); }
+  bool Unanswered() const { return origin_ == Origin::Unanswered; }
   // The engine's own number.
   int Code() const { return code_; }
   // As a person is told: what was being done, why it failed, and the statement's first words; why alone where no
   // statement was run.
   std::string Told() const;
+  // The same of another statement.
+  DatabaseError Of(std::string_view statement) const;
+
+  // The person was asked about it, and gave the statement up.
+  bool given_up = false;
 
  private:
   std::string statement_;
@@ -88,13 +97,33 @@ class Connection {
   // Called now and then while a statement runs or waits, where it runs: a window may paint then, and hear a person who
   // gives it up, but run no statement. One that is given up throws DatabaseError.
   session::WhileBusy WhileBusy;
+  // Asked when the connection was lost and what was being done may be done again as it is: true does.
+  std::function<bool(const DatabaseError& error)> TryAgain;
+};
+
+// Does the work again for as long as the connection is lost in it and `TryAgain` wants that. The work is one statement,
+// or can be repeated from any point.
+void Insist(Connection& connection, const std::function<void()>& work);
+
+// Nobody is asked whether to try again for as long as it lives.
+class Unasked {
+ public:
+  explicit Unasked(Connection& connection)
+      : connection_(connection), try_again_(std::exchange(connection.TryAgain, nullptr)) {}
+  Unasked(const Unasked&) = delete;
+  Unasked& operator=(const Unasked&) = delete;
+  ~Unasked() { connection_.TryAgain = std::move(try_again_); }
+
+ private:
+  Connection& connection_;
+  std::function<bool(const DatabaseError& error)> try_again_;
 };
 
 // Does the work, and gives up the statement of it that runs when `unwanted` turns true. False when one was given up
 // for that; what else the database refuses is thrown.
 bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, const std::function<void()>& work);
 
-// Rolls back at its end unless committed.
+// Rolls back at its end unless committed. No statement of it is tried again by itself.
 class Transaction {
  public:
   explicit Transaction(Connection& connection);
@@ -106,6 +135,7 @@ class Transaction {
 
  private:
   Connection& connection_;
+  std::optional<Unasked> unasked_;
   bool open_ = true;
 };
 

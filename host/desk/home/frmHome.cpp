@@ -187,7 +187,7 @@ void frmHome::ListFound(std::string_view typed) {
   }
   found_ = std::make_shared<editing::RecordsetRows>(InTurn(statements_, std::move(searches)),
                                                     PatientCells(context_.session.Today()));
-  found_->Failed = [this](const session::DatabaseError& error) { Report(error); };
+  found_->Failed = [this](const session::DatabaseError& error) { search_due_ = ReadsAgain(error); };
   found_->Arrived = [this] { CountFound(); };
   found_->Fetch(kFirstRows);
   has_patients_ = has_patients_ || found_->Count() > 0;
