@@ -16,11 +16,11 @@ constexpr const char* kAboutItself =
     "SELECT pg_catalog.pg_backend_pid(), CASE WHEN pg_catalog.pg_is_in_recovery() OR "
     "pg_catalog.current_setting('default_transaction_read_only')='on' THEN 1 ELSE 0 END";
 
-// The rows of the last result of a batch that has any.
-std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::string& batch) {
+// `batch` is what failures name. The rows of the last result of a batch that has any.
+std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::string& text, const std::string& batch) {
   std::vector<session::Field> fields;
   OdbcRows rows;
-  const OdbcStatement statement = handle.Execute(batch);
+  const OdbcStatement statement = handle.Execute(text, batch);
   do {
     if (auto found = OdbcFields(statement.get()); !found.empty()) {
       fields = std::move(found);
@@ -28,6 +28,10 @@ std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::str
     }
   } while (handle.Work(statement.get(), batch, [&] { return SQLMoreResults(statement.get()); }));
   return std::make_unique<OdbcRecordset>(std::move(fields), std::move(rows));
+}
+
+std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::string& batch) {
+  return ReadWhole(handle, batch, batch);
 }
 
 }  // namespace
@@ -39,9 +43,12 @@ OdbcConnection::OdbcConnection(OdbcSource source) : source_(std::move(source)), 
 OdbcConnection::~OdbcConnection() = default;
 
 std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& sql) {
-  // A driver would read no further.
+  // A driver would read no further than a zero, and be given other bytes for what is no text.
   if (sql.find('\0') != std::string::npos) {
     throw session::DatabaseError("The statement holds a zero character.", sql, CodeOfState("22021"));
+  }
+  if (forms::ToUtf8(forms::ToUtf32(sql)) != sql) {
+    throw session::DatabaseError("The statement holds bytes that are no text.", sql, CodeOfState("22021"));
   }
   if (forms::Trim(sql).empty()) {
     return std::make_unique<OdbcRecordset>(std::vector<session::Field>(), OdbcRows());
@@ -53,7 +60,19 @@ std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& s
   if (source_.is_postgres) {
     main.Set(use.ForWriting(WhileBusy != nullptr));
   }
-  return ReadWhole(main, sql);
+  return transaction_ == Transaction::Open && source_.is_postgres ? InTransaction(sql) : ReadWhole(main, sql);
+}
+
+std::unique_ptr<session::Recordset> OdbcConnection::InTransaction(const std::string& sql) {
+  try {
+    return ReadWhole(*main_, sql + kKeepBatch, sql);
+  } catch (const session::DatabaseError& refused) {
+    if (!refused.ConnectionLost()) {
+      main_->ForgetSettings();
+      ReadWhole(*main_, kTakeBatchBack);
+    }
+    throw;
+  }
 }
 
 std::unique_ptr<session::Recordset> OdbcConnection::ReadApart(const std::string& sql) {
@@ -64,7 +83,7 @@ std::unique_ptr<session::Recordset> OdbcConnection::ReadApart(const std::string&
       if (source_.is_postgres) {
         reader->Set(use.ForReading());
       }
-      OdbcStatement statement = reader->Execute(sql);
+      OdbcStatement statement = reader->Execute(sql, sql);
       std::vector<session::Field> fields = OdbcFields(statement.get());
       return std::make_unique<OdbcRecordset>(std::move(fields), std::move(reader), std::move(statement), sql);
     } catch (const session::DatabaseError& error) {
@@ -83,6 +102,9 @@ void OdbcConnection::BeginTrans() {
   }
   Main().BeginTrans();
   transaction_ = Transaction::Open;
+  if (source_.is_postgres) {
+    ReadWhole(*main_, kBeginBatches);
+  }
 }
 
 void OdbcConnection::CommitTrans() {

@@ -40,6 +40,7 @@ class OdbcConnection final : public session::Connection {
   PostgresUse use;
 
  private:
+  std::unique_ptr<session::Recordset> InTransaction(const std::string& sql);
   std::unique_ptr<session::Recordset> ReadApart(const std::string& sql);
   // The connection for all that is no such select; connects again where that can be.
   OdbcHandle& Main();

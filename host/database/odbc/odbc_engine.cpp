@@ -59,7 +59,7 @@ PracticeDatabase Opened(const OdbcSource& source, std::unique_ptr<OdbcConnection
                         const CreationOptions& options) {
   auto* opened = connection.get();
   PracticeDatabase database{.connection = std::move(connection),
-                            .prepare = [](std::string_view statement) { return std::string(statement); },
+                            .prepare = source.is_postgres ? PreparePostgres : PrepareServer,
                             .schema = &SchemaOf(source),
                             .options = options,
                             .write_as = [opened](const ChangeAuthor* author) { opened->use.author = author; },

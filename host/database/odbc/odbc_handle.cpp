@@ -106,8 +106,8 @@ bool OdbcHandle::Work(SQLHSTMT statement, const std::string& batch, const std::f
   const bool interrupted = at_work(nullptr);
   if (returned != SQL_NO_DATA && !SQL_SUCCEEDED(returned)) {
     OdbcDiagnosis diagnosis = DiagnosisOf(SQL_HANDLE_STMT, statement);
-    // To a driver manager, one that was ended has no cursor any more.
-    if (interrupted && diagnosis.state == "HY010") {
+    // A driver manager finds one that was ended out of order, and a driver may have no reason of its own.
+    if (interrupted && diagnosis.state.starts_with("HY")) {
       diagnosis.state = "HY008";
     }
     throw OdbcRefusal(diagnosis, Lost(), batch);
@@ -115,10 +115,10 @@ bool OdbcHandle::Work(SQLHSTMT statement, const std::string& batch, const std::f
   return returned != SQL_NO_DATA;
 }
 
-OdbcStatement OdbcHandle::Execute(const std::string& batch) {
+OdbcStatement OdbcHandle::Execute(const std::string& text, const std::string& batch) {
   OdbcStatement statement = Allocate();
-  std::vector<SQLWCHAR> text = ToOdbcText(batch);
-  Work(statement.get(), batch, [&] { return SQLExecDirectW(statement.get(), text.data(), SQL_NTS); });
+  std::vector<SQLWCHAR> units = ToOdbcText(text);
+  Work(statement.get(), batch, [&] { return SQLExecDirectW(statement.get(), units.data(), SQL_NTS); });
   return statement;
 }
 
@@ -130,7 +130,7 @@ void OdbcHandle::Set(const PostgresSettings& settings) {
     }
   }
   if (!calls.empty()) {
-    const OdbcStatement statement = Execute(calls);
+    const OdbcStatement statement = Execute(calls, calls);
     while (Work(statement.get(), calls, [&] { return SQLFetch(statement.get()); })) {
     }
     for (const auto& [name, value] : settings) {

@@ -35,14 +35,16 @@ class OdbcHandle {
   // As far as the driver has noticed.
   bool Lost() const;
 
-  // Runs a batch; its first result is there to be read.
-  OdbcStatement Execute(const std::string& batch);
+  // Runs a text, whose first result is there to be read then; `batch` is what failures name.
+  OdbcStatement Execute(const std::string& text, const std::string& batch);
   // Makes a call that waits for the server, which returns what ODBC returned, and tells whether there was anything:
-  // false is the end of the rows or of the results. `batch` is what failures name.
+  // false is the end of the rows or of the results.
   bool Work(SQLHSTMT statement, const std::string& batch, const std::function<int()>& call);
 
   // Sets what the server is not known to have, by `set_config`.
   void Set(const PostgresSettings& settings);
+  // After a rollback nobody knows which have stayed.
+  void ForgetSettings() { set_.clear(); }
 
   void BeginTrans();
   // Commits, or rolls back. The transaction is over, whatever came of it.

@@ -54,18 +54,21 @@ std::optional<std::string> KeywordIn(std::string_view connection_string, std::st
 OdbcSource PostgresSource(const std::string& connection_string) {
   OdbcSource source{.connection_string = connection_string, .is_postgres = true, .fixed = FixedSettings()};
   source.fixed["application_name"] = "practice";
-  std::string& text = source.connection_string;
-  // A failing batch takes back itself alone; citext has no size of the driver's.
-  AddDefault(text, "Protocol", "7.4-2");
-  AddDefault(text, "UnknownsAsLongVarchar", "1");
+  source.fixed_for_reading = ForReaders(source.fixed);
+  // Booleans are numbers, and citext has no size of the driver's.
+  std::string text = connection_string;
   AddDefault(text, "BoolsAsChar", "0");
+  AddDefault(text, "UnknownsAsLongVarchar", "1");
   const auto server = KeywordIn(text, KeywordIn(text, "Servername") ? "Servername" : "Server");
   if (!KeywordIn(text, "DSN") && !IsThisMachine(server.value_or(""))) {
     AddDefault(text, "SSLmode", "require");
   }
-  source.fixed_for_reading = ForReaders(source.fixed);
+  // The driver takes nothing back by itself in a transaction, and all of what a reader asked.
+  source.connection_string = text;
+  AddDefault(source.connection_string, "Protocol", "7.4-0");
   // The first rows of a list are there before its last ones are found.
   source.for_reading = text;
+  AddDefault(source.for_reading, "Protocol", "7.4-1");
   AddDefault(source.for_reading, "UseDeclareFetch", "1");
   AddDefault(source.for_reading, "Fetch", "200");
   return source;

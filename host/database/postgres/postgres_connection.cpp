@@ -11,11 +11,6 @@
 namespace host {
 namespace {
 
-// Stands before each batch of a transaction, so that one that fails takes back nothing but itself.
-constexpr const char* kBegin = "BEGIN; SAVEPOINT practice_batch";
-constexpr const char* kKeep = "\n; RELEASE practice_batch; SAVEPOINT practice_batch";
-constexpr const char* kTakeBack = "ROLLBACK TO practice_batch";
-
 PostgresUrl UrlFor(const std::string& url, const PostgresWay& way) {
   PostgresUrl parsed = ParsePostgresUrl(url);
   if (!way.application_name.empty()) {
@@ -69,7 +64,7 @@ class PostgresServer {
     }
     state_ = State::None;
     Ready();
-    main_->Run({}, kBegin, "BEGIN");
+    main_->Run({}, std::string("BEGIN; ") + kBeginBatches, "BEGIN");
     state_ = State::Open;
   }
 
@@ -133,11 +128,11 @@ class PostgresServer {
 
   std::unique_ptr<session::Recordset> InTransaction(const std::string& sql) {
     try {
-      return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql + kKeep, sql));
+      return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql + kKeepBatch, sql));
     } catch (const session::DatabaseError& refused) {
       try {
         if (!refused.ConnectionLost()) {
-          main_->Run({}, kTakeBack, sql);
+          main_->Run({}, kTakeBatchBack, sql);
           throw;
         }
       } catch (const session::DatabaseError& error) {

@@ -30,6 +30,11 @@ struct PostgresUse {
   PostgresSettings ForWriting(bool can_give_up) const;
 };
 
+// Stand before, behind and after each batch of a transaction, so that one that fails takes back nothing but itself.
+inline constexpr const char* kBeginBatches = "SAVEPOINT practice_batch";
+inline constexpr const char* kKeepBatch = "\n; RELEASE practice_batch; SAVEPOINT practice_batch";
+inline constexpr const char* kTakeBatchBack = "ROLLBACK TO practice_batch";
+
 // Whether a batch is one select that another connection may run as well.
 bool CanReadApart(std::string_view batch);
 

@@ -7,6 +7,7 @@
 #include "database/unix/throwaway_cluster.h"
 #include "forms/text.h"
 #include "practice/machine.h"
+#include "support/odbc_url.h"
 
 namespace host {
 namespace {
@@ -65,6 +66,12 @@ class PostgresPlace : public TestedPlace {
   std::string database_;
 };
 
+// The same by its ODBC driver.
+class OdbcPlace : public PostgresPlace {
+ public:
+  std::string Url() override { return OdbcUrl(PostgresPlace::Url()); }
+};
+
 template <class Place>
 std::unique_ptr<TestedPlace> Fresh() {
   return std::make_unique<Place>();
@@ -90,7 +97,10 @@ std::vector<TestedEngine> EveryEngine() {
                                   "SET enable_seqscan=off; SET enable_hashjoin=off; SET enable_mergejoin=off; "
                                   "SET enable_sort=off; EXPLAIN ",
                               .whole_batches = true};
-  return {sqlite, memory, postgres};
+  TestedEngine odbc = postgres;
+  odbc.name = "Odbc";
+  odbc.fresh = Fresh<OdbcPlace>;
+  return {sqlite, memory, postgres, odbc};
 }
 
 std::vector<TestedEngine> SharedEngines() {

@@ -24,7 +24,7 @@ TEST(OdbcSourceTest, FindsKeywords) {
 
 TEST(OdbcSourceTest, AddsWhatThePostgresDriverNeeds) {
   const OdbcSource source = PostgresSource("Driver=x;Server=db.example;usedeclarefetch=0");
-  EXPECT_THAT(source.connection_string, AllOf(HasSubstr("Driver=x;Server=db.example;"), HasSubstr(";Protocol=7.4-2"),
+  EXPECT_THAT(source.connection_string, AllOf(HasSubstr("Driver=x;Server=db.example;"), HasSubstr(";Protocol=7.4-0"),
                                               Not(HasSubstr("Fetch=200"))));
   EXPECT_THAT(source.for_reading, AllOf(HasSubstr("Fetch=200"), Not(HasSubstr("UseDeclareFetch=1"))));
   EXPECT_EQ(source.fixed_for_reading.at("default_transaction_read_only"), "on");
