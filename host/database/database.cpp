@@ -7,6 +7,8 @@
 namespace host {
 namespace {
 
+constexpr const char* kNoGroups = "Groups of practices stand on PostgreSQL servers alone.";
+
 const Engine& EngineOf(const std::string& url) {
   const std::size_t colon = url.find(':');
   if (colon != std::string::npos && colon + 1 < url.size()) {
@@ -49,6 +51,22 @@ PracticeDatabase OpenDatabase(const std::string& url) {
 
 bool IsVacant(const std::string& url) {
   return EngineOf(url).IsVacant(url);
+}
+
+void CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) {
+  EngineOf(first.url).CreateOfficeGroup(first, options);
+}
+
+std::unique_ptr<OfficeGroup> OpenOfficeGroup(const std::string& url) {
+  return EngineOf(url).OpenOfficeGroup(url);
+}
+
+void Engine::CreateOfficeGroup(const GroupServer& /*first*/, const CreationOptions& /*options*/) const {
+  throw session::DatabaseError(kNoGroups, {}, 0);
+}
+
+std::unique_ptr<OfficeGroup> Engine::OpenOfficeGroup(const std::string& /*url*/) const {
+  throw session::DatabaseError(kNoGroups, {}, 0);
 }
 
 }  // namespace host

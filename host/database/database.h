@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/change_author.h"
 #include "database/private_files.h"
@@ -24,6 +25,8 @@ struct PracticeDatabase {
   // The office that the statements from now on work in, for an engine that keeps the offices apart itself; empty for
   // others.
   std::function<void(int office)> enter_office = {};
+  // Every office there is, for an engine that knows; empty for others, whose locations tell.
+  std::function<std::vector<int>()> offices = {};
   // Where its programs write down the records that they hold: quick, and worth nothing after the machine has stopped.
   // Null for an engine that holds records itself.
   std::unique_ptr<session::Connection> locks;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "database/database.h"
+#include "database/office_group.h"
 
 namespace host {
 
@@ -18,6 +20,9 @@ class Engine {
   virtual PracticeDatabase Open(const std::string& url) const = 0;
   // Whether a practice can be made there: there is nothing, or a database without tables.
   virtual bool IsVacant(const std::string& url) const = 0;
+  // Groups of practices over several servers: what `CreateOfficeGroup` and `OpenOfficeGroup` do, where the engine can.
+  virtual void CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) const;
+  virtual std::unique_ptr<OfficeGroup> OpenOfficeGroup(const std::string& url) const;
 };
 
 // By the name before the colon of a URL; null for one that this platform's program does not have.

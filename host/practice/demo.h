@@ -21,4 +21,7 @@ struct DemoOptions {
 // Throws session::DatabaseError, also when there is a practice already.
 Practice MakeDemo(const std::string& url, const DemoOptions& options);
 
+// The same in the offices of a practice that is just being made.
+void FillDemo(Practice& practice, const DemoOptions& options);
+
 }  // namespace host

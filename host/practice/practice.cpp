@@ -110,6 +110,9 @@ session::Connection& Practice::ConnectionIn(std::int32_t office) const {
 std::vector<std::int32_t> Practice::Offices() const {
   ConnectionIn(0);  // of every office
   std::vector<std::int32_t> offices;
+  if (database_.offices) {
+    return database_.offices();
+  }
   for (const auto rows = database_.Run("SELECT DISTINCT OfficeID FROM OffLocTable ORDER BY OfficeID"); !rows->Eof();
        rows->MoveNext()) {
     offices.push_back(session::ToId(rows->Get(0)));

@@ -9,6 +9,7 @@
 #include "console/demo_command.h"
 #include "console/describe_command.h"
 #include "console/log_command.h"
+#include "console/offices_command.h"
 #include "console/recall_command.h"
 #include "console/roles_command.h"
 #include "console/scenario_runner.h"
@@ -42,7 +43,13 @@ constexpr const char* kUsage =
     "                                          works out the due dates of a recall's patients\n"
     "practice_console roles --database URL --desk LOGIN [--office N]...\n"
     "                                          has a login of a PostgreSQL server work in the practice as a desk, in\n"
-    "                                          several offices in those named alone\n";
+    "                                          several offices in those named alone\n"
+    "practice_console offices create --server NAME=URL [--row-guids]\n"
+    "practice_console offices add-server --database URL --server NAME=URL\n"
+    "practice_console offices add-office N --database URL --server NAME [--demo PATIENTS]\n"
+    "practice_console offices move N --database URL --to NAME\n"
+    "practice_console offices list --database URL\n"
+    "                                          a group of practices over several PostgreSQL servers\n";
 
 class UsageError {};
 
@@ -191,6 +198,34 @@ int AdmitDesk(Words& words) {
   return 0;
 }
 
+int RunOfficesOrder(Words& words) {
+  host::OfficesOrder order;
+  order.what = words.Take();
+  while (!words.AtEnd()) {
+    const std::string option = words.Take();
+    if (option == "--database") {
+      order.url = words.Take();
+    } else if (option == "--server" || option == "--to") {
+      const std::string server = words.Take();
+      const std::size_t equals = std::min(server.find('='), server.size());
+      order.server = {server.substr(0, equals), server.substr(std::min(equals + 1, server.size()))};
+    } else if (option == "--row-guids") {
+      order.row_guids = true;
+    } else if (option == "--demo") {
+      order.demo = words.TakeNumber();
+    } else if (const auto office = host::ParseNumber(option); office && order.office == 0) {
+      order.office = *office;
+    } else {
+      throw UsageError();
+    }
+  }
+  if (!IsWhole(order)) {
+    throw UsageError();
+  }
+  host::RunOffices(order, std::cout);
+  return 0;
+}
+
 int RunFiles(Words& words) {
   host::RunOptions options;
   std::vector<std::string> files;
@@ -259,6 +294,9 @@ int RunCommand(Words& words) {
   }
   if (command == "roles") {
     return AdmitDesk(words);
+  }
+  if (command == "offices") {
+    return RunOfficesOrder(words);
   }
   if (command == "--database") {
     const std::string url = words.Take();

@@ -5,6 +5,7 @@
 #include "database/postgres/postgres_readers.h"
 #include "database/postgres/postgres_recordset.h"
 #include "database/postgres/postgres_replica.h"
+#include "database/postgres/postgres_schema.h"
 #include "database/postgres/postgres_values.h"
 #include "forms/text.h"
 
@@ -19,13 +20,18 @@ PostgresUrl UrlFor(const std::string& url, const PostgresWay& way) {
   return parsed;
 }
 
+// Empty is `kSearchPath`.
+std::string PathFor(const PostgresUrl& url, const PostgresWay& way) {
+  return url.schema.empty() ? way.search_path : url.schema + ", " + std::string(kSearchPath);
+}
+
 }  // namespace
 
 class PostgresServer {
  public:
   PostgresServer(const std::string& url, const PostgresWay& way, const session::WhileBusy& while_busy)
       : url_(UrlFor(url, way)),
-        fixed_(FixedSettings(way.search_path)),
+        fixed_(FixedSettings(PathFor(url_, way))),
         while_busy_(while_busy),
         reads_apart_(way.readers),
         readers_(url_, fixed_, while_busy),

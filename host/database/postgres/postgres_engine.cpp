@@ -2,15 +2,25 @@
 
 #include "database/dialect/prepare_sql.h"
 #include "database/migration.h"
+#include "database/postgres/office_connection.h"
+#include "database/postgres/office_directory.h"
+#include "database/postgres/office_tables.h"
 #include "database/postgres/postgres_connection.h"
 #include "database/postgres/postgres_error.h"
-#include "database/postgres/postgres_schema.h"
+#include "database/postgres/postgres_office_group.h"
 #include "database/postgres/postgres_url.h"
 
 namespace host {
 namespace {
 
 const PostgresSchema kSchema;
+const OfficeTables kOfficeTables;
+
+// What writes the tables that a URL leads to.
+const PostgresSchema& SchemaAt(const std::string& url) {
+  const std::string schema = ParsePostgresUrl(url).schema;
+  return schema.empty() || schema == kAllOffices ? kSchema : kOfficeTables;
+}
 
 session::DatabaseError CannotBeOpened(const std::string& url, const std::string& why, int code) {
   return {"The database " + ParsePostgresUrl(url).Shown() + " cannot be opened: " + why, {}, code};
@@ -29,7 +39,7 @@ PracticeDatabase Opened(const std::string& url, std::unique_ptr<PostgresConnecti
   auto* opened = connection.get();
   return {.connection = std::move(connection),
           .prepare = PreparePostgres,
-          .schema = &kSchema,
+          .schema = &SchemaAt(url),
           .options = options,
           .write_as = [opened](const ChangeAuthor* author) { opened->WriteAs(author); },
           .enter_office = [opened](int office) { opened->EnterOffice(office); },
@@ -49,9 +59,13 @@ PracticeDatabase PostgresEngine::OpenNew(const std::string& url, const CreationO
 }
 
 PracticeDatabase PostgresEngine::Open(const std::string& url) const {
+  return FollowOffices(OpenAlone(url), url, [this](const std::string& other) { return OpenAlone(other); });
+}
+
+PracticeDatabase PostgresEngine::OpenAlone(const std::string& url) const {
   auto connection = Connect(url);
   try {
-    const CreationOptions options = MigrateSchema(*connection, kSchema);
+    const CreationOptions options = MigrateSchema(*connection, SchemaAt(url));
     return Opened(url, std::move(connection), options);
   } catch (const session::DatabaseError& error) {
     throw CannotBeOpened(url, error.what(), error.Code());
@@ -60,7 +74,15 @@ PracticeDatabase PostgresEngine::Open(const std::string& url) const {
 
 bool PostgresEngine::IsVacant(const std::string& url) const {
   const auto connection = Connect(url);
-  return IsEmpty(*connection, kSchema);
+  return IsEmpty(*connection, SchemaAt(url));
+}
+
+void PostgresEngine::CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) const {
+  PostgresOfficeGroup::Create(first, options);
+}
+
+std::unique_ptr<OfficeGroup> PostgresEngine::OpenOfficeGroup(const std::string& url) const {
+  return std::make_unique<PostgresOfficeGroup>(url);
 }
 
 }  // namespace host

@@ -20,7 +20,7 @@ inline constexpr std::string_view kSearchPath = "practice, public";
 //   practice.office    the office that the session works in
 // and set this one:
 //   practice.identity  the key of the row that the session inserted last, for practice_identity()
-class PostgresSchema final : public SchemaWriter {
+class PostgresSchema : public SchemaWriter {
  public:
   std::string Lock() const override;
   std::string MayChange() const override;

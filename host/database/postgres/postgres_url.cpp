@@ -105,6 +105,10 @@ PostgresUrl ParsePostgresUrl(const std::string& url) {
   std::string rest = url;
   PostgresUrl parsed;
   parsed.replica = TakeParameter(rest, "replica");
+  parsed.schema = TakeParameter(rest, "schema");
+  if (parsed.schema.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789_") != std::string::npos) {
+    throw session::DatabaseError("A schema is called by lower-case letters, digits and underscores.", {}, 0);
+  }
   char* why = nullptr;
   const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(rest.c_str(), &why));
   if (options == nullptr) {

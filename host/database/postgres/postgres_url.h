@@ -14,6 +14,7 @@ namespace host {
 struct PostgresUrl {
   std::map<std::string, std::string> options;
   std::string replica;  // "HOST:PORT" of a server that follows this one, for lists; empty for none
+  std::string schema;   // the practice's tables stand in, before `kSearchPath`; empty for none but this
 
   // "practice on db.example:5432", for messages.
   std::string Shown() const;

@@ -235,12 +235,17 @@ void ThrowawayCluster::Stop() {
   close(lock_);
 }
 
-void ThrowawayCluster::Restart() {
+void ThrowawayCluster::Halt() {
   if (server_ == 0) {
     Fail("The PostgreSQL server is another process's.");
   }
   kill(server_, SIGQUIT);
   waitpid(server_, nullptr, 0);
+  server_ = 0;
+}
+
+void ThrowawayCluster::Restart() {
+  Halt();
   Start();
 }
 

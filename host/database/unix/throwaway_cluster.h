@@ -33,12 +33,14 @@ class ThrowawayCluster {
   void DropDatabase(const std::string& name);
   // Stops the server at once and starts it again, as after a crash; one of its own only.
   void Restart();
+  // The same in two steps.
+  void Halt();
+  void Start();
   // Runs a statement in a database, the superuser's "postgres" by default, for what no practice's connection does.
   void Run(const std::string& statement, std::string_view database = "postgres") const;
 
  private:
   void MakeFolder();
-  void Start();
   void Stop();
 
   pid_t owner_;

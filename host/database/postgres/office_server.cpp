@@ -1,0 +1,209 @@
+#include "database/postgres/office_server.h"
+
+#include <string_view>
+
+#include "database/migration.h"
+#include "database/postgres/office_tables.h"
+
+namespace host {
+namespace {
+
+// "PRACTICE" and a number of ours.
+constexpr const char* kChangingTheGroup = "1347371331, 7";
+
+// Joins of an office's tables are left to its server whole; rows of many offices come from all servers at once.
+constexpr const char* kReading =
+    "connect_timeout '10', use_remote_estimate 'true', fetch_size '1000', async_capable 'true', updatable 'false', "
+    "extensions 'citext', options '-c enable_partitionwise_join=on -c enable_partitionwise_aggregate=on'";
+
+// The tables of the practice alone, in the order of their making.
+constexpr const char* kPattern = "pattern";
+
+std::string OptionOf(const PostgresUrl& url, std::string_view name) {
+  const auto found = url.options.find(std::string(name));
+  return found == url.options.end() ? std::string() : found->second;
+}
+
+std::string List(const OfficeDirectory& directory, const std::string& server) {
+  std::string offices;
+  for (const auto& [office, home] : directory.homes) {
+    if (home == server) {
+      offices += (offices.empty() ? "" : ", ") + std::to_string(office);
+    }
+  }
+  return offices;
+}
+
+bool HasSchema(session::Connection& connection, const std::string& schema) {
+  return !connection.Execute("SELECT 1 FROM pg_namespace WHERE nspname=" + Quoted(schema))->Eof();
+}
+
+}  // namespace
+
+std::vector<std::string> FirstColumn(session::Connection& connection, const std::string& statement) {
+  std::vector<std::string> values;
+  for (const auto rows = connection.Execute(statement); !rows->Eof(); rows->MoveNext()) {
+    values.push_back(session::ToText(rows->Get(0)));
+  }
+  return values;
+}
+
+std::vector<std::string> OfficeServer::Tables() const {
+  return FirstColumn(Connection(), std::string("SELECT tablename::text FROM pg_tables WHERE schemaname='") +
+                                       kAllOffices + "' ORDER BY 1");
+}
+
+// The tables are made once as any practice's are, and those of all offices after their pattern.
+void OfficeServer::Found(const CreationOptions& options) const {
+  session::Transaction transaction(Connection());
+  Run("CREATE EXTENSION postgres_fdw; CREATE SCHEMA offices; CREATE SCHEMA home");
+  for (const std::string& statement : database_.schema->Ground()) {
+    Run(statement);
+  }
+  Run(std::string("CREATE SCHEMA ") + kPattern + "; SET LOCAL search_path = " + kPattern + ", " +
+      std::string(kSearchPath));
+  CreateSchema(Connection(), OfficeTables(), options);
+  // By it the database is known as a practice of its kind and version.
+  Run(std::string("ALTER TABLE schematable SET SCHEMA ") + std::string(kPracticeSchema));
+  for (const std::string& table : FirstColumn(Connection(), std::string("SELECT tablename::text FROM pg_tables WHERE "
+                                                                        "schemaname='") +
+                                                                kPattern + "' ORDER BY 1")) {
+    Run("CREATE TABLE offices." + table + " (LIKE " + kPattern + "." + table +
+        ") PARTITION BY LIST (officeid); CREATE VIEW home." + table + " AS SELECT * FROM offices." + table +
+        " WHERE FALSE");
+  }
+  Run(std::string("SET LOCAL client_min_messages = warning; DROP SCHEMA ") + kPattern + " CASCADE; " +
+      CreateOfficeDirectory(name_));
+  transaction.Commit();
+}
+
+void OfficeServer::Reserve() const {
+  // No select: it would run on a connection that only reads.
+  Run(std::string("DO $$ BEGIN IF NOT pg_try_advisory_lock(") + kChangingTheGroup +
+      ") THEN RAISE EXCEPTION 'Another program is changing the group''s offices. Please wait until it has finished.'; "
+      "END IF; END $$");
+}
+
+void OfficeServer::Settle(const OfficeDirectory& directory, const std::map<std::string, OfficeServer>& servers) const {
+  LetOfficesGo(directory);
+  session::Transaction transaction(Connection());
+  Run("SET LOCAL client_min_messages = warning");
+  for (const auto& [name, server] : servers) {
+    if (name != name_) {
+      Reach(server);
+    }
+  }
+  TakeOfficesIn(directory);
+  ShowOffices(directory);
+  Run(WriteOfficeDirectory(directory));
+  transaction.Commit();
+}
+
+// Makes another server known, once.
+void OfficeServer::Reach(const OfficeServer& other) const {
+  const std::string server = "server_" + other.name_;
+  if (!Connection().Execute("SELECT 1 FROM pg_foreign_server WHERE srvname=" + Quoted(server))->Eof()) {
+    return;
+  }
+  std::string options;
+  for (const std::string_view option : kServerOptions) {
+    if (const std::string value = OptionOf(other.url_, option); !value.empty()) {
+      options += std::string(option) + " " + Quoted(value) + ", ";
+    }
+  }
+  Run("CREATE SERVER " + server + " FOREIGN DATA WRAPPER postgres_fdw OPTIONS (" + options + kReading + ")");
+  Run("CREATE SCHEMA at_" + other.name_);
+  std::string login = "user " + Quoted(OptionOf(other.url_, "user"));
+  const std::string password = OptionOf(other.url_, "password");
+  // Without a password the server logs in as its own user's files, or the other server, say.
+  login += password.empty() ? std::string(", password_required 'false'") : ", password " + Quoted(password);
+  try {
+    if (!password.empty() &&
+        session::ToText(Connection().Execute("SELECT current_setting('is_superuser')")->Get(0)) == "on") {
+      // Nor does the server's log hear of it.
+      Run("SET LOCAL log_statement = 'none'; SET LOCAL log_min_duration_statement = -1; "
+          "SET LOCAL log_min_error_statement = 'panic'");
+    }
+    Run("CREATE USER MAPPING FOR CURRENT_USER SERVER " + server + " OPTIONS (" + login + ")");
+  } catch (const session::DatabaseError& error) {
+    // The statement holds the password.
+    throw session::DatabaseError(
+        "The login at the server " + other.name_ + " cannot be kept at " + name_ + ": " + error.what(), {},
+        error.Code());
+  }
+}
+
+// Tables at other servers are made anew: what they show is nothing but a name there and a list of offices.
+void OfficeServer::ShowOffices(const OfficeDirectory& directory) const {
+  const std::vector<std::string> tables = Tables();
+  for (const auto& [name, url] : directory.servers) {
+    if (name == name_) {
+      continue;
+    }
+    const std::string offices = List(directory, name);
+    std::string statements;
+    for (const std::string& table : tables) {
+      const std::string shown = "at_" + name + "." + table;
+      statements += "DROP FOREIGN TABLE IF EXISTS " + shown + "; ";
+      if (!offices.empty()) {
+        statements += "CREATE FOREIGN TABLE " + shown + " PARTITION OF offices." + table + " FOR VALUES IN (" +
+                      offices + ") SERVER server_" + name + " OPTIONS (schema_name 'home', table_name '" + table +
+                      "'); ";
+      }
+    }
+    Run(statements);
+  }
+  const std::string offices = List(directory, name_);
+  std::string statements;
+  for (const std::string& table : tables) {
+    statements += "CREATE OR REPLACE VIEW home." + table + " AS SELECT * FROM offices." + table + " WHERE " +
+                  (offices.empty() ? "FALSE" : "officeid IN (" + offices + ")") + "; ";
+  }
+  Run(statements);
+}
+
+// A partition takes nobody else's rows, which needs no look at its rows when they are known to be the office's own.
+void OfficeServer::TakeOfficesIn(const OfficeDirectory& directory) const {
+  for (const auto& [office, home] : directory.homes) {
+    const std::string schema = OfficeSchema(office);
+    if (home != name_) {
+      continue;
+    }
+    const std::string number = std::to_string(office);
+    for (const std::string& table :
+         FirstColumn(Connection(),
+                     "SELECT p.relname::text FROM pg_class p JOIN pg_class t ON t.relname=p.relname "
+                     "WHERE p.relnamespace='offices'::regnamespace AND t.relnamespace=" +
+                         Quoted(schema) + "::regnamespace AND NOT t.relispartition AND t.relkind='r'")) {
+      const std::string own = schema + "." + table;
+      // What another server showed of it until now goes first.
+      for (const auto& [name, url] : directory.servers) {
+        if (name != name_) {
+          Run("DROP FOREIGN TABLE IF EXISTS at_" + name + "." + table);
+        }
+      }
+      Run("ALTER TABLE " + own + " DROP CONSTRAINT IF EXISTS own_office, ADD CONSTRAINT own_office CHECK (officeid=" +
+          number + "); ALTER TABLE offices." + table + " ATTACH PARTITION " + own + " FOR VALUES IN (" + number + ")");
+    }
+  }
+}
+
+// Drops the tables of offices that are at home elsewhere; whoever still reads them has to connect again.
+void OfficeServer::LetOfficesGo(const OfficeDirectory& directory) const {
+  for (const auto& [office, home] : directory.homes) {
+    if (home == name_) {
+      continue;
+    }
+    const std::string number = std::to_string(office);
+    for (const std::string& schema : {OfficeSchema(office), "left_" + number, "moving_" + number}) {
+      if (HasSchema(Connection(), schema)) {
+        Run("DO $$ BEGIN PERFORM pg_terminate_backend(l.pid) FROM pg_locks l JOIN pg_class c ON c.oid=l.relation "
+            "WHERE l.database=(SELECT oid FROM pg_database WHERE datname=current_database()) AND c.relnamespace=" +
+            Quoted(schema) + "::regnamespace AND l.pid<>pg_backend_pid(); END $$");
+        Run("SET client_min_messages = warning; DROP SCHEMA " + schema + " CASCADE; RESET client_min_messages");
+      }
+    }
+  }
+}
+
+}  // namespace host

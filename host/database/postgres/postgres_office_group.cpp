@@ -1,0 +1,180 @@
+#include "database/postgres/postgres_office_group.h"
+
+#include "database/postgres/office_move.h"
+#include "database/postgres/postgres_engine.h"
+#include "session/session.h"
+
+namespace host {
+namespace {
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw session::DatabaseError(why, {}, 0);
+}
+
+void CheckName(const std::string& name) {
+  if (name.empty() || name.size() > 30 ||
+      name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789_") != std::string::npos) {
+    Refuse("A server is called by at most 30 lower-case letters, digits and underscores.");
+  }
+}
+
+OfficeServer Opened(const std::string& name, const PostgresUrl& url) {
+  return {name, url, PostgresEngine().OpenAlone(UrlText(url))};
+}
+
+OfficeServer Founded(const std::string& name, const PostgresUrl& url, const CreationOptions& options) {
+  CheckName(name);
+  if (!PostgresEngine().IsVacant(UrlText(url))) {
+    Refuse("The database " + url.Shown() + " is in use already; a server of a group starts with an empty one.");
+  }
+  OfficeServer server(name, url, PostgresEngine().OpenNew(UrlText(url), options));
+  server.Found(options);
+  return server;
+}
+
+}  // namespace
+
+void PostgresOfficeGroup::Create(const GroupServer& first, const CreationOptions& options) {
+  const PostgresUrl url = ParsePostgresUrl(first.url);
+  CreationOptions group = options;
+  group.kind = session::kOfficeScoped;
+  group.offices = 0;
+  OfficeDirectory directory;
+  directory.version = 1;
+  directory.here = first.name;
+  directory.servers[first.name] = WithoutSecrets(url);
+  std::map<std::string, OfficeServer> servers;
+  servers.emplace(first.name, Founded(first.name, url, group));
+  servers.at(first.name).Settle(directory, servers);
+}
+
+PostgresOfficeGroup::PostgresOfficeGroup(const std::string& url) : entrance_(ParsePostgresUrl(url)) {
+  const PracticeDatabase database = PostgresEngine().OpenAlone(url);
+  const auto directory = ReadOfficeDirectory(*database.connection);
+  if (!directory) {
+    Refuse("The database " + entrance_.Shown() + " belongs to no group of practices.");
+  }
+  directory_ = *directory;
+  options_ = database.options;
+}
+
+std::vector<GroupServer> PostgresOfficeGroup::Servers() const {
+  std::vector<GroupServer> servers;
+  for (const auto& [name, url] : directory_.servers) {
+    servers.push_back({name, url});
+  }
+  return servers;
+}
+
+std::vector<GroupOffice> PostgresOfficeGroup::Offices() const {
+  std::vector<GroupOffice> offices;
+  for (const auto& [office, server] : directory_.homes) {
+    offices.push_back({office, server});
+  }
+  return offices;
+}
+
+// One that missed the last change is brought up to date.
+void PostgresOfficeGroup::ConnectAll() {
+  if (!servers_.empty()) {
+    return;
+  }
+  std::map<std::string, std::int32_t> versions;
+  std::map<std::string, OfficeServer> servers;
+  const std::map<std::string, std::string> known = directory_.servers;
+  for (const auto& [name, url] : known) {
+    const OfficeServer& server = servers.emplace(name, Opened(name, WithLoginOf(url, entrance_))).first->second;
+    server.Reserve();
+    const auto directory = ReadOfficeDirectory(server.Connection());
+    versions[name] = directory ? directory->version : 0;
+    if (directory && directory->version > directory_.version) {
+      directory_ = *directory;
+    }
+  }
+  for (const auto& [name, url] : directory_.servers) {
+    if (!servers.contains(name)) {
+      // Added by somebody else just now.
+      servers.emplace(name, Opened(name, WithLoginOf(url, entrance_))).first->second.Reserve();
+    }
+  }
+  servers_ = std::move(servers);
+  for (const auto& [name, server] : servers_) {
+    if (versions[name] != directory_.version) {
+      server.Settle(directory_, servers_);
+    }
+  }
+}
+
+const OfficeServer& PostgresOfficeGroup::Server(const std::string& name) {
+  ConnectAll();
+  const auto server = servers_.find(name);
+  if (server == servers_.end()) {
+    Refuse("The group has no server \"" + name + "\".");
+  }
+  return server->second;
+}
+
+void PostgresOfficeGroup::Publish(const std::string& first) {
+  servers_.at(first).Settle(directory_, servers_);
+  for (const auto& [name, server] : servers_) {
+    if (name != first) {
+      server.Settle(directory_, servers_);
+    }
+  }
+}
+
+void PostgresOfficeGroup::AddServer(const GroupServer& server) {
+  ConnectAll();
+  if (servers_.contains(server.name)) {
+    Refuse("The group has a server \"" + server.name + "\" already.");
+  }
+  const PostgresUrl url = ParsePostgresUrl(server.url);
+  servers_.emplace(server.name, Founded(server.name, url, options_));
+  servers_.at(server.name).Reserve();
+  directory_.servers[server.name] = WithoutSecrets(url);
+  ++directory_.version;
+  Publish(server.name);
+}
+
+CreationOptions PostgresOfficeGroup::OptionsOf(std::int32_t office) const {
+  CreationOptions options = options_;
+  options.office = office;
+  return options;
+}
+
+std::string PostgresOfficeGroup::PlaceFor(std::int32_t office, const std::string& server) {
+  const OfficeServer& home = Server(server);
+  if (office < 1 || directory_.homes.contains(office)) {
+    Refuse(office < 1 ? std::string("An office has a number from 1 on.")
+                      : "There is an office " + std::to_string(office) + " already.");
+  }
+  const std::string schema = OfficeSchema(office);
+  home.Run("SET client_min_messages = warning; DROP SCHEMA IF EXISTS " + schema + " CASCADE; CREATE SCHEMA " + schema);
+  return UrlText(home.Url(), schema);
+}
+
+void PostgresOfficeGroup::AddOffice(std::int32_t office, const std::string& server) {
+  Server(server);
+  directory_.homes[office] = server;
+  ++directory_.version;
+  Publish(server);
+}
+
+void PostgresOfficeGroup::Move(std::int32_t office, const std::string& server) {
+  const OfficeServer& to = Server(server);
+  const std::string home = directory_.HomeOf(office);
+  if (home.empty()) {
+    Refuse("There is no office " + std::to_string(office) + " in the group.");
+  }
+  if (home == server) {
+    return;
+  }
+  OfficeDirectory moved = directory_;
+  moved.homes[office] = server;
+  ++moved.version;
+  MoveOffice(office, Server(home), to, moved);
+  directory_ = moved;
+  Publish(server);
+}
+
+}  // namespace host

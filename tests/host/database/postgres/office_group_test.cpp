@@ -1,0 +1,269 @@
+#include "database/office_group.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <map>
+#include <thread>
+
+#include "database/database.h"
+#include "database/postgres/office_move.h"
+#include "database/postgres/postgres_engine.h"
+#include "database/unix/throwaway_cluster.h"
+
+namespace host {
+namespace {
+
+using session::DatabaseError;
+using session::ToText;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// Two servers on this machine, of which a test may stop one; they serve all tests.
+ThrowawayCluster& North() {
+  static ThrowawayCluster cluster{ThrowawayCluster::Own{}};
+  return cluster;
+}
+ThrowawayCluster& South() {
+  static ThrowawayCluster cluster{ThrowawayCluster::Own{}};
+  return cluster;
+}
+
+std::string Ask(const PracticeDatabase& database, const std::string& statement) {
+  const auto rows = database.connection->Execute(statement);
+  return rows->Eof() ? "none" : ToText(rows->Get(0));
+}
+
+template <class Work>
+std::string Refusal(const Work& work) {
+  try {
+    work();
+  } catch (const DatabaseError& error) {
+    return (error.ConnectionLost() ? "lost: " : "") + std::string(error.what());
+  }
+  return "nothing";
+}
+
+// Office 1 at the server "north", office 2 at "south".
+class OfficeGroupTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    north_ = North().Url(North().MakeDatabase("group"));
+    south_ = South().Url(South().MakeDatabase("group"));
+    CreateOfficeGroup({"north", north_});
+    const auto group = OpenOfficeGroup(north_);
+    group->AddServer({"south", south_});
+    Add(*group, 1, "north");
+    Add(*group, 2, "south");
+  }
+  void SetUp() override {
+    for (const int office : {1, 2}) {
+      In(office, north_).connection->Execute("DELETE FROM PATable; ALTER SEQUENCE PATable_pID_seq RESTART");
+    }
+  }
+
+  static void Add(OfficeGroup& group, std::int32_t office, const std::string& server) {
+    CreateDatabase(group.PlaceFor(office, server), group.OptionsOf(office));
+    group.AddOffice(office, server);
+  }
+  static PracticeDatabase In(std::int32_t office, const std::string& url) {
+    PracticeDatabase database = OpenDatabase(url);
+    database.enter_office(office);
+    return database;
+  }
+
+  static inline std::string north_;
+  static inline std::string south_;
+};
+
+TEST_F(OfficeGroupTest, EachOfficeHasItsOwnRowsAndReportsHaveAll) {
+  const PracticeDatabase database = OpenDatabase(north_);
+  EXPECT_EQ(database.options.kind, 7);
+  EXPECT_THAT(database.offices(), ElementsAre(1, 2));
+  for (const int office : {1, 2, 2}) {
+    database.enter_office(office);
+    database.connection->Execute("INSERT INTO PATable (pLASNAM) VALUES ('Smith " + std::to_string(office) + "')");
+  }
+  EXPECT_EQ(Ask(database, "SELECT practice_identity()"), "2") << "keys are an office's own";
+  EXPECT_EQ(Ask(database, "SELECT string_agg(pLASNAM || OfficeID, ',' ORDER BY pID) FROM PATable"),
+            "Smith 22,Smith 22");
+  EXPECT_EQ(Ask(In(1, south_), "SELECT string_agg(pLASNAM, ',') FROM PATable"), "Smith 1");
+  EXPECT_THAT(Refusal([&] { database.connection->Execute("INSERT INTO PATable (OfficeID) VALUES (1)"); }),
+              HasSubstr("own_office"));
+  for (const std::string& url : {north_, south_}) {
+    const PracticeDatabase all = In(0, url);
+    EXPECT_EQ(Ask(all, "SELECT string_agg(pLASNAM, ',' ORDER BY OfficeID, pID) FROM PATable"),
+              "Smith 1,Smith 2,Smith 2");
+    EXPECT_EQ(Ask(all, "SELECT count(*) FROM PATable WHERE OfficeID=2 AND pLASNAM='SMITH 2'"), "2");
+    EXPECT_NE(Refusal([&] {
+                all.connection->Execute("DELETE FROM PATable WHERE OfficeID=" + std::string(url == north_ ? "2" : "1"));
+              }),
+              "nothing")
+        << "nobody writes at another server than the office's own";
+  }
+}
+
+TEST_F(OfficeGroupTest, AServerThatIsDownIsItsOwnOfficesTroubleAlone) {
+  const PracticeDatabase first = In(1, south_);
+  const PracticeDatabase second = In(2, north_);
+  const std::string insert = "INSERT INTO PATable (pLASNAM) VALUES ('Smith')";
+  first.connection->Execute(insert);
+  second.connection->Execute(insert);
+  South().Halt();
+  EXPECT_THAT(Refusal([&] { second.connection->Execute(insert); }),
+              HasSubstr("lost: The server of office 2 (south) cannot be reached"));
+  EXPECT_THAT(Refusal([&] { In(2, north_).connection->Execute(insert); }),
+              HasSubstr("The server of office 2 (south) cannot be reached"));
+  first.connection->Execute(insert);
+  EXPECT_EQ(Ask(In(1, north_), "SELECT count(*) FROM PATable"), "2");
+  South().Start();
+  second.connection->Execute(insert);
+  EXPECT_EQ(Ask(second, "SELECT count(*) FROM PATable"), "2");
+}
+
+// A desk that writes as fast as it can, and knows what it was told to be written.
+class BusyDesk {
+ public:
+  explicit BusyDesk(PracticeDatabase database) : database_(std::move(database)), thread_([this] { Work(); }) {}
+
+  ~BusyDesk() {
+    ended_ = true;
+    if (thread_.joinable()) {
+      thread_.join();
+    }
+  }
+
+  // The rows that the desk knows of, after so many more.
+  std::map<std::string, std::string> EndAfter(int more) {
+    const int until = written_ + more;
+    while (written_ < until && !failed_) {
+      std::this_thread::yield();
+    }
+    ended_ = true;
+    thread_.join();
+    return rows_;
+  }
+  int Written() const { return written_; }
+  int Lost() const { return lost_; }
+
+ private:
+  void Work() {
+    while (!ended_ && !failed_) {
+      Try([&] {
+        session::Transaction transaction(*database_.connection);
+        const std::string name = "n" + std::to_string(written_);
+        const std::string key = Ask(database_, "INSERT INTO PATable (pLASNAM) VALUES ('" + name + "') RETURNING pID");
+        auto rows = rows_;
+        EXPECT_FALSE(rows.contains(key)) << "a key was handed out twice: " << key;
+        rows[key] = name;
+        if (rows.size() % 3 == 0) {
+          const std::string old = rows.begin()->first;
+          database_.connection->Execute("DELETE FROM PATable WHERE pID=" + old);
+          rows.erase(old);
+        }
+        if (rows.size() % 2 == 0) {
+          const std::string changed = rows.rbegin()->first;
+          database_.connection->Execute("UPDATE PATable SET pLASNAM='changed' WHERE pID=" + changed);
+          rows[changed] = "changed";
+        }
+        transaction.Commit();
+        rows_ = std::move(rows);
+        ++written_;
+      });
+    }
+  }
+  template <class Work>
+  void Try(const Work& work) {
+    try {
+      work();
+    } catch (const DatabaseError& error) {
+      ++lost_;
+      failed_ = !error.ConnectionLost();
+      EXPECT_TRUE(error.ConnectionLost()) << error.what();
+    }
+  }
+
+  PracticeDatabase database_;
+  std::map<std::string, std::string> rows_;
+  std::atomic<int> written_ = 0;
+  std::atomic<int> lost_ = 0;
+  std::atomic<bool> ended_ = false;
+  std::atomic<bool> failed_ = false;
+  std::thread thread_;
+};
+
+TEST_F(OfficeGroupTest, AnOfficeMovesWhileOthersWorkInIt) {
+  OpenOfficeGroup(south_)->Move(2, "south");
+  PracticeDatabase reader = In(2, south_);
+  reader.connection->Execute("INSERT INTO PATable (pLASNAM) SELECT 'old' FROM generate_series(1, 3000)");
+  reader.connection->Execute("CREATE TABLE RSTableBackup AS SELECT RCRecNum, OfficeID FROM RSTable");
+  reader.connection->Execute("INSERT INTO RSTableBackup VALUES (17, 2)");
+  const auto list = reader.connection->Execute("SELECT pLASNAM FROM PATable ORDER BY pID");
+  BusyDesk desk(In(2, north_));
+  OpenOfficeGroup(south_)->Move(2, "north");
+  const int before = desk.Written();
+  auto expected = desk.EndAfter(20);
+  EXPECT_GT(before, 0);
+  EXPECT_GT(desk.Lost(), 0) << "it was told that its office had moved";
+
+  std::map<std::string, std::string> found;
+  const PracticeDatabase elsewhere = In(2, south_);
+  for (const auto rows = elsewhere.connection->Execute("SELECT pID, pLASNAM FROM PATable WHERE pLASNAM<>'old'");
+       !rows->Eof(); rows->MoveNext()) {
+    found[ToText(rows->Get(0))] = ToText(rows->Get(1));
+  }
+  EXPECT_EQ(found, expected);
+  EXPECT_THAT(Refusal([&] { Ask(reader, "SELECT count(*) FROM PATable"); }), HasSubstr("lost: "));
+  EXPECT_EQ(Ask(reader, "SELECT count(*) FROM PATable"), std::to_string(3000 + expected.size()));
+  EXPECT_EQ(Ask(reader, "SELECT RCRecNum FROM RSTableBackup"), "17");
+  for (const std::string& url : {north_, south_}) {
+    EXPECT_EQ(Ask(In(0, url), "SELECT count(*) FROM PATable"), std::to_string(3000 + expected.size()));
+  }
+}
+
+TEST_F(OfficeGroupTest, AMoveThatBrokeOffIsCompleted) {
+  OpenOfficeGroup(south_)->Move(2, "south");
+  In(2, south_).connection->Execute("INSERT INTO PATable (pLASNAM) VALUES ('Smith')");
+  const PostgresEngine engine;
+  const PostgresUrl north = ParsePostgresUrl(north_);
+  const PostgresUrl south = ParsePostgresUrl(south_);
+  {
+    const OfficeServer from("south", south, engine.OpenAlone(south_));
+    auto moved = *ReadOfficeDirectory(from.Connection());
+    ++moved.version;
+    moved.homes[2] = "north";
+    MoveOffice(2, from, OfficeServer("north", north, engine.OpenAlone(north_)), moved);
+  }
+  EXPECT_THAT(Refusal([&] { Ask(In(2, north_), "SELECT pLASNAM FROM PATable"); }), HasSubstr("just being moved"));
+  Add(*OpenOfficeGroup(north_), 3, "south");
+  EXPECT_EQ(Ask(In(2, south_), "SELECT pLASNAM FROM PATable"), "Smith");
+  OpenOfficeGroup(north_)->Move(2, "south");
+  EXPECT_EQ(Ask(In(2, north_), "SELECT pLASNAM FROM PATable"), "Smith");
+}
+
+TEST_F(OfficeGroupTest, RefusesWhatCannotBe) {
+  const auto group = OpenOfficeGroup(north_);
+  EXPECT_THAT(Refusal([&] { group->Move(7, "south"); }), HasSubstr("no office 7"));
+  EXPECT_THAT(Refusal([&] { group->Move(1, "west"); }), HasSubstr("no server \"west\""));
+  EXPECT_THAT(Refusal([&] { group->PlaceFor(2, "north"); }), HasSubstr("an office 2 already"));
+  EXPECT_THAT(Refusal([&] { group->AddServer({"west", south_}); }), HasSubstr("in use already"));
+  EXPECT_THAT(Refusal([&] { OpenOfficeGroup(south_)->Move(1, "south"); }), HasSubstr("Another program"));
+  EXPECT_THAT(Refusal([&] { OpenOfficeGroup(North().Url("postgres")); }), HasSubstr("holds no practice"));
+  EXPECT_THAT(Refusal([&] { OpenOfficeGroup("sqlite::memory:"); }), HasSubstr("PostgreSQL servers alone"));
+  EXPECT_THAT(Refusal([&] { Ask(In(7, north_), "SELECT 1"); }), HasSubstr("no office 7"));
+}
+
+TEST_F(OfficeGroupTest, PasswordsAreNoOnesToSee) {
+  const std::string west = South().Url(South().MakeDatabase("west"));
+  const std::string password = "s3cret";
+  const auto group = OpenOfficeGroup(north_);
+  group->AddServer({"west", west + "&password=" + password});
+  for (const GroupServer& server : group->Servers()) {
+    EXPECT_THAT(server.url, Not(HasSubstr(password)));
+  }
+  EXPECT_EQ(Ask(OpenDatabase(north_), "SELECT count(*) FROM pg_user_mapping WHERE umoptions::text LIKE '%s3cret%'"),
+            "1");
+}
+
+}  // namespace
+}  // namespace host
