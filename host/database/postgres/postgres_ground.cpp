@@ -48,14 +48,19 @@ constexpr std::string_view kIdentity =
     "CREATE FUNCTION practice.practice_identity() RETURNS int LANGUAGE sql STABLE "
     "RETURN nullif(pg_catalog.current_setting('practice.identity', true), '')::int";
 
-// For a row whose key is given as null. Arguments of both: the key's column, the sequence.
+// For a row whose key is given as null, behind keys that rows of the same statement bring along. Arguments of both: the
+// key's column, the sequence. They raise sequences that a desk's login may only take keys from.
 constexpr std::string_view kGiveKey =
-    "CREATE FUNCTION practice.give_key() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
-    "RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], "
-    "nextval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass))); END $$";
+    "CREATE FUNCTION practice.give_key() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
+    "SET search_path = pg_catalog, pg_temp AS $$ "
+    "DECLARE keys regclass := format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass; key bigint := nextval(keys); "
+    "highest int; "
+    "BEGIN EXECUTE format('SELECT max(%I) FROM %I.%I', TG_ARGV[0], TG_TABLE_SCHEMA, TG_TABLE_NAME) INTO highest; "
+    "IF highest >= key THEN key := setval(keys, highest + 1); END IF; "
+    "RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], key)); END $$";
 
 // Behind an insert: the key of the last row is the session's identity, and keys that rows brought along are not handed
-// out again. It raises sequences that a desk's login may only take keys from.
+// out again.
 constexpr std::string_view kNoteKeys =
     "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
     "SET search_path = pg_catalog, pg_temp AS $$ "
@@ -81,6 +86,8 @@ std::vector<std::string> PostgresGround() {
   for (const std::string_view function : {kIdentity, kGiveKey, kNoteKeys}) {
     statements.emplace_back(function);
   }
+  // Nobody else's table has a trigger that works with the owner's rights.
+  statements.emplace_back("REVOKE ALL ON FUNCTION practice.give_key(), practice.note_keys() FROM PUBLIC");
   for (std::string& statement : DeskGround()) {
     statements.push_back(std::move(statement));
   }

@@ -71,8 +71,7 @@ TEST_F(PostgresRoles, ADeskWorksInTheTablesAndChangesNone) {
   const ChangeAuthor ann{"ann", [] { return forms::DateTime(); }};
   desk.write_as(&ann);
   EXPECT_EQ(Run(*desk.connection,
-                "INSERT INTO PATable (pID, pLASNAM) VALUES (20, 'Lee'); "
-                "INSERT INTO PATable (pID, pLASNAM) VALUES (Null, 'Ito'); "
+                "INSERT INTO PATable (pID, pLASNAM) VALUES (20, 'Lee'), (Null, 'Ito'); "
                 "UPDATE PATable SET pFIRNAM='Kay' WHERE pID=20; DELETE FROM PATable WHERE pID=21; "
                 "SELECT practice_identity()"),
             "21");
@@ -85,7 +84,8 @@ TEST_F(PostgresRoles, ADeskWorksInTheTablesAndChangesNone) {
         "CREATE INDEX ON FamTable (fID)", "DROP TRIGGER PATable_logged ON PATable",
         "ALTER TABLE PATable DISABLE TRIGGER ALL", "DROP FUNCTION practice.note_keys() CASCADE",
         "UPDATE SchemaTable SET SchVersion=1", "UPDATE ChangeTable SET ChaWho='bob'", "DELETE FROM ChangeTable",
-        "SELECT setval('patable_pid_seq', 1)", "SELECT * FROM DeskTable", "SELECT practice.admit_desks()"}) {
+        "SELECT setval('patable_pid_seq', 1)", "SELECT * FROM DeskTable", "SELECT practice.admit_desks()",
+        "CREATE TEMP TABLE t (id int); CREATE TRIGGER t AFTER INSERT ON t EXECUTE FUNCTION practice.note_keys('id')"}) {
     EXPECT_THAT(Run(*desk.connection, refused), HasSubstr("The database login may not do this")) << refused;
   }
 }
