@@ -29,18 +29,21 @@ void PrepareStatements(benchmark::State& state) {
           "Select * from Patable where pLASNAM Like \"Smi%\" and pFIRNAM Like \"J%\" order by pLasNam, pFirNam"),
   };
   double translating = 0;
+  double for_postgres = 0;
   double parsing = 0;
   std::int64_t count = 0;
   for (auto _ : state) {
     for (const std::string& text : texts) {
       std::string prepared;
       translating += bench::Time([&] { prepared = host::PrepareSqlite(text); });
+      for_postgres += bench::Time([&] { benchmark::DoNotOptimize(host::PreparePostgres(text)); });
       parsing += bench::Time([&] { engine.Prepare(prepared); });
       ++count;
     }
   }
   state.counters["prepared_per_second"] = static_cast<double>(count) / translating;
   state.counters["translating_to_parsing"] = translating / parsing;
+  state.counters["postgres_to_sqlite"] = for_postgres / translating;
 }
 BENCHMARK(PrepareStatements);
 
@@ -77,20 +80,26 @@ void PrepareLongTexts(benchmark::State& state) {
       Shape{"INSERT INTO T (a, b) VALUES (0, 0)", ", (GLOBAL, @@IDENTITY)"},
       Shape{"CREATE TABLE T (a int", ", a nvarchar(40)"},
       Shape{"SET @a=1", "; SET @b=@a+1; SELECT @b"},
+      Shape{"SELECT DISTINCT a", ", pLASNAM AS a", " FROM T ORDER BY b"},
+      Shape{"SELECT a FROM T ORDER BY b", ", pLASNAM+pID DESC"},
+      Shape{"SELECT a FROM T WHERE a=1", " OR pLASNAM Like 'Smi%' OR pZIP IN (1, '') OR pID BETWEEN '' AND 5"},
+      Shape{"SELECT a=", "COALESCE(", "a, '')=pZIP"},
   };
   constexpr int kParts = 100;
   constexpr int kTimes = 16;
-  const auto best = [](const std::string& text) {
+  const auto best = [](std::string (*prepare)(std::string_view), const std::string& text) {
     double least = 1;
     for (int i = 0; i < 5; ++i) {
-      least = std::min(least, bench::Time([&] { benchmark::DoNotOptimize(host::PrepareSqlite(text)); }));
+      least = std::min(least, bench::Time([&] { benchmark::DoNotOptimize(prepare(text)); }));
     }
     return least / static_cast<double>(text.size());
   };
   double worst = 0;
   for (auto _ : state) {
     for (const Shape& shape : kShapes) {
-      worst = std::max(worst, best(shape.Text(kTimes * kParts)) / best(shape.Text(kParts)));
+      for (auto* prepare : {host::PrepareSqlite, host::PreparePostgres}) {
+        worst = std::max(worst, best(prepare, shape.Text(kTimes * kParts)) / best(prepare, shape.Text(kParts)));
+      }
     }
   }
   state.counters["long_to_short"] = worst;

@@ -87,7 +87,10 @@ class Fitting {
   void Compare(std::size_t i) {
     const MaybeType left = operands_.Ending(i - 1);
     const MaybeType right = operands_.Beginning(i + 1);
-    if (statement_[i + 1].kind == Kind::Text && StandsAlone(statement_, i + 1)) {
+    const bool negative = statement_[i + 1].Is('-') && i + 2 < statement_.size() && statement_[i + 2].IsNumber();
+    if (negative && IsText(left)) {
+      edits_.Replace(i + 1, i + 3, {{Kind::Text, "-" + statement_[i + 2].text, false}});
+    } else if (statement_[i + 1].kind == Kind::Text && StandsAlone(statement_, i + 1)) {
       if (left && !FitLiteral(i + 1, left, InSet(i))) {
         Unlike(i, *left);
       }
@@ -159,10 +162,9 @@ class Fitting {
       statement_[begin].kind = Kind::Text;
       return;
     }
-    if (InSet(begin) || statement_[begin].Is('-')) {
-      return;
+    if (!InSet(begin)) {
+      WrapAsText(edits_, begin, end, type);
     }
-    WrapAsText(edits_, begin, end, type);
   }
 
   bool InSet(std::size_t i) const { return set_.begin < i && i < set_.end; }
@@ -175,7 +177,7 @@ class Fitting {
 
 }  // namespace
 
-void JoinCitexts(Tokens& statement) {
+void FitSums(Tokens& statement) {
   Edits edits(statement);
   Operands operands(statement);
   std::set<std::size_t> made;  // operands that stand between two of the operators
@@ -185,17 +187,19 @@ void JoinCitexts(Tokens& statement) {
     }
   };
   for (std::size_t i = 1; i + 1 < statement.size(); ++i) {
-    const bool joined = statement[i].kind == Kind::Symbol && statement[i].text == "||";
-    if (!joined && !statement[i].Is('+')) {
+    const bool joins = statement[i].kind == Kind::Symbol && statement[i].text == "||";
+    if (!joins && !statement[i].Is('+') && !statement[i].Is('-')) {
       continue;
     }
     const MaybeType left = operands.Ending(i - 1);
     const MaybeType right = operands.Beginning(i + 1);
-    if (joined || IsText(left) || IsText(right)) {
+    if (joins || (statement[i].Is('+') && (IsText(left) || IsText(right)))) {
       statement[i] = {Kind::Symbol, "||", true};
       statement[i + 1].apart = true;
       make(operands.Begin(i - 1), i, left);
       make(i + 1, operands.End(i + 1), right);
+    } else if (left == ColumnType::DateTime && statement[i + 1].IsNumber()) {
+      edits.Replace(i + 1, i + 2, Words("INTERVAL '1 day' * " + statement[i + 1].text));
     }
   }
   edits.Make();

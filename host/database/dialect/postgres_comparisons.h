@@ -6,8 +6,8 @@
 // PostgreSQL compares, writes and joins values of one type only. Types are those of the schema's columns.
 namespace host::sql {
 
-// "+" beside a text joins texts; what else is joined is made one.
-void JoinCitexts(Tokens& statement);
+// "+" beside a text joins texts; what else is joined is made one. A number beside a date is one of days.
+void FitSums(Tokens& statement);
 
 // Beside a column a literal becomes one of its type: a number beside a text column is text, a text beside a date is a
 // date. '' and what else is no date or no number is null there; what is unlike it is not null.

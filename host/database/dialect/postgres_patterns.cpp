@@ -50,7 +50,10 @@ void MatchPatterns(Tokens& statement) {
     const std::size_t end = negated ? i - 1 : i;
     const std::size_t begin = operands.Begin(end - 1);
     const auto type = operands.Ending(end - 1);
-    const std::size_t behind = operands.End(i + 1);
+    std::size_t behind = operands.End(i + 1);
+    while (behind + 1 < statement.size() && statement[behind].kind == Kind::Symbol && statement[behind].text == "||") {
+      behind = operands.End(behind + 1);
+    }
     if (type && !IsText(type)) {
       WrapAsText(edits, begin, end, *type);
     }
@@ -58,7 +61,9 @@ void MatchPatterns(Tokens& statement) {
     if (behind < statement.size() && statement[behind].Is("ESCAPE")) {
       continue;
     }
-    if (pattern.kind != Kind::Text || behind != i + 2 || (behind < statement.size() && statement[behind].Is("||"))) {
+    if (pattern.kind != Kind::Text || behind != i + 2) {
+      // Of other values a backslash is one.
+      edits.Insert(behind, {{Kind::Word, "ESCAPE"}, {Kind::Text, {}}});
       continue;
     }
     auto escaped = EscapedPattern(pattern.text);

@@ -49,7 +49,7 @@ void Translate(Tokens& statement) {
   sql::RenameTypes(statement);
   sql::LimitTop(statement);
   sql::JoinLaterally(statement);
-  sql::JoinCitexts(statement);
+  sql::FitSums(statement);
   sql::FitComparisons(statement);
   sql::MatchPatterns(statement);
   sql::FitLists(statement);
