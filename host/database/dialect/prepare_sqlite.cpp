@@ -40,7 +40,10 @@ void Translate(Tokens& statement) {
 // the last one is the row that was inserted.
 std::string SelectOutput(Tokens& insert) {
   const Table* table = insert.size() > 2 ? FindTable(insert[2].text) : nullptr;
-  const std::string column = table != nullptr ? sql::TakeOutput(insert) : std::string();
+  if (table == nullptr) {
+    return {};
+  }
+  const std::string column = sql::TakeOutput(insert);
   return column.empty() ? column
                         : "SELECT " + column + " FROM " + insert[2].text + " WHERE " + std::string(table->key) +
                               "=identity() ORDER BY rowid DESC LIMIT 1";
