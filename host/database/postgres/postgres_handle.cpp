@@ -134,16 +134,26 @@ void PostgresHandle::Send(const PostgresSettings& settings, const std::string& b
   next_call_ = Clock::now() + kBusyEvery;
   next_look_ = Clock::now() + kLookEvery;
   end_of_patience_ = Clock::time_point::max();
-  {
-    const std::lock_guard lock(interrupting_);
-    under_way_ = true;
-  }
+  row_by_row_ = false;
+  under_way_ = true;
+  Resume(true);
   if (PQsendQuery(connection_.get(), text.c_str()) == 0) {
     Lose();
   }
 }
 
+void PostgresHandle::RowByRow() {
+  PQsetSingleRowMode(connection_.get());
+  row_by_row_ = true;
+}
+
+void PostgresHandle::Resume(bool running) {
+  const std::lock_guard lock(interrupting_);
+  running_ = running;
+}
+
 PostgresResult PostgresHandle::Next() {
+  Resume(true);
   while (true) {
     Await();
     PostgresResult result(PQgetResult(connection_.get()));
@@ -172,6 +182,7 @@ PostgresResult PostgresHandle::Next() {
         break;
     }
     if (!skipping_) {
+      Resume(!row_by_row_);
       return result;
     }
     skipping_ = PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE;
@@ -274,10 +285,8 @@ void PostgresHandle::Tell(Clock::time_point now) {
 }
 
 void PostgresHandle::EndStatement() {
-  {
-    const std::lock_guard lock(interrupting_);
-    under_way_ = false;
-  }
+  under_way_ = false;
+  Resume(false);
   sending_.clear();
   if (std::exchange(waited_, false) && while_busy_) {
     while_busy_(session::Busy::Done);
@@ -291,7 +300,7 @@ void PostgresHandle::Cancel() const {
 
 void PostgresHandle::Interrupt() {
   const std::lock_guard lock(interrupting_);
-  if (under_way_) {
+  if (running_) {
     Cancel();
   }
 }

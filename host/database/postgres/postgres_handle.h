@@ -39,7 +39,7 @@ class PostgresHandle {
   void Send(const PostgresSettings& settings, const std::string& batch, const std::string& statement);
   // The next result of what was sent, or the next row after `RowByRow`; null at the end. A failure ends the batch.
   PostgresResult Next();
-  void RowByRow() { PQsetSingleRowMode(connection_.get()); }
+  void RowByRow();
   // Gives up what has not been read; without a word.
   void Abandon() noexcept;
   // Sends a batch and reads it whole: the last rows that it has, or null.
@@ -50,7 +50,8 @@ class PostgresHandle {
   // Whether the statement waits for another program; asked now and then while it runs. Runs nothing here.
   std::function<bool()> waits_for_another;
 
-  // Ends the statement that is under way, from whichever thread.
+  // Ends the statement that is running, from whichever thread. Between its rows, when they are read one by one, it is
+  // not.
   void Interrupt();
 
  private:
@@ -70,6 +71,7 @@ class PostgresHandle {
   // Asks whoever waits for the statement; gives it up when they do.
   void Tell(Clock::time_point now);
   bool ReadWhatHasCome();
+  void Resume(bool running);
   void EndStatement();
   void Cancel() const;
   [[noreturn]] void Lose();
@@ -82,7 +84,9 @@ class PostgresHandle {
   // Of the statement that is under way.
   std::string statement_;
   PostgresSettings sending_;  // what the server has when it succeeds
-  bool skipping_ = false;     // the result of setting them is to come
+  bool under_way_ = false;    // until its last result is read
+  bool row_by_row_ = false;
+  bool skipping_ = false;  // the result of setting them is to come
   bool given_up_ = false;
   bool waiting_ = false;         // for another program
   bool waited_ = false;          // `Busy::Done` is due
@@ -91,7 +95,7 @@ class PostgresHandle {
   Clock::time_point end_of_patience_;
 
   std::mutex interrupting_;  // Interrupt comes from other threads
-  bool under_way_ = false;
+  bool running_ = false;
 };
 
 }  // namespace host

@@ -81,6 +81,22 @@ TEST_P(Keys, RowGuidsComeWithThem) {
   EXPECT_EQ(Run("INSERT INTO ELTable (elEmpID) OUTPUT inserted.UniqueID VALUES (3)").size(), 1U);
 }
 
+TEST_P(Keys, BelongToTheirOffice) {
+  MakePractice({.kind = 7, .office = 2, .offices = 3});
+  Run("INSERT INTO EmpTable (EmpInd, EmpNam, OfficeID) VALUES (1, 'a', 1), (1, 'c', 3); INSERT INTO EmpTable (EmpInd, "
+      "EmpNam) VALUES (1, 'b')");
+  Run("INSERT INTO ELTable (elEmpID, OfficeID) VALUES (1, 1), (1, 3)");
+  EXPECT_EQ(Run("SELECT EmpNam, OfficeID FROM EmpTable WHERE EmpInd=1 ORDER BY OfficeID"), Rows({"a|1", "b|2", "c|3"}));
+  EXPECT_EQ(Run("SELECT EmpNam FROM ELTable INNER JOIN EmpTable ON elEmpID=EmpTable.EmpInd and (ELTable.OfficeID = "
+                "EmpTable.OfficeID) WHERE elFla=0 AND (ELTable.OfficeID=3)"),
+            Rows({"c"}));
+  Run("UPDATE EmpTable SET EmpNam='mine' WHERE EmpInd=1 AND (OfficeID = 2) ");
+  Run("DELETE * FROM EmpTable WHERE EmpInd=1 AND (OfficeID=3)");
+  EXPECT_EQ(Run("SELECT EmpNam FROM EmpTable ORDER BY OfficeID"), Rows({"a", "mine"}));
+  Run("INSERT INTO AccountTable (AccPid, OfficeID) VALUES (5, 1), (5, 2)");
+  EXPECT_NE(Refusal("INSERT INTO AccountTable (AccPid) VALUES (5)"), "") << "one an office";
+}
+
 class KeysOfSeveral : public OnEngine {};
 
 TEST_P(KeysOfSeveral, ConnectionsHaveTheirOwnIdentity) {

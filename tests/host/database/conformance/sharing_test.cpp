@@ -77,6 +77,7 @@ TEST_P(Sharing, WaitForAnotherCanBeGivenUp) {
 TEST_P(Sharing, CancelEndsTheRunningStatement) {
   AddThousand();
   session::Connection& connection = *Database().connection;
+  const auto list = Database().Run(kMillionRows);
   for (const bool inside : {false, true}) {
     std::optional<session::Transaction> transaction;
     if (inside) {
@@ -102,6 +103,7 @@ TEST_P(Sharing, CancelEndsTheRunningStatement) {
     }
   }
   EXPECT_EQ(Run("SELECT EmpInd FROM EmpTable WHERE EmpCIT='kept'"), Rows({"1"}));
+  EXPECT_EQ(list->GetRows(50'000).size(), 50'000U) << "a list that is half read goes on";
 }
 
 TEST_P(Sharing, NextKeyEndsAListThatIsRead) {

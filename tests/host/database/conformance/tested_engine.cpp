@@ -84,8 +84,8 @@ std::vector<TestedEngine> EveryEngine() {
                       .fresh = Fresh<SqliteFilePlace>,
                       .explain = "EXPLAIN QUERY PLAN ",
                       .one_writer = true,
-                      .refuses_overlong = false,
-                      .stores_zero = true};
+                      .refuses_misfits = false,
+                      .stores_any_bytes = true};
   TestedEngine memory = sqlite;
   memory.name = "SqliteMemory";
   memory.fresh = Fresh<SqliteMemoryPlace>;

@@ -24,12 +24,12 @@ class TestedPlace {
 struct TestedEngine {
   std::string name;
   std::function<std::unique_ptr<TestedPlace>()> fresh;
-  std::string explain;           // before a statement: answers its plan, in each row's last field
-  bool shared = true;            // several connections may have one practice open
-  bool one_writer = false;       // a transaction keeps every other one waiting, not only those of its rows
-  bool whole_batches = false;    // a batch of which a statement fails leaves nothing
-  bool refuses_overlong = true;  // a text beyond its column's size
-  bool stores_zero = false;      // a zero character within a text
+  std::string explain;            // before a statement: answers its plan, in each row's last field
+  bool shared = true;             // several connections may have one practice open
+  bool one_writer = false;        // a transaction keeps every other one waiting, not only those of its rows
+  bool whole_batches = false;     // a batch of which a statement fails leaves nothing
+  bool refuses_misfits = true;    // a text beyond its column's size, a number beyond its range
+  bool stores_any_bytes = false;  // a zero character within a text, and text of other programs that is not UTF-8
 };
 
 // The engines that the suite runs on; `Shared` leaves out those that live within one connection.
