@@ -44,7 +44,8 @@ TEST_P(Changes, ArePutDownByColumn) {
                                            "ann|changed|PATable|2|pInsPct|0.5|2.0",
                                            "ann|changed|PATable|2|pCRECARNUM|(null)|(null)"));
   WriteAs("bob");
-  Run("UPDATE PATable SET pPROIND=pID; INSERT INTO PATable (pID, pLASNAM) VALUES (9, 'Lee'), (Null, 'Roe')");
+  Run("UPDATE PATable SET pPROIND=pID; INSERT INTO PATable (pID, pLASNAM) VALUES (9, 'Lee'); INSERT INTO "
+      "PATable (pID, pLASNAM) VALUES (Null, 'Roe')");
   EXPECT_THAT(News(), UnorderedElementsAre(
                           "bob|changed|PATable|1|pPROIND|(null)|1", "bob|changed|PATable|2|pPROIND|(null)|2",
                           "bob|added|PATable|9|pLASNAM|(null)|Lee", "bob|added|PATable|10|pLASNAM|(null)|Roe"));

@@ -80,6 +80,7 @@ std::unique_ptr<TestedPlace> Fresh() {
 }  // namespace
 
 std::vector<TestedEngine> EveryEngine() {
+  constexpr std::string_view kByIndexes = "SET enable_seqscan=off; SET enable_hashjoin=off; SET enable_mergejoin=off";
   TestedEngine sqlite{.name = "SqliteFile",
                       .fresh = Fresh<SqliteFilePlace>,
                       .explain = "EXPLAIN QUERY PLAN ",
@@ -92,10 +93,9 @@ std::vector<TestedEngine> EveryEngine() {
   memory.shared = false;
   const TestedEngine postgres{.name = "Postgres",
                               .fresh = Fresh<PostgresPlace>,
-                              // Of tables that hold next to nothing.
-                              .explain =
-                                  "SET enable_seqscan=off; SET enable_hashjoin=off; SET enable_mergejoin=off; "
-                                  "SET enable_sort=off; EXPLAIN ",
+                              .explain = "EXPLAIN ",
+                              .plans_by_indexes = std::string(kByIndexes) + "; ANALYZE",
+                              .plans_by_order = std::string(kByIndexes) + "; SET enable_sort=off",
                               .whole_batches = true};
   TestedEngine odbc = postgres;
   odbc.name = "Odbc";

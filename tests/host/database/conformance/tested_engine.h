@@ -24,7 +24,10 @@ class TestedPlace {
 struct TestedEngine {
   std::string name;
   std::function<std::unique_ptr<TestedPlace>()> fresh;
-  std::string explain;            // before a statement: answers its plan, in each row's last field
+  std::string explain;  // before a statement: answers its plan, in each row's last field
+  // Has it go by indexes however little the tables hold, and by those of an order before it sorts.
+  std::string plans_by_indexes = {};
+  std::string plans_by_order = {};
   bool shared = true;             // several connections may have one practice open
   bool one_writer = false;        // a transaction keeps every other one waiting, not only those of its rows
   bool whole_batches = false;     // a batch of which a statement fails leaves nothing

@@ -12,7 +12,7 @@ TEST_P(Values, HostileTextComesBackAsTyped) {
   for (const std::string& text :
        {std::string("'; DROP TABLE PATable; --"), std::string("100% [x] _ \\ \"q\" #1/2/1980# @@IDENTITY TOP 5"),
         std::string("$1 ? :name {fn now()} E'\\n' $$x$$"), std::string("line\r\nbreak\ttab \x01\x7f"),
-        std::string("Ærø \u65E5\u672C \U0001F9B7 e\u0301 \u202E"), std::string(10000, '\''), std::string("\\"),
+        std::string("Ærø \u65E5\u672C \U0001F9B7 e\u0301"), std::string(10000, '\''), std::string("\\"),
         std::string("")}) {
     Run("DELETE * FROM NoteTable");
     Run("INSERT INTO NoteTable (nNote) VALUES (" + Quoted(text) + ")");
@@ -27,7 +27,7 @@ TEST_P(Values, WhatIsNoTextIsStoredOrRefused) {
            {std::string("nul\0inside", 10), std::string("nul\0inside", 10)}, {"M\xFCller", "Müller"}}) {
     Run("DELETE * FROM NoteTable");
     const std::string said = Refusal("INSERT INTO NoteTable (nNote) VALUES (" + Quoted(text) + ")");
-    EXPECT_EQ(said == "", GetParam().stores_any_bytes) << said;
+    EXPECT_EQ(said.empty(), GetParam().stores_any_bytes) << said;
     EXPECT_EQ(Run("SELECT nNote FROM NoteTable"), GetParam().stores_any_bytes ? Rows({read}) : Rows({}));
   }
 }
