@@ -115,6 +115,20 @@ void CheckMayChange(session::Connection& connection, const SchemaWriter& writer)
   }
 }
 
+// A login that may not enter the practice's first office starts in another one.
+void StartInOpenOffice(session::Connection& connection, const SchemaWriter& writer, CreationOptions& options) {
+  if (options.kind != 7 || writer.OpenOffices().empty()) {
+    return;
+  }
+  std::vector<int> open;
+  for (const auto rows = connection.Execute(writer.OpenOffices()); !rows->Eof(); rows->MoveNext()) {
+    open.push_back(session::ToId(rows->Get(0)));
+  }
+  if (!open.empty() && std::ranges::find(open, options.office) == open.end()) {
+    options.office = open.front();
+  }
+}
+
 }  // namespace
 
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
@@ -155,7 +169,9 @@ CreationOptions MigrateSchema(session::Connection& connection, const SchemaWrite
     connection.Execute("UPDATE SchemaTable SET SchVersion=" + std::to_string(kSchemaVersion));
     transaction.Commit();
   }
-  return ReadOptions(connection);
+  CreationOptions options = ReadOptions(connection);
+  StartInOpenOffice(connection, writer, options);
+  return options;
 }
 
 }  // namespace host

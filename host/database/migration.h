@@ -14,7 +14,8 @@ bool IsEmpty(session::Connection& connection, const SchemaWriter& writer);
 void CreateSchema(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options,
                   int version = kSchemaVersion);
 
-// Brings the tables of an older version up to date, in one transaction, and returns what the database was made with.
+// Brings the tables of an older version up to date, in one transaction, and returns what the database was made with;
+// its office is another one where this login may not enter that.
 // Throws session::DatabaseError, also when the database is newer than this program or holds no practice.
 CreationOptions MigrateSchema(session::Connection& connection, const SchemaWriter& writer);
 

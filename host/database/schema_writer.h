@@ -31,6 +31,9 @@ class SchemaWriter {
   virtual std::string Lock() const { return {}; }
   // A select of 1 or 0: whether this login may change the tables; empty where whoever may write may.
   virtual std::string MayChange() const { return {}; }
+  // A select of the offices that this login may enter, the smallest first; empty, or without rows, where it may enter
+  // all.
+  virtual std::string OpenOffices() const { return {}; }
   // A select of the practice's tables, by the column `name`.
   virtual std::string Tables() const = 0;
   // What comes before the first table of an empty database.

@@ -79,6 +79,10 @@ std::string PostgresSchema::MayChange() const {
   return "SELECT pg_has_role(relowner, 'USAGE')::int FROM pg_class WHERE oid = 'SchemaTable'::regclass";
 }
 
+std::string PostgresSchema::OpenOffices() const {
+  return "SELECT unnest(practice.open_offices()) ORDER BY 1";
+}
+
 std::string PostgresSchema::Tables() const {
   return "SELECT c.relname AS name FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
          "WHERE c.relkind IN ('r', 'p', 'f') AND n.nspname <> 'information_schema' AND n.nspname NOT LIKE 'pg\\_%'";

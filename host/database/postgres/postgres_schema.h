@@ -24,6 +24,7 @@ class PostgresSchema : public SchemaWriter {
  public:
   std::string Lock() const override;
   std::string MayChange() const override;
+  std::string OpenOffices() const override;
   std::string Tables() const override;
   // Text that compares without regard to case, and what hands out keys.
   std::vector<std::string> Ground() const override;

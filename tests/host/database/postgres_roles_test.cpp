@@ -169,6 +169,7 @@ TEST_F(PostgresRoles, AnOlderPracticeIsBroughtUpToDateByItsOwner) {
   }
   OpenDatabase(url_);
   const PracticeDatabase desk = OpenDatabase(DeskUrl());
+  EXPECT_EQ(desk.options.office, 2) << "where a session starts";
   // A table that came since.
   owner.connection->Execute("INSERT INTO PickListTable (PLDes, OfficeID) VALUES ('a', 1), ('b', 2)");
   EXPECT_EQ(Run(*desk.connection, "SELECT PLDes FROM PickListTable"), "b");
