@@ -20,10 +20,11 @@ const std::vector<std::string>& Catalogue(const std::string& url) {
       "SELECT t.name || ' ' || c.name || ' ' || c.type || ' ' || coalesce(c.dflt_value, '') "
       "FROM sqlite_schema t, pragma_table_info(t.name) c"};
   static const std::vector<std::string> postgres = {
-      "SELECT attrelid::regclass || ' ' || attname || ' ' || format_type(atttypid, atttypmod) || ' ' || attnotnull || "
-      "coalesce(pg_get_expr(adbin, adrelid), '') FROM pg_attribute JOIN pg_class c ON c.oid = attrelid LEFT JOIN "
-      "pg_attrdef ON adrelid = attrelid AND adnum = attnum WHERE relnamespace = 'practice'::regnamespace AND attnum > "
-      "0 AND relkind <> 'i'",
+      R"(SELECT attrelid::regclass || ' ' || attname || ' ' || format_type(atttypid, atttypmod) || ' ' || attnotnull ||
+                coalesce(pg_get_expr(adbin, adrelid), '')
+         FROM pg_attribute JOIN pg_class c ON c.oid = attrelid
+         LEFT JOIN pg_attrdef ON adrelid = attrelid AND adnum = attnum
+         WHERE relnamespace = 'practice'::regnamespace AND attnum > 0 AND relkind <> 'i')",
       "SELECT indexdef FROM pg_indexes WHERE schemaname = 'practice'",
       "SELECT conname || pg_get_constraintdef(oid) FROM pg_constraint WHERE connamespace = 'practice'::regnamespace",
       "SELECT pg_get_triggerdef(oid) FROM pg_trigger WHERE NOT tgisinternal",
@@ -109,6 +110,7 @@ TEST_P(Migration, ProgramsThatOpenItTogetherBringItUpToDateOnce) {
   MakeOld(1);
   std::vector<std::string> refusals(4);
   std::vector<std::thread> programs;
+  programs.reserve(refusals.size());
   for (std::string& refusal : refusals) {
     programs.emplace_back([&] { refusal = WhyNot(); });
   }
