@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr std::int32_t kPatients = 1000000;
+const std::int32_t kPatients = bench::Many();
 constexpr int kAllRows = 1 << 30;
 
-std::filesystem::path kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
+std::string kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
 
 double Median(std::vector<double> values) {
   const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -27,7 +27,7 @@ void OpenCoverages(benchmark::State& state) {
   bench::PreparedSession& session = subject.Session();
   bench::QuickUser user;
   const auto screens = entry::MakeScreens(session, user);
-  bench::Bare engine(subject.Path());
+  bench::Bare engine(subject.Url());
   std::vector<double> opening;
   std::vector<double> bare;
   std::size_t statements = 0;

@@ -90,7 +90,7 @@ double Median(std::vector<double> times) {
 
 void ShowList(benchmark::State& state) {
   const std::string folder = std::filesystem::temp_directory_path().string();
-  host::Desk desk(host::Practice("sqlite:" + subject->Path()), {folder, folder, folder}, host::ClassesOfThisProgram);
+  host::Desk desk(host::Practice(subject->Url()), {folder, folder, folder}, host::ClassesOfThisProgram);
   host::LoginResult login;
   login.rights = host::LoginRights("bench", true);
   desk.Open(login, desk.OfPractice().Office());

@@ -22,7 +22,7 @@ double RunBare(bench::Bare& engine, const std::vector<std::string>& statements) 
 void OpenAndSave(benchmark::State& state) {
   bench::Subject subject(2000);
   const bench::Subject twin(2000);
-  bench::Bare engine(twin.Path());
+  bench::Bare engine(twin.Url());
   bench::PreparedSession& session = subject.Session();
   bench::QuickUser user;
   const auto screens = entry::MakeScreens(session, user);

@@ -20,18 +20,18 @@ namespace {
 
 using session::RecordKind;
 
-constexpr std::int32_t kMany = 1000000;
+const std::int32_t kMany = bench::Many();
 constexpr std::int32_t kFew = 2000;
 // So many records of each kind in turn.
 constexpr int kRecords = 10;
 
-std::filesystem::path kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
+std::string kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
 
 bench::Subject& PracticeOf(std::int32_t patients) {
   static std::map<std::int32_t, std::unique_ptr<bench::Subject>> made;
   auto& subject = made[patients];
   if (subject == nullptr) {
-    subject = std::make_unique<bench::Subject>(patients, patients == kMany ? kept : std::filesystem::path());
+    subject = std::make_unique<bench::Subject>(patients, patients == kMany ? kept : std::string());
   }
   return *subject;
 }

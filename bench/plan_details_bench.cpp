@@ -38,7 +38,7 @@ void PlanDetails(benchmark::State& state) {
               ") INSERT INTO IPTable (IPInsCoID, IPGroNum, IPPlaNam, IPCod, IPDes, IPCodCat, IPPFee, IPPCov, IPPMax, "
               "IPPDedApp, IPSFee, IPSCov, IPSMax, IPSDedApp, OfficeID) SELECT 1, 'MANY', 'Gold', printf('D%05d', i), "
               "'A treatment of this plan', 'Category '||(i%20), i, 80, i*2, 'Y', i, 50, i*2, 'N', 1 FROM n");
-  bench::Bare engine(subject.Path());
+  bench::Bare engine(subject.Url());
   bench::QuickUser user;
   const auto screens = entry::MakeScreens(subject.Session(), user);
   std::vector<double> opening;

@@ -17,7 +17,7 @@ namespace {
 
 void PrepareStatements(benchmark::State& state) {
   bench::Subject subject(10);
-  bench::Bare engine(subject.Path());
+  bench::Bare engine(subject.Url());
   const data::Statements statements(subject.Session());
   const std::array texts = {
       lookup::DefinitionOf(session::lulEmployee, statements).sql.Text(),

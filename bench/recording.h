@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "bare.h"
+#include "database/unix/throwaway_cluster.h"
 #include "forms/form.h"
 #include "forms/user.h"
 #include "practice/demo.h"
@@ -69,43 +71,72 @@ class QuickUser : public forms::User {
   bool Print(const forms::Report&) override { return false; }
 };
 
-// A demo practice, in a file of its own that is gone at the end, or in one that is kept: there it is made only once.
+// Where a bench makes its practices: in files, or on a server of its own where PRACTICE_BENCH is "postgres".
+inline bool OnServer() {
+  const char* engine = std::getenv("PRACTICE_BENCH");
+  return engine != nullptr && std::string_view(engine) == "postgres";
+}
+
+// Patients of a large practice: a million, or what PRACTICE_BENCH_PATIENTS says.
+inline std::int32_t Many() {
+  const char* patients = std::getenv("PRACTICE_BENCH_PATIENTS");
+  return patients == nullptr ? 1000000 : std::atoi(patients);
+}
+
+// A demo practice, in a place of its own that is gone at the end, or in one that is kept: there it is made only once.
+// Kept is a file, or a database of a server by its URL.
 class Subject {
  public:
-  explicit Subject(std::int32_t patients, const std::filesystem::path& kept = {})
+  explicit Subject(std::int32_t patients, const std::string& kept = {})
       : kept_(!kept.empty()),
-        path_(kept_ ? kept
-                    : std::filesystem::temp_directory_path() /
-                          ("practice_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_) + ".db")),
-        practice_(Open(path_, patients)),
+        url_(kept_ ? UrlOf(kept) : NewUrl()),
+        practice_(Open(url_, patients)),
         session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
   ~Subject() {
-    if (kept_) {
+    if (kept_ || OnServer()) {
       return;
     }
     for (const char* suffix : {"", "-wal", "-shm", "-locks", "-locks-wal", "-locks-shm"}) {
       std::error_code ignored;
-      std::filesystem::remove(path_.string() + suffix, ignored);
+      std::filesystem::remove(Path() + suffix, ignored);
     }
   }
 
-  std::string Path() const { return path_.string(); }
+  const std::string& Url() const { return url_; }
+  // Of a practice in a file.
+  std::string Path() const { return url_.substr(std::string_view("sqlite:").size()); }
   PreparedSession& Session() { return session_; }
   void Run(const std::string& sql) { session_.Connection().Execute(sql); }
 
  private:
-  static host::Practice Open(const std::filesystem::path& path, std::int32_t patients) {
-    const std::string url = "sqlite:" + path.string();
-    return std::filesystem::exists(path) ? host::Practice(url)
-                                         : host::MakeDemo(url, {.patients = patients, .seed = 1, .practice = {}});
+  static std::string UrlOf(const std::string& place) {
+    return place.find("://") != std::string::npos ? place : "sqlite:" + place;
+  }
+  static std::string NewUrl() {
+    if (OnServer()) {
+      return host::SharedCluster().Url(host::SharedCluster().MakeDatabase("bench"));
+    }
+    const std::string name = "practice_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_) + ".db";
+    return "sqlite:" + (std::filesystem::temp_directory_path() / name).string();
+  }
+  static host::Practice Open(const std::string& url, std::int32_t patients) {
+    if (!host::IsVacant(url)) {
+      return host::Practice(url);
+    }
+    host::Practice practice = host::MakeDemo(url, {.patients = patients, .seed = 1, .practice = {}});
+    if (!url.starts_with("sqlite:")) {
+      // As the server does by itself a minute later.
+      practice.Database().connection->Execute("VACUUM ANALYZE");
+    }
+    return practice;
   }
 
   inline static int made_ = 0;
 
   bool kept_;
-  std::filesystem::path path_;
+  std::string url_;
   host::Practice practice_;
   PreparedSession session_;
 };

@@ -82,9 +82,9 @@ void ReplaceCarrier(benchmark::State& state) {
   subject.Run("UPDATE GroPlaTable SET GroPlaInsID=1");
   const std::filesystem::path twin = subject.Path() + "-twin";
   subject.Run("VACUUM INTO '" + twin.string() + "'");
-  std::optional<bench::Bare> engine(twin.string());
+  std::optional<bench::Bare> engine("sqlite:" + twin.string());
   engine->Step("PRAGMA journal_mode=WAL", kAllRows);
-  host::Practice practice("sqlite:" + subject.Path());
+  host::Practice practice(subject.Url());
   LoggingSession session(practice, practice.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {}));
   Watcher user(session.prepared);
   const auto screens = entry::MakeScreens(session, user);

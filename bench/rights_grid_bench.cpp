@@ -64,7 +64,7 @@ void RightsGrid(benchmark::State& state) {
     subject.Run("INSERT INTO OffLocTable (OffLocNam, OfficeID) VALUES ('Location', 1)");
   }
   std::optional<bench::Bare> engine;
-  host::Practice practice("sqlite:" + subject.Path());
+  host::Practice practice(subject.Url());
   ManyRights session(practice, practice.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {}));
   bench::QuickUser user;
   const auto screens = entry::MakeScreens(session, user);
@@ -122,7 +122,7 @@ void RightsGrid(benchmark::State& state) {
   }
   const std::filesystem::path twin = subject.Path() + "-twin";
   subject.Run("VACUUM INTO '" + twin.string() + "'");
-  engine.emplace(twin.string());
+  engine.emplace("sqlite:" + twin.string());
   for (auto _ : state) {
     open_and_save();
   }
