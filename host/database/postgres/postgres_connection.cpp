@@ -166,7 +166,7 @@ class PostgresServer {
     } catch (const session::DatabaseError&) {
       return nullptr;  // the server takes no further connections, or none at all, which the main one finds out
     }
-    reader->Send(use.ForReading(), sql, sql);
+    reader->Send(use.ForReading(), ForFirstRows(sql), sql);
     reader->RowByRow();
     return std::make_unique<PostgresStream>(std::move(reader), columns_);
   }

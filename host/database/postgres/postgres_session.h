@@ -38,4 +38,8 @@ inline constexpr const char* kTakeBatchBack = "ROLLBACK TO practice_batch";
 // Whether a batch is one select that another connection may run as well.
 bool CanReadApart(std::string_view batch);
 
+// A select that `CanReadApart`, for whoever reads its first rows at once and the rest in their time: where it sorts all
+// rows, the server is led to an index that has their order.
+std::string ForFirstRows(const std::string& select);
+
 }  // namespace host
