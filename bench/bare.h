@@ -18,6 +18,8 @@ class BareEngine {
 
   // Runs every statement of the text and reads at most `rows` rows of each, every column as text. The rows read.
   virtual int Step(const std::string& sql, int rows) = 0;
+  // Of rows that were not read; a list that is open has not given them up either.
+  virtual void GiveUpRest() {}
   virtual void Prepare(const std::string& sql) = 0;
 };
 
@@ -69,15 +71,15 @@ class BareSqlite final : public BareEngine {
 
   // What the last insert was given, where the key is the row's number.
   static void AnswerRow(sqlite3_context* context, int /*count*/, sqlite3_value** /*arguments*/) {
-    sqlite3_result_int64(context, sqlite3_last_insert_rowid(static_cast<BareSqlite*>(sqlite3_user_data(context))->handle_));
+    sqlite3_result_int64(context,
+                         sqlite3_last_insert_rowid(static_cast<BareSqlite*>(sqlite3_user_data(context))->handle_));
   }
 
   sqlite3* handle_ = nullptr;
   long read_ = 0;
 };
 
-// Few rows of a select come one by one, and the rest is cancelled, as whoever shows a page would have it; all else comes
-// whole.
+// Few rows of a select come one by one, as whoever shows a page would have it; all else comes whole.
 class BarePostgres final : public BareEngine {
  public:
   explicit BarePostgres(const std::string& url) : connection_(PQconnectdb(url.c_str())) {
@@ -106,11 +108,19 @@ class BarePostgres final : public BareEngine {
         throw std::runtime_error(PQerrorMessage(connection_));
       }
       if (read == rows) {
-        char why[256];
-        PQcancel(cancel_, why, sizeof why);
+        break;
       }
     }
-    return std::min(read, rows);
+    return read;
+  }
+  void GiveUpRest() override {
+    char why[256];
+    if (PQtransactionStatus(connection_) == PQTRANS_ACTIVE) {
+      PQcancel(cancel_, why, sizeof why);
+    }
+    while (PGresult* row = PQgetResult(connection_)) {
+      PQclear(row);
+    }
   }
 
   void Prepare(const std::string& sql) override { PQclear(PQprepare(connection_, "", sql.c_str(), 0, nullptr)); }
@@ -151,6 +161,7 @@ class Bare {
                                            : std::make_unique<BarePostgres>(url)) {}
 
   int Step(const std::string& sql, int rows) { return engine_->Step(sql, rows); }
+  void GiveUpRest() { engine_->GiveUpRest(); }
   void Prepare(const std::string& sql) { engine_->Prepare(sql); }
 
  private:
