@@ -206,7 +206,16 @@ void AdvisoryLocks::Free(const LockedRecord& record, const std::string& session)
 
 void AdvisoryLocks::FreeAll(const std::string& session) {
   const std::lock_guard guard(one_at_a_time_);
-  std::erase_if(holders_, [&](const auto& entry) { return entry.first.first == session; });
+  // By word, as a server notices the end of a connection a moment later.
+  for (auto holder = holders_.begin(); holder != holders_.end();) {
+    if (holder->first.first != session) {
+      ++holder;
+      continue;
+    }
+    const auto connection = std::move(holder->second.connection);
+    holder = holders_.erase(holder);
+    connection->Execute("SELECT pg_advisory_unlock_all()");
+  }
 }
 
 }  // namespace host

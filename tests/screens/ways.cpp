@@ -227,13 +227,21 @@ Desk::Desk(const std::filesystem::path& file) : Desk(Place{nullptr, file}) {}
 
 Desk::Desk(Place place)
     : folder_(std::move(place.folder)),
-      host_(host::Practice("sqlite:" + place.file.string())),
+      host_(Opened(place.file)),
       screens_(entry::MakeScreens(host_.session, host_.user)),
       other_user_(host_.session.Office(), "Bob"),
       locks_(place.file.string() + "-locks", host::OpenMode::Existing) {}
 
+host::Practice Desk::Opened(const std::filesystem::path& file) {
+  host::PracticeDatabase database = host::OpenDatabase("sqlite:" + file.string());
+  auto line = std::make_unique<test_support::LosingConnection>(std::move(database.connection));
+  line_ = line.get();
+  database.connection = std::move(line);
+  return host::Practice(std::move(database));
+}
+
 std::string Desk::Value(const std::string& sql) {
-  return session::ToText(host_.session.Connection().Execute(sql)->Get(0));
+  return session::ToText(line_->Whole().Execute(sql)->Get(0));
 }
 
 Rows Desk::AllRows(const std::string& condition) {
@@ -243,8 +251,8 @@ Rows Desk::AllRows(const std::string& condition) {
       continue;
     }
     auto& rows = all[std::string(table.name)];
-    for (const auto row = host_.session.Connection().Execute("SELECT * FROM " + std::string(table.name) + condition);
-         !row->Eof(); row->MoveNext()) {
+    for (const auto row = line_->Whole().Execute("SELECT * FROM " + std::string(table.name) + condition); !row->Eof();
+         row->MoveNext()) {
       std::string text;
       for (std::size_t i = 0; i < row->Fields().size(); ++i) {
         text += session::ToText(row->Get(i)) + "\x1f";

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "database/sqlite/sqlite_connection.h"
+#include "support/losing_connection.h"
 #include "support/practice_host.h"
 
 // Every way in to every screen of the catalogue. A screen that edits a known kind of record, or that one of the
@@ -46,6 +47,8 @@ class Desk {
   explicit Desk(const std::filesystem::path& file);
 
   test_support::FakeUser& User() { return host_.user; }
+  // Where the connection can be lost.
+  test_support::LosingConnection& Line() { return *line_; }
   test_support::HeardSession& Session() { return host_.session; }
   session::ScreenContext Context() { return {host_.session, host_.user, *screens_}; }
   // The first column of the first row, of a statement in the engine's words.
@@ -65,8 +68,10 @@ class Desk {
   };
   explicit Desk(Place place);
   static Place CopyOfPractice(std::int32_t kind);
+  host::Practice Opened(const std::filesystem::path& file);
 
-  std::unique_ptr<Folder> folder_;  // gone at the end
+  std::unique_ptr<Folder> folder_;                  // gone at the end
+  test_support::LosingConnection* line_ = nullptr;  // the practice's
   test_support::PracticeHost host_;
   std::unique_ptr<session::Screens> screens_;
   host::RecordLocks other_user_;

@@ -25,6 +25,14 @@ std::string PathFor(const PostgresUrl& url, const PostgresWay& way) {
   return url.schema.empty() ? way.search_path : url.schema + ", " + std::string(kSearchPath);
 }
 
+// A change that the connection was lost in may have been made.
+session::DatabaseError OfAChange(const session::DatabaseError& error) {
+  using session::DatabaseError;
+  return error.ConnectionLost()
+             ? DatabaseError(error.what(), error.Statement(), error.Code(), DatabaseError::Origin::Unanswered)
+             : error;
+}
+
 }  // namespace
 
 class PostgresServer {
@@ -61,7 +69,11 @@ class PostgresServer {
       }
     }
     Ready();
-    return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql, sql));
+    try {
+      return Rows(main_->Run(use.ForWriting(while_busy_ != nullptr), sql, sql));
+    } catch (const session::DatabaseError& error) {
+      throw CanReadApart(sql) ? error : OfAChange(error);
+    }
   }
 
   void Begin() {
@@ -85,9 +97,9 @@ class PostgresServer {
     }
     try {
       main_->Run({}, "COMMIT", "COMMIT");
-    } catch (const session::DatabaseError&) {
+    } catch (const session::DatabaseError& error) {
       main_->ForgetSettings();
-      throw;
+      throw OfAChange(error);
     }
     state_ = State::None;
   }
