@@ -10,7 +10,7 @@ import sys
 
 # What every Windows since 7 has.
 LIBRARIES = {"advapi32", "bcrypt", "comctl32", "comdlg32", "crypt32", "gdi32", "gdiplus", "imm32", "kernel32", "msimg32",
-             "msvcrt", "ole32", "oleacc", "oleaut32", "rpcrt4", "shell32", "shlwapi", "user32", "uuid", "uxtheme",
+             "msvcrt", "odbc32", "ole32", "oleacc", "oleaut32", "rpcrt4", "shell32", "shlwapi", "user32", "uuid", "uxtheme",
              "version", "winmm", "winspool.drv", "ws2_32"}
 HEADERS = ["winsock2.h", "windows.h", "bcrypt.h", "wincrypt.h", "commctrl.h", "commdlg.h", "oleacc.h", "ole2.h",
            "oleauto.h", "shlobj.h", "shlwapi.h", "uxtheme.h", "winspool.h", "time.h", "stdio.h"]
