@@ -33,6 +33,8 @@ struct PracticeDatabase {
   // Of an engine that holds records itself: a further connection to the same database, which the server knows by a
   // name.
   std::function<std::unique_ptr<session::Connection>(const std::string& name)> connect = {};
+  // The same in a group of practices, to the server of an office.
+  std::function<std::unique_ptr<session::Connection>(const std::string& name, int office)> connect_in = {};
   // Other programs may have it open too.
   bool shared = false;
   // Who may open its file, and what else belongs to the practice.

@@ -9,6 +9,7 @@
 #include "database/migration.h"
 #include "practice/advisory_locks.h"
 #include "practice/lock_rows.h"
+#include "practice/office_locks.h"
 #include "practice/settings.h"
 
 namespace host {
@@ -93,7 +94,9 @@ void FillOffice(Practice& practice, std::int32_t office) {
 }  // namespace
 
 Practice::Practice(PracticeDatabase database) : database_(std::move(database)) {
-  if (database_.connect) {
+  if (database_.connect_in) {
+    locks_ = std::make_unique<OfficeLocks>(database_.connect_in);
+  } else if (database_.connect) {
     locks_ = std::make_unique<AdvisoryLocks>(database_.connect);
   } else {
     locks_ = std::make_unique<LockRows>(std::move(database_.locks));

@@ -67,6 +67,11 @@ DatabaseError Moved(std::int32_t office, std::string_view statement) {
 class OfficeConnection final : public session::Connection {
  public:
   explicit OfficeConnection(Entrance entrance) : entrance_(std::move(entrance)) {}
+  // For statements that would not notice that an office has moved: each asks for one of its tables first.
+  OfficeConnection(Entrance entrance, std::int32_t office)
+      : entrance_(std::move(entrance)),
+        office_(office),
+        before_("SELECT FROM " + OfficeSchema(office) + ".schematable LIMIT 0; ") {}
 
   void EnterOffice(std::int32_t office) {
     // Nobody changes the office within a transaction.
@@ -89,7 +94,7 @@ class OfficeConnection final : public session::Connection {
   std::unique_ptr<session::Recordset> Execute(const std::string& sql) override {
     Place& place = Here(sql);
     try {
-      return place.database.connection->Execute(sql);
+      return place.database.connection->Execute(before_ + sql);
     } catch (const DatabaseError& error) {
       Explain(place, error);
       throw;
@@ -229,6 +234,7 @@ class OfficeConnection final : public session::Connection {
 
   Entrance entrance_;
   std::int32_t office_ = 0;
+  std::string before_;
   const ChangeAuthor* author_ = nullptr;
   std::map<std::int32_t, std::unique_ptr<Place>> places_;
   std::vector<std::unique_ptr<Place>> left_;
@@ -252,6 +258,12 @@ PracticeDatabase FollowOffices(PracticeDatabase database, const std::string& url
     }
   }
   entrance.directory = *std::move(directory);
+  database.connect = {};
+  database.connect_in = [entrance](const std::string& name, int office) {
+    Entrance named = entrance;
+    named.url.options["application_name"] = name;
+    return std::make_unique<OfficeConnection>(std::move(named), office);
+  };
   auto connection = std::make_unique<OfficeConnection>(std::move(entrance));
   auto* offices = connection.get();
   database.write_as = [offices](const ChangeAuthor* author) { offices->WriteAs(author); };
