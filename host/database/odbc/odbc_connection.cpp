@@ -60,7 +60,14 @@ std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& s
   if (source_.is_postgres) {
     main.Set(use.ForWriting(WhileBusy != nullptr));
   }
-  return transaction_ == Transaction::Open && source_.is_postgres ? InTransaction(sql) : ReadWhole(main, sql);
+  if (transaction_ == Transaction::Open) {
+    return source_.is_postgres ? InTransaction(sql) : ReadWhole(main, sql);
+  }
+  try {
+    return ReadWhole(main, sql);
+  } catch (const session::DatabaseError& error) {
+    throw CanReadApart(sql) ? error : OfAChange(error);
+  }
 }
 
 std::unique_ptr<session::Recordset> OdbcConnection::InTransaction(const std::string& sql) {
@@ -116,7 +123,11 @@ void OdbcConnection::CommitTrans() {
   if (main_->Lost()) {
     throw Loss("The transaction has ended with it.", "COMMIT");
   }
-  main_->EndTrans(true);
+  try {
+    main_->EndTrans(true);
+  } catch (const session::DatabaseError& error) {
+    throw OfAChange(error);
+  }
   transaction_ = Transaction::None;
 }
 

@@ -208,8 +208,10 @@ class OfficeConnection final : public session::Connection {
     if (!error.ConnectionLost()) {
       return error;
     }
-    return {"The server of office " + std::to_string(office_) + " (" + server + ") cannot be reached. " + error.what(),
-            error.Statement(), error.Code(), DatabaseError::Origin::Connection};
+    const DatabaseError unreachable(
+        "The server of office " + std::to_string(office_) + " (" + server + ") cannot be reached. " + error.what(),
+        error.Statement(), error.Code(), DatabaseError::Origin::Connection);
+    return error.Unanswered() ? OfAChange(unreachable) : unreachable;
   }
 
   // Throws what a failure means in a group, if that is something else.

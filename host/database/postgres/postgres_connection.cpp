@@ -25,14 +25,6 @@ std::string PathFor(const PostgresUrl& url, const PostgresWay& way) {
   return url.schema.empty() ? way.search_path : url.schema + ", " + std::string(kSearchPath);
 }
 
-// A change that the connection was lost in may have been made.
-session::DatabaseError OfAChange(const session::DatabaseError& error) {
-  using session::DatabaseError;
-  return error.ConnectionLost()
-             ? DatabaseError(error.what(), error.Statement(), error.Code(), DatabaseError::Origin::Unanswered)
-             : error;
-}
-
 }  // namespace
 
 class PostgresServer {

@@ -104,4 +104,11 @@ std::string Plain(std::string_view message) {
   return plain.ends_with('.') ? plain : plain + ".";
 }
 
+session::DatabaseError OfAChange(const session::DatabaseError& error) {
+  using session::DatabaseError;
+  return error.ConnectionLost()
+             ? DatabaseError(error.what(), error.Statement(), error.Code(), DatabaseError::Origin::Unanswered)
+             : error;
+}
+
 }  // namespace host

@@ -36,5 +36,7 @@ session::DatabaseError Loss(std::string_view why, std::string_view statement);
 
 // libpq's text as a sentence on one line, without its hints.
 std::string Plain(std::string_view message);
+// The failure of a change, or of a commit: one that the connection was lost in may have been made.
+session::DatabaseError OfAChange(const session::DatabaseError& error);
 
 }  // namespace host

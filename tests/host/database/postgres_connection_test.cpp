@@ -181,6 +181,19 @@ TEST_F(PostgresConnectionTest, TellsThatAnotherWrites) {
   EXPECT_EQ(told, (std::vector{session::Busy::Running, session::Busy::Waiting, session::Busy::Done}));
 }
 
+TEST_F(PostgresConnectionTest, SaysWhichChangesMayHaveBeenMade) {
+  Run("CREATE TABLE t (a int)");
+  const std::string ends = " WHERE pg_terminate_backend(pg_backend_pid())";
+  EXPECT_TRUE(Refused("INSERT INTO t SELECT 1" + ends).Unanswered());
+  {
+    session::Transaction transaction(*connection_);
+    const DatabaseError rolled_back = Refused("INSERT INTO t SELECT 2" + ends);
+    EXPECT_TRUE(rolled_back.ConnectionLost());
+    EXPECT_FALSE(rolled_back.Unanswered());
+  }
+  EXPECT_EQ(Ask("SELECT COUNT(*) FROM t"), "0");
+}
+
 TEST_F(PostgresConnectionTest, SaysWhyItCannotBeOpened) {
   const auto why = [](const std::string& url) {
     try {

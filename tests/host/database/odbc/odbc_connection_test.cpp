@@ -118,7 +118,7 @@ TEST_F(OdbcConnectionTest, TellsTheServerWhomItWorksFor) {
   }
   EXPECT_EQ(Ask("INSERT INTO t VALUES (1) RETURNING " + told), "Ada O'Neill3practice, public") << "a rollback";
   KillAll();
-  EXPECT_TRUE(Refused("INSERT INTO t VALUES (1)").ConnectionLost());
+  EXPECT_TRUE(Refused("INSERT INTO t VALUES (1)").Unanswered());
   EXPECT_EQ(Ask("INSERT INTO t VALUES (1) RETURNING " + told), "Ada O'Neill3practice, public") << "a loss";
   EXPECT_EQ(Ask("SELECT current_setting('practice.office')"), "3");
   EXPECT_EQ(Refused("SELECT pg_catalog.nextval('x') FROM t").Code(), CodeOfState("42P01"));
@@ -142,7 +142,9 @@ TEST_F(OdbcConnectionTest, LosesATransactionWithItsConnection) {
   connection_->BeginTrans();
   Run("INSERT INTO t VALUES (1)");
   KillAll();
-  EXPECT_TRUE(Refused("INSERT INTO t VALUES (2)").ConnectionLost());
+  const DatabaseError rolled_back = Refused("INSERT INTO t VALUES (2)");
+  EXPECT_TRUE(rolled_back.ConnectionLost());
+  EXPECT_FALSE(rolled_back.Unanswered());
   EXPECT_TRUE(Refused("INSERT INTO t VALUES (3)").ConnectionLost()) << "not outside the transaction";
   EXPECT_THROW(connection_->CommitTrans(), DatabaseError);
   EXPECT_NO_THROW(connection_->RollbackTrans());
