@@ -145,10 +145,11 @@ class OfficeConnection final : public session::Connection {
     }
     auto place = places_.find(office_);
     if (place == places_.end()) {
-      auto entered = office_ == 0 ? AllOffices() : Enter(statement);
+      std::unique_ptr<Place> entered = Enter(statement);
       entered->database.connection->WhileBusy = [this](session::Busy busy) { return WhileBusy && WhileBusy(busy); };
       const std::lock_guard guard(choosing_);
-      place = places_.emplace(office_, std::move(entered)).first;
+      place = places_.try_emplace(office_).first;
+      place->second = std::move(entered);
     }
     place->second->database.write_as(author_);
     place->second->database.enter_office(office_);
@@ -170,12 +171,11 @@ class OfficeConnection final : public session::Connection {
     }
   }
 
-  std::unique_ptr<Place> AllOffices() const {
-    return std::make_unique<Place>(Place{entrance_.open(UrlText(entrance_.url, kAllOffices)), {}});
-  }
-
   // The home's own directory has the last word.
   std::unique_ptr<Place> Enter(std::string_view statement) {
+    if (office_ == 0) {
+      return std::make_unique<Place>(Place{entrance_.open(UrlText(entrance_.url, kAllOffices)), {}});
+    }
     std::string home = entrance_.directory.HomeOf(office_);
     for (int tries = 0; tries < 2; ++tries) {
       if (!home.empty()) {
