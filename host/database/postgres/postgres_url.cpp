@@ -26,7 +26,7 @@ std::string TakeParameter(std::string& url, std::string_view name) {
     }
     const std::size_t end = std::min(url.find('&', at + 1), url.size());
     const std::size_t value = at + name.size() + 2;
-    const std::string taken = url.substr(value, end - value);
+    std::string taken = url.substr(value, end - value);
     // What follows moves up behind the "?".
     url.erase(at + 1, std::min(end + 1, url.size()) - at - 1);
     if (url.ends_with('&') || url.ends_with('?')) {

@@ -20,7 +20,7 @@ using testing::HasSubstr;
 
 class PostgresConnectionTest : public testing::Test {
  protected:
-  ~PostgresConnectionTest() override {
+  void TearDown() override {
     connection_.reset();
     SharedCluster().DropDatabase(name_);
   }

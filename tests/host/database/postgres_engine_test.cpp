@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 class PostgresEngineTest : public testing::Test {
  protected:
-  ~PostgresEngineTest() override { SharedCluster().DropDatabase(name_); }
+  void TearDown() override { SharedCluster().DropDatabase(name_); }
 
   std::string WhyNot() const {
     try {
