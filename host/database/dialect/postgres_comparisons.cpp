@@ -221,9 +221,11 @@ void FitValues(Tokens& statement) {
   const auto fit = [&](Range row) {
     const std::vector<Range> values = Parts(statement, groups, row);
     for (std::size_t i = 0; i < std::min(values.size(), types.size()); ++i) {
+      if (values[i].end != values[i].begin + 1) {
+        continue;
+      }
       Token& value = statement[values[i].begin];
-      const bool alone = values[i].end == values[i].begin + 1 && value.kind == Kind::Text;
-      if (alone && !FitText(value, types[i]) && value.text.empty()) {
+      if (value.kind == Kind::Text && !FitText(value, types[i]) && value.text.empty()) {
         MakeNull(value);
       }
     }

@@ -48,7 +48,7 @@ void RenameColumns(Tokens& statement, Edits& edits, Groups& groups) {
     if (!named) {
       continue;
     }
-    const bool sized = type + 1 < column.end && statement[type + 1].Is('(');
+    const bool sized = type + 2 < column.end && statement[type + 1].Is('(');
     Tokens words = Words(NameOf(*named));
     if (named == ColumnType::Text && sized && statement[type + 2].IsNumber()) {
       Tokens check = Words("CHECK (length(");
