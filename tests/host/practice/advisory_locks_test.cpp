@@ -48,7 +48,7 @@ class AdvisoryLocksTest : public testing::Test {
     static ThrowawayCluster server{ThrowawayCluster::Own()};
     return server;
   }
-  ~AdvisoryLocksTest() override { Server().DropDatabase(database_); }
+  void TearDown() override { Server().DropDatabase(database_); }
 
   std::string database_ = Server().MakeDatabase("locks");
   std::string url_ = Server().Url(database_);
