@@ -1,6 +1,7 @@
 #include "people/identification_numbers.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/literal.h"
 #include "editing/editing_form.h"
@@ -68,6 +69,8 @@ std::vector<IdentificationNumbers::Number> IdentificationNumbers::OfPerson(std::
                        .id = ToId((*rows)["DrIDID"]),
                        .value = ToText((*rows)["DrIDVal"])});
   }
+  // Engines give the numbers of one kind in any order.
+  std::ranges::sort(numbers, {}, [](const Number& number) { return std::pair(number.kind, number.id); });
   return numbers;
 }
 
