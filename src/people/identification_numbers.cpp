@@ -44,7 +44,7 @@ void IdentificationNumbers::Read(std::int32_t person) {
       numbers_.push_back({.kind = kind, .name = ToText((*kinds)["IDTypDes"])});
     }
   }
-  std::ranges::stable_sort(numbers_, {}, &Number::kind);
+  std::ranges::sort(numbers_, {}, [](const Number& number) { return std::pair(number.kind, number.id); });
   auto rows = std::make_shared<forms::TableRows>();
   for (const Number& number : numbers_) {
     rows->rows.push_back({.cells = {number.name, number.value}});
