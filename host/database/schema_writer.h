@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,10 @@ class SchemaWriter {
   virtual std::vector<std::string> AddColumn(const Table& table, const Column& column) const = 0;
   virtual std::vector<std::string> CreateIndex(const Table& table, const Index& index) const = 0;
   virtual std::vector<std::string> DropTable(std::string_view table) const = 0;
+  // A select of the last key that a table has handed out, and what keeps it from handing out keys up to `last`; none
+  // where keys are handed out from what the table holds.
+  virtual std::string LastKey(const Table& /*table*/) const { return {}; }
+  virtual std::vector<std::string> RaiseKeys(const Table& /*table*/, std::int32_t /*last*/) const { return {}; }
   // Has the database itself put down what is written to a table that is `logged`, as the table is in `version`; none
   // where each connection sees to that. Replaces what is there.
   virtual std::vector<std::string> LogChanges(const Table& /*table*/, int /*version*/) const { return {}; }

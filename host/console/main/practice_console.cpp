@@ -6,6 +6,7 @@
 
 #include "console/check_command.h"
 #include "console/cluster_command.h"
+#include "console/copy_command.h"
 #include "console/demo_command.h"
 #include "console/describe_command.h"
 #include "console/log_command.h"
@@ -35,6 +36,9 @@ constexpr const char* kUsage =
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
     "[--row-guids] [--group]\n"
     "                                          makes a demo practice; with --group your group may work in it too\n"
+    "practice_console copy FROM TO             copies a practice from URL to URL, which is vacant or holds such a copy "
+    "that\n"
+    "                                          was broken off, and compares both\n"
     "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
     "                                          who changed what and when, and who logged in\n"
     "practice_console check --database URL [--mend]\n"
@@ -284,6 +288,14 @@ int RunCommand(Words& words) {
   }
   if (command == "check") {
     return CheckPractice(words);
+  }
+  if (command == "copy") {
+    const std::string from = words.Take();
+    const std::string to = words.Take();
+    if (!words.AtEnd()) {
+      throw UsageError();
+    }
+    return host::RunCopy(from, to, std::cout) ? 0 : 1;
   }
   if (command == "cluster" && words.AtEnd()) {
     host::RunCluster(std::cin, std::cout);

@@ -52,6 +52,11 @@ std::string TableOf(const Table& table, const CreationOptions& options, int vers
   return text + ")";
 }
 
+// What hands out the keys of a table.
+std::string SequenceOf(const Table& table) {
+  return forms::ToLower(std::string(table.name) + "_" + std::string(table.key)) + "_seq";
+}
+
 // Null comes first in every order of the screens' statements, so it does in the indexes.
 std::string IndexOf(const Table& table, const Index& index) {
   std::string columns = IndexedExpression(index);
@@ -96,7 +101,7 @@ std::vector<std::string> PostgresSchema::CreateTable(const Table& table, const C
                                                      int version) const {
   const std::string name(table.name);
   const std::string key(table.key);
-  const std::string arguments = "('" + forms::ToLower(key) + "', '" + forms::ToLower(name + "_" + key) + "_seq')";
+  const std::string arguments = "('" + forms::ToLower(key) + "', '" + SequenceOf(table) + "')";
   // Keys are unique within an office. What triggers write is no row that the session inserted.
   return {TableOf(table, options, version), IndexOf(table, {.columns = table.key, .unique = true}),
           "CREATE TRIGGER " + name + "_give_key BEFORE INSERT ON " + name + " FOR EACH ROW WHEN (NEW." + key +
@@ -125,6 +130,15 @@ std::vector<std::string> PostgresSchema::LogChanges(const Table& table, int vers
 
 std::vector<std::string> PostgresSchema::Finish() const {
   return {std::string(kAdmitDesks)};
+}
+
+std::string PostgresSchema::LastKey(const Table& table) const {
+  return "SELECT CASE WHEN is_called THEN last_value ELSE last_value - 1 END FROM " + SequenceOf(table);
+}
+
+std::vector<std::string> PostgresSchema::RaiseKeys(const Table& table, std::int32_t last) const {
+  const std::string number = std::to_string(last);
+  return {"SELECT setval('" + SequenceOf(table) + "', " + number + ") WHERE " + number + " > (" + LastKey(table) + ")"};
 }
 
 }  // namespace host

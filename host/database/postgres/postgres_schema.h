@@ -32,6 +32,8 @@ class PostgresSchema : public SchemaWriter {
   std::vector<std::string> AddColumn(const Table& table, const Column& column) const override;
   std::vector<std::string> CreateIndex(const Table& table, const Index& index) const override;
   std::vector<std::string> DropTable(std::string_view table) const override;
+  std::string LastKey(const Table& table) const override;
+  std::vector<std::string> RaiseKeys(const Table& table, std::int32_t last) const override;
   std::vector<std::string> LogChanges(const Table& table, int version) const override;
   std::vector<std::string> Finish() const override;
 };

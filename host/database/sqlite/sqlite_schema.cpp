@@ -115,4 +115,14 @@ std::vector<std::string> SqliteSchema::DropTable(std::string_view table) const {
   return {"DROP TABLE IF EXISTS " + name, "DELETE FROM IdentityTable WHERE TableName='" + name + "'"};
 }
 
+std::string SqliteSchema::LastKey(const Table& table) const {
+  return "SELECT LastID FROM IdentityTable WHERE TableName='" + std::string(table.name) + "'";
+}
+
+std::vector<std::string> SqliteSchema::RaiseKeys(const Table& table, std::int32_t last) const {
+  const std::string number = std::to_string(last);
+  return {"UPDATE IdentityTable SET LastID=" + number + " WHERE TableName='" + std::string(table.name) +
+          "' AND LastID<" + number};
+}
+
 }  // namespace host

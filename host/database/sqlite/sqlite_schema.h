@@ -14,6 +14,8 @@ class SqliteSchema final : public SchemaWriter {
   std::vector<std::string> AddColumn(const Table& table, const Column& column) const override;
   std::vector<std::string> CreateIndex(const Table& table, const Index& index) const override;
   std::vector<std::string> DropTable(std::string_view table) const override;
+  std::string LastKey(const Table& table) const override;
+  std::vector<std::string> RaiseKeys(const Table& table, std::int32_t last) const override;
 };
 
 }  // namespace host

@@ -1,0 +1,68 @@
+#include "console/copy_command.h"
+
+#include <csignal>
+
+#include "practice/copy_practice.h"
+
+namespace host {
+namespace {
+
+using Step = CopyProgress::Step;
+
+// Rows between two lines about one table.
+constexpr std::int64_t kRowsALine = 50000;
+
+volatile std::sig_atomic_t stopped = 0;
+
+void Stop(int /*signal*/) {
+  stopped = 1;
+}
+
+// Tells of each table once, and now and then within a large one.
+class Report {
+ public:
+  explicit Report(std::ostream& output) : output_(output) {}
+
+  void Hear(const CopyProgress& progress) {
+    if (progress.step == Step::Copied) {
+      Tell(progress, " rows copied");
+    } else if (progress.step == Step::Same) {
+      Tell(progress, " rows, the same in both");
+    } else if (progress.rows >= told_ + kRowsALine) {
+      told_ = progress.rows;
+      Tell(progress, progress.step == Step::Copying ? " rows so far" : " rows compared so far");
+      return;
+    } else {
+      return;
+    }
+    told_ = 0;
+  }
+
+ private:
+  void Tell(const CopyProgress& progress, const char* what) {
+    if (progress.rows > 0) {
+      output_ << progress.table << ": " << progress.rows << what << std::endl;
+    }
+  }
+
+  std::ostream& output_;
+  std::int64_t told_ = 0;
+};
+
+}  // namespace
+
+bool RunCopy(const std::string& from, const std::string& to, std::ostream& output) {
+  stopped = 0;
+  const auto before = std::signal(SIGINT, Stop);
+  Report report(output);
+  const bool whole = CopyPractice(from, to, [&](const CopyProgress& progress) {
+    report.Hear(progress);
+    return stopped == 0;
+  });
+  std::signal(SIGINT, before);
+  output << (whole ? "The practice is copied. Its letters and other files are not in the database: copy them too.\n"
+                   : "Stopped; the same command goes on from here.\n");
+  return whole;
+}
+
+}  // namespace host
