@@ -91,8 +91,9 @@ Variant PracticeObject::LogIn(const CallArguments& arguments) const {
   if (!answer) {
     Refuse("User name and password do not belong together.");
   }
-  const auto own = std::make_shared<OwnSession>(practice_, office, std::move(answer.login->rights),
-                                                ThisMachine(data_folder_, FolderOf(automation::ModulePath())));
+  const auto own =
+      std::make_shared<OwnSession>(practice_, office, std::move(answer.login->rights),
+                                   ThisMachine(data_folder_, automation::ToUtf8(automation::ModuleFolder())));
   const auto session = MakeSessionObject(std::shared_ptr<session::Session>(own, &own->session));
   return Variant::Of(session.Get());
 }

@@ -21,6 +21,9 @@ TEST(DataFolder, IsNamedAfterServerAndDatabaseAndNothingElse) {
             "/own/db.example_5432_practice");
   EXPECT_EQ(DataFolderOf("postgresql://db.example:5432/practice", "/own"), "/own/db.example_5432_practice");
   EXPECT_EQ(DataFolderOf("postgresql://ada@/practice?host=/run/pg&port=1", "/own"), "/own/run_pg_practice");
+  EXPECT_EQ(DataFolderOf("odbc:DSN=practice;UID=ada;PWD=secret", "/own"), "/own/practice");
+  EXPECT_EQ(DataFolderOf("odbc:Driver={PostgreSQL Unicode};server=db.example;PWD={a;DSN=x};Database=practice", "/own"),
+            "/own/db.example_practice");
   EXPECT_EQ(DataFolderOf("postgresql:///../..", "/own"), "/own/practice.._..");
 }
 

@@ -17,7 +17,8 @@ namespace {
 
 constexpr std::string_view kUsage =
     "practice_desk [--database URL]\n\n"
-    "--database URL: the practice, as sqlite:PATH; without it a demo practice in your local data folder.\n"
+    "--database URL: the practice, as sqlite:PATH or odbc:CONNECTION-STRING; without it a demo practice in your local "
+    "data folder.\n"
     "The editing screens are those of the TWSESC22.dll beside this program.";
 
 void Tell(const std::string& what, long icon) {
