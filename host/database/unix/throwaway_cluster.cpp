@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
@@ -25,8 +26,11 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kUser = "postgres";  // whose the server is where this process is root's
-// Sockets' paths are short, and the server's user must reach them.
-constexpr const char* kParent = "/tmp";
+// Sockets' paths are short, and the server's user must reach them. In memory the hundreds of files of a database are
+// made four times as fast.
+constexpr const char* kInMemory = "/dev/shm";
+constexpr const char* kOnDisk = "/tmp";
+constexpr std::uintmax_t kRoomInMemory = 4'000'000'000;
 constexpr std::string_view kPrefix = "practice_postgres-";
 constexpr const char* kLockFile = "owner";
 constexpr auto kPatience = std::chrono::seconds(60);
@@ -115,9 +119,9 @@ void AwaitEnd(const fs::path& folder) {
 }
 
 // Removes the folders of processes that were killed.
-void RemoveLeft() {
+void RemoveLeft(const char* parent) {
   std::error_code not_ours;
-  for (const auto& entry : fs::directory_iterator(kParent, not_ours)) {
+  for (const auto& entry : fs::directory_iterator(parent, not_ours)) {
     if (!entry.path().filename().string().starts_with(kPrefix)) {
       continue;
     }
@@ -174,16 +178,20 @@ ThrowawayCluster::~ThrowawayCluster() {
 }
 
 void ThrowawayCluster::MakeFolder() {
-  RemoveLeft();
+  RemoveLeft(kInMemory);
+  RemoveLeft(kOnDisk);
   const bool installed = !Programs().empty() || std::system("command -v postgres initdb > /dev/null 2>&1") == 0;
   const passwd* user = geteuid() == 0 ? getpwnam(kUser) : nullptr;
   if (!installed || (geteuid() == 0 && user == nullptr)) {
     Fail("PostgreSQL is not installed (tools/setup does it).");
   }
+  std::error_code unknown;
+  const std::uintmax_t room = fs::space(kInMemory, unknown).available;
+  const std::string parent = !unknown && room > kRoomInMemory && access(kInMemory, W_OK) == 0 ? kInMemory : kOnDisk;
   while (lock_ < 0) {
-    std::string pattern = std::string(kParent) + "/" + std::string(kPrefix) + "XXXXXX";
+    std::string pattern = parent + "/" + std::string(kPrefix) + "XXXXXX";
     if (mkdtemp(pattern.data()) == nullptr) {
-      Fail(std::string("No folder for PostgreSQL can be made in ") + kParent + ".");
+      Fail("No folder for PostgreSQL can be made in " + parent + ".");
     }
     folder_ = pattern;
     lock_ = Lock(folder_, O_CREAT | O_EXCL);
