@@ -59,7 +59,7 @@ bool RunCopy(const std::string& from, const std::string& to, std::ostream& outpu
     report.Hear(progress);
     return stopped == 0;
   });
-  std::signal(SIGINT, before);
+  (void)std::signal(SIGINT, before);
   output << (whole ? "The practice is copied. Its letters and other files are not in the database: copy them too.\n"
                    : "Stopped; the same command goes on from here.\n");
   return whole;

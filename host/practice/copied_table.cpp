@@ -26,7 +26,7 @@ Value ParsedNumber(const Value& value) {
 }
 
 Value WholeNumber(const Value& value) {
-  const Value number = ParsedNumber<std::int64_t>(value);
+  Value number = ParsedNumber<std::int64_t>(value);
   const auto* real = std::get_if<double>(&number);
   if (real != nullptr && std::trunc(*real) == *real && std::abs(*real) < std::numeric_limits<std::int32_t>::max()) {
     return static_cast<std::int64_t>(*real);

@@ -63,20 +63,20 @@ std::optional<RowPlace> CopyNotes::Behind(const Table& table) const {
   return note->Eof() ? std::nullopt : std::optional(RowPlace{session::ToId(note->Get(0)), session::ToId(note->Get(1))});
 }
 
-void CopyNotes::Note(const Table& table, const RowPlace& place) {
+void CopyNotes::Note(const Table& table, const RowPlace& place) const {
   target_.connection->Execute("DELETE FROM CopyTable" + Named(table));
   target_.connection->Execute("INSERT INTO CopyTable (CopTab, CopKey, CopOff) VALUES ('" + std::string(table.name) +
                               "', " + std::to_string(place.key) + ", " + std::to_string(place.office) + ")");
 }
 
-void CopyNotes::Forget(const Table& table) {
+void CopyNotes::Forget(const Table& table) const {
   session::Transaction transaction(*target_.connection);
   target_.connection->Execute("DELETE FROM " + std::string(table.name));
   target_.connection->Execute("DELETE FROM CopyTable" + Named(table));
   transaction.Commit();
 }
 
-void CopyNotes::Finish() {
+void CopyNotes::Finish() const {
   for (const char* statement :
        {"INSERT INTO SchemaTable (SchVersion, SchKind, SchOffice, SchOffices, SchRowGuids) SELECT SchVersion, SchKind, "
         "SchOffice, SchOffices, SchRowGuids FROM CopySchemaTable",

@@ -20,11 +20,11 @@ class CopyNotes {
   // How far a table has come; nothing before its first row.
   std::optional<RowPlace> Behind(const Table& table) const;
   // In the transaction that brings the rows.
-  void Note(const Table& table, const RowPlace& place);
+  void Note(const Table& table, const RowPlace& place) const;
   // The table is copied anew.
-  void Forget(const Table& table);
+  void Forget(const Table& table) const;
   // The target is a practice from now on.
-  void Finish();
+  void Finish() const;
 
  private:
   PracticeDatabase& target_;

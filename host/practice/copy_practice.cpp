@@ -26,7 +26,7 @@ std::string ValuesOf(const CopiedTable::Row& row) {
 // Brings rows to the target, many a transaction, each with the note of how far it came.
 class RowWriter {
  public:
-  RowWriter(PracticeDatabase& target, CopyNotes& notes, const CopiedTable& table)
+  RowWriter(PracticeDatabase& target, const CopyNotes& notes, const CopiedTable& table)
       : target_(target), notes_(notes), table_(table) {}
 
   // True when that brought rows to the target.
@@ -84,14 +84,14 @@ class RowWriter {
   }
 
   PracticeDatabase& target_;
-  CopyNotes& notes_;
+  const CopyNotes& notes_;
   const CopiedTable& table_;
   std::vector<Written> rows_;
   std::size_t size_ = 0;
 };
 
-bool CopyRows(const PracticeDatabase& source, PracticeDatabase& target, CopyNotes& notes, const CopiedTable& table,
-              const WhileCopying& told) {
+bool CopyRows(const PracticeDatabase& source, PracticeDatabase& target, const CopyNotes& notes,
+              const CopiedTable& table, const WhileCopying& told) {
   CopyProgress progress{.table = table.Of().name};
   RowWriter writer(target, notes, table);
   bool goes_on = told(progress);
@@ -129,7 +129,7 @@ std::optional<bool> Compare(const PracticeDatabase& source, const PracticeDataba
 }
 
 // Nothing when it was stopped; the tables that are not the same in both otherwise.
-std::optional<std::string> Differences(const PracticeDatabase& source, PracticeDatabase& target, CopyNotes& notes,
+std::optional<std::string> Differences(const PracticeDatabase& source, PracticeDatabase& target, const CopyNotes& notes,
                                        const WhileCopying& told) {
   // Nobody writes to a file meanwhile.
   std::optional<session::Transaction> still;
@@ -170,7 +170,7 @@ bool CopyPractice(const std::string& from, const std::string& to, const WhileCop
   CreationOptions options = source.options;
   options.group = source.access == Access::Group;
   PracticeDatabase target = OpenNewDatabase(to, options);
-  CopyNotes notes(target, source.options);
+  const CopyNotes notes(target, source.options);
   for (const Table& table : PracticeTables()) {
     if (!CopyRows(source, target, notes, CopiedTable(table, source.options), told)) {
       return false;

@@ -77,6 +77,7 @@ pid_t Spawn(const std::string& program, const std::vector<std::string>& argument
   words.push_back((Programs() / program).string());
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) {
     pointers.push_back(word.data());
   }
@@ -264,7 +265,7 @@ std::string ThrowawayCluster::Url(std::string_view database) const {
 
 std::string ThrowawayCluster::MakeDatabase(std::string_view stem, std::string_view copy_of) {
   static const unsigned chance = std::random_device()();
-  const std::string name =
+  std::string name =
       std::string(stem) + "_" + std::to_string(getpid()) + "_" + std::to_string(chance) + "_" + std::to_string(++made_);
   Run("CREATE DATABASE " + name + " TEMPLATE " + (copy_of.empty() ? "template0" : std::string(copy_of)));
   databases_.insert(name);

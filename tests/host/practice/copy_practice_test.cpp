@@ -140,7 +140,7 @@ bool IsKilled(const std::string& from, const std::string& to, std::string_view t
     try {
       CopyPractice(from, to, [&](const CopyProgress& progress) {
         if (progress.table == table && progress.step == step) {
-          raise(SIGKILL);
+          (void)raise(SIGKILL);
         }
         return true;
       });

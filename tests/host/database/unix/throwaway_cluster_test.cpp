@@ -51,7 +51,7 @@ TEST(ThrowawayCluster, EndsWithAKilledProcess) {
     const ThrowawayCluster cluster(ThrowawayCluster::Own{});
     const std::string url = cluster.Url("postgres");
     (void)!write(told[1], url.data(), url.size());
-    raise(SIGKILL);
+    (void)raise(SIGKILL);
   }
   close(told[1]);
   std::array<char, 1000> url{};
