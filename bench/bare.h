@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <memory>
 #include <stdexcept>
@@ -82,9 +83,9 @@ class BareSqlite final : public BareEngine {
 // Few rows of a select come one by one, as whoever shows a page would have it; all else comes whole.
 class BarePostgres final : public BareEngine {
  public:
-  explicit BarePostgres(const std::string& url) : connection_(PQconnectdb(url.c_str())) {
+  explicit BarePostgres(const std::string& url)
+      : connection_(PQconnectdb(url.c_str())), cancel_(PQgetCancel(connection_)) {
     Run("SET search_path = practice, public");
-    cancel_ = PQgetCancel(connection_);
   }
   BarePostgres(const BarePostgres&) = delete;
   BarePostgres& operator=(const BarePostgres&) = delete;
@@ -114,9 +115,9 @@ class BarePostgres final : public BareEngine {
     return read;
   }
   void GiveUpRest() override {
-    char why[256];
+    std::array<char, 256> why{};
     if (PQtransactionStatus(connection_) == PQTRANS_ACTIVE) {
-      PQcancel(cancel_, why, sizeof why);
+      PQcancel(cancel_, why.data(), static_cast<int>(why.size()));
     }
     while (PGresult* row = PQgetResult(connection_)) {
       PQclear(row);
