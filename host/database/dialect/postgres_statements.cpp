@@ -15,27 +15,6 @@ bool IsAt(const Tokens& tokens, std::size_t i, std::string_view word) {
   return i < tokens.size() && tokens[i].Is(word);
 }
 
-std::string_view NameOf(ColumnType type) {
-  switch (type) {
-    case ColumnType::Int:
-      return "int";
-    case ColumnType::SmallInt:
-      return "smallint";
-    case ColumnType::Money:
-      return "numeric(19,4)";
-    case ColumnType::Real:
-      return "float8";
-    case ColumnType::Text:
-    case ColumnType::Memo:
-      return "citext";
-    case ColumnType::DateTime:
-      return "timestamp(0)";
-    case ColumnType::Guid:
-      return "uuid";
-  }
-  return {};
-}
-
 // Of a new table; a text's size is checked.
 void RenameColumns(Tokens& statement, Edits& edits, Groups& groups) {
   const std::size_t open = FindWord(statement, 0, "TABLE") + 2;
@@ -49,7 +28,7 @@ void RenameColumns(Tokens& statement, Edits& edits, Groups& groups) {
       continue;
     }
     const bool sized = type + 2 < column.end && statement[type + 1].Is('(');
-    Tokens words = Words(NameOf(*named));
+    Tokens words = Words(PostgresType(*named));
     if (named == ColumnType::Text && sized && statement[type + 2].IsNumber()) {
       Tokens check = Words("CHECK (length(");
       check.push_back({statement[column.begin].kind, statement[column.begin].text, false});
@@ -77,7 +56,7 @@ void RenameCasts(Tokens& statement, Edits& edits, Operands& operands) {
     if (!named) {
       continue;
     }
-    edits.Replace(type, end, Words(NameOf(*named)));
+    edits.Replace(type, end, Words(PostgresType(*named)));
     if (!IsText(named) || operands.End(i + 2) != type - 1) {
       continue;
     }
@@ -89,6 +68,27 @@ void RenameCasts(Tokens& statement, Edits& edits, Operands& operands) {
 }
 
 }  // namespace
+
+std::string_view PostgresType(ColumnType type) {
+  switch (type) {
+    case ColumnType::Int:
+      return "int";
+    case ColumnType::SmallInt:
+      return "smallint";
+    case ColumnType::Money:
+      return "numeric(19,4)";
+    case ColumnType::Real:
+      return "float8";
+    case ColumnType::Text:
+    case ColumnType::Memo:
+      return "citext";
+    case ColumnType::DateTime:
+      return "timestamp(0)";
+    case ColumnType::Guid:
+      return "uuid";
+  }
+  return {};
+}
 
 void UnjoinDeleted(Tokens& statement) {
   if (!IsAt(statement, 1, "FROM")) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string_view>
+
 #include "database/dialect/sql_tokens.h"
+#include "database/schema.h"
 
 // Statements, functions and types that PostgreSQL writes otherwise.
 namespace host::sql {
@@ -13,5 +16,7 @@ void SelectVisibleTables(Tokens& statement);
 void RenameFunctions(Tokens& statement);
 // "nvarchar(40)", "datetime", "money": in casts and in a new table.
 void RenameTypes(Tokens& statement);
+// The type that a column of the schema has, without its size.
+std::string_view PostgresType(ColumnType type);
 
 }  // namespace host::sql

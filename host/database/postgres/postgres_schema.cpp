@@ -1,5 +1,6 @@
 #include "database/postgres/postgres_schema.h"
 
+#include "database/dialect/postgres_statements.h"
 #include "database/postgres/postgres_change_log.h"
 #include "database/postgres/postgres_ground.h"
 #include "database/postgres/postgres_roles.h"
@@ -9,25 +10,10 @@ namespace host {
 namespace {
 
 std::string Type(const Column& column) {
-  switch (column.type) {
-    case ColumnType::Int:
-      return "int";
-    case ColumnType::SmallInt:
-      return "smallint";
-    case ColumnType::Money:
-      return "numeric(19,4)";
-    case ColumnType::Real:
-      return "float8";
-    case ColumnType::Text:
-      return "citext CHECK (length(" + std::string(column.name) + ") <= " + std::to_string(column.size) + ")";
-    case ColumnType::Memo:
-      return "citext";
-    case ColumnType::DateTime:
-      return "timestamp(0)";
-    case ColumnType::Guid:
-      return "uuid";
-  }
-  return {};
+  const std::string type(sql::PostgresType(column.type));
+  return column.type == ColumnType::Text
+             ? type + " CHECK (length(" + std::string(column.name) + ") <= " + std::to_string(column.size) + ")"
+             : type;
 }
 
 std::string Definition(const Column& column) {
