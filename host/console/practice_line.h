@@ -19,6 +19,7 @@ struct PracticeLine {
   bool demo = false;
   bool files = false;  // with the letters and templates of a demo practice in the data folder
   std::string engine{kSqlite};
+  bool as_desk = false;  // on a server: as a desk's login, which may do no more than it needs
   PracticeOptions options = {};
 };
 

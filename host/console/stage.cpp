@@ -216,7 +216,7 @@ void Stage::SetSetting(std::string section, std::string key, std::string value) 
 }
 
 void Stage::Refuse(Refusal refusal) {
-  const PracticeDatabase& database = practice_.practice.Database();
+  const PracticeDatabase& database = practice_.ForSettingUp();
   for (const std::string& statement : host::Refuse(*database.schema, refusal, refusals_.size())) {
     database.connection->Execute(statement);
   }
@@ -224,7 +224,7 @@ void Stage::Refuse(Refusal refusal) {
 }
 
 void Stage::AllowAll() {
-  const PracticeDatabase& database = practice_.practice.Database();
+  const PracticeDatabase& database = practice_.ForSettingUp();
   for (; !refusals_.empty(); refusals_.pop_back()) {
     for (const std::string& statement : Allow(*database.schema, refusals_.back(), refusals_.size() - 1)) {
       database.connection->Execute(statement);
@@ -237,6 +237,9 @@ void Stage::HoldForAnother(std::string_view table, std::int32_t id, bool silent)
 }
 
 std::unique_ptr<session::Recordset> Stage::Run(const std::string& sql) {
+  if (practice_.owners) {
+    return practice_.owners->Run(sql);
+  }
   return session_->Connection().Execute(session_->Office().PrepareSQL(sql, 1));
 }
 

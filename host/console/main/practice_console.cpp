@@ -24,11 +24,13 @@ namespace {
 constexpr const char* kUsage =
     "practice_console                          the scenario language, typed by hand, on an empty practice\n"
     "practice_console --database URL           the same on the practice at sqlite:PATH\n"
-    "practice_console run [--engine sqlite|postgres] [--kind N] [--row-guids] FILE...\n"
+    "practice_console run [--engine sqlite|postgres [--as-desk]] [--kind N] [--row-guids] FILE...\n"
     "                                          runs scenario files; a practice is so where its block does not say "
     "otherwise. Of\n"
     "                                          another kind, or with row GUIDs, the texts of statements are not "
-    "checked\n"
+    "checked;\n"
+    "                                          as a desk the screens work with a login that may do no more than "
+    "`roles` grants\n"
     "practice_console cluster                  starts a PostgreSQL server for tests, prints its URL, ends with its "
     "input\n"
     "practice_console describe [FORM]          a form's controls, or all forms': name, kind, caption, column, tip,\n"
@@ -240,6 +242,8 @@ int RunFiles(Words& words) {
       if (!host::IsEngine(options.unnamed.engine)) {
         throw UsageError();
       }
+    } else if (word == "--as-desk") {
+      options.unnamed.as_desk = true;
     } else if (word == "--kind") {
       options.unnamed.options.kind = words.TakeNumber();
       options.checks_statements = false;
@@ -250,7 +254,7 @@ int RunFiles(Words& words) {
       files.push_back(std::move(word));
     }
   }
-  if (files.empty()) {
+  if (files.empty() || (options.unnamed.as_desk && options.unnamed.engine != host::kPostgres)) {
     throw UsageError();
   }
   return host::RunScenarioFiles(files, std::cout, options).failed == 0 ? 0 : 1;

@@ -61,13 +61,24 @@ std::string Quoted(std::string_view text) {
   throw session::DatabaseError(why, {}, 0);
 }
 
-// The recall screen makes it before the first recall is saved, which a desk's login may not.
+// The recall screen makes a copy of all offices' recalls before it saves the first one, which a desk's login may not.
+// Where there is none yet, the first change makes it for whoever that is.
 std::string MakeRecallBackup() {
   std::string columns;
   for (const Column& column : FindTable("RSTable")->columns) {
     columns += std::string(column.name) + ", ";
   }
-  return "CREATE TABLE IF NOT EXISTS RSTableBackup AS SELECT " + columns + "OfficeID FROM RSTable";
+  columns += "OfficeID";
+  return "CREATE TABLE RSTableBackup AS SELECT " + columns +
+         " FROM RSTable WITH NO DATA; "
+         "CREATE OR REPLACE FUNCTION practice.back_up_recalls() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
+         "SET search_path = practice, public, pg_temp AS $$ "
+         "BEGIN IF NOT EXISTS (SELECT FROM RSTableBackup) THEN INSERT INTO RSTableBackup SELECT " +
+         columns +
+         " FROM RSTable; END IF; RETURN NULL; END $$; "
+         "REVOKE ALL ON FUNCTION practice.back_up_recalls() FROM PUBLIC; "
+         "CREATE OR REPLACE TRIGGER RSTable_back_up BEFORE UPDATE ON RSTable "
+         "FOR EACH STATEMENT EXECUTE FUNCTION practice.back_up_recalls()";
 }
 
 }  // namespace
@@ -95,7 +106,9 @@ bool AdmitDesk(session::Connection& connection, const CreationOptions& options, 
     Refuse("The practice has several offices. Please name those that the login may enter.");
   }
   session::Transaction transaction(connection);
-  connection.Execute(MakeRecallBackup());
+  if (session::IsNull(connection.Execute("SELECT to_regclass('RSTableBackup')::text")->Get(0))) {
+    connection.Execute(MakeRecallBackup());
+  }
   connection.Execute("DELETE FROM DeskTable WHERE DeskLogin = " + name);
   if (!guarded) {
     connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", NULL)");

@@ -173,6 +173,13 @@ ThrowawayCluster::~ThrowawayCluster() {
         continue;  // it goes with the cluster
       }
     }
+    for (const std::string& login : logins_) {
+      try {
+        Run("DROP ROLE " + login);
+      } catch (const std::runtime_error&) {
+        continue;
+      }
+    }
   } else {
     Stop();
   }
@@ -258,15 +265,30 @@ void ThrowawayCluster::Restart() {
   Start();
 }
 
-std::string ThrowawayCluster::Url(std::string_view database) const {
+std::string ThrowawayCluster::Url(std::string_view database, std::string_view login) const {
   std::string url = url_;
-  return url.replace(url.find("/*") + 1, 1, database);
+  url.replace(url.find("/*") + 1, 1, database);
+  if (!login.empty()) {
+    const std::size_t authority = url.find("://") + 3;
+    const std::size_t at = url.find('@');
+    url.replace(authority, at == std::string::npos ? 0 : at + 1 - authority, std::string(login) + "@");
+  }
+  return url;
+}
+
+std::string ThrowawayCluster::NewName(std::string_view stem) {
+  static const unsigned chance = std::random_device()();
+  return std::string(stem) + "_" + std::to_string(getpid()) + "_" + std::to_string(chance) + "_" +
+         std::to_string(++made_);
+}
+
+std::string ThrowawayCluster::MakeLogin(std::string_view stem) {
+  Run("CREATE ROLE " + logins_.emplace_back(NewName(stem)) + " LOGIN");
+  return logins_.back();
 }
 
 std::string ThrowawayCluster::MakeDatabase(std::string_view stem, std::string_view copy_of) {
-  static const unsigned chance = std::random_device()();
-  std::string name =
-      std::string(stem) + "_" + std::to_string(getpid()) + "_" + std::to_string(chance) + "_" + std::to_string(++made_);
+  std::string name = NewName(stem);
   Run("CREATE DATABASE " + name + " TEMPLATE " + (copy_of.empty() ? "template0" : std::string(copy_of)));
   databases_.insert(name);
   return name;

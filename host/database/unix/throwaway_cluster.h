@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace host {
 
@@ -24,11 +25,13 @@ class ThrowawayCluster {
   // Drops what it has made. A copy of this process by fork does nothing.
   ~ThrowawayCluster();
 
-  // The URL of one of its databases.
-  std::string Url(std::string_view database) const;
+  // The URL of one of its databases; as a login of `MakeLogin`, or as the superuser.
+  std::string Url(std::string_view database, std::string_view login = {}) const;
   // Makes a database, without tables or as a copy of one that nobody is connected to. Its name: the stem, which is
   // made of lower-case letters, digits and underscores, and what tells it from those of other processes.
   std::string MakeDatabase(std::string_view stem, std::string_view copy_of = {});
+  // Makes a login that may do nothing yet, called as databases are. It needs no password.
+  std::string MakeLogin(std::string_view stem);
   // Ends its connections, too.
   void DropDatabase(const std::string& name);
   // Stops the server at once and starts it again, as after a crash; one of its own only.
@@ -42,10 +45,12 @@ class ThrowawayCluster {
  private:
   void MakeFolder();
   void Stop();
+  std::string NewName(std::string_view stem);
 
   pid_t owner_;
   std::string url_;  // without its path, with "*" in its place
   std::set<std::string> databases_;
+  std::vector<std::string> logins_;
   int made_ = 0;
   // Of one of its own.
   std::filesystem::path folder_;
