@@ -80,12 +80,13 @@ class BareSqlite final : public BareEngine {
   long read_ = 0;
 };
 
-// Few rows of a select come one by one, as whoever shows a page would have it; all else comes whole.
+// Few rows of a select come one by one, as whoever shows a page would have it; all else comes whole. What it changes
+// goes into the change log, as what a desk changes.
 class BarePostgres final : public BareEngine {
  public:
   explicit BarePostgres(const std::string& url)
       : connection_(PQconnectdb(url.c_str())), cancel_(PQgetCancel(connection_)) {
-    Run("SET search_path = practice, public");
+    Run("SET search_path = practice, public; SET practice.author = 'bench'; SET practice.moment = '2024-02-29'");
   }
   BarePostgres(const BarePostgres&) = delete;
   BarePostgres& operator=(const BarePostgres&) = delete;

@@ -17,10 +17,11 @@
 #include "forms/user.h"
 #include "practice/demo.h"
 #include "practice/host_session.h"
+#include "practice/settings.h"
 
 namespace bench {
 
-// Keeps the prepared statements, in order, and the seconds that holding records took.
+// Keeps the prepared statements, those that read settings too, in order, and the seconds that holding records took.
 class PreparedSession : public host::HostSession {
  public:
   using HostSession::HostSession;
@@ -31,11 +32,20 @@ class PreparedSession : public host::HostSession {
   std::string PrepareSQL(const std::string& sql, int flag) const override {
     return prepared.emplace_back(HostSession::PrepareSQL(sql, flag));
   }
+  std::string OfficeSetting(std::string_view section, std::string_view key) const override {
+    return host::ReadOfficeSetting(self_, section, key);
+  }
+  std::string UserOption(std::string_view section, std::string_view key) const override {
+    return host::ReadUserOption(self_, UserName(), section, key);
+  }
   std::optional<session::RecordHolder> HoldRecord(std::string_view table, std::int32_t id) override {
     std::optional<session::RecordHolder> holder;
     holding += Time([&] { holder = HostSession::HoldRecord(table, id); });
     return holder;
   }
+
+ private:
+  session::Session& self_ = *this;
 };
 
 // A person who agrees to every question and does `acts` in every window.

@@ -47,17 +47,17 @@ std::optional<session::Value> Ask(session::Connection& connection, const std::st
   }
 }
 
-// A machine that was switched off does not end its connection: the server notices by asking it.
-bool TryLock(session::Connection& connection, const LockedRecord& record) {
-  const auto taken = Ask(connection,
-                         "SET tcp_keepalives_idle=20; SET tcp_keepalives_interval=10; SET tcp_keepalives_count=4; "
-                         "SELECT CASE WHEN pg_try_advisory_lock(" +
-                             Number(record) + ") THEN 1 ELSE 0 END");
-  return taken && session::ToId(*taken) == 1;
-}
+// Which of the server's processes answers.
+constexpr const char* kBackend = "pg_catalog.concat(pg_backend_pid(), ' ', pg_postmaster_start_time())";
 
-bool Holds(session::Connection& connection, const LockedRecord& record) {
-  return Ask(connection, "SELECT 1 FROM " + Granted(record) + " AND l.pid=pg_backend_pid()").has_value();
+// The process that holds the record from now on, or nothing where somebody else holds it. A machine that was switched
+// off does not end its connection: the server notices by asking it.
+std::optional<std::string> TryLock(session::Connection& connection, const LockedRecord& record) {
+  const auto backend = Ask(connection,
+                           "SET tcp_keepalives_idle=20; SET tcp_keepalives_interval=10; SET tcp_keepalives_count=4; "
+                           "SELECT " +
+                               std::string(kBackend) + " WHERE pg_try_advisory_lock(" + Number(record) + ")");
+  return backend ? std::optional(session::ToText(*backend)) : std::nullopt;
 }
 
 // The beginning of a text as printable ASCII without '%' and '@', of at most so many bytes.
@@ -133,8 +133,8 @@ std::optional<RecordLock> AdvisoryLocks::Take(const LockedRecord& record, const 
       return other->lock;
     }
     Holder& holder = HolderFor(lock);
-    if (TryLock(*holder.connection, record)) {
-      holder.held.insert(record);
+    if (auto backend = TryLock(*holder.connection, record)) {
+      holder.held[record] = std::move(*backend);
       return std::nullopt;
     }
     if (auto other = Read(record)) {
@@ -167,9 +167,15 @@ std::optional<RecordLock> AdvisoryLocks::Read(const LockedRecord& record) {
   return lock;
 }
 
-// One that has fallen is taken again; one that somebody else has taken meanwhile is lost for good.
+// What a process held fell with it. It is taken again; what somebody else has taken meanwhile is lost for good.
 bool AdvisoryLocks::Renew(const LockedRecord& record, Holder& holder) {
-  if (Holds(*holder.connection, record) || TryLock(*holder.connection, record)) {
+  std::string& backend = holder.held.at(record);
+  const auto current = Ask(*holder.connection, "SELECT " + std::string(kBackend));
+  if (session::ToText(*current) == backend) {
+    return true;
+  }
+  if (auto another = TryLock(*holder.connection, record)) {
+    backend = std::move(*another);
     return true;
   }
   holder.held.erase(record);
@@ -186,7 +192,7 @@ void AdvisoryLocks::RenewAll(const std::string& session, std::chrono::sys_second
   const std::lock_guard guard(one_at_a_time_);
   for (auto& [key, holder] : holders_) {
     if (key.first == session) {
-      for (const LockedRecord& record : std::set(holder.held)) {
+      for (const auto& [record, backend] : std::map(holder.held)) {
         Renew(record, holder);
       }
     }
@@ -198,9 +204,7 @@ void AdvisoryLocks::Free(const LockedRecord& record, const std::string& session)
   Holder* holder = HolderOf(record);
   if (holder != nullptr && holder->lock.session == session) {
     holder->held.erase(record);
-    if (Holds(*holder->connection, record)) {
-      Ask(*holder->connection, "SELECT CASE WHEN pg_advisory_unlock(" + Number(record) + ") THEN 1 ELSE 0 END");
-    }
+    Ask(*holder->connection, "SELECT CASE WHEN pg_advisory_unlock(" + Number(record) + ") THEN 1 ELSE 0 END");
   }
 }
 

@@ -6,7 +6,6 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -39,7 +38,7 @@ class AdvisoryLocks final : public LockTable {
   struct Holder {
     std::unique_ptr<session::Connection> connection;
     RecordLock lock;
-    std::set<LockedRecord> held;
+    std::map<LockedRecord, std::string> held;  // each with the server's process that holds it
   };
   using Holders = std::map<std::pair<std::string, std::string>, Holder>;
 

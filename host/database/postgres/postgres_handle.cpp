@@ -158,9 +158,6 @@ PostgresResult PostgresHandle::Next() {
     Await();
     PostgresResult result(PQgetResult(connection_.get()));
     if (result == nullptr) {
-      for (const auto& [name, value] : sending_) {
-        set_[name] = value;
-      }
       EndStatement();
       return nullptr;
     }
@@ -169,6 +166,7 @@ PostgresResult PostgresHandle::Next() {
       case PGRES_NONFATAL_ERROR:
       case PGRES_BAD_RESPONSE: {
         const session::DatabaseError refusal = Refused(RefusalOf(result.get()), statement_);
+        ForgetSending();
         Abandon();
         throw session::DatabaseError(refusal);
       }
@@ -201,6 +199,7 @@ PostgresResult PostgresHandle::Run(const PostgresSettings& settings, const std::
   return rows;
 }
 
+// Whether that was all.
 bool PostgresHandle::ReadWhatHasCome() {
   PGconn* connection = connection_.get();
   // A few more rows are read as soon as a server is told to stop.
@@ -210,32 +209,38 @@ bool PostgresHandle::ReadWhatHasCome() {
         (!IsReadable(PQsocket(connection), 0) || PQconsumeInput(connection) == 0 || PQisBusy(connection) != 0)) {
       return PQstatus(connection) != CONNECTION_OK;
     }
-    if (PostgresResult(PQgetResult(connection)) == nullptr) {
+    const PostgresResult result(PQgetResult(connection));
+    if (result == nullptr) {
       return true;
+    }
+    if (PQresultStatus(result.get()) == PGRES_FATAL_ERROR) {
+      ForgetSending();
     }
   }
   return false;
 }
 
+bool PostgresHandle::IsOver() noexcept {
+  if (under_way_ && ReadWhatHasCome()) {
+    EndStatement();
+  }
+  return !under_way_;
+}
+
 void PostgresHandle::Abandon() noexcept {
-  if (!under_way_) {
+  if (IsOver()) {
     return;
   }
-  for (const auto& [name, value] : sending_) {
-    set_.erase(name);
-  }
-  if (!ReadWhatHasCome()) {
-    Cancel();
-    const auto end = Clock::now() + kPatience;
-    PGconn* connection = connection_.get();
-    while (!ReadWhatHasCome()) {
-      if (Clock::now() > end) {
-        connection_.reset();
-        break;
-      }
-      if (PQisBusy(connection) != 0) {
-        IsReadable(PQsocket(connection), static_cast<int>(kBusyEvery.count()));
-      }
+  Cancel();
+  const auto end = Clock::now() + kPatience;
+  PGconn* connection = connection_.get();
+  while (!ReadWhatHasCome()) {
+    if (Clock::now() > end) {
+      connection_.reset();
+      break;
+    }
+    if (PQisBusy(connection) != 0) {
+      IsReadable(PQsocket(connection), static_cast<int>(kBusyEvery.count()));
     }
   }
   EndStatement();
@@ -284,10 +289,20 @@ void PostgresHandle::Tell(Clock::time_point now) {
   }
 }
 
+// A batch that fails takes its settings back.
+void PostgresHandle::ForgetSending() {
+  for (const auto& [name, value] : sending_) {
+    set_.erase(name);
+  }
+  sending_.clear();
+}
+
 void PostgresHandle::EndStatement() {
   under_way_ = false;
   Resume(false);
-  sending_.clear();
+  for (const auto& [name, value] : std::exchange(sending_, {})) {
+    set_[name] = value;
+  }
   if (std::exchange(waited_, false) && while_busy_) {
     while_busy_(session::Busy::Done);
   }
@@ -307,6 +322,7 @@ void PostgresHandle::Interrupt() {
 
 void PostgresHandle::Lose() {
   const std::string why = connection_ == nullptr ? "The server does not answer." : PQerrorMessage(connection_.get());
+  ForgetSending();
   EndStatement();
   throw Loss(why, statement_);
 }

@@ -40,6 +40,8 @@ class PostgresHandle {
   // The next result of what was sent, or the next row after `RowByRow`; null at the end. A failure ends the batch.
   PostgresResult Next();
   void RowByRow();
+  // Whether everything has been read, or has come and need not be.
+  bool IsOver() noexcept;
   // Gives up what has not been read; without a word.
   void Abandon() noexcept;
   // Sends a batch and reads it whole: the last rows that it has, or null.
@@ -71,6 +73,7 @@ class PostgresHandle {
   // Asks whoever waits for the statement; gives it up when they do.
   void Tell(Clock::time_point now);
   bool ReadWhatHasCome();
+  void ForgetSending();
   void Resume(bool running);
   void EndStatement();
   void Cancel() const;

@@ -16,6 +16,13 @@ PostgresReaders::PostgresReaders(const PostgresUrl& url, const PostgresSettings&
     : url_(url), fixed_(ForReaders(fixed)), while_busy_(while_busy) {}
 
 PostgresReaders::Lease PostgresReaders::Borrow() {
+  std::erase_if(stopping_, [&](auto& stopping) {
+    const bool stopped = stopping.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    if (stopped) {
+      Keep(stopping.get());
+    }
+    return stopped;
+  });
   std::unique_ptr<PostgresHandle> reader;
   while (reader == nullptr && !idle_.empty()) {
     reader = std::move(idle_.back());
@@ -33,7 +40,6 @@ PostgresReaders::Lease PostgresReaders::Borrow() {
 }
 
 void PostgresReaders::Take(PostgresHandle* reader) {
-  reader->Abandon();
   std::unique_ptr<PostgresHandle> taken;
   {
     const std::lock_guard lock(changing_);
@@ -41,8 +47,19 @@ void PostgresReaders::Take(PostgresHandle* reader) {
     taken = std::move(*found);
     lent_.erase(found);
   }
-  if (idle_.size() < kKept && taken->IsAlive()) {
-    idle_.push_back(std::move(taken));
+  if (taken->IsOver()) {
+    Keep(std::move(taken));
+    return;
+  }
+  stopping_.push_back(std::async(std::launch::async, [stopping = std::move(taken)]() mutable {
+    stopping->Abandon();
+    return std::move(stopping);
+  }));
+}
+
+void PostgresReaders::Keep(std::unique_ptr<PostgresHandle> reader) {
+  if (idle_.size() < kKept && reader->IsAlive()) {
+    idle_.push_back(std::move(reader));
   }
 }
 

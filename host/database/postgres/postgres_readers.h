@@ -1,5 +1,6 @@
 #pragma once
 
+#include <future>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -8,7 +9,8 @@
 
 namespace host {
 
-// Connections that read, each for one recordset at a time; they see what has been committed. A few are kept.
+// Connections that read, each for one recordset at a time; they see what has been committed. A few are kept. Nobody
+// waits while the server is told to stop what was not read to its end.
 class PostgresReaders {
  public:
   struct GiveBack {
@@ -26,6 +28,7 @@ class PostgresReaders {
 
  private:
   void Take(PostgresHandle* reader);
+  void Keep(std::unique_ptr<PostgresHandle> reader);
 
   const PostgresUrl& url_;
   PostgresSettings fixed_;
@@ -33,6 +36,7 @@ class PostgresReaders {
   std::mutex changing_;  // Interrupt comes from other threads
   std::vector<std::unique_ptr<PostgresHandle>> lent_;
   std::vector<std::unique_ptr<PostgresHandle>> idle_;
+  std::vector<std::future<std::unique_ptr<PostgresHandle>>> stopping_;
 };
 
 }  // namespace host
