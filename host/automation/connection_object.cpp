@@ -3,6 +3,7 @@
 #include <type_traits>
 
 #include "automation/errors_object.h"
+#include "automation/lost_connection.h"
 #include "automation/named_object.h"
 #include "automation/recordset_object.h"
 
@@ -16,6 +17,14 @@ using automation::Variant;
 constexpr std::int32_t kOpen = 1;
 constexpr std::int32_t kUnknown = -1;
 constexpr std::int32_t kOutermost = 1;
+
+// Of a lost connection, whether anything may have been done.
+const char* StateOf(const session::DatabaseError& error) {
+  if (error.Unanswered()) {
+    return "08007";
+  }
+  return error.ConnectionLost() ? "08003" : "HY000";
+}
 
 class ConnectionObject final : public automation::NamedObject {
  public:
@@ -36,15 +45,16 @@ class ConnectionObject final : public automation::NamedObject {
   }
 
  private:
-  // A failure is told by `Errors` as well as to the caller, whose error has this number.
+  // A failure is told by `Errors` as well as to the caller, whose error has this number, or that of a lost connection.
   template <typename Action>
   std::invoke_result_t<Action> Run(AdoError number, Action action) {
     errors_->clear();
     try {
       return action();
     } catch (const session::DatabaseError& error) {
-      errors_->push_back({error.what(), number, error.Code()});
-      throw Refusal(number, error.what());
+      const session::DatabaseError told = error.ConnectionLost() ? error : Refusal(number, error.what());
+      errors_->push_back({error.what(), automation::ResultOf(told), error.Code(), StateOf(error)});
+      throw told;
     }
   }
 

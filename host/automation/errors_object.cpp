@@ -13,10 +13,10 @@ class ErrorObject final : public automation::NamedObject {
  public:
   explicit ErrorObject(const ProviderError& error) {
     AddDefault("Description", [error](const CallArguments&) { return Variant::Of(error.description); });
-    Add("Number", [error](const CallArguments&) { return Variant::Of(static_cast<std::int32_t>(error.number)); });
+    Add("Number", [error](const CallArguments&) { return Variant::Of(error.number); });
     Add("NativeError", [error](const CallArguments&) { return Variant::Of(error.native); });
     Add("Source", [](const CallArguments&) { return Variant::Of("Practice database"); });
-    Add("SQLState", [](const CallArguments&) { return Variant::Of("HY000"); });
+    Add("SQLState", [error](const CallArguments&) { return Variant::Of(error.state); });
   }
 };
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/exception_info.h"
+#include "automation/lost_connection.h"
 
 namespace automation {
 namespace {
@@ -93,6 +94,15 @@ Variant DispatchObject::Invoke(const char* member, DISPID id, WORD flags, DISPPA
 }
 
 Variant DispatchObject::Call(const char* member, std::initializer_list<Variant> arguments) const {
+  if (connection_ == nullptr) {
+    return CallOnce(member, arguments);
+  }
+  Variant answer;
+  session::Insist(*connection_, [&] { answer = CallOnce(member, arguments); });
+  return answer;
+}
+
+Variant DispatchObject::CallOnce(const char* member, std::initializer_list<Variant> arguments) const {
   const DISPID id = Find(member);
   // The last argument comes first.
   std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
@@ -143,7 +153,7 @@ void DispatchObject::Put(const char* member, Variant value) const {
 }
 
 void DispatchObject::Fail(const std::string& message, HRESULT result) const {
-  throw session::DatabaseError(message, {}, static_cast<int>(result));
+  throw FailureOf(result, message);
 }
 
 }  // namespace automation

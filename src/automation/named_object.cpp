@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "automation/lost_connection.h"
 #include "forms/text.h"
-#include "session/connection.h"
 
 namespace automation {
 namespace {
@@ -13,7 +13,7 @@ HRESULT Describe(EXCEPINFO* exception, const session::DatabaseError& error) {
   if (exception != nullptr) {
     *exception = {};
     exception->bstrDescription = ToBstr(error.what());
-    exception->scode = error.Code() < 0 ? static_cast<HRESULT>(error.Code()) : E_FAIL;
+    exception->scode = ResultOf(error);
   }
   return DISP_E_EXCEPTION;
 }

@@ -30,7 +30,7 @@ class CallArguments {
 
 // An object for late-bound callers: members by name, without regard to case. A property's getter is called without,
 // its setter with the value as the last argument. A member may throw session::DatabaseError, which becomes the
-// caller's error with its text and code, or ComError.
+// caller's error with its text and code (see `ResultOf`), or ComError.
 class NamedObject : public Counted<IDispatch> {
  public:
   using Member = std::function<Variant(const CallArguments&)>;

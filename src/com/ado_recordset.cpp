@@ -107,8 +107,8 @@ session::Value ParseGuid(const std::string& text) {
 
 }  // namespace
 
-AdoRecordset::AdoRecordset(DispatchObject recordset, std::string statement, bool batch)
-    : recordset_(std::move(recordset)), statement_(std::move(statement)) {
+AdoRecordset::AdoRecordset(DispatchObject recordset, std::string statement, bool batch, Explain explain)
+    : recordset_(std::move(recordset)), statement_(std::move(statement)), explain_(std::move(explain)) {
   SkipResultsWithoutRows();
   while (recordset_.Get() != nullptr) {
     ReadFields();
@@ -194,7 +194,7 @@ void AdoRecordset::MoveNext() {
   try {
     Fetch(kBlockRows);
   } catch (const session::DatabaseError& failure) {
-    throw session::DatabaseError(failure.what(), statement_, failure.Code());
+    throw explain_(failure);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,9 @@ using automation::Variant;
 class AdoRecordset : public session::Recordset {
  public:
   // Of a batch of statements the last result that has fields; `recordset` may hold none at all, and then there are
-  // none.
-  AdoRecordset(DispatchObject recordset, std::string statement, bool batch);
+  // none. `explain` says what the connection knows of a failure, for as long as rows are read.
+  using Explain = std::function<session::DatabaseError(const session::DatabaseError& failure)>;
+  AdoRecordset(DispatchObject recordset, std::string statement, bool batch, Explain explain);
 
   const std::vector<session::Field>& Fields() const override { return fields_; }
   bool Eof() const override { return row_ >= rows_; }
@@ -37,6 +39,7 @@ class AdoRecordset : public session::Recordset {
 
   DispatchObject recordset_;  // holds nothing when there is no more to fetch
   std::string statement_;
+  Explain explain_;
   int results_ = 0;  // so far
   std::vector<session::Field> fields_;
   Variant block_;  // by field and row, as GetRows gives it

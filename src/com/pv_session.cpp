@@ -135,7 +135,7 @@ std::string PvSession::PrepareSQL(const std::string& sql, int flag) const {
 }
 
 session::Connection& PvSession::Connection() {
-  connection_.Use(pv_.Object("Connection", "The connection"));
+  connection_.Use(HandedOut());
   return connection_;
 }
 

@@ -21,7 +21,13 @@ using automation::Variant;
 // them. A member that the object lacks is thrown as session::DatabaseError that names it.
 class PvSession : public session::Session {
  public:
-  explicit PvSession(ComPtr<IDispatch> pv) : pv_(std::move(pv), "The session object (PV)") {}
+  explicit PvSession(ComPtr<IDispatch> pv) : pv_(std::move(pv), "The session object (PV)") {
+    pv_.InsistOn(connection_);
+    connection_.HandedOut = [this] { return HandedOut(); };
+  }
+  PvSession(const PvSession&) = delete;
+  PvSession& operator=(const PvSession&) = delete;
+  ~PvSession() override = default;
 
   IDispatch* Object() const { return pv_.Get(); }
 
@@ -67,6 +73,7 @@ class PvSession : public session::Session {
   // `read` finds something else.
   template <typename Read>
   auto Told(const char* member, std::initializer_list<Variant> arguments, const std::string& what, Read read) const;
+  DispatchObject HandedOut() const { return pv_.Object("Connection", "The connection"); }
   // Empty where the host does not tell.
   session::RecordHolder HolderOf(std::string_view table, std::int32_t id) const;
 

@@ -26,35 +26,50 @@ constexpr int kEngineCode = 19;
 
 class MemoryRecordset final : public session::Recordset {
  public:
-  MemoryRecordset(std::vector<session::Field> fields, std::vector<std::vector<Value>> rows)
-      : fields_(std::move(fields)), rows_(std::move(rows)) {}
+  MemoryRecordset(std::vector<session::Field> fields, std::vector<std::vector<Value>> rows, std::function<void()> reach)
+      : fields_(std::move(fields)), rows_(std::move(rows)), reach_(std::move(reach)) {}
 
   const std::vector<session::Field>& Fields() const override { return fields_; }
   bool Eof() const override { return at_ == rows_.size(); }
-  void MoveNext() override { ++at_; }
+  void MoveNext() override {
+    reach_();
+    ++at_;
+  }
   Value Get(std::size_t field) const override { return rows_[at_][field]; }
 
  private:
   std::vector<session::Field> fields_;
   std::vector<std::vector<Value>> rows_;
+  std::function<void()> reach_;
   std::size_t at_ = 0;
 };
 
-// Gives the rows that a test sets, and nothing for a statement after them; "BAD" is refused.
+// Gives the rows that a test sets, and nothing for a statement after them; "BAD" is refused. While it is `lost` every
+// call finds that.
 class MemoryConnection final : public session::Connection {
  public:
   std::vector<session::Field> fields;
   std::vector<std::vector<Value>> rows;
   std::vector<std::string> calls;
+  std::optional<DatabaseError::Origin> lost;
 
+  void Reach() const {
+    if (lost) {
+      throw DatabaseError("The server has gone.", {}, kEngineCode, *lost);
+    }
+  }
   std::unique_ptr<session::Recordset> Execute(const std::string& sql) override {
+    Reach();
     if (sql == "BAD") {
       throw DatabaseError("UNIQUE constraint failed", sql, kEngineCode);
     }
-    return std::make_unique<MemoryRecordset>(std::exchange(fields, {}), std::exchange(rows, {}));
+    return std::make_unique<MemoryRecordset>(std::exchange(fields, {}), std::exchange(rows, {}), [this] { Reach(); });
   }
   void BeginTrans() override { calls.emplace_back("BeginTrans"); }
-  void CommitTrans() override { throw DatabaseError("no transaction is active", {}, 1); }
+  void CommitTrans() override {
+    Reach();
+    throw DatabaseError("no transaction is active", {}, 1);
+  }
   void RollbackTrans() override { calls.emplace_back("RollbackTrans"); }
   void Cancel() override { calls.emplace_back("Cancel"); }
 };
@@ -242,6 +257,41 @@ TEST_F(AdoRoundTrip, TellsWhatTheDatabaseSaidUntilACallSucceeds) {
   { const session::Transaction dropped(read); }
   read.Cancel();
   EXPECT_THAT(memory->calls, ElementsAre("BeginTrans", "RollbackTrans", "Cancel"));
+}
+
+TEST_F(AdoRoundTrip, StaysALossAndWhetherAnythingWasDone) {
+  using Origin = DatabaseError::Origin;
+  const auto loss = [](const std::function<void()>& call) {
+    try {
+      call();
+    } catch (const DatabaseError& error) {
+      EXPECT_STREQ(error.what(), "The server has gone.");
+      return std::pair(error.ConnectionLost(), error.Unanswered());
+    }
+    return std::pair(false, false);
+  };
+  const auto change = [&] { read.Execute("UPDATE"); };
+  memory->lost = Origin::Connection;
+  EXPECT_EQ(loss(change), std::pair(true, false)) << "the engine knows better than its caller";
+  EXPECT_EQ(connection.Object("Errors", "errors").Object("Item", "error", {Variant::Of(0)}).Text("SQLState"), "08003");
+  EXPECT_EQ(loss([&] { connection.Call("Execute", {Variant::Of("UPDATE")}); }), std::pair(true, false));
+  memory->lost = Origin::Unanswered;
+  EXPECT_EQ(loss(change), std::pair(true, true));
+  EXPECT_EQ(loss([&] { read.CommitTrans(); }), std::pair(true, true));
+  memory->lost.reset();
+  Fill(FieldType::Integer, std::vector<Value>(200, std::int64_t{7}));
+  const auto rows = read.Execute("SELECT");
+  memory->lost = Origin::Connection;
+  EXPECT_EQ(loss([&] { rows->GetRows(200); }), std::pair(true, false));
+
+  // The person tries again.
+  int asked = 0;
+  read.TryAgain = [&](const DatabaseError&) {
+    memory->lost.reset();
+    return ++asked == 1;
+  };
+  session::Insist(read, change);
+  EXPECT_EQ(asked, 1);
 }
 
 TEST_F(AdoRoundTrip, KeepsAConnectionForAsLongAsItsRowsAreHeld) {

@@ -1,4 +1,5 @@
 // A client that is compiled against the type library, and uses the component without windows.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <olectl.h>
 
@@ -8,6 +9,7 @@
 #include "practice/demo.h"
 #include "scripted_object.h"
 #include "support/component.h"
+#include "support/losing_connection.h"
 #include "support/practice_host.h"
 
 namespace {
@@ -151,6 +153,24 @@ TEST_F(ComponentTest, GivesNothingBackFromInsuranceThatIsCancelled) {
   saved = VARIANT_TRUE;
   EXPECT_EQ(screen->Edit_PPO_Adjustment(&saved), S_OK);
   EXPECT_EQ(saved, VARIANT_FALSE);
+}
+
+// Whatever the component asks of its host, a statement or something else, and takes the default answer: again.
+TEST_F(ComponentTest, AsksWhetherToTryAgainAfterALoss) {
+  host::PracticeDatabase database = host::CreateDatabase("sqlite::memory:");
+  auto made = std::make_unique<test_support::LosingConnection>(std::move(database.connection));
+  test_support::LosingConnection& line = *made;
+  database.connection = std::move(made);
+  test_support::PracticeHost host(host::Practice(std::move(database)));
+  const auto screen = NewScreen();
+  screen->putref_PV(host::MakeSessionObject(host.session).Get());
+  line.loses = test_support::EachOnce();
+  Variant id = Variant::Of("NEW");
+  EXPECT_EQ(screen->Load_PatInfo_Small(&id, nullptr, nullptr), S_OK);
+  EXPECT_GT(line.losses, 1);
+  EXPECT_THAT(Told(),
+              testing::StartsWith("The connection to the database was lost. Nothing that you typed is lost. Try "
+                                  "again?"));
 }
 
 TEST_F(ComponentTest, ConnectsTheHostsSinks) {

@@ -296,6 +296,77 @@ TEST_F(AdoTest, TellsWhatTheProviderSaid) {
   EXPECT_THAT(FailureOf([&] { session.Connection().Execute("SELEKT"); }), HasSubstr("no recordset"));
 }
 
+// A provider's own words of a loss, and a host that connects again.
+TEST_F(AdoTest, KnowsALossByItsState) {
+  const auto errors = ScriptedObject::Make();
+  errors->Answer("Count", Variant::Of(2));
+  std::string state;
+  errors->Add("Item", [&state](const automation::CallArguments& arguments) {
+    const auto error = ScriptedObject::Make();
+    error->Answer("Description", Variant::Of("Communication link failure"));
+    error->Answer("NativeError", Variant::Of(10054));
+    error->Answer("Number", Variant::Of(static_cast<std::int32_t>(E_FAIL)));
+    error->Answer("SQLState", Variant::Of(ToInt(arguments.At(0)) == 0 ? std::string("01000") : state));
+    return Holding(error);
+  });
+  const auto lost = ScriptedObject::Make();
+  lost->Answer("Errors", Holding(errors));
+  lost->Answer("BeginTrans", Variant::Of(1));
+  for (const char* member : {"Execute", "CommitTrans", "RollbackTrans"}) {
+    lost->Add(member, [](const automation::CallArguments&) -> Variant {
+      throw session::DatabaseError("Communication link failure", {}, static_cast<int>(E_FAIL));
+    });
+  }
+  const auto now = std::exchange(connection, lost);
+  session::Connection& used = session.Connection();
+  const auto failed = [&](const std::string& told, const std::function<void()>& call) {
+    state = told;
+    try {
+      call();
+    } catch (const session::DatabaseError& error) {
+      return error.Unanswered() ? "unanswered" : error.ConnectionLost() ? "lost" : "refused";
+    }
+    return "done";
+  };
+  const auto execute = [&](const char* sql) { return [&used, sql] { used.Execute(sql); }; };
+  EXPECT_STREQ(failed("42000", execute("UPDATE")), "refused");
+  EXPECT_STREQ(failed("57P01", execute("SELECT")), "lost");
+  EXPECT_STREQ(failed("08S01", execute("UPDATE")), "unanswered");
+  EXPECT_STREQ(failed("08S01", execute("SELECT 1; UPDATE")), "unanswered");
+  EXPECT_STREQ(failed("08003", execute("UPDATE")), "lost");
+  {
+    session::Transaction transaction(used);
+    EXPECT_STREQ(failed("08S01", execute("UPDATE")), "lost");
+    connection = now;
+    EXPECT_STREQ(failed("08S01", execute("UPDATE")), "lost") << "not outside the transaction";
+    EXPECT_STREQ(failed("08S01", [&] { transaction.Commit(); }), "lost");
+  }
+  connection = lost;
+  used.BeginTrans();
+  EXPECT_STREQ(failed("08S01", [&] { used.CommitTrans(); }), "unanswered");
+  EXPECT_STREQ(failed("08S01", [&] { used.RollbackTrans(); }), "done");
+  connection = now;
+  EXPECT_STREQ(failed("08S01", execute("UPDATE")), "done") << "by the connection that the host has now";
+}
+
+// As an object of the host says it that is no connection.
+TEST_F(PvSessionTest, KnowsALossByItsNumber) {
+  for (const auto& [number, unanswered, given_up] :
+       {std::tuple(0x800704CD, false, false), {0x800704D4, true, false}, {0x800704C7, false, true}}) {
+    pv->Add("HoldRecord", [number = number](const automation::CallArguments&) -> Variant {
+      throw session::DatabaseError("gone", {}, static_cast<int>(number));
+    });
+    try {
+      session.HoldRecord("PaTable", 1);
+      ADD_FAILURE() << "held";
+    } catch (const session::DatabaseError& error) {
+      EXPECT_TRUE(error.ConnectionLost());
+      EXPECT_EQ(error.Unanswered(), unanswered);
+      EXPECT_EQ(error.given_up, given_up);
+    }
+  }
+}
+
 TEST_F(AdoTest, RefusesWhatIsNoRecordset) {
   connection->Answer("Execute", Variant::Of(5));
   EXPECT_THAT(FailureOf([&] { session.Connection().Execute("UPDATE ..."); }), HasSubstr("no recordset"));

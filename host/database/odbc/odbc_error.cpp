@@ -6,6 +6,7 @@
 #include "database/postgres/postgres_error.h"
 #include "database/shown_url.h"
 #include "forms/text.h"
+#include "session/sql_state.h"
 
 namespace host {
 namespace {
@@ -86,7 +87,7 @@ session::DatabaseError CannotConnect(const std::string& connection_string, const
               "\" cannot be reached: " + Plain(WithoutDriver(diagnosis.message)),
           {},
           CodeOfState(diagnosis.state),
-          IsLoss(diagnosis.state) ? DatabaseError::Origin::Connection : DatabaseError::Origin::Engine};
+          session::IsLoss(diagnosis.state) ? DatabaseError::Origin::Connection : DatabaseError::Origin::Engine};
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 
 #include "database/schema.h"
 #include "forms/text.h"
+#include "session/sql_state.h"
 
 namespace host {
 namespace {
@@ -68,12 +69,8 @@ std::string Reason(const PostgresRefusal& refusal) {
 
 }  // namespace
 
-bool IsLoss(std::string_view state) {
-  return state.starts_with("08") || state == "57P01" || state == "57P02" || state == "57P03" || state == "57P05";
-}
-
 session::DatabaseError Refused(const PostgresRefusal& refusal, std::string_view statement) {
-  if (refusal.state.empty() || IsLoss(refusal.state)) {
+  if (refusal.state.empty() || session::IsLoss(refusal.state)) {
     return Loss(refusal.message, statement);
   }
   return {Reason(refusal), statement, CodeOfState(refusal.state)};

@@ -26,9 +26,6 @@ struct PostgresRefusal {
   std::string constraint = {};
 };
 
-// Whether the state says that the server has ended the connection, or takes none for now.
-bool IsLoss(std::string_view state);
-
 // What the server refused, in a person's words where there is something to be done about it.
 session::DatabaseError Refused(const PostgresRefusal& refusal, std::string_view statement);
 // A connection that is gone, or could not be made; `why` is the library's text.
