@@ -157,7 +157,7 @@ ThrowawayCluster::ThrowawayCluster() : owner_(getpid()) {
   }
 }
 
-ThrowawayCluster::ThrowawayCluster(Own) : owner_(getpid()) {
+ThrowawayCluster::ThrowawayCluster(Own own) : owner_(getpid()), address_(std::move(own.address)) {
   MakeFolder();
 }
 
@@ -223,7 +223,7 @@ void ThrowawayCluster::MakeFolder() {
 
 void ThrowawayCluster::Start() {
   server_ = Spawn("postgres",
-                  {"-D", folder_ / "data", "-k", folder_, "-c", "listen_addresses=", "-c", "fsync=off", "-c",
+                  {"-D", folder_ / "data", "-k", folder_, "-c", "listen_addresses=" + address_, "-c", "fsync=off", "-c",
                    "full_page_writes=off", "-c", "autovacuum=off", "-c", "max_connections=200"},
                   folder_);
   const auto until = std::chrono::steady_clock::now() + kPatience;

@@ -18,13 +18,17 @@ class ThrowawayCluster {
   // this object or, when it is killed, with the thread that made it.
   ThrowawayCluster();
   // One of its own in any case.
-  struct Own {};
+  struct Own {
+    std::string address = {};  // that it listens at besides its socket
+  };
   explicit ThrowawayCluster(Own own);
   ThrowawayCluster(const ThrowawayCluster&) = delete;
   ThrowawayCluster& operator=(const ThrowawayCluster&) = delete;
   // Drops what it has made. A copy of this process by fork does nothing.
   ~ThrowawayCluster();
 
+  // Where its socket is, and its data in the folder "data", of one of its own.
+  const std::filesystem::path& Folder() const { return folder_; }
   // The URL of one of its databases; as a login of `MakeLogin`, or as the superuser.
   std::string Url(std::string_view database, std::string_view login = {}) const;
   // Makes a database, without tables or as a copy of one that nobody is connected to. Its name: the stem, which is
@@ -53,6 +57,7 @@ class ThrowawayCluster {
   std::vector<std::string> logins_;
   int made_ = 0;
   // Of one of its own.
+  std::string address_;
   std::filesystem::path folder_;
   int lock_ = -1;
   pid_t server_ = 0;

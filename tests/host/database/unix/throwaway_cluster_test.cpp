@@ -27,7 +27,7 @@ TEST(ThrowawayCluster, ItsDatabasesAreCopiedAndDropped) {
   {
     ThrowawayCluster cluster(ThrowawayCluster::Own{});
     const std::string first = cluster.MakeDatabase("practice");
-    folder = FolderOf(cluster.Url(first));
+    folder = cluster.Folder();
     EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
     cluster.Run("CREATE TABLE Letter (Said text)", first);
     const std::string second = cluster.MakeDatabase("practice", first);
