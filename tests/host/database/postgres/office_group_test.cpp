@@ -19,7 +19,7 @@ using session::ToText;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// Two servers on this machine, of which a test may stop one; they serve all tests.
+// Two servers on this machine; they serve all tests.
 ThrowawayCluster& North() {
   static ThrowawayCluster cluster{ThrowawayCluster::Own{}};
   return cluster;
@@ -101,24 +101,6 @@ TEST_F(OfficeGroupTest, EachOfficeHasItsOwnRowsAndReportsHaveAll) {
               "nothing")
         << "nobody writes at another server than the office's own";
   }
-}
-
-TEST_F(OfficeGroupTest, AServerThatIsDownIsItsOwnOfficesTroubleAlone) {
-  const PracticeDatabase first = In(1, south_);
-  const PracticeDatabase second = In(2, north_);
-  const std::string insert = "INSERT INTO PATable (pLASNAM) VALUES ('Smith')";
-  first.connection->Execute(insert);
-  second.connection->Execute(insert);
-  South().Halt();
-  EXPECT_THAT(Refusal([&] { second.connection->Execute(insert); }),
-              HasSubstr("lost: The server of office 2 (south) cannot be reached"));
-  EXPECT_THAT(Refusal([&] { In(2, north_).connection->Execute(insert); }),
-              HasSubstr("The server of office 2 (south) cannot be reached"));
-  first.connection->Execute(insert);
-  EXPECT_EQ(Ask(In(1, north_), "SELECT count(*) FROM PATable"), "2");
-  South().Start();
-  second.connection->Execute(insert);
-  EXPECT_EQ(Ask(second, "SELECT count(*) FROM PATable"), "2");
 }
 
 // A desk that writes as fast as it can, and knows what it was told to be written.
