@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""What lists cost that cross servers: the same offices on one PostgreSQL server and on two.
+"""What two PostgreSQL servers cost: the same offices on one and on two.
 
-two_servers.py PRACTICE_CONSOLE PATIENTS ONE NORTH SOUTH
+two_servers.py BUILD/bin PATIENTS ONE NORTH SOUTH
 
 ONE, NORTH and SOUTH are URLs of databases without tables, SOUTH on another server than the other two; psql is used.
-Prints for each statement the ratio of two servers to one, medians of runs that take turns.
+Prints the ratio of two servers to one, medians of runs that take turns: of a desk's work, and of each statement of a
+report that crosses servers.
 """
 import re
 import statistics
@@ -48,7 +49,8 @@ def run_script(url, script):
 
 
 def main():
-    console, patients, one, north, south = sys.argv[1:]
+    programs, patients, one, north, south = sys.argv[1:]
+    console = f"{programs}/practice_console"
     run(console, "offices", "create", "--server", f"north={one}")
     run(console, "offices", "create", "--server", f"north={north}")
     run(console, "offices", "add-server", "--database", north, "--server", f"south={south}")
@@ -57,6 +59,7 @@ def main():
         run(console, "offices", "add-office", "2", "--database", url, "--server", home, "--demo", patients)
     for url in (one, north, south):
         run("psql", "-X", "-q", "-c", "ANALYZE", url)
+    print(run(f"{programs}/two_practices_bench", "2", north, one), end="")
     for name, statement in STATEMENTS.items():
         times = {one: [], north: []}
         for _ in range(RUNS):
