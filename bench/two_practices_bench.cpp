@@ -70,7 +70,7 @@ void Report(const char* what, const std::vector<double>& here, const std::vector
 
 }  // namespace
 
-int main(int count, char** words) {
+int main(int count, char** words) try {
   if (count != 4) {
     std::cerr << "two_practices_bench OFFICE URL OTHER_URL\n";
     return EXIT_FAILURE;
@@ -88,4 +88,7 @@ int main(int count, char** words) {
   Report("last name from Smi", here.filtering, there.filtering);
   Report("patient opened", here.opening, there.opening);
   Report("address saved", here.saving, there.saving);
+} catch (const std::exception& error) {
+  std::cerr << error.what() << "\n";
+  return EXIT_FAILURE;
 }
