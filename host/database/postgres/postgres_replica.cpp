@@ -35,7 +35,12 @@ PostgresReaders::Lease PostgresReplica::Borrow() {
   try {
     PostgresReaders::Lease reader = readers_.Borrow();
     for (int i = 0; i < kMoments; ++i) {
-      const PostgresResult level = reader->Run({}, "SELECT pg_last_wal_replay_lsn() >= '" + position + "'", {});
+      const PostgresResult level = reader->Run(
+          {}, "SELECT CASE WHEN pg_is_in_recovery() THEN pg_last_wal_replay_lsn() >= '" + position + "' END", {});
+      if (PQgetisnull(level.get(), 0, 0) != 0) {
+        next_try_ = now + kPause;  // it has been promoted, and goes its own way
+        return nullptr;
+      }
       if (std::string_view(PQgetvalue(level.get(), 0, 0)) == "t") {
         return reader;
       }

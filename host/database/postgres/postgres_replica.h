@@ -18,7 +18,7 @@ class PostgresReplica {
   PostgresReplica(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy,
                   Position position);
 
-  // Null where there is none, and while it cannot be reached or lags.
+  // Null where there is none, and while it cannot be reached, lags or follows no more.
   PostgresReaders::Lease Borrow();
   void Interrupt() { readers_.Interrupt(); }
 
@@ -26,7 +26,7 @@ class PostgresReplica {
   PostgresUrl url_;
   PostgresReaders readers_;
   Position position_;
-  std::chrono::steady_clock::time_point next_try_;  // after it could not be reached
+  std::chrono::steady_clock::time_point next_try_;  // after it could not be reached, or followed no more
 };
 
 }  // namespace host

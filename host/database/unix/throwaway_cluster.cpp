@@ -161,6 +161,10 @@ ThrowawayCluster::ThrowawayCluster(Own own) : owner_(getpid()), address_(std::mo
   MakeFolder();
 }
 
+ThrowawayCluster::ThrowawayCluster(Following following) : owner_(getpid()) {
+  MakeFolder(&following.followed);
+}
+
 ThrowawayCluster::~ThrowawayCluster() {
   if (owner_ != getpid()) {
     return;
@@ -185,7 +189,7 @@ ThrowawayCluster::~ThrowawayCluster() {
   }
 }
 
-void ThrowawayCluster::MakeFolder() {
+void ThrowawayCluster::MakeFolder(const ThrowawayCluster* followed) {
   RemoveLeft(kInMemory);
   RemoveLeft(kOnDisk);
   const bool installed = !Programs().empty() || std::system("command -v postgres initdb > /dev/null 2>&1") == 0;
@@ -207,15 +211,20 @@ void ThrowawayCluster::MakeFolder() {
   if (user != nullptr && chown(folder_.c_str(), user->pw_uid, user->pw_gid) != 0) {
     Fail("The folder of PostgreSQL cannot be given to its user.");
   }
-  const pid_t making = Spawn("initdb",
-                             {"-D", folder_ / "data", "-U", "practice", "-A", "trust", "-E", "UTF8", "--locale=C.UTF-8",
-                              "--no-sync", "--no-instructions"},
-                             folder_);
+  const std::string program = followed == nullptr ? "initdb" : "pg_basebackup";
+  std::vector<std::string> arguments{"-D", folder_ / "data", "--no-sync"};
+  if (followed == nullptr) {
+    arguments.insert(arguments.end(),
+                     {"-U", "practice", "-A", "trust", "-E", "UTF8", "--locale=C.UTF-8", "--no-instructions"});
+  } else {
+    arguments.insert(arguments.end(), {"-d", followed->Url("postgres"), "-R", "-c", "fast"});
+  }
+  const pid_t making = Spawn(program, arguments, folder_);
   int status = 0;
   if (waitpid(making, &status, 0) != making || status != 0) {
     const std::string why = Complaint(folder_ / "log");
     Stop();
-    Fail("PostgreSQL's initdb failed: " + why);
+    Fail("PostgreSQL's " + program + " failed: " + why);
   }
   url_ = "postgresql://practice@/*?host=" + folder_.string();
   Start();
@@ -224,7 +233,8 @@ void ThrowawayCluster::MakeFolder() {
 void ThrowawayCluster::Start() {
   server_ = Spawn("postgres",
                   {"-D", folder_ / "data", "-k", folder_, "-c", "listen_addresses=" + address_, "-c", "fsync=off", "-c",
-                   "full_page_writes=off", "-c", "autovacuum=off", "-c", "max_connections=200"},
+                   "full_page_writes=off", "-c", "autovacuum=off", "-c", "max_connections=200", "-c",
+                   "wal_retrieve_retry_interval=100ms"},
                   folder_);
   const auto until = std::chrono::steady_clock::now() + kPatience;
   while (PQping(Url("postgres").c_str()) != PQPING_OK) {

@@ -22,6 +22,11 @@ class ThrowawayCluster {
     std::string address = {};  // that it listens at besides its socket
   };
   explicit ThrowawayCluster(Own own);
+  // One that follows another of its own (hot standby).
+  struct Following {
+    const ThrowawayCluster& followed;
+  };
+  explicit ThrowawayCluster(Following following);
   ThrowawayCluster(const ThrowawayCluster&) = delete;
   ThrowawayCluster& operator=(const ThrowawayCluster&) = delete;
   // Drops what it has made. A copy of this process by fork does nothing.
@@ -47,7 +52,7 @@ class ThrowawayCluster {
   void Run(const std::string& statement, std::string_view database = "postgres") const;
 
  private:
-  void MakeFolder();
+  void MakeFolder(const ThrowawayCluster* followed = nullptr);
   void Stop();
   std::string NewName(std::string_view stem);
 

@@ -25,20 +25,21 @@ std::string OwnAddress() {
 
 // A server on the network, called db.example, and a desk's login whose password it asks for.
 class SecureConnection : public testing::Test {
- protected:
+ public:
   SecureConnection() {
     std::filesystem::create_directory(folder_);
     // In the folder of the server's data, and as its user.
     for (const std::string& command :
          {Certificate("server"), Certificate("stranger"),
           std::string(R"(printf "local all all trust\nhost all all all scram-sha-256\n" > pg_hba.conf)")}) {
-      server_.Run("COPY (SELECT 1) TO PROGRAM '" + command + "'");
+      server_.Run("COPY (SELECT 1) TO PROGRAM 'cat > /dev/null; " + command + "'");
     }
     server_.Run("CREATE ROLE desk LOGIN PASSWORD 'geheim'");
     server_.Restart();
   }
   ~SecureConnection() override { std::filesystem::remove_all(folder_); }
 
+ protected:
   static std::string Certificate(const std::string& file) {
     return "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 -subj /CN=db.example "
            "-addext subjectAltName=DNS:db.example -keyout " +
@@ -65,7 +66,7 @@ class SecureConnection : public testing::Test {
       const std::string tls =
           "SELECT CASE WHEN ssl THEN 'TLS' ELSE 'plain' END FROM pg_stat_ssl "
           "WHERE pid=pg_backend_pid()";
-      const std::string reader = ToText(connection.Execute(tls)->Get(0));
+      std::string reader = ToText(connection.Execute(tls)->Get(0));
       EXPECT_EQ(ToText(connection.Execute(tls + "; " + tls)->Get(0)), reader);
       return reader;
     } catch (const DatabaseError& error) {
