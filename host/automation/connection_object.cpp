@@ -52,9 +52,13 @@ class ConnectionObject final : public automation::NamedObject {
     try {
       return action();
     } catch (const session::DatabaseError& error) {
-      const session::DatabaseError told = error.ConnectionLost() ? error : Refusal(number, error.what());
-      errors_->push_back({error.what(), automation::ResultOf(told), error.Code(), StateOf(error)});
-      throw told;
+      const bool lost = error.ConnectionLost();
+      errors_->push_back({error.what(), lost ? automation::ResultOf(error) : static_cast<std::int32_t>(number),
+                          error.Code(), StateOf(error)});
+      if (lost) {
+        throw;
+      }
+      throw Refusal(number, error.what());
     }
   }
 

@@ -317,7 +317,8 @@ TEST_F(AdoTest, KnowsALossByItsState) {
       throw session::DatabaseError("Communication link failure", {}, static_cast<int>(E_FAIL));
     });
   }
-  const auto now = std::exchange(connection, lost);
+  const auto* handed_out = &lost;
+  pv->Add("Connection", [&handed_out](const automation::CallArguments&) { return Holding(*handed_out); });
   session::Connection& used = session.Connection();
   const auto failed = [&](const std::string& told, const std::function<void()>& call) {
     state = told;
@@ -337,15 +338,15 @@ TEST_F(AdoTest, KnowsALossByItsState) {
   {
     session::Transaction transaction(used);
     EXPECT_STREQ(failed("08S01", execute("UPDATE")), "lost");
-    connection = now;
+    handed_out = &connection;
     EXPECT_STREQ(failed("08S01", execute("UPDATE")), "lost") << "not outside the transaction";
     EXPECT_STREQ(failed("08S01", [&] { transaction.Commit(); }), "lost");
   }
-  connection = lost;
+  handed_out = &lost;
   used.BeginTrans();
   EXPECT_STREQ(failed("08S01", [&] { used.CommitTrans(); }), "unanswered");
   EXPECT_STREQ(failed("08S01", [&] { used.RollbackTrans(); }), "done");
-  connection = now;
+  handed_out = &connection;
   EXPECT_STREQ(failed("08S01", execute("UPDATE")), "done") << "by the connection that the host has now";
 }
 

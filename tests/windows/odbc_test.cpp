@@ -59,6 +59,13 @@ TEST(PracticeByOdbc, IsMadeReadAndWritten) {
       session::ToText(
           practice.connect("Ada's desk")->Execute("SELECT pg_catalog.current_setting('application_name')")->Get(0)),
       "Ada's desk");
+
+  practice.connect("Administrator")
+      ->Execute(
+          "SELECT 1; SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE pid<>pg_backend_pid() AND "
+          "datname=current_database()");
+  practice.Run("INSERT INTO PATable (pLASNAM) VALUES ('Poe')");
+  EXPECT_EQ(Rows(practice, "SELECT Count(*) FROM PATable"), (std::vector<std::string>{"4"}));
 }
 
 TEST(PracticeByOdbc, IsTheOnlyWayToAServer) {

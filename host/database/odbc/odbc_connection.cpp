@@ -37,7 +37,7 @@ std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::str
 }  // namespace
 
 OdbcConnection::OdbcConnection(OdbcSource source) : source_(std::move(source)), readers_(source_, WhileBusy) {
-  Main();
+  Connect();
 }
 
 OdbcConnection::~OdbcConnection() = default;
@@ -54,17 +54,17 @@ std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& s
     return std::make_unique<OdbcRecordset>(std::vector<session::Field>(), OdbcRows());
   }
   if (transaction_ != Transaction::Open && source_.reads_apart && CanReadApart(sql)) {
-    return ReadApart(sql);
-  }
-  OdbcHandle& main = Main();
-  if (source_.is_postgres) {
-    main.Set(use.ForWriting(WhileBusy != nullptr));
+    if (auto rows = ReadApart(sql)) {
+      return rows;
+    }
   }
   if (transaction_ == Transaction::Open) {
-    return source_.is_postgres ? InTransaction(sql) : ReadWhole(main, sql);
+    main_->Set(ForWriting());
+    return source_.is_postgres ? InTransaction(sql) : ReadWhole(*main_, sql);
   }
+  Reach();
   try {
-    return ReadWhole(main, sql);
+    return ReadWhole(*main_, sql);
   } catch (const session::DatabaseError& error) {
     throw CanReadApart(sql) ? error : OfAChange(error);
   }
@@ -85,8 +85,13 @@ std::unique_ptr<session::Recordset> OdbcConnection::InTransaction(const std::str
 std::unique_ptr<session::Recordset> OdbcConnection::ReadApart(const std::string& sql) {
   while (true) {
     const bool may_be_lost = readers_.HaveIdle();
+    OdbcReaders::Lease reader;
     try {
-      OdbcReaders::Lease reader = readers_.Borrow();
+      reader = readers_.Borrow();
+    } catch (const session::DatabaseError&) {
+      return nullptr;  // the server takes no further connections, or none at all, which the main one finds out
+    }
+    try {
       if (source_.is_postgres) {
         reader->Set(use.ForReading());
       }
@@ -98,6 +103,7 @@ std::unique_ptr<session::Recordset> OdbcConnection::ReadApart(const std::string&
         throw;
       }
       // Nobody has seen anything of it yet.
+      reader.reset();
       readers_.DropIdle();
     }
   }
@@ -107,10 +113,16 @@ void OdbcConnection::BeginTrans() {
   if (transaction_ == Transaction::Open) {
     throw session::DatabaseError("There is a transaction already.", "BEGIN", CodeOfState("25001"));
   }
-  Main().BeginTrans();
+  Reach();
+  main_->BeginTrans();
   transaction_ = Transaction::Open;
-  if (source_.is_postgres) {
-    ReadWhole(*main_, kBeginBatches);
+  try {
+    if (source_.is_postgres) {
+      ReadWhole(*main_, kBeginBatches);
+    }
+  } catch (const session::DatabaseError&) {
+    RollbackTrans();
+    throw;
   }
 }
 
@@ -136,8 +148,15 @@ void OdbcConnection::RollbackTrans() {
   if (before == Transaction::None) {
     throw session::DatabaseError("There is no transaction.", "ROLLBACK", CodeOfState("25P01"));
   }
-  if (before == Transaction::Open && !main_->Lost()) {
+  if (before != Transaction::Open || main_->Lost()) {
+    return;
+  }
+  try {
     main_->EndTrans(false);
+  } catch (const session::DatabaseError& error) {
+    if (!error.ConnectionLost()) {
+      throw;
+    }
   }
 }
 
@@ -149,11 +168,25 @@ void OdbcConnection::Cancel() {
   readers_.Interrupt();
 }
 
-OdbcHandle& OdbcConnection::Main() {
-  if (main_ == nullptr || (transaction_ != Transaction::Open && main_->Lost())) {
-    Connect();
+PostgresSettings OdbcConnection::ForWriting() const {
+  return source_.is_postgres ? use.ForWriting(WhileBusy != nullptr) : PostgresSettings();
+}
+
+void OdbcConnection::Reach() {
+  if (!main_->Lost()) {
+    try {
+      if (!main_->Set(ForWriting())) {
+        main_->Greet();
+      }
+      return;
+    } catch (const session::DatabaseError& error) {
+      if (!error.ConnectionLost()) {
+        throw;
+      }
+    }
   }
-  return *main_;
+  Connect();
+  main_->Set(ForWriting());
 }
 
 void OdbcConnection::Connect() {

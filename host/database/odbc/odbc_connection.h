@@ -19,7 +19,8 @@ namespace host {
 // up a save nor is held up. Everything else is run on one connection, and its rows are fetched whole.
 //
 // A lost connection is DatabaseError with `ConnectionLost`, and ends the transaction; the next statement outside one
-// connects again.
+// connects again. What is found to be lost before anything is sent is made again without a word; a change or a commit
+// whose answer did not come is `Unanswered`.
 class OdbcConnection final : public session::Connection {
  public:
   // Throws session::DatabaseError.
@@ -41,10 +42,12 @@ class OdbcConnection final : public session::Connection {
 
  private:
   std::unique_ptr<session::Recordset> InTransaction(const std::string& sql);
+  // nullptr where the server takes no further connection.
   std::unique_ptr<session::Recordset> ReadApart(const std::string& sql);
-  // The connection for all that is no such select; connects again where that can be.
-  OdbcHandle& Main();
+  // Before all else outside a transaction: hears whether the server is still there, and connects again where it is not.
+  void Reach();
   void Connect();
+  PostgresSettings ForWriting() const;
   bool WaitsForAnother();
   enum class Transaction {
     None,

@@ -122,21 +122,27 @@ OdbcStatement OdbcHandle::Execute(const std::string& text, const std::string& ba
   return statement;
 }
 
-void OdbcHandle::Set(const PostgresSettings& settings) {
+void OdbcHandle::Ask(const std::string& select) {
+  const OdbcStatement statement = Execute(select, select);
+  while (Work(statement.get(), select, [&] { return SQLFetch(statement.get()); })) {
+  }
+}
+
+bool OdbcHandle::Set(const PostgresSettings& settings) {
   std::string calls;
   for (const auto& [name, value] : settings) {
     if (const auto known = set_.find(name); known == set_.end() || known->second != value) {
       calls += (calls.empty() ? "SELECT " : ", ") + ("set_config('" + name + "', " + Quoted(value) + ", false)");
     }
   }
-  if (!calls.empty()) {
-    const OdbcStatement statement = Execute(calls, calls);
-    while (Work(statement.get(), calls, [&] { return SQLFetch(statement.get()); })) {
-    }
-    for (const auto& [name, value] : settings) {
-      set_[name] = value;
-    }
+  if (calls.empty()) {
+    return false;
   }
+  Ask(calls);
+  for (const auto& [name, value] : settings) {
+    set_[name] = value;
+  }
+  return true;
 }
 
 void OdbcHandle::BeginTrans() {

@@ -41,8 +41,10 @@ class OdbcHandle {
   // false is the end of the rows or of the results.
   bool Work(SQLHSTMT statement, const std::string& batch, const std::function<int()>& call);
 
-  // Sets what the server is not known to have, by `set_config`.
-  void Set(const PostgresSettings& settings);
+  // Sets what the server is not known to have, by `set_config`, and tells whether there was anything.
+  bool Set(const PostgresSettings& settings);
+  // Has the server answer.
+  void Greet() { Ask("SELECT 1"); }
   // After a rollback nobody knows which have stayed.
   void ForgetSettings() { set_.clear(); }
 
@@ -67,6 +69,7 @@ class OdbcHandle {
   std::string Told(SQLUSMALLINT what) const;
   int WaitFor(const std::function<int()>& call);
   OdbcStatement Allocate();
+  void Ask(const std::string& select);
   session::DatabaseError Refusal() const;
 
   const session::WhileBusy& while_busy_;

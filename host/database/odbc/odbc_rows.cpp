@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <chrono>
 
 #include "database/schema.h"
 #include "forms/text.h"
@@ -105,19 +104,11 @@ Value NumberOf(const std::string& text, FieldType type) {
   return text;
 }
 
-bool ReadMoment(SQLHSTMT statement, SQLUSMALLINT column, Value& value) {
-  SQL_TIMESTAMP_STRUCT moment{};
-  SQLLEN size = 0;
-  if (!SQL_SUCCEEDED(SQLGetData(statement, column, SQL_C_TYPE_TIMESTAMP, &moment, sizeof(moment), &size))) {
-    return false;
-  }
-  if (size != SQL_NULL_DATA) {
-    const forms::Date day{std::chrono::year(moment.year), std::chrono::month(moment.month),
-                          std::chrono::day(moment.day)};
-    value = forms::AtMidnight(day) + std::chrono::hours(moment.hour) + std::chrono::minutes(moment.minute) +
-            std::chrono::seconds(moment.second);
-  }
-  return true;
+// A driver gives today for a year that it cannot read, but not as text. What is no date of the practice's stays text.
+Value MomentOf(std::string text) {
+  constexpr std::size_t kSeconds = 19;  // and no fractions of one
+  const auto moment = text.ends_with("BC") ? std::nullopt : forms::ParseIso(text.substr(0, kSeconds));
+  return moment ? Value(*moment) : Value(std::move(text));
 }
 
 bool ReadBytes(SQLHSTMT statement, SQLUSMALLINT column, Value& value) {
@@ -133,9 +124,6 @@ bool ReadBytes(SQLHSTMT statement, SQLUSMALLINT column, Value& value) {
 }
 
 bool ReadValue(SQLHSTMT statement, SQLUSMALLINT column, FieldType type, Value& value) {
-  if (type == FieldType::DateTime) {
-    return ReadMoment(statement, column, value);
-  }
   if (type == FieldType::Blob) {
     return ReadBytes(statement, column, value);
   }
@@ -150,6 +138,8 @@ bool ReadValue(SQLHSTMT statement, SQLUSMALLINT column, FieldType type, Value& v
   std::string text = FromOdbcText(units.data(), units.size());
   if (type == FieldType::Text) {
     value = std::move(text);
+  } else if (type == FieldType::DateTime) {
+    value = MomentOf(std::move(text));
   } else if (type == FieldType::Guid) {
     const auto guid = session::ParseGuid(text);
     value = guid ? Value(*guid) : Value(std::move(text));
