@@ -33,7 +33,7 @@ bool IsWhole(const OfficesOrder& order) {
   if (order.what == "add-office" || order.what == "move") {
     return server && !new_server && order.office > 0;
   }
-  return order.what == "list" && !server && order.office == 0;
+  return (order.what == "list" || order.what == "migrate") && !server && order.office == 0;
 }
 
 void RunOffices(const OfficesOrder& order, std::ostream& output) {
@@ -51,6 +51,8 @@ void RunOffices(const OfficesOrder& order, std::ostream& output) {
     });
   } else if (order.what == "move") {
     group->Move(order.office, order.server.name);
+  } else if (order.what == "migrate") {
+    group->Migrate();
   }
   PrintGroup(*group, output);
 }

@@ -11,7 +11,7 @@ namespace host {
 
 // What is done to a group of practices.
 struct OfficesOrder {
-  std::string what;  // "create", "add-server", "add-office", "move" or "list"
+  std::string what;  // "create", "add-server", "add-office", "move", "migrate" or "list"
   std::string url;   // of any server of the group, but for "create"
   std::int32_t office = 0;
   GroupServer server;  // "move": where to

@@ -84,17 +84,6 @@ int Version(session::Connection& connection, const SchemaWriter& writer) {
   return schema->Eof() ? 0 : session::ToId(schema->Get(0));
 }
 
-CreationOptions ReadOptions(session::Connection& connection) {
-  const auto row = connection.Execute("SELECT SchKind, SchOffice, SchOffices, SchRowGuids FROM SchemaTable");
-  if (row->Eof()) {
-    RefuseStranger();
-  }
-  return {.kind = session::ToId(row->Get(0)),
-          .office = session::ToId(row->Get(1)),
-          .offices = session::ToId(row->Get(2)),
-          .row_guids = session::ToId(row->Get(3)) != 0};
-}
-
 void Lock(session::Connection& connection, const SchemaWriter& writer) {
   if (const std::string lock = writer.Lock(); !lock.empty()) {
     connection.Execute(lock);
@@ -107,11 +96,11 @@ void CheckMayChange(session::Connection& connection, const SchemaWriter& writer)
         "It was made by an older version of the program, and is protected against writing, so that it cannot be "
         "brought up to date.");
   }
-  const std::string may_change = writer.MayChange();
-  if (!may_change.empty() && session::ToId(connection.Execute(may_change)->Get(0)) == 0) {
-    Refuse(
-        "It was made by an older version of the program, and this login may not change its tables. Please have the "
-        "administrator of the database open it once with this version.");
+  if (const std::string select = writer.Hindrance(); !select.empty()) {
+    const std::string hindrance = session::ToText(connection.Execute(select)->Get(0));
+    if (!hindrance.empty()) {
+      Refuse("It was made by an older version of the program, and " + hindrance);
+    }
   }
 }
 
@@ -130,6 +119,17 @@ void StartInOpenOffice(session::Connection& connection, const SchemaWriter& writ
 }
 
 }  // namespace
+
+CreationOptions ReadOptions(session::Connection& connection) {
+  const auto row = connection.Execute("SELECT SchKind, SchOffice, SchOffices, SchRowGuids FROM SchemaTable");
+  if (row->Eof()) {
+    RefuseStranger();
+  }
+  return {.kind = session::ToId(row->Get(0)),
+          .office = session::ToId(row->Get(1)),
+          .offices = session::ToId(row->Get(2)),
+          .row_guids = session::ToId(row->Get(3)) != 0};
+}
 
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
   return connection.Execute(writer.Tables())->Eof();

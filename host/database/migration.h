@@ -5,6 +5,9 @@
 
 namespace host {
 
+// What a practice of any version was made with. Throws session::DatabaseError.
+CreationOptions ReadOptions(session::Connection& connection);
+
 // Whether a practice can be made in the database: it has no table, as its making leaves it when it is broken off.
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer);
 

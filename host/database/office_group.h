@@ -42,6 +42,8 @@ class OfficeGroup {
   // Moves an office to another server while others work in it: they write there until the last moment and follow by
   // themselves.
   virtual void Move(std::int32_t office, const std::string& server) = 0;
+  // Brings the tables of a group up to date that an older program has made; nothing else can be done with it before.
+  virtual void Migrate() = 0;
 };
 
 // Makes a database without tables the first server of a group, which has no office yet.

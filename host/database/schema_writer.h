@@ -30,8 +30,9 @@ class SchemaWriter {
   // What keeps other programs from making or changing tables until the end of the transaction; empty where beginning
   // one does.
   virtual std::string Lock() const { return {}; }
-  // A select of 1 or 0: whether this login may change the tables; empty where whoever may write may.
-  virtual std::string MayChange() const { return {}; }
+  // A select of what keeps this login from changing the tables, as a sentence goes on behind "and"; empty, or a null,
+  // where nothing does.
+  virtual std::string Hindrance() const { return {}; }
   // A select of the offices that this login may enter, the smallest first; empty, or without rows, where it may enter
   // all.
   virtual std::string OpenOffices() const { return {}; }

@@ -55,6 +55,7 @@ constexpr const char* kUsage =
     "practice_console offices add-server --database URL --server NAME=URL\n"
     "practice_console offices add-office N --database URL --server NAME [--demo PATIENTS]\n"
     "practice_console offices move N --database URL --to NAME\n"
+    "practice_console offices migrate --database URL\n"
     "practice_console offices list --database URL\n"
     "                                          a group of practices over several PostgreSQL servers\n";
 

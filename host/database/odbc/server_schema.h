@@ -7,7 +7,7 @@ namespace host {
 // A practice that somebody has set up on a server of another kind: its tables are as they are.
 class ServerSchema final : public SchemaWriter {
  public:
-  std::string MayChange() const override { return "SELECT 0"; }
+  std::string Hindrance() const override { return "SELECT 'this program changes no tables of such a server.'"; }
   std::string Tables() const override { return "SELECT TABLE_NAME AS name FROM INFORMATION_SCHEMA.TABLES"; }
   std::vector<std::string> Ground() const override { return {}; }
   std::vector<std::string> CreateTable(const Table& /*table*/, const CreationOptions& /*options*/,

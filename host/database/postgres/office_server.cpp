@@ -4,6 +4,7 @@
 
 #include "database/migration.h"
 #include "database/postgres/office_tables.h"
+#include "database/postgres/postgres_engine.h"
 
 namespace host {
 namespace {
@@ -53,18 +54,25 @@ std::vector<std::string> OfficeServer::Tables() const {
                                        kAllOffices + "' ORDER BY 1");
 }
 
-// The tables are made once as any practice's are, and those of all offices after their pattern.
-void OfficeServer::Found(const CreationOptions& options) const {
+void OfficeServer::Found(const CreationOptions& options, int version) const {
   session::Transaction transaction(Connection());
   Run("CREATE EXTENSION postgres_fdw; CREATE SCHEMA offices; CREATE SCHEMA home");
   for (const std::string& statement : database_.schema->Ground()) {
     Run(statement);
   }
+  MakeParents(options, version);
+  Run(CreateOfficeDirectory(name_));
+  transaction.Commit();
+}
+
+// The tables are made once as any practice's are, and those of all offices after their pattern.
+void OfficeServer::MakeParents(const CreationOptions& options, int version) const {
   Run(std::string("CREATE SCHEMA ") + kPattern + "; SET LOCAL search_path = " + kPattern + ", " +
       std::string(kSearchPath));
-  CreateSchema(Connection(), OfficeTables(), options);
+  CreateSchema(Connection(), OfficeTables(), options, version);
   // By it the database is known as a practice of its kind and version.
-  Run(std::string("ALTER TABLE schematable SET SCHEMA ") + std::string(kPracticeSchema));
+  Run("SET LOCAL client_min_messages = warning; CREATE TABLE IF NOT EXISTS " + std::string(kPracticeSchema) +
+      ".schematable AS TABLE schematable; DROP TABLE schematable");
   for (const std::string& table : FirstColumn(Connection(), std::string("SELECT tablename::text FROM pg_tables WHERE "
                                                                         "schemaname='") +
                                                                 kPattern + "' ORDER BY 1")) {
@@ -72,9 +80,45 @@ void OfficeServer::Found(const CreationOptions& options) const {
         ") PARTITION BY LIST (officeid); CREATE VIEW home." + table + " AS SELECT * FROM offices." + table +
         " WHERE FALSE");
   }
-  Run(std::string("SET LOCAL client_min_messages = warning; DROP SCHEMA ") + kPattern + " CASCADE; " +
-      CreateOfficeDirectory(name_));
+  Run(std::string("DROP SCHEMA ") + kPattern + " CASCADE");
+}
+
+int OfficeServer::Version() const {
+  return session::ToId(Connection().Execute("SELECT SchVersion FROM practice.schematable")->Get(0));
+}
+
+// What shows the offices' tables is made anew, as it holds no rows itself. The version comes last: until then nobody
+// enters by this program, and the next call begins again.
+void OfficeServer::Migrate(const OfficeDirectory& directory, const std::map<std::string, OfficeServer>& servers) const {
+  DropParents();
+  for (const auto& [office, home] : directory.homes) {
+    if (home == name_) {
+      const PracticeDatabase practice = PostgresEngine().OpenNew(UrlText(url_, OfficeSchema(office)), {});
+      MigrateSchema(*practice.connection, *practice.schema);
+    }
+  }
+  session::Transaction transaction(Connection());
+  MakeParents(ReadOptions(Connection()), kSchemaVersion);
   transaction.Commit();
+  Settle(directory, servers);
+  Run("UPDATE practice.schematable SET SchVersion=" + std::to_string(kSchemaVersion));
+}
+
+void OfficeServer::DropParents() const {
+  for (const std::string& table : Tables()) {
+    const std::string parent = std::string(kAllOffices) + "." + table;
+    session::Transaction transaction(Connection());
+    for (const std::string& change :
+         FirstColumn(Connection(),
+                     "SELECT CASE relkind WHEN 'f' THEN format('DROP FOREIGN TABLE %s', inhrelid::regclass) "
+                     "ELSE format('ALTER TABLE %s DETACH PARTITION %s', inhparent::regclass, inhrelid::regclass) END "
+                     "FROM pg_inherits JOIN pg_class ON oid=inhrelid WHERE inhparent=" +
+                         Quoted(parent) + "::regclass")) {
+      Run(change);
+    }
+    Run("SET LOCAL client_min_messages = warning; DROP TABLE " + parent + " CASCADE");
+    transaction.Commit();
+  }
 }
 
 void OfficeServer::Reserve() const {

@@ -29,14 +29,22 @@ class OfficeServer {
   session::Connection& Connection() const { return *database_.connection; }
   void Run(const std::string& statements) const { Connection().Execute(statements); }
 
-  // Makes a database without tables a server that no office is at home at.
-  void Found(const CreationOptions& options) const;
+  // Makes a database without tables a server that no office is at home at. `version` is for tests of what an older
+  // program has made.
+  void Found(const CreationOptions& options, int version = kSchemaVersion) const;
+  // Of the tables.
+  int Version() const;
   // Nobody else changes the group from now on, for as long as this one is connected.
   void Reserve() const;
   // Brings what stands here in line with the directory. `servers` has all servers of the group.
   void Settle(const OfficeDirectory& directory, const std::map<std::string, OfficeServer>& servers) const;
+  // The same with the tables of an older version, which are brought up to date. What breaks off is completed by the
+  // next call.
+  void Migrate(const OfficeDirectory& directory, const std::map<std::string, OfficeServer>& servers) const;
 
  private:
+  void MakeParents(const CreationOptions& options, int version) const;
+  void DropParents() const;
   std::vector<std::string> Tables() const;
   void Reach(const OfficeServer& other) const;
   void ShowOffices(const OfficeDirectory& directory) const;

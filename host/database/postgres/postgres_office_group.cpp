@@ -1,5 +1,6 @@
 #include "database/postgres/postgres_office_group.h"
 
+#include "database/migration.h"
 #include "database/postgres/office_move.h"
 #include "database/postgres/postgres_engine.h"
 #include "session/session.h"
@@ -19,7 +20,7 @@ void CheckName(const std::string& name) {
 }
 
 OfficeServer Opened(const std::string& name, const PostgresUrl& url) {
-  return {name, url, PostgresEngine().OpenAlone(UrlText(url))};
+  return {name, url, PostgresEngine().OpenNew(UrlText(url), {})};
 }
 
 OfficeServer Founded(const std::string& name, const PostgresUrl& url, const CreationOptions& options) {
@@ -30,6 +31,18 @@ OfficeServer Founded(const std::string& name, const PostgresUrl& url, const Crea
   OfficeServer server(name, url, PostgresEngine().OpenNew(UrlText(url), options));
   server.Found(options);
   return server;
+}
+
+void CheckVersion(const OfficeServer& server, bool may_be_older) {
+  const int version = server.Version();
+  if (version > kSchemaVersion) {
+    Refuse("The group was made by a newer version of the program. Please update the program.");
+  }
+  if (version < kSchemaVersion && !may_be_older) {
+    Refuse(
+        "The group was made by an older version of the program. Please run \"practice_console offices migrate\" "
+        "first.");
+  }
 }
 
 }  // namespace
@@ -49,13 +62,13 @@ void PostgresOfficeGroup::Create(const GroupServer& first, const CreationOptions
 }
 
 PostgresOfficeGroup::PostgresOfficeGroup(const std::string& url) : entrance_(ParsePostgresUrl(url)) {
-  const PracticeDatabase database = PostgresEngine().OpenAlone(url);
+  const PracticeDatabase database = PostgresEngine().OpenNew(url, {});
   const auto directory = ReadOfficeDirectory(*database.connection);
   if (!directory) {
     Refuse("The database " + entrance_.Shown() + " belongs to no group of practices.");
   }
   directory_ = *directory;
-  options_ = database.options;
+  options_ = ReadOptions(*database.connection);
 }
 
 std::vector<GroupServer> PostgresOfficeGroup::Servers() const {
@@ -75,7 +88,7 @@ std::vector<GroupOffice> PostgresOfficeGroup::Offices() const {
 }
 
 // One that missed the last change is brought up to date.
-void PostgresOfficeGroup::ConnectAll() {
+void PostgresOfficeGroup::ConnectAll(Tables tables) {
   if (!servers_.empty()) {
     return;
   }
@@ -96,6 +109,9 @@ void PostgresOfficeGroup::ConnectAll() {
       // Added by somebody else just now.
       servers.emplace(name, Opened(name, WithLoginOf(url, entrance_))).first->second.Reserve();
     }
+  }
+  for (const auto& [name, server] : servers) {
+    CheckVersion(server, tables == Tables::OrOlder);
   }
   servers_ = std::move(servers);
   for (const auto& [name, server] : servers_) {
@@ -175,6 +191,15 @@ void PostgresOfficeGroup::Move(std::int32_t office, const std::string& server) {
   MoveOffice(office, Server(home), to, moved);
   directory_ = moved;
   Publish(server);
+}
+
+void PostgresOfficeGroup::Migrate() {
+  ConnectAll(Tables::OrOlder);
+  for (const auto& [name, server] : servers_) {
+    if (server.Version() < kSchemaVersion) {
+      server.Migrate(directory_, servers_);
+    }
+  }
 }
 
 }  // namespace host

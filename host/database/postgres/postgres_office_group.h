@@ -26,9 +26,11 @@ class PostgresOfficeGroup final : public OfficeGroup {
   std::string PlaceFor(std::int32_t office, const std::string& server) override;
   void AddOffice(std::int32_t office, const std::string& server) override;
   void Move(std::int32_t office, const std::string& server) override;
+  void Migrate() override;
 
  private:
-  void ConnectAll();
+  enum class Tables { OfThisVersion, OrOlder };
+  void ConnectAll(Tables tables = Tables::OfThisVersion);
   const OfficeServer& Server(const std::string& name);
   // The directory as it is now, at all servers, the one first that it matters most for.
   void Publish(const std::string& first);

@@ -66,8 +66,15 @@ std::string PostgresSchema::Lock() const {
   return "SELECT pg_advisory_xact_lock(hashtext('practice schema'))";
 }
 
-std::string PostgresSchema::MayChange() const {
-  return "SELECT pg_has_role(relowner, 'USAGE')::int FROM pg_class WHERE oid = 'SchemaTable'::regclass";
+// The tables of a group's offices are parts of others, until the group is brought up to date.
+std::string PostgresSchema::Hindrance() const {
+  return "SELECT CASE WHEN to_regclass('practice.officegroup') IS NOT NULL AND (current_schema() = 'practice' OR "
+         "EXISTS (SELECT FROM pg_class WHERE relnamespace = current_schema()::regnamespace AND (relispartition OR "
+         "relkind = 'p'))) THEN 'belongs to a group of practices. Please have the administrator run "
+         "\"practice_console offices migrate\" of this version.' "
+         "WHEN NOT pg_has_role(relowner, 'USAGE') THEN 'this login may not change its tables. Please have the "
+         "administrator of the database open it once with this version.' END "
+         "FROM pg_class WHERE oid = 'SchemaTable'::regclass";
 }
 
 std::string PostgresSchema::OpenOffices() const {

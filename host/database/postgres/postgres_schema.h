@@ -23,7 +23,7 @@ inline constexpr std::string_view kSearchPath = "practice, public";
 class PostgresSchema : public SchemaWriter {
  public:
   std::string Lock() const override;
-  std::string MayChange() const override;
+  std::string Hindrance() const override;
   std::string OpenOffices() const override;
   std::string Tables() const override;
   // Text that compares without regard to case, and what hands out keys.

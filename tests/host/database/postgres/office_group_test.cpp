@@ -4,9 +4,11 @@
 
 #include <atomic>
 #include <map>
+#include <set>
 #include <thread>
 
 #include "database/database.h"
+#include "database/migration.h"
 #include "database/postgres/office_move.h"
 #include "database/postgres/postgres_engine.h"
 #include "database/unix/throwaway_cluster.h"
@@ -44,6 +46,12 @@ std::string Refusal(const Work& work) {
   return "nothing";
 }
 
+PracticeDatabase In(std::int32_t office, const std::string& url) {
+  PracticeDatabase database = OpenDatabase(url);
+  database.enter_office(office);
+  return database;
+}
+
 // Office 1 at the server "north", office 2 at "south".
 class OfficeGroupTest : public testing::Test {
  protected:
@@ -65,11 +73,6 @@ class OfficeGroupTest : public testing::Test {
   static void Add(OfficeGroup& group, std::int32_t office, const std::string& server) {
     CreateDatabase(group.PlaceFor(office, server), group.OptionsOf(office));
     group.AddOffice(office, server);
-  }
-  static PracticeDatabase In(std::int32_t office, const std::string& url) {
-    PracticeDatabase database = OpenDatabase(url);
-    database.enter_office(office);
-    return database;
   }
 
   static inline std::string north_;
@@ -230,7 +233,7 @@ TEST_F(OfficeGroupTest, RefusesWhatCannotBe) {
   EXPECT_THAT(Refusal([&] { group->PlaceFor(2, "north"); }), HasSubstr("an office 2 already"));
   EXPECT_THAT(Refusal([&] { group->AddServer({"west", south_}); }), HasSubstr("in use already"));
   EXPECT_THAT(Refusal([&] { OpenOfficeGroup(south_)->Move(1, "south"); }), HasSubstr("Another program"));
-  EXPECT_THAT(Refusal([&] { OpenOfficeGroup(North().Url("postgres")); }), HasSubstr("holds no practice"));
+  EXPECT_THAT(Refusal([&] { OpenOfficeGroup(North().Url("postgres")); }), HasSubstr("belongs to no group"));
   EXPECT_THAT(Refusal([&] { OpenOfficeGroup("sqlite::memory:"); }), HasSubstr("PostgreSQL servers alone"));
   EXPECT_THAT(Refusal([&] { Ask(In(7, north_), "SELECT 1"); }), HasSubstr("no office 7"));
 }
@@ -245,6 +248,114 @@ TEST_F(OfficeGroupTest, PasswordsAreNoOnesToSee) {
   }
   EXPECT_EQ(Ask(OpenDatabase(north_), "SELECT count(*) FROM pg_user_mapping WHERE umoptions::text LIKE '%s3cret%'"),
             "1");
+}
+
+// A group of two servers, as an older program has made it.
+class OlderGroup : public testing::Test {
+ protected:
+  ~OlderGroup() override {
+    for (const auto& [cluster, name] : databases_) {
+      cluster->DropDatabase(name);
+    }
+  }
+  void Make(int version) {
+    const CreationOptions options{.kind = 7, .office = 1, .offices = 0};
+    const PostgresEngine engine;
+    std::map<std::string, OfficeServer> servers;
+    OfficeDirectory directory;
+    for (auto& [name, url] : urls_) {
+      ThrowawayCluster& cluster = name == "north" ? North() : South();
+      databases_.emplace_back(&cluster, cluster.MakeDatabase("older"));
+      url = cluster.Url(databases_.back().second);
+      const PostgresUrl place = ParsePostgresUrl(url);
+      directory.servers[name] = WithoutSecrets(place);
+      servers.emplace(name, OfficeServer(name, place, engine.OpenNew(url, options)))
+          .first->second.Found(options, version);
+    }
+    directory.version = 1;
+    directory.homes = {{1, "north"}, {2, "south"}};
+    for (const auto& [office, home] : directory.homes) {
+      servers.at(home).Run("CREATE SCHEMA " + OfficeSchema(office));
+      CreationOptions own = options;
+      own.office = office;
+      const PracticeDatabase practice = engine.OpenNew(UrlText(servers.at(home).Url(), OfficeSchema(office)), own);
+      CreateSchema(*practice.connection, *practice.schema, own, version);
+      practice.connection->Execute("INSERT INTO ZipCodTable (ZipCodCit) VALUES ('Boston')");
+    }
+    for (const auto& [name, server] : servers) {
+      server.Settle(directory, servers);
+    }
+  }
+  // What a server's tables have and what belongs to them, in whichever order.
+  std::set<std::string> Objects(const std::string& server) const {
+    std::set<std::string> objects;
+    const auto database = PostgresEngine().OpenNew(urls_.at(server), {});
+    for (const char* select : {
+             "SELECT attrelid::regclass || ' ' || attname || ' ' || format_type(atttypid, atttypmod) || "
+             "coalesce(pg_get_expr(adbin, adrelid), '') FROM pg_attribute JOIN pg_class c ON c.oid=attrelid "
+             "LEFT JOIN pg_attrdef ON adrelid=attrelid AND adnum=attnum WHERE relnamespace::regnamespace::text IN "
+             "('office_1', 'office_2', 'offices', 'home', 'at_north', 'at_south') AND attnum>0 AND relkind<>'i'",
+             "SELECT indexdef FROM pg_indexes WHERE schemaname LIKE 'office%'",
+             "SELECT conrelid::regclass || conname || pg_get_constraintdef(oid) FROM pg_constraint",
+             "SELECT tgrelid::regclass || pg_get_triggerdef(oid) FROM pg_trigger WHERE NOT tgisinternal",
+             "SELECT inhrelid::regclass || ' of ' || inhparent::regclass FROM pg_inherits",
+         }) {
+      for (const std::string& object : FirstColumn(*database.connection, select)) {
+        objects.insert(object);
+      }
+    }
+    return objects;
+  }
+  std::string Url(const std::string& server) const { return urls_.at(server); }
+
+ private:
+  std::map<std::string, std::string> urls_ = {{"north", ""}, {"south", ""}};
+  std::vector<std::pair<ThrowawayCluster*, std::string>> databases_;
+};
+
+TEST_F(OlderGroup, OfEveryVersionBecomesLikeANewOne) {
+  Make(kSchemaVersion);
+  const auto north = Objects("north");
+  const auto south = Objects("south");
+  for (int version = 1; version < kSchemaVersion; ++version) {
+    SCOPED_TRACE(version);
+    Make(version);
+    EXPECT_THAT(Refusal([&] { OpenDatabase(Url("north")); }), HasSubstr("offices migrate"));
+    EXPECT_THAT(Refusal([&] { OpenOfficeGroup(Url("north"))->Move(2, "north"); }), HasSubstr("offices migrate"));
+    EXPECT_NE(Objects("south"), south);
+    OpenOfficeGroup(Url("north"))->Migrate();
+    EXPECT_EQ(Objects("north"), north);
+    EXPECT_EQ(Objects("south"), south);
+    const PracticeDatabase database = OpenDatabase(Url("north"));
+    for (const int office : {0, 2}) {
+      database.enter_office(office);
+      EXPECT_EQ(Ask(database, "SELECT string_agg(ZipCodCit || ZipCodID, ',') FROM ZipCodTable WHERE OfficeID=2"),
+                "Boston1");
+    }
+  }
+}
+
+// Wherever it stops, nobody enters an office whose tables are not as they should be, and the next run completes it.
+TEST_F(OlderGroup, IsCompletedByTheNextRun) {
+  Make(kSchemaVersion);
+  const auto south = Objects("south");
+  Make(1);
+  const PracticeDatabase superuser = PostgresEngine().OpenNew(Url("south"), {});
+  superuser.connection->Execute(
+      "CREATE FUNCTION public.stop() RETURNS event_trigger LANGUAGE plpgsql AS $$ BEGIN RAISE EXCEPTION 'stopped'; END "
+      "$$");
+  for (const char* change :
+       {"DROP FOREIGN TABLE", "DROP TABLE", "CREATE INDEX", "CREATE VIEW", "CREATE FOREIGN TABLE"}) {
+    SCOPED_TRACE(change);
+    superuser.connection->Execute("CREATE EVENT TRIGGER stop ON ddl_command_end WHEN TAG IN ('" + std::string(change) +
+                                  "') EXECUTE FUNCTION public.stop()");
+    EXPECT_THAT(Refusal([&] { OpenOfficeGroup(Url("north"))->Migrate(); }), HasSubstr("stopped"));
+    EXPECT_THAT(Refusal([&] { OpenDatabase(Url("south")); }), HasSubstr("offices migrate"));
+    superuser.connection->Execute("DROP EVENT TRIGGER stop");
+  }
+  OpenOfficeGroup(Url("north"))->Migrate();
+  EXPECT_EQ(Objects("south"), south);
+  EXPECT_EQ(Ask(In(2, Url("north")), "SELECT ZipCodCit FROM ZipCodTable"), "Boston");
 }
 
 }  // namespace
