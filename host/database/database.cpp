@@ -10,17 +10,17 @@ namespace {
 constexpr const char* kNoGroups = "Groups of practices stand on PostgreSQL servers alone.";
 
 const Engine& EngineOf(const std::string& url) {
-  const std::size_t colon = url.find(':');
-  if (colon != std::string::npos && colon + 1 < url.size()) {
-    if (const Engine* engine = FindEngine(url.substr(0, colon))) {
+  const std::string begin = url.substr(0, url.find(':') + 1);
+  const auto engines = Engines();
+  std::string shapes;
+  for (const Engine* engine : engines) {
+    if (!begin.empty() && engine->Shape().starts_with(begin) && url != begin) {
       return *engine;
     }
+    shapes += (shapes.empty() ? "" : engine == engines.back() ? " or " : ", ") + std::string(engine->Shape());
   }
   throw session::DatabaseError(
-      "\"" + ShownUrl(url) +
-          "\" is no database URL that this program knows: sqlite:PATH, postgresql://... or odbc:... "
-          "is expected.",
-      {}, 0);
+      "\"" + ShownUrl(url) + "\" is no database URL that this program knows: " + shapes + " is expected.", {}, 0);
 }
 
 }  // namespace

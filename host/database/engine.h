@@ -3,17 +3,21 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/database.h"
 #include "database/office_group.h"
 
 namespace host {
 
-// A kind of databases, behind the URLs that begin with its name. All throw session::DatabaseError.
+// A kind of databases, behind the URLs that begin as `Shape` does up to its colon. All else throws
+// session::DatabaseError.
 class Engine {
  public:
   virtual ~Engine() = default;
 
+  // As a person is told how its URLs look: "sqlite:PATH".
+  virtual std::string_view Shape() const = 0;
   // Opens a database without tables, for `CreateSchema`; a file that is not there is made.
   virtual PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const = 0;
   // Opens a practice, and brings an older one up to date.
@@ -25,7 +29,7 @@ class Engine {
   virtual std::unique_ptr<OfficeGroup> OpenOfficeGroup(const std::string& url) const;
 };
 
-// By the name before the colon of a URL; null for one that this platform's program does not have.
-const Engine* FindEngine(std::string_view name);
+// Those that this platform's program has.
+std::vector<const Engine*> Engines();
 
 }  // namespace host

@@ -10,6 +10,7 @@ namespace host {
 // server can be opened, where statements are written as `PrepareServer` says; that has not been tried on any.
 class OdbcEngine final : public Engine {
  public:
+  std::string_view Shape() const override { return "odbc:CONNECTION-STRING"; }
   PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const override;
   PracticeDatabase Open(const std::string& url) const override;
   bool IsVacant(const std::string& url) const override;

@@ -8,6 +8,7 @@ namespace host {
 // is there, with UTF8 text; a practice is made in it when it holds no table.
 class PostgresEngine final : public Engine {
  public:
+  std::string_view Shape() const override { return "postgresql://..."; }
   PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const override;
   PracticeDatabase Open(const std::string& url) const override;
   bool IsVacant(const std::string& url) const override;

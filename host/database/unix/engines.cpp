@@ -5,17 +5,11 @@
 
 namespace host {
 
-const Engine* FindEngine(std::string_view name) {
+std::vector<const Engine*> Engines() {
   static const SqliteEngine sqlite;
   static const PostgresEngine postgres;
   static const OdbcEngine odbc;
-  if (name == "sqlite") {
-    return &sqlite;
-  }
-  if (name == "odbc") {
-    return &odbc;
-  }
-  return name == "postgresql" ? &postgres : nullptr;
+  return {&sqlite, &postgres, &odbc};
 }
 
 }  // namespace host

@@ -4,13 +4,10 @@
 
 namespace host {
 
-const Engine* FindEngine(std::string_view name) {
+std::vector<const Engine*> Engines() {
   static const SqliteEngine sqlite;
   static const OdbcEngine odbc;
-  if (name == "sqlite") {
-    return &sqlite;
-  }
-  return name == "odbc" ? &odbc : nullptr;
+  return {&sqlite, &odbc};
 }
 
 }  // namespace host

@@ -35,7 +35,8 @@ TEST(Database, UrlsNameEngineAndFile) {
   };
   EXPECT_THAT(message("postgresql:///practice?host=/no/such/folder"),
               testing::HasSubstr("\"practice\" on /no/such/folder"));
-  EXPECT_THAT(message("practice.db"), testing::HasSubstr("is no database URL"));
+  EXPECT_THAT(message("practice.db"),
+              testing::HasSubstr(": sqlite:PATH, postgresql://... or odbc:CONNECTION-STRING is expected."));
   EXPECT_THAT(message("sqlite:no/such/folder/practice.db"), testing::HasSubstr("no/such/folder/practice.db"));
 }
 
