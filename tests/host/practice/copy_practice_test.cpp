@@ -11,6 +11,7 @@
 #include "host/practice/practice_fixture.h"
 #include "practice/copied_table.h"
 #include "practice/demo.h"
+#include "support/odbc_url.h"
 
 namespace host {
 namespace {
@@ -102,20 +103,24 @@ TEST(CopyPractice, ADemoGoesToAServerAndBack) {
   EXPECT_THAT(Refusal(first.Url(), last.Url()), HasSubstr("in use already"));
 }
 
+// To the server and from there, by its own library and by its ODBC driver.
 TEST(CopyPractice, HostileValuesArriveAsTheyAre) {
   const PracticeFile first("copy_hostile");
-  const PracticeFile last("copy_hostile_back");
-  const ServerDatabase server;
   MakeHostile(first.Url());
-  EXPECT_TRUE(CopyPractice(first.Url(), server.Url(), GoOn));
-  EXPECT_TRUE(CopyPractice(server.Url(), last.Url(), GoOn));
-  ExpectSame(first.Url(), server.Url());
-  ExpectSame(first.Url(), last.Url());
-  const PracticeDatabase copied = OpenDatabase(server.Url());
-  EXPECT_EQ(session::ToText(copied.Run("SELECT pADD1 FROM PATable WHERE pID=5 AND OfficeID=1")->Get(0)),
-            "  \\ \r\n\t$1 {0} TRUE ");
-  copied.Run("INSERT INTO EmpTable (EmpNam) VALUES ('next')");
-  EXPECT_EQ(session::ToId(copied.Run("SELECT EmpInd FROM EmpTable WHERE EmpNam='next'")->Get(0)), 2);
+  for (const bool by_odbc : {false, true}) {
+    const PracticeFile last("copy_hostile_back");
+    const ServerDatabase server;
+    const std::string url = by_odbc ? OdbcUrl(server.Url()) : server.Url();
+    EXPECT_TRUE(CopyPractice(first.Url(), url, GoOn));
+    EXPECT_TRUE(CopyPractice(url, last.Url(), GoOn));
+    ExpectSame(first.Url(), server.Url());
+    ExpectSame(first.Url(), last.Url());
+    const PracticeDatabase copied = OpenDatabase(url);
+    EXPECT_EQ(session::ToText(copied.Run("SELECT pADD1 FROM PATable WHERE pID=5 AND OfficeID=1")->Get(0)),
+              "  \\ \r\n\t$1 {0} TRUE ");
+    copied.Run("INSERT INTO EmpTable (EmpNam) VALUES ('next')");
+    EXPECT_EQ(session::ToId(copied.Run("SELECT EmpInd FROM EmpTable WHERE EmpNam='next'")->Get(0)), 2);
+  }
 }
 
 TEST(CopyPractice, WhatATargetCannotHoldIsNamed) {
