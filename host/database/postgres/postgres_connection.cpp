@@ -83,15 +83,23 @@ class PostgresServer {
       throw session::DatabaseError("There is no transaction.", "COMMIT", CodeOfState("25P01"));
     }
     const bool lost = state_ == State::Lost;
-    state_ = State::Over;
     if (lost) {
+      state_ = State::Over;
       throw Loss("The transaction has ended with it.", "COMMIT");
     }
+    const session::Value written = InTransaction(kWhichTransaction)->Get(0);
+    state_ = State::Over;
     try {
       main_->Run({}, "COMMIT", "COMMIT");
     } catch (const session::DatabaseError& error) {
       main_->ForgetSettings();
-      throw OfAChange(error);
+      if (!error.ConnectionLost() || session::IsNull(written)) {
+        throw;
+      }
+      const std::string outcome = OutcomeOf(session::ToText(written));
+      if (outcome != "committed") {
+        throw outcome == "aborted" ? error : OfAChange(error);
+      }
     }
     state_ = State::None;
   }
@@ -151,6 +159,17 @@ class PostgresServer {
       }
       state_ = State::Lost;
       throw;
+    }
+  }
+
+  // "committed", "aborted", or empty when nobody can tell.
+  std::string OutcomeOf(const std::string& transaction) {
+    try {
+      Connect();
+      const PostgresResult status = main_->Run({}, LookUpTransaction(transaction), {});
+      return PQgetvalue(status.get(), 0, 0);
+    } catch (const session::DatabaseError&) {
+      return {};
     }
   }
 

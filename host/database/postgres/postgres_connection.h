@@ -31,8 +31,9 @@ struct PostgresWay {
 // list that is half read neither holds up a save nor fills the memory.
 //
 // A lost connection is DatabaseError with `ConnectionLost`, and ends the transaction; the next statement outside one
-// connects again. What is seen to be lost before anything is sent is made again without a word; a change or a commit
-// whose answer did not come is `Unanswered`. Another program that holds a row is waited for until `WhileBusy` gives it
+// connects again. What is seen to be lost before anything is sent is made again without a word. Where the answer to
+// a commit did not come the server is asked for its outcome at once; where that does not help, and for a change outside
+// a transaction, the loss is `Unanswered`. Another program that holds a row is waited for until `WhileBusy` gives it
 // up, or some seconds where nobody could.
 class PostgresConnection final : public session::Connection {
  public:

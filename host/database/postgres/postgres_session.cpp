@@ -86,6 +86,15 @@ PostgresSettings PostgresUse::ForWriting(bool can_give_up) const {
   return settings;
 }
 
+std::string LookUpTransaction(const std::string& transaction) {
+  const std::size_t at = transaction.find('@');
+  const std::string id = "'" + transaction.substr(0, at) + "'::xid8";
+  const std::string same_history =
+      "left(pg_walfile_name(pg_current_wal_insert_lsn()), 8) = '" + transaction.substr(at + 1) + "'";
+  return "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE backend_xid = (" + id + ")::xid AND " +
+         same_history + "; SELECT CASE WHEN " + same_history + " THEN pg_xact_status(" + id + ") END";
+}
+
 bool CanReadApart(std::string_view batch) {
   // The main connection alone knows its last key.
   return IsSingleSelect(batch) && batch.find("practice_identity") == std::string_view::npos;

@@ -35,6 +35,14 @@ inline constexpr const char* kBeginBatches = "SAVEPOINT practice_batch";
 inline constexpr const char* kKeepBatch = "\n; RELEASE practice_batch; SAVEPOINT practice_batch";
 inline constexpr const char* kTakeBatchBack = "ROLLBACK TO practice_batch";
 
+// The transaction as `LookUpTransaction` knows it; null while it has written nothing.
+inline constexpr const char* kWhichTransaction =
+    "SELECT CASE WHEN pg_current_xact_id_if_assigned() IS NOT NULL THEN pg_current_xact_id_if_assigned()::text || '@' "
+    "|| left(pg_walfile_name(pg_current_wal_insert_lsn()), 8) END";
+// How it ended, "committed" or "aborted", asked by the same login on another connection. One that still runs without
+// its connection is ended. Null from a server that has another history since, as one that took over from the first.
+std::string LookUpTransaction(const std::string& transaction);
+
 // Whether a batch is one select that another connection may run as well.
 bool CanReadApart(std::string_view batch);
 
