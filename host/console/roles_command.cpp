@@ -1,18 +1,34 @@
 #include "console/roles_command.h"
 
-#include "database/database.h"
+#include <algorithm>
+
 #include "database/postgres/postgres_schema.h"
+#include "practice/practice.h"
 
 namespace host {
+namespace {
 
-void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& output) {
-  const PracticeDatabase database = OpenDatabase(url);
-  if (dynamic_cast<const PostgresSchema*>(database.schema) == nullptr) {
+Practice OnServer(const std::string& url) {
+  Practice practice(url);
+  if (dynamic_cast<const PostgresSchema*>(practice.Database().schema) == nullptr) {
     throw session::DatabaseError("Only a practice on a PostgreSQL server has logins for desks.", {}, 0);
   }
-  const bool searched_by_index = AdmitDesk(*database.connection, database.options, login);
+  return practice;
+}
+
+}  // namespace
+
+void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& output) {
+  const Practice practice = OnServer(url);
+  const std::vector<std::int32_t> offices = practice.Offices();
+  for (const int office : practice.Kind() == session::kOfficeScoped ? login.offices : std::vector<int>()) {
+    if (std::ranges::find(offices, office) == offices.end()) {
+      throw session::DatabaseError("The practice has no office " + std::to_string(office) + ".", {}, 0);
+    }
+  }
+  const bool searched_by_index = AdmitDesk(practice.ConnectionIn(0), practice.Database().options, login);
   output << login.name << " may work in the practice";
-  if (database.options.kind == 7) {
+  if (practice.Kind() == session::kOfficeScoped) {
     const char* before = login.offices.size() == 1 ? ", in office " : ", in the offices ";
     for (const int office : login.offices) {
       output << before << office;
@@ -22,6 +38,15 @@ void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& outp
   output << ".\n";
   if (!searched_by_index) {
     output << "Searches by name read all rows until a superuser of the server has run this command.\n";
+  }
+}
+
+void RemoveRoles(const std::string& url, const std::string& login, std::ostream& output) {
+  const Practice practice = OnServer(url);
+  const std::vector<std::string> through = RemoveDesk(practice.ConnectionIn(0), login);
+  output << login << " may no longer work in the practice.\n";
+  for (const std::string& group : through) {
+    output << "It still may as a member of " << group << ".\n";
   }
 }
 

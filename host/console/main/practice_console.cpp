@@ -51,6 +51,8 @@ constexpr const char* kUsage =
     "practice_console roles --database URL --desk LOGIN [--office N]...\n"
     "                                          has a login of a PostgreSQL server work in the practice as a desk, in\n"
     "                                          several offices in those named alone\n"
+    "practice_console roles --database URL --remove LOGIN\n"
+    "                                          takes that back\n"
     "practice_console offices create --server NAME=URL [--row-guids]\n"
     "practice_console offices add-server --database URL --server NAME=URL\n"
     "practice_console offices add-office N --database URL --server NAME [--demo PATIENTS]\n"
@@ -184,8 +186,9 @@ int RefreshOneRecall(Words& words) {
   return 0;
 }
 
-int AdmitDesk(Words& words) {
+int ChangeDesks(Words& words) {
   std::string url;
+  std::string removed;
   host::DeskLogin login;
   while (!words.AtEnd()) {
     const std::string option = words.Take();
@@ -193,16 +196,22 @@ int AdmitDesk(Words& words) {
       url = words.Take();
     } else if (option == "--desk") {
       login.name = words.Take();
+    } else if (option == "--remove") {
+      removed = words.Take();
     } else if (option == "--office") {
       login.offices.push_back(words.TakeNumber());
     } else {
       throw UsageError();
     }
   }
-  if (url.empty() || login.name.empty()) {
+  if (url.empty() || login.name.empty() == removed.empty() || (!removed.empty() && !login.offices.empty())) {
     throw UsageError();
   }
-  host::RunRoles(url, login, std::cout);
+  if (removed.empty()) {
+    host::RunRoles(url, login, std::cout);
+  } else {
+    host::RemoveRoles(url, removed, std::cout);
+  }
   return 0;
 }
 
@@ -311,7 +320,7 @@ int RunCommand(Words& words) {
     return RefreshOneRecall(words);
   }
   if (command == "roles") {
-    return AdmitDesk(words);
+    return ChangeDesks(words);
   }
   if (command == "offices") {
     return RunOfficesOrder(words);

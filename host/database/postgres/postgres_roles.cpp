@@ -1,5 +1,7 @@
 #include "database/postgres/postgres_roles.h"
 
+#include "database/postgres/office_directory.h"
+
 namespace host {
 namespace {
 
@@ -7,14 +9,21 @@ namespace {
 constexpr std::string_view kDesks =
     "CREATE TABLE practice.DeskTable (DeskLogin name NOT NULL, DeskOffice int, UNIQUE (DeskLogin, DeskOffice))";
 
+// The logins that work in the practice: a row of the table counts while its login has the schema, which is granted to
+// none but them. It goes with `DROP OWNED`, and no later login of the same name has it.
+constexpr std::string_view kAdmitted =
+    "CREATE VIEW practice.AdmittedDesks AS SELECT DeskLogin, DeskOffice, pg_roles.oid AS DeskRole "
+    "FROM practice.DeskTable JOIN pg_catalog.pg_roles ON rolname = DeskLogin WHERE pg_roles.oid IN "
+    "(SELECT (pg_catalog.aclexplode(nspacl)).grantee FROM pg_catalog.pg_namespace WHERE nspname = 'practice')";
+
 // The offices whose rows the session may see and write. It goes by the login that connected, which no statement of its
 // own can change, and reads what the login itself may not.
 constexpr std::string_view kOpenOffices =
     "CREATE FUNCTION practice.open_offices() RETURNS int[] LANGUAGE sql STABLE SECURITY DEFINER "
     "SET search_path = pg_catalog, pg_temp "
-    "RETURN (SELECT coalesce(array_agg(DISTINCT DeskOffice), '{}'::int[]) FROM practice.DeskTable "
-    "JOIN pg_roles ON rolname = DeskLogin AND pg_has_role(session_user, pg_roles.oid, 'MEMBER') "
-    "WHERE DeskOffice = coalesce(nullif(current_setting('practice.office', true), '')::int, DeskOffice))";
+    "RETURN (SELECT coalesce(array_agg(DISTINCT DeskOffice), '{}'::int[]) FROM practice.AdmittedDesks "
+    "WHERE pg_has_role(session_user, DeskRole, 'MEMBER') AND DeskOffice = "
+    "coalesce(nullif(current_setting('practice.office', true), '')::int, DeskOffice))";
 
 // What compares text must not be feared to tell of rows that the policy hides, or no index serves a search by name:
 // the policy would come first, for each row. A superuser alone may say so.
@@ -22,7 +31,7 @@ constexpr std::string_view kAdmit =
     "CREATE FUNCTION practice.admit_desks() RETURNS void LANGUAGE plpgsql SET search_path = practice, public AS $$ "
     "DECLARE guarded boolean; t record; desk name; comparison regproc; "
     "BEGIN "
-    "IF NOT EXISTS (SELECT FROM DeskTable) THEN RETURN; END IF; "
+    "IF NOT EXISTS (SELECT FROM AdmittedDesks) THEN RETURN; END IF; "
     "guarded := (SELECT SchKind = 7 FROM SchemaTable); "
     "FOR t IN SELECT c.oid::regclass AS name, c.relrowsecurity AS done, EXISTS (SELECT FROM pg_attribute "
     "WHERE attrelid = c.oid AND attname = 'officeid') AS of_office, CASE c.relname WHEN 'changetable' "
@@ -33,11 +42,11 @@ constexpr std::string_view kAdmit =
     "EXECUTE format('ALTER TABLE %s ENABLE ROW LEVEL SECURITY', t.name); "
     "EXECUTE format('CREATE POLICY office ON %s USING (OfficeID = ANY ((SELECT practice.open_offices())::int[]))', "
     "t.name); END IF; "
-    "FOR desk IN SELECT DISTINCT DeskLogin FROM DeskTable JOIN pg_roles ON rolname = DeskLogin LOOP "
+    "FOR desk IN SELECT DISTINCT DeskLogin FROM AdmittedDesks LOOP "
     "EXECUTE format('REVOKE ALL ON %s FROM %I', t.name, desk); "
     "IF t.of_office OR NOT guarded THEN EXECUTE format('GRANT %s ON %s TO %I', t.rights, t.name, desk); END IF; "
     "END LOOP; END LOOP; "
-    "FOR desk IN SELECT DISTINCT DeskLogin FROM DeskTable JOIN pg_roles ON rolname = DeskLogin LOOP "
+    "FOR desk IN SELECT DISTINCT DeskLogin FROM AdmittedDesks LOOP "
     "EXECUTE format('REVOKE ALL ON SCHEMA practice FROM %1$I; GRANT USAGE ON SCHEMA practice TO %1$I; "
     "GRANT SELECT ON SchemaTable TO %1$I; GRANT USAGE ON ALL SEQUENCES IN SCHEMA practice TO %1$I', desk); "
     "END LOOP; "
@@ -49,16 +58,45 @@ constexpr std::string_view kAdmit =
     "END LOOP; END IF; "
     "END $$";
 
-std::string Quoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c == '\'' ? std::string("''") : std::string(1, c);
+std::string AsIdentifier(std::string_view name) {
+  std::string quoted = "\"";
+  for (const char c : name) {
+    quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   }
-  return quoted + "'";
+  return quoted + "\"";
 }
 
 [[noreturn]] void Refuse(const std::string& why) {
   throw session::DatabaseError(why, {}, 0);
+}
+
+bool IsThere(session::Connection& connection, const std::string& login) {
+  return !connection.Execute("SELECT 1 FROM pg_roles WHERE rolname = " + Quoted(login))->Eof();
+}
+
+// What this login has, or one that it is a member of, leads past every grant and policy.
+void CheckHasNoMoreRights(session::Connection& connection, const std::string& login) {
+  const auto owns = connection.Execute(
+      "SELECT ((NOT rolsuper OR pg_roles.oid = relowner) AND pg_has_role(rolname, relowner, 'MEMBER'))::int "
+      "FROM pg_roles, pg_class WHERE pg_class.oid = 'SchemaTable'::regclass AND rolname = " +
+      Quoted(login));
+  if (session::ToId(owns->Get(0)) != 0) {
+    Refuse("The tables belong to \"" + login + "\", who may do anything with them. Desks need a login of their own.");
+  }
+  const auto more = connection.Execute(
+      "SELECT r.rolname::text, CASE WHEN r.rolsuper THEN 'is a superuser' WHEN r.rolbypassrls THEN 'has BYPASSRLS' "
+      "WHEN r.rolcreaterole THEN 'has CREATEROLE' WHEN r.rolreplication THEN 'has REPLICATION' "
+      "ELSE 'reaches all data or files of the server' END FROM pg_roles d, pg_roles r WHERE pg_has_role(d.oid, r.oid, "
+      "'MEMBER') AND (r.rolsuper OR r.rolbypassrls OR r.rolcreaterole OR r.rolreplication OR r.rolname IN "
+      "('pg_write_all_data', 'pg_read_server_files', 'pg_write_server_files', 'pg_execute_server_program')) "
+      "AND d.rolname = " +
+      Quoted(login) + " ORDER BY r.oid <> d.oid, 1");
+  if (!more->Eof()) {
+    const std::string holder = session::ToText(more->Get(0));
+    Refuse("The login \"" + login + "\" " + (holder == login ? "" : "is a member of \"" + holder + "\", which ") +
+           session::ToText(more->Get(1)) +
+           ", and what desks may do would not bind it. Desks need a login without such rights.");
+  }
 }
 
 // The recall screen makes a copy of all offices' recalls before it saves the first one, which a desk's login may not.
@@ -84,26 +122,22 @@ std::string MakeRecallBackup() {
 }  // namespace
 
 std::vector<std::string> DeskGround() {
-  return {std::string(kDesks), std::string(kOpenOffices), std::string(kAdmit),
+  return {std::string(kDesks), std::string(kAdmitted), std::string(kOpenOffices), std::string(kAdmit),
           "REVOKE ALL ON FUNCTION practice.admit_desks() FROM PUBLIC"};
 }
 
 bool AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login) {
   const std::string name = Quoted(login.name);
-  const auto owns = connection.Execute(
-      "SELECT pg_has_role(rolname, relowner, 'MEMBER')::int FROM pg_roles, pg_class "
-      "WHERE pg_class.oid = 'SchemaTable'::regclass AND rolname = " +
-      name);
-  if (owns->Eof()) {
+  if (!IsThere(connection, login.name)) {
     Refuse("The server knows no login \"" + login.name + "\". It has to be made first.");
   }
-  if (session::ToId(owns->Get(0)) != 0) {
-    Refuse("The tables belong to \"" + login.name +
-           "\", who may do anything with them. Desks need a login of their own.");
-  }
+  CheckHasNoMoreRights(connection, login.name);
   const bool guarded = options.kind == 7;
   if (guarded && login.offices.empty()) {
     Refuse("The practice has several offices. Please name those that the login may enter.");
+  }
+  if (!guarded && !login.offices.empty()) {
+    Refuse("The practice has one office, which every login may enter. Please name none.");
   }
   session::Transaction transaction(connection);
   if (session::IsNull(connection.Execute("SELECT to_regclass('RSTableBackup')::text")->Get(0))) {
@@ -113,14 +147,38 @@ bool AdmitDesk(session::Connection& connection, const CreationOptions& options, 
   if (!guarded) {
     connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", NULL)");
   }
-  for (const int office : guarded ? login.offices : std::vector<int>()) {
+  for (const int office : login.offices) {
     connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", " + std::to_string(office) + ")");
   }
+  connection.Execute("GRANT USAGE ON SCHEMA practice TO " + AsIdentifier(login.name));
   connection.Execute(std::string(kAdmitDesks));
   const auto compares = connection.Execute("SELECT proleakproof::int FROM pg_proc WHERE proname = 'citext_ge'");
   const bool by_index = !guarded || session::ToId(compares->Get(0)) != 0;
   transaction.Commit();
   return by_index;
+}
+
+std::vector<std::string> RemoveDesk(session::Connection& connection, const std::string& login) {
+  const std::string name = Quoted(login);
+  session::Transaction transaction(connection);
+  if (connection.Execute("SELECT 1 FROM DeskTable WHERE DeskLogin = " + name)->Eof()) {
+    Refuse("\"" + login + "\" is no login of the practice's desks.");
+  }
+  connection.Execute("DELETE FROM DeskTable WHERE DeskLogin = " + name);
+  std::vector<std::string> through;
+  if (IsThere(connection, login)) {
+    const std::string from = " FROM " + AsIdentifier(login);
+    connection.Execute("REVOKE ALL ON ALL TABLES IN SCHEMA practice" + from +
+                       "; REVOKE ALL ON ALL SEQUENCES IN SCHEMA practice" + from + "; REVOKE ALL ON SCHEMA practice" +
+                       from);
+    for (const auto rows = connection.Execute("SELECT DISTINCT DeskLogin::text FROM AdmittedDesks WHERE pg_has_role(" +
+                                              name + ", DeskRole, 'MEMBER') ORDER BY 1");
+         !rows->Eof(); rows->MoveNext()) {
+      through.push_back(session::ToText(rows->Get(0)));
+    }
+  }
+  transaction.Commit();
+  return through;
 }
 
 }  // namespace host

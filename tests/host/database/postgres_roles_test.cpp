@@ -145,11 +145,36 @@ TEST_F(PostgresRoles, SearchesBehindTheWallHaveTheirIndexes) {
   EXPECT_THAT(plan, HasSubstr("Index Cond: ((plasnam >= 'sm'"));
 }
 
+TEST_F(PostgresRoles, ALoginThatLeftStaysOut) {
+  const PracticeDatabase owner = CreateDatabase(url_, kOffices);
+  owner.connection->Execute("INSERT INTO EmpTable (OfficeID) VALUES (1), (2), (3)");
+  const std::string other = name_ + "_other";
+  SharedCluster().Run("CREATE ROLE " + other + " LOGIN");
+  EXPECT_EQ(Admit(owner, {desk_, {1}}), "");
+  SharedCluster().Run("DROP OWNED BY " + desk_, name_);
+  EXPECT_EQ(Admit(owner, {other, {3}}), "");
+  PostgresConnection desk(DeskUrl());
+  EXPECT_EQ(Run(desk, "SELECT has_schema_privilege('practice', 'USAGE')::int"), "0");
+  EXPECT_EQ(Admit(owner, {group_, {2}}), "");
+  EXPECT_EQ(Run(desk, "SELECT OfficeID FROM EmpTable"), "2") << "as a member, and no more";
+
+  EXPECT_THAT(RemoveDesk(*owner.connection, desk_), testing::ElementsAre(group_));
+  EXPECT_THAT(RemoveDesk(*owner.connection, other), testing::IsEmpty());
+  EXPECT_THROW(RemoveDesk(*owner.connection, other), DatabaseError);
+  EXPECT_EQ(Run(*owner.connection, "SELECT DeskLogin::text FROM DeskTable"), group_);
+  SharedCluster().Run("DROP ROLE " + other);  // nothing is left to it
+}
+
 TEST_F(PostgresRoles, WhoCannotBeAdmittedIsTold) {
   const PracticeDatabase owner = CreateDatabase(url_, kOffices);
   EXPECT_THAT(Admit(owner, {"no'body", {1}}), HasSubstr("no login \"no'body\""));
   EXPECT_THAT(Admit(owner, {"practice", {1}}), HasSubstr("The tables belong to \"practice\""));
   EXPECT_THAT(Admit(owner, {desk_, {}}), HasSubstr("those that the login may enter"));
+  EXPECT_THROW(AdmitDesk(*owner.connection, {.kind = 1}, {desk_, {3}}), DatabaseError);
+  SharedCluster().Run("ALTER ROLE " + group_ + " BYPASSRLS");
+  EXPECT_THAT(Admit(owner, {desk_, {1}}), HasSubstr("is a member of \"" + group_ + "\", which has BYPASSRLS"));
+  SharedCluster().Run("ALTER ROLE " + desk_ + " SUPERUSER");
+  EXPECT_THAT(Admit(owner, {desk_, {1}}), HasSubstr(desk_ + "\" is a superuser"));
 }
 
 TEST_F(PostgresRoles, AnOlderPracticeIsBroughtUpToDateByItsOwner) {
