@@ -44,6 +44,9 @@ std::unique_ptr<OdbcConnection> Connect(const std::string& url, const OdbcSource
     if (encoding != "UTF8") {
       throw CannotBeOpened(url, "its text is kept as " + encoding + ", and a practice needs UTF8.", 0);
     }
+    if (!session::IsNull(connection->Execute("SELECT to_regclass('practice.officegroup')::text")->Get(0))) {
+      throw CannotBeOpened(url, "it is a server of a group of practices, whose offices are not reached by ODBC.", 0);
+    }
   }
   return connection;
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "database/database.h"
+#include "database/postgres/postgres_connection.h"
 #include "database/unix/throwaway_cluster.h"
 #include "support/odbc_url.h"
 
@@ -27,6 +28,11 @@ TEST(OdbcGlue, LooksAtOtherServersAlone) {
               testing::AllOf(HasSubstr("No such driver"), HasSubstr("PWD=***")));
   EXPECT_THAT(why(OdbcUrl(SharedCluster().Url("nowhere"))), HasSubstr("database \"nowhere\" does not exist"));
   EXPECT_THAT(why("odbc:Driver=SQLite3;Database=:memory:"), HasSubstr("sqlite:PATH"));
+  const std::string group = SharedCluster().MakeDatabase("group");
+  PostgresConnection(SharedCluster().Url(group))
+      .Execute("CREATE SCHEMA practice; CREATE TABLE practice.officegroup ()");
+  EXPECT_THAT(why(OdbcUrl(SharedCluster().Url(group))), HasSubstr("not reached by ODBC"));
+  SharedCluster().DropDatabase(group);
 }
 
 // A driver that knows neither PostgreSQL's settings nor batches.
