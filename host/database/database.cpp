@@ -53,6 +53,10 @@ bool IsVacant(const std::string& url) {
   return EngineOf(url).IsVacant(url);
 }
 
+std::string PlaceOf(const std::string& url) {
+  return EngineOf(url).PlaceOf(url);
+}
+
 void CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) {
   EngineOf(first.url).CreateOfficeGroup(first, options);
 }

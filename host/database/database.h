@@ -58,5 +58,8 @@ PracticeDatabase OpenNewDatabase(const std::string& url, const CreationOptions& 
 PracticeDatabase OpenDatabase(const std::string& url);
 // Whether one can be made there: there is none, or one without tables.
 bool IsVacant(const std::string& url);
+// What names a database on a server among all others, whoever connects and how: server, port and database. Empty for a
+// file.
+std::string PlaceOf(const std::string& url);
 
 }  // namespace host

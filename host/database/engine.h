@@ -24,6 +24,8 @@ class Engine {
   virtual PracticeDatabase Open(const std::string& url) const = 0;
   // Whether a practice can be made there: there is nothing, or a database without tables.
   virtual bool IsVacant(const std::string& url) const = 0;
+  // What names the database among all others, whoever connects and how, for an engine with servers.
+  virtual std::string PlaceOf(const std::string& /*url*/) const { return {}; }
   // Groups of practices over several servers: what `CreateOfficeGroup` and `OpenOfficeGroup` do, where the engine can.
   virtual void CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) const;
   virtual std::unique_ptr<OfficeGroup> OpenOfficeGroup(const std::string& url) const;

@@ -27,7 +27,16 @@ std::size_t EndOfValue(const std::string& url, std::size_t from) {
     }
     return end == std::string::npos ? url.size() : end + 1;
   }
-  return std::min(url.find_first_of(";&", from), url.size());
+  // What has no name of its own behind that is more of the value, which was not put in quotes.
+  std::size_t end = std::min(url.find_first_of(";&", from), url.size());
+  while (end < url.size()) {
+    const std::size_t next = std::min(url.find_first_of(";&", end + 1), url.size());
+    if (next == end + 1 || url.find('=', end) < next) {
+      break;
+    }
+    end = next;
+  }
+  return end;
 }
 
 // "password=...", "PWD=..." and the like.
@@ -51,14 +60,12 @@ void HideNamed(std::string& url, std::string_view name) {
 
 std::string ShownUrl(const std::string& url) {
   std::string shown = url;
-  if (const std::size_t user = shown.find("://"); user != std::string::npos && !shown.starts_with("sqlite:")) {
-    // A password that was not written as a URL wants it may hold a "/", "?" or "@" itself.
-    std::size_t at = shown.rfind('@', shown.find('/', user + 3));
-    if (at == std::string::npos || at < user) {
-      at = shown.rfind('@');
-    }
-    const std::size_t colon = shown.find(':', user + 3);
-    if (at != std::string::npos && at > user && colon < at) {
+  const std::size_t scheme = shown.find(':');
+  if (scheme != std::string::npos && !shown.starts_with("sqlite:") && !shown.starts_with("odbc:")) {
+    // A password that was not written as a URL wants it may hold any sign itself.
+    const std::size_t at = shown.rfind('@');
+    const std::size_t colon = shown.find(':', scheme + 1);
+    if (at != std::string::npos && colon < at) {
       shown.replace(colon + 1, at - colon - 1, kHidden);
     }
   }

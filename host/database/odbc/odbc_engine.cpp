@@ -101,4 +101,14 @@ bool OdbcEngine::IsVacant(const std::string& url) const {
   return source.is_postgres && IsEmpty(*Connect(url, source), kPostgresSchema);
 }
 
+std::string OdbcEngine::PlaceOf(const std::string& url) const {
+  std::string place;
+  for (const char* keyword : {"DSN", "Servername", "Server", "Port", "Database"}) {
+    if (const auto value = KeywordIn(url.substr(url.find(':') + 1), keyword)) {
+      place += "/" + *value;
+    }
+  }
+  return place;
+}
+
 }  // namespace host

@@ -14,6 +14,7 @@ class OdbcEngine final : public Engine {
   PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const override;
   PracticeDatabase Open(const std::string& url) const override;
   bool IsVacant(const std::string& url) const override;
+  std::string PlaceOf(const std::string& url) const override;
 };
 
 }  // namespace host

@@ -77,6 +77,10 @@ bool PostgresEngine::IsVacant(const std::string& url) const {
   return IsEmpty(*connection, SchemaAt(url));
 }
 
+std::string PostgresEngine::PlaceOf(const std::string& url) const {
+  return ParsePostgresUrl(url).Place();
+}
+
 void PostgresEngine::CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) const {
   PostgresOfficeGroup::Create(first, options);
 }

@@ -12,6 +12,7 @@ class PostgresEngine final : public Engine {
   PracticeDatabase OpenNew(const std::string& url, const CreationOptions& options) const override;
   PracticeDatabase Open(const std::string& url) const override;
   bool IsVacant(const std::string& url) const override;
+  std::string PlaceOf(const std::string& url) const override;
   void CreateOfficeGroup(const GroupServer& first, const CreationOptions& options) const override;
   std::unique_ptr<OfficeGroup> OpenOfficeGroup(const std::string& url) const override;
 

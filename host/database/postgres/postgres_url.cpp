@@ -2,9 +2,10 @@
 
 #include <libpq-fe.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "database/postgres/postgres_error.h"
 #include "database/postgres/postgres_session.h"
@@ -15,6 +16,10 @@ namespace {
 
 struct FreeOptions {
   void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+};
+
+struct Finish {
+  void operator()(PGconn* connection) const { PQfinish(connection); }
 };
 
 // Takes "name=value" out of the query of a URL.
@@ -48,31 +53,58 @@ bool AllHere(const std::string& hosts) {
   return true;
 }
 
-std::string FromEnvironment(const char* name) {
-  const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nobody changes the environment
-  return value == nullptr ? std::string() : value;
+using Options = std::map<std::string, std::string>;
+
+// What libpq connects with, out of a service and the environment too, but for what it would do by itself. It alone
+// knows where services stand, and tells it of a connection that it refuses before it looks for any server.
+Options Effective(const Options& options) {
+  constexpr const char* kUsed = "gssencmode";
+  std::vector<const char*> names;
+  std::vector<const char*> values;
+  for (const auto& [name, value] : options) {
+    if (name != kUsed) {
+      names.push_back(name.c_str());
+      values.push_back(value.c_str());
+    }
+  }
+  names.insert(names.end(), {kUsed, nullptr});
+  values.insert(values.end(), {"?", nullptr});
+  const std::unique_ptr<PGconn, Finish> refused(PQconnectStartParams(names.data(), values.data(), 0));
+  const std::unique_ptr<PQconninfoOption, FreeOptions> known(PQconninfo(refused.get()));
+  Options effective = options;
+  for (const PQconninfoOption* option = known.get(); option != nullptr && option->keyword != nullptr; ++option) {
+    const bool said = option->val != nullptr && *option->val != '\0' &&
+                      (option->compiled == nullptr || std::string_view(option->val) != option->compiled);
+    if (said && std::string_view(option->keyword) != kUsed) {
+      effective[option->keyword] = option->val;
+    }
+  }
+  return effective;
 }
 
-std::string Known(const PostgresUrl& url, const std::string& option, const char* variable) {
-  const auto found = url.options.find(option);
-  return found != url.options.end() ? found->second : FromEnvironment(variable);
+std::string Of(const Options& options, const char* name) {
+  const auto found = options.find(name);
+  return found == options.end() ? std::string() : found->second;
+}
+
+// The server's name, or its address.
+std::string ServerOf(const Options& effective) {
+  std::string server = Of(effective, "host");
+  return server.empty() ? Of(effective, "hostaddr") : server;
 }
 
 void AddDefaults(PostgresUrl& url) {
-  const auto add = [&](const char* option, const char* value, const char* variable = nullptr) {
-    if (variable == nullptr || FromEnvironment(variable).empty()) {
-      url.options.try_emplace(option, value);
+  url.options["client_encoding"] = "UTF8";
+  const Options said = Effective(url.options);
+  const auto add = [&](const char* option, const char* value) {
+    if (!said.contains(option)) {
+      url.options[option] = value;
     }
   };
-  url.options["client_encoding"] = "UTF8";
-  const bool by_service = !Known(url, "service", "PGSERVICE").empty();
-  if (!by_service) {
-    add("application_name", "practice", "PGAPPNAME");
-    add("connect_timeout", "10", "PGCONNECT_TIMEOUT");
-    const bool here = AllHere(Known(url, "host", "PGHOST")) && AllHere(Known(url, "hostaddr", "PGHOSTADDR"));
-    if (!here) {
-      add("sslmode", "require", "PGSSLMODE");
-    }
+  add("application_name", "practice");
+  add("connect_timeout", "10");
+  if (!AllHere(Of(said, "host")) || !AllHere(Of(said, "hostaddr"))) {
+    add("sslmode", "require");
   }
   // A server that was unplugged is noticed within a minute.
   add("keepalives_idle", "30");
@@ -81,27 +113,44 @@ void AddDefaults(PostgresUrl& url) {
   add("tcp_user_timeout", "60000");
 }
 
+// An "@" or "/" of a password, written as it is, would make libpq take the password's end for the server.
+bool IsAmbiguous(const std::string& url) {
+  const std::size_t start = std::min(url.find("://") + 3, url.size());
+  const std::size_t user = url.find('@', start);
+  const std::size_t behind = user < url.find('/', start) ? user + 1 : start;
+  const std::size_t next = url.find_first_of("@?", behind);
+  return next != std::string::npos && url[next] == '@';
+}
+
 }  // namespace
 
 std::string PostgresUrl::Shown() const {
-  const auto part = [this](const char* option, const char* variable) { return Known(*this, option, variable); };
-  std::string database = part("dbname", "PGDATABASE");
+  const Options effective = Effective(options);
+  std::string database = Of(effective, "dbname");
   if (database.empty()) {
-    database = part("user", "PGUSER");
+    database = Of(effective, "user");
   }
-  std::string server = part("host", "PGHOST");
-  if (server.empty()) {
-    server = part("hostaddr", "PGHOSTADDR");
-  }
-  if (const std::string service = part("service", "PGSERVICE"); server.empty() && !service.empty()) {
+  std::string server = ServerOf(effective);
+  if (const std::string service = Of(effective, "service"); server.empty() && !service.empty()) {
     server = "the service " + service;
   }
-  const std::string port = part("port", "PGPORT");
+  const std::string port = Of(effective, "port");
   return "\"" + database + "\" on " +
          (server.empty() ? std::string("this machine") : server + (port.empty() ? port : ":" + port));
 }
 
+std::string PostgresUrl::Place() const {
+  const Options effective = Effective(options);
+  const std::string port = Of(effective, "port");
+  return ServerOf(effective) + "/" + (port == "5432" ? "" : port) + "/" + Of(effective, "dbname");
+}
+
 PostgresUrl ParsePostgresUrl(const std::string& url) {
+  if (IsAmbiguous(url)) {
+    throw session::DatabaseError(
+        "The URL of the database cannot be read: in a name or password, \"@\" is written as %40 and \"/\" as %2F.", {},
+        0);
+  }
   std::string rest = url;
   PostgresUrl parsed;
   parsed.replica = TakeParameter(rest, "replica");
@@ -112,10 +161,12 @@ PostgresUrl ParsePostgresUrl(const std::string& url) {
   char* why = nullptr;
   const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(rest.c_str(), &why));
   if (options == nullptr) {
+    const std::string shown = ShownUrl(url);
     // libpq's reason may repeat the URL, with its password.
+    const std::string reason = why != nullptr && shown == url ? " (" + Plain(why) + ")" : "";
     PQfreemem(why);
-    throw session::DatabaseError("\"" + ShownUrl(url) + "\" is no URL that PostgreSQL reads: " +
-                                     "postgresql://USER@HOST:PORT/DATABASE?OPTION=VALUE is expected.",
+    throw session::DatabaseError("\"" + shown + "\" is no URL that PostgreSQL reads" + reason +
+                                     ": postgresql://USER@HOST:PORT/DATABASE?OPTION=VALUE is expected.",
                                  {}, 0);
   }
   for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option) {

@@ -2,6 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+
 #include "session/connection.h"
 
 namespace {
@@ -54,17 +59,47 @@ TEST(PostgresUrl, SpeaksToOtherMachinesByTlsAlone) {
   EXPECT_EQ(mode("postgresql://db/p?sslmode=verify-full"), "verify-full");
 }
 
+// What a service says is not said again, and what it does not say is not left to libpq.
+TEST(PostgresUrl, AddsToAServiceWhatItDoesNotSay) {
+  const std::string file = testing::TempDir() + "postgres_url_services";
+  std::ofstream(file) << "[full]\nhost=db.example\nport=5433\ndbname=p\nsslmode=verify-ca\napplication_name=ours\n"
+                         "[bare]\nhost=db.example\nsslmode=prefer\n[here]\nhost=/run/pg\n";
+  setenv("PGSERVICEFILE", file.c_str(), 1);  // NOLINT(concurrency-mt-unsafe): no other thread yet
+  const auto full = ParsePostgresUrl("postgresql:///?service=full");
+  EXPECT_FALSE(full.options.contains("sslmode"));
+  EXPECT_FALSE(full.options.contains("application_name"));
+  EXPECT_EQ(full.options.at("connect_timeout"), "10");
+  EXPECT_EQ(full.Place(), "db.example/5433/p");
+  EXPECT_EQ(full.Shown(), "\"p\" on db.example:5433");
+  const auto bare = ParsePostgresUrl("postgresql:///p?service=bare");
+  EXPECT_EQ(bare.options.at("sslmode"), "require");
+  EXPECT_EQ(bare.options.at("application_name"), "practice");
+  EXPECT_FALSE(ParsePostgresUrl("postgresql:///p?service=here").options.contains("sslmode"));
+  EXPECT_EQ(ParsePostgresUrl("postgresql:///p?service=none").Shown(), "\"p\" on the service none");
+  unsetenv("PGSERVICEFILE");  // NOLINT(concurrency-mt-unsafe): as above
+  std::filesystem::remove(file);
+}
+
 TEST(PostgresUrl, RefusesWhatIsNoneWithoutItsPassword) {
-  for (const char* url : {"postgresql://ada:geheim@db/p?nonsense=1", "postgresql://ada:geheim@[db/p",
-                          "postgresql://ada:geheim%zz@db/p"}) {
+  for (const auto& [url, why] : std::map<std::string, std::string>{
+           {"postgresql://db/p?nonsense=1", "\"nonsense\""},
+           {"postgresql://ada:geheim@db/p?nonsense=1", "is no URL that PostgreSQL reads"},
+           {"postgresql://ada:geheim@[db/p", "is no URL that PostgreSQL reads"},
+           {"postgresql://ada:geheim%zz@db/p", "is no URL that PostgreSQL reads"},
+           {"postgresql:ada:geheim@db/p", "is no URL that PostgreSQL reads"},
+           {"postgresql://ada:ge@geheim@db/p", "%40"},
+           {"postgresql://ada:ge/geheim@db/p", "%2F"},
+           {"postgresql://ada:g@e/geheim@db/p", "%2F"},
+           {"postgresql://ada:g:e@geheim@db:1/p", "%40"}}) {
     try {
       ParsePostgresUrl(url);
       ADD_FAILURE() << url;
     } catch (const session::DatabaseError& error) {
-      EXPECT_THAT(error.what(), HasSubstr("is no URL that PostgreSQL reads"));
+      EXPECT_THAT(error.what(), HasSubstr(why));
       EXPECT_THAT(error.what(), Not(HasSubstr("geheim")));
     }
   }
+  EXPECT_EQ(ParsePostgresUrl("postgresql://ada:a%40b%2Fc@db/p?user=ada@clinic").options.at("password"), "a@b/c");
 }
 
 }  // namespace

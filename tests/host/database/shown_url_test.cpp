@@ -11,8 +11,10 @@ TEST(ShownUrl, HidesEveryPassword) {
   EXPECT_EQ(shown("sqlite:/there/a:b@c/practice.db"), "sqlite:/there/a:b@c/practice.db");
   for (const char* url :
        {"postgresql://ada:geheim@db/practice", "postgresql://ada:gehe/im?@db/practice", "postgresql://ada:g@heim@db/p",
-        "postgresql://db/practice?user=ada&password=geheim&sslmode=require", "postgresql://db/p?PASSWORD=geheim",
-        "odbc:DSN=practice;UID=ada;PWD=geheim", "odbc:DSN=p;Pwd = {geh;ei}}m};UID=a", "odbc:Password='ge;heim';DSN=p",
+        "postgresql://ada:ge@h/heim@db/p", "postgresql:ada:geheim@db/p", "postgresql:/ada:geheim@db/p",
+        "odbc:DSN=p;PWD=ge;heim;UID=a", "postgresql://db/practice?user=ada&password=geheim&sslmode=require",
+        "postgresql://db/p?PASSWORD=geheim", "odbc:DSN=practice;UID=ada;PWD=geheim",
+        "odbc:DSN=p;Pwd = {geh;ei}}m};UID=a", "odbc:Password='ge;heim';DSN=p",
         "postgresql://db/p?sslpassword=geheim"}) {
     const std::string text = shown(url);
     EXPECT_EQ(text.find("heim"), std::string::npos) << text;

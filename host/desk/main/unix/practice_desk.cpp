@@ -75,7 +75,8 @@ std::string FilesFolder(const DeskOptions& options, const std::string& own_folde
 
 void Serve(host::DeskApp& app, const DeskOptions& options) {
   const std::string folder = DataFolder();
-  app.Serve(std::make_unique<host::Desk>(host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients),
+  auto practice = host::OpenOrMakeDemo(options.database, folder, host::DeskApp::kDemoPatients);
+  app.Serve(std::make_unique<host::Desk>(std::move(practice),
                                          host::Desk::Folders{FilesFolder(options, folder), folder, ShareFolder()},
                                          host::ClassesOfThisProgram));
 }

@@ -28,8 +28,9 @@ void Tell(const std::string& what, long icon) {
 void Serve(host::DeskApp& app, const std::string& database) {
   const std::string folder = views::FromWx(wxStandardPaths::Get().GetUserLocalDataDir());
   std::filesystem::create_directories(host::FilePath(folder));
+  auto practice = host::OpenOrMakeDemo(database, folder, host::DeskApp::kDemoPatients);
   app.Serve(std::make_unique<host::Desk>(
-      host::OpenOrMakeDemo(database, folder, host::DeskApp::kDemoPatients),
+      std::move(practice),
       host::Desk::Folders{host::DataFolderOf(database, folder), folder, automation::ToUtf8(automation::ModuleFolder())},
       host::ClassesOfTheComponent));
 }
