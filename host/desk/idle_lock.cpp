@@ -90,9 +90,13 @@ void IdleLock::Look() {
   if (locked_ || loop == nullptr || loop->IsYielding()) {
     return;
   }
-  const int minutes = LockMinutes(desk_.Session());
   constexpr int kMinute = 60'000;
-  if (minutes > 0 && wxGetUTCTimeMillis() - touched_ >= static_cast<wxLongLong_t>(minutes) * kMinute) {
+  const wxLongLong untouched = wxGetUTCTimeMillis() - touched_;
+  if (untouched < kMinute) {
+    return;  // the setting has no less
+  }
+  const int minutes = LockMinutes(desk_.Session());
+  if (minutes > 0 && untouched >= static_cast<wxLongLong_t>(minutes) * kMinute) {
     Lock();
   }
 }

@@ -96,6 +96,9 @@ bool RunUnless(Connection& connection, const std::function<bool()>& unwanted, co
   bool ended = false;
   const WhileBusy before = connection.WhileBusy;
   connection.WhileBusy = [&](Busy busy) {
+    if (busy == Busy::Done) {
+      return before && before(busy);
+    }
     ended = ended || unwanted();
     return ended || (before && before(busy == Busy::Running ? Busy::Reading : busy));
   };

@@ -74,7 +74,7 @@ class Recordset {
 };
 
 // What keeps a statement: its own work, the same where the next key ends it (`RunUnless`), or another program that
-// writes; `Done` when the wait for that is over.
+// writes; `Done` when one of which was told has ended.
 enum class Busy { Running, Reading, Waiting, Done };
 // True gives the statement up.
 using WhileBusy = std::function<bool(Busy)>;

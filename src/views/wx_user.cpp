@@ -13,12 +13,20 @@
 #include "views/wait_window.h"
 
 namespace views {
+namespace {
+
+// A statement that runs for longer is told of.
+constexpr std::chrono::milliseconds kNotLong(700);
+
+}  // namespace
 
 // A dialog before all others, for as long as this lives.
 class WxUser::OnTop {
  public:
   OnTop(WxUser& user, wxDialog& dialog) : user_(user), dialog_(dialog) {
     user_.wait_.reset();
+    user_.running_.reset();
+    user_.running_since_.reset();
     Cover(true);
     user_.open_.push_back(&dialog_);
     if (user_.OnShown) {
@@ -134,25 +142,41 @@ bool WxUser::Print(const forms::Report& report) {
 
 bool WxUser::Pulse(session::Busy busy) {
   if (busy == session::Busy::Done) {
-    const bool seen = waiting_ != nullptr && waiting_->IsShown();
+    running_since_.reset();
+    const bool seen = (waiting_ != nullptr && waiting_->IsShown()) || (running_ != nullptr && running_->IsShown());
     waiting_.reset();
+    running_.reset();
     if (seen) {
       RaiseTop();
     }
     return false;
   }
-  if (busy == session::Busy::Reading && waiting_ == nullptr) {
-    if (wait_ != nullptr) {
-      wait_->PulseUntilKey();
-    }
-    return wait_ != nullptr && wait_->IsShown() && TakeEscape();
-  }
   if (busy == session::Busy::Waiting && waiting_ == nullptr) {
+    running_.reset();
     waiting_ = std::make_unique<WaitWindow>(Top());
     waiting_->Tell("  Another program is using the database - Please Wait  ", -1);
   }
-  const auto& shown = waiting_ != nullptr ? waiting_ : wait_;
+  WaitWindow* shown = waiting_ != nullptr ? waiting_.get() : wait_ != nullptr ? wait_.get() : RunningLong();
+  if (busy == session::Busy::Reading && waiting_ == nullptr) {
+    if (shown != nullptr) {
+      shown->PulseUntilKey();
+    }
+    return shown != nullptr && shown->IsShown() && TakeEscape();
+  }
   return shown != nullptr && shown->PulseOrGiveUp();
+}
+
+// Where nothing else says that there is something to wait for; nullptr for a moment.
+WaitWindow* WxUser::RunningLong() {
+  const auto now = std::chrono::steady_clock::now();
+  if (!running_since_) {
+    running_since_ = now;
+  }
+  if (running_ == nullptr && now - *running_since_ > kNotLong) {
+    running_ = std::make_unique<WaitWindow>(Top());
+    running_->Tell("  Waiting for the database - Please Wait  ", -1);
+  }
+  return running_.get();
 }
 
 // Not every display gives the keyboard back by itself.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "forms/user.h"
@@ -46,13 +48,15 @@ class WxUser : public forms::User {
   bool Print(const forms::Report& report) override;
 
   // Lets the windows paint, and brings up the wait text when it has stood long enough, or one of its own while another
-  // program writes; the host calls it while a statement runs. True when the person gives the statement up.
+  // program writes, or where a statement runs for long; the host calls it while one runs. True when the person gives
+  // the statement up.
   bool Pulse(session::Busy busy);
 
  private:
   class OnTop;
 
   wxWindow* Top() const { return open_.empty() ? main_ : open_.back(); }
+  WaitWindow* RunningLong();
   void RaiseTop() const;
   int ShowModal(wxDialog& dialog);
 
@@ -63,6 +67,8 @@ class WxUser : public forms::User {
   std::vector<wxDialog*> open_;
   std::unique_ptr<WaitWindow> wait_;
   std::unique_ptr<WaitWindow> waiting_;  // for another program
+  std::unique_ptr<WaitWindow> running_;  // for a statement that takes long
+  std::optional<std::chrono::steady_clock::time_point> running_since_;
 };
 
 }  // namespace views

@@ -180,19 +180,19 @@ int OdbcHandle::WaitFor(const std::function<int()>& call) {
   }
   int calls = 0;
   bool waiting = false;
-  bool waited = false;
+  bool told = false;
   bool given_up = false;
   const int returned = worker_.Run(call, [&] {
     if (!given_up && ++calls % kLookEvery == 0 && waits_for_another) {
       waiting = waits_for_another();
-      waited = waited || waiting;
     }
+    told = true;
     given_up = given_up || while_busy_(waiting ? session::Busy::Waiting : session::Busy::Running);
     if (given_up) {
       Interrupt();
     }
   });
-  if (waited && while_busy_) {
+  if (told && while_busy_) {
     while_busy_(session::Busy::Done);
   }
   return returned;

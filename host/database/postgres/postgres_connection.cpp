@@ -34,6 +34,7 @@ class PostgresServer {
         fixed_(FixedSettings(PathFor(url_, way))),
         while_busy_(while_busy),
         reads_apart_(way.readers),
+        longest_(way.longest),
         readers_(url_, fixed_, while_busy),
         replica_(url_, fixed_, while_busy, [this] { return Position(); }),
         columns_([this](const std::string& select) { return OnMain(select); }) {
@@ -136,6 +137,7 @@ class PostgresServer {
   void Connect() {
     main_ = std::make_unique<PostgresHandle>(url_, fixed_, while_busy_);
     main_->waits_for_another = [this] { return WaitsForAnother(); };
+    main_->longest = longest_;
   }
 
   void Ready() {
@@ -206,7 +208,7 @@ class PostgresServer {
   // A reader looks, as the main connection is busy.
   bool WaitsForAnother() {
     try {
-      const auto reader = readers_.Borrow();
+      const auto reader = readers_.Borrow(true);
       const auto blocked = reader->Run(
           {}, "SELECT pg_catalog.cardinality(pg_catalog.pg_blocking_pids(" + std::to_string(main_->Process()) + "))",
           {});
@@ -225,6 +227,7 @@ class PostgresServer {
   PostgresSettings fixed_;
   const session::WhileBusy& while_busy_;
   bool reads_apart_;
+  std::optional<std::chrono::milliseconds> longest_;
   PostgresReaders readers_;
   PostgresReplica replica_;
   PostgresColumns columns_;

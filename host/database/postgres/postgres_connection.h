@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,8 @@ struct PostgresWay {
   // Selects outside a transaction read through connections of their own.
   bool readers = true;
   std::string search_path = {};  // empty is `kSearchPath`
+  // Its statements take a moment; a server that takes longer is lost.
+  std::optional<std::chrono::milliseconds> longest = {};
 };
 
 // A practice database on a PostgreSQL server. Statements are PostgreSQL's own (see PreparePostgres).

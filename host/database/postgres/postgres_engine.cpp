@@ -22,6 +22,9 @@ const PostgresSchema& SchemaAt(const std::string& url) {
   return schema.empty() || schema == kAllOffices ? kSchema : kOfficeTables;
 }
 
+// Nobody can give up the statements that lock a record.
+constexpr std::chrono::seconds kLongestOfLocks{10};
+
 session::DatabaseError CannotBeOpened(const std::string& url, const std::string& why, int code) {
   return {"The database " + ParsePostgresUrl(url).Shown() + " cannot be opened: " + why, {}, code};
 }
@@ -46,8 +49,8 @@ PracticeDatabase Opened(const std::string& url, std::unique_ptr<PostgresConnecti
           .locks = nullptr,
           .connect =
               [url](const std::string& name) {
-                return std::make_unique<PostgresConnection>(url,
-                                                            PostgresWay{.application_name = name, .readers = false});
+                return std::make_unique<PostgresConnection>(
+                    url, PostgresWay{.application_name = name, .readers = false, .longest = kLongestOfLocks});
               },
           .shared = true};
 }

@@ -20,7 +20,7 @@ constexpr milliseconds kBusyEvery{10};
 // A statement that runs for so long may be waiting for another; asked no more often than that either.
 constexpr milliseconds kLookEvery{500};
 // A statement that was given up ends in some milliseconds; a server that does not answer is not waited for.
-constexpr milliseconds kPatience{5000};
+constexpr milliseconds kPatience{3000};
 
 bool IsReadable(int socket, int timeout) {
   pollfd waiting{.fd = socket, .events = POLLIN, .revents = 0};
@@ -41,8 +41,8 @@ PostgresRefusal RefusalOf(const PGresult* result) {
 }  // namespace
 
 PostgresHandle::PostgresHandle(const PostgresUrl& url, const PostgresSettings& fixed,
-                               const session::WhileBusy& while_busy)
-    : while_busy_(while_busy) {
+                               const session::WhileBusy& while_busy, bool aside)
+    : aside(aside), while_busy_(while_busy) {
   connection_ = Connect(url);
   PGconn* connection = connection_.get();
   if (connection == nullptr || PQstatus(connection) != CONNECTION_OK) {
@@ -54,7 +54,7 @@ PostgresHandle::PostgresHandle(const PostgresUrl& url, const PostgresSettings& f
   }
   PQsetNoticeProcessor(
       connection, [](void*, const char*) {}, nullptr);
-  cancel_.reset(PQgetCancel(connection));
+  cancel_.reset(PQgetCancel(connection), PQfreeCancel);
   // Not together with a statement: some hold from the next transaction on.
   Run(fixed, "", "");
 }
@@ -81,6 +81,11 @@ PostgresHandle::Connection PostgresHandle::Connect(const PostgresUrl& url) const
   // libpq waits for a server that does not answer; on a thread of its own, so that a person can give that up. The
   // thread then ends by itself.
   std::thread(std::move(connect)).detach();
+  const std::shared_ptr<void> done(nullptr, [this](void*) {
+    if (!aside) {
+      while_busy_(session::Busy::Done);
+    }
+  });
   while (connected.wait_for(kBusyEvery) != std::future_status::ready) {
     if (while_busy_(session::Busy::Running)) {
       throw session::DatabaseError("The database " + url.Shown() + " was not waited for.", {}, CodeOfState("08001"),
@@ -128,11 +133,13 @@ std::string PostgresHandle::Missing(const PostgresSettings& settings) {
 
 void PostgresHandle::Send(const PostgresSettings& settings, const std::string& batch, const std::string& statement) {
   statement_ = statement;
+  AwaitCancel();
   const std::string text = Missing(settings) + batch;
   skipping_ = !sending_.empty();
   given_up_ = waiting_ = false;
-  next_call_ = Clock::now() + kBusyEvery;
-  next_look_ = Clock::now() + kLookEvery;
+  sent_ = Clock::now();
+  next_call_ = sent_ + kBusyEvery;
+  next_look_ = sent_ + kLookEvery;
   end_of_patience_ = Clock::time_point::max();
   row_by_row_ = false;
   under_way_ = true;
@@ -249,7 +256,7 @@ void PostgresHandle::Abandon() noexcept {
 void PostgresHandle::Await() {
   PGconn* connection = connection_.get();
   while (PQisBusy(connection) != 0) {
-    const bool watched = while_busy_ != nullptr || given_up_;
+    const bool watched = while_busy_ != nullptr || given_up_ || longest;
     const bool readable = IsReadable(PQsocket(connection), watched ? static_cast<int>(kBusyEvery.count()) : -1);
     if (readable && PQconsumeInput(connection) == 0) {
       return;  // the next result says why
@@ -269,14 +276,18 @@ void PostgresHandle::Tell(Clock::time_point now) {
     }
     return;
   }
+  if (longest && now > sent_ + *longest) {
+    connection_.reset();
+    Lose();
+  }
   if (!while_busy_) {
     return;
   }
   if (now >= next_look_) {
     next_look_ = now + kLookEvery;
     waiting_ = waits_for_another && waits_for_another();
-    waited_ = waited_ || waiting_;
   }
+  told_ = true;
   try {
     given_up_ = while_busy_(waiting_ ? session::Busy::Waiting : session::Busy::Running);
   } catch (...) {
@@ -303,20 +314,46 @@ void PostgresHandle::EndStatement() {
   for (const auto& [name, value] : std::exchange(sending_, {})) {
     set_[name] = value;
   }
-  if (std::exchange(waited_, false) && while_busy_) {
+  if (std::exchange(told_, false) && while_busy_ && !aside) {
     while_busy_(session::Busy::Done);
   }
 }
 
-void PostgresHandle::Cancel() const {
-  std::array<char, 256> why{};
-  PQcancel(cancel_.get(), why.data(), static_cast<int>(why.size()));
+void PostgresHandle::Cancel() {
+  const std::lock_guard lock(interrupting_);
+  SendCancel();
+}
+
+// libpq waits for the server to take it; on a thread of its own, as it may not.
+void PostgresHandle::SendCancel() {
+  if (cancelling_.valid() && cancelling_.wait_for(milliseconds(0)) != std::future_status::ready) {
+    return;
+  }
+  std::packaged_task<void()> cancel([order = cancel_] {
+    std::array<char, 256> why{};
+    PQcancel(order.get(), why.data(), static_cast<int>(why.size()));
+  });
+  cancelling_ = cancel.get_future();
+  std::thread(std::move(cancel)).detach();
+}
+
+// One that comes late would end the next statement.
+void PostgresHandle::AwaitCancel() {
+  std::future<void> cancelling;
+  {
+    const std::lock_guard lock(interrupting_);
+    cancelling = std::move(cancelling_);
+  }
+  if (cancelling.valid() && cancelling.wait_for(kPatience) != std::future_status::ready) {
+    connection_.reset();
+    Lose();
+  }
 }
 
 void PostgresHandle::Interrupt() {
   const std::lock_guard lock(interrupting_);
   if (running_) {
-    Cancel();
+    SendCancel();
   }
 }
 

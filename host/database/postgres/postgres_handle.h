@@ -4,8 +4,10 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,7 +26,8 @@ using PostgresResult = std::unique_ptr<PGresult, ClearResult>;
 class PostgresHandle {
  public:
   // `fixed` is set once; `while_busy` outlives the handle. The first connection may be refused.
-  PostgresHandle(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy);
+  PostgresHandle(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy,
+                 bool aside = false);
   PostgresHandle(const PostgresHandle&) = delete;
   PostgresHandle& operator=(const PostgresHandle&) = delete;
   ~PostgresHandle();
@@ -51,6 +54,10 @@ class PostgresHandle {
 
   // Whether the statement waits for another program; asked now and then while it runs. Runs nothing here.
   std::function<bool()> waits_for_another;
+  // Of statements that take a moment: after so long the server is taken to be lost.
+  std::optional<std::chrono::milliseconds> longest;
+  // Something else goes on when a statement of this one is done: `Busy::Done` is not told.
+  bool aside;
 
   // Ends the statement that is running, from whichever thread. Between its rows, when they are read one by one, it is
   // not.
@@ -59,9 +66,6 @@ class PostgresHandle {
  private:
   struct Finish {
     void operator()(PGconn* connection) const { PQfinish(connection); }
-  };
-  struct FreeCancel {
-    void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
   };
   using Connection = std::unique_ptr<PGconn, Finish>;
   using Clock = std::chrono::steady_clock;
@@ -76,11 +80,13 @@ class PostgresHandle {
   void ForgetSending();
   void Resume(bool running);
   void EndStatement();
-  void Cancel() const;
+  void Cancel();
+  void SendCancel();
+  void AwaitCancel();
   [[noreturn]] void Lose();
 
   Connection connection_;  // null when it was given up
-  std::unique_ptr<PGcancel, FreeCancel> cancel_;
+  std::shared_ptr<PGcancel> cancel_;
   const session::WhileBusy& while_busy_;
   PostgresSettings set_;  // what the server is known to have
 
@@ -91,14 +97,16 @@ class PostgresHandle {
   bool row_by_row_ = false;
   bool skipping_ = false;  // the result of setting them is to come
   bool given_up_ = false;
-  bool waiting_ = false;         // for another program
-  bool waited_ = false;          // `Busy::Done` is due
+  bool waiting_ = false;  // for another program
+  bool told_ = false;     // `Busy::Done` is due
+  Clock::time_point sent_;
   Clock::time_point next_call_;  // of while_busy_
   Clock::time_point next_look_;  // at who is waited for
   Clock::time_point end_of_patience_;
 
   std::mutex interrupting_;  // Interrupt comes from other threads
   bool running_ = false;
+  std::future<void> cancelling_;
 };
 
 }  // namespace host

@@ -15,7 +15,7 @@ PostgresReaders::PostgresReaders(const PostgresUrl& url, const PostgresSettings&
                                  const session::WhileBusy& while_busy)
     : url_(url), fixed_(ForReaders(fixed)), while_busy_(while_busy) {}
 
-PostgresReaders::Lease PostgresReaders::Borrow() {
+PostgresReaders::Lease PostgresReaders::Borrow(bool aside) {
   std::erase_if(stopping_, [&](auto& stopping) {
     const bool stopped = stopping.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
     if (stopped) {
@@ -32,8 +32,9 @@ PostgresReaders::Lease PostgresReaders::Borrow() {
     }
   }
   if (reader == nullptr) {
-    reader = std::make_unique<PostgresHandle>(url_, fixed_, while_busy_);
+    reader = std::make_unique<PostgresHandle>(url_, fixed_, while_busy_, aside);
   }
+  reader->aside = aside;
   const std::lock_guard lock(changing_);
   lent_.push_back(std::move(reader));
   return {lent_.back().get(), GiveBack{this}};

@@ -22,8 +22,8 @@ class PostgresReaders {
   // All outlive the readers.
   PostgresReaders(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy);
 
-  // Throws session::DatabaseError.
-  Lease Borrow();
+  // `aside` is for a look beside a statement that goes on. Throws session::DatabaseError.
+  Lease Borrow(bool aside = false);
   void Interrupt();
 
  private:

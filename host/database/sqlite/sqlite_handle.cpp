@@ -165,13 +165,14 @@ void SqliteHandle::Interrupt() {
 }
 
 int SqliteHandle::GiveUpRunning(void* handle) {
-  const auto& while_busy = static_cast<SqliteHandle*>(handle)->while_busy_;
-  return while_busy && while_busy(session::Busy::Running) ? 1 : 0;
+  auto& self = *static_cast<SqliteHandle*>(handle);
+  self.told_ = true;
+  return self.while_busy_ && self.while_busy_(session::Busy::Running) ? 1 : 0;
 }
 
 int SqliteHandle::WaitOn(void* handle, int tries) {
   auto& self = *static_cast<SqliteHandle*>(handle);
-  self.waited_ = true;
+  self.told_ = true;
   if (self.while_busy_ ? self.while_busy_(session::Busy::Waiting) : tries >= kMostTries) {
     return 0;
   }
@@ -180,7 +181,7 @@ int SqliteHandle::WaitOn(void* handle, int tries) {
 }
 
 void SqliteHandle::EndWait() {
-  if (std::exchange(waited_, false) && while_busy_) {
+  if (std::exchange(told_, false) && while_busy_) {
     while_busy_(session::Busy::Done);
   }
 }

@@ -77,7 +77,7 @@ class SqliteHandle {
   const session::WhileBusy& while_busy_;
   std::optional<InsertedRow> inserted_;
   std::atomic<bool> stepping_ = false;
-  bool waited_ = false;  // since `Busy::Done` was told last
+  bool told_ = false;  // since `Busy::Done` was told last
 };
 
 // Handles that read, each for one recordset at a time.

@@ -5,6 +5,8 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
+#include <csignal>
+
 #include "database/unix/throwaway_cluster.h"
 
 namespace host {
@@ -87,6 +89,34 @@ TEST(PostgresConnectionTest, SaysWhyItCannotBeOpened) {
             "The database \"practice\" on 127.0.0.1:1 cannot be reached: connection to server at \"127.0.0.1\", "
             "port 1 failed: Connection refused.");
   EXPECT_THAT(why(SharedCluster().Url("nowhere")), HasSubstr("database \"nowhere\" does not exist"));
+}
+
+// A server that hangs takes no cancel either.
+TEST(PostgresConnection, GivesUpAServerThatDoesNotAnswer) {
+  ThrowawayCluster server{ThrowawayCluster::Own()};
+  PostgresConnection connection(server.Url("postgres"));
+  PostgresConnection locks(server.Url("postgres"), {.longest = std::chrono::milliseconds(50)});
+  const auto parent =
+      session::ToId(connection.Execute("SELECT split_part(pg_read_file('postmaster.pid'), E'\\n', 1)")->Get(0));
+  const std::vector<int> processes = {parent, connection.Process(), locks.Process()};
+  const std::shared_ptr<void> go_on(nullptr, [&](void*) {
+    for (const int process : processes) {
+      kill(process, SIGCONT);
+    }
+  });
+  for (const int process : processes) {
+    kill(process, SIGSTOP);
+  }
+  connection.WhileBusy = [](session::Busy) { return true; };
+  for (PostgresConnection* stuck : {&locks, &connection}) {
+    try {
+      stuck->Execute("SELECT 1; SELECT 2");
+      ADD_FAILURE() << "it answered";
+    } catch (const DatabaseError& error) {
+      EXPECT_TRUE(error.ConnectionLost());
+      EXPECT_THAT(error.what(), HasSubstr("does not answer"));
+    }
+  }
 }
 
 }  // namespace
