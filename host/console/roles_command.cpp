@@ -37,7 +37,7 @@ void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& outp
   }
   output << ".\n";
   if (!searched_by_index) {
-    output << "Searches by name read all rows until a superuser of the server has run this command.\n";
+    output << "Searches read all rows until a superuser of the server has run this command.\n";
   }
 }
 

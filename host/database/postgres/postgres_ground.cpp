@@ -30,18 +30,34 @@ constexpr std::array kTextFunctions = {
     TextFunction{"ltrim", "citext", "pg_catalog.ltrim($1::text)"},
     TextFunction{"rtrim", "citext", "pg_catalog.rtrim($1::text)"},
     TextFunction{"substring", "citext, int", "pg_catalog.substring($1::text, $2)"},
-    TextFunction{"substring", "citext, int, int", "pg_catalog.substring($1::text, $2, $3)"},
     TextFunction{"substr", "citext, int", "pg_catalog.substr($1::text, $2)"},
     TextFunction{"substr", "citext, int, int", "pg_catalog.substr($1::text, $2, $3)"},
     TextFunction{"left", "citext, int", "pg_catalog.left($1::text, $2)"},
     TextFunction{"right", "citext, int", "pg_catalog.right($1::text, $2)"},
-    TextFunction{"replace", "citext, citext, citext", "pg_catalog.replace($1::text, $2::text, $3::text)"},
 };
 
-std::string Definition(const TextFunction& function) {
+// What searches by telephone go by. They fail for no argument and are not taken apart, so that a superuser may say of
+// them that they tell nothing of the rows that they read.
+constexpr std::array kSilentFunctions = {
+    TextFunction{"substring", "citext, int, int", "pg_catalog.substring($1::pg_catalog.text, $2, GREATEST($3, 0))"},
+    // Null for what would be longer than any text.
+    TextFunction{"replace", "citext, citext, citext",
+                 "CASE WHEN pg_catalog.octet_length($1::pg_catalog.text)::pg_catalog.int8 OPERATOR(pg_catalog.*) "
+                 "pg_catalog.octet_length($3::pg_catalog.text) OPERATOR(pg_catalog.<) 10000000 THEN "
+                 "pg_catalog.replace($1::pg_catalog.text, $2::pg_catalog.text, $3::pg_catalog.text) END"},
+};
+
+std::string Declaration(const TextFunction& function) {
   return "CREATE FUNCTION practice." + std::string(function.name) + "(" + std::string(function.arguments) +
-         ") RETURNS citext LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE RETURN (" + std::string(function.meaning) +
-         ")::citext";
+         ") RETURNS citext IMMUTABLE STRICT PARALLEL SAFE ";
+}
+
+std::string Definition(const TextFunction& function) {
+  return Declaration(function) + "LANGUAGE sql RETURN (" + std::string(function.meaning) + ")::citext";
+}
+
+std::string SilentDefinition(const TextFunction& function) {
+  return Declaration(function) + "LANGUAGE plpgsql AS $$ BEGIN RETURN " + std::string(function.meaning) + "; END $$";
 }
 
 constexpr std::string_view kIdentity =
@@ -81,6 +97,9 @@ std::vector<std::string> PostgresGround() {
                                          "CREATE EXTENSION IF NOT EXISTS citext WITH SCHEMA public", SetSearchPath()};
   for (const TextFunction& function : kTextFunctions) {
     statements.push_back(Definition(function));
+  }
+  for (const TextFunction& function : kSilentFunctions) {
+    statements.push_back(SilentDefinition(function));
   }
   statements.emplace_back("CREATE OPERATOR practice.|| (LEFTARG=citext, RIGHTARG=citext, FUNCTION=practice.joined)");
   for (const std::string_view function : {kIdentity, kGiveKey, kNoteKeys}) {

@@ -25,11 +25,11 @@ constexpr std::string_view kOpenOffices =
     "WHERE pg_has_role(session_user, DeskRole, 'MEMBER') AND DeskOffice = "
     "coalesce(nullif(current_setting('practice.office', true), '')::int, DeskOffice))";
 
-// What compares text must not be feared to tell of rows that the policy hides, or no index serves a search by name:
-// the policy would come first, for each row. A superuser alone may say so.
+// What compares text must not be feared to tell of rows that the policy hides, or no index serves a search: the policy
+// would come first, for each row. A superuser alone may say so.
 constexpr std::string_view kAdmit =
     "CREATE FUNCTION practice.admit_desks() RETURNS void LANGUAGE plpgsql SET search_path = practice, public AS $$ "
-    "DECLARE guarded boolean; t record; desk name; comparison regproc; "
+    "DECLARE guarded boolean; t record; desk name; silent regprocedure; "
     "BEGIN "
     "IF NOT EXISTS (SELECT FROM AdmittedDesks) THEN RETURN; END IF; "
     "guarded := (SELECT SchKind = 7 FROM SchemaTable); "
@@ -53,9 +53,11 @@ constexpr std::string_view kAdmit =
     "IF (SELECT pg_has_role(nspowner, 'USAGE') FROM pg_namespace WHERE nspname = 'public') THEN "
     "REVOKE CREATE ON SCHEMA public FROM PUBLIC; END IF; "
     "IF guarded AND (SELECT rolsuper FROM pg_roles WHERE rolname = current_user) THEN "
-    "FOREACH comparison IN ARRAY ARRAY['citext_eq', 'citext_ne', 'citext_lt', 'citext_le', 'citext_gt', "
-    "'citext_ge']::regproc[] LOOP EXECUTE format('ALTER FUNCTION %s(citext, citext) LEAKPROOF', comparison); "
-    "END LOOP; END IF; "
+    "FOREACH silent IN ARRAY ARRAY['citext_eq(citext, citext)', 'citext_ne(citext, citext)', "
+    "'citext_lt(citext, citext)', 'citext_le(citext, citext)', 'citext_gt(citext, citext)', "
+    "'citext_ge(citext, citext)', 'practice.substring(citext, int, int)', "
+    "'practice.replace(citext, citext, citext)']::regprocedure[] LOOP "
+    "EXECUTE format('ALTER FUNCTION %s LEAKPROOF', silent); END LOOP; END IF; "
     "END $$";
 
 std::string AsIdentifier(std::string_view name) {

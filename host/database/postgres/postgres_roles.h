@@ -26,8 +26,8 @@ inline constexpr std::string_view kAdmitDesks = "SELECT practice.admit_desks()";
 
 // Has the login work in the practice from now on, with these offices in place of earlier ones. For the tables' owner;
 // the login is there already, and neither owns tables nor has rights on the whole server, which policies do not bind.
-// All or nothing; throws session::DatabaseError. False when its searches by name read all rows, until a superuser has
-// called this.
+// All or nothing; throws session::DatabaseError. False when its searches read all rows, until a superuser has called
+// this.
 bool AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login);
 
 // Takes that back, whether the server still knows the login or not. The logins in it, groups, that it may go on working

@@ -40,6 +40,14 @@ TEST_F(PostgresEngineTest, MakesAPracticeInAVacantDatabaseAndOpensIt) {
   EXPECT_THROW(CreateDatabase(url_), DatabaseError);
 }
 
+TEST_F(PostgresEngineTest, NeedsTextThatHoldsEveryLetter) {
+  SharedCluster().DropDatabase(name_);
+  SharedCluster().Run("CREATE DATABASE " + name_ + " TEMPLATE template0 ENCODING 'LATIN1' LOCALE 'C'");
+  EXPECT_THAT(WhyNot(), HasSubstr("cannot be opened: its text is kept as LATIN1, and a practice needs UTF8."));
+  EXPECT_THROW(IsVacant(url_), DatabaseError);
+  EXPECT_THROW(CreateDatabase(url_), DatabaseError);
+}
+
 TEST_F(PostgresEngineTest, KnowsTheSchemasNamesTypesAndSizes) {
   const PracticeDatabase practice = CreateDatabase(url_);
   practice.connection->Execute("INSERT INTO patable (plasnam) VALUES ('Ada')");
