@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "database/office_group.h"
 #include "database/postgres/postgres_schema.h"
 #include "practice/practice.h"
 
@@ -26,7 +27,12 @@ void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& outp
       throw session::DatabaseError("The practice has no office " + std::to_string(office) + ".", {}, 0);
     }
   }
-  const bool searched_by_index = AdmitDesk(practice.ConnectionIn(0), practice.Database().options, login);
+  bool searched_by_index = true;
+  if (practice.Database().connect_in) {
+    OpenOfficeGroup(url)->AdmitDesk(login.name, login.offices);
+  } else {
+    searched_by_index = AdmitDesk(practice.ConnectionIn(0), practice.Database().options, login);
+  }
   output << login.name << " may work in the practice";
   if (practice.Kind() == session::kOfficeScoped) {
     const char* before = login.offices.size() == 1 ? ", in office " : ", in the offices ";
@@ -43,7 +49,8 @@ void RunRoles(const std::string& url, const DeskLogin& login, std::ostream& outp
 
 void RemoveRoles(const std::string& url, const std::string& login, std::ostream& output) {
   const Practice practice = OnServer(url);
-  const std::vector<std::string> through = RemoveDesk(practice.ConnectionIn(0), login);
+  const std::vector<std::string> through = practice.Database().connect_in ? OpenOfficeGroup(url)->RemoveDesk(login)
+                                                                          : RemoveDesk(practice.ConnectionIn(0), login);
   output << login << " may no longer work in the practice.\n";
   for (const std::string& group : through) {
     output << "It still may as a member of " << group << ".\n";

@@ -42,6 +42,10 @@ class OfficeGroup {
   // Moves an office to another server while others work in it: they write there until the last moment and follow by
   // themselves.
   virtual void Move(std::int32_t office, const std::string& server) = 0;
+  // Has a login of the group's servers work in these offices from now on, and in no others, as a desk does.
+  virtual void AdmitDesk(const std::string& login, const std::vector<std::int32_t>& offices) = 0;
+  // Takes that back; the groups of logins that it may go on working through.
+  virtual std::vector<std::string> RemoveDesk(const std::string& login) = 0;
   // Brings the tables of a group up to date that an older program has made; nothing else can be done with it before.
   virtual void Migrate() = 0;
 };

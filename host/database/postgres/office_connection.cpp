@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <mutex>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct Entrance {
   PostgresUrl url;
   OpenAlone open;
   OfficeDirectory directory;
+  std::set<std::int32_t> own;  // the offices that a desk's login may enter; empty for the tables' owner
+
+  bool MayEnter(std::int32_t office) const { return own.empty() || own.contains(office); }
 
   // Asks the server that was entered by or, where it does not answer, the others.
   void ReadAgain() {
@@ -59,6 +63,17 @@ struct Place {
   bool doubtful = false;  // the office may be elsewhere by now
 };
 
+std::set<std::int32_t> OwnOffices(session::Connection& connection) {
+  std::set<std::int32_t> offices;
+  for (const auto rows =
+           connection.Execute("SELECT unnest(practice.open_offices()) FROM pg_class "
+                              "WHERE oid='practice.schematable'::regclass AND NOT pg_has_role(relowner, 'USAGE')");
+       !rows->Eof(); rows->MoveNext()) {
+    offices.insert(session::ToId(rows->Get(0)));
+  }
+  return offices;
+}
+
 DatabaseError Moved(std::int32_t office, std::string_view statement) {
   return {"Office " + std::to_string(office) + " was moved to another server.", statement, 0,
           DatabaseError::Origin::Connection};
@@ -82,7 +97,9 @@ class OfficeConnection final : public session::Connection {
     entrance_.ReadAgain();
     std::vector<std::int32_t> offices;
     for (const auto& [office, server] : entrance_.directory.homes) {
-      offices.push_back(office);
+      if (entrance_.MayEnter(office)) {
+        offices.push_back(office);
+      }
     }
     return offices;
   }
@@ -176,6 +193,9 @@ class OfficeConnection final : public session::Connection {
     if (office_ == 0) {
       return std::make_unique<Place>(Place{entrance_.open(UrlText(entrance_.url, kAllOffices)), {}});
     }
+    if (!entrance_.MayEnter(office_)) {
+      throw DatabaseError("This login may not enter office " + std::to_string(office_) + ".", statement, 0);
+    }
     std::string home = entrance_.directory.HomeOf(office_);
     for (int tries = 0; tries < 2; ++tries) {
       if (!home.empty()) {
@@ -248,16 +268,20 @@ class OfficeConnection final : public session::Connection {
 }  // namespace
 
 PracticeDatabase FollowOffices(PracticeDatabase database, const std::string& url, OpenAlone open) {
-  Entrance entrance{ParsePostgresUrl(url), std::move(open), {}};
+  Entrance entrance{ParsePostgresUrl(url), std::move(open), {}, {}};
   auto directory = entrance.url.schema.empty() ? ReadOfficeDirectory(*database.connection) : std::nullopt;
   if (!directory) {
     return database;
   }
+  entrance.own = OwnOffices(*database.connection);
+  std::map<bool, std::int32_t> first;  // at home here, or elsewhere
   for (const auto& [office, home] : directory->homes) {
-    if (home == directory->here) {
-      database.options.office = office;
-      break;
+    if (entrance.MayEnter(office)) {
+      first.try_emplace(home == directory->here, office);
     }
+  }
+  if (!first.empty()) {
+    database.options.office = first.rbegin()->second;
   }
   entrance.directory = *std::move(directory);
   database.connect = {};

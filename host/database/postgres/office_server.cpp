@@ -1,5 +1,6 @@
 #include "database/postgres/office_server.h"
 
+#include <set>
 #include <string_view>
 
 #include "database/migration.h"
@@ -179,31 +180,26 @@ void OfficeServer::Reach(const OfficeServer& other) const {
 
 // Tables at other servers are made anew: what they show is nothing but a name there and a list of offices.
 void OfficeServer::ShowOffices(const OfficeDirectory& directory) const {
-  const std::vector<std::string> tables = Tables();
-  for (const auto& [name, url] : directory.servers) {
-    if (name == name_) {
-      continue;
-    }
-    const std::string offices = List(directory, name);
+  const std::string offices = List(directory, name_);
+  for (const std::string& table : Tables()) {
     std::string statements;
-    for (const std::string& table : tables) {
-      const std::string shown = "at_" + name + "." + table;
-      statements += "DROP FOREIGN TABLE IF EXISTS " + shown + "; ";
-      if (!offices.empty()) {
-        statements += "CREATE FOREIGN TABLE " + shown + " PARTITION OF offices." + table + " FOR VALUES IN (" +
-                      offices + ") SERVER server_" + name + " OPTIONS (schema_name 'home', table_name '" + table +
-                      "'); ";
+    for (const auto& [name, url] : directory.servers) {
+      if (name != name_) {
+        statements += "DROP FOREIGN TABLE IF EXISTS at_" + name + "." + table + "; ";
       }
     }
+    for (const auto& [name, url] : directory.servers) {
+      const std::string others = List(directory, name);
+      if (name != name_ && !others.empty()) {
+        statements += "CREATE FOREIGN TABLE at_" + name + "." + table + " PARTITION OF offices." + table +
+                      " FOR VALUES IN (" + others + ") SERVER server_" + name +
+                      " OPTIONS (schema_name 'home', table_name '" + table + "'); ";
+      }
+    }
+    statements += "CREATE OR REPLACE VIEW home." + table + " AS SELECT * FROM offices." + table + " WHERE " +
+                  (offices.empty() ? "FALSE" : "officeid IN (" + offices + ")");
     Run(statements);
   }
-  const std::string offices = List(directory, name_);
-  std::string statements;
-  for (const std::string& table : tables) {
-    statements += "CREATE OR REPLACE VIEW home." + table + " AS SELECT * FROM offices." + table + " WHERE " +
-                  (offices.empty() ? "FALSE" : "officeid IN (" + offices + ")") + "; ";
-  }
-  Run(statements);
 }
 
 // A partition takes nobody else's rows, which needs no look at its rows when they are known to be the office's own.
@@ -214,11 +210,12 @@ void OfficeServer::TakeOfficesIn(const OfficeDirectory& directory) const {
       continue;
     }
     const std::string number = std::to_string(office);
-    for (const std::string& table :
-         FirstColumn(Connection(),
-                     "SELECT p.relname::text FROM pg_class p JOIN pg_class t ON t.relname=p.relname "
-                     "WHERE p.relnamespace='offices'::regnamespace AND t.relnamespace=" +
-                         Quoted(schema) + "::regnamespace AND NOT t.relispartition AND t.relkind='r'")) {
+    const std::vector<std::string> newcomers =
+        FirstColumn(Connection(),
+                    "SELECT p.relname::text FROM pg_class p JOIN pg_class t ON t.relname=p.relname "
+                    "WHERE p.relnamespace='offices'::regnamespace AND t.relnamespace=" +
+                        Quoted(schema) + "::regnamespace AND NOT t.relispartition AND t.relkind='r'");
+    for (const std::string& table : newcomers) {
       const std::string own = schema + "." + table;
       // What another server showed of it until now goes first.
       for (const auto& [name, url] : directory.servers) {
@@ -229,7 +226,56 @@ void OfficeServer::TakeOfficesIn(const OfficeDirectory& directory) const {
       Run("ALTER TABLE " + own + " DROP CONSTRAINT IF EXISTS own_office, ADD CONSTRAINT own_office CHECK (officeid=" +
           number + "); ALTER TABLE offices." + table + " ATTACH PARTITION " + own + " FOR VALUES IN (" + number + ")");
     }
+    if (!newcomers.empty()) {
+      Run(AdmitDesksTo(office, schema));
+    }
   }
+}
+
+void OfficeServer::Admit(const DeskLogin& login, const OfficeDirectory& directory) const {
+  session::Transaction transaction(Connection());
+  Run("SET LOCAL client_min_messages = warning");
+  std::set<std::int32_t> offices(login.offices.begin(), login.offices.end());
+  for (const std::string& before :
+       FirstColumn(Connection(), "SELECT DeskOffice FROM practice.DeskTable WHERE DeskLogin=" + Quoted(login.name))) {
+    offices.insert(std::stoi(before));
+  }
+  NoteDesk(Connection(), login);
+  for (const std::int32_t office : offices) {
+    if (directory.HomeOf(office) == name_) {
+      Run(AdmitDesksTo(office, OfficeSchema(office)));
+    }
+  }
+  transaction.Commit();
+}
+
+bool OfficeServer::Knows(const std::string& login) const {
+  return !Connection().Execute("SELECT 1 FROM practice.DeskTable WHERE DeskLogin=" + Quoted(login))->Eof();
+}
+
+void OfficeServer::TakeDesksOf(const OfficeServer& other) const {
+  session::Transaction transaction(Connection());
+  for (const auto rows = other.Connection().Execute("SELECT DeskLogin::text, DeskOffice FROM practice.DeskTable");
+       !rows->Eof(); rows->MoveNext()) {
+    Run("INSERT INTO practice.DeskTable VALUES (" + Quoted(session::ToText(rows->Get(0))) + ", " +
+        session::ToText(rows->Get(1)) + ")");
+  }
+  Run("DO $$ DECLARE desk name; BEGIN FOR desk IN SELECT DISTINCT DeskLogin FROM practice.DeskTable JOIN pg_roles ON "
+      "rolname=DeskLogin LOOP EXECUTE format('GRANT USAGE ON SCHEMA practice TO %I', desk); END LOOP; END $$");
+  Run(std::string(kAdmitDesks));
+  transaction.Commit();
+}
+
+std::vector<std::string> OfficeServer::DesksMissingAt(const OfficeServer& other, std::int32_t office) const {
+  std::vector<std::string> missing;
+  for (const std::string& login : FirstColumn(
+           Connection(), "SELECT DeskLogin::text FROM practice.DeskTable WHERE DeskOffice=" + std::to_string(office) +
+                             " ORDER BY 1")) {
+    if (other.Connection().Execute("SELECT 1 FROM pg_roles WHERE rolname=" + Quoted(login))->Eof()) {
+      missing.push_back(login);
+    }
+  }
+  return missing;
 }
 
 // Drops the tables of offices that are at home elsewhere; whoever still reads them has to connect again.

@@ -6,6 +6,7 @@
 
 #include "database/database.h"
 #include "database/postgres/office_directory.h"
+#include "database/postgres/postgres_roles.h"
 #include "database/postgres/postgres_url.h"
 
 namespace host {
@@ -36,6 +37,13 @@ class OfficeServer {
   int Version() const;
   // Nobody else changes the group from now on, for as long as this one is connected.
   void Reserve() const;
+  // Has a login work in offices of the group, those that come here later too.
+  void Admit(const DeskLogin& login, const OfficeDirectory& directory) const;
+  bool Knows(const std::string& login) const;
+  // Knows the logins that another server knows.
+  void TakeDesksOf(const OfficeServer& other) const;
+  // The logins that may enter an office but which another server has not.
+  std::vector<std::string> DesksMissingAt(const OfficeServer& other, std::int32_t office) const;
   // Brings what stands here in line with the directory. `servers` has all servers of the group.
   void Settle(const OfficeDirectory& directory, const std::map<std::string, OfficeServer>& servers) const;
   // The same with the tables of an older version, which are brought up to date. What breaks off is completed by the

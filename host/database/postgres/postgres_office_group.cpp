@@ -1,5 +1,7 @@
 #include "database/postgres/postgres_office_group.h"
 
+#include <set>
+
 #include "database/migration.h"
 #include "database/postgres/office_move.h"
 #include "database/postgres/postgres_engine.h"
@@ -147,6 +149,7 @@ void PostgresOfficeGroup::AddServer(const GroupServer& server) {
   const PostgresUrl url = ParsePostgresUrl(server.url);
   servers_.emplace(server.name, Founded(server.name, url, options_));
   servers_.at(server.name).Reserve();
+  servers_.at(server.name).TakeDesksOf(servers_.at(directory_.here));
   directory_.servers[server.name] = WithoutSecrets(url);
   ++directory_.version;
   Publish(server.name);
@@ -185,12 +188,54 @@ void PostgresOfficeGroup::Move(std::int32_t office, const std::string& server) {
   if (home == server) {
     return;
   }
+  for (const std::string& login : Server(home).DesksMissingAt(to, office)) {
+    Refuse("The server " + server + " knows no login \"" + login + "\", which works in office " +
+           std::to_string(office) + ". It has to be made there first.");
+  }
   OfficeDirectory moved = directory_;
   moved.homes[office] = server;
   ++moved.version;
   MoveOffice(office, Server(home), to, moved);
   directory_ = moved;
   Publish(server);
+}
+
+void PostgresOfficeGroup::AdmitDesk(const std::string& login, const std::vector<std::int32_t>& offices) {
+  if (offices.empty()) {
+    Refuse("The group has several offices. Please name those that the login may enter.");
+  }
+  ConnectAll();
+  for (const std::int32_t office : offices) {
+    if (!directory_.homes.contains(office)) {
+      Refuse("There is no office " + std::to_string(office) + " in the group.");
+    }
+  }
+  for (const auto& [name, server] : servers_) {
+    try {
+      server.Admit({login, offices}, directory_);
+    } catch (const session::DatabaseError& error) {
+      throw session::DatabaseError("At the server " + name + ": " + error.what(), error.Statement(), error.Code());
+    }
+  }
+}
+
+// What a removal that broke off has left is taken away, too.
+std::vector<std::string> PostgresOfficeGroup::RemoveDesk(const std::string& login) {
+  ConnectAll();
+  bool known = false;
+  std::set<std::string> through;
+  for (const auto& [name, server] : servers_) {
+    if (server.Knows(login)) {
+      known = true;
+      for (const std::string& group : host::RemoveDesk(server.Connection(), login)) {
+        through.insert(group);
+      }
+    }
+  }
+  if (!known) {
+    Refuse("\"" + login + "\" is no login of the group's desks.");
+  }
+  return {through.begin(), through.end()};
 }
 
 void PostgresOfficeGroup::Migrate() {

@@ -26,6 +26,8 @@ class PostgresOfficeGroup final : public OfficeGroup {
   std::string PlaceFor(std::int32_t office, const std::string& server) override;
   void AddOffice(std::int32_t office, const std::string& server) override;
   void Move(std::int32_t office, const std::string& server) override;
+  void AdmitDesk(const std::string& login, const std::vector<std::int32_t>& offices) override;
+  std::vector<std::string> RemoveDesk(const std::string& login) override;
   void Migrate() override;
 
  private:

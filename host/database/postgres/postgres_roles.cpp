@@ -1,5 +1,7 @@
 #include "database/postgres/postgres_roles.h"
 
+#include <set>
+
 #include "database/postgres/office_directory.h"
 
 namespace host {
@@ -103,22 +105,41 @@ void CheckHasNoMoreRights(session::Connection& connection, const std::string& lo
 
 // The recall screen makes a copy of all offices' recalls before it saves the first one, which a desk's login may not.
 // Where there is none yet, the first change makes it for whoever that is.
-std::string MakeRecallBackup() {
+std::string MakeRecallBackup(const std::string& schema) {
   std::string columns;
   for (const Column& column : FindTable("RSTable")->columns) {
     columns += std::string(column.name) + ", ";
   }
   columns += "OfficeID";
-  return "CREATE TABLE RSTableBackup AS SELECT " + columns +
-         " FROM RSTable WITH NO DATA; "
-         "CREATE OR REPLACE FUNCTION practice.back_up_recalls() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
-         "SET search_path = practice, public, pg_temp AS $$ "
-         "BEGIN IF NOT EXISTS (SELECT FROM RSTableBackup) THEN INSERT INTO RSTableBackup SELECT " +
-         columns +
-         " FROM RSTable; END IF; RETURN NULL; END $$; "
-         "REVOKE ALL ON FUNCTION practice.back_up_recalls() FROM PUBLIC; "
-         "CREATE OR REPLACE TRIGGER RSTable_back_up BEFORE UPDATE ON RSTable "
-         "FOR EACH STATEMENT EXECUTE FUNCTION practice.back_up_recalls()";
+  const std::string function = schema + ".back_up_recalls()";
+  return "CREATE TABLE IF NOT EXISTS " + schema + ".RSTableBackup AS SELECT " + columns + " FROM " + schema +
+         ".RSTable WITH NO DATA; CREATE OR REPLACE FUNCTION " + function +
+         " RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER SET search_path = " + schema +
+         ", practice, public, pg_temp AS $$ BEGIN IF NOT EXISTS (SELECT FROM RSTableBackup) THEN "
+         "INSERT INTO RSTableBackup (" +
+         columns + ") SELECT " + columns + " FROM RSTable; END IF; RETURN NULL; END $$; REVOKE ALL ON FUNCTION " +
+         function + " FROM PUBLIC; CREATE OR REPLACE TRIGGER RSTable_back_up BEFORE UPDATE ON " + schema +
+         ".RSTable FOR EACH STATEMENT EXECUTE FUNCTION " + function;
+}
+
+void CheckDesk(session::Connection& connection, const std::string& login) {
+  if (!IsThere(connection, login)) {
+    Refuse("The server knows no login \"" + login + "\". It has to be made first.");
+  }
+  CheckHasNoMoreRights(connection, login);
+}
+
+// In place of what stood there; without an office the login is admitted to all.
+void WriteDesk(session::Connection& connection, const DeskLogin& login) {
+  const std::string name = Quoted(login.name);
+  connection.Execute("DELETE FROM DeskTable WHERE DeskLogin = " + name);
+  if (login.offices.empty()) {
+    connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", NULL)");
+  }
+  for (const int office : std::set(login.offices.begin(), login.offices.end())) {
+    connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", " + std::to_string(office) + ")");
+  }
+  connection.Execute("GRANT USAGE ON SCHEMA practice TO " + AsIdentifier(login.name));
 }
 
 }  // namespace
@@ -129,11 +150,7 @@ std::vector<std::string> DeskGround() {
 }
 
 bool AdmitDesk(session::Connection& connection, const CreationOptions& options, const DeskLogin& login) {
-  const std::string name = Quoted(login.name);
-  if (!IsThere(connection, login.name)) {
-    Refuse("The server knows no login \"" + login.name + "\". It has to be made first.");
-  }
-  CheckHasNoMoreRights(connection, login.name);
+  CheckDesk(connection, login.name);
   const bool guarded = options.kind == 7;
   if (guarded && login.offices.empty()) {
     Refuse("The practice has several offices. Please name those that the login may enter.");
@@ -143,16 +160,9 @@ bool AdmitDesk(session::Connection& connection, const CreationOptions& options, 
   }
   session::Transaction transaction(connection);
   if (session::IsNull(connection.Execute("SELECT to_regclass('RSTableBackup')::text")->Get(0))) {
-    connection.Execute(MakeRecallBackup());
+    connection.Execute(MakeRecallBackup("practice"));
   }
-  connection.Execute("DELETE FROM DeskTable WHERE DeskLogin = " + name);
-  if (!guarded) {
-    connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", NULL)");
-  }
-  for (const int office : login.offices) {
-    connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", " + std::to_string(office) + ")");
-  }
-  connection.Execute("GRANT USAGE ON SCHEMA practice TO " + AsIdentifier(login.name));
+  WriteDesk(connection, login);
   connection.Execute(std::string(kAdmitDesks));
   const auto compares = connection.Execute("SELECT proleakproof::int FROM pg_proc WHERE proname = 'citext_ge'");
   const bool by_index = !guarded || session::ToId(compares->Get(0)) != 0;
@@ -169,10 +179,14 @@ std::vector<std::string> RemoveDesk(session::Connection& connection, const std::
   connection.Execute("DELETE FROM DeskTable WHERE DeskLogin = " + name);
   std::vector<std::string> through;
   if (IsThere(connection, login)) {
-    const std::string from = " FROM " + AsIdentifier(login);
-    connection.Execute("REVOKE ALL ON ALL TABLES IN SCHEMA practice" + from +
-                       "; REVOKE ALL ON ALL SEQUENCES IN SCHEMA practice" + from + "; REVOKE ALL ON SCHEMA practice" +
-                       from);
+    connection.Execute(
+        "DO $do$ DECLARE place text; BEGIN FOR place IN SELECT nspname FROM pg_namespace, aclexplode(nspacl) WHERE "
+        "grantee = (SELECT oid FROM pg_roles WHERE rolname = " +
+        name +
+        ") AND (nspname = 'practice' OR nspname ~ '^office_[0-9]+$') LOOP EXECUTE format('REVOKE ALL ON ALL TABLES IN "
+        "SCHEMA %1$I FROM %2$I; REVOKE ALL ON ALL SEQUENCES IN SCHEMA %1$I FROM %2$I; REVOKE ALL ON SCHEMA %1$I FROM "
+        "%2$I', place, " +
+        name + "); END LOOP; END $do$");
     for (const auto rows = connection.Execute("SELECT DISTINCT DeskLogin::text FROM AdmittedDesks WHERE pg_has_role(" +
                                               name + ", DeskRole, 'MEMBER') ORDER BY 1");
          !rows->Eof(); rows->MoveNext()) {
@@ -181,6 +195,36 @@ std::vector<std::string> RemoveDesk(session::Connection& connection, const std::
   }
   transaction.Commit();
   return through;
+}
+
+void NoteDesk(session::Connection& connection, const DeskLogin& login) {
+  CheckDesk(connection, login.name);
+  WriteDesk(connection, login);
+  connection.Execute(std::string(kAdmitDesks));
+}
+
+// The server keeps offices apart by their schemas, so there are no policies on their tables. A copy of recalls that
+// came along with an office is left alone when it holds any.
+std::string AdmitDesksTo(int office, const std::string& schema) {
+  const std::string backup = schema + ".RSTableBackup";
+  const std::string number = std::to_string(office);
+  return "DO $do$ DECLARE desk record; BEGIN "
+         "IF NOT EXISTS (SELECT FROM practice.AdmittedDesks) THEN RETURN; END IF; "
+         "IF NOT EXISTS (SELECT FROM pg_trigger WHERE tgrelid = '" +
+         schema + ".RSTable'::regclass AND tgname = 'rstable_back_up') THEN IF to_regclass('" + backup +
+         "') IS NOT NULL THEN IF NOT EXISTS (SELECT FROM " + backup + ") THEN DROP TABLE " + backup +
+         "; END IF; END IF; " + MakeRecallBackup(schema) +
+         "; END IF; FOR desk IN SELECT * FROM (SELECT DeskLogin AS login, bool_or(DeskOffice = " + number +
+         ") AS may, DeskRole IN (SELECT grantee FROM pg_namespace, aclexplode(nspacl) WHERE nspname = '" + schema +
+         "') AS could FROM practice.AdmittedDesks GROUP BY DeskLogin, DeskRole) d WHERE may OR could LOOP "
+         "EXECUTE format('REVOKE ALL ON SCHEMA " +
+         schema + " FROM %1$I; REVOKE ALL ON ALL TABLES IN SCHEMA " + schema +
+         " FROM %1$I; REVOKE ALL ON ALL SEQUENCES IN SCHEMA " + schema +
+         " FROM %1$I', desk.login); IF desk.may THEN EXECUTE format('GRANT USAGE ON SCHEMA " + schema +
+         " TO %1$I; GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA " + schema +
+         " TO %1$I; REVOKE UPDATE, DELETE ON " + schema + ".ChangeTable FROM %1$I; REVOKE INSERT, UPDATE, DELETE ON " +
+         schema + ".SchemaTable FROM %1$I; GRANT USAGE ON ALL SEQUENCES IN SCHEMA " + schema +
+         " TO %1$I', desk.login); END IF; END LOOP; END $do$";
 }
 
 }  // namespace host

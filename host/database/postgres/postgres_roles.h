@@ -34,4 +34,11 @@ bool AdmitDesk(session::Connection& connection, const CreationOptions& options, 
 // through. Throws session::DatabaseError, also when it is none of the practice's.
 std::vector<std::string> RemoveDesk(session::Connection& connection, const std::string& login);
 
+// The same in a group of practices, where each office's tables stand in a schema of their own: this is what a server
+// has to know of the login, whatever is at home there. To be called in a transaction.
+void NoteDesk(session::Connection& connection, const DeskLogin& login);
+// Statements that give the logins that were admitted what they need of an office's schema, and take it from those that
+// may not enter the office.
+std::string AdmitDesksTo(int office, const std::string& schema);
+
 }  // namespace host
