@@ -24,7 +24,9 @@ class Report {
   explicit Report(std::ostream& output) : output_(output) {}
 
   void Hear(const CopyProgress& progress) {
-    if (progress.step == Step::Copied) {
+    if (progress.step == Step::LeftBehind) {
+      left_ += (left_.empty() ? "" : ", ") + std::string(progress.table);
+    } else if (progress.step == Step::Copied) {
       Tell(progress, " rows copied");
     } else if (progress.step == Step::Same) {
       Tell(progress, " rows, the same in both");
@@ -37,6 +39,8 @@ class Report {
     }
     told_ = 0;
   }
+  // What was not copied, as no practice has it; empty for nothing.
+  const std::string& Left() const { return left_; }
 
  private:
   void Tell(const CopyProgress& progress, const char* what) {
@@ -46,6 +50,7 @@ class Report {
   }
 
   std::ostream& output_;
+  std::string left_;
   std::int64_t told_ = 0;
 };
 
@@ -62,6 +67,9 @@ bool RunCopy(const std::string& from, const std::string& to, std::ostream& outpu
   (void)std::signal(SIGINT, before);
   output << (whole ? "The practice is copied. Its letters and other files are not in the database: copy them too.\n"
                    : "Stopped; the same command goes on from here.\n");
+  if (!report.Left().empty()) {
+    output << "Not copied, as it is no part of a practice: " << report.Left() << ".\n";
+  }
   return whole;
 }
 

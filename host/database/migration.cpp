@@ -72,12 +72,25 @@ void Upgrade(session::Connection& connection, const SchemaWriter& writer, const 
   RunAll(connection, writer.Finish());
 }
 
-int Version(session::Connection& connection, const SchemaWriter& writer) {
-  bool is_practice = false;
+bool HasTable(session::Connection& connection, const SchemaWriter& writer, std::string_view table) {
+  bool found = false;
   for (const auto rows = connection.Execute(writer.Tables()); !rows->Eof(); rows->MoveNext()) {
-    is_practice = is_practice || forms::EqualsIgnoringCase(session::ToText(rows->Get(0)), "SchemaTable");
+    found = found || forms::EqualsIgnoringCase(session::ToText(rows->Get(0)), table);
   }
-  if (!is_practice) {
+  return found;
+}
+
+void RefuseHalfACopy(session::Connection& connection, const SchemaWriter& writer) {
+  if (HasTable(connection, writer, kCopyNotes)) {
+    Refuse(
+        "A practice is being copied into this database, or the copy was broken off. The same \"practice_console copy\" "
+        "as before completes it.");
+  }
+}
+
+int Version(session::Connection& connection, const SchemaWriter& writer) {
+  RefuseHalfACopy(connection, writer);
+  if (!HasTable(connection, writer, "SchemaTable")) {
     RefuseStranger();
   }
   const auto schema = connection.Execute("SELECT SchVersion FROM SchemaTable");
@@ -139,6 +152,7 @@ void CreateSchema(session::Connection& connection, const SchemaWriter& writer, c
                   int version) {
   Lock(connection, writer);
   if (!IsEmpty(connection, writer)) {
+    RefuseHalfACopy(connection, writer);
     Refuse("This database is in use already; a practice can only be made in an empty one.");
   }
   RunAll(connection, writer.Ground());

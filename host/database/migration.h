@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "database/schema_writer.h"
 #include "session/connection.h"
 
@@ -7,6 +9,9 @@ namespace host {
 
 // What a practice of any version was made with. Throws session::DatabaseError.
 CreationOptions ReadOptions(session::Connection& connection);
+
+// Stands in a database that a practice is being copied into, beside tables that are none yet.
+inline constexpr std::string_view kCopyNotes = "CopyTable";
 
 // Whether a practice can be made in the database: it has no table, as its making leaves it when it is broken off.
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer);

@@ -1,10 +1,10 @@
 #include "practice/copied_table.h"
 
-#include <sodium.h>
-
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace host {
 namespace {
@@ -48,8 +48,18 @@ Value Amount(const Value& value) {
   return amount ? Value(*amount) : value;
 }
 
-// By the column's type; what is of another is left to the engine that it is given to.
-Value OfType(ColumnType type, Value value) {
+std::int64_t Whole(const Value& value) {
+  const auto* number = std::get_if<std::int64_t>(&value);
+  return number == nullptr ? session::ToId(value) : *number;
+}
+
+}  // namespace
+
+std::string RowPlace::Named() const {
+  return "record " + std::to_string(key) + " of office " + std::to_string(office);
+}
+
+Value CopiedValue(ColumnType type, Value value) {
   if (session::IsNull(value)) {
     return value;
   }
@@ -58,6 +68,7 @@ Value OfType(ColumnType type, Value value) {
   if (!is_text && text != nullptr && text->empty()) {
     return {};
   }
+  // What is of another type is left to the engine that it is given to.
   switch (type) {
     case ColumnType::Int:
     case ColumnType::SmallInt:
@@ -76,34 +87,6 @@ Value OfType(ColumnType type, Value value) {
   return value;
 }
 
-class Hash {
- public:
-  Hash() { crypto_generichash_init(&state_, nullptr, 0, kSize); }
-
-  // With its type and size, so that no two rows of values hash alike.
-  void Add(const Value& value) {
-    const std::string text = session::ToText(value);
-    Add(std::to_string(value.index()) + ":" + std::to_string(text.size()) + ":");
-    Add(text);
-  }
-  std::array<unsigned char, 32> End() {
-    std::array<unsigned char, 32> hash{};
-    crypto_generichash_final(&state_, hash.data(), hash.size());
-    return hash;
-  }
-
- private:
-  static constexpr std::size_t kSize = 32;
-
-  void Add(const std::string& text) {
-    crypto_generichash_update(&state_, reinterpret_cast<const unsigned char*>(text.data()), text.size());
-  }
-
-  crypto_generichash_state state_{};
-};
-
-}  // namespace
-
 CopiedTable::CopiedTable(const Table& table, const CreationOptions& options) : table_(table), columns_(table.columns) {
   if (options.row_guids && table.row_guid) {
     columns_.push_back({.name = "UniqueID", .type = ColumnType::Guid});
@@ -114,12 +97,11 @@ CopiedTable::CopiedTable(const Table& table, const CreationOptions& options) : t
   }
 }
 
-RowPlace CopiedTable::PlaceOf(const Row& row) const {
-  return {session::ToId(row.front()), session::ToId(row.back())};
+RowPlace CopiedTable::PlaceOf(const Row& row) {
+  return {Whole(row.front()), Whole(row.back())};
 }
 
-void CopiedTable::Read(const PracticeDatabase& database, const std::optional<RowPlace>& behind,
-                       const std::function<bool(Row row)>& take) const {
+CopiedTable::Rows CopiedTable::Read(const PracticeDatabase& database, const std::optional<RowPlace>& behind) const {
   const std::string key(table_.key);
   std::string condition;
   if (behind) {
@@ -127,34 +109,52 @@ void CopiedTable::Read(const PracticeDatabase& database, const std::optional<Row
     condition = " WHERE " + key + " >= " + number + " AND (" + key + " > " + number + " OR OfficeID > " +
                 std::to_string(behind->office) + ")";
   }
-  const auto rows = database.Run("SELECT " + names_ + " FROM " + std::string(table_.name) + condition + " ORDER BY " +
-                                 key + ", OfficeID");
-  for (; !rows->Eof(); rows->MoveNext()) {
-    Row row;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      row.push_back(OfType(columns_[i].type, rows->Get(i)));
-    }
-    if (!take(std::move(row))) {
-      return;
-    }
-  }
+  return {*this, database.Run("SELECT " + names_ + " FROM " + std::string(table_.name) + condition + " ORDER BY " +
+                              key + ", OfficeID")};
 }
 
-std::optional<TableDigest> DigestOf(const PracticeDatabase& database, const CopiedTable& table,
-                                    const std::function<bool(std::int64_t rows)>& goes_on) {
-  TableDigest digest;
-  Hash hash;
-  bool stopped = false;
-  table.Read(database, std::nullopt, [&](const CopiedTable::Row& row) {
-    for (const Value& value : row) {
-      hash.Add(value);
+std::optional<CopiedTable::Row> CopiedTable::Rows::Next() {
+  if (std::exchange(begun_, true)) {
+    rows_->MoveNext();
+  }
+  if (rows_->Eof()) {
+    return std::nullopt;
+  }
+  Row row;
+  for (std::size_t i = 0; i < table_.Columns().size(); ++i) {
+    row.push_back(CopiedValue(table_.Columns()[i].type, rows_->Get(i)));
+  }
+  return row;
+}
+
+std::optional<Comparison> Compare(const PracticeDatabase& one, const PracticeDatabase& other, const CopiedTable& table,
+                                  const std::function<bool(std::int64_t rows)>& goes_on) {
+  Comparison compared;
+  auto here = table.Read(one);
+  auto there = table.Read(other);
+  while (true) {
+    const auto mine = here.Next();
+    const auto its = there.Next();
+    if (!mine && !its) {
+      return compared;
     }
-    ++digest.rows;
-    stopped = digest.rows % kRowsAtOnce == 0 && !goes_on(digest.rows);
-    return !stopped;
-  });
-  digest.hash = hash.End();
-  return stopped ? std::nullopt : std::optional(digest);
+    if (!mine || !its || CopiedTable::PlaceOf(*mine) != CopiedTable::PlaceOf(*its)) {
+      // The smaller one is in one of them alone.
+      const RowPlace place = !its   ? CopiedTable::PlaceOf(*mine)
+                             : mine ? std::min(CopiedTable::PlaceOf(*mine), CopiedTable::PlaceOf(*its))
+                                    : CopiedTable::PlaceOf(*its);
+      compared.difference = place.Named();
+      return compared;
+    }
+    if (const auto differ = std::ranges::mismatch(*mine, *its); differ.in1 != mine->end()) {
+      const auto column = static_cast<std::size_t>(differ.in1 - mine->begin());
+      compared.difference = std::string(table.Columns()[column].name) + " of " + CopiedTable::PlaceOf(*mine).Named();
+      return compared;
+    }
+    if (++compared.rows % kRowsAtOnce == 0 && !goes_on(compared.rows)) {
+      return std::nullopt;
+    }
+  }
 }
 
 }  // namespace host

@@ -9,7 +9,7 @@ namespace {
 bool HasNotes(const PracticeDatabase& database) {
   bool found = false;
   for (const auto rows = database.connection->Execute(database.schema->Tables()); !rows->Eof(); rows->MoveNext()) {
-    found = found || forms::EqualsIgnoringCase(session::ToText(rows->Get(0)), "CopyTable");
+    found = found || forms::EqualsIgnoringCase(session::ToText(rows->Get(0)), kCopyNotes);
   }
   return found;
 }
@@ -19,7 +19,7 @@ std::string Named(const Table& table) {
 }
 
 // The practice's own row waits beside its table: without it nobody takes the database for a practice.
-void Begin(PracticeDatabase& target, const CreationOptions& options) {
+void Begin(const PracticeDatabase& target, const CreationOptions& options) {
   session::Transaction transaction(*target.connection);
   CreateSchema(*target.connection, *target.schema, options);
   for (const char* statement : {
@@ -50,7 +50,7 @@ void CheckKind(const PracticeDatabase& target, const CreationOptions& options) {
 
 }  // namespace
 
-CopyNotes::CopyNotes(PracticeDatabase& target, const CreationOptions& options) : target_(target) {
+CopyNotes::CopyNotes(const PracticeDatabase& target, const CreationOptions& options) : target_(target) {
   if (HasNotes(target)) {
     CheckKind(target, options);
   } else {

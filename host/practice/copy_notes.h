@@ -15,7 +15,7 @@ class CopyNotes {
  public:
   // Makes the tables of a practice in a vacant database, or goes on with a copy of the same kind of practice that was
   // broken off there.
-  CopyNotes(PracticeDatabase& target, const CreationOptions& options);
+  CopyNotes(const PracticeDatabase& target, const CreationOptions& options);
 
   // How far a table has come; nothing before its first row.
   std::optional<RowPlace> Behind(const Table& table) const;
@@ -27,7 +27,7 @@ class CopyNotes {
   void Finish() const;
 
  private:
-  PracticeDatabase& target_;
+  const PracticeDatabase& target_;
 };
 
 }  // namespace host

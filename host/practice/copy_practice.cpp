@@ -5,7 +5,9 @@
 
 #include "data/literal.h"
 #include "practice/copied_table.h"
+#include "practice/copy_extras.h"
 #include "practice/copy_notes.h"
+#include "practice/record_locks.h"
 
 namespace host {
 namespace {
@@ -26,12 +28,12 @@ std::string ValuesOf(const CopiedTable::Row& row) {
 // Brings rows to the target, many a transaction, each with the note of how far it came.
 class RowWriter {
  public:
-  RowWriter(PracticeDatabase& target, const CopyNotes& notes, const CopiedTable& table)
+  RowWriter(const PracticeDatabase& target, const CopyNotes& notes, const CopiedTable& table)
       : target_(target), notes_(notes), table_(table) {}
 
   // True when that brought rows to the target.
   bool Add(const CopiedTable::Row& row) {
-    rows_.push_back({table_.PlaceOf(row), ValuesOf(row)});
+    rows_.push_back({CopiedTable::PlaceOf(row), ValuesOf(row)});
     size_ += rows_.back().values.size();
     return size_ > kStatementSize && Flush();
   }
@@ -66,7 +68,7 @@ class RowWriter {
   };
 
   void Insert(const std::string& values) {
-    target_.Run("INSERT INTO " + std::string(table_.Of().name) + " (" + table_.Columns() + ") VALUES " + values);
+    target_.Run("INSERT INTO " + std::string(table_.Of().name) + " (" + table_.Names() + ") VALUES " + values);
   }
   // Names the first row that the target refuses by itself.
   void ThrowForRow() {
@@ -75,89 +77,99 @@ class RowWriter {
         session::Transaction tried(*target_.connection);
         Insert(row.values);
       } catch (const session::DatabaseError& error) {
-        throw session::DatabaseError("Record " + std::to_string(row.place.key) + " of office " +
-                                         std::to_string(row.place.office) + " in " + std::string(table_.Of().name) +
-                                         " cannot be copied: " + error.what(),
-                                     error.Statement(), error.Code());
+        throw session::DatabaseError(
+            std::string(table_.Of().name) + ": " + row.place.Named() + " cannot be copied: " + error.what(),
+            error.Statement(), error.Code());
       }
     }
   }
 
-  PracticeDatabase& target_;
+  const PracticeDatabase& target_;
   const CopyNotes& notes_;
   const CopiedTable& table_;
   std::vector<Written> rows_;
   std::size_t size_ = 0;
 };
 
-bool CopyRows(const PracticeDatabase& source, PracticeDatabase& target, const CopyNotes& notes,
+bool CopyRows(const PracticeDatabase& source, const PracticeDatabase& target, const CopyNotes& notes,
               const CopiedTable& table, const WhileCopying& told) {
   CopyProgress progress{.table = table.Of().name};
   RowWriter writer(target, notes, table);
   bool goes_on = told(progress);
   if (goes_on) {
-    table.Read(source, notes.Behind(table.Of()), [&](const CopiedTable::Row& row) {
+    auto rows = table.Read(source, notes.Behind(table.Of()));
+    for (auto row = rows.Next(); goes_on && row; row = rows.Next()) {
       ++progress.rows;
-      goes_on = !writer.Add(row) || told(progress);
-      return goes_on;
-    });
+      goes_on = !writer.Add(*row) || told(progress);
+    }
   }
   writer.Flush();
   progress.step = Step::Copied;
   return goes_on && told(progress);
 }
 
-// What both hold of a table. Nothing when it was stopped.
-std::optional<bool> Compare(const PracticeDatabase& source, const PracticeDatabase& target, const CopiedTable& table,
-                            const WhileCopying& told) {
-  CopyProgress progress{.table = table.Of().name, .step = Step::Comparing};
-  const auto goes_on = [&](std::int64_t rows) {
-    progress.rows = rows;
-    return told(progress);
-  };
-  const auto there = DigestOf(source, table, goes_on);
-  const auto here = there ? DigestOf(target, table, goes_on) : std::nullopt;
-  if (!here) {
-    return std::nullopt;
-  }
-  progress.rows = here->rows;
-  progress.step = Step::Same;
-  if (*here != *there) {
-    return false;
-  }
-  return told(progress) ? std::optional(true) : std::nullopt;
-}
-
-// Nothing when it was stopped; the tables that are not the same in both otherwise.
-std::optional<std::string> Differences(const PracticeDatabase& source, PracticeDatabase& target, const CopyNotes& notes,
-                                       const WhileCopying& told) {
-  // Nobody writes to a file meanwhile.
+// Nothing when it was stopped; otherwise where the tables that are not the same in both first differ.
+std::optional<std::string> Differences(const PracticeDatabase& source, const PracticeDatabase& target,
+                                       const CopyNotes& notes, const WhileCopying& told) {
+  // Nobody writes to a file meanwhile; a server, where many work, is read as it is.
   std::optional<session::Transaction> still;
-  if (!source.connection->ReadOnly()) {
+  if (!source.connection->ReadOnly() && !source.connect) {
     still.emplace(*source.connection);
   }
   std::string differ;
   for (const Table& known : PracticeTables()) {
-    const auto same = Compare(source, target, CopiedTable(known, source.options), told);
-    if (!same) {
+    CopyProgress progress{.table = known.name, .step = Step::Comparing};
+    const auto compared = Compare(source, target, CopiedTable(known, source.options), [&](std::int64_t rows) {
+      progress.rows = rows;
+      return told(progress);
+    });
+    if (!compared) {
       return std::nullopt;
     }
-    if (!*same) {
+    if (!compared->difference.empty()) {
       notes.Forget(known);
-      differ += (differ.empty() ? "" : ", ") + std::string(known.name);
+      differ += (differ.empty() ? "" : ", ") + std::string(known.name) + " (" + compared->difference + ")";
+      continue;
+    }
+    progress.rows = compared->rows;
+    progress.step = Step::Same;
+    if (!told(progress)) {
+      return std::nullopt;
     }
   }
   return differ;
 }
 
-void RaiseKeys(const PracticeDatabase& source, PracticeDatabase& target) {
+struct HandedOut {
+  const Table& table;
+  std::int32_t last;
+};
+
+// The last keys that the source has handed out, which its owner alone may see. Others do not see all rows either.
+std::vector<HandedOut> LastKeys(const PracticeDatabase& source) {
+  std::vector<HandedOut> keys;
   for (const Table& table : PracticeTables()) {
     const std::string last = source.schema->LastKey(table);
-    const auto row = last.empty() ? nullptr : source.connection->Execute(last);
-    if (row == nullptr || row->Eof() || session::ToId(row->Get(0)) <= 0) {
-      continue;
+    try {
+      const auto row = last.empty() ? nullptr : source.connection->Execute(last);
+      if (row != nullptr && !row->Eof() && session::ToId(row->Get(0)) > 0) {
+        keys.push_back({table, session::ToId(row->Get(0))});
+      }
+    } catch (const session::DatabaseError& error) {
+      if (error.ConnectionLost()) {
+        throw;
+      }
+      throw session::DatabaseError(
+          std::string("This practice can be copied by the owner of its tables alone: ") + error.what(),
+          error.Statement(), error.Code());
     }
-    for (const std::string& statement : target.schema->RaiseKeys(table, session::ToId(row->Get(0)))) {
+  }
+  return keys;
+}
+
+void RaiseKeys(const PracticeDatabase& source, const PracticeDatabase& target) {
+  for (const auto& [table, last] : LastKeys(source)) {
+    for (const std::string& statement : target.schema->RaiseKeys(table, last)) {
       target.connection->Execute(statement);
     }
   }
@@ -167,9 +179,21 @@ void RaiseKeys(const PracticeDatabase& source, PracticeDatabase& target) {
 
 bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told) {
   const PracticeDatabase source = OpenDatabase(from);
+  (void)LastKeys(source);
+  for (const std::string& left : LeftBehind(source)) {
+    if (!told({.table = left, .step = Step::LeftBehind})) {
+      return false;
+    }
+  }
   CreationOptions options = source.options;
   options.group = source.access == Access::Group;
-  PracticeDatabase target = OpenNewDatabase(to, options);
+  Practice practice(OpenNewDatabase(to, options));
+  const OfficeDatabase office(practice, options.office);
+  RecordLocks locks(office, "copy");
+  if (locks.Hold("CopyTable", 1)) {
+    throw session::DatabaseError("Another copy into this database is under way.", {}, 0);
+  }
+  const PracticeDatabase& target = practice.Database();
   const CopyNotes notes(target, source.options);
   for (const Table& table : PracticeTables()) {
     if (!CopyRows(source, target, notes, CopiedTable(table, source.options), told)) {
@@ -181,12 +205,15 @@ bool CopyPractice(const std::string& from, const std::string& to, const WhileCop
     return false;
   }
   if (!differ->empty()) {
-    throw session::DatabaseError("Not the same in both: " + *differ +
-                                     ". The practice was written to meanwhile, or what was copied is damaged. The same "
-                                     "command copies that anew.",
-                                 {}, 0);
+    throw session::DatabaseError(
+        "Not the same in both: " + *differ +
+            ". The practice was written to meanwhile, or holds a value there that the other "
+            "database keeps as another, such as a date that is none. The same command copies "
+            "these tables anew; where it names the same records again, please mend them first.",
+        {}, 0);
   }
   session::Transaction transaction(*target.connection);
+  CopyRecallBackup(source, target);
   RaiseKeys(source, target);
   notes.Finish();
   transaction.Commit();

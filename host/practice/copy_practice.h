@@ -8,7 +8,9 @@
 namespace host {
 
 struct CopyProgress {
-  enum class Step { Copying, Copied, Comparing, Same };
+  // `LeftBehind` names, in the place of a table, what no copy takes along: a further table, or a table's further
+  // column.
+  enum class Step { LeftBehind, Copying, Copied, Comparing, Same };
 
   std::string_view table;
   Step step = Step::Copying;
@@ -19,11 +21,12 @@ using WhileCopying = std::function<bool(const CopyProgress&)>;
 
 // Copies a practice with its keys, GUIDs, offices and change log to a database of any engine that is vacant, or goes on
 // with a copy there that was broken off: table by table, in the order of the keys. Keys that the source has handed out
-// are not handed out again. In the end every table is read in both and compared by count and hash; only then is the
-// target a practice. False when it was stopped; the same call goes on later.
+// are not handed out again. In the end every table is read in both and compared; only then is the target a practice.
+// False when it was stopped; the same call goes on later.
 //
-// Throws session::DatabaseError: what an engine refuses, by its record; a table that is not the same in both, as when
-// the source was written to meanwhile, which the next call copies anew.
+// Throws session::DatabaseError: what an engine refuses, by its record; where the two are not the same, as when the
+// source was written to meanwhile or the target keeps a value as another, by the first record of each such table, which
+// the next call copies anew; a login that does not own the source; a second copy into the target at a time.
 bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told);
 
 }  // namespace host

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <iostream>
 
+#include "database/postgres/postgres_roles.h"
 #include "database/unix/throwaway_cluster.h"
 #include "host/practice/practice_fixture.h"
 #include "practice/copied_table.h"
@@ -65,7 +66,7 @@ void ExpectSame(const std::string& one, const std::string& other) {
   const auto whole = [](std::int64_t) { return true; };
   for (const Table& known : PracticeTables()) {
     const CopiedTable table(known, here.options);
-    EXPECT_EQ(DigestOf(here, table, whole), DigestOf(there, table, whole)) << known.name;
+    EXPECT_EQ(Compare(here, there, table, whole)->difference, "") << known.name;
     const auto last = [&](const PracticeDatabase& database) {
       return session::ToId(database.connection->Execute(database.schema->LastKey(known))->Get(0));
     };
@@ -132,10 +133,82 @@ TEST(CopyPractice, WhatATargetCannotHoldIsNamed) {
                             "'), (7, 'Poe')");
   }
   EXPECT_THAT(Refusal(first.Url(), server.Url()),
-              HasSubstr("Record 6 of office 1 in PATable cannot be copied: The text for pLASNAM is too long"));
+              HasSubstr("PATable: record 6 of office 1 cannot be copied: The text for pLASNAM is too long"));
   OpenDatabase(first.Url()).Run("UPDATE PATable SET pLASNAM='Doe' WHERE pID=6");
   EXPECT_TRUE(CopyPractice(first.Url(), server.Url(), GoOn));
   ExpectSame(first.Url(), server.Url());
+}
+
+// Values that a file keeps as they were written are found as far as they have become others, each time anew.
+TEST(CopyPractice, WhatATargetKeepsAsAnotherIsNamed) {
+  const PracticeFile first("copy_other");
+  const ServerDatabase server;
+  {
+    const Practice practice = CreatePractice(first.Url());
+    practice.Database().Run(
+        "INSERT INTO PATable (pID, pLASNAM, pBIRDAT) VALUES (5, 'Roe', '1980-02-03'), (6, 'Poe', null)");
+    practice.Database().connection->Execute("UPDATE PATable SET pBIRDAT='2/3/1980' WHERE pID=6");
+  }
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_THAT(Refusal(first.Url(), server.Url()),
+                HasSubstr("Not the same in both: PATable (pBIRDAT of record 6 of office 1)."));
+  }
+  OpenDatabase(first.Url()).connection->Execute("UPDATE PATable SET pBIRDAT='1980-02-03', pID=3000000000 WHERE pID=6");
+  EXPECT_THAT(Refusal(first.Url(), server.Url()), HasSubstr("PATable: record 3000000000 of office 1 cannot be copied"));
+}
+
+// Other programs' tables and columns stay; what the recall screen keeps comes along.
+TEST(CopyPractice, NamesWhatIsNoPracticesAndTakesTheRecallsBackup) {
+  const PracticeFile first("copy_further");
+  const PracticeFile last("copy_further_back");
+  const ServerDatabase server;
+  MakeSmallDemo(first.Url(), {});
+  OpenDatabase(first.Url())
+      .connection->Execute(
+          "CREATE TABLE Further (a int); ALTER TABLE PATable ADD COLUMN pFurther int; CREATE TABLE RSTableBackup "
+          "(RCRecNum int not null, RCTtl nvarchar(65) COLLATE NOCASE, RCDonPriDay smallint); INSERT INTO RSTableBackup "
+          "VALUES (7, 'It''s', 3), (8, null, 0)");
+  std::string left;
+  EXPECT_TRUE(CopyPractice(first.Url(), server.Url(), [&](const CopyProgress& progress) {
+    left += progress.step == Step::LeftBehind ? std::string(progress.table) + " " : "";
+    return true;
+  }));
+  EXPECT_EQ(left, "Further PATable.pFurther ");
+  EXPECT_TRUE(CopyPractice(server.Url(), last.Url(), GoOn));
+  for (const std::string& url : {server.Url(), last.Url()}) {
+    const PracticeDatabase copied = OpenDatabase(url);
+    EXPECT_EQ(session::ToText(copied.Run("SELECT RCTtl FROM RSTableBackup WHERE RCRecNum=7 AND RCTtl='IT''S'")->Get(0)),
+              "It's");
+    EXPECT_EQ(session::ToId(copied.Run("SELECT Count(*) FROM RSTableBackup")->Get(0)), 2);
+  }
+}
+
+// A desk's login sees a part of the practice.
+TEST(CopyPractice, IsTheOwnersAlone) {
+  const ServerDatabase server;
+  const PracticeFile file("copy_by_desk");
+  const std::string login = SharedCluster().MakeLogin("copier");
+  {
+    const Practice practice = CreatePractice(server.Url(), kOffices);
+    AdmitDesk(*practice.Database().connection, kOffices, {login, {1}});
+  }
+  EXPECT_THAT(Refusal(SharedCluster().Url(server.Name(), login), file.Url()),
+              HasSubstr("by the owner of its tables alone"));
+  EXPECT_TRUE(IsVacant(file.Url()));
+}
+
+// Copies behind a process that was killed: a server knows of its end a moment later.
+bool CopyAgain(const std::string& from, const std::string& to, const WhileCopying& told) {
+  constexpr int kTries = 10000;
+  for (int tries = 1;; ++tries) {
+    try {
+      return CopyPractice(from, to, told);
+    } catch (const session::DatabaseError& error) {
+      if (tries == kTries || std::string_view(error.what()).find("under way") == std::string_view::npos) {
+        throw;
+      }
+    }
+  }
 }
 
 // Copies in a process of its own, which is killed at a step of a table. False when it ended by itself.
@@ -143,7 +216,7 @@ bool IsKilled(const std::string& from, const std::string& to, std::string_view t
   const pid_t child = fork();
   if (child == 0) {
     try {
-      CopyPractice(from, to, [&](const CopyProgress& progress) {
+      CopyAgain(from, to, [&](const CopyProgress& progress) {
         if (progress.table == table && progress.step == step) {
           (void)raise(SIGKILL);
         }
@@ -167,10 +240,17 @@ TEST(CopyPractice, GoesOnWhereItWasKilled) {
   for (const Table& table : PracticeTables()) {
     EXPECT_TRUE(IsKilled(first.Url(), server.Url(), table.name, Step::Copied)) << table.name;
   }
-  EXPECT_THROW(OpenDatabase(server.Url()), session::DatabaseError) << "half a practice";
+  for (const auto& open : {OpenDatabase, +[](const std::string& url) { return CreateDatabase(url); }}) {
+    try {
+      open(server.Url());
+      ADD_FAILURE() << "half a practice";
+    } catch (const session::DatabaseError& error) {
+      EXPECT_THAT(error.what(), HasSubstr("or the copy was broken off"));
+    }
+  }
   EXPECT_TRUE(IsKilled(first.Url(), server.Url(), "PATable", Step::Same));
   std::int64_t copied_again = 0;
-  EXPECT_TRUE(CopyPractice(first.Url(), server.Url(), [&](const CopyProgress& progress) {
+  EXPECT_TRUE(CopyAgain(first.Url(), server.Url(), [&](const CopyProgress& progress) {
     copied_again += progress.step == Step::Copied ? progress.rows : 0;
     return true;
   }));
@@ -178,8 +258,12 @@ TEST(CopyPractice, GoesOnWhereItWasKilled) {
   ExpectSame(first.Url(), server.Url());
 
   EXPECT_TRUE(IsKilled(server.Url(), file.Url(), "PATable", Step::Copied));
-  EXPECT_FALSE(CopyPractice(server.Url(), file.Url(), [](const CopyProgress& progress) {
-    return progress.table != "CovTable";
+  EXPECT_FALSE(CopyPractice(server.Url(), file.Url(), [&](const CopyProgress& progress) {
+    if (progress.table != "CovTable") {
+      return true;
+    }
+    EXPECT_THAT(Refusal(server.Url(), file.Url()), HasSubstr("Another copy into this database is under way"));
+    return false;
   })) << "stopped";
   EXPECT_TRUE(CopyPractice(server.Url(), file.Url(), GoOn));
   ExpectSame(first.Url(), file.Url());
@@ -199,7 +283,7 @@ TEST(CopyPractice, ADamagedRowIsFoundAndCopiedAnew) {
     CopyPractice(first.Url(), server.Url(), damage);
     FAIL() << "nothing was found";
   } catch (const session::DatabaseError& error) {
-    EXPECT_THAT(error.what(), HasSubstr("Not the same in both: PATable."));
+    EXPECT_THAT(error.what(), HasSubstr("Not the same in both: PATable (pLASNAM of record 7 of office 1)."));
   }
   EXPECT_THAT(Refusal(first.Url(), server.Url()), "");
   ExpectSame(first.Url(), server.Url());
