@@ -273,6 +273,7 @@ PracticeDatabase FollowOffices(PracticeDatabase database, const std::string& url
   if (!directory) {
     return database;
   }
+  CheckNoReplica(entrance.url);
   entrance.own = OwnOffices(*database.connection);
   std::map<bool, std::int32_t> first;  // at home here, or elsewhere
   for (const auto& [office, home] : directory->homes) {

@@ -116,9 +116,16 @@ std::string WithoutSecrets(const PostgresUrl& url) {
   return UrlText(place);
 }
 
+void CheckNoReplica(const PostgresUrl& url) {
+  if (!url.replica.empty()) {
+    throw session::DatabaseError(
+        "A group of practices reads no lists from a replica (" + url.replica + "). Please leave it out of the URL.", {},
+        0);
+  }
+}
+
 PostgresUrl WithLoginOf(const std::string& server, const PostgresUrl& entrance) {
   PostgresUrl url = entrance;
-  url.replica.clear();
   for (const std::string_view option : kServerOptions) {
     url.options.erase(std::string(option));
   }

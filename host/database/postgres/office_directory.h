@@ -46,6 +46,9 @@ std::string WithoutSecrets(const PostgresUrl& url);
 // The server at a URL of the directory, for whoever came in by another one.
 PostgresUrl WithLoginOf(const std::string& server, const PostgresUrl& entrance);
 
+// Refuses a replica, which follows one server while a group has several. Throws session::DatabaseError.
+void CheckNoReplica(const PostgresUrl& url);
+
 // A text as a statement writes it.
 std::string Quoted(const std::string& text);
 

@@ -27,6 +27,7 @@ OfficeServer Opened(const std::string& name, const PostgresUrl& url) {
 
 OfficeServer Founded(const std::string& name, const PostgresUrl& url, const CreationOptions& options) {
   CheckName(name);
+  CheckNoReplica(url);
   if (!PostgresEngine().IsVacant(UrlText(url))) {
     Refuse("The database " + url.Shown() + " is in use already; a server of a group starts with an empty one.");
   }
@@ -70,6 +71,7 @@ PostgresOfficeGroup::PostgresOfficeGroup(const std::string& url) : entrance_(Par
     Refuse("The database " + entrance_.Shown() + " belongs to no group of practices.");
   }
   directory_ = *directory;
+  CheckNoReplica(entrance_);
   options_ = ReadOptions(*database.connection);
 }
 

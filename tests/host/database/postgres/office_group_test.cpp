@@ -181,6 +181,8 @@ TEST_F(OfficeGroupTest, AnOfficeMovesWhileOthersWorkInIt) {
   OpenOfficeGroup(south_)->Move(2, "south");
   PracticeDatabase reader = In(2, south_);
   reader.connection->Execute("INSERT INTO PATable (pLASNAM) SELECT 'old' FROM generate_series(1, 3000)");
+  const std::string is_there =
+      reader.prepare("SELECT * FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_NAME='RSTableBackup'");
   reader.connection->Execute("CREATE TABLE RSTableBackup AS SELECT RCRecNum, OfficeID FROM RSTable");
   reader.connection->Execute("INSERT INTO RSTableBackup VALUES (17, 2)");
   const auto list = reader.connection->Execute("SELECT pLASNAM FROM PATable ORDER BY pID");
@@ -201,6 +203,8 @@ TEST_F(OfficeGroupTest, AnOfficeMovesWhileOthersWorkInIt) {
   EXPECT_THAT(Refusal([&] { Ask(reader, "SELECT count(*) FROM PATable"); }), HasSubstr("lost: "));
   EXPECT_EQ(Ask(reader, "SELECT count(*) FROM PATable"), std::to_string(3000 + expected.size()));
   EXPECT_EQ(Ask(reader, "SELECT RCRecNum FROM RSTableBackup"), "17");
+  EXPECT_EQ(Ask(reader, is_there), "rstablebackup");
+  EXPECT_EQ(Ask(In(1, north_), is_there), "none") << "another office's, on the same server";
   reader.connection->Execute("DROP TABLE RSTableBackup");
   for (const std::string& url : {north_, south_}) {
     EXPECT_EQ(Ask(In(0, url), "SELECT count(*) FROM PATable"), std::to_string(3000 + expected.size()));
@@ -233,6 +237,10 @@ TEST_F(OfficeGroupTest, RefusesWhatCannotBe) {
   EXPECT_THAT(Refusal([&] { group->Move(1, "west"); }), HasSubstr("no server \"west\""));
   EXPECT_THAT(Refusal([&] { group->PlaceFor(2, "north"); }), HasSubstr("an office 2 already"));
   EXPECT_THAT(Refusal([&] { group->AddServer({"west", south_}); }), HasSubstr("in use already"));
+  const std::string with_replica = north_ + "&replica=localhost:5433";
+  EXPECT_THAT(Refusal([&] { group->AddServer({"west", with_replica}); }), HasSubstr("from a replica"));
+  EXPECT_THAT(Refusal([&] { OpenOfficeGroup(with_replica); }), HasSubstr("from a replica"));
+  EXPECT_THAT(Refusal([&] { OpenDatabase(with_replica); }), HasSubstr("from a replica"));
   EXPECT_THAT(Refusal([&] { OpenOfficeGroup(south_)->Move(1, "south"); }), HasSubstr("Another program"));
   EXPECT_THAT(Refusal([&] { OpenOfficeGroup(North().Url("postgres")); }), HasSubstr("belongs to no group"));
   EXPECT_THAT(Refusal([&] { OpenOfficeGroup("sqlite::memory:"); }), HasSubstr("PostgreSQL servers alone"));
@@ -293,10 +301,14 @@ TEST_F(OfficeGroupTest, ALoginEntersItsOfficesAlone) {
   // The wall is the server's, whatever the program looks up.
   EXPECT_THAT(Refusal([&] { Ask(PostgresEngine().OpenAlone(north), "SELECT pLASNAM FROM office_1.PATable"); }),
               HasSubstr("The database login may not do this"));
-  const std::string west = South().Url(South().MakeDatabase("further"));
-  group->AddServer({"further", west});
+  // One that has failed over to its second host.
+  std::string further = South().Url(South().MakeDatabase("further"));
+  further.replace(further.find("host="), std::string_view("host=").size(),
+                  "target_session_attrs=read-write&host=/nowhere,");
+  group->AddServer({"further", further});
   group->Move(2, "further");
   EXPECT_EQ(Ask(In(2, north), "SELECT count(*) FROM PATable"), "2");
+  EXPECT_EQ(Ask(In(0, north_), "SELECT count(*) FROM PATable"), "2");
   group->RemoveDesk(desk);
   EXPECT_THAT(Refusal([&] { OpenDatabase(north); }), HasSubstr("cannot be opened"));
   EXPECT_THAT(Refusal([&] { group->RemoveDesk(desk); }), HasSubstr("no login of the group's desks"));
