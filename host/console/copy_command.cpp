@@ -2,8 +2,6 @@
 
 #include <csignal>
 
-#include "practice/copy_practice.h"
-
 namespace host {
 namespace {
 
@@ -56,21 +54,28 @@ class Report {
 
 }  // namespace
 
-bool RunCopy(const std::string& from, const std::string& to, std::ostream& output) {
+bool TellOfCopy(const std::function<bool(const WhileCopying& told)>& copy, std::string_view stopped_text,
+                std::ostream& output) {
   stopped = 0;
   const auto before = std::signal(SIGINT, Stop);
   Report report(output);
-  const bool whole = CopyPractice(from, to, [&](const CopyProgress& progress) {
+  const bool whole = copy([&](const CopyProgress& progress) {
     report.Hear(progress);
     return stopped == 0;
   });
   (void)std::signal(SIGINT, before);
-  output << (whole ? "The practice is copied. Its letters and other files are not in the database: copy them too.\n"
-                   : "Stopped; the same command goes on from here.\n");
+  output << (whole ? "The practice is copied. Its letters and other files are not in the database: copy them too."
+                   : stopped_text)
+         << "\n";
   if (!report.Left().empty()) {
     output << "Not copied, as it is no part of a practice: " << report.Left() << ".\n";
   }
   return whole;
+}
+
+bool RunCopy(const std::string& from, const std::string& to, std::optional<std::int32_t> office, std::ostream& output) {
+  return TellOfCopy([&](const WhileCopying& told) { return CopyPractice(from, to, told, office); },
+                    "Stopped; the same command goes on from here.", output);
 }
 
 }  // namespace host

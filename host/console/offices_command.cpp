@@ -1,5 +1,6 @@
 #include "console/offices_command.h"
 
+#include "console/copy_command.h"
 #include "database/database.h"
 #include "practice/demo.h"
 #include "practice/offices.h"
@@ -22,9 +23,11 @@ bool IsWhole(const OfficesOrder& order) {
   const bool server = !order.server.name.empty();
   const bool new_server = server && !order.server.url.empty();
   if (order.what == "create") {
-    return new_server && order.url.empty() && order.office == 0 && !order.demo;
+    return new_server && order.url.empty() && order.office == 0 && !order.demo && order.copy.empty();
   }
-  if (order.url.empty() || order.row_guids || (order.demo && order.what != "add-office")) {
+  const bool filled = order.demo || !order.copy.empty();
+  if (order.url.empty() || order.row_guids || (order.demo && !order.copy.empty()) ||
+      (filled && order.what != "add-office")) {
     return false;
   }
   if (order.what == "add-server") {
@@ -36,13 +39,20 @@ bool IsWhole(const OfficesOrder& order) {
   return (order.what == "list" || order.what == "migrate") && !server && order.office == 0;
 }
 
-void RunOffices(const OfficesOrder& order, std::ostream& output) {
+bool RunOffices(const OfficesOrder& order, std::ostream& output) {
   if (order.what == "create") {
     CreateOfficeGroup(order.server, {.row_guids = order.row_guids});
   }
   const auto group = OpenOfficeGroup(order.what == "create" ? order.server.url : order.url);
   if (order.what == "add-server") {
     group->AddServer(order.server);
+  } else if (!order.copy.empty()) {
+    const auto copy = [&](const WhileCopying& told) {
+      return AddCopiedOffice(*group, order.office, order.server.name, order.copy, told);
+    };
+    if (!TellOfCopy(copy, "Stopped; the group is as before.", output)) {
+      return false;
+    }
   } else if (order.what == "add-office") {
     AddOffice(*group, order.office, order.server.name, [&](Practice& practice) {
       if (order.demo) {
@@ -55,6 +65,7 @@ void RunOffices(const OfficesOrder& order, std::ostream& output) {
     group->Migrate();
   }
   PrintGroup(*group, output);
+  return true;
 }
 
 }  // namespace host

@@ -17,12 +17,13 @@ struct OfficesOrder {
   GroupServer server;  // "move": where to
   bool row_guids = false;
   std::optional<std::int32_t> demo;  // patients of a new office
+  std::string copy;                  // the practice that has the new office
 };
 
 // Whether the order has all that it takes, and nothing else.
 bool IsWhole(const OfficesOrder& order);
 
-// Carries it out and tells who is at home where. Throws session::DatabaseError.
-void RunOffices(const OfficesOrder& order, std::ostream& output);
+// Carries it out and tells who is at home where; false when a copy was ended by Ctrl+C. Throws session::DatabaseError.
+bool RunOffices(const OfficesOrder& order, std::ostream& output);
 
 }  // namespace host

@@ -87,7 +87,8 @@ Value CopiedValue(ColumnType type, Value value) {
   return value;
 }
 
-CopiedTable::CopiedTable(const Table& table, const CreationOptions& options) : table_(table), columns_(table.columns) {
+CopiedTable::CopiedTable(const Table& table, const CreationOptions& options, std::optional<std::int32_t> office)
+    : table_(table), columns_(table.columns), office_(office) {
   if (options.row_guids && table.row_guid) {
     columns_.push_back({.name = "UniqueID", .type = ColumnType::Guid});
   }
@@ -108,6 +109,9 @@ CopiedTable::Rows CopiedTable::Read(const PracticeDatabase& database, const std:
     const std::string number = std::to_string(behind->key);
     condition = " WHERE " + key + " >= " + number + " AND (" + key + " > " + number + " OR OfficeID > " +
                 std::to_string(behind->office) + ")";
+  }
+  if (office_) {
+    condition += (behind ? " AND OfficeID=" : " WHERE OfficeID=") + std::to_string(*office_);
   }
   return {*this, database.Run("SELECT " + names_ + " FROM " + std::string(table_.name) + condition + " ORDER BY " +
                               key + ", OfficeID")};

@@ -30,7 +30,8 @@ session::Value CopiedValue(ColumnType type, session::Value value);
 // A table's rows as every engine says them.
 class CopiedTable {
  public:
-  CopiedTable(const Table& table, const CreationOptions& options);
+  // With `office` the rows of that one alone.
+  CopiedTable(const Table& table, const CreationOptions& options, std::optional<std::int32_t> office = {});
 
   const Table& Of() const { return table_; }
   const std::vector<Column>& Columns() const { return columns_; }
@@ -59,6 +60,7 @@ class CopiedTable {
   const Table& table_;
   std::vector<Column> columns_;
   std::string names_;
+  std::optional<std::int32_t> office_;
 };
 
 // What two databases hold of a table.

@@ -59,12 +59,13 @@ bool HasColumn(const Table& table, const CreationOptions& options, std::string_v
 
 }  // namespace
 
-void CopyRecallBackup(const PracticeDatabase& source, const PracticeDatabase& target) {
+void CopyRecallBackup(const PracticeDatabase& source, const PracticeDatabase& target,
+                      std::optional<std::int32_t> office) {
   const std::string table(kBackup);
   if (!IsOneOf(TablesOf(source), kBackup)) {
     return;
   }
-  const auto rows = source.Run("SELECT * FROM " + table);
+  const auto rows = source.Run("SELECT * FROM " + table + (office ? " WHERE OfficeID=" + std::to_string(*office) : ""));
   std::string names;
   std::string definitions;
   for (const session::Field& field : rows->Fields()) {

@@ -110,16 +110,17 @@ bool CopyRows(const PracticeDatabase& source, const PracticeDatabase& target, co
 
 // Nothing when it was stopped; otherwise where the tables that are not the same in both first differ.
 std::optional<std::string> Differences(const PracticeDatabase& source, const PracticeDatabase& target,
-                                       const CopyNotes& notes, const WhileCopying& told) {
+                                       const CopyNotes& notes, std::optional<std::int32_t> office,
+                                       const WhileCopying& told) {
   // Nobody writes to a file meanwhile; a server, where many work, is read as it is.
   std::optional<session::Transaction> still;
-  if (!source.connection->ReadOnly() && !source.connect) {
+  if (!source.connection->ReadOnly() && !source.connect && !source.connect_in) {
     still.emplace(*source.connection);
   }
   std::string differ;
   for (const Table& known : PracticeTables()) {
     CopyProgress progress{.table = known.name, .step = Step::Comparing};
-    const auto compared = Compare(source, target, CopiedTable(known, source.options), [&](std::int64_t rows) {
+    const auto compared = Compare(source, target, CopiedTable(known, source.options, office), [&](std::int64_t rows) {
       progress.rows = rows;
       return told(progress);
     });
@@ -175,10 +176,32 @@ void RaiseKeys(const PracticeDatabase& source, const PracticeDatabase& target) {
   }
 }
 
+// What is made of it has no other office.
+void EnterOffice(PracticeDatabase& source, std::int32_t office) {
+  if (source.options.kind != session::kOfficeScoped) {
+    throw session::DatabaseError("The practice has one office. Please name none.", {}, 0);
+  }
+  if (source.enter_office) {
+    source.enter_office(office);
+  }
+  if (source.Run("SELECT OfficeID FROM OffLocTable WHERE OfficeID=" + std::to_string(office))->Eof()) {
+    throw session::DatabaseError("The practice has no office " + std::to_string(office) + ".", {}, 0);
+  }
+  source.options.office = office;
+  source.options.offices = 0;
+}
+
 }  // namespace
 
-bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told) {
-  const PracticeDatabase source = OpenDatabase(from);
+bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told,
+                  std::optional<std::int32_t> office) {
+  PracticeDatabase source = OpenDatabase(from);
+  if (office) {
+    EnterOffice(source, *office);
+  } else if (source.connect_in) {
+    throw session::DatabaseError("A group of practices is copied office by office. Please name one (--office N).", {},
+                                 0);
+  }
   (void)LastKeys(source);
   for (const std::string& left : LeftBehind(source)) {
     if (!told({.table = left, .step = Step::LeftBehind})) {
@@ -188,19 +211,19 @@ bool CopyPractice(const std::string& from, const std::string& to, const WhileCop
   CreationOptions options = source.options;
   options.group = source.access == Access::Group;
   Practice practice(OpenNewDatabase(to, options));
-  const OfficeDatabase office(practice, options.office);
-  RecordLocks locks(office, "copy");
+  const OfficeDatabase copy(practice, options.office);
+  RecordLocks locks(copy, "copy");
   if (locks.Hold("CopyTable", 1)) {
     throw session::DatabaseError("Another copy into this database is under way.", {}, 0);
   }
   const PracticeDatabase& target = practice.Database();
   const CopyNotes notes(target, source.options);
   for (const Table& table : PracticeTables()) {
-    if (!CopyRows(source, target, notes, CopiedTable(table, source.options), told)) {
+    if (!CopyRows(source, target, notes, CopiedTable(table, source.options, office), told)) {
       return false;
     }
   }
-  const auto differ = Differences(source, target, notes, told);
+  const auto differ = Differences(source, target, notes, office, told);
   if (!differ) {
     return false;
   }
@@ -213,7 +236,7 @@ bool CopyPractice(const std::string& from, const std::string& to, const WhileCop
         {}, 0);
   }
   session::Transaction transaction(*target.connection);
-  CopyRecallBackup(source, target);
+  CopyRecallBackup(source, target, office);
   RaiseKeys(source, target);
   notes.Finish();
   transaction.Commit();

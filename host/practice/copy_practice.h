@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,9 @@ using WhileCopying = std::function<bool(const CopyProgress&)>;
 // Throws session::DatabaseError: what an engine refuses, by its record; where the two are not the same, as when the
 // source was written to meanwhile or the target keeps a value as another, by the first record of each such table, which
 // the next call copies anew; a login that does not own the source; a second copy into the target at a time.
-bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told);
+//
+// With `office` that office alone becomes a practice, of one that has several, and of a group.
+bool CopyPractice(const std::string& from, const std::string& to, const WhileCopying& told,
+                  std::optional<std::int32_t> office = {});
 
 }  // namespace host

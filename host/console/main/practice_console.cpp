@@ -39,7 +39,8 @@ constexpr const char* kUsage =
     "practice_console demo --database URL [--patients N] [--seed N] [--kind N] [--office N] [--offices N] "
     "[--row-guids] [--group]\n"
     "                                          makes a demo practice; with --group your group may work in it too\n"
-    "practice_console copy FROM TO             copies a practice from URL to URL, which is vacant or holds such a copy "
+    "practice_console copy FROM TO [--office N]\n"
+    "                                          copies a practice from URL to URL, which is vacant or holds such a copy "
     "that\n"
     "                                          was broken off, and compares both\n"
     "practice_console log --database URL [--user NAME] [--table NAME] [--record ID]\n"
@@ -55,7 +56,7 @@ constexpr const char* kUsage =
     "                                          takes that back\n"
     "practice_console offices create --server NAME=URL [--row-guids]\n"
     "practice_console offices add-server --database URL --server NAME=URL\n"
-    "practice_console offices add-office N --database URL --server NAME [--demo PATIENTS]\n"
+    "practice_console offices add-office N --database URL --server NAME [--demo PATIENTS | --copy FROM]\n"
     "practice_console offices move N --database URL --to NAME\n"
     "practice_console offices migrate --database URL\n"
     "practice_console offices list --database URL\n"
@@ -230,6 +231,8 @@ int RunOfficesOrder(Words& words) {
       order.row_guids = true;
     } else if (option == "--demo") {
       order.demo = words.TakeNumber();
+    } else if (option == "--copy") {
+      order.copy = words.Take();
     } else if (const auto office = host::ParseNumber(option); office && order.office == 0) {
       order.office = *office;
     } else {
@@ -239,8 +242,7 @@ int RunOfficesOrder(Words& words) {
   if (!IsWhole(order)) {
     throw UsageError();
   }
-  host::RunOffices(order, std::cout);
-  return 0;
+  return host::RunOffices(order, std::cout) ? 0 : 1;
 }
 
 int RunFiles(Words& words) {
@@ -307,10 +309,17 @@ int RunCommand(Words& words) {
   if (command == "copy") {
     const std::string from = words.Take();
     const std::string to = words.Take();
+    std::optional<std::int32_t> office;
+    if (!words.AtEnd()) {
+      if (words.Take() != "--office") {
+        throw UsageError();
+      }
+      office = words.TakeNumber();
+    }
     if (!words.AtEnd()) {
       throw UsageError();
     }
-    return host::RunCopy(from, to, std::cout) ? 0 : 1;
+    return host::RunCopy(from, to, office, std::cout) ? 0 : 1;
   }
   if (command == "cluster" && words.AtEnd()) {
     host::RunCluster(std::cin, std::cout);

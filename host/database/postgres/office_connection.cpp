@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "database/postgres/office_directory.h"
+#include "database/postgres/office_tables.h"
 #include "database/postgres/postgres_error.h"
 
 namespace host {
@@ -285,6 +286,8 @@ PracticeDatabase FollowOffices(PracticeDatabase database, const std::string& url
     database.options.office = first.rbegin()->second;
   }
   entrance.directory = *std::move(directory);
+  static const OfficeTables tables;  // of the office that is entered
+  database.schema = &tables;
   database.connect = {};
   database.connect_in = [entrance](const std::string& name, int office) {
     Entrance named = entrance;

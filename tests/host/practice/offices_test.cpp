@@ -7,6 +7,8 @@
 #include "database/unix/throwaway_cluster.h"
 #include "host/practice/practice_fixture.h"
 #include "practice/change_log.h"
+#include "practice/copied_table.h"
+#include "practice/demo.h"
 #include "practice/settings.h"
 
 namespace host {
@@ -68,6 +70,37 @@ TEST(Offices, DesksWorkInAnOfficeWhereverItIs) {
   EXPECT_EQ(last, "Smith to Jones");
   ann.ReleaseRecord("PATable", person);
   EXPECT_FALSE(ben.HoldRecord("PATable", person));
+}
+
+// One of a practice's offices becomes one of a group, and a practice of its own again.
+TEST(Offices, AnOfficeIsCopiedIntoAGroupAndOut) {
+  const auto go_on = [](const CopyProgress&) { return true; };
+  const PracticeFile before("before");
+  const PracticeFile after("after");
+  const PracticeOptions options{.kind = 7, .office = 1, .offices = 2, .row_guids = true};
+  {
+    const Practice practice =
+        MakeDemo(before.Url(), {.patients = 20, .practice = options, .password_cost = HashCost::Least});
+    practice.Database().Run("DELETE FROM ZipCodTable WHERE ZipCodID > 100");
+  }
+  ThrowawayCluster& cluster = SharedCluster();
+  const std::string url = cluster.Url(cluster.MakeDatabase("copied"));
+  CreateOfficeGroup({"here", url}, {.row_guids = true});
+  const auto group = OpenOfficeGroup(url);
+  EXPECT_THROW(AddCopiedOffice(*group, 3, "here", before.Url(), go_on), session::DatabaseError);
+  EXPECT_FALSE(AddCopiedOffice(*group, 2, "here", before.Url(), [](const CopyProgress&) { return false; }));
+  EXPECT_TRUE(AddCopiedOffice(*group, 2, "here", before.Url(), go_on));
+  EXPECT_THROW(CopyPractice(url, after.Url(), go_on), session::DatabaseError);
+  EXPECT_TRUE(CopyPractice(url, after.Url(), go_on, 2));
+  const PracticeDatabase one = OpenDatabase(before.Url());
+  const PracticeDatabase other = OpenDatabase(after.Url());
+  EXPECT_EQ(other.options.office, 2);
+  for (const Table& table : PracticeTables()) {
+    const auto compared = Compare(one, other, CopiedTable(table, one.options, 2), [](std::int64_t) { return true; });
+    EXPECT_EQ(compared->difference, "") << table.name;
+    EXPECT_TRUE(other.Run("SELECT OfficeID FROM " + std::string(table.name) + " WHERE OfficeID<>2")->Eof());
+  }
+  EXPECT_FALSE(other.Run("SELECT pID FROM PATable")->Eof());
 }
 
 }  // namespace
