@@ -27,14 +27,6 @@ SQLHANDLE Allocated(SQLSMALLINT kind, SQLHANDLE parent) {
   return handle;
 }
 
-std::string Quoted(const std::string& text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c == '\'' ? "''" : std::string(1, c);
-  }
-  return quoted + "'";
-}
-
 }  // namespace
 
 void OdbcHandle::FreeConnection::operator()(SQLHDBC handle) const {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "database/postgres/postgres_session.h"
 #include "forms/text.h"
 
 namespace host {
@@ -31,14 +32,6 @@ std::string OfficeDirectory::HomeOf(std::int32_t office) const {
 
 std::string OfficeSchema(std::int32_t office) {
   return "office_" + std::to_string(office);
-}
-
-std::string Quoted(const std::string& text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c == '\'' ? std::string("''") : std::string(1, c);
-  }
-  return quoted + "'";
 }
 
 std::string CreateOfficeDirectory(const std::string& here) {

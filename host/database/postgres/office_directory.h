@@ -49,7 +49,4 @@ PostgresUrl WithLoginOf(const std::string& server, const PostgresUrl& entrance);
 // Refuses a replica, which follows one server while a group has several. Throws session::DatabaseError.
 void CheckNoReplica(const PostgresUrl& url);
 
-// A text as a statement writes it.
-std::string Quoted(const std::string& text);
-
 }  // namespace host

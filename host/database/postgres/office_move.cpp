@@ -6,6 +6,7 @@
 #include "database/migration.h"
 #include "database/postgres/postgres_engine.h"
 #include "database/postgres/postgres_error.h"
+#include "database/postgres/postgres_session.h"
 #include "database/schema.h"
 #include "forms/text.h"
 

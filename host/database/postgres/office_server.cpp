@@ -6,6 +6,7 @@
 #include "database/migration.h"
 #include "database/postgres/office_tables.h"
 #include "database/postgres/postgres_engine.h"
+#include "database/postgres/postgres_session.h"
 
 namespace host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "database/postgres/office_directory.h"
+#include "database/postgres/postgres_session.h"
 
 namespace host {
 namespace {

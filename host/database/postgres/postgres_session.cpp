@@ -59,6 +59,14 @@ bool IsThisMachine(std::string_view server) {
          server.starts_with("127.") || server == "::1";
 }
 
+std::string Quoted(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    quoted += c == '\'' ? std::string("''") : std::string(1, c);
+  }
+  return quoted + "'";
+}
+
 PostgresSettings FixedSettings(const std::string& search_path) {
   return {{"search_path", search_path.empty() ? std::string(kSearchPath) : search_path},
           {"DateStyle", "ISO"},

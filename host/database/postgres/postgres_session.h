@@ -12,6 +12,9 @@ namespace host {
 // Whether a server of this name is reached without a network: its address, or the folder of its socket.
 bool IsThisMachine(std::string_view server);
 
+// A text as a statement writes it.
+std::string Quoted(const std::string& text);
+
 // Session variables by their names.
 using PostgresSettings = std::map<std::string, std::string>;
 
