@@ -11,8 +11,7 @@ namespace host {
 Practice OpenOrMakeDemo(const std::string& url, const std::string& folder, std::int32_t patients) {
   const std::string demo = "sqlite:" + folder + "/demo.sqlite";
   if (!url.empty()) {
-    const bool on_server = !url.starts_with("sqlite:");
-    return on_server && IsVacant(url) ? CreatePractice(url) : Practice(url);
+    return url.starts_with("sqlite:") ? Practice(url) : OpenOrCreatePractice(url);
   }
   if (!IsVacant(demo)) {
     return Practice(demo);

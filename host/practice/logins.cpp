@@ -157,6 +157,11 @@ bool PasswordMatches(std::string_view hash, std::string_view password) {
   return crypto_pwhash_str_verify(std::string(hash).c_str(), password.data(), password.size()) == 0;
 }
 
+bool HasLogins(session::Database& database) {
+  const data::Statements statements(database);
+  return !statements.Select("SELECT TOP 1 PWMID FROM PWMTable WHERE (PWMID>0)" + statements.Office())->Eof();
+}
+
 std::int32_t AddLogin(session::Database& database, const NewLogin& login) {
   const data::Statements statements(database);
   // The index takes letters beyond ASCII for others in another case; a login compares them as the same.
@@ -187,8 +192,17 @@ std::int32_t AddLogin(session::Database& database, const NewLogin& login) {
   return id;
 }
 
-void AddFirstLogin(session::Database& database, const std::string& name, const std::string& password_hash) {
+bool AddFirstLogin(Practice& practice, std::int32_t office, const std::string& name, const std::string& password_hash) {
+  OfficeDatabase database(practice, office);
   const data::Statements statements(database);
+  session::Transaction transaction(database.Connection());
+  // Whoever makes the first login at another desk has done so by then.
+  if (const std::string lock = practice.Database().schema->Lock(); !lock.empty()) {
+    database.Connection().Execute(lock);
+  }
+  if (HasLogins(database)) {
+    return false;
+  }
   NewLogin login;
   login.name = name;
   login.password_hash = password_hash;
@@ -198,9 +212,9 @@ void AddFirstLogin(session::Database& database, const std::string& name, const s
        !rows->Eof(); rows->MoveNext()) {
     login.locations.push_back(session::ToId(rows->Get(0)));
   }
-  session::Transaction transaction(database.Connection());
   AddLogin(database, login);
   transaction.Commit();
+  return true;
 }
 
 void SetPassword(session::Database& database, std::int32_t login, std::string_view hash) {

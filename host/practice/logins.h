@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/dates.h"
+#include "practice/practice.h"
 #include "session/session.h"
 
 namespace host {
@@ -64,6 +65,9 @@ enum class HashCost { Interactive, Least };
 std::string HashPassword(std::string_view password, HashCost cost = HashCost::Interactive);
 bool PasswordMatches(std::string_view hash, std::string_view password);
 
+// Whether anybody has one in the office.
+bool HasLogins(session::Database& database);
+
 struct NewLogin {
   std::string name;
   std::string password_hash;
@@ -73,8 +77,9 @@ struct NewLogin {
 };
 // The new PWMID.
 std::int32_t AddLogin(session::Database& database, const NewLogin& login);
-// A supervisor's login at every location of the office.
-void AddFirstLogin(session::Database& database, const std::string& name, const std::string& password_hash);
+// A supervisor's login at every location of the office. False, and nothing is done, when somebody has a login there
+// by now.
+bool AddFirstLogin(Practice& practice, std::int32_t office, const std::string& name, const std::string& password_hash);
 void SetPassword(session::Database& database, std::int32_t login, std::string_view hash);
 
 struct LoginAnswer {

@@ -142,4 +142,18 @@ Practice CreatePractice(const std::string& url, const PracticeOptions& options,
   return practice;
 }
 
+Practice OpenOrCreatePractice(const std::string& url) {
+  if (IsVacant(url)) {
+    try {
+      return CreatePractice(url);
+    } catch (const session::DatabaseError&) {
+      if (IsVacant(url)) {
+        throw;
+      }
+      // Another program was first.
+    }
+  }
+  return Practice(url);
+}
+
 }  // namespace host

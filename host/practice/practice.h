@@ -49,6 +49,9 @@ class Practice {
 Practice CreatePractice(const std::string& url, const PracticeOptions& options = {},
                         const std::function<void(Practice& practice)>& fill = {});
 
+// Opens the practice at a server's URL, or makes it in a database without tables; several programs may come at once.
+Practice OpenOrCreatePractice(const std::string& url);
+
 // A practice as one of its offices sees it. The host's own statements go through it.
 class OfficeDatabase final : public session::Database {
  public:

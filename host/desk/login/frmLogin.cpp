@@ -14,6 +14,8 @@ namespace {
 constexpr const char* kFirst =
     "Nobody has a login here yet. The user name and password that you type are the first, with every right.";
 
+constexpr const char* kNotFirst = "Somebody has made the first login here in the meantime. Please ask them for yours.";
+
 // "Please wait 4 seconds before the next try."
 std::string WaitText(std::chrono::seconds wait) {
   return "Please wait " + std::to_string(wait.count()) + (wait.count() == 1 ? " second" : " seconds") +
@@ -23,8 +25,7 @@ std::string WaitText(std::chrono::seconds wait) {
 frmLogin::OfficeChoice ChoiceOf(Practice& practice, std::int32_t office) {
   OfficeDatabase database(practice, office);
   const data::Statements statements(database);
-  const bool vacant =
-      session::ToId(statements.SelectValue("SELECT COUNT(*) FROM PWMTable WHERE (PWMID>0)" + statements.Office())) == 0;
+  const bool vacant = !HasLogins(database);
   return {office,
           session::ToText(statements.SelectValue("SELECT OffLocNam FROM OffLocTable WHERE (OffLocID>0)" +
                                                  statements.Office() + " ORDER BY OffLocID")),
@@ -153,8 +154,11 @@ bool frmLogin::MakeFirst(const std::string& name) {
                             : "The two passwords are not the same. Please type the last one once more.",
            txtPassword);
   } else {
-    add_first_(Office, name, password);
     office->vacant = false;
+    if (!add_first_(Office, name, password)) {
+      office->hint = kNotFirst;
+      ChooseOffice();
+    }
     return true;
   }
   return false;
@@ -177,8 +181,7 @@ frmLogin LoginOf(Practice& practice) {
             return LogIn(database, name, password, LocalNow());
           },
           [&practice](std::int32_t office, const std::string& name, const std::string& password) {
-            OfficeDatabase database(practice, office);
-            AddFirstLogin(database, name, HashPassword(password));
+            return AddFirstLogin(practice, office, name, HashPassword(password));
           }};
 }
 

@@ -28,8 +28,9 @@ class frmLogin : public forms::Form {
   // Opens the login of a practice's office.
   using Check = std::function<LoginAnswer(std::int32_t office, const std::string& name, const std::string& password)>;
 
-  // Makes the first login of an office, a supervisor's; its password has been typed twice.
-  using AddFirst = std::function<void(std::int32_t office, const std::string& name, const std::string& password)>;
+  // Makes the first login of an office, a supervisor's; its password has been typed twice. False when somebody else has
+  // made it meanwhile.
+  using AddFirst = std::function<bool(std::int32_t office, const std::string& name, const std::string& password)>;
 
   frmLogin(std::vector<OfficeChoice> offices, std::int32_t first_office, Check check, AddFirst add_first = {});
 
@@ -59,7 +60,7 @@ class frmLogin : public forms::Form {
  private:
   void ChooseOffice();
   void Try();
-  // Whether the office of nobody has its first login now.
+  // Whether the office of nobody has its first login now, whosever.
   bool MakeFirst(const std::string& name);
   void Refuse(const std::string& why, forms::Control& field);
 

@@ -103,6 +103,13 @@ TEST_F(LoginsTest, NamesAreUniqueAndOlderNamesakesKeepTheirs) {
   EXPECT_FALSE(LogIn(database_, "ann", "two", kNow));
 }
 
+TEST_F(LoginsTest, TheFirstIsMadeOnce) {
+  EXPECT_TRUE(AddFirstLogin(practice_, 1, "ann", HashPassword("one", HashCost::Least)));
+  EXPECT_FALSE(AddFirstLogin(practice_, 1, "bob", HashPassword("two", HashCost::Least)));
+  EXPECT_TRUE(LogIn(database_, "ann", "one", kNow).login->rights.Supervisor());
+  EXPECT_FALSE(LogIn(database_, "bob", "two", kNow));
+}
+
 TEST_F(LoginsTest, ASupervisorHasEveryRight) {
   Add("boss", {1}, {std::string(kSupervisorRight)});
   const auto boss = LogIn(database_, "boss", "s3cret", kNow);

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <future>
 #include <utility>
 
+#include "database/unix/throwaway_cluster.h"
 #include "host/practice/practice_fixture.h"
+#include "practice/logins.h"
 
 namespace host {
 namespace {
@@ -22,6 +25,37 @@ TEST(Practice, MakingThatIsBrokenOffLeavesNothing) {
   EXPECT_TRUE(IsVacant(file.Url()));
   CreatePractice(file.Url());
   EXPECT_FALSE(IsVacant(file.Url()));
+}
+
+TEST(Practice, SeveralDesksAtOnceMakeItAndItsFirstLoginOnce) {
+  const std::string name = SharedCluster().MakeDatabase("made");
+  const std::string url = SharedCluster().Url(name);
+  {
+    std::vector<std::future<Practice>> desks;
+    desks.reserve(3);
+    for (int desk = 0; desk < 3; ++desk) {
+      desks.push_back(std::async(std::launch::async, [&url] { return OpenOrCreatePractice(url); }));
+    }
+    for (std::future<Practice>& desk : desks) {
+      EXPECT_EQ(desk.get().Offices(), std::vector<std::int32_t>{1});
+    }
+    Practice here(url);
+    Practice there(url);
+    OfficeDatabase other(there, 1);
+    auto first = std::make_optional<session::Transaction>(other.Connection());
+    other.Connection().Execute(there.Database().schema->Lock());
+    AddLogin(other, {.name = "ann", .password_hash = "-", .person = 0, .locations = {}, .rights = {}});
+    here.Database().connection->WhileBusy = [&first](session::Busy busy) {
+      if (busy == session::Busy::Waiting && first) {
+        first->Commit();
+        first.reset();
+      }
+      return false;
+    };
+    EXPECT_FALSE(AddFirstLogin(here, 1, "bob", "-"));
+    EXPECT_FALSE(first);
+  }
+  SharedCluster().DropDatabase(name);
 }
 
 std::filesystem::perms ModeOf(const PracticeFile& file, const char* tail) {

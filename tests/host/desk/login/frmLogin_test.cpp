@@ -52,6 +52,7 @@ TEST(FrmLogin, MakesTheFirstLoginWhereNobodyHasOne) {
   frmLogin form({{1, "Bay Dental", "nobody", true}}, 1, OnlyAnn(office),
                 [&](std::int32_t in, const std::string& name, const std::string& password) {
                   made = std::to_string(in) + name + password;
+                  return true;
                 });
   form.txtUser.DoType("ann");
   form.DialogButtons1.OK.DoClick();
@@ -69,6 +70,21 @@ TEST(FrmLogin, MakesTheFirstLoginWhereNobodyHasOne) {
   form.DialogButtons1.OK.DoClick();
   EXPECT_EQ(made, "1annpw");
   EXPECT_TRUE(form.Closed());
+}
+
+TEST(FrmLogin, IsAnOrdinaryLoginWhenSomebodyElseMadeTheFirst) {
+  std::int32_t office = 0;
+  int tries = 0;
+  frmLogin form({{1, "Bay Dental", "nobody", true}}, 1, OnlyAnn(office), [&](auto&&...) { return ++tries > 1; });
+  form.txtUser.DoType("bob");
+  for (int typed = 0; typed < 3; ++typed) {
+    form.txtPassword.DoType("pq");
+    form.DialogButtons1.OK.DoClick();
+  }
+  EXPECT_EQ(tries, 1);
+  EXPECT_FALSE(form.Closed());
+  EXPECT_THAT(form.lblHint.Caption.get(), testing::HasSubstr("in the meantime"));
+  EXPECT_EQ(form.lblMessage.Caption.get(), "User name and password do not belong together.");
 }
 
 TEST(FrmLogin, OffersTheOfficesOfAPracticeThatHasSeveral) {
