@@ -72,6 +72,11 @@ void Upgrade(session::Connection& connection, const SchemaWriter& writer, const 
   RunAll(connection, writer.Finish());
 }
 
+// What a select of 1 or 0 says; true without one.
+bool Says(session::Connection& connection, const std::string& select) {
+  return select.empty() || session::ToId(connection.Execute(select)->Get(0)) != 0;
+}
+
 bool HasTable(session::Connection& connection, const SchemaWriter& writer, std::string_view table) {
   bool found = false;
   for (const auto rows = connection.Execute(writer.Tables()); !rows->Eof(); rows->MoveNext()) {
@@ -92,6 +97,11 @@ int Version(session::Connection& connection, const SchemaWriter& writer) {
   RefuseHalfACopy(connection, writer);
   if (!HasTable(connection, writer, "SchemaTable")) {
     RefuseStranger();
+  }
+  if (!Says(connection, writer.MayOpen())) {
+    Refuse(
+        "This login may not work in the practice yet. Please have the administrator of the database admit it, by "
+        "\"practice_console roles\".");
   }
   const auto schema = connection.Execute("SELECT SchVersion FROM SchemaTable");
   return schema->Eof() ? 0 : session::ToId(schema->Get(0));
@@ -146,6 +156,10 @@ CreationOptions ReadOptions(session::Connection& connection) {
 
 bool IsEmpty(session::Connection& connection, const SchemaWriter& writer) {
   return connection.Execute(writer.Tables())->Eof();
+}
+
+bool MayWrite(session::Connection& connection, const SchemaWriter& writer) {
+  return Says(connection, writer.MayWrite());
 }
 
 void CreateSchema(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options,

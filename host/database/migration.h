@@ -22,6 +22,9 @@ bool IsEmpty(session::Connection& connection, const SchemaWriter& writer);
 void CreateSchema(session::Connection& connection, const SchemaWriter& writer, const CreationOptions& options,
                   int version = kSchemaVersion);
 
+// Whether this login may write in the practice.
+bool MayWrite(session::Connection& connection, const SchemaWriter& writer);
+
 // Brings the tables of an older version up to date, in one transaction, and returns what the database was made with;
 // its office is another one where this login may not enter that.
 // Throws session::DatabaseError, also when the database is newer than this program or holds no practice.

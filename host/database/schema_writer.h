@@ -18,6 +18,10 @@ struct CreationOptions {
   bool group = false;      // the group of its files may work in it too; the files' mode keeps it
 };
 
+// The highest key of a row that later keys are handed out behind. One above it is its row's alone: a slip of that size
+// must not use up the keys of all offices.
+inline constexpr std::int32_t kLastFollowedKey = 2'000'000'000;
+
 // What an index holds beside values of columns; statements that search by phone write the same. Empty for values.
 std::string IndexedExpression(const Index& index);
 std::string IndexName(const Table& table, const Index& index);
@@ -33,6 +37,10 @@ class SchemaWriter {
   // A select of what keeps this login from changing the tables, as a sentence goes on behind "and"; empty, or a null,
   // where nothing does.
   virtual std::string Hindrance() const { return {}; }
+  // A select of 1 or 0, or nothing for 1: whether this login may work in the practice at all, and whether it may write
+  // there.
+  virtual std::string MayOpen() const { return {}; }
+  virtual std::string MayWrite() const { return {}; }
   // A select of the offices that this login may enter, the smallest first; empty, or without rows, where it may enter
   // all.
   virtual std::string OpenOffices() const { return {}; }
@@ -46,8 +54,8 @@ class SchemaWriter {
   virtual std::vector<std::string> AddColumn(const Table& table, const Column& column) const = 0;
   virtual std::vector<std::string> CreateIndex(const Table& table, const Index& index) const = 0;
   virtual std::vector<std::string> DropTable(std::string_view table) const = 0;
-  // A select of the last key that a table has handed out, and what keeps it from handing out keys up to `last`; none
-  // where keys are handed out from what the table holds.
+  // A select of the last key that a table has handed out, and what keeps it from handing out keys up to `last`, or to
+  // `kLastFollowedKey`; none where keys are handed out from what the table holds.
   virtual std::string LastKey(const Table& /*table*/) const { return {}; }
   virtual std::vector<std::string> RaiseKeys(const Table& /*table*/, std::int32_t /*last*/) const { return {}; }
   // Has the database itself put down what is written to a table that is `logged`, as the table is in `version`; none

@@ -4,6 +4,7 @@
 #include "database/migration.h"
 #include "database/odbc/odbc_connection.h"
 #include "database/odbc/server_schema.h"
+#include "database/postgres/postgres_ground.h"
 #include "database/postgres/postgres_schema.h"
 #include "database/shown_url.h"
 
@@ -40,9 +41,8 @@ const SchemaWriter& SchemaOf(const OdbcSource& source) {
 std::unique_ptr<OdbcConnection> Connect(const std::string& url, const OdbcSource& source) {
   auto connection = std::make_unique<OdbcConnection>(source);
   if (source.is_postgres) {
-    const auto encoding = session::ToText(connection->Execute("SELECT current_setting('server_encoding')")->Get(0));
-    if (encoding != "UTF8") {
-      throw CannotBeOpened(url, "its text is kept as " + encoding + ", and a practice needs UTF8.", 0);
+    if (const std::string why = WhyTextIsUnfit(*connection); !why.empty()) {
+      throw CannotBeOpened(url, why, 0);
     }
     if (!session::IsNull(connection->Execute("SELECT to_regclass('practice.officegroup')::text")->Get(0))) {
       throw CannotBeOpened(url, "it is a server of a group of practices, whose offices are not reached by ODBC.", 0);
@@ -86,10 +86,14 @@ PracticeDatabase OdbcEngine::OpenNew(const std::string& url, const CreationOptio
 }
 
 PracticeDatabase OdbcEngine::Open(const std::string& url) const {
-  const OdbcSource source = SourceOf(url);
+  OdbcSource source = SourceOf(url);
   auto connection = Connect(url, source);
   try {
     const CreationOptions options = MigrateSchema(*connection, SchemaOf(source));
+    if (!MayWrite(*connection, SchemaOf(source))) {
+      source.fixed = OnlyLooking(std::move(source.fixed));
+      connection = std::make_unique<OdbcConnection>(source);
+    }
     return Opened(source, std::move(connection), options);
   } catch (const session::DatabaseError& error) {
     throw CannotBeOpened(url, error.what(), error.Code());

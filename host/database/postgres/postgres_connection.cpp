@@ -25,13 +25,18 @@ std::string PathFor(const PostgresUrl& url, const PostgresWay& way) {
   return url.schema.empty() ? way.search_path : url.schema + ", " + std::string(kSearchPath);
 }
 
+PostgresSettings FixedFor(const PostgresUrl& url, const PostgresWay& way) {
+  PostgresSettings fixed = FixedSettings(PathFor(url, way));
+  return way.only_looks ? OnlyLooking(std::move(fixed)) : fixed;
+}
+
 }  // namespace
 
 class PostgresServer {
  public:
   PostgresServer(const std::string& url, const PostgresWay& way, const session::WhileBusy& while_busy)
       : url_(UrlFor(url, way)),
-        fixed_(FixedSettings(PathFor(url_, way))),
+        fixed_(FixedFor(url_, way)),
         while_busy_(while_busy),
         reads_apart_(way.readers),
         longest_(way.longest),
@@ -267,10 +272,6 @@ void PostgresConnection::RollbackTrans() {
 
 void PostgresConnection::Cancel() {
   server_->Interrupt();
-}
-
-std::string PostgresConnection::Encoding() const {
-  return std::string(server_->Main().Parameter("server_encoding"));
 }
 
 int PostgresConnection::Process() const {

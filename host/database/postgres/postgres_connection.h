@@ -19,6 +19,7 @@ struct PostgresWay {
   // Selects outside a transaction read through connections of their own.
   bool readers = true;
   std::string search_path = {};  // empty is `kSearchPath`
+  bool only_looks = false;       // for a login that may change nothing
   // Its statements take a moment; a server that takes longer is lost.
   std::optional<std::chrono::milliseconds> longest = {};
 };
@@ -54,8 +55,6 @@ class PostgresConnection final : public session::Connection {
   void RollbackTrans() override;
   void Cancel() override;
 
-  // The encoding of the database's text, which is "UTF8".
-  std::string Encoding() const;
   // The process that serves it there.
   int Process() const;
 

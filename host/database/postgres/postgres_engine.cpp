@@ -7,6 +7,7 @@
 #include "database/postgres/office_tables.h"
 #include "database/postgres/postgres_connection.h"
 #include "database/postgres/postgres_error.h"
+#include "database/postgres/postgres_ground.h"
 #include "database/postgres/postgres_office_group.h"
 #include "database/postgres/postgres_url.h"
 
@@ -31,8 +32,8 @@ session::DatabaseError CannotBeOpened(const std::string& url, const std::string&
 
 std::unique_ptr<PostgresConnection> Connect(const std::string& url) {
   auto connection = std::make_unique<PostgresConnection>(url);
-  if (const std::string encoding = connection->Encoding(); encoding != "UTF8") {
-    throw CannotBeOpened(url, "its text is kept as " + encoding + ", and a practice needs UTF8.", 0);
+  if (const std::string why = WhyTextIsUnfit(*connection); !why.empty()) {
+    throw CannotBeOpened(url, why, 0);
   }
   return connection;
 }
@@ -69,6 +70,9 @@ PracticeDatabase PostgresEngine::OpenAlone(const std::string& url) const {
   auto connection = Connect(url);
   try {
     const CreationOptions options = MigrateSchema(*connection, SchemaAt(url));
+    if (!MayWrite(*connection, SchemaAt(url))) {
+      connection = std::make_unique<PostgresConnection>(url, PostgresWay{.only_looks = true});
+    }
     return Opened(url, std::move(connection), options);
   } catch (const session::DatabaseError& error) {
     throw CannotBeOpened(url, error.what(), error.Code());

@@ -66,31 +66,52 @@ constexpr std::string_view kIdentity =
 
 // For a row whose key is given as null, behind keys that rows of the same statement bring along. Arguments of both: the
 // key's column, the sequence. They raise sequences that a desk's login may only take keys from.
-constexpr std::string_view kGiveKey =
-    "CREATE FUNCTION practice.give_key() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
-    "SET search_path = pg_catalog, pg_temp AS $$ "
-    "DECLARE keys regclass := format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass; key bigint := nextval(keys); "
-    "highest int; "
-    "BEGIN EXECUTE format('SELECT max(%I) FROM %I.%I', TG_ARGV[0], TG_TABLE_SCHEMA, TG_TABLE_NAME) INTO highest; "
-    "IF highest >= key THEN key := setval(keys, highest + 1); END IF; "
-    "RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], key)); END $$";
+std::string GiveKey() {
+  return "CREATE FUNCTION practice.give_key() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
+         "SET search_path = pg_catalog, pg_temp AS $$ "
+         "DECLARE keys regclass := format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass; key bigint := "
+         "nextval(keys); "
+         "highest int; "
+         "BEGIN EXECUTE format('SELECT max(%1$I) FROM %2$I.%3$I WHERE %1$I <= " +
+         std::to_string(kLastFollowedKey) +
+         "', TG_ARGV[0], TG_TABLE_SCHEMA, TG_TABLE_NAME) INTO highest; "
+         "IF highest >= key THEN key := setval(keys, highest + 1); END IF; "
+         "RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], key)); END $$";
+}
 
 // Behind an insert: the key of the last row is the session's identity, and keys that rows brought along are not handed
 // out again.
-constexpr std::string_view kNoteKeys =
-    "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
-    "SET search_path = pg_catalog, pg_temp AS $$ "
-    "DECLARE highest int; newest int; handed_out bigint; "
-    "BEGIN EXECUTE format('SELECT max(%1$I), (array_agg(%1$I))[count(*)] FROM added', TG_ARGV[0]) "
-    "INTO highest, newest; "
-    "IF newest IS NOT NULL THEN PERFORM set_config('practice.identity', newest::text, false); "
-    "EXECUTE format('SELECT CASE WHEN is_called THEN last_value ELSE last_value - 1 END FROM %I.%I', "
-    "TG_TABLE_SCHEMA, TG_ARGV[1]) INTO handed_out; "
-    "IF highest > handed_out THEN "
-    "PERFORM setval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass, highest); END IF; END IF; "
-    "RETURN NULL; END $$";
+std::string NoteKeys() {
+  return "CREATE FUNCTION practice.note_keys() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER "
+         "SET search_path = pg_catalog, pg_temp AS $$ "
+         "DECLARE highest int; newest int; handed_out bigint; "
+         "BEGIN EXECUTE format('SELECT max(%1$I) FILTER (WHERE %1$I <= " +
+         std::to_string(kLastFollowedKey) +
+         "), (array_agg(%1$I))[count(*)] FROM added', TG_ARGV[0]) "
+         "INTO highest, newest; "
+         "IF newest IS NOT NULL THEN PERFORM set_config('practice.identity', newest::text, false); "
+         "EXECUTE format('SELECT CASE WHEN is_called THEN last_value ELSE last_value - 1 END FROM %I.%I', "
+         "TG_TABLE_SCHEMA, TG_ARGV[1]) INTO handed_out; "
+         "IF highest > handed_out THEN "
+         "PERFORM setval(format('%I.%I', TG_TABLE_SCHEMA, TG_ARGV[1])::regclass, highest); END IF; END IF; "
+         "RETURN NULL; END $$";
+}
 
 }  // namespace
+
+std::string WhyTextIsUnfit(session::Connection& connection) {
+  const auto encoding = session::ToText(connection.Execute("SELECT current_setting('server_encoding')")->Get(0));
+  if (encoding != "UTF8") {
+    return "its text is kept as " + encoding + ", and a practice needs UTF8.";
+  }
+  // Prefixes are searched for by the range that they begin.
+  const auto fits = connection.Execute(
+      "SELECT (lower('ÄÉŁЖ') = 'äéłж' AND 'co-op' < 'coat' AND 'Z' < 'a' AND 'a b' < 'aa' AND 'z' < 'ä')::int");
+  return session::ToId(fits->Get(0)) != 0 ? std::string()
+                                          : "its locale does not order text by its characters' codes, or knows no "
+                                            "capitals beyond A to Z. A practice "
+                                            "needs a database with the locale C.UTF-8.";
+}
 
 std::vector<std::string> PostgresGround() {
   std::vector<std::string> statements = {"CREATE SCHEMA IF NOT EXISTS " + std::string(kPracticeSchema),
@@ -102,9 +123,7 @@ std::vector<std::string> PostgresGround() {
     statements.push_back(SilentDefinition(function));
   }
   statements.emplace_back("CREATE OPERATOR practice.|| (LEFTARG=citext, RIGHTARG=citext, FUNCTION=practice.joined)");
-  for (const std::string_view function : {kIdentity, kGiveKey, kNoteKeys}) {
-    statements.emplace_back(function);
-  }
+  statements.insert(statements.end(), {std::string(kIdentity), GiveKey(), NoteKeys()});
   // Nobody else's table has a trigger that works with the owner's rights.
   statements.emplace_back("REVOKE ALL ON FUNCTION practice.give_key(), practice.note_keys() FROM PUBLIC");
   for (std::string& statement : DeskGround()) {

@@ -1,5 +1,7 @@
 #include "database/postgres/postgres_schema.h"
 
+#include <algorithm>
+
 #include "database/dialect/postgres_statements.h"
 #include "database/postgres/postgres_change_log.h"
 #include "database/postgres/postgres_ground.h"
@@ -77,6 +79,15 @@ std::string PostgresSchema::Hindrance() const {
          "FROM pg_class WHERE oid = 'SchemaTable'::regclass";
 }
 
+std::string PostgresSchema::MayOpen() const {
+  return "SELECT coalesce(has_table_privilege(to_regclass('SchemaTable'), 'SELECT'), false)::int";
+}
+
+std::string PostgresSchema::MayWrite() const {
+  return "SELECT coalesce(bool_or(has_table_privilege(oid, 'INSERT, UPDATE, DELETE')), true)::int FROM pg_class "
+         "WHERE relname = 'patable' AND relkind IN ('r', 'p')";
+}
+
 std::string PostgresSchema::OpenOffices() const {
   return "SELECT unnest(practice.open_offices()) ORDER BY 1";
 }
@@ -130,7 +141,7 @@ std::string PostgresSchema::LastKey(const Table& table) const {
 }
 
 std::vector<std::string> PostgresSchema::RaiseKeys(const Table& table, std::int32_t last) const {
-  const std::string number = std::to_string(last);
+  const std::string number = std::to_string(std::min(last, kLastFollowedKey));
   return {"SELECT setval('" + SequenceOf(table) + "', " + number + ") WHERE " + number + " > (" + LastKey(table) + ")"};
 }
 

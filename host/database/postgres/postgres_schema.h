@@ -24,6 +24,8 @@ class PostgresSchema : public SchemaWriter {
  public:
   std::string Lock() const override;
   std::string Hindrance() const override;
+  std::string MayOpen() const override;
+  std::string MayWrite() const override;
   std::string OpenOffices() const override;
   std::string Tables() const override;
   // Text that compares without regard to case, and what hands out keys.

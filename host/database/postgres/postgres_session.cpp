@@ -74,8 +74,13 @@ PostgresSettings FixedSettings(const std::string& search_path) {
           {"standard_conforming_strings", "on"}};
 }
 
-PostgresSettings ForReaders(PostgresSettings fixed) {
+PostgresSettings OnlyLooking(PostgresSettings fixed) {
   fixed["default_transaction_read_only"] = "on";
+  return fixed;
+}
+
+PostgresSettings ForReaders(PostgresSettings fixed) {
+  fixed = OnlyLooking(std::move(fixed));
   // A practice is in the server's memory for the most part, where rows in an index's order cost little more than rows
   // in a table's.
   fixed["random_page_cost"] = "1.1";

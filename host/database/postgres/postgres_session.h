@@ -20,7 +20,8 @@ using PostgresSettings = std::map<std::string, std::string>;
 
 // What is set once; an empty search path is `kSearchPath`.
 PostgresSettings FixedSettings(const std::string& search_path = {});
-// The same for a connection that only reads.
+// The same for a connection that changes nothing, and for one that reads lists.
+PostgresSettings OnlyLooking(PostgresSettings fixed);
 PostgresSettings ForReaders(PostgresSettings fixed);
 
 // Whom and where statements are run for.

@@ -78,7 +78,7 @@ std::vector<std::string> KeyTriggers(const Table& table) {
           "=(SELECT LastID FROM IdentityTable" + counter + ") WHERE rowid=NEW.rowid; END",
       "CREATE TRIGGER " + name + "GivenKey AFTER INSERT ON " + name + " WHEN NEW." + key +
           " IS NOT NULL BEGIN UPDATE IdentityTable SET LastID=NEW." + key + counter + " AND LastID<NEW." + key +
-          "; END",
+          " AND NEW." + key + "<=" + std::to_string(kLastFollowedKey) + "; END",
   };
 }
 
@@ -120,7 +120,7 @@ std::string SqliteSchema::LastKey(const Table& table) const {
 }
 
 std::vector<std::string> SqliteSchema::RaiseKeys(const Table& table, std::int32_t last) const {
-  const std::string number = std::to_string(last);
+  const std::string number = std::to_string(std::min(last, kLastFollowedKey));
   return {"UPDATE IdentityTable SET LastID=" + number + " WHERE TableName='" + std::string(table.name) +
           "' AND LastID<" + number};
 }

@@ -25,11 +25,15 @@ TEST_P(Keys, AreHandedOutOnce) {
   EXPECT_EQ(Insert("EmpInd", "7"), 7) << "a gap filled";
   Run("DELETE * FROM EmpTable");
   EXPECT_EQ(Insert("EmpNam", "'c'"), 42);
+  // The last that there can be uses none up, nor does it where rows come without one behind it.
+  EXPECT_EQ(Insert("EmpInd", "2147483647"), 2147483647);
+  EXPECT_EQ(Insert("EmpNam", "'d'"), 43);
+  EXPECT_EQ(Insert("EmpInd, EmpNam", "Null, 'e'"), 44);
   // Asked for on its own, whatever was read or changed since, or did not work.
   Run("UPDATE EmpTable SET EmpNam='d'; SELECT * FROM EmpTable");
   EXPECT_NE(Refusal("INSERT INTO EmpTable (nothing) VALUES (1)"), "");
-  EXPECT_NE(Refusal("INSERT INTO EmpTable (EmpInd) VALUES (42)"), "");
-  EXPECT_EQ(Identity(), 42);
+  EXPECT_NE(Refusal("INSERT INTO EmpTable (EmpInd) VALUES (44)"), "");
+  EXPECT_EQ(Identity(), 44);
   EXPECT_EQ(Run("INSERT INTO ZipCodTable (ZipCodCit) VALUES ('Oslo'); INSERT INTO EmpTable (EmpNam) SELECT ZipCodCit "
                 "FROM ZipCodTable; SELECT EmpNam FROM EmpTable WHERE EmpInd=@@IDENTITY"),
             Rows({"Oslo"}));
