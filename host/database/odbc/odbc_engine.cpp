@@ -44,7 +44,7 @@ std::unique_ptr<OdbcConnection> Connect(const std::string& url, const OdbcSource
     if (const std::string why = WhyTextIsUnfit(*connection); !why.empty()) {
       throw CannotBeOpened(url, why, 0);
     }
-    if (!session::IsNull(connection->Execute("SELECT to_regclass('practice.officegroup')::text")->Get(0))) {
+    if (!session::IsNull(connection->Execute("SELECT to_regclass('officegroup')::text")->Get(0))) {
       throw CannotBeOpened(url, "it is a server of a group of practices, whose offices are not reached by ODBC.", 0);
     }
   }

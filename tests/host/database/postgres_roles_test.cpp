@@ -8,6 +8,7 @@
 #include "database/postgres/postgres_connection.h"
 #include "database/postgres/postgres_schema.h"
 #include "database/unix/throwaway_cluster.h"
+#include "support/odbc_url.h"
 
 namespace host {
 namespace {
@@ -44,9 +45,9 @@ class PostgresRoles : public testing::Test {
       return error.what();
     }
   }
-  std::string Opening() const {
+  static std::string Opening(const std::string& url) {
     try {
-      OpenDatabase(DeskUrl());
+      OpenDatabase(url);
       return {};
     } catch (const DatabaseError& error) {
       return error.what();
@@ -69,12 +70,15 @@ class PostgresRoles : public testing::Test {
 
 TEST_F(PostgresRoles, ADeskWorksInTheTablesAndChangesNone) {
   const PracticeDatabase owner = CreateDatabase(url_);
-  EXPECT_THAT(Opening(), HasSubstr("may not work in the practice yet"));
+  for (const std::string& url : {DeskUrl(), OdbcUrl(DeskUrl())}) {
+    EXPECT_THAT(Opening(url), HasSubstr("may not work in the practice yet"));
+  }
   SharedCluster().Run(
       "GRANT USAGE ON SCHEMA practice TO " + desk_ + "; GRANT SELECT ON ALL TABLES IN SCHEMA practice TO " + desk_,
       name_);
   const PracticeDatabase looking = OpenDatabase(DeskUrl());
   EXPECT_TRUE(looking.connection->ReadOnly()) << "a login that only reads";
+  EXPECT_TRUE(OpenDatabase(OdbcUrl(DeskUrl())).connection->ReadOnly());
   EXPECT_EQ(Run(*looking.connection, "SELECT count(*) FROM PATable"), "0");
   EXPECT_EQ(Admit(owner, {.name = desk_}), "");
   const PracticeDatabase desk = OpenDatabase(DeskUrl());
@@ -216,7 +220,7 @@ TEST_F(PostgresRoles, AnOlderPracticeIsBroughtUpToDateByItsOwner) {
     transaction.Commit();
   }
   EXPECT_EQ(Admit(owner, {desk_, {2}}), "");
-  EXPECT_THAT(Opening(), HasSubstr("have the administrator of the database open it once"));
+  EXPECT_THAT(Opening(DeskUrl()), HasSubstr("have the administrator of the database open it once"));
   OpenDatabase(url_);
   const PracticeDatabase desk = OpenDatabase(DeskUrl());
   EXPECT_EQ(desk.options.office, 2) << "where a session starts";
