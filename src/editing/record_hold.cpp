@@ -31,9 +31,10 @@ void RecordHold::Require() const {
   }
   if (!suite_.KeepsRecord(table_, id_)) {
     const auto taker = suite_.HeldByAnother(table_, id_).value_or(session::RecordHolder());
-    throw Refusal(NameOf(taker) +
-                  " has taken this record over, as this program gave no sign of life for a while. It cannot be saved "
-                  "from here any more; what you have entered is still on the screen.");
+    throw Refusal(
+        NameOf(taker) +
+        " has taken this record over while this program could not be reached. It cannot be saved from here any "
+        "more; what you have entered is still on the screen.");
   }
 }
 

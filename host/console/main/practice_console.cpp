@@ -23,7 +23,7 @@ namespace {
 
 constexpr const char* kUsage =
     "practice_console                          the scenario language, typed by hand, on an empty practice\n"
-    "practice_console --database URL           the same on the practice at sqlite:PATH\n"
+    "practice_console --database URL           the same on the practice at sqlite:PATH, postgresql://... or odbc:...\n"
     "practice_console run [--engine sqlite|postgres [--as-desk]] [--kind N] [--row-guids] FILE...\n"
     "                                          runs scenario files; a practice is so where its block does not say "
     "otherwise. Of\n"

@@ -109,8 +109,9 @@ std::string LookUpTransaction(const std::string& transaction) {
 }
 
 bool CanReadApart(std::string_view batch) {
-  // The main connection alone knows its last key.
-  return IsSingleSelect(batch) && batch.find("practice_identity") == std::string_view::npos;
+  // The main connection alone knows its last key, and writes.
+  return IsSingleSelect(batch) && batch.find("practice_identity") == std::string_view::npos &&
+         OuterWords(batch).find(" INTO ") == std::string::npos;
 }
 
 std::string ForFirstRows(const std::string& select) {

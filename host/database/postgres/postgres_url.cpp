@@ -163,10 +163,10 @@ PostgresUrl ParsePostgresUrl(const std::string& url) {
   if (options == nullptr) {
     const std::string shown = ShownUrl(url);
     // libpq's reason may repeat the URL, with its password.
-    const std::string reason = why != nullptr && shown == url ? " (" + Plain(why) + ")" : "";
+    const std::string reason = why != nullptr && shown == url ? " " + Plain(why) : "";
     PQfreemem(why);
-    throw session::DatabaseError("\"" + shown + "\" is no URL that PostgreSQL reads" + reason +
-                                     ": postgresql://USER@HOST:PORT/DATABASE?OPTION=VALUE is expected.",
+    throw session::DatabaseError("\"" + shown + "\" is no URL that PostgreSQL reads: " +
+                                     "postgresql://USER@HOST:PORT/DATABASE?OPTION=VALUE is expected." + reason,
                                  {}, 0);
   }
   for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option) {

@@ -10,11 +10,11 @@ using host::CanReadApart;
 using host::ForFirstRows;
 
 TEST(PostgresSession, LetsASelectAloneReadApart) {
-  for (const char* apart : {"SELECT 1", " select ';' AS \"a;b\" ;\n"}) {
+  for (const char* apart : {"SELECT 1", " select ';' AS \"a;b\", ' into ' ;\n"}) {
     EXPECT_TRUE(CanReadApart(apart)) << apart;
   }
-  for (const char* together :
-       {"SELECT 1; SELECT 2", "UPDATE t SET a=1", "SELECT practice_identity()", "WITH a AS (x) y"}) {
+  for (const char* together : {"SELECT 1; SELECT 2", "UPDATE t SET a=1", "SELECT practice_identity()",
+                               "WITH a AS (x) y", "select *\ninto t from u"}) {
     EXPECT_FALSE(CanReadApart(together)) << together;
   }
 }
