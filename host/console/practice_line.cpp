@@ -2,7 +2,6 @@
 
 #include "console/server_practice.h"
 #include "console/step_failure.h"
-#include "practice/demo.h"
 
 namespace host {
 namespace {
@@ -13,7 +12,7 @@ constexpr const char* kInMemory = "sqlite::memory:";
 }  // namespace
 
 bool IsEngine(std::string_view name) {
-  return name == kSqlite || name == kPostgres;
+  return name == kSqlite || name == kPostgres || name == kGroup;
 }
 
 PracticeLine ReadPracticeLine(StepWords& words, PracticeLine line) {
@@ -45,12 +44,15 @@ StagedPractice MakePractice(const PracticeLine& line) {
   if (!IsEngine(line.engine)) {
     Fail("there is no engine " + line.engine);
   }
-  return line.engine == kPostgres ? MakeServerPractice(line) : NewPractice(kInMemory, line);
+  return line.engine == kSqlite ? NewPractice(kInMemory, line) : MakeServerPractice(line);
 }
 
 Practice NewPractice(const std::string& url, const PracticeLine& line) {
-  return line.demo ? MakeDemo(url, {.patients = kDemoPatients, .practice = line.options})
-                   : CreatePractice(url, line.options);
+  return line.demo ? MakeDemo(url, DemoOf(line)) : CreatePractice(url, line.options);
+}
+
+DemoOptions DemoOf(const PracticeLine& line) {
+  return {.patients = kDemoPatients, .practice = line.options};
 }
 
 }  // namespace host

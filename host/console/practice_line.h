@@ -5,11 +5,14 @@
 
 #include "console/staged_practice.h"
 #include "console/step_words.h"
+#include "practice/demo.h"
 
 namespace host {
 
 inline constexpr std::string_view kSqlite = "sqlite";
 inline constexpr std::string_view kPostgres = "postgres";
+// The same, where practices of kind 7 are a group over servers, of one server.
+inline constexpr std::string_view kGroup = "group";
 
 // Whether there is an engine of that name.
 bool IsEngine(std::string_view name);
@@ -30,5 +33,7 @@ PracticeLine ReadPracticeLine(StepWords& words, PracticeLine line);
 StagedPractice MakePractice(const PracticeLine& line);
 // The same at a URL where there is none yet.
 Practice NewPractice(const std::string& url, const PracticeLine& line);
+// What a demo practice is made with.
+DemoOptions DemoOf(const PracticeLine& line);
 
 }  // namespace host

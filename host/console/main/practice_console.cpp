@@ -24,7 +24,7 @@ namespace {
 constexpr const char* kUsage =
     "practice_console                          the scenario language, typed by hand, on an empty practice\n"
     "practice_console --database URL           the same on the practice at sqlite:PATH, postgresql://... or odbc:...\n"
-    "practice_console run [--engine sqlite|postgres [--as-desk]] [--kind N] [--row-guids] FILE...\n"
+    "practice_console run [--engine sqlite|postgres|group [--as-desk]] [--kind N] [--row-guids] FILE...\n"
     "                                          runs scenario files; a practice is so where its block does not say "
     "otherwise. Of\n"
     "                                          another kind, or with row GUIDs, the texts of statements are not "
@@ -267,7 +267,7 @@ int RunFiles(Words& words) {
       files.push_back(std::move(word));
     }
   }
-  if (files.empty() || (options.unnamed.as_desk && options.unnamed.engine != host::kPostgres)) {
+  if (files.empty() || (options.unnamed.as_desk && options.unnamed.engine == host::kSqlite)) {
     throw UsageError();
   }
   return host::RunScenarioFiles(files, std::cout, options).failed == 0 ? 0 : 1;

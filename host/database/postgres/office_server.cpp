@@ -58,7 +58,7 @@ std::vector<std::string> OfficeServer::Tables() const {
 
 void OfficeServer::Found(const CreationOptions& options, int version) const {
   session::Transaction transaction(Connection());
-  Run("CREATE EXTENSION postgres_fdw; CREATE SCHEMA offices; CREATE SCHEMA home");
+  Run("CREATE EXTENSION IF NOT EXISTS postgres_fdw; CREATE SCHEMA offices; CREATE SCHEMA home");
   for (const std::string& statement : database_.schema->Ground()) {
     Run(statement);
   }

@@ -317,12 +317,14 @@ TEST_F(OfficeGroupTest, ALoginEntersItsOfficesAlone) {
 
 // A group as an older program has made it.
 class OlderGroup : public testing::Test {
- protected:
+ public:
   ~OlderGroup() override {
     for (const auto& [cluster, name] : databases_) {
       cluster->DropDatabase(name);
     }
   }
+
+ protected:
   void Make(int version, const std::set<std::string>& names) {
     const CreationOptions options{.kind = 7, .office = 1, .offices = 0};
     const PostgresEngine engine;
@@ -357,10 +359,12 @@ class OlderGroup : public testing::Test {
     std::set<std::string> objects;
     const auto database = PostgresEngine().OpenNew(urls_.at(server), {});
     for (const char* select : {
-             "SELECT attrelid::regclass || ' ' || attname || ' ' || format_type(atttypid, atttypmod) || "
-             "coalesce(pg_get_expr(adbin, adrelid), '') FROM pg_attribute JOIN pg_class c ON c.oid=attrelid "
-             "LEFT JOIN pg_attrdef ON adrelid=attrelid AND adnum=attnum WHERE relnamespace::regnamespace::text IN "
-             "('office_1', 'office_2', 'offices', 'home', 'at_north', 'at_south') AND attnum>0 AND relkind<>'i'",
+             R"(SELECT attrelid::regclass || ' ' || attname || ' ' || format_type(atttypid, atttypmod) ||
+                       coalesce(pg_get_expr(adbin, adrelid), '')
+                FROM pg_attribute JOIN pg_class c ON c.oid = attrelid
+                LEFT JOIN pg_attrdef ON adrelid = attrelid AND adnum = attnum
+                WHERE relnamespace::regnamespace::text IN
+                ('office_1', 'office_2', 'offices', 'home', 'at_north', 'at_south') AND attnum > 0 AND relkind <> 'i')",
              "SELECT indexdef FROM pg_indexes WHERE schemaname LIKE 'office%'",
              "SELECT conrelid::regclass || conname || pg_get_constraintdef(oid) FROM pg_constraint",
              "SELECT tgrelid::regclass || pg_get_triggerdef(oid) FROM pg_trigger WHERE NOT tgisinternal",
