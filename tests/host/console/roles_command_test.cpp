@@ -16,7 +16,9 @@ TEST(RolesCommand, AdmitsADeskByOdbcToo) {
   const std::string desk = SharedCluster().MakeLogin("desk");
   const std::string url = OdbcUrl(SharedCluster().Url(name));
   CreateDatabase(url, {.kind = 7, .offices = 2})
-      .Run("INSERT INTO PATable (pLASNAM, OfficeID) VALUES ('Roe', 1), ('Poe', 2)");
+      .Run(
+          "INSERT INTO PATable (pLASNAM, OfficeID) VALUES ('Roe', 1), ('Poe', 2); "
+          "INSERT INTO OffLocTable (OffLocNam, OfficeID) VALUES ('Main', 1), ('Main', 2)");
   std::ostringstream output;
   RunRoles(url, {desk, {2}}, output);
   EXPECT_EQ(output.str(), desk + " may work in the practice, in office 2.\n");
