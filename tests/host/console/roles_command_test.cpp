@@ -20,6 +20,7 @@ TEST(RolesCommand, AdmitsADeskByOdbcToo) {
           "INSERT INTO PATable (pLASNAM, OfficeID) VALUES ('Roe', 1), ('Poe', 2); "
           "INSERT INTO OffLocTable (OffLocNam, OfficeID) VALUES ('Main', 1), ('Main', 2)");
   std::ostringstream output;
+  EXPECT_THROW(RunRoles(url, {desk, {3}}, output), session::DatabaseError) << "no such office";
   RunRoles(url, {desk, {2}}, output);
   EXPECT_EQ(output.str(), desk + " may work in the practice, in office 2.\n");
   {
