@@ -9,6 +9,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 // The engine's own C interface, as the measure that the screens are held against.
 namespace bench {
@@ -178,6 +179,13 @@ double Time(Work work) {
   const auto start = Clock::now();
   work();
   return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// Other work on the machine slows some of the times.
+inline double Median(std::vector<double> times) {
+  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+  std::ranges::nth_element(times, middle);
+  return *middle;
 }
 
 }  // namespace bench

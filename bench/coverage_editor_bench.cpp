@@ -15,12 +15,6 @@ constexpr int kAllRows = 1 << 30;
 
 std::string kept;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): as the person named it
 
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::ranges::nth_element(values, middle);
-  return *middle;
-}
-
 // Covered patients from all over the practice, each opened once before: both sides find what they read at hand.
 void OpenCoverages(benchmark::State& state) {
   bench::Subject subject(kPatients, kept);
@@ -58,8 +52,8 @@ void OpenCoverages(benchmark::State& state) {
     }));
   }
   state.counters["statements"] = static_cast<double>(statements);
-  state.counters["open_ms"] = 1e3 * Median(opening);
-  state.counters["open_to_bare"] = Median(opening) / Median(bare);
+  state.counters["open_ms"] = 1e3 * bench::Median(opening);
+  state.counters["open_to_bare"] = bench::Median(opening) / bench::Median(bare);
 }
 BENCHMARK(OpenCoverages)->Iterations(190);
 

@@ -74,13 +74,6 @@ std::string TypedFor(Way way, const Sample& sample) {
   return {};
 }
 
-// Other work on the machine slows some of the times.
-double Median(std::vector<double> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
-
 void Search(benchmark::State& state) {
   bench::Subject& subject = PracticeOf(static_cast<std::int32_t>(state.range(0)));
   bench::PreparedSession& session = subject.Session();
@@ -117,9 +110,9 @@ void Search(benchmark::State& state) {
   }
   state.SetLabel(typed);
   state.counters["rows"] = rows;
-  state.counters["milliseconds"] = 1e3 * Median(searching);
-  state.counters["to_bare"] = Median(searching) / Median(bare);
-  state.counters["key_microseconds"] = 1e6 * Median(key);
+  state.counters["milliseconds"] = 1e3 * bench::Median(searching);
+  state.counters["to_bare"] = bench::Median(searching) / bench::Median(bare);
+  state.counters["key_microseconds"] = 1e6 * bench::Median(key);
 }
 BENCHMARK(Search)
     ->ArgsProduct({{100000, bench::Many()}, benchmark::CreateDenseRange(kLetter, kId, 1)})

@@ -33,12 +33,6 @@ bench::Subject& PracticeOf(std::int32_t patients) {
   return *subject;
 }
 
-double Median(std::vector<double> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
-
 // A list that is open, in front of a person who acts on it.
 class OpenList {
  public:
@@ -96,9 +90,9 @@ struct Times {
   }
   void Report(benchmark::State& state) const {
     state.counters["rows"] = rows;
-    state.counters["milliseconds"] = 1e3 * Median(list);
-    state.counters["to_bare"] = Median(list) / Median(bare);
-    state.counters["to_limited"] = Median(list) / Median(limited);
+    state.counters["milliseconds"] = 1e3 * bench::Median(list);
+    state.counters["to_bare"] = bench::Median(list) / bench::Median(bare);
+    state.counters["to_limited"] = bench::Median(list) / bench::Median(limited);
   }
 };
 
@@ -112,7 +106,7 @@ double FirstPage(benchmark::State& state, bench::Subject& subject, session::Look
     times.TakeBare(engine, list.Statements(), shown);
   }
   times.Report(state);
-  return Median(times.list);
+  return bench::Median(times.list);
 }
 
 void Open(benchmark::State& state) {
@@ -122,7 +116,7 @@ void Open(benchmark::State& state) {
   OpenList list(small, type);
   std::vector<double> few(30);
   std::ranges::generate(few, [&] { return list.Show([](forms::Form&, forms::Grid&) {}); });
-  state.counters["to_2000"] = many / Median(few);
+  state.counters["to_2000"] = many / bench::Median(few);
 }
 BENCHMARK(Open)->DenseRange(session::lulProvider, session::lulCapPlans)->Iterations(30)->Unit(benchmark::kMillisecond);
 
@@ -237,7 +231,7 @@ void EndByKey(benchmark::State& state) {
     });
   }
   state.counters["longest_blind_milliseconds"] = 1e3 * longest_blind;
-  state.counters["ending_milliseconds"] = 1e3 * Median(ending);
+  state.counters["ending_milliseconds"] = 1e3 * bench::Median(ending);
 }
 BENCHMARK(EndByKey)->Iterations(10)->Unit(benchmark::kMillisecond);
 

@@ -82,12 +82,6 @@ double OpenList(host::Desk& desk) {
   return seconds;
 }
 
-double Median(std::vector<double> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
-
 void ShowList(benchmark::State& state) {
   const std::string folder = std::filesystem::temp_directory_path().string();
   host::Desk desk(host::Practice(subject->Url()), {folder, folder, folder}, host::ClassesOfThisProgram);
@@ -100,8 +94,8 @@ void ShowList(benchmark::State& state) {
     empty.push_back(OpenEmpty());
     list.push_back(OpenList(desk));
   }
-  state.counters["milliseconds"] = 1000 * Median(list);
-  state.counters["to_empty"] = Median(list) / Median(empty);
+  state.counters["milliseconds"] = 1000 * bench::Median(list);
+  state.counters["to_empty"] = bench::Median(list) / bench::Median(empty);
 }
 BENCHMARK(ShowList)->Iterations(20)->Unit(benchmark::kMillisecond);
 

@@ -43,12 +43,6 @@ double Worked() {
   return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::ranges::nth_element(values, middle);
-  return *middle;
-}
-
 // A second address line, which every kind of record has.
 void ChangeAddress(forms::Form& form, int round) {
   for (forms::Control* control : form.Controls()) {
@@ -172,14 +166,14 @@ void OpenAndSave(benchmark::State& state) {
     many.OpenAndSave(round++);
   }
   const auto count = [&](const char* name, double value) { state.counters[name] = value; };
-  count("open_statements", Median(few.open_statements));
-  count("open_statements_many", Median(many.open_statements));
-  count("save_statements", Median(few.save_statements));
-  count("save_statements_many", Median(many.save_statements));
-  count("open_ms", 1e3 * Median(few.opening));
-  count("save_ms", 1e3 * Median(few.saving));
-  count("open_many_to_few", Median(many.opening) / Median(few.opening));
-  count("save_many_to_few", Median(many.saving) / Median(few.saving));
+  count("open_statements", bench::Median(few.open_statements));
+  count("open_statements_many", bench::Median(many.open_statements));
+  count("save_statements", bench::Median(few.save_statements));
+  count("save_statements_many", bench::Median(many.save_statements));
+  count("open_ms", 1e3 * bench::Median(few.opening));
+  count("save_ms", 1e3 * bench::Median(few.saving));
+  count("open_many_to_few", bench::Median(many.opening) / bench::Median(few.opening));
+  count("save_many_to_few", bench::Median(many.saving) / bench::Median(few.saving));
 }
 
 // Those of this version.

@@ -24,12 +24,6 @@ void Paint(forms::Grid& grid, int from, int to) {
   }
 }
 
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::ranges::nth_element(values, middle);
-  return *middle;
-}
-
 void PlanDetails(benchmark::State& state) {
   bench::Subject subject(200);
   subject.Run("INSERT INTO GroPlaTable (GroPlaInd, GroPlaInsID, GroPlaGroNum, OfficeID) VALUES (99999, 1, 'MANY', 1)");
@@ -65,9 +59,9 @@ void PlanDetails(benchmark::State& state) {
     });
     bare.push_back(bench::Time([&] { engine.Step(*read, kAllRows); }));
   }
-  state.counters["open_ms"] = 1e3 * Median(opening);
-  state.counters["bare_ms"] = 1e3 * Median(bare);
-  state.counters["open_to_bare"] = Median(opening) / Median(bare);
+  state.counters["open_ms"] = 1e3 * bench::Median(opening);
+  state.counters["bare_ms"] = 1e3 * bench::Median(bare);
+  state.counters["open_to_bare"] = bench::Median(opening) / bench::Median(bare);
   state.counters["page_ms"] = 1e3 * scrolling / static_cast<double>(state.iterations()) / kCodes * kPage;
   state.counters["statements"] = static_cast<double>(subject.Session().prepared.size());
 }

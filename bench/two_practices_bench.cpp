@@ -15,12 +15,6 @@ namespace {
 
 constexpr int kRuns = 40;
 
-double Median(std::vector<double> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
-
 class Desk {
  public:
   Desk(const std::string& url, std::int32_t office)
@@ -64,8 +58,8 @@ class Desk {
 };
 
 void Report(const char* what, const std::vector<double>& here, const std::vector<double>& there) {
-  std::cout << Median(here) / Median(there) << "  " << what << " (" << 1e3 * Median(here) << " ms, "
-            << 1e3 * Median(there) << " ms)\n";
+  std::cout << bench::Median(here) / bench::Median(there) << "  " << what << " (" << 1e3 * bench::Median(here)
+            << " ms, " << 1e3 * bench::Median(there) << " ms)\n";
 }
 
 }  // namespace
