@@ -129,6 +129,9 @@ class OfficeConnection final : public session::Connection {
     transaction_ = &place;
   }
   void CommitTrans() override {
+    if (transaction_ == nullptr) {
+      throw DatabaseError("There is no transaction.", "COMMIT", 0);
+    }
     Place& place = *std::exchange(transaction_, nullptr);
     ended_ = &place;
     try {

@@ -41,7 +41,7 @@ class PostgresServer {
         reads_apart_(way.readers),
         longest_(way.longest),
         readers_(url_, fixed_, while_busy),
-        replica_(url_, fixed_, while_busy, [this] { return Position(); }),
+        replica_(url_, fixed_, while_busy, [this] { return QuestionForReplica(); }),
         columns_([this](const std::string& select) { return OnMain(select); }) {
     Connect();
   }
@@ -180,10 +180,15 @@ class PostgresServer {
     }
   }
 
-  std::string Position() {
+  std::string QuestionForReplica() {
     Ready();
-    const PostgresResult position = main_->Run({}, "SELECT pg_current_wal_flush_lsn()", {});
-    return PQgetvalue(position.get(), 0, 0);
+    const PostgresResult question =
+        main_->Run({},
+                   "SELECT format('SELECT CASE WHEN pg_is_in_recovery() AND system_identifier=%s THEN "
+                   "pg_last_wal_replay_lsn() >= %L END FROM pg_control_system()', "
+                   "system_identifier, pg_current_wal_flush_lsn()) FROM pg_control_system()",
+                   {});
+    return PQgetvalue(question.get(), 0, 0);
   }
 
   std::unique_ptr<session::Recordset> OnReader(const std::string& sql) {

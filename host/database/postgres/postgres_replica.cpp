@@ -21,24 +21,23 @@ PostgresUrl Quick(const PostgresUrl& url) {
 }  // namespace
 
 PostgresReplica::PostgresReplica(const PostgresUrl& url, const PostgresSettings& fixed,
-                                 const session::WhileBusy& while_busy, Position position)
+                                 const session::WhileBusy& while_busy, Question question)
     : url_(url.replica.empty() ? PostgresUrl() : Quick(url)),
       readers_(url_, fixed, while_busy),
-      position_(std::move(position)) {}
+      question_(std::move(question)) {}
 
 PostgresReaders::Lease PostgresReplica::Borrow() {
   const auto now = std::chrono::steady_clock::now();
   if (url_.options.empty() || now < next_try_) {
     return nullptr;
   }
-  const std::string position = position_();
+  const std::string question = question_();
   try {
     PostgresReaders::Lease reader = readers_.Borrow();
     for (int i = 0; i < kMoments; ++i) {
-      const PostgresResult level = reader->Run(
-          {}, "SELECT CASE WHEN pg_is_in_recovery() THEN pg_last_wal_replay_lsn() >= '" + position + "' END", {});
+      const PostgresResult level = reader->Run({}, question, {});
       if (PQgetisnull(level.get(), 0, 0) != 0) {
-        next_try_ = now + kPause;  // it has been promoted, and goes its own way
+        next_try_ = now + kPause;  // it has been promoted and goes its own way, or is another's
         return nullptr;
       }
       if (std::string_view(PQgetvalue(level.get(), 0, 0)) == "t") {

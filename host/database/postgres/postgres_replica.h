@@ -11,12 +11,13 @@ namespace host {
 // that the practice's server has: nobody reads what is no longer so.
 class PostgresReplica {
  public:
-  // How far the practice's server is, as it writes that down itself.
-  using Position = std::function<std::string()>;
+  // A select that the practice's server words: true where a server follows it and has everything that it has, null
+  // where one does not follow it.
+  using Question = std::function<std::string()>;
 
   // All outlive the replica.
   PostgresReplica(const PostgresUrl& url, const PostgresSettings& fixed, const session::WhileBusy& while_busy,
-                  Position position);
+                  Question question);
 
   // Null where there is none, and while it cannot be reached, lags or follows no more.
   PostgresReaders::Lease Borrow();
@@ -25,7 +26,7 @@ class PostgresReplica {
  private:
   PostgresUrl url_;
   PostgresReaders readers_;
-  Position position_;
+  Question question_;
   std::chrono::steady_clock::time_point next_try_;  // after it could not be reached, or followed no more
 };
 

@@ -78,6 +78,18 @@ TEST_F(FollowingServer, IsReadWhereItHasEverything) {
   EXPECT_EQ(Ask(other, employers), "first 3");
 }
 
+TEST(ReplicaOfAnother, IsNotRead) {
+  const ThrowawayCluster ours{ThrowawayCluster::Own{}};
+  ThrowawayCluster other{ThrowawayCluster::Own{}};
+  for (int i = 0; i < 3; ++i) {  // it is further on
+    other.Run("CREATE TABLE t" + std::to_string(i) + " (a int)");
+    other.Run("SELECT pg_switch_wal()");
+  }
+  const ThrowawayCluster stranger{ThrowawayCluster::Following{other}};
+  PostgresConnection desk(ours.Url("postgres") + "&replica=" + stranger.Folder().string());
+  EXPECT_EQ(ToText(desk.Execute("SELECT pg_is_in_recovery()::int")->Get(0)), "0");
+}
+
 TEST_F(FollowingServer, TakesOverWhenItIsPromoted) {
   const PracticeDatabase looking = OpenDatabase(second_.Url(name_));
   EXPECT_TRUE(looking.connection->ReadOnly());
