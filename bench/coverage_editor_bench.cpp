@@ -28,7 +28,7 @@ void OpenCoverages(benchmark::State& state) {
   std::int32_t patient = 0;
   for (auto _ : state) {
     const auto next = session.Connection().Execute("SELECT MIN(CovPatID) FROM CovTable WHERE CovFla=0 AND CovPatID>" +
-                                                   std::to_string(patient + 4999));
+                                                   std::to_string(patient + kPatients / 200 - 1));
     patient = session::ToId(next->Get(0));
     {
       insurance::frmEditCoverage before({session, user, *screens});

@@ -30,8 +30,8 @@ void PlanDetails(benchmark::State& state) {
   subject.Run("INSERT INTO IPTable (IPInsCoID, IPGroNum, IPCod, OfficeID) VALUES (0, 'GLOBAL', 'D0', 1)");
   subject.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(kCodes) +
               ") INSERT INTO IPTable (IPInsCoID, IPGroNum, IPPlaNam, IPCod, IPDes, IPCodCat, IPPFee, IPPCov, IPPMax, "
-              "IPPDedApp, IPSFee, IPSCov, IPSMax, IPSDedApp, OfficeID) SELECT 1, 'MANY', 'Gold', printf('D%05d', i), "
-              "'A treatment of this plan', 'Category '||(i%20), i, 80, i*2, 'Y', i, 50, i*2, 'N', 1 FROM n");
+              "IPPDedApp, IPSFee, IPSCov, IPSMax, IPSDedApp, OfficeID) SELECT 1, 'MANY', 'Gold', 'D' || (100000+i), "
+              "'A treatment of this plan', 'Category ' || (i%20), i, 80, i*2, 'Y', i, 50, i*2, 'N', 1 FROM n");
   bench::Bare engine(subject.Url());
   bench::QuickUser user;
   const auto screens = entry::MakeScreens(subject.Session(), user);

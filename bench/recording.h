@@ -15,6 +15,7 @@
 #include "database/unix/throwaway_cluster.h"
 #include "forms/form.h"
 #include "forms/user.h"
+#include "practice/copy_practice.h"
 #include "practice/demo.h"
 #include "practice/host_session.h"
 #include "practice/settings.h"
@@ -102,6 +103,14 @@ class Subject {
         url_(kept_ ? UrlOf(kept) : NewUrl()),
         practice_(Open(url_, patients)),
         session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
+  // A copy of another as it is, which is not kept.
+  struct CopyOf {
+    const Subject& model;
+  };
+  explicit Subject(CopyOf copy)
+      : url_(NewUrl()),
+        practice_(OpenCopy(copy.model.url_, url_)),
+        session_(practice_, practice_.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {})) {}
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
   ~Subject() {
@@ -135,17 +144,23 @@ class Subject {
     if (!host::IsVacant(url)) {
       return host::Practice(url);
     }
-    host::Practice practice = host::MakeDemo(url, {.patients = patients, .seed = 1, .practice = {}});
-    if (!url.starts_with("sqlite:")) {
-      // As the server does by itself a minute later.
-      practice.Database().connection->Execute("VACUUM ANALYZE");
+    return Settled(url, host::MakeDemo(url, {.patients = patients, .seed = 1, .practice = {}}));
+  }
+  static host::Practice OpenCopy(const std::string& model, const std::string& url) {
+    host::CopyPractice(model, url, [](const host::CopyProgress&) { return true; });
+    return Settled(url, host::Practice(url));
+  }
+  // As a server does by itself a minute later.
+  static host::Practice Settled(const std::string& url, host::Practice practice) {
+    if (OnServer()) {
+      Bare(url).Step("VACUUM ANALYZE", 1 << 30);
     }
     return practice;
   }
 
   inline static int made_ = 0;
 
-  bool kept_;
+  bool kept_ = false;
   std::string url_;
   host::Practice practice_;
   PreparedSession session_;

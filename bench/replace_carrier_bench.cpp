@@ -80,10 +80,8 @@ void ReplaceCarrier(benchmark::State& state) {
   bench::Subject subject(static_cast<std::int32_t>(state.range(0)));
   subject.Run("UPDATE ELTable SET elInsID=1 WHERE elGroID<>0");
   subject.Run("UPDATE GroPlaTable SET GroPlaInsID=1");
-  const std::filesystem::path twin = subject.Path() + "-twin";
-  subject.Run("VACUUM INTO '" + twin.string() + "'");
-  std::optional<bench::Bare> engine("sqlite:" + twin.string());
-  engine->Step("PRAGMA journal_mode=WAL", kAllRows);
+  const bench::Subject twin(bench::Subject::CopyOf{subject});
+  bench::Bare engine(twin.Url());
   host::Practice practice(subject.Url());
   LoggingSession session(practice, practice.Office(), host::LoginRights("bench", true), host::ThisMachine({}, {}));
   Watcher user(session.prepared);
@@ -111,7 +109,7 @@ void ReplaceCarrier(benchmark::State& state) {
     const std::clock_t worked = std::clock();
     bare += bench::Time([&] {
       for (const std::string& statement : prepared) {
-        engine->Step(statement, kAllRows);
+        engine.Step(statement, kAllRows);
       }
     });
     bare_worked += static_cast<double>(std::clock() - worked);
@@ -120,8 +118,6 @@ void ReplaceCarrier(benchmark::State& state) {
       throw std::logic_error("not all holdings were moved");
     }
   }
-  engine.reset();  // which takes the files beside it away
-  std::filesystem::remove(twin);
   const auto rounds = static_cast<double>(state.iterations());
   const auto count = [&](const char* name, double value) { state.counters[name] = value; };
   count("holdings", holdings);

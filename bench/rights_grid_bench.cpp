@@ -120,14 +120,12 @@ void RightsGrid(benchmark::State& state) {
   if (session::ToId(given->Get(0)) != (kRights - 1) * 5) {
     throw std::logic_error(session::ToText(given->Get(0)) + " rights were given");
   }
-  const std::filesystem::path twin = subject.Path() + "-twin";
-  subject.Run("VACUUM INTO '" + twin.string() + "'");
-  engine.emplace("sqlite:" + twin.string());
+  const bench::Subject twin(bench::Subject::CopyOf{subject});
+  engine.emplace(twin.Url());
   for (auto _ : state) {
     open_and_save();
   }
   --round;
-  std::filesystem::remove(twin);
   const auto count = [&](const char* name, double value) { state.counters[name] = value; };
   count("open_statements", static_cast<double>(open_statements));
   count("first_save_statements", static_cast<double>(first_save_statements));
