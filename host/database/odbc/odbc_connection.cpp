@@ -36,7 +36,8 @@ std::unique_ptr<session::Recordset> ReadWhole(OdbcHandle& handle, const std::str
 
 }  // namespace
 
-OdbcConnection::OdbcConnection(OdbcSource source) : source_(std::move(source)), readers_(source_, WhileBusy) {
+OdbcConnection::OdbcConnection(OdbcSource source)
+    : source_(std::move(source)), readers_(source_, WhileBusy, [this](OdbcHandle& reader) { Introduce(reader); }) {
   Connect();
 }
 
@@ -191,30 +192,19 @@ void OdbcConnection::Reach() {
 
 void OdbcConnection::Connect() {
   auto made = std::make_unique<OdbcHandle>(source_.connection_string, source_.fixed, WhileBusy);
-  read_only_ = made->ReadOnly();
-  if (source_.is_postgres) {
-    const auto row = ReadWhole(*made, kAboutItself);
-    process_ = session::ToText(row->Get(0));
-    read_only_ = read_only_ || session::ToId(row->Get(1)) != 0;
-    made->waits_for_another = [this] { return WaitsForAnother(); };
-  }
+  read_only_ = Introduce(*made);
   const std::lock_guard lock(changing_);
   main_ = std::move(made);
 }
 
-bool OdbcConnection::WaitsForAnother() {
-  static const session::WhileBusy nobody;
-  try {
-    if (lookout_ == nullptr) {
-      lookout_ = std::make_unique<OdbcHandle>(source_.connection_string, source_.fixed_for_reading, nobody);
-    }
-    const auto blocked =
-        ReadWhole(*lookout_, "SELECT 1 WHERE pg_catalog.cardinality(pg_catalog.pg_blocking_pids(" + process_ + "))>0");
-    return !blocked->Eof();
-  } catch (const session::DatabaseError&) {
-    lookout_.reset();
-    return false;
+bool OdbcConnection::Introduce(OdbcHandle& made) {
+  if (!source_.is_postgres) {
+    return made.ReadOnly();
   }
+  const auto about = ReadWhole(made, kAboutItself);
+  made.ends_statement = [this, process = session::ToText(about->Get(0))] { return lookout_.Cancel(process); };
+  made.waits_for_another = [this, process = session::ToText(about->Get(0))] { return lookout_.IsBlocked(process); };
+  return made.ReadOnly() || session::ToId(about->Get(1)) != 0;
 }
 
 }  // namespace host

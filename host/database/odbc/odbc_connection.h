@@ -4,6 +4,7 @@
 #include <mutex>
 #include <string>
 
+#include "database/odbc/odbc_lookout.h"
 #include "database/odbc/odbc_readers.h"
 #include "session/connection.h"
 
@@ -48,7 +49,8 @@ class OdbcConnection final : public session::Connection {
   void Reach();
   void Connect();
   PostgresSettings ForWriting() const;
-  bool WaitsForAnother();
+  // Lets a new connection wait and be ended as the server allows; whether it may only be read.
+  bool Introduce(OdbcHandle& made);
   enum class Transaction {
     None,
     Open,
@@ -56,11 +58,10 @@ class OdbcConnection final : public session::Connection {
   };
 
   const OdbcSource source_;
+  OdbcLookout lookout_{source_};
   std::mutex changing_;  // Cancel comes from other threads
   std::unique_ptr<OdbcHandle> main_;
   bool read_only_ = false;
-  std::string process_;                  // that serves it
-  std::unique_ptr<OdbcHandle> lookout_;  // sees what it waits for; null until it waits
   Transaction transaction_ = Transaction::None;
   OdbcReaders readers_;
 };

@@ -161,7 +161,9 @@ void OdbcHandle::Interrupt() {
   const std::lock_guard lock(working_);
   if (at_work_ != nullptr) {
     interrupted_ = at_work_;
-    SQLCancel(at_work_);
+    if (!ends_statement || !ends_statement()) {
+      SQLCancel(at_work_);
+    }
   }
 }
 

@@ -57,6 +57,9 @@ class OdbcHandle {
 
   // Ends the statement that is under way, from whichever thread.
   void Interrupt();
+  // How Interrupt does that, and whether it could; from whichever thread. Otherwise the driver is asked, which not
+  // every driver manager bears at every moment of a call.
+  std::function<bool()> ends_statement;
 
  private:
   struct FreeEnvironment {

@@ -15,6 +15,7 @@ OdbcReaders::Lease OdbcReaders::Borrow() {
   std::unique_ptr<OdbcHandle> reader;
   if (idle_.empty()) {
     reader = std::make_unique<OdbcHandle>(source_.for_reading, source_.fixed_for_reading, while_busy_);
+    made_(*reader);
   } else {
     reader = std::move(idle_.back());
     idle_.pop_back();

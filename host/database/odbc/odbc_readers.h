@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -18,9 +19,9 @@ class OdbcReaders {
   };
   using Lease = std::unique_ptr<OdbcHandle, GiveBack>;
 
-  // Both outlive the readers.
-  OdbcReaders(const OdbcSource& source, const session::WhileBusy& while_busy)
-      : source_(source), while_busy_(while_busy) {}
+  // `made` is called with every new one. All outlive the readers.
+  OdbcReaders(const OdbcSource& source, const session::WhileBusy& while_busy, std::function<void(OdbcHandle&)> made)
+      : source_(source), while_busy_(while_busy), made_(std::move(made)) {}
 
   // Throws session::DatabaseError.
   Lease Borrow();
@@ -34,6 +35,7 @@ class OdbcReaders {
 
   const OdbcSource& source_;
   const session::WhileBusy& while_busy_;
+  std::function<void(OdbcHandle&)> made_;
   std::mutex changing_;  // Interrupt comes from other threads
   std::vector<std::unique_ptr<OdbcHandle>> lent_;
   std::vector<std::unique_ptr<OdbcHandle>> idle_;
