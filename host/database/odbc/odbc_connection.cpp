@@ -60,7 +60,6 @@ std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& s
     }
   }
   if (transaction_ == Transaction::Open) {
-    main_->Set(ForWriting());
     return source_.is_postgres ? InTransaction(sql) : ReadWhole(*main_, sql);
   }
   Reach();
@@ -73,10 +72,13 @@ std::unique_ptr<session::Recordset> OdbcConnection::Execute(const std::string& s
 
 std::unique_ptr<session::Recordset> OdbcConnection::InTransaction(const std::string& sql) {
   try {
+    main_->Set(ForWriting());
     return ReadWhole(*main_, sql + kKeepBatch, sql);
   } catch (const session::DatabaseError& refused) {
     if (!refused.ConnectionLost()) {
       main_->ForgetSettings();
+      main_->undisturbed = true;
+      const std::shared_ptr<void> again(nullptr, [this](void*) { main_->undisturbed = false; });
       ReadWhole(*main_, kTakeBatchBack);
     }
     throw;
@@ -202,8 +204,9 @@ bool OdbcConnection::Introduce(OdbcHandle& made) {
     return made.ReadOnly();
   }
   const auto about = ReadWhole(made, kAboutItself);
-  made.ends_statement = [this, process = session::ToText(about->Get(0))] { return lookout_.Cancel(process); };
-  made.waits_for_another = [this, process = session::ToText(about->Get(0))] { return lookout_.IsBlocked(process); };
+  const std::string process = session::ToText(about->Get(0));
+  made.ends_statement = [this, process] { return lookout_.Cancel(process); };
+  made.waits_for_another = [this, process] { return lookout_.IsBlocked(process); };
   return made.ReadOnly() || session::ToId(about->Get(1)) != 0;
 }
 

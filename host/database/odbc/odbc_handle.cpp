@@ -12,6 +12,8 @@ namespace {
 constexpr SQLULEN kLoginSeconds = 10;
 // Calls of `while_busy` between looks at who is waited for: half a second.
 constexpr int kLookEvery = 50;
+// A driver that was ended sends statements of its own to the server, which must not be ended as well.
+constexpr std::chrono::milliseconds kCleaningUp{100};
 
 // An attribute's number in the pointer's place, as ODBC takes it.
 SQLPOINTER Number(SQLULEN value) {
@@ -93,7 +95,7 @@ bool OdbcHandle::Work(SQLHSTMT statement, const std::string& batch, const std::f
     at_work_ = now;
     return interrupted_ == statement;
   };
-  at_work(statement);
+  at_work(undisturbed ? nullptr : statement);
   const int returned = WaitFor(call);
   const bool interrupted = at_work(nullptr);
   if (returned != SQL_NO_DATA && !SQL_SUCCEEDED(returned)) {
@@ -159,8 +161,10 @@ void OdbcHandle::EndTrans(bool commit) {
 
 void OdbcHandle::Interrupt() {
   const std::lock_guard lock(working_);
-  if (at_work_ != nullptr) {
+  const auto now = std::chrono::steady_clock::now();
+  if (at_work_ != nullptr && (interrupted_ != at_work_ || now - interrupted_at_ > kCleaningUp)) {
     interrupted_ = at_work_;
+    interrupted_at_ = now;
     if (!ends_statement || !ends_statement()) {
       SQLCancel(at_work_);
     }

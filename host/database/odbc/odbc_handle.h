@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -57,6 +58,8 @@ class OdbcHandle {
 
   // Ends the statement that is under way, from whichever thread.
   void Interrupt();
+  // What runs puts right what was ended: Interrupt leaves it alone.
+  bool undisturbed = false;
   // How Interrupt does that, and whether it could; from whichever thread. Otherwise the driver is asked, which not
   // every driver manager bears at every moment of a call.
   std::function<bool()> ends_statement;
@@ -83,6 +86,7 @@ class OdbcHandle {
   std::mutex working_;    // Interrupt comes from other threads
   SQLHSTMT at_work_ = nullptr;
   SQLHSTMT interrupted_ = nullptr;  // what was ended last
+  std::chrono::steady_clock::time_point interrupted_at_;
 };
 
 }  // namespace host

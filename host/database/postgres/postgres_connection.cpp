@@ -157,6 +157,8 @@ class PostgresServer {
     } catch (const session::DatabaseError& refused) {
       try {
         if (!refused.ConnectionLost()) {
+          main_->undisturbed = true;
+          const std::shared_ptr<void> again(nullptr, [this](void*) { main_->undisturbed = false; });
           main_->Run({}, kTakeBatchBack, sql);
           throw;
         }

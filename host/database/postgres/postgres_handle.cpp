@@ -156,7 +156,7 @@ void PostgresHandle::RowByRow() {
 
 void PostgresHandle::Resume(bool running) {
   const std::lock_guard lock(interrupting_);
-  running_ = running;
+  running_ = running && !undisturbed;
 }
 
 PostgresResult PostgresHandle::Next() {

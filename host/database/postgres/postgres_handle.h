@@ -56,6 +56,8 @@ class PostgresHandle {
   std::function<bool()> waits_for_another;
   // Of statements that take a moment: after so long the server is taken to be lost.
   std::optional<std::chrono::milliseconds> longest;
+  // What runs puts right what was ended: Interrupt leaves it alone.
+  bool undisturbed = false;
   // Something else goes on when a statement of this one is done: `Busy::Done` is not told.
   bool aside;
 

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "database/dialect/written.h"
 #include "database/postgres/postgres_session.h"
 
 namespace host {
@@ -61,14 +62,6 @@ constexpr std::string_view kAdmit =
     "'practice.replace(citext, citext, citext)']::regprocedure[] LOOP "
     "EXECUTE format('ALTER FUNCTION %s LEAKPROOF', silent); END LOOP; END IF; "
     "END $$";
-
-std::string AsIdentifier(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) {
-    quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  }
-  return quoted + "\"";
-}
 
 [[noreturn]] void Refuse(const std::string& why) {
   throw session::DatabaseError(why, {}, 0);
@@ -139,7 +132,7 @@ void WriteDesk(session::Connection& connection, const DeskLogin& login) {
   for (const int office : std::set(login.offices.begin(), login.offices.end())) {
     connection.Execute("INSERT INTO DeskTable VALUES (" + name + ", " + std::to_string(office) + ")");
   }
-  connection.Execute("GRANT USAGE ON SCHEMA practice TO " + AsIdentifier(login.name));
+  connection.Execute("GRANT USAGE ON SCHEMA practice TO " + sql::Quoted(login.name, '"'));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "database/postgres/postgres_session.h"
 
+#include "database/dialect/written.h"
 #include "database/postgres/postgres_schema.h"
 #include "forms/text.h"
 
@@ -60,11 +61,7 @@ bool IsThisMachine(std::string_view server) {
 }
 
 std::string Quoted(const std::string& text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c == '\'' ? std::string("''") : std::string(1, c);
-  }
-  return quoted + "'";
+  return sql::Quoted(text, '\'');
 }
 
 PostgresSettings FixedSettings(const std::string& search_path) {
